@@ -1,0 +1,25 @@
+# What every target of the project is compiled with: plyweld_options.
+add_library(plyweld_options INTERFACE)
+target_include_directories(plyweld_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_options(plyweld_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_definitions(plyweld_options INTERFACE PLYWELD_VERSION="6.10")
+
+if(WIN32)
+  target_compile_definitions(plyweld_options INTERFACE
+    UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+else()
+  # A module that was closed must be gone, so that the next load starts afresh.
+  target_compile_options(plyweld_options INTERFACE
+    $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+endif()
+
+if(PLYWELD_SANITIZE)
+  target_compile_options(plyweld_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(plyweld_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(PLYWELD_COVERAGE)
+  target_compile_options(plyweld_options INTERFACE --coverage -O0)
+  target_link_options(plyweld_options INTERFACE --coverage)
+endif()

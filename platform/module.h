@@ -1,0 +1,15 @@
+// The modules of the process: the host program's exports, and the plug-in's own file.
+#pragma once
+
+#include <string>
+
+namespace platform {
+
+// The address of a function that the host program exports under this exact name; null when
+// it exports none. The host's module is found once, at the first call.
+void* FindHostFunction(const char* name) noexcept;
+
+// The full path of the plug-in's own file, UTF-8; empty when the system does not tell.
+std::string PluginFilePath();
+
+}  // namespace platform
