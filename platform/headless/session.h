@@ -1,0 +1,48 @@
+// What a program without a desktop decides in place of the user and of Windows. There is one
+// session a process: the tool or test and the plug-in it loads see the same.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace platform::headless {
+
+enum class Language { kEnglish, kSpanish };
+
+// Back to the start: Shift up, the environment's language, an empty registry, no timers,
+// nothing hidden, nothing refused.
+void Reset();
+
+void HoldShift(bool down);
+
+// Without a call, LC_ALL, LC_MESSAGES or LANG decides: es* is Spanish, all else English.
+void SetLanguage(Language language);
+
+// Keeps FindHostFunction from finding this export, as with an older host.
+void HideHostFunction(const std::string& name);
+
+// Calls the routine of every running timer once; returns how many were called.
+int FireTimers();
+// No further timer can be started.
+void RefuseTimers();
+
+// Both text conversions fail from here on, or work again.
+void RefuseTextConversions(bool refuse);
+
+// The registry calls that can be refused.
+enum class RegistryCall {
+    kOpenKey,
+    kCreateKey,
+    kQueryValue,
+    kSetValue,
+    kDeleteValue,
+    kEnumValue,
+    kDeleteKey,
+    kQueryInfo,
+};
+// The nth call (from 1) of this kind counted from now is refused with kAccessDenied; 0 ends it.
+void RefuseRegistryCall(RegistryCall call, int nth);
+// Keys opened and not yet closed.
+int OpenRegistryKeys();
+
+}  // namespace platform::headless

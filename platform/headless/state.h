@@ -1,0 +1,32 @@
+// The one state behind platform/headless: what session.h sets and the operations answer from.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "platform/headless/session.h"
+#include "platform/timer.h"
+
+namespace platform::headless {
+
+struct State {
+    bool shiftDown = false;
+    std::optional<Language> language;
+    std::set<std::string> hiddenFunctions;
+    std::map<std::uintptr_t, TimerRoutine> timers;
+    std::uintptr_t lastTimer = 0;
+    bool timersRefused = false;
+    bool conversionsRefused = false;
+};
+
+State& CurrentState();
+
+Language CurrentLanguage();
+
+// Empties the registry; keys still open behave as deleted ones.
+void ResetRegistry();
+
+}  // namespace platform::headless

@@ -1,0 +1,22 @@
+// Conversions between UTF-16 and the two 8-bit encodings that texts have in the process.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+enum class CodePage {
+    kUtf8,
+    kAnsi,  // the system's own 8-bit code page
+};
+
+// Nothing when the text is not valid in the code page, or when the system refuses.
+std::optional<std::u16string> MultiByteToUtf16(std::string_view text, CodePage page);
+
+// Lone surrogates become U+FFFD in UTF-8; a character without an exact equivalent in the
+// ANSI code page becomes "?" (no best-fit mapping). Nothing when the system refuses.
+std::optional<std::string> Utf16ToMultiByte(std::u16string_view text, CodePage page);
+
+}  // namespace platform
