@@ -1,0 +1,27 @@
+#include "platform/resources.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "platform/win32/plugin_module.h"
+
+namespace platform {
+
+std::u16string_view ResourceString(std::uint32_t id) noexcept {
+    // With no room given, LoadStringW answers where the text lies in the module.
+    const wchar_t* text = nullptr;
+    const int units = LoadStringW(PluginModule(), id, reinterpret_cast<wchar_t*>(&text), 0);
+    if (units <= 0 || text == nullptr) {
+        return {};
+    }
+    return {reinterpret_cast<const char16_t*>(text), static_cast<std::size_t>(units)};
+}
+
+std::uint32_t LoadResourceString(std::uint32_t id, char16_t* buffer, std::uint32_t units) noexcept {
+    const std::u16string_view text = ResourceString(id).substr(0, units - 1);
+    *std::copy(text.begin(), text.end(), buffer) = u'\0';
+    return static_cast<std::uint32_t>(text.size());
+}
+
+}  // namespace platform

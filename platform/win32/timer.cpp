@@ -1,0 +1,38 @@
+#include "platform/timer.h"
+
+#include <windows.h>
+
+#include <map>
+
+namespace platform {
+
+namespace {
+
+std::map<UINT_PTR, TimerRoutine>& Routines() {
+    static std::map<UINT_PTR, TimerRoutine> routines;
+    return routines;
+}
+
+void CALLBACK OnTimer(HWND, UINT, UINT_PTR timer, DWORD) noexcept {
+    const auto routine = Routines().find(timer);
+    if (routine != Routines().end()) {
+        routine->second(timer);
+    }
+}
+
+}  // namespace
+
+std::uintptr_t StartThreadTimer(std::uint32_t milliseconds, TimerRoutine routine) noexcept {
+    const UINT_PTR timer = ::SetTimer(nullptr, 0, milliseconds, OnTimer);
+    if (timer != 0) {
+        Routines()[timer] = routine;
+    }
+    return timer;
+}
+
+bool StopThreadTimer(std::uintptr_t timer) noexcept {
+    Routines().erase(timer);
+    return ::KillTimer(nullptr, timer) != 0;
+}
+
+}  // namespace platform
