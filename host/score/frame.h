@@ -1,0 +1,43 @@
+// The stored content of one layer of a staff in a measure.
+#pragma once
+
+#include <array>
+#include <cstring>
+#include <vector>
+
+#include "shell/host/host_frames.h"
+
+namespace standin {
+
+// What one beam level does at an entry.
+enum class Beam : u8 { kNone, kBegin, kContinue, kEnd, kForwardHook, kBackwardHook };
+
+// The beam levels of one entry; index 0 is the eighth beam.
+using BeamLevels = std::array<Beam, 8>;
+
+struct Frame {
+    // In playing order. Always in stored form: rests have no notes, slots past the note count
+    // are zero, times are computed.
+    std::vector<EXENTRY> entries;
+    // One element an entry after the host has beamed the frame; empty while the beams are
+    // the ones the score came with, or none since its music changed.
+    std::vector<BeamLevels> beams;
+    bool needsRebeam = false;  // changed since it was last beamed
+
+    bool BeamedByHost() const noexcept { return !beams.empty(); }
+};
+
+// The same music and the same beams; whether beaming is due does not count.
+inline bool operator==(const Frame& a, const Frame& b) noexcept {
+    return a.entries.size() == b.entries.size() && a.beams == b.beams &&
+           (a.entries.empty() || std::memcmp(a.entries.data(), b.entries.data(),
+                                             a.entries.size() * sizeof(EXENTRY)) == 0);
+}
+
+// Bits of EXENTRY::flags that are this host's own; they travel with the entry.
+namespace HostEntryFlag {
+inline constexpr u32 kFixedStem = 0x04000000;  // the stem's direction is set by hand
+inline constexpr u32 kStemUp = 0x02000000;     // with kFixedStem: up; without: no meaning
+}  // namespace HostEntryFlag
+
+}  // namespace standin

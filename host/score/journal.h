@@ -1,0 +1,36 @@
+// What frames and records held before they were first changed. An open edit keeps one to take
+// everything back; an imported score keeps one to tell what differs from the import.
+// Its size follows what was touched, not the score.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <unordered_map>
+#include <utility>
+
+#include "host/score/frame.h"
+#include "host/score/frame_key.h"
+#include "host/score/record_store.h"
+
+namespace standin {
+
+class Journal {
+public:
+    using RecordName = std::pair<u32, RecordKey>;  // tag and key
+
+    // The first call for an object counts, later ones are ignored. Null = it did not exist.
+    void NoteFrame(FrameKey key, const Frame* before);
+    void NoteRecord(u32 tag, RecordKey key, const Bytes* before);
+
+    bool IsEmpty() const noexcept { return m_frames.empty() && m_records.empty(); }
+    const std::unordered_map<FrameKey, Frame>& Frames() const noexcept { return m_frames; }
+    const std::map<RecordName, std::optional<Bytes>>& Records() const noexcept { return m_records; }
+    std::unordered_map<FrameKey, Frame>& Frames() noexcept { return m_frames; }
+    std::map<RecordName, std::optional<Bytes>>& Records() noexcept { return m_records; }
+
+private:
+    std::unordered_map<FrameKey, Frame> m_frames;  // an empty frame = there was none
+    std::map<RecordName, std::optional<Bytes>> m_records;
+};
+
+}  // namespace standin

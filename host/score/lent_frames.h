@@ -1,0 +1,58 @@
+// The frames that are lent to the plug-in at the moment.
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "host/score/entry_memory.h"
+#include "host/score/frame_key.h"
+#include "shell/host/host_frames.h"
+
+namespace standin {
+
+// One loan: the frame as the plug-in sees it, and what the host remembers of it.
+class LentFrame {
+public:
+    // A copy of the entries, with no entry array when there are none.
+    LentFrame(u16 document, FrameKey key, u16 firstKey, u16 slot,
+              const std::vector<EXENTRY>* entries, EntryMemory& memory);
+    ~LentFrame();
+    LentFrame(const LentFrame&) = delete;
+    LentFrame& operator=(const LentFrame&) = delete;
+
+    EXFRAME& View() noexcept { return m_view; }
+    u16 DocumentNumber() const noexcept { return m_document; }
+    FrameKey Key() const noexcept { return m_key; }
+
+    // Whether the fields that only the host sets are as the host left them.
+    bool IsIntact() const noexcept;
+
+    // Both move the entry array. The range must lie within the frame.
+    void Insert(i16 index, const std::vector<EXENTRY>& entries);
+    void Delete(i16 index, i16 count);
+
+private:
+    void Replace(const std::vector<EXENTRY>& entries);
+
+    u16 m_document;
+    FrameKey m_key;
+    EntryMemory& m_memory;
+    EXFRAME m_view{};
+    EXFRAME m_asLent{};
+};
+
+class LentFrames {
+public:
+    EXFRAME* Lend(std::unique_ptr<LentFrame> frame);
+    // Null when the pointer is no frame on loan.
+    LentFrame* Find(const EXFRAME* frame) const;
+    bool Return(const EXFRAME* frame);  // false when it is not on loan
+    std::size_t Count() const noexcept { return m_frames.size(); }
+    void Clear() { m_frames.clear(); }
+
+private:
+    std::unordered_map<const EXFRAME*, std::unique_ptr<LentFrame>> m_frames;
+};
+
+}  // namespace standin

@@ -1,0 +1,26 @@
+// The tags of the records this host itself reads or makes.
+#pragma once
+
+#include "shell/host/host_types.h"
+
+namespace standin {
+
+namespace Tag {
+inline constexpr u32 kMeasure = HostTag("SOMS");
+inline constexpr u32 kStaff = HostTag("SOIS");
+inline constexpr u32 kStaffAt = HostTag("SOSC");
+inline constexpr u32 kStaffSystem = HostTag("SOSS");
+inline constexpr u32 kPage = HostTag("SOPS");
+inline constexpr u32 kPartDefinition = HostTag("otpD");
+inline constexpr u32 kMiscPrefs = HostTag("O\x03OM");
+inline constexpr u32 kMiscPrefsBefore27 = HostTag("O\x02OM");
+inline constexpr u32 kLayerPrefs = HostTag("pfLA");
+inline constexpr u32 kExpression = HostTag("SODY");
+inline constexpr u32 kTextExpression = HostTag("SODT");
+inline constexpr u32 kSmartShape = HostTag("O\x08Sx");
+inline constexpr u32 kShapeOnEntry = HostTag("edEx");
+inline constexpr u32 kShapeOnLyric = HostTag("edLx");
+inline constexpr u32 kTuplet = HostTag("E\x03TP");
+}  // namespace Tag
+
+}  // namespace standin
