@@ -1,0 +1,26 @@
+// The notation of stand_in.h: text to entries and back.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/score/document.h"
+
+namespace standin {
+
+struct WrittenTuplet {
+    std::size_t entry;  // the index of its first entry
+    EDTTuplet2005 tuplet;
+};
+
+struct WrittenLayer {
+    std::vector<EXENTRY> entries;  // without entry numbers
+    std::vector<WrittenTuplet> tuplets;
+    std::string error;  // empty when the text was understood
+};
+
+WrittenLayer ParseLayer(std::string_view notation);
+std::string PrintLayer(const Document& document, FrameKey key);
+
+}  // namespace standin
