@@ -1,0 +1,160 @@
+# What ./run, ./check and the benchmarks need on a Debian 12 machine. Sourced, not run; the
+# caller has set `top`, the project's folder. Everything is installed once: a second call looks
+# and leaves. What is not a Debian package goes to build/ and touches nothing else.
+
+build="$top/build"
+
+say() { printf '%s\n' "$*"; }
+fail() {
+    printf '%s: %s\n' "${0##*/}" "$*" >&2
+    exit 1
+}
+
+# Runs a noisy command quietly; its output is shown only when it fails.
+quietly() {
+    local log status=0
+    log=$(mktemp)
+    "$@" >"$log" 2>&1 </dev/null || status=$?
+    if [ "$status" -ne 0 ]; then
+        cat "$log" >&2
+        printf 'failed (%s): %s\n' "$status" "$*" >&2
+    fi
+    rm -f "$log"
+    return "$status"
+}
+
+as_root() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        fail "needs root or sudo to install Debian packages"
+    fi
+}
+
+is_installed() {
+    [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# Installs those of the named Debian packages that are missing.
+ensure_packages() {
+    local missing=() package
+    for package in "$@"; do
+        is_installed "$package" || missing+=("$package")
+    done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    command -v apt-get >/dev/null ||
+        fail "needs these Debian packages, and apt-get is not here: ${missing[*]}"
+    say "Installing ${missing[*]}"
+    # A list fetched earlier will do; only when it does not is a new one fetched.
+    local install=(env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends)
+    as_root "${install[@]}" "${missing[@]}" >/dev/null 2>&1 </dev/null && return 0
+    quietly as_root apt-get update -q || fail "the package lists could not be fetched"
+    quietly as_root "${install[@]}" "${missing[@]}" || fail "the packages could not be installed"
+}
+
+native_packages=(g++ cmake ninja-build pkg-config libpugixml-dev libzip-dev libcli11-dev
+    libgtest-dev libgmock-dev ccache)
+windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev ca-certificates)
+wine_packages=(wine wine64 xvfb xauth locales)
+check_packages=(clang-format-14 clang-tidy-14 libxml2-utils git)
+picture_packages=(librsvg2-bin fonts-liberation)
+
+# pugixml and libzip for the Windows build, in the versions that Debian builds natively: their
+# source packages, unpacked to build/third_party. The lists they come from are the machine's
+# own, asked for source packages, kept beside them.
+ensure_third_party() {
+    local home="$build/third_party" package
+    [ -e "$home/pugixml/src/pugixml.cpp" ] && [ -e "$home/libzip/lib/zip.h" ] && return 0
+    say "Unpacking the sources of pugixml and libzip"
+    local apt="$home/apt"
+    mkdir -p "$apt/lists/partial" "$apt/cache/archives/partial" "$apt/sources"
+    source_package_lists "$apt/sources"
+    local options=(-o "Dir::Etc::sourcelist=/dev/null" -o "Dir::Etc::sourceparts=$apt/sources"
+        -o "Dir::State::lists=$apt/lists" -o "Dir::Cache=$apt/cache" -o "APT::Sandbox::User=")
+    quietly apt-get -q "${options[@]}" update || fail "the source package lists could not be fetched"
+    for package in pugixml libzip; do
+        rm -rf "${home:?}/$package" "$home/unpacked"
+        mkdir -p "$home/unpacked"
+        (cd "$home/unpacked" && quietly apt-get -q "${options[@]}" source "$package") ||
+            fail "the source package $package could not be fetched"
+        mv "$home/unpacked/$package"-*/ "$home/$package"
+    done
+    rm -rf "$home/unpacked" "$apt"
+}
+
+# Writes the machine's Debian lists to folder $1, each asking for source packages only.
+source_package_lists() {
+    local list stem
+    for list in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
+        [ -e "$list" ] || continue
+        stem=$(basename "$list" .list)
+        sed -nE 's/^[[:space:]]*deb[[:space:]]/deb-src /p' "$list" >"$1/$stem.list"
+    done
+    for list in /etc/apt/sources.list.d/*.sources; do
+        [ -e "$list" ] || continue
+        sed -E 's/^Types:.*$/Types: deb-src/' "$list" |
+            awk -v RS= -v ORS='\n\n' '!seen[$0]++ && /debian/' >"$1/$(basename "$list")"
+    done
+    # The same list in two files would only be warned about; an empty one is harmless.
+    find "$1" -type f -empty -delete
+}
+
+# The engraver that draws the pictures. A Node.js that is there is used as it is.
+ensure_engraver() {
+    if ! command -v node >/dev/null; then
+        ensure_packages nodejs npm
+    elif ! command -v npm >/dev/null; then
+        fail "node is here but npm is not; install the npm that belongs to it"
+    fi
+    local home="$build/engraver"
+    [ -e "$home/node_modules/verovio/package.json" ] &&
+        cmp -s "$top/scripts/engraver/package-lock.json" "$home/package-lock.json" && return 0
+    say "Installing verovio into build/engraver"
+    mkdir -p "$home"
+    cp "$top/scripts/engraver/package.json" "$top/scripts/engraver/package-lock.json" "$home/"
+    (cd "$home" && quietly npm ci --no-audit --no-fund --ignore-scripts) ||
+        fail "verovio could not be installed"
+}
+
+# A Wine prefix of the project's own, made once.
+ensure_wine_prefix() {
+    export WINEPREFIX="$build/wine" WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    [ -e "$WINEPREFIX/.ready" ] && return 0
+    say "Preparing Wine's prefix in build/wine"
+    mkdir -p "$build"
+    quietly with_display wine wineboot --init || fail "Wine could not make its prefix"
+    quietly wine_server -w || fail "Wine's server did not end"
+    touch "$WINEPREFIX/.ready"
+}
+
+wine_server() { "$(command -v wineserver || echo /usr/lib/wine/wineserver64)" "$@"; }
+
+# Runs a command with an X display: the one there is, or one of its own.
+with_display() {
+    if [ -n "${DISPLAY:-}" ]; then
+        "$@"
+    else
+        xvfb-run -a -s "-screen 0 1280x1024x24" "$@"
+    fi
+}
+
+# Spanish, for programs run with LOCPATH="$build/locale": the machine's locales stay as they are.
+ensure_spanish_locale() {
+    [ -e "$build/locale/es_ES.UTF-8/LC_CTYPE" ] && return 0
+    mkdir -p "$build/locale"
+    quietly localedef --no-archive -i es_ES -f UTF-8 "$build/locale/es_ES.UTF-8" ||
+        fail "the Spanish locale could not be made"
+}
+
+# Configures and builds a preset: build_preset PRESET TARGET...
+build_preset() {
+    local preset=$1 launcher=()
+    shift
+    command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+    if [ ! -e "$build/$preset/build.ninja" ]; then
+        (cd "$top" && quietly cmake --preset "$preset" "${launcher[@]}") || return 1
+    fi
+    quietly cmake --build "$build/$preset" --parallel "$(nproc)" ${1:+--target "$@"}
+}
