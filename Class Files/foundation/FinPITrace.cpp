@@ -1,0 +1,3 @@
+#include "Class Files/foundation/FinPITrace.h"
+
+void FinPITrace(const char* /*sourceFile*/, int /*line*/, const char* /*format*/, ...) {}
