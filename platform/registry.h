@@ -48,6 +48,8 @@ public:
 
     explicit operator bool() const noexcept { return m_handle != nullptr; }
 
+    void Close() noexcept { m_handle.reset(); }
+
     // size in: the buffer's bytes (data may be null); out: the value's bytes. With a null
     // buffer the size alone is given and the result is kSuccess. A buffer that is too small
     // stays as it is: kMoreData, with the size of the value.
@@ -65,12 +67,12 @@ public:
     struct Handle;
 
 private:
-    struct Close {
+    struct CloseHandle {
         void operator()(Handle* handle) const noexcept;
     };
     explicit RegistryKey(Handle* handle) noexcept : m_handle{handle} {}
 
-    std::unique_ptr<Handle, Close> m_handle;
+    std::unique_ptr<Handle, CloseHandle> m_handle;
 };
 
 }  // namespace platform

@@ -109,7 +109,7 @@ RegistryKey::Handle* NewHandle(std::shared_ptr<Node> node, bool writable) {
 
 }  // namespace
 
-void RegistryKey::Close::operator()(Handle* handle) const noexcept {
+void RegistryKey::CloseHandle::operator()(Handle* handle) const noexcept {
     --TheRegistry().openKeys;
     delete handle;
 }

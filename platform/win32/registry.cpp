@@ -18,7 +18,7 @@ RegistryResult Result(LSTATUS status) noexcept {
 
 }  // namespace
 
-void RegistryKey::Close::operator()(Handle* handle) const noexcept {
+void RegistryKey::CloseHandle::operator()(Handle* handle) const noexcept {
     RegCloseKey(handle->key);
     delete handle;
 }
