@@ -1,5 +1,5 @@
 # The libraries for the Windows build, from sources: pugixml and libzip as Debian's source
-# packages (zlib comes ready-made with MinGW), CLI11 as the headers that the native build uses.
+# packages (zlib comes ready-made with MinGW), the others as the headers that the native build uses.
 set(PLYWELD_THIRD_PARTY "${PROJECT_SOURCE_DIR}/build/third_party" CACHE PATH
   "Where the sources of pugixml and libzip are unpacked")
 foreach(needed pugixml/src/pugixml.cpp libzip/lib/zip.h)
@@ -28,11 +28,16 @@ plyweld_add_libzip()
 add_library(plyweld_zip INTERFACE)
 target_link_libraries(plyweld_zip INTERFACE zip)
 
-# The system's include folder cannot be given to a cross-compiler whole.
-find_path(PLYWELD_CLI11 CLI/CLI.hpp PATHS /usr/include /usr/local/include NO_DEFAULT_PATH
-  NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+# Libraries of headers alone come from the packages of the native build. The system's include
+# folder cannot be given to a cross-compiler whole.
 file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/include")
-file(CREATE_LINK "${PLYWELD_CLI11}/CLI" "${PROJECT_BINARY_DIR}/include/CLI" SYMBOLIC)
-add_library(plyweld_cli11 INTERFACE)
-target_include_directories(plyweld_cli11 SYSTEM INTERFACE "${PROJECT_BINARY_DIR}/include")
-add_library(CLI11::CLI11 ALIAS plyweld_cli11)
+foreach(folder CLI nlohmann)
+  find_path(PLYWELD_${folder} ${folder} PATHS /usr/include /usr/local/include NO_DEFAULT_PATH
+    NO_CMAKE_FIND_ROOT_PATH REQUIRED)
+  file(CREATE_LINK "${PLYWELD_${folder}}/${folder}" "${PROJECT_BINARY_DIR}/include/${folder}"
+    SYMBOLIC)
+endforeach()
+add_library(plyweld_headers INTERFACE)
+target_include_directories(plyweld_headers SYSTEM INTERFACE "${PROJECT_BINARY_DIR}/include")
+add_library(CLI11::CLI11 ALIAS plyweld_headers)
+add_library(nlohmann_json::nlohmann_json ALIAS plyweld_headers)
