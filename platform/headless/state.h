@@ -9,6 +9,7 @@
 
 #include "platform/headless/session.h"
 #include "platform/timer.h"
+#include "platform/window.h"
 
 namespace platform::headless {
 
@@ -20,6 +21,9 @@ struct State {
     std::uintptr_t lastTimer = 0;
     bool timersRefused = false;
     bool conversionsRefused = false;
+    Rectangle desktop{0, 0, 1920, 1080};
+    Window focus = nullptr;
+    std::map<std::string, std::uint32_t> messages;
 };
 
 State& CurrentState();
