@@ -41,3 +41,12 @@ add_library(plyweld_headers INTERFACE)
 target_include_directories(plyweld_headers SYSTEM INTERFACE "${PROJECT_BINARY_DIR}/include")
 add_library(CLI11::CLI11 ALIAS plyweld_headers)
 add_library(nlohmann_json::nlohmann_json ALIAS plyweld_headers)
+
+# GoogleTest, from the sources that its package brings.
+function(plyweld_add_googletest)
+  set(CMAKE_POLICY_DEFAULT_CMP0077 NEW)
+  set(INSTALL_GTEST OFF)
+  set(BUILD_GMOCK OFF)
+  add_subdirectory(/usr/src/googletest "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+endfunction()
+plyweld_add_googletest()

@@ -1,0 +1,57 @@
+// What the user asked for.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "host/cli/stored_options.h"
+
+namespace standin::cli {
+
+// The part of the score to merge. Absent bounds are the score's own.
+struct SelectionOptions {
+    int firstMeasure = 1;  // from 1, counted from the score's first measure
+    std::optional<int> lastMeasure;
+    double firstBeat = 1;            // in the first measure, from 1
+    std::optional<double> lastBeat;  // in the last measure, from 1; its whole beat belongs to it
+    int firstStaff = 1;              // from 1, from the top of the score
+    std::optional<int> lastStaff;
+};
+
+struct MergeCommand {
+    std::string input;
+    std::string output;
+    CommandOptions options;
+    SelectionOptions selection;
+    bool verify = false;
+    bool json = false;
+    bool quiet = false;
+};
+
+struct ShowCommand {
+    std::string input;
+    bool json = false;
+};
+
+struct CompareCommand {
+    std::string first;
+    std::string second;
+};
+
+// The exit codes of the program.
+enum ExitCode : int {
+    kDone = 0,
+    kFailed = 1,  // the run failed, or music was lost; compare: the scores differ
+    kUsage = 2,
+    kUnreadable = 3,
+};
+
+using Command = std::variant<MergeCommand, ShowCommand, CompareCommand>;
+
+// The arguments without the program's own name. When there is nothing to run (help was asked
+// for, or the usage is wrong), the text went to the right stream, and the exit code is given.
+std::variant<Command, ExitCode> ParseCommandLine(std::vector<std::string> arguments);
+
+}  // namespace standin::cli

@@ -1,0 +1,49 @@
+// What the program needs of the machine it runs on, beyond what platform/ gives the plug-in.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+
+namespace standin::cli {
+
+// The folder that the program's own file is in.
+std::filesystem::path ProgramFolder();
+
+// A library of code, closed when the object ends.
+class Library {
+public:
+    // Null when it cannot be loaded; problem then says why.
+    static std::unique_ptr<Library> Open(const std::filesystem::path& file, std::string& problem);
+    ~Library();
+    Library(const Library&) = delete;
+    Library& operator=(const Library&) = delete;
+
+    void* FindExport(const char* name) const;  // null when it exports none of this name
+
+private:
+    explicit Library(void* handle) : m_handle{handle} {}
+    void* m_handle;
+};
+
+// The file name of the plug-in.
+extern const char* const kPluginFile;
+
+// Holds the Shift key down until the scope ends.
+class ShiftHeld {
+public:
+    ShiftHeld();
+    ~ShiftHeld();
+    ShiftHeld(const ShiftHeld&) = delete;
+    ShiftHeld& operator=(const ShiftHeld&) = delete;
+};
+
+// Lets the timers that the plug-in started run, as a program does between two commands.
+void RunTimers();
+
+// Standard input and output carry bytes, not lines.
+void MakeStreamsBinary();
+
+bool ErrorsGoToTerminal();
+
+}  // namespace standin::cli

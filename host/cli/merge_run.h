@@ -1,0 +1,20 @@
+// One run of the plug-in's command over a document.
+#pragma once
+
+#include <string>
+
+#include "host/cli/stored_options.h"
+#include "host/score/document.h"
+
+namespace standin::cli {
+
+struct MergeRun {
+    bool kept = false;    // the edit was ended, not cancelled
+    std::string problem;  // why the run failed; empty when it did not
+};
+
+// Starts the plug-in, runs its command with these options on the current document's selection,
+// and ends it. A run that failed or was stopped leaves the document as it was.
+MergeRun RunMerge(Document& document, const EREGION& selection, const CommandOptions& options);
+
+}  // namespace standin::cli

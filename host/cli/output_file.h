@@ -1,0 +1,22 @@
+// A file that appears whole or not at all.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace standin::cli {
+
+// "-" names standard input or standard output.
+inline constexpr std::string_view kStandardStream = "-";
+
+// Writes the bytes to a new file beside the target and renames it, so that whatever goes wrong
+// leaves the target as it was. Links are followed; what is no regular file (a pipe, a device)
+// is written to directly. Returns what went wrong; empty when nothing did.
+std::string WriteWhole(const std::string& target, std::string_view bytes);
+
+// A path from its UTF-8 text, and back.
+std::filesystem::path PathOf(const std::string& text);
+std::string TextOf(const std::filesystem::path& path);
+
+}  // namespace standin::cli

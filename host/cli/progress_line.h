@@ -1,0 +1,26 @@
+// The run's progress on standard error, and the user's wish to stop it.
+#pragma once
+
+#include "host/score/application.h"
+
+namespace standin::cli {
+
+// Follows the progress that the plug-in reports until the scope ends. Ctrl-C stops the run at
+// the next report; nothing is written when standard error is no terminal.
+class ProgressLine {
+public:
+    explicit ProgressLine(u16 lastMeasure);
+    ~ProgressLine();
+    ProgressLine(const ProgressLine&) = delete;
+    ProgressLine& operator=(const ProgressLine&) = delete;
+
+private:
+    bool Report(const ProgressReport& report);
+
+    u16 m_lastMeasure;
+    bool m_visible;
+    i16 m_shown = 0;
+    void (*m_interruptBefore)(int);
+};
+
+}  // namespace standin::cli

@@ -1,0 +1,77 @@
+#include "host/cli/stored_options.h"
+
+#include "platform/registry.h"
+
+namespace standin::cli {
+
+namespace {
+
+const char* const kBaseKey = "Software\\ZKW\\Finale Plugin Prefs";
+const char* const kCommand = "Plyweld";
+const char* const kValue = "ZKCF22000";
+
+std::string CommandKey() {
+    return std::string{kBaseKey} + "\\" + kCommand;
+}
+
+std::optional<std::vector<u8>> ReadValue(const platform::RegistryKey& key) {
+    using platform::RegistryResult;
+    u32 size = 0;
+    if (key.QueryValue(kValue, nullptr, nullptr, &size) != RegistryResult::kSuccess) {
+        return std::nullopt;
+    }
+    std::vector<u8> bytes(size);
+    if (key.QueryValue(kValue, nullptr, bytes.data(), &size) != RegistryResult::kSuccess) {
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+}  // namespace
+
+std::array<u8, 12> CommandOptions::Record() const {
+    const std::array<u16, 6> words{12,
+                                   sourceLayer,
+                                   destinationLayer,
+                                   static_cast<u16>(replace ? 1 : 0),
+                                   static_cast<u16>(rebeam ? 1 : 0),
+                                   static_cast<u16>(hideRests ? 1 : 0)};
+    std::array<u8, 12> bytes{};
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        bytes[2 * i] = static_cast<u8>(words[i] & 0xFFU);
+        bytes[2 * i + 1] = static_cast<u8>(words[i] >> 8U);
+    }
+    return bytes;
+}
+
+StoredOptions::StoredOptions(const CommandOptions& options) {
+    using platform::KeyAccess;
+    using platform::RegistryKey;
+    if (const RegistryKey key = RegistryKey::Open(CommandKey(), KeyAccess::kRead)) {
+        m_hadKey = true;
+        m_before = ReadValue(key);
+    }
+    RegistryKey key = RegistryKey::Create(CommandKey());
+    const auto record = options.Record();
+    m_written = key.SetBinaryValue(kValue, record.data(), static_cast<u32>(record.size())) ==
+                platform::RegistryResult::kSuccess;
+}
+
+StoredOptions::~StoredOptions() {
+    using platform::KeyAccess;
+    using platform::RegistryKey;
+    RegistryKey key = RegistryKey::Open(CommandKey(), KeyAccess::kAll);
+    if (m_before) {
+        key.SetBinaryValue(kValue, m_before->data(), static_cast<u32>(m_before->size()));
+        return;
+    }
+    key.DeleteValue(kValue);
+    platform::KeyCounts left;
+    if (!m_hadKey && key.QueryCounts(&left) == platform::RegistryResult::kSuccess &&
+        left.subkeys == 0 && left.values == 0) {
+        key.Close();
+        RegistryKey::Open(kBaseKey, KeyAccess::kAll).DeleteSubkey(kCommand);
+    }
+}
+
+}  // namespace standin::cli

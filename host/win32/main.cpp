@@ -1,0 +1,13 @@
+#include "host/cli/run_command.h"
+#include "platform/text.h"
+
+// Windows gives the arguments in UTF-16; the program takes them in UTF-8.
+int wmain(int argc, wchar_t** argv) {
+    std::vector<std::string> arguments;
+    for (int i = 1; i < argc; ++i) {
+        const std::u16string_view argument{reinterpret_cast<const char16_t*>(argv[i])};
+        arguments.push_back(
+            platform::Utf16ToMultiByte(argument, platform::CodePage::kUtf8).value_or(""));
+    }
+    return standin::cli::RunCommandLine(std::move(arguments));
+}

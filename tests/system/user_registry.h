@@ -1,0 +1,26 @@
+// The plug-in's values in the real registry, read and written past the plug-in.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace system_test {
+
+inline const std::wstring kBaseKey = L"Software\\ZKW\\Finale Plugin Prefs";
+
+struct Value {
+    std::uint32_t type = 0;
+    std::vector<std::uint8_t> bytes;
+};
+
+// Nothing when there is no such key or value under HKEY_CURRENT_USER.
+std::optional<Value> ReadValue(const std::wstring& key, const std::wstring& name);
+void WriteValue(const std::wstring& key, const std::wstring& name,
+                const std::vector<std::uint8_t>& bytes);
+bool KeyExists(const std::wstring& key);
+// Removes the base key and all below it.
+void ClearSettings();
+
+}  // namespace system_test
