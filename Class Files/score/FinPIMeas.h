@@ -1,0 +1,23 @@
+// A measure, by its number from 1.
+#pragma once
+
+#include "Class Files/score/EnigmaRecords.h"
+#include "Class Files/score/FinPITimeSig.h"
+
+class FinPIMeas final : public MeasureRecord {
+public:
+    // Loads the record of a number below 0xFFFF; posts the failure.
+    explicit FinPIMeas(u16 measure);
+
+    // Loads the abbreviation preferences and, of a composite signature, its group lists; what
+    // does not load counts as 0.
+    FinPITimeSig GetTimeSig() const;
+
+    // FX_GetMeasureDuration in the record's document: duration units in the time of the staff;
+    // staff 0: the measure's own. 0 = no such measure.
+    static i32 MeasureDuration(const FinPIDoc& record, u16 staff, i16 measure);
+
+    // The number as the document shows it (FX_GetMeasureNumberString), or "#" and the number
+    // when the host gives none. size in units, at least 1; cut to it and terminated.
+    static void MeasureNumberString(i16 measure, char16* buffer, u32 size);
+};

@@ -1,0 +1,65 @@
+#include "Class Files/score/FinPIMetricsCache.h"
+
+#include <compare>
+#include <map>
+
+#include "Class Files/foundation/DocumentScope.h"
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/score/EnigmaRecords.h"
+#include "shell/host/callbacks.h"
+
+namespace FinPIMetricsCache {
+namespace {
+
+constexpr u16 kUnknown = 0xFFFF;
+
+struct SpecialPartExtraction {
+    u16 document = kUnknown;
+    u16 staff = kUnknown;
+    u16 result = 0;
+    u16 staffList = kUnknown;  // item number, of the document
+};
+
+std::map<EntryKey, ENTRYMETRICS> g_entryMetrics;
+SpecialPartExtraction g_specialPartExtraction;
+
+u16 LoadStaffList() {
+    FinPIMiscDocPrefs prefs;
+    if (prefs.Load() == 0) {
+        PostRecordError<FinPILoadEDataFailed>(
+            "unsigned short __cdecl FinPIMetricsCache::SpecPartExtractionCmper(const short)",
+            prefs.Tag());
+        return kUnknown;
+    }
+    return prefs.specialPartExtractionList;
+}
+
+}  // namespace
+
+EntryLookup FindEntryMetrics(const EntryKey& key) {
+    const auto [node, inserted] = g_entryMetrics.try_emplace(key);
+    return {node->second, inserted};
+}
+
+u16 SpecPartExtractionCmper(u16 document, u16 staff) {
+    SpecialPartExtraction& last = g_specialPartExtraction;
+    const bool sameDocument = last.document == document;
+    if (sameDocument && last.staff == staff) {
+        return last.result;
+    }
+    const DocumentScope scope(document);
+    if (!sameDocument || last.staffList == kUnknown) {
+        last.staffList = LoadStaffList();
+    }
+    last.document = document;
+    last.staff = staff;
+    last.result = Host::InstToSlot(staff, last.staffList) != 0 ? 1 : 0;
+    return last.result;
+}
+
+void ClearAll() {
+    g_entryMetrics.clear();
+    g_specialPartExtraction = {};
+}
+
+}  // namespace FinPIMetricsCache

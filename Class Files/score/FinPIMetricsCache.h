@@ -1,0 +1,34 @@
+// Metrics of entries, and the last answer on special part extraction, kept for one command.
+#pragma once
+
+#include "shell/host/host_frames.h"
+
+namespace FinPIMetricsCache {
+
+// What an entry's metrics are kept under. entry is the host's entry number.
+struct EntryKey {
+    u16 document;
+    u16 staff;
+    i16 measure;
+    u32 entry;
+
+    auto operator<=>(const EntryKey&) const = default;
+};
+
+// The node stays where it is until ClearAll.
+struct EntryLookup {
+    ENTRYMETRICS& metrics;
+    bool inserted;  // the metrics are all zero and for the caller to fill
+};
+
+EntryLookup FindEntryMetrics(const EntryKey& key);
+
+// 1 when the staff is in the document's staff list for special part extraction. Loads the
+// list's number once a document (a failure is posted) and rests on FX_InstToSlot, which asking
+// again for the same document and staff does not call.
+u16 SpecPartExtractionCmper(u16 document, u16 staff);
+
+// Forgets everything.
+void ClearAll();
+
+}  // namespace FinPIMetricsCache

@@ -1,0 +1,59 @@
+#include "Class Files/score/FinPIScoreExpr.h"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/score/FinPITextExpression.h"
+
+namespace {
+
+// Nothing, and an error posted, when the definition does not load.
+template <typename Definition, typename Placement>
+std::optional<i16> LoadPlacement(Definition definition, Placement placement) {
+    if (definition.Load() == 0) {
+        PostRecordError<FinPILoadEDataFailed>("short __cdecl FinPIScoreExpr::LoadCachedItems(void)",
+                                              definition.Tag());
+        return std::nullopt;
+    }
+    return placement(definition);
+}
+
+std::optional<i16> PlacementOf(const MyExpressionAssign& expression) {
+    if ((expression.layer & ExpressionLayer::kShapeDefinition) != 0) {
+        return LoadPlacement(FinPIShapeExpression(expression.definition),
+                             [](const auto& shape) { return shape.horizontalPlacement; });
+    }
+    return LoadPlacement(FinPITextExpression(expression.definition),
+                         [](const auto& text) { return text.Body().horizontalPlacement; });
+}
+
+}  // namespace
+
+i16 FinPIScoreExpr::LoadCachedItems() {
+    hasPosition = 0;
+    belongsToEntry = 0;
+    std::fill(std::begin(cached28), std::end(cached28), u8{0});
+    const std::optional<i16> placement = PlacementOf(*this);
+    if (!placement) {
+        return 0;
+    }
+    belongsToEntry = *placement >= ExpressionPlacement::kFirstOnEntry ? 1 : 0;
+    hasPosition = belongsToEntry != 0 || *placement == ExpressionPlacement::kAtPosition ? 1 : 0;
+    return 1;
+}
+
+i16 FinPIScoreExpr::Load() {
+    if (m_loaded == 0 && ExpressionAssignRecord::Load() != 0 && LoadCachedItems() == 0) {
+        m_loaded = 0;
+    }
+    return IsLoaded();
+}
+
+i16 FinPIScoreExpr::LoadNext() {
+    if (ExpressionAssignRecord::LoadNext() != 0 && LoadCachedItems() == 0) {
+        m_loaded = 0;
+    }
+    return IsLoaded();
+}

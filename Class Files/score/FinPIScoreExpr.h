@@ -1,0 +1,19 @@
+// An expression put at a place of a measure.
+#pragma once
+
+#include "Class Files/score/EnigmaRecords.h"
+
+// Key: measure and record number. A load also looks up the expression's definition and fills
+// the fields that say how the expression is placed; without the definition the load fails.
+class FinPIScoreExpr final : public ExpressionAssignRecord {
+public:
+    using ExpressionAssignRecord::ExpressionAssignRecord;
+
+    i16 Load() override;
+    i16 LoadNext() override;
+    i16 IsPartSpecific() const override { return 1; }
+
+    // Fills hasPosition, belongsToEntry and what follows from the definition, which it loads
+    // with FX_LoadEData. 0 with an error posted when there is no such definition.
+    i16 LoadCachedItems();
+};
