@@ -86,6 +86,9 @@ public:
                                    void* dialogObject) noexcept;
 
 protected:
+    // Left and top while no place is known.
+    static constexpr i16 kUnknownPlace = -32768;
+
     // Deletes the stored place that belongs to a key offset.
     void ForgetStoredPosition(u16 keyOffset) const;
 
@@ -116,6 +119,7 @@ private:
     i16 HandleControlEvent(WindowHandle window, u64 notificationCode, u64 control);
     i16 HandleNotification(WindowHandle window, i64 eventLong);
     i16 HandleTimer(WindowHandle window);
+    i16 HandleMove(WindowHandle window, u64 eventWord, i64 eventLong);
     i16 HandleSystemCommand(WindowHandle window, u64 command, i64 eventLong);
     void PutWindowText(WindowHandle window) const;
     void PlaceWindow(WindowHandle window, u64 eventWord, i64 eventLong);

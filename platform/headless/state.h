@@ -23,7 +23,6 @@ struct State {
     bool conversionsRefused = false;
     Rectangle desktop{0, 0, 1920, 1080};
     Window focus = nullptr;
-    std::map<std::string, std::uint32_t> messages;
 };
 
 State& CurrentState();

@@ -1,5 +1,7 @@
 #include "platform/window.h"
 
+#include <map>
+
 #include "platform/headless/state.h"
 #include "platform/headless/window_model.h"
 
@@ -62,8 +64,8 @@ bool FocusWindow(Window window) {
 }
 
 std::uint32_t RegisterMessage(const char* name) {
-    // As on Windows, registered messages are numbered from 0xC000.
-    auto& messages = headless::CurrentState().messages;
+    // As on Windows, registered messages are numbered from 0xC000, and last.
+    static std::map<std::string, std::uint32_t> messages;
     const auto next = static_cast<std::uint32_t>(0xC000 + messages.size());
     return messages.emplace(name, next).first->second;
 }

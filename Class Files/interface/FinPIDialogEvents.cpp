@@ -1,0 +1,171 @@
+// How the events of a dialog's window become calls of its virtual operations.
+#include "Class Files/foundation/FinPITrace.h"
+#include "Class Files/interface/FinPIDialog.h"
+#include "Class Files/interface/WatchedPreference.h"
+#include "Class Files/interface/WindowMessages.h"
+#include "platform/window.h"
+
+namespace {
+
+constexpr char kSourceFile[] = "Class Files\\FinPIDialog";
+constexpr u16 kModal = 1;  // of the show flags
+
+// As OnControlColor knows the kinds of controls; 0 = the message is of another sort.
+u16 ControlKind(u32 message) noexcept {
+    switch (message) {
+        case WindowMessage::kControlColorEdit:
+            return 1;
+        case WindowMessage::kControlColorButton:
+            return 3;
+        case WindowMessage::kControlColorStatic:
+            return 6;
+        default:
+            return 0;
+    }
+}
+
+unsigned Traced(const void* pointer) noexcept {
+    return static_cast<unsigned>(reinterpret_cast<std::uintptr_t>(pointer));
+}
+
+}  // namespace
+
+i16 FinPIDialog::DialogEventCallback(WindowHandle window, u32 message, u64 eventWord, i64 eventLong,
+                                     void* dialogObject) noexcept {
+    auto* dialog = static_cast<FinPIDialog*>(dialogObject);
+    if (dialog == nullptr) {
+        return 0;
+    }
+    if (dialog->m_window != nullptr && dialog->m_window != window) {
+        FinPITrace(kSourceFile, __LINE__,
+                   message == WindowMessage::kCommand
+                       ? "WM_COMMAND called for different dlg, input hDlg=0x%x, m_hMe=0x%x, "
+                         "dlgData=0x%x"
+                       : "Callback called for different dlg, input hDlg=0x%x, m_hMe=0x%x, "
+                         "dlgData=0x%x",
+                   Traced(window), Traced(dialog->m_window), Traced(dialogObject));
+        return 0;
+    }
+    try {
+        return dialog->HandleEvent(window, message, eventWord, eventLong);
+    } catch (...) {
+        return 0;
+    }
+}
+
+i16 FinPIDialog::HandleEvent(WindowHandle window, u32 message, u64 eventWord, i64 eventLong) {
+    switch (message) {
+        case WindowMessage::kInitDialog:
+            return HandleCreation(window, eventWord, eventLong);
+        case WindowMessage::kCommand:
+            return HandleControlEvent(window, (eventWord >> 16U) & 0xFFFFU, eventWord & 0xFFFFU);
+        case WindowMessage::kNotify:
+            return HandleNotification(window, eventLong);
+        case WindowMessage::kTimer:
+            return HandleTimer(window);
+        case WindowMessage::kClose:
+            CloseDialog(window);
+            return 0;
+        case WindowMessage::kSystemCommand:
+            return HandleSystemCommand(window, eventWord & SystemCommand::kMask, eventLong);
+        case WindowMessage::kDestroy:
+            return OnDestroyWindow(window, eventWord, eventLong);
+        case WindowMessage::kActivate:
+            return OnActivate(window, eventWord, eventLong);
+        case WindowMessage::kPaint:
+            return OnPaint(window, eventWord, eventLong);
+        case WindowMessage::kCharacter:
+            return OnCharacter(window, eventWord, eventLong);
+        case WindowMessage::kSetCursor:
+            return 0;
+        case WindowMessage::kPositionChanged:
+            return HandleMove(window, eventWord, eventLong);
+        case WindowMessage::kControlColorEdit:
+        case WindowMessage::kControlColorButton:
+        case WindowMessage::kControlColorStatic:
+            return OnControlColor(window,
+                                  platform::ControlId(reinterpret_cast<WindowHandle>(eventLong)),
+                                  reinterpret_cast<DeviceContext>(eventWord), ControlKind(message));
+        default:
+            return OnOtherMessage(window, message, eventWord, eventLong);
+    }
+}
+
+i16 FinPIDialog::HandleCreation(WindowHandle window, u64 eventWord, i64 eventLong) {
+    m_window = window;
+    PlaceWindow(window, eventWord, eventLong);
+    PutWindowText(window);
+    PrepareControls(window);
+    const i16 result = OnInitializeWindow(window);
+    OnDialogReady();
+    AfterInitializeWindow(window);
+    if (result != 0) {
+        m_initialized = 1;
+        m_repositionPending = 1;
+    }
+    return result;
+}
+
+i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u64 control) {
+    if (m_initialized == 0) {
+        return 0;
+    }
+    m_notificationCode = notificationCode;
+    m_lastControl = control;
+    m_inCommand = 1;
+    u8 final = 0;
+    const i16 result = HandleCommand(window, static_cast<u16>(control), &final);
+    // A handler that ended the dialog may have destroyed this object too.
+    if (final == 0) {
+        m_inCommand = 0;
+    }
+    return result;
+}
+
+i16 FinPIDialog::HandleNotification(WindowHandle window, i64 eventLong) {
+    const auto* header = reinterpret_cast<const NotificationHeader*>(eventLong);
+    if (header == nullptr || header->code != kTabSelectionChanged) {
+        return 0;
+    }
+    return HandleControlEvent(window, kTabSelectionNotification, header->senderId);
+}
+
+i16 FinPIDialog::HandleTimer(WindowHandle window) {
+    if (m_inCommand != 0) {
+        return 1;
+    }
+    if ((m_showFlags & kModal) == 0) {
+        const u16 preference = WatchedPreference();
+        if (preference != m_watchedPreference) {
+            m_watchedPreference = preference;
+            OnPreferencesChanged(window);
+        }
+    }
+    OnTimer(window);
+    return 1;
+}
+
+i16 FinPIDialog::HandleMove(WindowHandle window, u64 eventWord, i64 eventLong) {
+    if (m_repositionPending != 0) {
+        // The host may move the window once more after its creation.
+        m_repositionPending = 0;
+        PlaceWindow(window, eventWord, eventLong);
+    }
+    return 0;
+}
+
+i16 FinPIDialog::HandleSystemCommand(WindowHandle window, u64 command, i64 eventLong) {
+    switch (command) {
+        case SystemCommand::kMinimize:
+            return OnMinimize(window, command, eventLong);
+        case SystemCommand::kMaximize:
+            return OnMaximize(window, command, eventLong);
+        case SystemCommand::kRestore:
+            return OnRestore(window, command, eventLong);
+        case SystemCommand::kClose:
+            CloseDialog(window);
+            return 0;
+        default:
+            return 0;
+    }
+}
