@@ -98,6 +98,7 @@ public:
     // --- Frames. Those of every layer of every staff and measure exist; most are empty.
     // Null when the frame is empty.
     const Frame* FindFrame(FrameKey key) const;
+    // In no order; frames that became empty may still stand here, without entries.
     const std::unordered_map<FrameKey, Frame>& Frames() const noexcept { return m_frames; }
     // Stores the entries in stored form: placeholders dropped, times computed with the
     // tuplets on record, detail flags set by the details on record, details of entries that

@@ -27,11 +27,14 @@ struct Frame {
     bool BeamedByHost() const noexcept { return !beams.empty(); }
 };
 
+inline bool SameEntries(const std::vector<EXENTRY>& a, const std::vector<EXENTRY>& b) noexcept {
+    return a.size() == b.size() &&
+           (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(EXENTRY)) == 0);
+}
+
 // The same music and the same beams; whether beaming is due does not count.
 inline bool operator==(const Frame& a, const Frame& b) noexcept {
-    return a.entries.size() == b.entries.size() && a.beams == b.beams &&
-           (a.entries.empty() || std::memcmp(a.entries.data(), b.entries.data(),
-                                             a.entries.size() * sizeof(EXENTRY)) == 0);
+    return SameEntries(a.entries, b.entries) && a.beams == b.beams;
 }
 
 // Bits of EXENTRY::flags that are this host's own; they travel with the entry.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <span>
 #include <unordered_map>
 #include <vector>
 
@@ -29,11 +30,13 @@ public:
     bool IsIntact() const noexcept;
 
     // Both move the entry array. The range must lie within the frame.
-    void Insert(i16 index, const std::vector<EXENTRY>& entries);
+    void Insert(i16 index, std::span<const EXENTRY> entries);
     void Delete(i16 index, i16 count);
 
 private:
     void Replace(const std::vector<EXENTRY>& entries);
+    void Resize(i16 count);  // fresh memory; throws std::bad_alloc
+    void Release() noexcept;
 
     u16 m_document;
     FrameKey m_key;

@@ -74,8 +74,8 @@ public:
     // Drops every detail of the entry.
     void DeleteDetails(u32 entry);
 
-    // Puts exactly this state back, without renumbering and without telling the listener;
-    // returns what was there before.
+    // Puts exactly this state there, without renumbering and without telling the listener;
+    // returns what was there before. Also the way to store record numbers with gaps.
     std::optional<Bytes> Exchange(u32 tag, RecordKey key, std::optional<Bytes> bytes);
 
 private:
@@ -85,10 +85,10 @@ private:
     u16 CountOfItem(const Table& table, RecordKey key) const;
     void Tell(u32 tag, RecordKey key, const Bytes* before);
     void Put(u32 tag, Table& table, RecordKey key, Bytes bytes);
-    void Remove(u32 tag, Table& table, Table::iterator position);
+    // The record number it moves to must be free.
+    void Renumber(u32 tag, Table& table, Table::iterator position, u16 inci);
     TagMask MaskOf(u32 tag);
-    void MarkEntry(u32 tag, u32 entry);
-    void UnmarkEntry(u32 tag, u32 entry);
+    void UnmarkIfLast(u32 tag, RecordKey key);
 
     RecordListener* m_listener = nullptr;
     std::map<u32, Table> m_tables;

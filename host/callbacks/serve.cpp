@@ -1,0 +1,33 @@
+#include "host/callbacks/serve.h"
+
+#include <algorithm>
+
+namespace standin {
+
+bool Admit(HostCall call, u32 version, bool anyVersion) noexcept {
+    Application& app = App();
+    app.calls.Count(call);
+    const auto& change = app.faults.switchDocument;
+    if (change && change->beforeCall == app.calls.Total()) {
+        app.SetCurrentDocument(change->document);
+    }
+    if (Refuses(app.faults, app.calls, call)) {
+        ++app.calls.refusedByPlan;
+        return false;
+    }
+    const bool isKnown =
+        anyVersion ? version != 0 && version <= kInterfaceVersion : version == kInterfaceVersion;
+    return isKnown || RefuseByRule(app, false);
+}
+
+bool CopyText(const std::u16string& text, char16* buffer, u32 units) noexcept {
+    if (buffer == nullptr || units == 0) {
+        return false;
+    }
+    const std::size_t length = std::min<std::size_t>(text.size(), units - 1);
+    std::copy_n(text.begin(), length, buffer);
+    buffer[length] = 0;
+    return true;
+}
+
+}  // namespace standin

@@ -1,0 +1,47 @@
+// The frame of every callback: count the call, refuse it when the interface or the fault plan
+// says so, and let no exception out.
+#pragma once
+
+#include "host/score/application.h"
+#include "shell/host/host_types.h"
+
+namespace standin {
+
+// Whether the counted call may go on. anyVersion: the version is that of a record class, which
+// is none of ours but 0 and none newer than the host.
+bool Admit(HostCall call, u32 version, bool anyVersion) noexcept;
+
+template <typename Result, typename Body>
+Result Serve(HostCall call, u32 version, Result refused, Body body,
+             bool anyVersion = false) noexcept {
+    if (!Admit(call, version, anyVersion)) {
+        return refused;
+    }
+    try {
+        return body(App());
+    } catch (...) {  // out of memory: the call fails as if refused
+        return refused;
+    }
+}
+
+// For a call that the interface does not allow: counted, so that a test can tell it from one
+// that merely found nothing.
+template <typename Result>
+Result RefuseByRule(Application& app, Result refused) noexcept {
+    ++app.calls.refusedByRule;
+    return refused;
+}
+
+// Calls that make no sense without a document.
+template <typename Result, typename Body>
+Result ServeDocument(HostCall call, u32 version, Result refused, Body body) noexcept {
+    return Serve(call, version, refused, [&](Application& app) -> Result {
+        Document* document = app.CurrentDocument();
+        return document == nullptr ? RefuseByRule(app, refused) : body(app, *document);
+    });
+}
+
+// Copies as much as fits and ends it with a 0. False when there is no room at all.
+bool CopyText(const std::u16string& text, char16* buffer, u32 units) noexcept;
+
+}  // namespace standin
