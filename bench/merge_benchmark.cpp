@@ -1,0 +1,64 @@
+// The cost of a merge by the size of the score: time an entry, host calls a staff measure of
+// each kind, memory at its peak. All layers go into the first one, which makes a chord of every
+// pair of notes.
+#include <benchmark/benchmark.h>
+#include <fstream>
+#include <string>
+
+#include "bench/eighth_note_score.h"
+#include "host/cli/merge_run.h"
+#include "host/score/application.h"
+
+namespace {
+
+// The most memory that the process held since the last call, in MiB.
+double PeakMemory() {
+    std::ifstream status{"/proc/self/status"};
+    double kibibytes = 0;
+    for (std::string line; std::getline(status, line);) {
+        if (line.starts_with("VmHWM:")) {
+            kibibytes = std::stod(line.substr(6));
+        }
+    }
+    std::ofstream{"/proc/self/clear_refs"} << "5";
+    return kibibytes / 1024;
+}
+
+void Merge(benchmark::State& state) {
+    standin::Application& app = standin::App();
+    app.Reset();
+    PeakMemory();
+    const auto measures = static_cast<int>(state.range(0));
+    standin::Document& document = app.OpenDocument(u"benchmark");
+    bench::AddEighthNotes(document, measures);
+    const EREGION whole = document.WholeRegion();
+    for (auto _ : state) {
+        app.ResetCounts();
+        const standin::cli::MergeRun run = standin::cli::RunMerge(document, whole, {});
+        state.PauseTiming();
+        if (!run.problem.empty() || document.ChangedMeasures().size() != std::size_t(measures)) {
+            state.SkipWithError("the merge failed");
+            break;
+        }
+        document.Undo();
+        state.ResumeTiming();
+    }
+    const double staffMeasures = measures;
+    const double entries = staffMeasures * bench::kLayers * bench::kEntriesPerLayer;
+    state.counters["entry"] = benchmark::Counter(
+        entries, benchmark::Counter::kIsIterationInvariantRate | benchmark::Counter::kInvert);
+    state.counters["peak_MiB"] = PeakMemory();
+    for (std::size_t i = 0; i < standin::kHostCallCount; ++i) {
+        const auto call = static_cast<standin::HostCall>(i);
+        if (app.calls.Of(call) > 0) {
+            state.counters[standin::NameOf(call)] =
+                static_cast<double>(app.calls.Of(call)) / staffMeasures;
+        }
+    }
+}
+
+BENCHMARK(Merge)->RangeMultiplier(10)->Range(10, 10'000)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();
