@@ -1,0 +1,308 @@
+#include "tests/unit/support/notation.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "host/score/tags.h"
+
+namespace standin {
+namespace {
+
+struct Value {
+    char letter;
+    i16 duration;
+};
+
+constexpr Value kValues[] = {{'b', 8192}, {'w', 4096}, {'h', 2048}, {'q', 1024},
+                             {'e', 512},  {'s', 256},  {'t', 128},  {'i', 64}};
+constexpr std::string_view kSteps = "cdefgab";
+
+i16 DurationOf(char letter) {
+    const auto* found =
+        std::find_if(std::begin(kValues), std::end(kValues),
+                     [letter](const Value& value) { return value.letter == letter; });
+    return found == std::end(kValues) ? i16{0} : found->duration;
+}
+
+std::string WrittenDuration(i32 duration) {
+    for (const Value& value : kValues) {
+        i32 dotted = value.duration;
+        std::string text{value.letter};
+        for (i32 dot = value.duration / 2; dotted < duration && dot > 0; dot /= 2) {
+            dotted += dot;
+            text += '.';
+        }
+        if (dotted == duration) {
+            return text;
+        }
+    }
+    return std::to_string(duration);
+}
+
+class Parser {
+public:
+    explicit Parser(std::string_view text) : m_rest{text} {}
+
+    WrittenLayer Run() {
+        while (m_layer.error.empty() && SkipBlanks()) {
+            Item();
+        }
+        return std::move(m_layer);
+    }
+
+private:
+    bool SkipBlanks() {
+        m_rest.remove_prefix(std::min(m_rest.find_first_not_of(' '), m_rest.size()));
+        return !m_rest.empty();
+    }
+
+    bool Take(std::string_view expected) {
+        const bool matches = m_rest.starts_with(expected);
+        m_rest.remove_prefix(matches ? expected.size() : 0);
+        return matches;
+    }
+
+    void Fail() {
+        if (m_layer.error.empty()) {
+            m_layer.error = "not understood: " + std::string{m_rest};
+        }
+    }
+
+    int Number() {
+        int number = 0;
+        const auto [end, error] =
+            std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), number);
+        if (error != std::errc{}) {
+            Fail();
+            return 0;
+        }
+        m_rest.remove_prefix(static_cast<std::size_t>(end - m_rest.data()));
+        return number;
+    }
+
+    void Item() {
+        if (Take("v2{")) {
+            if (m_layer.entries.empty()) {
+                Fail();
+                return;
+            }
+            m_layer.entries.back().flags |= EntryFlag::kLaunchVoice2;
+            m_voice = EntryFlag::kVoice2;
+        } else if (Take("}")) {
+            m_voice = 0;
+        } else if (Take("(")) {
+            BeginTuplet();
+        } else if (!Take(")")) {
+            Entry();
+        }
+    }
+
+    void BeginTuplet() {
+        WrittenTuplet written{m_layer.entries.size(), {}};
+        written.tuplet.symbolicCount = static_cast<i16>(Number());
+        if (!Take(":")) {
+            Fail();
+            return;
+        }
+        written.tuplet.referenceCount = static_cast<i16>(Number());
+        if (!m_rest.empty() && DurationOf(m_rest.front()) != 0) {
+            SetUnit(written.tuplet, DurationOf(m_rest.front()));
+            m_rest.remove_prefix(1);
+        }
+        m_layer.tuplets.push_back(written);
+    }
+
+    static void SetUnit(EDTTuplet2005& tuplet, i16 duration) {
+        tuplet.symbolicUnitDuration = duration;
+        tuplet.referenceUnitDuration = duration;
+    }
+
+    void Entry() {
+        EXENTRY entry{};
+        entry.flags = m_voice | (Take("g") ? EntryFlag::kGrace : 0);
+        const std::size_t colon = m_rest.find(':');
+        i32 duration = m_rest.empty() ? 0 : DurationOf(m_rest.front());
+        if (duration == 0 || colon == std::string_view::npos ||
+            m_rest.substr(1, colon - 1).find_first_not_of('.') != std::string_view::npos) {
+            Fail();
+            return;
+        }
+        for (i32 dot = duration / 2; m_rest[1] == '.'; dot /= 2) {
+            duration += dot;
+            m_rest.remove_prefix(1);
+        }
+        m_rest.remove_prefix(2);
+        entry.duration = static_cast<i16>(duration);
+        Content(entry);
+        for (WrittenTuplet& written : m_layer.tuplets) {
+            if (written.entry == m_layer.entries.size() &&
+                written.tuplet.symbolicUnitDuration == 0) {
+                SetUnit(written.tuplet, entry.duration);
+            }
+        }
+        m_layer.entries.push_back(entry);
+    }
+
+    void Content(EXENTRY& entry) {
+        if (Take("r")) {
+            return;
+        }
+        if (Take("x")) {
+            entry.flags |= EntryFlag::kIgnore;
+            return;
+        }
+        entry.flags |= EntryFlag::kNote;
+        do {
+            Note(entry);
+        } while (m_layer.error.empty() && Take(","));
+        if (Take("!")) {
+            entry.flags |= EntryFlag::kIgnore;
+        }
+    }
+
+    void Note(EXENTRY& entry) {
+        if (entry.noteCount == kMaxNotesPerEntry) {
+            Fail();
+            return;
+        }
+        EXNOTE& note = entry.notes[entry.noteCount++];
+        note.noteID = static_cast<u16>(entry.noteCount);
+        note.flags = Take("~") ? NoteFlag::kTieEnd : 0;
+        const std::size_t step = m_rest.empty() ? kSteps.npos : kSteps.find(m_rest.front());
+        if (step == kSteps.npos) {
+            Fail();
+            return;
+        }
+        m_rest.remove_prefix(1);
+        int alteration = 0;
+        while (Take("#")) {
+            ++alteration;
+        }
+        while (Take("b")) {
+            --alteration;
+        }
+        const int steps = (Number() - 4) * 7 + static_cast<int>(step);
+        note.pitch =
+            static_cast<u16>(static_cast<unsigned>(steps) << 4U | (alteration < 0 ? 8U : 0U) |
+                             static_cast<unsigned>(std::abs(alteration)));
+        note.flags |= Take("~") ? NoteFlag::kTieStart : 0;
+    }
+
+    std::string_view m_rest;
+    WrittenLayer m_layer;
+    u32 m_voice = 0;
+};
+
+class Printer {
+public:
+    explicit Printer(const RecordStore& records) : m_records{records} {}
+
+    std::string Run(const std::vector<EXENTRY>& entries) {
+        for (const EXENTRY& entry : entries) {
+            SwitchVoice(entry.flags & EntryFlag::kVoice2);
+            OpenTuplets(entry);
+            Word(Written(entry));
+            if ((entry.flags & EntryFlag::kGrace) == 0) {
+                Fill(entry.duration);
+            }
+        }
+        SwitchVoice(0);
+        return m_text;
+    }
+
+private:
+    struct Open {
+        double symbolic;
+        double reference;
+        double filled = 0;
+    };
+
+    void Word(const std::string& word) {
+        m_text += m_text.empty() || m_text.back() == '{' ? word : ' ' + word;
+    }
+
+    void SwitchVoice(u32 voice) {
+        if (voice == m_voice) {
+            return;
+        }
+        m_voice = voice;
+        m_open.swap(m_otherVoice);
+        if (voice != 0) {
+            Word("v2{");
+        } else {
+            m_text += '}';
+        }
+    }
+
+    void OpenTuplets(const EXENTRY& entry) {
+        m_records.ForEachDetail(entry.entryNumber, [&](u32 tag, RecordKey, const Bytes& bytes) {
+            if (tag != Tag::kTuplet) {
+                return;
+            }
+            const auto tuplet = FromBytes<EDTTuplet2005>(bytes);
+            std::string word = '(' + std::to_string(tuplet.symbolicCount) + ':' +
+                               std::to_string(tuplet.referenceCount);
+            if (tuplet.symbolicUnitDuration != entry.duration) {
+                word += WrittenDuration(tuplet.symbolicUnitDuration);
+            }
+            Word(word);
+            m_open.push_back({1.0 * tuplet.symbolicCount * tuplet.symbolicUnitDuration,
+                              1.0 * tuplet.referenceCount * tuplet.referenceUnitDuration});
+        });
+    }
+
+    void Fill(double written) {
+        while (!m_open.empty()) {
+            Open& innermost = m_open.back();
+            innermost.filled += written;
+            if (innermost.filled < innermost.symbolic - 0.001) {
+                return;
+            }
+            written = innermost.filled * innermost.reference / innermost.symbolic;
+            m_text += ')';
+            m_open.pop_back();
+        }
+    }
+
+    static std::string Written(const EXENTRY& entry) {
+        std::string text = (entry.flags & EntryFlag::kGrace) != 0 ? "g" : "";
+        text += WrittenDuration(entry.duration) + ':';
+        const bool isHidden = (entry.flags & EntryFlag::kIgnore) != 0;
+        if ((entry.flags & EntryFlag::kNote) == 0) {
+            return text + (isHidden ? 'x' : 'r');
+        }
+        for (i16 i = 0; i < entry.noteCount; ++i) {
+            text += (i > 0 ? "," : "") + Written(entry.notes[i]);
+        }
+        return isHidden ? text + '!' : text;
+    }
+
+    static std::string Written(const EXNOTE& note) {
+        const int steps = static_cast<i16>(note.pitch) >> 4;
+        const int octave = 4 + (steps >= 0 ? steps / 7 : (steps - 6) / 7);
+        std::string text = (note.flags & NoteFlag::kTieEnd) != 0 ? "~" : "";
+        text += kSteps[static_cast<std::size_t>(steps - (octave - 4) * 7)];
+        text.append(note.pitch & 7U, (note.pitch & 8U) != 0 ? 'b' : '#');
+        text += std::to_string(octave);
+        return (note.flags & NoteFlag::kTieStart) != 0 ? text + '~' : text;
+    }
+
+    const RecordStore& m_records;
+    std::string m_text;
+    u32 m_voice = 0;
+    std::vector<Open> m_open;  // tuplets of the present voice, the innermost last
+    std::vector<Open> m_otherVoice;
+};
+
+}  // namespace
+
+WrittenLayer ParseLayer(std::string_view notation) {
+    return Parser{notation}.Run();
+}
+
+std::string PrintLayer(const Document& document, FrameKey key) {
+    const Frame* frame = document.FindFrame(key);
+    return frame == nullptr ? std::string{} : Printer{document.Records()}.Run(frame->entries);
+}
+
+}  // namespace standin
