@@ -60,12 +60,18 @@ void FinPIDialog::PlaceWindow(WindowHandle window, u64 eventWord, i64 eventLong)
     }
 }
 
-void FinPIDialog::SaveWindowPosition(WindowHandle window, u64 eventWord, i64 eventLong) {
+bool FinPIDialog::RememberWindowPlace(WindowHandle window) {
     const std::optional<platform::Rectangle> rectangle = platform::WindowRectangle(window);
-    if (!rectangle) {
+    if (rectangle) {
+        SetPlace(static_cast<i16>(rectangle->left), static_cast<i16>(rectangle->top));
+    }
+    return rectangle.has_value();
+}
+
+void FinPIDialog::SaveWindowPosition(WindowHandle window, u64 eventWord, i64 eventLong) {
+    if (!RememberWindowPlace(window)) {
         return;
     }
-    SetPlace(static_cast<i16>(rectangle->left), static_cast<i16>(rectangle->top));
     const WindowPositionRecord record{m_left, m_top, {}};
     const u16 keyOffset = GetPositionKeyOffset(window, eventWord, eventLong);
     ZKFX_PutSettings(kSettingName, PositionNumber(keyOffset), &record, sizeof(record),

@@ -1,0 +1,118 @@
+// What the user does in the Save Settings dialog before OK: the list and the controls that
+// show its selected entry.
+#include "Class Files/FinPI.h"
+#include "Class Files/settings/FinPISaveSettingsDlg.h"
+#include "Class Files/settings/SaveSettingsControls.h"
+#include "Class Files/settings/SavedSettings.h"
+#include "shell/host/callbacks.h"
+
+namespace Control = SaveSettingsControl;
+
+namespace {
+
+constexpr std::size_t kComparedUnits = 128;
+
+// The names that a list shows are as long as the field's text may be; records keep less.
+bool SameName(const std::u16string& left, const std::u16string& right) {
+    return left.compare(0, kComparedUnits, right, 0, kComparedUnits) == 0;
+}
+
+}  // namespace
+
+void FinPISaveSettingsDlg::UpdateButtons() {
+    const SavedSettingList list = List();
+    SavedSettingItem item{0};
+    std::u16string name;
+    if (list.Count() > 0) {
+        m_currentPosition = list.Selected();
+        item = list.Item(m_currentPosition);
+        name = list.Name(m_currentPosition);
+    }
+    const SavedSettingPtr* stored = StoredSetting(item);
+    const bool deletable =
+        stored != nullptr && stored->Header().identifier != m_owner->SavedSettingIdentifier();
+    Host::EnableDlgItem(m_window, Control::kDelete, static_cast<i16>(deletable ? 1 : 0));
+    const bool hasRoom = list.Count() < SavedSettings::kMostPerCommand;
+    Host::EnableDlgItem(m_window, Control::kAdd, static_cast<i16>(hasRoom ? 1 : 0));
+    m_skipBox.SetValue(item.SkipsDialog() ? 1 : 0);
+    m_nameField.SetText(name.c_str());
+}
+
+void FinPISaveSettingsDlg::CommitEditedName(i16 chosen) {
+    SavedSettingList list = List();
+    const i16 current = m_currentPosition;
+    const SavedSettingItem item{list.Item(current).StoredNumber(), m_skipBox.GetValue() != 0};
+    const std::u16string edited = NameField();
+    if (edited.empty() || SameName(edited, list.Name(current))) {
+        list.SetItem(current, item);
+        UpdateButtons();
+        return;
+    }
+    list.Remove(current);
+    const i16 inserted = list.InsertSorted(edited, item, true);
+    if (chosen == current) {
+        chosen = inserted;
+    } else {
+        if (chosen > current) {
+            --chosen;
+        }
+        if (chosen >= inserted) {
+            ++chosen;
+        }
+    }
+    list.Select(chosen);
+    UpdateButtons();
+}
+
+void FinPISaveSettingsDlg::AddNewItem(bool commitFirst) {
+    if (commitFirst && List().Count() > 0) {
+        CommitEditedName(m_currentPosition);
+    }
+    const SavedSettingItem item{0, m_skipBox.GetValue() != 0};
+    SavedSettingList list = List();
+    i16 position = 0;
+    while (position == 0) {
+        position = list.InsertSorted(DefaultSettingName(m_nextDefaultNumber++), item, false);
+    }
+    list.Select(position);
+    UpdateButtons();
+}
+
+i16 FinPISaveSettingsDlg::HandleCommand(WindowHandle window, u16 control, u8* final) {
+    switch (control) {
+        case Control::kOk:
+            Accept(final);
+            return 1;
+        case Control::kCancel:
+            *final = 1;
+            CloseDialog(window);
+            return 1;
+        case Control::kList:
+            if (const i16 selected = List().Selected(); selected != m_currentPosition) {
+                CommitEditedName(selected);
+            }
+            return 1;
+        case Control::kName:
+            return 1;
+        case Control::kAdd:
+            AddNewItem(true);
+            return 1;
+        case Control::kDelete:
+            List().RemoveSelected();
+            UpdateButtons();
+            return 1;
+        case Control::kDeleteAll:
+            List().Clear();
+            UpdateButtons();
+            Accept(final);
+            return 1;
+        case Control::kSkipDialog:
+            m_skipBox.Toggle();
+            return 1;
+        case Control::kUseSubmenu:
+            m_submenuBox.Toggle();
+            return 1;
+        default:
+            return 0;
+    }
+}

@@ -1,0 +1,128 @@
+// What OK in the Save Settings dialog does, and how a command dialog opens it.
+#include <algorithm>
+#include <vector>
+
+#include "Class Files/FinPI.h"
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/interface/FinPIAlert.h"
+#include "Class Files/settings/FinPISaveSettingsDlg.h"
+#include "Class Files/settings/FinPIUtil.h"
+#include "Class Files/settings/SavedSettings.h"
+
+namespace {
+
+constexpr u32 kStaleMenuQuestion = 20003;
+
+}  // namespace
+
+void FinPISaveSettingsDlg::Accept(u8* final) {
+    if (List().Count() > 0) {
+        // The entry takes the edited name, made unique, and its place in the order of names.
+        CommitEditedName(m_currentPosition);
+    }
+    if (!CommitSavedSettings()) {
+        return;
+    }
+    m_accepted = 1;
+    *final = 1;
+    CloseDialog(m_window);
+}
+
+bool FinPISaveSettingsDlg::ConfirmStaleMenu() {
+    if (g_savedSettingsChanged != 0 ||
+        ShowAlert(m_owner, m_window, AlertType::kYesNo, kStaleMenuQuestion) == AlertAnswer::kYes) {
+        return true;
+    }
+    // Anything but Yes is not to be remembered.
+    ZKFX_DeleteSettings(FinPIAlert::kSettingName, static_cast<i16>(kStaleMenuQuestion),
+                        FinPIAlert::kStoredUnder);
+    return false;
+}
+
+bool FinPISaveSettingsDlg::CommitSavedSettings() {
+    if (!ConfirmStaleMenu()) {
+        return false;
+    }
+    for (SavedSettingPtr& setting : m_storedSettings) {
+        setting.written = false;
+    }
+    const i16 count = List().Count();
+    const i16 selected = List().Selected();
+    for (i16 position = 1; position <= count; ++position) {
+        WriteEntry(position, selected);
+    }
+    if (g_pendingError != nullptr && g_pendingError->m_msgID != 0) {
+        ReportPendingError();
+        return false;
+    }
+    ForgetDeletedSettings(count);
+    g_savedSettingsChanged = 1;
+    return true;
+}
+
+SavedSettingPtr FinPISaveSettingsDlg::NewSetting() const {
+    const u32 size = m_owner->GetSettingsSize();
+    SavedSettingPtr setting{size};
+    setting.Header().commandItem = m_owner->CommandItem();
+    std::copy_n(static_cast<const u8*>(m_owner->GetSettings()), size,
+                static_cast<u8*>(setting.Settings()));
+    return setting;
+}
+
+void FinPISaveSettingsDlg::WriteEntry(i16 position, i16 selected) {
+    const SavedSettingItem item = List().Item(position);
+    SavedSettingPtr* stored = StoredSetting(item);
+    SavedSettingPtr added = NewSetting();
+    SavedSettingPtr& setting = stored != nullptr ? *stored : added;
+    SavedSettingHeader& header = setting.Header();
+    setting.SetName(List().Name(position));
+    header.skipDialog = item.SkipsDialog() ? 1 : 0;
+    if (position == 1) {
+        const auto others = static_cast<u16>(header.flags & ~SavedSettingFlag::kUseSubmenu);
+        header.flags = m_submenuBox.GetValue() != 0
+                           ? static_cast<u16>(others | SavedSettingFlag::kUseSubmenu)
+                           : others;
+    }
+    GiveIdentifier(header);
+    if (stored == nullptr) {
+        m_owner->OnSavedSettingAdded(header.identifier);
+    }
+    setting.PutToFile(SavedSettings::StoredNumber(CommandID(), position));
+    setting.written = true;
+    if (position == selected) {
+        m_selectedNumber = position;
+        m_selectedIdentifier = header.identifier;
+    }
+}
+
+void FinPISaveSettingsDlg::ForgetDeletedSettings(i16 count) {
+    for (i16 number = static_cast<i16>(count + 1); number <= m_loadedCount; ++number) {
+        ZKFX_DeleteSettings(SavedSettings::kName, SavedSettings::StoredNumber(CommandID(), number),
+                            SavedSettings::kOwner);
+    }
+    for (const SavedSettingPtr& setting : m_storedSettings) {
+        if (!setting.written) {
+            m_owner->ForgetWindowPlace(setting.Header().identifier);
+        }
+    }
+}
+
+void FinPIDialog::RunSaveSettingsDialog(WindowHandle window) {
+    // The dialog's values go into the saved setting alone, not into the command's own record.
+    auto* settings = static_cast<u8*>(m_owner->GetSettings());
+    const std::vector<u8> kept(settings, settings + m_owner->GetSettingsSize());
+    if (!kept.empty()) {
+        CopyDialogToConfigData(window);
+    }
+    FinPISaveSettingsDlg dialog{m_owner, m_positionKey};
+    RememberWindowPlace(window);
+    if (dialog.LoadWindowPosition(0) == 0) {
+        dialog.SetPlace(static_cast<i16>(m_left + 10), static_cast<i16>(m_top + 30));
+    }
+    constexpr u16 kModal = 1;
+    dialog.ShowDialogWindow(window, kModal);
+    if (dialog.WasAccepted()) {
+        m_owner->UseSavedSetting(dialog.SelectedNumber(), dialog.SelectedIdentifier());
+    }
+    std::copy(kept.begin(), kept.end(), settings);
+}

@@ -1,0 +1,98 @@
+#include "Class Files/settings/SavedSettings.h"
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "Class Files/settings/FinPIUtil.h"
+#include "Class Files/settings/GetRegValue.h"
+#include "Class Files/settings/SavedSettingPtr.h"
+#include "platform/registry.h"
+
+u16 g_savedSettingsChanged = 0;
+
+namespace {
+
+constexpr char kBaseKey[] = "Software\\ZKW\\Finale Plugin Prefs";
+constexpr char kOldOwner[] = "Einstellungen speichern";
+constexpr std::size_t kNameUnits = 128;
+
+bool g_movedFromOldOwner = false;
+
+// False: there is no such value.
+bool CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number) {
+    const std::string name = SavedSettings::kName + std::to_string(number);
+    platform::ValueType type{};
+    u32 size = 0;
+    if (GetRegValue(oldKey, name, &type, nullptr, &size) != platform::RegistryResult::kSuccess) {
+        return false;
+    }
+    std::vector<u8> record(size);
+    if (GetRegValue(oldKey, name, &type, record.data(), &size) !=
+        platform::RegistryResult::kSuccess) {
+        return false;
+    }
+    ZKFX_PutSettings(SavedSettings::kName, number, record.data(), size, SavedSettings::kOwner);
+    return true;
+}
+
+void Give(u16* output, u16 value) {
+    if (output != nullptr) {
+        *output = value;
+    }
+}
+
+}  // namespace
+
+void SavedSettings::MoveFromOldOwner(u16 commandID) {
+    platform::RegistryKey oldKey = platform::RegistryKey::Open(
+        std::string{kBaseKey} + '\\' + kOldOwner, platform::KeyAccess::kRead);
+    if (!oldKey) {
+        return;
+    }
+    CopyFromOldOwner(oldKey, StoredNumber(commandID, 0));
+    i16 number = 1;
+    while (number <= kMostPerCommand && CopyFromOldOwner(oldKey, StoredNumber(commandID, number))) {
+        ++number;
+    }
+    oldKey.Close();
+    if (auto base = platform::RegistryKey::Open(kBaseKey, platform::KeyAccess::kAll)) {
+        base.DeleteSubkey(kOldOwner);
+    }
+}
+
+i16 ReadSavedSetting(u16 commandID, i16 number, char16* name, u16* commandItem, u16* skipDialog,
+                     u16* identifier, u16* useSubmenu) {
+    if (!g_movedFromOldOwner) {
+        g_movedFromOldOwner = true;
+        SavedSettings::MoveFromOldOwner(commandID);
+    }
+    if (number < 1 || number > SavedSettings::kMostPerCommand) {
+        return 0;
+    }
+    SavedSettingPtr setting{0};
+    if (setting.GetFromFile(SavedSettings::StoredNumber(commandID, number)) == 0) {
+        return 0;
+    }
+    if (name != nullptr) {
+        const std::u16string text = setting.Name().substr(0, kNameUnits);
+        std::fill(std::copy(text.begin(), text.end(), name), name + kNameUnits, u'\0');
+    }
+    const SavedSettingHeader& header = setting.Header();
+    Give(commandItem, header.commandItem);
+    Give(skipDialog, header.skipDialog);
+    Give(identifier, header.identifier);
+    Give(useSubmenu, static_cast<u16>(header.flags & SavedSettingFlag::kUseSubmenu));
+    return 1;
+}
+
+u32 ReadSavedSettingRecord(u16 commandID, i16 number, void* settings, u32 size) {
+    SavedSettingPtr setting{size};
+    const i32 found = setting.GetFromFile(SavedSettings::StoredNumber(commandID, number));
+    const auto headerSize = static_cast<i32>(sizeof(SavedSettingHeader));
+    if (found <= headerSize) {
+        return 0;
+    }
+    std::copy_n(static_cast<const u8*>(setting.Settings()), size, static_cast<u8*>(settings));
+    return std::min(static_cast<u32>(found - headerSize), size);
+}

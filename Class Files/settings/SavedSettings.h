@@ -1,0 +1,36 @@
+// The saved settings of a command: numbered from 1 without gaps, each an item of the host's
+// plug-in menu from the next start of the host on.
+#pragma once
+
+#include "shell/host/host_types.h"
+
+namespace SavedSettings {
+
+// Where the settings store keeps them: one owner for every command, told apart by the command
+// id that is added to the number.
+inline constexpr char kOwner[] = "Save Settings";
+inline constexpr char kName[] = "ZKSC";
+
+inline constexpr i16 kMostPerCommand = 99;
+
+// The number in the store.
+constexpr i16 StoredNumber(u16 commandID, i16 number) noexcept {
+    return static_cast<i16>(commandID + number);
+}
+
+// Moves what older versions kept under another owner; that owner's key goes.
+void MoveFromOldOwner(u16 commandID);
+
+}  // namespace SavedSettings
+
+// Set once the user has changed saved settings: the host's menu is then out of date until the
+// host starts anew.
+extern u16 g_savedSettingsChanged;
+
+// 1 = saved setting number of the command exists. name: 128 UTF-16 units, zero-filled; it and
+// each other output may be null.
+i16 ReadSavedSetting(u16 commandID, i16 number, char16* name, u16* commandItem, u16* skipDialog,
+                     u16* identifier, u16* useSubmenu);
+
+// The settings part of a saved setting: the bytes read, at most size; 0 = there is none.
+u32 ReadSavedSettingRecord(u16 commandID, i16 number, void* settings, u32 size);
