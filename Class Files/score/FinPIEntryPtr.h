@@ -108,6 +108,7 @@ private:
     bool IsAttachedHere(const FinPIScoreExpr& expression, bool launchTest, bool layerTest) const;
     bool CheckDocumentIsCurrent(const char* operation) const;
     i16 AskStemDirection() const;
+    i16 BeamStemDirection() const;
 
     i16 m_index = -1;
     i32 m_scaledPosition = 0;

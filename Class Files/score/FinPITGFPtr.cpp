@@ -7,6 +7,7 @@
 #include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/FinPIStaff.h"
 #include "Class Files/score/NormalizeFrame.h"
 #include "shell/host/callbacks.h"
 
@@ -273,4 +274,13 @@ FinPITGFPtr FinPITGFPtr::NextFrame() const {
 
 FinPITGFPtr FinPITGFPtr::PreviousFrame() const {
     return Measure() < 2 ? FinPITGFPtr{} : NeighbourFrame(static_cast<i16>(Measure() - 1));
+}
+
+FinPIStaff FinPITGFPtr::Staff(u16 staff, u32 position) const {
+    if (m_frame == nullptr) {
+        PostError(FinPIAppError{"FinPITGFPtr::Staff", "TGF is null."});
+        return FinPIStaff{1};
+    }
+    const DocumentScope scope{m_document};
+    return FinPIStaff{staff, static_cast<i16>(Measure()), position};
 }

@@ -17,4 +17,15 @@ inline constexpr u32 kSecondaryBeamBreak = 0x00000400;
 inline constexpr u32 kStemOrBeamMods = 0x00000080;
 inline constexpr u32 kCrossStaff = 0x00000040;
 inline constexpr u32 kSmartShape = 0x00000020;
+
+// Those that stand for stored records; a flag of another kind is the whole detail.
+inline constexpr u32 kStored = kNoteMods | kArticulation | kLyric | kTuplet | kBeamExtension |
+                               kTieOrDotMods | kSecondaryBeamBreak | kStemOrBeamMods |
+                               kCrossStaff | kSmartShape;
+
+// Flags that are the whole detail, and say nothing of a record.
+inline constexpr u32 kFrozenStem = 0x00000100;
+inline constexpr u32 kFrozenStemUp = 0x00000101;
+inline constexpr u32 kFlagDetail1 = 0x00000010;
+inline constexpr u32 kFlagDetail2 = 0x00000008;
 }  // namespace DetailFlag

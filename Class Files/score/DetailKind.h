@@ -1,0 +1,36 @@
+// The kinds of entry details that a set of kinds selects, a bit each.
+#pragma once
+
+#include "shell/host/host_types.h"
+
+namespace DetailKind {
+inline constexpr u32 kTuplet = 1U << 0U;
+inline constexpr u32 kArticulation = 1U << 1U;
+inline constexpr u32 kLyric = 1U << 3U;
+inline constexpr u32 kPrimaryBeamBreak = 1U << 4U;
+inline constexpr u32 kCrossStaff = 1U << 5U;
+inline constexpr u32 kBeamAlt = 1U << 6U;
+inline constexpr u32 kSecondaryBeamBreak = 1U << 8U;
+inline constexpr u32 kBeamExtension = 1U << 9U;
+inline constexpr u32 kStemAlt = 1U << 10U;
+inline constexpr u32 kSecondStemAlt = 1U << 11U;
+inline constexpr u32 kCustomStem = 1U << 12U;
+inline constexpr u32 kBeamStubDirection = 1U << 13U;
+inline constexpr u32 kFrozenStem = 1U << 14U;
+inline constexpr u32 kFlagDetails = 1U << 15U;
+inline constexpr u32 kEntryField6 = 1U << 16U;  // the entry record's field at offset 6
+inline constexpr u32 kAccidentalMods = 1U << 17U;
+inline constexpr u32 kNoteheadMods = 1U << 18U;
+inline constexpr u32 kSmartShape = 1U << 19U;
+inline constexpr u32 kTieStart = 1U << 20U;
+inline constexpr u32 kTieEnd = 1U << 21U;
+inline constexpr u32 kDotAlts = 1U << 23U;
+inline constexpr u32 kLyricSmartShape = 1U << 24U;  // counts with kLyric only
+inline constexpr u32 kDuration = 1U << 26U;
+inline constexpr u32 kPercNoteCode = 1U << 28U;
+inline constexpr u32 kNoteAlts = 1U << 29U;
+
+// No kind: what belongs to a note goes to the note of the same pitch rather than of the same
+// place in the chord. (Bit 22, of the tie kinds, makes no difference.)
+inline constexpr u32 kMatchNotesByPitch = 1U << 27U;
+}  // namespace DetailKind

@@ -1,0 +1,82 @@
+#include "Class Files/score/FinPINoteDetail.h"
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <utility>
+
+#include "shell/host/host_records.h"
+
+namespace {
+
+i16 FindNote(std::span<const EXNOTE> notes, auto&& matches) {
+    const auto found = std::ranges::find_if(notes, matches);
+    return found == notes.end() ? i16{-1} : static_cast<i16>(found - notes.begin());
+}
+
+}  // namespace
+
+u16 FinPINoteDetail::RecordNoteID() const {
+    NoteDetailHead head;
+    std::memcpy(&head, GetData(), sizeof(head));
+    return head.noteID;
+}
+
+bool FinPINoteDetail::CanHaveDetail(const EXNOTE& note) const {
+    return m_noteFlag == 0 || (note.flags & m_noteFlag) != 0;
+}
+
+i16 FinPINoteDetail::IsSkipped() const {
+    return m_note >= 0 &&
+           RecordNoteID() != m_entry.Notes()[static_cast<std::size_t>(m_note)].noteID;
+}
+
+i16 FinPINoteDetail::CopyAttributes(const FinPIEntryDetail& source) {
+    if (FinPIEntryDetail::CopyAttributes(source) == 0 || m_note < 0) {
+        return 0;
+    }
+    const NoteDetailHead head{m_entry.Notes()[static_cast<std::size_t>(m_note)].noteID};
+    std::memcpy(MutableData(), &head, sizeof(head));
+    return 1;
+}
+
+std::span<const u8> FinPINoteDetail::Identity() const {
+    return FinPIEntryDetail::Identity().subspan(sizeof(NoteDetailHead));
+}
+
+i16 FinPINoteDetail::CopyNoteDetail(FinPINoteDetail& target, FinPINoteDetail& source,
+                                    bool matchByPitch, i16& anyCopied) {
+    if (source.HasNothing()) {
+        return 1;
+    }
+    const std::span<EXNOTE> sourceNotes = source.m_entry.Notes();
+    const std::span<EXNOTE> targetNotes = target.m_entry.Notes();
+    std::map<std::pair<i16, u32>, u32> timesSeen;
+    for (u16 number = 0; source.LoadRecord(number); ++number) {
+        const u16 noteID = source.RecordNoteID();
+        const i16 from = FindNote(sourceNotes, [&](const EXNOTE& note) {
+            return note.noteID == noteID && source.CanHaveDetail(note);
+        });
+        if (from < 0) {
+            continue;
+        }
+        const u16 pitch = sourceNotes[static_cast<std::size_t>(from)].pitch;
+        const i16 onto =
+            matchByPitch ? FindNote(targetNotes,
+                                    [&](const EXNOTE& note) {
+                                        return note.pitch == pitch && target.CanHaveDetail(note);
+                                    })
+                         : from;
+        if (onto < 0 || onto >= std::ssize(targetNotes) ||
+            !target.CanHaveDetail(targetNotes[static_cast<std::size_t>(onto)])) {
+            continue;
+        }
+        target.SelectNote(onto);
+        const u32 earlierEqual = timesSeen[{from, source.RecordKey()}]++;
+        if (target.CopyRecord(source, earlierEqual, "FinPINoteDetail::CopyNoteDetail", anyCopied) ==
+            0) {
+            return 0;
+        }
+    }
+    return 1;
+}
