@@ -30,4 +30,6 @@ struct ModuleState {
 inline constinit ModuleState g_module;
 
 // The host version that records and preferences are chosen by.
-inline u32 HostVersion() noexcept { return g_module.hostVersion; }
+inline u32 HostVersion() noexcept {
+    return g_module.hostVersion;
+}

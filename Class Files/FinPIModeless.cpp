@@ -1,0 +1,103 @@
+#include "Class Files/FinPIModeless.h"
+
+#include <memory>
+
+#include "Class Files/UndoableEdit.h"
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/score/FinPIMetricsCache.h"
+#include "shell/host/callbacks.h"
+#include "shell/module/ModuleState.h"
+
+namespace {
+
+constexpr i32 kUndoTextUnits = 256;
+
+// Sets a flag until the scope ends.
+class FlagScope {
+public:
+    explicit FlagScope(u16& flag) noexcept : m_flag{flag} { m_flag = 1; }
+    ~FlagScope() { m_flag = 0; }
+    FlagScope(const FlagScope&) = delete;
+    FlagScope& operator=(const FlagScope&) = delete;
+
+private:
+    u16& m_flag;
+};
+
+}  // namespace
+
+FinPIModeless::FinPIModeless(WindowHandle owner, u16 item, u16 commandID)
+    : FinPI{owner, item, commandID}, m_nextLive{g_module.firstLive} {
+    g_module.firstLive = this;
+}
+
+FinPIModeless::~FinPIModeless() {
+    FinPIModeless** link = &g_module.firstLive;
+    while (*link != nullptr && *link != this) {
+        link = &(*link)->m_nextLive;
+    }
+    if (*link == this) {
+        *link = m_nextLive;
+    }
+}
+
+i16 FinPIModeless::BringToFront() {
+    return 0;
+}
+
+i16 FinPIModeless::Start(const EREGION* selection, const EREGION* wholeDocument) {
+    std::unique_ptr<FinPIModeless> self{this};
+    m_stop = 0;
+    if (wholeDocument == nullptr || !Invoke(selection, *wholeDocument)) {
+        return 0;
+    }
+    LoadSettings();
+    if (CanSkipDialog() != 0 && SkipsDialog() != 0) {
+        RunModeless();
+    } else if (ShowDialog(selection, wholeDocument) != 0) {
+        // The dialog drives the object, and destroys it when it closes.
+        self.release();
+    }
+    return 0;
+}
+
+void FinPIModeless::RunModeless() {
+    if (m_stop != 0) {
+        return;
+    }
+    if (Host::GetCurrentEnigmaDocument() == 0) {
+        PostError(FinPINoOpenDocumentError{});
+        ReportPendingError();
+        return;
+    }
+    u64 result = 0;
+    EREGION selection{};
+    EREGION wholeDocument{};
+    const bool selected = Host::GetCurERegions(&result, &selection, &wholeDocument) != 0;
+    ChooseRegion(selected ? &selection : nullptr, wholeDocument);
+    FinPIMetricsCache::ClearAll();
+    if (ExecuteAsEdit(selected ? &selection : nullptr, wholeDocument)) {
+        Host::RedrawMusic(&m_region);
+    }
+    FinPIMetricsCache::ClearAll();
+    SaveSettings();
+    m_stop = 0;
+}
+
+bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& wholeDocument) {
+    char16 undoText[kUndoTextUnits];
+    GetUndoText(undoText, kUndoTextUnits, m_region);
+    UndoableEdit edit{undoText};
+    bool changed = false;
+    if (edit) {
+        const FlagScope running{m_running};
+        changed = Execute(selection, &wholeDocument) != 0;
+    } else {
+        PostError(FinPIAppError{"FinPIModeless::RunModeless", "Unable to start an edit."});
+    }
+    bool failed = m_stop != 0;
+    if (g_pendingError != nullptr && g_pendingError->m_msgID != 0) {
+        failed = ReportPendingError() != 0 || failed;
+    }
+    return !failed && edit.Keep() && changed;
+}

@@ -1,0 +1,75 @@
+#include "merge/EntryTools.h"
+
+#include <algorithm>
+
+#include "Class Files/foundation/FinPIException.h"
+
+namespace {
+
+// All that a chord is given leaves the entry it comes from; notes need no matching for that.
+constexpr u32 kDeletedDetails = 0x30F6FFFE;
+
+constexpr u32 kShapeOnEntry = HostTag("edEx");
+constexpr u32 kShapeOnLyric = HostTag("edLx");
+
+// What stays behind would hang on a rest: the run must not pass for a success. Dropped when the
+// operation that failed has told more.
+void PostStayedBehind() {
+    PostError(FinPIAppError{"Plyweld::MergeFrame", "Unable to move details."});
+}
+
+}  // namespace
+
+i16 FindCoincidentEntry(const FinPITGFPtr& frame, i32 position, i32 graceOffset, bool voice2) {
+    i16 otherVoice = -1;
+    const i16 count = frame.Count();
+    for (i16 i = 0; i < count; ++i) {
+        const FinPIEntryPtr entry = frame.EntryAt(i);
+        if (entry.ScaledPosition() != position ||
+            (graceOffset < kAnyGraceOffset && entry.GraceOffset() != graceOffset)) {
+            continue;
+        }
+        if (entry.IsVoice2() == voice2) {
+            return i;
+        }
+        if (otherVoice < 0) {
+            otherVoice = i;
+        }
+    }
+    return otherVoice;
+}
+
+void MakeRest(const FinPIEntryPtr& entry, i16 duration, bool hidden) {
+    if (!entry) {
+        return;
+    }
+    entry->flags |= EntryFlag::kMadeRest | EntryFlag::kNoNotes;
+    entry->flags &= ~EntryFlag::kNote;
+    entry->noteCount = 0;
+    std::fill(std::begin(entry->notes), std::end(entry->notes), EXNOTE{});
+    entry->duration = duration;
+    if (hidden) {
+        entry->flags |= EntryFlag::kIgnore;
+    }
+}
+
+bool MoveShapeEnds(const FinPIEntryPtr& source, const FinPIEntryPtr& target) {
+    if (target.MoveSmartShapeAssigns(source, kShapeOnEntry) != 0 &&
+        target.MoveSmartShapeAssigns(source, kShapeOnLyric) != 0) {
+        return true;
+    }
+    PostStayedBehind();
+    return false;
+}
+
+void MoveAttachments(const FinPIEntryPtr& source, const FinPIEntryPtr& target, u32 detailKinds) {
+    if (target.CopyDetailsFrom(detailKinds, source) == 0) {
+        PostStayedBehind();
+        return;
+    }
+    i16 anyDeleted = 0;
+    if (source.DeleteDetails(kDeletedDetails, anyDeleted) == 0) {
+        PostStayedBehind();
+    }
+    MoveShapeEnds(source, target);
+}

@@ -1,0 +1,118 @@
+// The merge of one layer into another, for one staff in one measure.
+#include <algorithm>
+#include <map>
+
+#include "merge/EntryTools.h"
+#include "merge/ExpressionReassignment.h"
+#include "merge/FramePair.h"
+#include "merge/Plyweld.h"
+#include "shell/host/callbacks.h"
+
+namespace {
+
+// From the index of a source entry to that of the destination entry it joins.
+using PairMap = std::map<i16, i16>;
+
+bool IsSelectedNote(const Selection& region, const FinPIEntryPtr& entry) {
+    return entry.IsNote() && entry.Document() == region.DocumentID() &&
+           region.ContainsTime(static_cast<i16>(entry.Measure()), entry.ScaledPosition());
+}
+
+// A pair that would not fit into one chord is left alone, so that no note is lost; so is a
+// grace entry that launches voice 2, which would have nothing to launch it.
+bool FormsChord(const FinPIEntryPtr& source, const FinPIEntryPtr& destination) {
+    return source.IsNote() && source->elapsedTime == destination->elapsedTime &&
+           source->actualDuration == destination->actualDuration &&
+           source->duration == destination->duration &&
+           source->noteCount + destination->noteCount <= kMaxNotesPerEntry &&
+           !(source.IsGrace() && source.HasFlag(EntryFlag::kLaunchVoice2));
+}
+
+// A source entry that two destination entries could take joins one: that of its own voice,
+// else the first.
+void Claim(PairMap& pairs, const FramePair& frames, i16 source, i16 destination) {
+    const auto [pair, isNew] = pairs.emplace(source, destination);
+    if (isNew) {
+        return;
+    }
+    const bool voice2 = frames.source.EntryAt(source).IsVoice2();
+    if (frames.destination.EntryAt(pair->second).IsVoice2() != voice2 &&
+        frames.destination.EntryAt(destination).IsVoice2() == voice2) {
+        pair->second = destination;
+    }
+}
+
+// Behind the chord's own notes; without IDs, which saving assigns afresh.
+void AppendNotes(EXENTRY& chord, const EXENTRY& source) {
+    for (i16 i = 0; i < source.noteCount; ++i) {
+        EXNOTE& note = chord.notes[chord.noteCount++];
+        note = source.notes[i];
+        note.noteID = 0;
+    }
+}
+
+PairMap PairCoincidingEntries(const FramePair& frames) {
+    PairMap pairs;
+    const i16 count = frames.destination.Count();
+    for (i16 i = 0; i < count; ++i) {
+        const FinPIEntryPtr destination = frames.destination.EntryAt(i);
+        if (!IsSelectedNote(frames.region, destination)) {
+            continue;
+        }
+        const i16 source = FindCoincidentEntry(frames.source, destination.ScaledPosition(),
+                                               destination.GraceOffset(), destination.IsVoice2());
+        if (source >= 0 && FormsChord(frames.source.EntryAt(source), destination)) {
+            Claim(pairs, frames, source, i);
+        }
+    }
+    for (const auto& [source, destination] : pairs) {
+        AppendNotes(*frames.destination.EntryAt(destination), *frames.source.EntryAt(source));
+    }
+    return pairs;
+}
+
+void MovePairedEntries(FramePair& frames, const PairMap& pairs) {
+    std::set<u32> graceRests;
+    for (const auto& [sourceIndex, destinationIndex] : pairs) {
+        const FinPIEntryPtr source = frames.source.EntryAt(sourceIndex);
+        const FinPIEntryPtr destination = frames.destination.EntryAt(destinationIndex);
+        if (!source || !destination) {
+            continue;
+        }
+        MoveAttachments(source, destination, kChordDetails);
+        frames.moved.insert(destination.Number());
+        MakeRest(source, source->duration, frames.hideRests);
+        if (source.IsGrace()) {
+            graceRests.insert(source.Number());
+        }
+    }
+    if (!pairs.empty()) {
+        frames.source.DeleteEntries(graceRests);
+    }
+}
+
+}  // namespace
+
+i16 Plyweld::MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destinationLayer) {
+    const auto frame = [&](u16 layer) {
+        return FinPITGFPtr{staff, static_cast<u16>(measure), layer};
+    };
+    FramePair frames{{m_region, Host::GetCurrentEnigmaDocument()}, frame(sourceLayer), {}};
+    if (frames.source && frames.source.Count() == 0) {
+        return 1;
+    }
+    frames.destination = frame(destinationLayer);
+    frames.staffSelected = frames.region.ContainsStaff(staff);
+    frames.hideRests = m_configData.hideAddedRests != 0;
+
+    const PairMap pairs = PairCoincidingEntries(frames);
+    if (frames.destination.ReloadTGF() == 0) {
+        return 0;
+    }
+    MovePairedEntries(frames, pairs);
+    if (frames.destination.ReloadTGF() == 0 || FillRestRuns(frames) == 0) {
+        return 0;
+    }
+    ReassignExpressions(frames, sourceLayer, destinationLayer);
+    return 1;
+}

@@ -1,0 +1,64 @@
+#include "merge/Plyweld.h"
+
+#include "Class Files/foundation/FinPIException.h"
+#include "platform/text.h"
+#include "shell/host/callbacks.h"
+
+namespace {
+
+constexpr u16 kSameLayerText = 22002;
+constexpr u16 kNoSelectionText = 22003;
+
+// By which errors name a frame.
+constexpr u32 kFrameTag = HostTag("aTGF");
+
+}  // namespace
+
+Plyweld::Plyweld(WindowHandle owner, u16 item, const std::string& title)
+    : FinPIModeless{owner, item, kCommandID},
+      m_name{platform::MultiByteToUtf16(title, platform::CodePage::kAnsi).value_or(u"")} {}
+
+bool Plyweld::MergesFrom(i16 layer) const {
+    const auto number = static_cast<u16>(layer);
+    return number != m_configData.destinationLayer &&
+           (m_configData.sourceLayer == kAllLayers || m_configData.sourceLayer == number);
+}
+
+i16 Plyweld::ProcessStaffMeasure(i16 /*slot*/, u16 staff, i16 measure, u16 /*staffSystem*/) {
+    const i16 layers = Host::GetMaxLayers();
+    for (i16 layer = 0; layer < layers; ++layer) {
+        if (!MergesFrom(layer) || MergeFrame(staff, measure, static_cast<u16>(layer),
+                                             m_configData.destinationLayer) != 0) {
+            continue;
+        }
+        // The merge of a frame may fail without telling why; the edit must not be kept.
+        PostRecordError<FinPISaveEDataFailed>("Plyweld::MergeFrame", kFrameTag);
+        return 0;
+    }
+    if (m_configData.rebeam != 0) {
+        RebeamWholeMeasures();
+    }
+    return 1;
+}
+
+void Plyweld::RebeamWholeMeasures() const {
+    EREGION region = m_region;
+    region.startPosition = 0;
+    region.endPosition = kEndOfMeasure;
+    Host::RebeamRegion(static_cast<const EREGION*>(&region), i16{0});
+}
+
+i16 Plyweld::Execute(const EREGION* /*selection*/, const EREGION* /*wholeDocument*/) {
+    if (m_configData.sourceLayer == m_configData.destinationLayer) {
+        Host::AlertMessage(m_owner, i16{0}, kSameLayerText, nullptr);
+        return 0;
+    }
+    u64 result = 0;
+    EREGION selection{};
+    EREGION wholeDocument{};
+    if (Host::GetCurERegions(&result, &selection, &wholeDocument) == 0) {
+        Host::AlertMessage(m_owner, i16{0}, kNoSelectionText, nullptr);
+        return 0;
+    }
+    return ProcessCurrentDocument();
+}

@@ -1,0 +1,49 @@
+// The plug-in's command: merges the music of one layer, or of all the others, into a
+// destination layer within the selected region.
+#pragma once
+
+#include <string>
+
+#include "Class Files/FinPIModeless.h"
+#include "merge/PlyweldConfigData.h"
+#include "merge/RestFill.h"
+
+struct FramePair;
+
+class Plyweld : public FinPIModeless {
+public:
+    // The one number of the command: its title string, its dialog, its stored options.
+    static constexpr u16 kCommandID = 22000;
+
+    // title: the command's title in the system's code page.
+    Plyweld(WindowHandle owner, u16 item, const std::string& title);
+
+    u32 GetSettingsSize() const override { return sizeof(PlyweldConfigData); }
+    void* GetSettings() override { return &m_configData; }
+    const char16* GetName() const override { return m_name.c_str(); }
+    // 12 = read from the store, 1 = the defaults.
+    i32 LoadSettings() override;
+    void SaveSettings() override;
+    // Prepares the destination layer when its music is to be replaced. Always 1.
+    i16 PrepareDocument() override;
+    i16 ProcessStaffMeasure(i16 slot, u16 staff, i16 measure, u16 staffSystem) override;
+    i16 Execute(const EREGION* selection, const EREGION* wholeDocument) override;
+    i16 CanSkipDialog() const override { return 1; }
+    i16 ProcessAllDocuments() const override { return 0; }
+
+private:
+    // One source layer into the destination, for one staff in one measure. 0 = a frame could
+    // not be saved, or another document became current; the run must not be kept then.
+    i16 MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destinationLayer);
+    // Source entries take the place of destination rests of exactly their time; ends with
+    // saving both frames. 0 as above.
+    i16 FillRestRuns(FramePair& frames);
+    // The first run of selected destination rests from an index on; the time missing behind
+    // the destination's entries counts as rests. 0 = none.
+    i16 FindRestRun(const FramePair& frames, i16 startIndex, RestRun& run) const;
+    bool MergesFrom(i16 layer) const;
+    void RebeamWholeMeasures() const;
+
+    std::u16string m_name;
+    PlyweldConfigData m_configData;
+};

@@ -1,0 +1,77 @@
+// "Replace In Target": the host's own command on the destination layer, before the merge.
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/score/FinPIDoc.h"
+#include "merge/Plyweld.h"
+#include "shell/host/callbacks.h"
+
+namespace {
+
+// The host's menu commands.
+constexpr u16 kToggleShowActiveLayerOnly = 10632;
+constexpr u16 kActivateFirstLayer = 10633;  // + n activates layer n
+constexpr u16 kReplaceInLayer = 16048;
+
+class CurrentDocument final : public FinPIDoc {};
+
+void ActivateLayer(i16 layer) {
+    Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
+}
+
+// Only with the option on is the layer that shows the active one.
+i16 ShownLayer() {
+    const i16 layers = Host::GetMaxLayers();
+    for (i16 layer = 0; layer < layers; ++layer) {
+        if (Host::GetShowLayer(layer) != 0) {
+            return layer;
+        }
+    }
+    return 0;
+}
+
+// For a host whose command leaves the option off, which then is on for the question alone.
+i16 FindActiveLayer(const FinPIDoc& document, bool optionOn) {
+    if (!optionOn) {
+        document.SetShowActiveLayerOnlyOption(1);
+    }
+    const i16 layer = ShownLayer();
+    if (!optionOn) {
+        document.SetShowActiveLayerOnlyOption(0);
+    }
+    return layer;
+}
+
+// The command acts on whatever layer is active: never on another than the destination.
+void ReplaceInLayer(i16 destination, bool optionOn) {
+    if (optionOn && ShownLayer() != destination) {
+        PostError(FinPIAppError{"Plyweld::PrepareDocument", "Unable to activate the layer."});
+        return;
+    }
+    Host::ExecuteMenuItem(kReplaceInLayer);
+}
+
+}  // namespace
+
+i16 Plyweld::PrepareDocument() {
+    if (m_configData.mode != MergeMode::kReplaceInTarget) {
+        return 1;
+    }
+    const CurrentDocument document;
+    const auto destination = static_cast<i16>(m_configData.destinationLayer);
+    const bool wasOn = document.ShowActiveLayerOnlyOption() != 0;
+    if (!wasOn) {
+        Host::ExecuteMenuItem(kToggleShowActiveLayerOnly);
+    }
+    const bool optionOn = document.ShowActiveLayerOnlyOption() != 0;
+    const i16 active = FindActiveLayer(document, optionOn);
+    if (active != destination) {
+        ActivateLayer(destination);
+    }
+    ReplaceInLayer(destination, optionOn);
+    if (active != destination) {
+        ActivateLayer(active);
+    }
+    if (!wasOn && document.ShowActiveLayerOnlyOption() != 0) {
+        Host::ExecuteMenuItem(kToggleShowActiveLayerOnly);
+    }
+    return 1;
+}

@@ -1,0 +1,54 @@
+// Rest filling: source entries take the place of destination rests of exactly their time.
+#include "merge/RestFill.h"
+
+#include "Class Files/score/FinPIEntryPtr.h"
+#include "merge/FramePair.h"
+#include "merge/Plyweld.h"
+#include "merge/RestReplacement.h"
+#include "merge/Skeleton.h"
+
+namespace {
+
+// The end of what the destination holds is where missing time begins.
+i32 StartTime(const FramePair& frames, const RestRun& run) {
+    const FinPIEntryPtr first = frames.destination.EntryAt(run.start);
+    return first ? first->elapsedTime : frames.destination.Duration();
+}
+
+}  // namespace
+
+i16 Plyweld::FillRestRuns(FramePair& frames) {
+    if (!FitSkeleton(frames)) {
+        return 0;
+    }
+    std::set<u32> graceRests;
+    RestRun run;
+    for (i16 next = 0; FindRestRun(frames, next, run) != 0;) {
+        const i32 startTime = StartTime(frames, run);
+        if (frames.source.Count() == 0 || frames.source.Duration() <= startTime) {
+            break;
+        }
+        SourceSpan span;
+        if (FindSourceSpan(frames.source, startTime, run.duration, span) != 0 &&
+            MayReplace(frames, run, span, startTime)) {
+            switch (ReplaceRests(frames, run, span, graceRests)) {
+                case Replacement::kDone:
+                    run.count = span.count;
+                    break;
+                case Replacement::kRefused:
+                    break;
+                case Replacement::kFailed:
+                    return 0;
+            }
+        }
+        next = static_cast<i16>(run.start + run.count);
+        if (next < 0 || next >= frames.destination.Count()) {
+            break;
+        }
+    }
+    frames.source.DeleteEntries(graceRests);
+    if (frames.preFilled) {
+        frames.destination.ReduceEntries(false);
+    }
+    return frames.destination.SaveTGF();
+}

@@ -1,0 +1,193 @@
+#include "merge/RestReplacement.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/score/FinPIEntryPtr.h"
+#include "merge/EntryTools.h"
+#include "shell/host/detail_flags.h"
+
+namespace {
+
+// Details that a reader misses when the rest they hang on is replaced.
+constexpr u32 kTiedToTheRest = DetailFlag::kArticulation | DetailFlag::kLyric;
+
+// A host rounds the times of tuplets; more than this is another time.
+constexpr i32 kTimeTolerance = 2;
+
+constexpr const char* kOperation = "Plyweld::FillRestRuns";
+
+std::span<EXENTRY> Part(const FinPITGFPtr& frame, i16 first, i16 count) {
+    const std::span<EXENTRY> entries = frame.Entries();
+    const auto start = std::min(static_cast<std::size_t>(first), entries.size());
+    return entries.subspan(start,
+                           std::min(static_cast<std::size_t>(count), entries.size() - start));
+}
+
+bool AnyHas(std::span<const EXENTRY> entries, u32 flags) {
+    return std::any_of(entries.begin(), entries.end(),
+                       [flags](const EXENTRY& entry) { return (entry.flags & flags) != 0; });
+}
+
+bool LeavesTupletsWhole(FramePair& frames, i32 startTime, i32 endTime) {
+    if (!AnyHas(frames.source.Entries(), DetailFlag::kTuplet) &&
+        !AnyHas(frames.destination.Entries(), DetailFlag::kTuplet)) {
+        return true;
+    }
+    if (!frames.sourceTuplets) {
+        frames.sourceTuplets = TupletsOf(frames.source);
+    }
+    const std::vector<TupletSpan> destination = TupletsOf(frames.destination);
+    return SameTupletsRunAt(startTime, *frames.sourceTuplets, destination) &&
+           SameTupletsRunAt(endTime, *frames.sourceTuplets, destination);
+}
+
+Replacement Fail(const char* detail) {
+    PostError(FinPIAppError{kOperation, detail});
+    return Replacement::kFailed;
+}
+
+// The stored frame holds what the destination held before the host refused.
+Replacement Restore(FramePair& frames) {
+    const FinPITGFPtr& held = frames.destination;
+    frames.destination =
+        FinPITGFPtr{held.StaffNumber(), held.Measure(), held.Layer(), held.Document()};
+    return frames.destination ? Replacement::kRefused : Fail("Unable to reload.");
+}
+
+// All but what is the host's own. The details are yet to come, and with them their flags.
+void CopyFields(EXENTRY& target, const EXENTRY& source) {
+    target.duration = source.duration;
+    target.fieldAt6 = source.fieldAt6;
+    target.flags = source.flags & ~DetailFlag::kStored;
+    target.fieldAt12 = source.fieldAt12;
+    target.noteCount = source.noteCount;
+    std::copy(std::begin(source.notes), std::end(source.notes), std::begin(target.notes));
+}
+
+void CopySpan(FramePair& frames, const SourceSpan& span, i16 at) {
+    const std::span<EXENTRY> source = Part(frames.source, span.first, span.count);
+    const std::span<EXENTRY> target = Part(frames.destination, at, span.count);
+    for (std::size_t k = 0; k < std::min(source.size(), target.size()); ++k) {
+        CopyFields(target[k], source[k]);
+    }
+}
+
+// The usual way: the rests go, then the entries come.
+Replacement Exchange(FramePair& frames, const RestRun& run, const SourceSpan& span) {
+    const i16 count = frames.destination.Count();
+    if (run.count > 0 && frames.destination.DeleteEntriesAt(run.start, run.count) == 0) {
+        return Restore(frames);
+    }
+    if (frames.destination.InsertEntries(run.start, span.count) == 0 ||
+        frames.destination.Count() != count - run.count + span.count) {
+        return Restore(frames);
+    }
+    CopySpan(frames, span, run.start);
+    return frames.destination.ReloadTGF() != 0 ? Replacement::kDone : Replacement::kFailed;
+}
+
+// The place in the span of the entry that sounds when the rest begins.
+i16 SoundingAt(const FramePair& frames, const SourceSpan& span, i32 time) {
+    const std::span<EXENTRY> source = Part(frames.source, span.first, span.count);
+    for (std::size_t k = 0; k < source.size(); ++k) {
+        if ((source[k].flags & EntryFlag::kVoice2) == 0 && source[k].elapsedTime <= time &&
+            time < source[k].elapsedTime + source[k].actualDuration) {
+            return static_cast<i16>(k);
+        }
+    }
+    return -1;
+}
+
+// Smart shapes that begin or end on a rest keep that end: both stand in the frame while the
+// ends move.
+Replacement ExchangeKeepingShapes(FramePair& frames, const RestRun& run, const SourceSpan& span) {
+    const i16 count = frames.destination.Count();
+    const i16 at = static_cast<i16>(run.start + run.count);
+    if (frames.destination.InsertEntries(at, span.count) == 0 ||
+        frames.destination.Count() != count + span.count) {
+        return Restore(frames);
+    }
+    CopySpan(frames, span, at);
+    if (frames.destination.ReloadTGF() == 0) {
+        return Replacement::kFailed;
+    }
+    for (i16 i = run.start; i < at; ++i) {
+        const FinPIEntryPtr rest = frames.destination.EntryAt(i);
+        const i16 k = rest ? SoundingAt(frames, span, rest->elapsedTime) : i16{-1};
+        if (k >= 0) {
+            MoveShapeEnds(rest, frames.destination.EntryAt(static_cast<i16>(at + k)));
+        }
+    }
+    if (frames.destination.DeleteEntriesAt(run.start, run.count) == 0) {
+        return Fail("Unable to replace rests.");
+    }
+    return frames.destination.ReloadTGF() != 0 ? Replacement::kDone : Replacement::kFailed;
+}
+
+void MatchTieEnds(const FinPIEntryPtr& target, const FinPIEntryPtr& source) {
+    const i16 count = std::min(target->noteCount, source->noteCount);
+    for (i16 i = 0; i < count; ++i) {
+        u32& flags = target->notes[i].flags;
+        flags = (flags & ~NoteFlag::kTieEnd) | (source->notes[i].flags & NoteFlag::kTieEnd);
+    }
+}
+
+bool MoveMusic(FramePair& frames, const RestRun& run, const SourceSpan& span,
+               std::set<u32>& graceRests) {
+    for (i16 k = 0; k < span.count; ++k) {
+        const FinPIEntryPtr source = frames.source.EntryAt(static_cast<i16>(span.first + k));
+        const FinPIEntryPtr target = frames.destination.EntryAt(static_cast<i16>(run.start + k));
+        if (!source || !target || source.IsNote() != target.IsNote()) {
+            return false;
+        }
+        MatchTieEnds(target, source);
+        MoveAttachments(source, target, kPlacedEntryDetails);
+        frames.moved.insert(target.Number());
+        MakeRest(source, source->duration, frames.hideRests);
+        if (source.IsGrace()) {
+            graceRests.insert(source.Number());
+        }
+    }
+    return true;
+}
+
+bool KeptTheirTimes(const FramePair& frames, const RestRun& run, const SourceSpan& span) {
+    const std::span<EXENTRY> source = Part(frames.source, span.first, span.count);
+    const std::span<EXENTRY> target = Part(frames.destination, run.start, span.count);
+    return std::equal(source.begin(), source.end(), target.begin(), target.end(),
+                      [](const EXENTRY& a, const EXENTRY& b) {
+                          return std::abs(a.elapsedTime - b.elapsedTime) <= kTimeTolerance &&
+                                 std::abs(a.actualDuration - b.actualDuration) <= kTimeTolerance;
+                      });
+}
+
+}  // namespace
+
+bool MayReplace(FramePair& frames, const RestRun& run, const SourceSpan& span, i32 startTime) {
+    const std::span<const EXENTRY> rests = Part(frames.destination, run.start, run.count);
+    const std::span<const EXENTRY> music = Part(frames.source, span.first, span.count);
+    return (rests.empty() || AnyHas(music, EntryFlag::kNote)) && !AnyHas(rests, kTiedToTheRest) &&
+           LeavesTupletsWhole(frames, startTime, startTime + run.duration);
+}
+
+Replacement ReplaceRests(FramePair& frames, const RestRun& run, const SourceSpan& span,
+                         std::set<u32>& graceRests) {
+    const i16 expected = static_cast<i16>(frames.destination.Count() - run.count + span.count);
+    const bool shapes =
+        AnyHas(Part(frames.destination, run.start, run.count), DetailFlag::kSmartShape);
+    const Replacement exchanged =
+        shapes ? ExchangeKeepingShapes(frames, run, span) : Exchange(frames, run, span);
+    if (exchanged != Replacement::kDone) {
+        return exchanged;
+    }
+    if (frames.destination.Count() != expected || !MoveMusic(frames, run, span, graceRests)) {
+        return Fail("Entries were lost.");
+    }
+    if (frames.destination.ReloadTGF() == 0) {
+        return Replacement::kFailed;
+    }
+    return KeptTheirTimes(frames, run, span) ? Replacement::kDone
+                                             : Fail("Entries did not keep their times.");
+}

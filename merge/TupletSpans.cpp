@@ -1,0 +1,125 @@
+#include "merge/TupletSpans.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <numeric>
+
+#include "Class Files/foundation/DocumentScope.h"
+#include "Class Files/score/FinPIEntryPtr.h"
+#include "shell/host/callbacks.h"
+#include "shell/host/detail_flags.h"
+
+namespace {
+
+constexpr u32 kTupletTag = HostTag("E\x03TP");
+// Times of entries are rounded to whole units; ends computed from them can differ by one.
+constexpr i32 kRounding = 1;
+constexpr u16 kDeepestNesting = 16;
+
+#pragma pack(push, 2)
+struct EntryDetailKey {
+    u32 entryNumber;
+    u16 recordNumber;
+};
+#pragma pack(pop)
+static_assert(sizeof(EntryDetailKey) == 6);
+
+struct Ratio {
+    i64 numerator = 1;
+    i64 denominator = 1;
+
+    Ratio Times(i64 above, i64 below) const {
+        const i64 n = numerator * above;
+        const i64 d = denominator * below;
+        const i64 divisor = std::max<i64>(std::gcd(n, d), 1);
+        return {n / divisor, d / divisor};
+    }
+    i32 Of(i64 duration) const {
+        return static_cast<i32>((duration * numerator + denominator / 2) / denominator);
+    }
+};
+
+i64 SymbolicLength(const EDTTuplet2005& tuplet) {
+    return i64{tuplet.symbolicCount} * tuplet.symbolicUnitDuration;
+}
+
+i64 ReferenceLength(const EDTTuplet2005& tuplet) {
+    return i64{tuplet.referenceCount} * tuplet.referenceUnitDuration;
+}
+
+// Those that begin at the entry, outer ones first.
+std::vector<EDTTuplet2005> LoadTuplets(u32 entryNumber) {
+    std::vector<EDTTuplet2005> tuplets;
+    EDTTuplet2005 tuplet{};
+    for (u16 record = 0; record < kDeepestNesting; ++record) {
+        const EntryDetailKey key{entryNumber, record};
+        u32 size = sizeof(tuplet);
+        if (Host::LoadEData(kTupletTag, static_cast<const void*>(&key), static_cast<void*>(&tuplet),
+                            &size, kInterfaceVersion) == 0) {
+            break;
+        }
+        if (SymbolicLength(tuplet) > 0 && ReferenceLength(tuplet) > 0) {
+            tuplets.push_back(tuplet);
+        }
+    }
+    std::stable_sort(tuplets.begin(), tuplets.end(),
+                     [](const EDTTuplet2005& a, const EDTTuplet2005& b) {
+                         return SymbolicLength(a) > SymbolicLength(b);
+                     });
+    return tuplets;
+}
+
+struct OpenTuplet {
+    i32 end;
+    Ratio inside;  // what a duration inside is worth
+};
+
+}  // namespace
+
+std::vector<TupletSpan> TupletsOf(const FinPITGFPtr& frame) {
+    std::vector<TupletSpan> spans;
+    std::vector<OpenTuplet> open;
+    const DocumentScope document{frame.Document()};
+    for (const EXENTRY& entry : frame.Entries()) {
+        // Grace entries take no time, nor do tuplets of them.
+        if ((entry.flags & (EntryFlag::kVoice2 | EntryFlag::kGrace)) != 0) {
+            continue;
+        }
+        while (!open.empty() && open.back().end <= entry.elapsedTime + kRounding) {
+            open.pop_back();
+        }
+        if ((entry.flags & DetailFlag::kTuplet) == 0) {
+            continue;
+        }
+        for (const EDTTuplet2005& tuplet : LoadTuplets(entry.entryNumber)) {
+            const Ratio outside = open.empty() ? Ratio{} : open.back().inside;
+            const i32 end = entry.elapsedTime + outside.Of(ReferenceLength(tuplet));
+            spans.push_back({entry.elapsedTime, end, tuplet.symbolicCount,
+                             tuplet.symbolicUnitDuration, tuplet.referenceCount,
+                             tuplet.referenceUnitDuration});
+            open.push_back({end, outside.Times(ReferenceLength(tuplet), SymbolicLength(tuplet))});
+        }
+    }
+    return spans;
+}
+
+bool SameTupletsRunAt(i32 time, std::span<const TupletSpan> a, std::span<const TupletSpan> b) {
+    const auto runningAt = [time](std::span<const TupletSpan> spans) {
+        std::vector<TupletSpan> running;
+        std::copy_if(spans.begin(), spans.end(), std::back_inserter(running),
+                     [time](const TupletSpan& span) {
+                         return span.start < time && time < span.end - kRounding;
+                     });
+        return running;
+    };
+    const std::vector<TupletSpan> first = runningAt(a);
+    const std::vector<TupletSpan> second = runningAt(b);
+    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
+                      [](const TupletSpan& x, const TupletSpan& y) {
+                          return x.start == y.start && std::abs(x.end - y.end) <= kRounding &&
+                                 x.symbolicCount == y.symbolicCount &&
+                                 x.symbolicUnitDuration == y.symbolicUnitDuration &&
+                                 x.referenceCount == y.referenceCount &&
+                                 x.referenceUnitDuration == y.referenceUnitDuration;
+                      });
+}

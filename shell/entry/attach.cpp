@@ -1,0 +1,11 @@
+// Tells the platform which module is the plug-in, as soon as the library is attached.
+#include "platform/module.h"
+#include "shell/module/ModuleState.h"
+
+namespace {
+
+const struct Attach {
+    Attach() { platform::SetPluginModule(&g_module); }
+} g_attach;
+
+}  // namespace

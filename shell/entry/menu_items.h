@@ -1,0 +1,16 @@
+// The plug-in's items in the host's menu: the command, and one for each saved setting.
+#pragma once
+
+#include <string>
+
+#include "shell/host/host_frames.h"
+
+// Fills the descriptor of an item (from 0) and returns 1; 0 = no such item, nothing written.
+i16 DescribeMenuItem(i16 item, MenuItemDescriptor* out);
+
+// 1 = enabled, 0 = disabled: an item that skips its dialog needs a selection.
+i16 MenuItemStatus(i16 item);
+
+// The command's title, and the title with the version by which the host lists it.
+std::u16string PluginTitle();
+std::u16string VersionedPluginTitle();
