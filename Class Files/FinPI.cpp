@@ -3,9 +3,14 @@
 #include <algorithm>
 #include <string_view>
 
+#include "Class Files/interface/FinPIAlert.h"
+#include "Class Files/settings/FinPIUtil.h"
 #include "platform/resources.h"
 
 namespace {
+
+// Asked before saved settings change, which the host's menu will not show yet.
+constexpr u16 kStaleMenuQuestion = 20003;
 
 // Copies a terminated text, cut to length - 1 units.
 void CopyText(char16* buffer, i32 length, std::u16string_view text) {
@@ -20,7 +25,7 @@ void CopyText(char16* buffer, i32 length, std::u16string_view text) {
 }  // namespace
 
 FinPI::FinPI(WindowHandle owner, u16 item, u16 commandID) noexcept
-    : m_owner{owner}, m_item{item}, m_commandID{commandID}, m_commandItem{item} {}
+    : m_ownerWindow{owner}, m_item{item}, m_commandID{commandID}, m_commandItem{item} {}
 
 FinPI::~FinPI() = default;
 
@@ -50,10 +55,14 @@ void FinPI::GetTitle(char16* buffer, i32 length, u16 stringID) const {
     }
 }
 
-void FinPI::ResetAlerts() {}
-
-bool FinPI::ResolveSavedSetting() {
-    return false;
+void FinPI::ResetAlerts() {
+    for (const u16 question : {kStaleMenuQuestion, GetWholeDocumentQuestion(),
+                               GetAllDocumentsQuestion(), GetOtherDocumentsQuestion()}) {
+        if (question != 0) {
+            ZKFX_DeleteSettings(FinPIAlert::kSettingName, static_cast<i16>(question),
+                                FinPIAlert::kStoredUnder);
+        }
+    }
 }
 
 void FinPI::UseSavedSetting(i16 number, u16 identifier) noexcept {

@@ -68,7 +68,7 @@ public:
     virtual u16 GetAllDocumentsQuestion() const { return 0; }
     virtual u16 GetOtherDocumentsQuestion() const { return 0; }
 
-    WindowHandle OwnerWindow() const noexcept { return m_owner; }
+    WindowHandle OwnerWindow() const noexcept { return m_ownerWindow; }
     u16 ItemIndex() const noexcept { return m_item; }
     const EREGION& ProcessingRegion() const noexcept { return m_region; }
 
@@ -87,7 +87,7 @@ protected:
     // Walks the processing region of the current document; as DoProcessDocument.
     i16 ProcessCurrentDocument();
 
-    WindowHandle m_owner;
+    WindowHandle m_ownerWindow;
     i16 m_savedSetting = 0;
     u16 m_savedSettingID = 0;
     char16 m_savedSettingName[256]{};

@@ -2,15 +2,16 @@
 
 #include <memory>
 
+#include "Class Files/LiveCommands.h"
 #include "Class Files/UndoableEdit.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIMetricsCache.h"
 #include "shell/host/callbacks.h"
-#include "shell/module/ModuleState.h"
 
 namespace {
 
 constexpr i32 kUndoTextUnits = 256;
+constexpr const char16* kVersion = u"" PLYWELD_VERSION;
 
 // Sets a flag until the scope ends.
 class FlagScope {
@@ -26,8 +27,11 @@ private:
 
 }  // namespace
 
-FinPIModeless::FinPIModeless(WindowHandle owner, u16 item, u16 commandID)
-    : FinPI{owner, item, commandID}, m_nextLive{g_module.firstLive} {
+FinPIModeless::FinPIModeless(WindowHandle owner, u16 item, u16 commandID, const char16* name)
+    : FinPI{owner, item, commandID},
+      FinPIDialog{this, commandID, name, nullptr, kVersion},
+      m_nextLive{g_module.firstLive},
+      m_firstDocument{m_lastSelection.DocumentID()} {
     g_module.firstLive = this;
 }
 
@@ -41,22 +45,25 @@ FinPIModeless::~FinPIModeless() {
     }
 }
 
-i16 FinPIModeless::BringToFront() {
-    return 0;
-}
-
 i16 FinPIModeless::Start(const EREGION* selection, const EREGION* wholeDocument) {
     std::unique_ptr<FinPIModeless> self{this};
     m_stop = 0;
     if (wholeDocument == nullptr || !Invoke(selection, *wholeDocument)) {
         return 0;
     }
+    m_lastSelection.SetRegion(selection);
     LoadSettings();
     if (CanSkipDialog() != 0 && SkipsDialog() != 0) {
         RunModeless();
-    } else if (ShowDialog(selection, wholeDocument) != 0) {
-        // The dialog drives the object, and destroys it when it closes.
-        self.release();
+        return 0;
+    }
+    if (m_savedSetting != 0) {
+        SetTitle(m_savedSettingName);
+    }
+    // A dialog that opens drives the object, and one that closes at once has destroyed it.
+    FinPIModeless* const command = self.release();
+    if (command->ShowDialog(selection, wholeDocument) == 0 && IsLive(command)) {
+        self.reset(command);
     }
     return 0;
 }

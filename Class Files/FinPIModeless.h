@@ -2,18 +2,41 @@
 // closes. The live objects form a list whose head is module state, the newest first.
 #pragma once
 
-#include "Class Files/FinPI.h"
+#include <set>
 
-class FinPIModeless : public FinPI {
+#include "Class Files/FinPI.h"
+#include "Class Files/interface/FinPIDialog.h"
+#include "Class Files/score/FinPIRegion.h"
+
+class FinPIModeless : public FinPI, public FinPIDialog {
 public:
-    FinPIModeless(WindowHandle owner, u16 item, u16 commandID);
+    // commandID also numbers the dialog. name: under which the dialog's place is stored.
+    FinPIModeless(WindowHandle owner, u16 item, u16 commandID, const char16* name);
     ~FinPIModeless() override;
 
     i16 Start(const EREGION* selection, const EREGION* wholeDocument) override;
+    void ForgetWindowPlace(u16 identifier) override;
+    // 0: the dialog did not open.
+    i16 ShowDialog(const EREGION* selection, const EREGION* wholeDocument) override;
+
+    // Without a stored place the dialog appears beside the one that was opened before it.
+    i16 LoadWindowPosition(u16 keyOffset) override;
+    u16 GetPositionKeyOffset(WindowHandle window, u64 eventWord, i64 eventLong) override;
+    // Saves place and settings, and destroys this object.
+    i16 OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) override;
+    void OnTimer(WindowHandle window) override;
+    i16 OnOtherMessage(WindowHandle window, u32 message, u64 eventWord, i64 eventLong) override;
 
     // The order of the virtual operations is the interface; those without a caller keep it.
     // Sets the keyboard focus to the dialog; nonzero on success.
     virtual i16 BringToFront();
+    // The next five are called from timer ticks. The selection is another one.
+    virtual void UpdateSelectionText(WindowHandle /*window*/) {}
+    virtual void OnDocumentListChanged(WindowHandle /*window*/) {}
+    // At each tick while another document is current than at the beginning.
+    virtual void OnCurrentDocumentChanged(WindowHandle /*window*/) {}
+    virtual void OnMenuEvent(WindowHandle /*window*/, u32 /*event*/) {}
+    virtual void OnListedMenuEvent(WindowHandle /*window*/) {}
     virtual i16 CanSkipDialog() const { return 0; }
     virtual i16 UnusedModelessHook() { return 1; }
     virtual i16 ProcessAllDocuments() const = 0;
@@ -32,9 +55,16 @@ protected:
     void RunModeless();
 
 private:
-    // Executes within an edit. False: the edit was rolled back.
+    // Executes within an edit. True: something changed, and was kept.
     bool ExecuteAsEdit(const EREGION* selection, const EREGION& wholeDocument);
+    void WatchMenuEvents(WindowHandle window);
+    void WatchDocuments(WindowHandle window);
+    void WatchSelection(WindowHandle window);
 
     FinPIModeless* m_nextLive;
+    FinPIRegion m_lastSelection;  // empty when nothing was selected
+    std::set<u16> m_lastDocuments;
+    u16 m_firstDocument;  // current when the object was made
     u16 m_running = 0;
+    u32 m_pendingMenuEvent = 0;
 };

@@ -1,12 +1,26 @@
 // What comes before a run: the saved setting, the Shift key, the region.
 #include "Class Files/FinPI.h"
+#include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIMetricsCache.h"
+#include "Class Files/score/FinPIRegion.h"
+#include "Class Files/settings/SavedSettings.h"
 #include "platform/keyboard.h"
 #include "shell/host/callbacks.h"
 
 namespace {
 
 constexpr u16 kScoreStaffList = 0;
+constexpr u16 kStaleMenuText = 20004;
+
+// A region whose ends count in different staff lists, in one: the start's when the end's staff
+// stands there too, else the score's own.
+EREGION InOneStaffList(const EREGION& selection) {
+    const u16 lastStaff = Host::SlotToInst(selection.endSlot, selection.endStaffList);
+    const bool fits = Host::InstToSlot(lastStaff, selection.startStaffList) != 0;
+    FinPIRegion region{selection, Host::GetCurrentEnigmaDocument()};
+    region.ChangeToIUList(fits ? selection.startStaffList : kScoreStaffList);
+    return region;
+}
 
 }  // namespace
 
@@ -22,6 +36,21 @@ bool FinPI::Invoke(const EREGION* selection, const EREGION& wholeDocument) {
     return true;
 }
 
+bool FinPI::ResolveSavedSetting() {
+    if (g_savedSettingsChanged != 0) {
+        Host::AlertMessage(m_ownerWindow, i16{0}, kStaleMenuText, nullptr);
+        return false;
+    }
+    m_savedSetting = static_cast<i16>(m_item - GetLastCommandItem());
+    if (ReadSavedSetting(GetCommandID(), m_savedSetting, m_savedSettingName, &m_commandItem,
+                         &m_skipDialog, &m_savedSettingID, nullptr) == 0) {
+        PostError(FinPIAppError{"FinPI::Invoke", "Saved settings for menu item not found."});
+        ReportPendingError();
+        return false;
+    }
+    return true;
+}
+
 void FinPI::ChooseRegion(const EREGION* selection, const EREGION& wholeDocument) {
     if (selection == nullptr) {
         m_region = wholeDocument;
@@ -30,7 +59,8 @@ void FinPI::ChooseRegion(const EREGION* selection, const EREGION& wholeDocument)
         m_noSelection = 1;
         return;
     }
-    m_region = *selection;
+    m_region = selection->startStaffList == selection->endStaffList ? *selection
+                                                                    : InOneStaffList(*selection);
     m_wholeMeasures = m_region.startMeasure == wholeDocument.startMeasure &&
                               m_region.endMeasure == wholeDocument.endMeasure
                           ? 1

@@ -14,7 +14,7 @@ i32 PositionOf(const MyExpressionAssign& expression) {
     return static_cast<i32>((u32{expression.positionHigh} << 16U) | expression.positionLow);
 }
 
-bool IsCandidate(const FinPIScoreExpr& expression, const Selection& region, u16 layer) {
+bool IsCandidate(const FinPIScoreExpr& expression, const FinPIRegion& region, u16 layer) {
     return expression.staffListMarker == 0 &&
            (expression.layer & ExpressionLayer::kLayerMask) == layer + 1 &&
            region.ContainsStaff(static_cast<u16>(std::max<i16>(expression.staff, 0))) &&

@@ -13,7 +13,7 @@ namespace {
 // From the index of a source entry to that of the destination entry it joins.
 using PairMap = std::map<i16, i16>;
 
-bool IsSelectedNote(const Selection& region, const FinPIEntryPtr& entry) {
+bool IsSelectedNote(const FinPIRegion& region, const FinPIEntryPtr& entry) {
     return entry.IsNote() && entry.Document() == region.DocumentID() &&
            region.ContainsTime(static_cast<i16>(entry.Measure()), entry.ScaledPosition());
 }

@@ -6,12 +6,12 @@
 #include <set>
 #include <vector>
 
+#include "Class Files/score/FinPIRegion.h"
 #include "Class Files/score/FinPITGFPtr.h"
-#include "merge/Selection.h"
 #include "merge/TupletSpans.h"
 
 struct FramePair {
-    Selection region;
+    FinPIRegion region;  // the selection
     FinPITGFPtr source;
     FinPITGFPtr destination;
     bool hideRests = false;      // hide the rests that are left in the source

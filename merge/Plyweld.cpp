@@ -12,11 +12,17 @@ constexpr u16 kNoSelectionText = 22003;
 // By which errors name a frame.
 constexpr u32 kFrameTag = HostTag("aTGF");
 
+std::u16string ToUtf16(const std::string& text) {
+    return platform::MultiByteToUtf16(text, platform::CodePage::kAnsi).value_or(u"");
+}
+
 }  // namespace
 
 Plyweld::Plyweld(WindowHandle owner, u16 item, const std::string& title)
-    : FinPIModeless{owner, item, kCommandID},
-      m_name{platform::MultiByteToUtf16(title, platform::CodePage::kAnsi).value_or(u"")} {}
+    : Plyweld{owner, item, ToUtf16(title)} {}
+
+Plyweld::Plyweld(WindowHandle owner, u16 item, std::u16string name)
+    : FinPIModeless{owner, item, kCommandID, name.c_str()}, m_name{std::move(name)} {}
 
 bool Plyweld::MergesFrom(i16 layer) const {
     const auto number = static_cast<u16>(layer);
@@ -50,14 +56,14 @@ void Plyweld::RebeamWholeMeasures() const {
 
 i16 Plyweld::Execute(const EREGION* /*selection*/, const EREGION* /*wholeDocument*/) {
     if (m_configData.sourceLayer == m_configData.destinationLayer) {
-        Host::AlertMessage(m_owner, i16{0}, kSameLayerText, nullptr);
+        Host::AlertMessage(m_ownerWindow, i16{0}, kSameLayerText, nullptr);
         return 0;
     }
     u64 result = 0;
     EREGION selection{};
     EREGION wholeDocument{};
     if (Host::GetCurERegions(&result, &selection, &wholeDocument) == 0) {
-        Host::AlertMessage(m_owner, i16{0}, kNoSelectionText, nullptr);
+        Host::AlertMessage(m_ownerWindow, i16{0}, kNoSelectionText, nullptr);
         return 0;
     }
     return ProcessCurrentDocument();

@@ -5,7 +5,11 @@
 #include <string>
 
 #include "Class Files/FinPIModeless.h"
+#include "Class Files/interface/FinPICheckBox.h"
+#include "Class Files/interface/FinPIPopupLayerList.h"
+#include "Class Files/interface/FinPIRadioButton.h"
 #include "merge/PlyweldConfigData.h"
+#include "merge/PlyweldControls.h"
 #include "merge/RestFill.h"
 
 struct FramePair;
@@ -31,7 +35,17 @@ public:
     i16 CanSkipDialog() const override { return 1; }
     i16 ProcessAllDocuments() const override { return 0; }
 
+    // The dialog, filled from the options when it opens.
+    i16 OnInitializeWindow(WindowHandle window) override;
+    i16 HandleCommand(WindowHandle window, u16 control, u8* final) override;
+    void CopyDialogToConfigData(WindowHandle window) override;
+    // Says in words what is selected.
+    void UpdateSelectionText(WindowHandle window) override;
+
 private:
+    Plyweld(WindowHandle owner, u16 item, std::u16string name);
+    // A run needs two different layers and a selection.
+    void UpdateGoButton(WindowHandle window);
     // One source layer into the destination, for one staff in one measure. 0 = a frame could
     // not be saved, or another document became current; the run must not be kept then.
     i16 MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destinationLayer);
@@ -41,9 +55,16 @@ private:
     // The first run of selected destination rests from an index on; the time missing behind
     // the destination's entries counts as rests. 0 = none.
     i16 FindRestRun(const FramePair& frames, i16 startIndex, RestRun& run) const;
+    // The bytes read; 0 = nothing is stored.
+    u32 ReadStoredSettings();
     bool MergesFrom(i16 layer) const;
     void RebeamWholeMeasures() const;
 
     std::u16string m_name;
+    FinPIPopupLayerList m_fromList{PlyweldControl::kFrom};
+    FinPIPopupLayerList m_toList{PlyweldControl::kTo};
+    FinPIRadioButton m_modeButtons{PlyweldControl::kMergeMode, PlyweldControl::kReplaceMode};
+    FinPICheckBox m_rebeamBox{PlyweldControl::kRebeam};
+    FinPICheckBox m_hideRestsBox{PlyweldControl::kHideRests};
     PlyweldConfigData m_configData;
 };

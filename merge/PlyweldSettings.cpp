@@ -1,5 +1,7 @@
 // Where the merge's options are stored.
+#include "Class Files/settings/FinPISaveSettingsDlg.h"
 #include "Class Files/settings/FinPIUtil.h"
+#include "Class Files/settings/SavedSettings.h"
 #include "merge/Plyweld.h"
 #include "platform/text.h"
 
@@ -14,19 +16,30 @@ std::string PluginKey(const char16* name) {
 
 }  // namespace
 
+u32 Plyweld::ReadStoredSettings() {
+    if (m_savedSetting != 0) {
+        return ReadSavedSettingRecord(GetCommandID(), m_savedSetting, GetSettings(),
+                                      GetSettingsSize());
+    }
+    return ZKFX_GetSettings(kOptionsName, static_cast<i16>(GetCommandID()), GetSettings(),
+                            GetSettingsSize(), PluginKey(GetName()).c_str());
+}
+
 i32 Plyweld::LoadSettings() {
-    const u32 size = GetSettingsSize();
-    const u32 found = ZKFX_GetSettings(kOptionsName, static_cast<i16>(GetCommandID()),
-                                       GetSettings(), size, PluginKey(GetName()).c_str());
-    if (found == 0) {
+    if (ReadStoredSettings() == 0) {
         m_configData = PlyweldConfigData{};
         return 1;
     }
-    m_configData.size = static_cast<u16>(size);
-    return static_cast<i32>(size);
+    m_configData.size = static_cast<u16>(GetSettingsSize());
+    return static_cast<i32>(GetSettingsSize());
 }
 
 void Plyweld::SaveSettings() {
+    if (m_savedSetting != 0) {
+        FinPISaveSettingsDlg::PutSavedSettings(GetCommandID(), m_savedSetting, GetSettings(),
+                                               GetSettingsSize());
+        return;
+    }
     ZKFX_PutSettings(kOptionsName, static_cast<i16>(GetCommandID()), GetSettings(),
                      GetSettingsSize(), PluginKey(GetName()).c_str());
 }

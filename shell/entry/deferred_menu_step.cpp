@@ -1,7 +1,33 @@
 #include "shell/entry/deferred_menu_step.h"
 
+#include "Class Files/interface/HostMenu.h"
+#include "shell/entry/menu_items.h"
 #include "shell/module/ModuleState.h"
 
+namespace {
+
+void MoveSavedSettings(platform::Menu submenu) {
+    const std::u16string prefix = VersionedPluginTitle() + u" ";
+    for (i16 item = 1; item < g_module.itemCount; ++item) {
+        const std::u16string label = SavedSettingLabel(item);
+        if (!label.empty()) {
+            MoveSettingItem(g_module.hostMainWindow, submenu, label, prefix);
+        }
+    }
+}
+
+}  // namespace
+
 void DeferredMenuStep() {
+    const bool pending = g_module.menuStepPending != 0;
     g_module.menuStepPending = 0;
+    if (!pending || g_module.itemCount <= 1) {
+        return;
+    }
+    const platform::Menu submenu = MakePluginSubmenu(g_module.hostMainWindow, PluginTitle(),
+                                                     PluginTitle(), VersionedPluginTitle());
+    if (submenu != nullptr) {
+        platform::AppendMenuSeparator(submenu);
+        MoveSavedSettings(submenu);
+    }
 }

@@ -2,19 +2,16 @@
 
 #include <memory>
 
-#include "Class Files/FinPIModeless.h"
+#include "Class Files/LiveCommands.h"
 #include "merge/Plyweld.h"
 #include "platform/text.h"
 #include "shell/entry/menu_items.h"
-#include "shell/module/ModuleState.h"
 
 i16 InvokeMenuItem(WindowHandle owner, u16 item, const EREGION* selection,
                    const EREGION* wholeDocument) {
-    for (FinPIModeless* live = g_module.firstLive; live != nullptr; live = live->NextLive()) {
-        if (live->ItemIndex() == item) {
-            live->BringToFront();
-            return 0;
-        }
+    if (FinPIModeless* live = FindLiveCommand(item); live != nullptr) {
+        live->BringToFront();
+        return 0;
     }
     const std::string title =
         platform::Utf16ToMultiByte(PluginTitle(), platform::CodePage::kAnsi).value_or("");

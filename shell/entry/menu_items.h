@@ -8,9 +8,14 @@
 // Fills the descriptor of an item (from 0) and returns 1; 0 = no such item, nothing written.
 i16 DescribeMenuItem(i16 item, MenuItemDescriptor* out);
 
-// 1 = enabled, 0 = disabled: an item that skips its dialog needs a selection.
+// 1 = enabled, 0 = disabled: a saved setting that skips its dialog needs a selection.
 i16 MenuItemStatus(i16 item);
 
-// The command's title, and the title with the version by which the host lists it.
+// The command's title, and the title with the version, by which the host lists it when the
+// items are to be gathered in a submenu.
 std::u16string PluginTitle();
 std::u16string VersionedPluginTitle();
+
+// The name of a saved setting, followed by "..." when it shows its dialog; empty when there is
+// no such saved setting. number: from 1.
+std::u16string SavedSettingLabel(i16 number);

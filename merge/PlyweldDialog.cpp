@@ -1,0 +1,117 @@
+// The command's dialog: its controls to and from the options, the selection in words.
+#include <algorithm>
+
+#include "merge/Plyweld.h"
+#include "merge/PlyweldControls.h"
+#include "platform/resources.h"
+#include "platform/text.h"
+#include "shell/host/callbacks.h"
+
+namespace Control = PlyweldControl;
+
+namespace {
+
+constexpr u32 kNoSelectionText = 22004;
+
+// Nothing when nothing is selected.
+bool ReadSelection(EREGION& selection) {
+    u64 result = 0;
+    EREGION wholeDocument{};
+    return Host::GetCurERegions(&result, &selection, &wholeDocument) != 0;
+}
+
+std::u16string SelectionText() {
+    EREGION selection{};
+    if (ReadSelection(selection)) {
+        FinPIRegion region;
+        region.SetRegion(&selection);
+        return region.Description();
+    }
+    // As the system's code page can show it.
+    const auto text = platform::Utf16ToMultiByte(platform::ResourceString(kNoSelectionText),
+                                                 platform::CodePage::kAnsi);
+    return platform::MultiByteToUtf16(text.value_or(""), platform::CodePage::kAnsi).value_or(u"");
+}
+
+u16 SelectedLayer(FinPIPopupLayerList& list, i16 lowest) {
+    const i16 layer = list.GetItemValue(list.GetValue());
+    return static_cast<u16>(std::clamp(layer, lowest, Host::GetMaxLayers()));
+}
+
+}  // namespace
+
+i16 Plyweld::OnInitializeWindow(WindowHandle window) {
+    m_fromList.Attach(window, 0, 1);
+    m_fromList.FillLayers(m_configData.sourceLayer, true);
+    m_toList.Attach(window, 0, 1);
+    m_toList.FillLayers(m_configData.destinationLayer, false);
+    // Neither mode shows as merging, which clears nothing.
+    m_modeButtons.Attach(window, static_cast<u32>(static_cast<i16>(m_configData.mode)), 1);
+    m_rebeamBox.Attach(window, m_configData.rebeam, 1);
+    m_hideRestsBox.Attach(window, m_configData.hideAddedRests, 1);
+    UpdateSelectionText(window);
+    StartTimer(window);
+    return 1;
+}
+
+i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
+    switch (control) {
+        case Control::kFrom:
+            if (m_fromList.SelectionChanged(m_notificationCode)) {
+                UpdateGoButton(window);
+            }
+            break;
+        case Control::kTo:
+            if (m_toList.SelectionChanged(m_notificationCode)) {
+                UpdateGoButton(window);
+            }
+            break;
+        case Control::kMergeMode:
+        case Control::kReplaceMode:
+            m_modeButtons.CheckButton(control);
+            break;
+        case Control::kSaveSettings:
+            RunSaveSettingsDialog(window);
+            break;
+        case Control::kRebeam:
+            m_rebeamBox.Toggle();
+            break;
+        case Control::kHideRests:
+            m_hideRestsBox.Toggle();
+            break;
+        case Control::kGo:
+            CopyDialogToConfigData(window);
+            RunModeless();
+            break;
+        case Control::kClose:
+            CopyDialogToConfigData(window);
+            // Closing destroys this object.
+            *final = 1;
+            CloseDialog(window);
+            break;
+        default:
+            break;
+    }
+    return 0;
+}
+
+void Plyweld::UpdateGoButton(WindowHandle window) {
+    EREGION selection{};
+    const bool canRun = m_fromList.GetItemValue(m_fromList.GetValue()) !=
+                            m_toList.GetItemValue(m_toList.GetValue()) &&
+                        ReadSelection(selection);
+    Host::EnableDlgItem(window, Control::kGo, static_cast<i16>(canRun ? 1 : 0));
+}
+
+void Plyweld::UpdateSelectionText(WindowHandle window) {
+    Host::SetDlgString(window, Control::kSelection, SelectionText().c_str());
+    UpdateGoButton(window);
+}
+
+void Plyweld::CopyDialogToConfigData(WindowHandle /*window*/) {
+    m_configData.sourceLayer = SelectedLayer(m_fromList, FinPIPopupLayerList::kAllLayers);
+    m_configData.destinationLayer = SelectedLayer(m_toList, 0);
+    m_configData.mode = static_cast<u16>(m_modeButtons.GetValue());
+    m_configData.rebeam = static_cast<u16>(m_rebeamBox.GetValue());
+    m_configData.hideAddedRests = static_cast<u16>(m_hideRestsBox.GetValue());
+}
