@@ -1,0 +1,24 @@
+// Compressed MusicXML: the score's member of a .mxl archive.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace standin {
+
+struct ArchiveMember {
+    std::string name;
+    std::string bytes;
+    std::string problem;  // why there is none; empty when there is
+};
+
+bool IsArchive(std::string_view bytes);
+
+// The score that META-INF/container.xml names first. Members larger than 256 MiB are refused.
+ArchiveMember ReadArchivedScore(std::string_view archive);
+
+// The archive with that member replaced and all others as they are; empty on failure.
+std::string ReplaceArchivedScore(std::string_view archive, const std::string& member,
+                                 std::string_view bytes);
+
+}  // namespace standin

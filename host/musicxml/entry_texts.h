@@ -1,0 +1,62 @@
+// What hangs on an entry, gathered from its records.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "host/musicxml/imported_score.h"
+#include "host/musicxml/note_details.h"
+
+namespace standin {
+
+// A detail of one note of the entry.
+struct NoteDetail {
+    u16 noteID = 0;
+    u32 tag = 0;
+    FragmentId fragment = 0;
+    FragmentId second = 0;  // of a tie: <tied>, while fragment is <tie>
+};
+
+struct SpannerAtEntry {
+    u16 shape = 0;
+    FragmentId fragment = 0;
+    bool isStart = false;
+    bool onLaterNote = false;
+    u16 pitch = 0;
+    EDTSmartShapeEnd other{};
+};
+
+struct EntryTexts {
+    std::vector<EntryText> texts;  // articulations, ornaments, notations, rest's extras
+    std::vector<FragmentId> lyrics;
+    std::vector<SpannerAtEntry> spanners;
+    std::vector<NoteDetail> notes;
+    FragmentId beams = 0;  // the first on record counts
+    FragmentId stem = 0;
+    TupletText tuplet{};
+
+    void Clear();
+};
+
+// Replaces what texts held.
+void GatherEntryTexts(const Document& document, u32 entry, EntryTexts& texts);
+
+// Calls visit(element) for each element of a bundle: attributes first, then elements.
+template <typename Visit>
+void ForEachElement(std::string_view bundle, Visit visit) {
+    for (std::size_t at = bundle.find('<'); at < bundle.size(); at = bundle.find('<', at)) {
+        const std::size_t end = NodeEnd(bundle, at);
+        visit(bundle.substr(at, end - at));
+        at = end;
+    }
+}
+
+// The attributes that a bundle begins with.
+inline std::string_view BundleAttributes(std::string_view bundle) {
+    return bundle.substr(0, bundle.find('<'));
+}
+
+// The note of the entry that a spanner's end stands at, from 0.
+int NoteOfSpanner(const EXENTRY& entry, const SpannerAtEntry& end);
+
+}  // namespace standin

@@ -1,0 +1,69 @@
+// A MusicXML score as a host document, with all that is needed to write it back.
+#pragma once
+
+#include <array>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/musicxml/fragments.h"
+#include "host/musicxml/rational.h"
+#include "host/musicxml/written_forms.h"
+#include "host/musicxml/xml_text.h"
+#include "host/score/document.h"
+
+namespace standin {
+
+inline constexpr int kLayers = 4;
+
+// A child of <measure> other than a note, backup or forward, and the time it stands at.
+struct MeasureItem {
+    std::size_t begin = 0;  // its text in the score's text
+    std::size_t end = 0;
+    Rational time{};
+    bool closesMeasure = false;  // the right barline
+};
+
+// One <measure> of one part.
+struct PartMeasure {
+    std::size_t bodyBegin = 0;  // its text between the measure's tags, in the score's text
+    std::size_t bodyEnd = 0;
+    Rational divisions{1, 1};  // a quarter note, in force where the measure starts
+    Rational length{};         // the farthest time that its content reaches
+    std::vector<MeasureItem> items;
+};
+
+// One staff of a part: which voice each layer stands for.
+struct StaffVoices {
+    u16 staff = 0;
+    std::array<std::string, kLayers> names;             // empty = no voice yet
+    std::map<std::pair<u16, u16>, std::string> others;  // by measure and layer, where different
+
+    // Empty when no voice of that layer is known.
+    const std::string& Name(u16 measure, u16 layer) const;
+};
+
+struct ScorePart {
+    std::string id;
+    std::string name;
+    std::vector<StaffVoices> staves;  // from the top; at least one
+    std::vector<PartMeasure> measures;
+    bool namesVoices = false;  // its notes say their voice
+    bool namesStaves = false;  // and their staff
+};
+
+struct ImportedScore {
+    std::string text;  // the file's XML in UTF-8; fragments refer into it
+    TextFormat format;
+    std::string archive;        // the .mxl's bytes; empty for a plain file
+    std::string archiveMember;  // the score in it
+    std::vector<ScorePart> parts;
+    Fragments fragments;
+    Fragments pitches;  // unpitched and microtonal notes, by the second field of a note
+    WrittenForms forms;
+    Document* document = nullptr;
+    std::unique_ptr<Document> ownDocument;  // when it was imported into none that was there
+};
+
+}  // namespace standin

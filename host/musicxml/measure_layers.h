@@ -1,0 +1,74 @@
+// The entries of one part's measure, gathered as they are read, then laid into layers.
+#pragma once
+
+#include <deque>
+#include <string_view>
+#include <vector>
+
+#include "host/musicxml/imported_score.h"
+#include "host/musicxml/problem.h"
+
+namespace standin {
+
+// An entry on its way into a frame.
+struct EntryDraft {
+    EXENTRY entry{};
+    WrittenForm form;
+    Rational start{};
+    FragmentId tupletStarts = 0;  // brackets
+    FragmentId tupletStops = 0;
+    std::size_t offset = 0;  // of its <note>
+    bool Grace() const noexcept { return (entry.flags & EntryFlag::kGrace) != 0; }
+    Rational End() const noexcept { return Grace() ? start : start + form.length; }
+};
+
+class MeasureLayers {
+public:
+    MeasureLayers(ImportedScore& score, ScorePart& part) : m_score{score}, m_part{part} {}
+
+    void Begin(u16 measure);
+
+    // A new entry of a voice on a staff of the part (from 0); valid until Store.
+    EntryDraft& Add(int staff, std::string_view voice);
+
+    // Lays each voice into its layer and stores the frames. What shares time with its own
+    // voice goes to a layer that is free in this measure, else to voice 2 of its layer.
+    Problem Store();
+
+    // The layer that the measure's voice went to; -1 when it has no music there.
+    int LayerOf(int staff, std::string_view voice) const;
+
+private:
+    // Entries one after the other, none sharing time with another.
+    struct Line {
+        std::vector<EntryDraft*> entries;
+        Rational end{};
+    };
+    struct Voice {
+        int staff = 0;
+        std::string name;
+        std::vector<EntryDraft*> entries;
+        std::vector<Line> lines;
+        int layer = -1;
+    };
+    using Used = std::array<bool, kLayers>;
+
+    static void SplitIntoLines(Voice& voice);
+    Problem ChooseLayers(int staff);
+    Problem ChooseFurtherLayer(Voice& voice, Used& used);
+    Problem StoreVoice(Voice& voice, Used& used);
+    Problem NoRoom(const Voice& voice, const EntryDraft& draft) const;
+    Problem AppendLine(const Line& line, u32 flags, Rational from, std::vector<EXENTRY>& frame);
+    void AppendGap(Rational from, Rational to, u32 flags, std::vector<EXENTRY>& frame);
+    Problem AppendEntry(EntryDraft& draft, u32 flags, std::vector<EXENTRY>& frame);
+    Problem AppendSecondVoice(const Voice& voice, const Line& line, std::vector<EXENTRY>& frame);
+    void PutFrame(int staff, int layer, std::vector<EXENTRY> frame);
+
+    ImportedScore& m_score;
+    ScorePart& m_part;
+    u16 m_measure = 0;
+    std::deque<EntryDraft> m_drafts;
+    std::vector<Voice> m_voices;  // in order of first appearance in the measure
+};
+
+}  // namespace standin

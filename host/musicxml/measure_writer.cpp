@@ -1,0 +1,287 @@
+#include "host/musicxml/measure_writer.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "host/musicxml/beam_writer.h"
+#include "host/musicxml/expressions.h"
+#include "host/musicxml/pitch.h"
+#include "host/musicxml/xml_node.h"
+#include "host/score/tags.h"
+
+namespace standin {
+namespace {
+
+constexpr std::string_view kSpaces = " \t\r\n";
+
+// The white space from the position backwards to and including the line break; empty when the
+// line holds anything else.
+std::string_view LineIndent(std::string_view text, std::size_t position) {
+    std::size_t begin = position;
+    while (begin > 0 && kSpaces.find(text[begin - 1]) != kSpaces.npos) {
+        --begin;
+        if (text[begin] == '\n') {
+            return text.substr(begin, position - begin);
+        }
+    }
+    return {};
+}
+
+std::string ChildIndent(const ImportedScore& score, const PartMeasure& measure) {
+    const std::size_t first = score.text.find('<', measure.bodyBegin);
+    return first < measure.bodyEnd ? std::string{LineIndent(score.text, first)} : std::string{};
+}
+
+// By how much the measure's children stand deeper than the measure.
+std::string IndentUnit(const ImportedScore& score, const PartMeasure& measure,
+                       std::string_view indent) {
+    const std::size_t tag = score.text.rfind('<', measure.bodyBegin - 1);
+    const std::string_view outer = LineIndent(score.text, tag);
+    const bool isDeeper = indent.size() > outer.size();
+    return isDeeper ? std::string{indent.substr(outer.size())} : std::string{"  "};
+}
+
+// A hidden rest that nobody needs to see written when its voice holds nothing else.
+bool IsFiller(const EXENTRY& entry, const WrittenForm& form) {
+    const bool hidden = entry.noteCount == 0 && (entry.flags & EntryFlag::kIgnore) != 0;
+    return hidden && (form.gap || (entry.flags & EntryFlag::kMadeRest) != 0);
+}
+
+}  // namespace
+
+MeasureWriter::MeasureWriter(const ImportedScore& score, std::size_t part, std::size_t measure,
+                             const SpannerNumbers& numbers)
+    : m_score{score},
+      m_part{score.parts[part]},
+      m_original{m_part.measures[measure]},
+      m_measure{static_cast<u16>(measure + 1)},
+      m_fifths{FifthsOfKeyWord(score.document->Measure(m_measure).key)},
+      m_indent{ChildIndent(score, m_original)},
+      m_unit{IndentUnit(score, m_original, m_indent)},
+      m_closing{LineIndent(score.text, m_original.bodyEnd)},
+      m_notes{score, numbers, m_indent, m_unit},
+      m_divisions{m_original.divisions} {}
+
+std::string MeasureWriter::Write() {
+    CollectStreams();
+    PlanBeams();
+    CollectItems();
+    for (const Stream& stream : m_streams) {
+        WriteStream(stream);
+    }
+    for (; m_nextItem < m_items.size(); ++m_nextItem) {
+        WriteItem(*m_items[m_nextItem]);
+    }
+    if (m_reached < m_original.length) {
+        MoveTo(m_original.length);
+    }
+    m_out += m_closing;
+    return std::move(m_out);
+}
+
+void MeasureWriter::CollectStreams() {
+    for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
+        for (u16 layer = 0; layer < kLayers; ++layer) {
+            const FrameKey key{m_part.staves[staff].staff, m_measure, layer};
+            if (const Frame* frame = m_score.document->FindFrame(key)) {
+                CollectStream(*frame, key, staff, false);
+                CollectStream(*frame, key, staff, true);
+            }
+        }
+    }
+}
+
+void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t staff,
+                                  bool voice2) {
+    const std::vector<TimedEntry> entries =
+        TimedEntriesOf(frame, voice2, m_score.forms, m_original.divisions);
+    const auto isFiller = [this](const TimedEntry& timed) {
+        return IsFiller(*timed.entry, m_score.forms[timed.entry->fieldAt12]);
+    };
+    if (std::all_of(entries.begin(), entries.end(), isFiller)) {
+        return;
+    }
+    Stream& stream = m_streams.emplace_back();
+    stream.voice = VoiceName(staff, key.layer);
+    const Frame* imported = m_score.document->ImportedFrame(key);
+    stream.changed = imported == nullptr || !(*imported == frame);
+    stream.beamedByHost = frame.BeamedByHost();
+    for (const TimedEntry& timed : entries) {
+        if (m_score.forms[timed.entry->fieldAt12].gap && timed.entry->noteCount == 0 &&
+            (timed.entry->flags & EntryFlag::kIgnore) != 0) {
+            continue;
+        }
+        Event& event = stream.events.emplace_back();
+        event.time = timed;
+        event.staff = staff;
+        event.layer = key.layer;
+        GatherEntryTexts(*m_score.document, timed.entry->entryNumber, event.texts);
+        if (frame.BeamedByHost()) {
+            const auto index = static_cast<std::size_t>(timed.entry - frame.entries.data());
+            event.beams = WriteBeams(frame.beams[index]);
+        } else {
+            event.beams = m_score.fragments[event.texts.beams];
+        }
+    }
+}
+
+// The layer's own voice; for a layer that never had one, the first number not in use.
+std::string MeasureWriter::VoiceName(std::size_t staff, u16 layer) const {
+    const std::string& known = m_part.staves[staff].Name(m_measure, layer);
+    if (!known.empty()) {
+        return known;
+    }
+    const auto isUsed = [this](const std::string& name) {
+        return std::any_of(m_part.staves.begin(), m_part.staves.end(),
+                           [&](const StaffVoices& voices) {
+                               return std::find(voices.names.begin(), voices.names.end(), name) !=
+                                      voices.names.end();
+                           });
+    };
+    const std::size_t first = staff * kLayers + layer + 1;
+    std::size_t number = first;
+    while (isUsed(std::to_string(number))) {
+        number += m_part.staves.size() * kLayers;
+    }
+    return std::to_string(number);
+}
+
+void MeasureWriter::PlanBeams() {
+    for (const Stream& stream : m_streams) {
+        if (stream.changed && !stream.beamedByHost) {
+            RepairBeams(stream.voice);
+        }
+    }
+}
+
+// A voice may run over several staves, and its beams with it.
+void MeasureWriter::RepairBeams(const std::string& voice) {
+    std::vector<Event*> events;
+    for (Stream& stream : m_streams) {
+        if (stream.voice == voice && !stream.beamedByHost) {
+            for (Event& event : stream.events) {
+                events.push_back(&event);
+            }
+        }
+    }
+    std::stable_sort(events.begin(), events.end(),
+                     [](const Event* a, const Event* b) { return a->time.start < b->time.start; });
+    std::vector<BeamedEntry> beamed;
+    beamed.reserve(events.size());
+    for (const Event* event : events) {
+        const EXENTRY& entry = *event->time.entry;
+        beamed.push_back({ReadBeams(event->beams), entry.noteCount == 0,
+                          (entry.flags & EntryFlag::kGrace) != 0});
+    }
+    std::vector<BeamedEntry> whole = beamed;
+    MakeBeamsWhole(whole);
+    for (std::size_t i = 0; i < events.size(); ++i) {
+        if (whole[i].levels != beamed[i].levels) {
+            events[i]->beams = WriteBeams(whole[i].levels);
+        }
+    }
+}
+
+void MeasureWriter::CollectItems() {
+    m_items.reserve(m_original.items.size());
+    for (const MeasureItem& item : m_original.items) {
+        m_items.push_back(&item);
+    }
+    std::stable_sort(
+        m_items.begin(), m_items.end(), [](const MeasureItem* a, const MeasureItem* b) {
+            return a->closesMeasure != b->closesMeasure ? b->closesMeasure : a->time < b->time;
+        });
+}
+
+void MeasureWriter::WriteStream(const Stream& stream) {
+    for (const Event& event : stream.events) {
+        WriteItemsUntil(event.time.start);
+        MoveTo(event.time.start);
+        NoteContext context;
+        context.time = event.time;
+        context.divisions = m_divisions;
+        context.fifths = m_fifths;
+        context.voice = m_part.namesVoices || m_streams.size() > 1 ? std::string_view{stream.voice}
+                                                                   : std::string_view{};
+        context.staff = m_part.namesStaves ? static_cast<int>(event.staff) + 1 : 0;
+        context.beams = event.beams;
+        m_notes.Write(context, event.texts, m_out);
+        m_time = event.time.start + event.time.length;
+        m_reached = m_reached < m_time ? m_time : m_reached;
+    }
+}
+
+// Items come before the notes of their time, whichever voice is written first.
+void MeasureWriter::WriteItemsUntil(Rational time) {
+    while (m_nextItem < m_items.size() && !m_items[m_nextItem]->closesMeasure &&
+           !(time < m_items[m_nextItem]->time)) {
+        WriteItem(*m_items[m_nextItem++]);
+    }
+}
+
+void MeasureWriter::WriteItem(const MeasureItem& item) {
+    MoveTo(item.time);
+    const std::string_view element =
+        std::string_view{m_score.text}.substr(item.begin, item.end - item.begin);
+    m_out += m_indent;
+    if (ElementName(element) == "direction") {
+        m_out += WithVoiceOf(static_cast<std::size_t>(&item - m_original.items.data()), element);
+        return;
+    }
+    m_out += element;
+    if (ElementName(element) != "attributes") {
+        return;
+    }
+    constexpr std::string_view kDivisions = "<divisions>";
+    const std::size_t divisions = element.find(kDivisions);
+    if (divisions != std::string_view::npos) {
+        const std::size_t begin = divisions + kDivisions.size();
+        const auto value = DecimalOf(element.substr(begin, element.find('<', begin) - begin));
+        m_divisions = value.value_or(m_divisions);
+    }
+}
+
+// The direction with the voice of the layer that its expression is assigned to.
+std::string MeasureWriter::WithVoiceOf(std::size_t item, std::string_view element) const {
+    constexpr std::string_view kVoice = "<voice>";
+    const std::size_t voice = element.find(kVoice);
+    const RecordStore::Table& expressions = m_score.document->Records().OfTag(Tag::kExpression);
+    std::string result{element};
+    if (voice == std::string_view::npos) {
+        return result;
+    }
+    for (auto at = expressions.lower_bound(RecordKey::Other(m_measure));
+         at != expressions.end() && at->first.OtherItem() == m_measure; ++at) {
+        const auto expression = FromBytes<MyExpressionAssign>(at->second);
+        const u16 layer = expression.layer & ExpressionLayer::kLayerMask;
+        for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
+            const bool isThis = m_part.staves[staff].staff == static_cast<u16>(expression.staff) &&
+                                ItemOfExpression(at->second) == item && layer > 0;
+            if (isThis) {
+                const std::size_t begin = voice + kVoice.size();
+                return result.replace(begin, element.find('<', begin) - begin,
+                                      VoiceName(staff, static_cast<u16>(layer - 1)));
+            }
+        }
+    }
+    return result;
+}
+
+void MeasureWriter::MoveTo(Rational time) {
+    if (time < m_time) {
+        WriteMove("backup", m_time - time);
+    } else if (m_time < time) {
+        WriteMove("forward", time - m_time);
+    }
+    m_time = time;
+    m_reached = m_reached < m_time ? m_time : m_reached;
+}
+
+void MeasureWriter::WriteMove(std::string_view name, Rational length) {
+    const std::string inner = m_indent.empty() ? m_indent : m_indent + m_unit;
+    m_out.append(m_indent).append(1, '<').append(name).append(1, '>').append(inner);
+    m_out.append("<duration>").append(DurationText(length, m_divisions)).append("</duration>");
+    m_out.append(m_indent).append("</").append(name).append(1, '>');
+}
+
+}  // namespace standin

@@ -1,0 +1,101 @@
+// The records in which an imported score keeps what hangs on entries and notes. Texts stand in
+// the score's table of fragments; a record holds their numbers.
+#pragma once
+
+#include <cstddef>
+
+#include "host/musicxml/fragments.h"
+#include "shell/host/host_types.h"
+
+namespace standin {
+
+// Tags in use beside those of host/score/tags.h.
+namespace DetailTag {
+inline constexpr u32 kArticulation = HostTag("edIM");  // EntryText
+inline constexpr u32 kLyric = HostTag("SdvE");         // EDTLyric2011, fragment at offset 4
+inline constexpr u32 kBeams = HostTag("edub");         // EntryText, kBeams
+inline constexpr u32 kStem = HostTag("edST");          // EntryText, kStem
+inline constexpr u32 kNoteExtras = HostTag("ednC");    // NoteText
+inline constexpr u32 kNotehead = HostTag(
+    "E\x02"
+    "cn");  // NoteText and room
+inline constexpr u32 kAccidental = HostTag(
+    "E\x02"
+    "Ah");
+inline constexpr u32 kDots = HostTag("eddo");
+inline constexpr u32 kTieStart = HostTag("E\x03Ts");
+inline constexpr u32 kTieEnd = HostTag("E\x03Te");
+}  // namespace DetailTag
+
+// Where an entry's text belongs within <note>.
+enum class EntryTextKind : u16 {
+    kArticulation = 1,  // inside <notations><articulations>
+    kOrnament,          // inside <notations><ornaments>; with the accidental marks after it
+    kNotation,          // inside <notations>, or a <notations> of its own
+    kRestExtras,        // a rest's attributes and children beyond the usual
+    kBeams,
+    kStem,
+};
+
+#pragma pack(push, 2)
+
+struct EntryText {
+    EntryTextKind kind;
+    u16 unused2;
+    FragmentId fragment;
+    u32 unused8;
+};
+
+// What one note of an entry has: its attributes first, then elements one after the other.
+struct NoteText {
+    u16 noteID;
+    u16 unused2;
+    FragmentId fragment;
+    u32 unused8;
+};
+
+struct NoteText24 {
+    NoteText text;
+    u8 unused12[12];
+};
+
+// A tie end whose elements are not simply one <tie> and one <tied>.
+struct TieText {
+    u16 noteID;
+    u16 unused2;
+    FragmentId tie;   // 0 = no <tie>
+    FragmentId tied;  // 0 = no <tied>
+    u8 unused12[24];
+};
+
+// In a smart shape's own bytes, from offset 36 on.
+struct SpannerText {
+    FragmentId start;
+    FragmentId stop;
+    u16 startPitch;  // of the note of the chord that carries the end
+    u16 stopPitch;
+    u16 ends;  // SpannerEnd
+};
+
+#pragma pack(pop)
+
+namespace SpannerEnd {
+inline constexpr u16 kStartOnLaterNote = 1;  // startPitch tells which note of the chord
+inline constexpr u16 kStopOnLaterNote = 2;
+}  // namespace SpannerEnd
+
+// In a tuplet record's own bytes, from offset 8 on: the brackets that start and stop there.
+struct TupletText {
+    FragmentId start;
+    FragmentId stop;
+};
+
+inline constexpr std::size_t kSpannerTextOffset = 36;
+inline constexpr std::size_t kTupletTextOffset = 8;
+inline constexpr std::size_t kLyricFragmentOffset = 4;
+inline constexpr std::size_t kExpressionItemOffset = 4;
+
+static_assert(sizeof(EntryText) == 12 && sizeof(NoteText) == 12 && sizeof(NoteText24) == 24);
+static_assert(sizeof(TieText) == 36 && sizeof(SpannerText) == 14 && sizeof(TupletText) == 8);
+
+}  // namespace standin

@@ -1,0 +1,27 @@
+// Note types of the format ("quarter", "16th") and their lengths in the host's units.
+#pragma once
+
+#include <string_view>
+
+#include "shell/host/host_types.h"
+
+namespace standin {
+
+// An index into the table of note types, shortest first; 0 = no type given.
+using NoteType = u8;
+
+NoteType NoteTypeOf(std::string_view name) noexcept;  // 0 when it is no type
+std::string_view NoteTypeName(NoteType type) noexcept;
+
+// The notated length; 0 without a type. A maxima is longer than an entry's duration can say.
+i32 NotatedLength(NoteType type, int dots) noexcept;
+
+struct NoteValue {
+    NoteType type = 0;
+    int dots = 0;
+};
+
+// The type and dots (up to four) with exactly that length; type 0 when there are none.
+NoteValue ValueOfLength(i32 length) noexcept;
+
+}  // namespace standin
