@@ -19,13 +19,13 @@ struct FaultPlan {
         u64 first = 1;  // this call of the kind ...
         u64 last = 1;   // ... to this one
     };
-    std::optional<OfKind> refuseKind;
+    std::optional<OfKind> refuseKind{};
 
     struct Switch {
         u64 beforeCall;  // before this call of any kind ...
         u16 document;    // ... another document becomes current
     };
-    std::optional<Switch> switchDocument;
+    std::optional<Switch> switchDocument{};
 
     u64 stopAtProgress = 0;    // this progress report is answered by "stop"; 0 = none
     bool guardFrames = false;  // lent entries end at a page that must not be touched

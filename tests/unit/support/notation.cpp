@@ -207,7 +207,7 @@ public:
             }
         }
         SwitchVoice(0);
-        return m_text;
+        return m_text + std::string(m_open.size(), ')');
     }
 
 private:

@@ -1,0 +1,90 @@
+// A desktop for dialogs that is all memory: it runs the plug-in's dialogs for the stand-in
+// host, and the test plays the user.
+//
+// A modal dialog runs the next script that the test has laid out, and is closed when the script
+// leaves it open. A modeless one stays on the desk.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <list>
+#include <map>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "host/score/dialog_service.h"
+#include "platform/headless/window_model.h"
+
+namespace standin {
+
+class DialogDesk final : public DialogService {
+public:
+    struct OpenDialog {
+        HWND__ window;
+        u16 number = 0;
+        u16 flags = 0;
+        WindowHandle owner = nullptr;
+        DialogEventCallback callback = nullptr;
+        void* object = nullptr;
+        bool ended = false;
+        std::map<u16, u32> values;     // of check boxes and radio buttons
+        std::map<u16, u32> positions;  // of lists
+        std::map<u16, std::u16string> texts;
+        std::map<u16, double> userValues;
+        std::set<u16> disabled;
+        std::set<u16> hidden;
+        std::map<u64, u32> timers;  // milliseconds by timer
+        u16 focus = 0;
+
+        i16 Send(u32 message, u64 eventWord = 0, i64 eventLong = 0);
+        // What a user does; a button that is disabled or hidden does nothing.
+        i16 Press(u16 control);
+        void Choose(u16 list, u32 position);
+        void Type(u16 control, const std::u16string& text) { texts[control] = text; }
+        std::vector<std::u16string> Items(u16 list) const;
+        std::u16string SelectedItem(u16 list) const;
+    };
+    using Script = std::function<void(OpenDialog&)>;
+
+    // For as long as it lives it is the application's dialog service.
+    DialogDesk();
+    ~DialogDesk() override;
+
+    // One for each modal dialog that will be shown, in order.
+    void Then(Script script) { m_scripts.push_back(std::move(script)); }
+    std::size_t ScriptsLeft() const { return m_scripts.size(); }
+    // The newest dialog on the desk; null when none is open.
+    OpenDialog* Newest();
+    const std::vector<u16>& Shown() const { return m_shown; }  // dialog numbers, in order
+
+    // Where the system would put a new window.
+    platform::Rectangle newWindow{300, 200, 700, 500};
+
+    i16 Dialog(u16 dialogNumber, DialogEventCallback callback, WindowHandle owner, u16 flags,
+               void* dialogObject) override;
+    i16 EndDialog(WindowHandle window) override;
+    u32 GetItemVal(WindowHandle window, u16 control, i16 kind) override;
+    i16 SetItemVal(WindowHandle window, u16 control, i16 kind, u32 value) override;
+    u32 GetCntlVal(WindowHandle window, u16 control) override;
+    i16 SetCntlVal(WindowHandle window, u16 control, u32 value) override;
+    std::u16string GetString(WindowHandle window, u16 control) override;
+    i16 SetString(WindowHandle window, u16 control, const std::u16string& text) override;
+    i16 Enable(WindowHandle window, u16 control, bool enabled) override;
+    i16 Show(WindowHandle window, u16 control, bool shown) override;
+    i16 SetFocus(WindowHandle window, u16 control) override;
+    i16 GetItemUser(WindowHandle window, u16 control, i16 kind, double* out) override;
+    i16 SetItemUser(WindowHandle window, u16 control, i16 kind, double value) override;
+    i16 SetTimer(WindowHandle window, u64 timer, u32 milliseconds) override;
+    i16 KillTimer(WindowHandle window, u64 timer) override;
+
+private:
+    OpenDialog* Find(WindowHandle window);
+
+    std::list<OpenDialog> m_open;
+    std::deque<Script> m_scripts;
+    std::vector<u16> m_shown;
+    DialogService* m_previous;
+};
+
+}  // namespace standin
