@@ -46,6 +46,37 @@ ArchiveMember ReadMember(zip_t* archive, const std::string& name, zip_uint64_t l
     return {name, std::move(bytes), {}};
 }
 
+// The archive's bytes after closing it wrote them to the source; empty on failure.
+std::string CloseAndRead(ArchiveHandle archive, zip_source_t* target) {
+    if (zip_close(archive.get()) != 0) {
+        return {};
+    }
+    static_cast<void>(archive.release());  // closing freed it
+    zip_stat_t about{};
+    if (zip_source_stat(target, &about) != 0 || zip_source_open(target) != 0) {
+        return {};
+    }
+    std::string result(static_cast<std::size_t>(about.size), '\0');
+    const zip_int64_t read = zip_source_read(target, result.data(), about.size);
+    zip_source_close(target);
+    return read == static_cast<zip_int64_t>(about.size) ? result : std::string{};
+}
+
+// The bytes must last until the archive is closed.
+bool AddMember(zip_t* archive, const char* name, std::string_view bytes, zip_int32_t method) {
+    // The first day that a zip archive can tell: all archives of the same music are equal.
+    constexpr zip_uint16_t kFirstDay = (1U << 5U) | 1U;
+    SourceHandle content{zip_source_buffer(archive, bytes.data(), bytes.size(), 0)};
+    const zip_int64_t index = content ? zip_file_add(archive, name, content.get(), 0) : -1;
+    if (index < 0) {
+        return false;
+    }
+    static_cast<void>(content.release());  // the archive's now
+    const auto place = static_cast<zip_uint64_t>(index);
+    return zip_set_file_compression(archive, place, method, 0) == 0 &&
+           zip_file_set_dostime(archive, place, 0, kFirstDay, 0) == 0;
+}
+
 }  // namespace
 
 bool IsArchive(std::string_view bytes) {
@@ -81,24 +112,35 @@ std::string ReplaceArchivedScore(std::string_view archive, const std::string& me
     }
     const zip_int64_t index = zip_name_locate(opened.get(), member.c_str(), 0);
     SourceHandle content{zip_source_buffer(opened.get(), bytes.data(), bytes.size(), 0)};
-    if (index < 0 || !content ||
-        zip_file_replace(opened.get(), static_cast<zip_uint64_t>(index), content.get(), 0) != 0) {
+    if (index < 0 || !content) {
+        return {};
+    }
+    const auto place = static_cast<zip_uint64_t>(index);
+    zip_stat_t about{};
+    zip_stat_index(opened.get(), place, 0, &about);
+    if (zip_file_replace(opened.get(), place, content.get(), 0) != 0) {
         return {};
     }
     static_cast<void>(content.release());  // the archive's now
-    if (zip_close(opened.get()) != 0) {
-        return {};
-    }
-    static_cast<void>(opened.release());  // closing freed it
+    // The same music gives the same bytes, whenever it is written.
+    zip_file_set_mtime(opened.get(), place, about.mtime, 0);
+    return CloseAndRead(std::move(opened), target.get());
+}
 
-    zip_stat_t about{};
-    if (zip_source_stat(target.get(), &about) != 0 || zip_source_open(target.get()) != 0) {
+std::string MakeArchive(const std::string& member, std::string_view bytes) {
+    const std::string container =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<container><rootfiles><rootfile full-path=\"" +
+        member + "\" media-type=\"application/vnd.recordare.musicxml+xml\"/></rootfiles>" +
+        "</container>\n";
+    const std::string_view type = "application/vnd.recordare.musicxml";
+    const SourceHandle target{zip_source_buffer_create(nullptr, 0, 0, nullptr)};
+    ArchiveHandle opened = target ? OpenArchive(target.get(), ZIP_CREATE | ZIP_TRUNCATE) : nullptr;
+    if (!opened || !AddMember(opened.get(), "mimetype", type, ZIP_CM_STORE) ||
+        !AddMember(opened.get(), "META-INF/container.xml", container, ZIP_CM_DEFLATE) ||
+        !AddMember(opened.get(), member.c_str(), bytes, ZIP_CM_DEFLATE)) {
         return {};
     }
-    std::string result(static_cast<std::size_t>(about.size), '\0');
-    const zip_int64_t read = zip_source_read(target.get(), result.data(), about.size);
-    zip_source_close(target.get());
-    return read == static_cast<zip_int64_t>(about.size) ? result : std::string{};
+    return CloseAndRead(std::move(opened), target.get());
 }
 
 }  // namespace standin

@@ -17,8 +17,12 @@ bool IsArchive(std::string_view bytes);
 // The score that META-INF/container.xml names first. Members larger than 256 MiB are refused.
 ArchiveMember ReadArchivedScore(std::string_view archive);
 
-// The archive with that member replaced and all others as they are; empty on failure.
+// The archive with that member replaced and all others as they are; empty on failure. The
+// member keeps its time stamp.
 std::string ReplaceArchivedScore(std::string_view archive, const std::string& member,
                                  std::string_view bytes);
+
+// A new archive that holds the score as its only member; empty on failure.
+std::string MakeArchive(const std::string& member, std::string_view bytes);
 
 }  // namespace standin
