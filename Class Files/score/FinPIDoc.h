@@ -27,7 +27,5 @@ public:
     i16 KeepOctaveTranspositionInConcertPitchOption(const FinPIStaff& staff) const;
 
 protected:
-    ~FinPIDoc() = default;
-
     u16 m_docID;  // 0 = none
 };
