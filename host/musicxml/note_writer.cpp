@@ -58,17 +58,18 @@ void NoteWriter::AddExtras(FragmentId id) {
     }
     ForEachElement(bundle, [this](std::string_view element) {
         const std::string_view name = ElementName(element);
-        const Slot slot = name == "grace"                         ? kGrace
-                          : name == "cue"                         ? kCue
-                          : name == "tie"                         ? kTie
-                          : name == "instrument"                  ? kInstrument
-                          : name == "footnote" || name == "level" ? kEditorial
-                          : name == "type"                        ? kType
-                          : name == "stem"                        ? kStem
-                          : name == "beam"                        ? kBeam
-                          : name == "play"                        ? kPlay
-                          : name == "listen"                      ? kListen
-                                                                  : kNotations;
+        const Slot slot = name == "grace"                                 ? kGrace
+                          : name == "cue"                                 ? kCue
+                          : name == "tie"                                 ? kTie
+                          : name == "instrument"                          ? kInstrument
+                          : name == "footnote" || name == "level"         ? kEditorial
+                          : name == "type"                                ? kType
+                          : name == "stem"                                ? kStem
+                          : name == "notehead" || name == "notehead-text" ? kNotehead
+                          : name == "beam"                                ? kBeam
+                          : name == "play"                                ? kPlay
+                          : name == "listen"                              ? kListen
+                                                                          : kNotations;
         m_extras.push_back({slot, element});
     });
 }
@@ -262,6 +263,7 @@ void NoteWriter::WriteNote(int index) {
         has && !isRest) {
         ForEachElement(heads, [this](std::string_view head) { Element(head); });
     }
+    Extras(Slot::kNotehead);
     if (m_context->staff != 0) {
         Element("staff", std::to_string(m_context->staff));
     }

@@ -46,6 +46,7 @@ private:
         kEditorial,
         kType,
         kStem,
+        kNotehead,
         kBeam,
         kNotations,
         kPlay,

@@ -18,6 +18,18 @@ bool IsRightBarline(pugi::xml_node node) {
            std::string_view{node.attribute("location").as_string("right")} == "right";
 }
 
+// Where no <divisions> were given, a note's type still tells what its duration means.
+Rational ImpliedDivisions(pugi::xml_node note) {
+    const NoteType type = NoteTypeOf(Trimmed(note.child_value("type")));
+    const auto duration = DecimalOf(note.child_value("duration"));
+    if (type == 0 || !duration || note.child("dot") || note.child("time-modification")) {
+        return {};
+    }
+    const Rational implied =
+        Rational::Of(duration->num * kQuarterNote, duration->den * NotatedLength(type, 0));
+    return implied.num > 0 ? implied : Rational{};
+}
+
 }  // namespace
 
 PartReader::PartReader(ImportedScore& score, ScorePart& part)
@@ -160,6 +172,10 @@ Problem PartReader::ReadItem(pugi::xml_node item) {
 
 Problem PartReader::ReadNote(pugi::xml_node node) {
     EnsureMeasure();
+    if (m_context.divisions.IsZero()) {
+        m_context.divisions = ImpliedDivisions(node);
+        m_part.measures.back().divisions = m_context.divisions;
+    }
     NoteElement note;
     if (Problem problem = m_notes.Read(node, m_context.divisions, m_measureFifths, note)) {
         return problem;

@@ -1,0 +1,308 @@
+#include "host/musicxml/compare.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+#include <string_view>
+#include <tuple>
+#include <unordered_map>
+
+#include "host/musicxml/music_words.h"
+
+namespace standin {
+namespace {
+
+using Kind = Attachment::Kind;
+
+// What two scores have in common or not: equal texts have equal values.
+class TextKeys {
+public:
+    // A number for the text as it counts; the same text gives the same number.
+    u32 Of(std::string_view text) {
+        const auto [known, isNew] = m_byText.try_emplace(text, 0U);
+        if (isNew) {
+            const auto [canonical, isFirst] = m_byCanonical.try_emplace(
+                CanonicalText(text), static_cast<u32>(m_byCanonical.size() + 1));
+            known->second = canonical->second;
+        }
+        return known->second;
+    }
+
+private:
+    std::unordered_map<std::string_view, u32> m_byText;
+    std::unordered_map<std::string, u32> m_byCanonical;
+};
+
+// One thing that can be missing or too much.
+struct Fact {
+    std::array<i64, 4> key{};
+    const MusicEntry* entry = nullptr;
+    const MusicNote* note = nullptr;
+    std::string_view text;
+
+    bool operator<(const Fact& other) const { return key < other.key; }
+    bool operator==(const Fact& other) const { return key == other.key; }
+};
+
+auto GroupOf(const MusicEntry& entry) {
+    return std::tie(entry.staff, entry.measure, entry.onset, entry.grace);
+}
+
+using Group = std::span<const MusicEntry>;
+
+class Comparison {
+public:
+    Comparison(const Music& before, const Music& after, const CompareOptions& options)
+        : m_before{before}, m_after{after}, m_options{options} {}
+
+    std::vector<std::string> Run() {
+        CompareEntries();
+        CompareItems();
+        return std::move(m_differences);
+    }
+
+private:
+    void CompareEntries() {
+        auto a = m_before.entries.begin();
+        auto b = m_after.entries.begin();
+        const auto takeGroup = [](auto& at, auto end, const MusicEntry& first) {
+            const auto begin = at;
+            while (at != end && GroupOf(*at) == GroupOf(first)) {
+                ++at;
+            }
+            return Group{begin, at};
+        };
+        while ((a != m_before.entries.end() || b != m_after.entries.end()) && !IsFull()) {
+            const bool fromA = b == m_after.entries.end() ||
+                               (a != m_before.entries.end() && !(GroupOf(*b) < GroupOf(*a)));
+            const MusicEntry first = fromA ? *a : *b;
+            const Group before = takeGroup(a, m_before.entries.end(), first);
+            const Group after = takeGroup(b, m_after.entries.end(), first);
+            CompareGroup(before, after);
+        }
+    }
+
+    bool IsFull() const { return m_differences.size() >= m_options.mostDifferences; }
+
+    void CompareGroup(Group before, Group after) {
+        CollectFacts(m_before, before, true, m_factsBefore);
+        CollectFacts(m_after, after, false, m_factsAfter);
+        std::sort(m_factsBefore.begin(), m_factsBefore.end());
+        std::sort(m_factsAfter.begin(), m_factsAfter.end());
+        if (m_options.merged) {
+            JoinEqualAttachments();
+        }
+        Report(m_factsBefore, m_factsAfter, "lost");
+        Report(m_factsAfter, m_factsBefore, "added");
+        if (m_options.merged) {
+            CheckCompany(before, after);
+        }
+    }
+
+    // Equal attachments of notes that joined may be one, so once is often enough.
+    void JoinEqualAttachments() {
+        const auto join = [](std::vector<Fact>& facts) {
+            const auto isJoined = [](const Fact& a, const Fact& b) {
+                return a == b && !a.text.empty();
+            };
+            facts.erase(std::unique(facts.begin(), facts.end(), isJoined), facts.end());
+        };
+        join(m_factsBefore);
+        join(m_factsAfter);
+    }
+
+    bool IsExcepted(const MusicEntry& entry) const {
+        if (!m_options.replaced || entry.layer != m_options.replaced->layer) {
+            return false;
+        }
+        const EREGION& region = m_options.replaced->selection;
+        const auto at = std::pair{i32{entry.measure}, entry.onset};
+        return entry.staff >= region.startSlot && entry.staff <= region.endSlot &&
+               at >= std::pair{i32{region.startMeasure}, region.startPosition} &&
+               at <= std::pair{i32{region.endMeasure}, region.endPosition};
+    }
+
+    void CollectFacts(const Music& music, Group group, bool isBefore, std::vector<Fact>& facts) {
+        facts.clear();
+        for (const MusicEntry& entry : group) {
+            if (!Counts(entry) || (isBefore && IsExcepted(entry))) {
+                continue;
+            }
+            if (entry.rest) {
+                facts.push_back({{1, entry.length, entry.hidden ? 1 : 0, 0}, &entry, nullptr, {}});
+            }
+            for (u32 i = 0; i < entry.noteCount; ++i) {
+                AddNoteFacts(music, entry, music.notes[entry.firstNote + i], facts);
+            }
+            AddAttachments(music, entry, nullptr, entry.firstAttachment, entry.attachmentCount,
+                           facts);
+        }
+    }
+
+    bool Counts(const MusicEntry& entry) const {
+        return !entry.filler && !(entry.rest && m_options.merged);
+    }
+
+    i64 PitchKey(const MusicNote& note) {
+        const bool hasElement = !note.pitchElement.empty();
+        const i64 pitch = (i64{note.pitch.octave} * 7 + note.pitch.step) * 64 + note.pitch.alter;
+        return pitch * (i64{1} << 32U) + (hasElement ? m_texts.Of(note.pitchElement) : 0);
+    }
+
+    void AddNoteFacts(const Music& music, const MusicEntry& entry, const MusicNote& note,
+                      std::vector<Fact>& facts) {
+        const i64 ties = (note.tieStart ? 2 : 0) + (note.tieEnd ? 1 : 0);
+        const i64 length = i64{entry.length} << 18 | i64{entry.duration} << 2 | ties;
+        facts.push_back({{2, PitchKey(note), length, 0}, &entry, &note, {}});
+        AddAttachments(music, entry, &note, note.firstAttachment, note.attachmentCount, facts);
+    }
+
+    void AddAttachments(const Music& music, const MusicEntry& entry, const MusicNote* note,
+                        u32 first, u32 count, std::vector<Fact>& facts) {
+        for (u32 i = first; i < first + count; ++i) {
+            const Attachment& attachment = music.attachments[i];
+            if (attachment.kind == Kind::kLook && m_options.merged) {
+                continue;
+            }
+            facts.push_back({KeyOf(attachment, entry, note), &entry, note, attachment.text});
+        }
+    }
+
+    std::array<i64, 4> KeyOf(const Attachment& attachment, const MusicEntry& entry,
+                             const MusicNote* note) {
+        const i64 kind = 3 + static_cast<i64>(attachment.kind);
+        const i64 other = i64{attachment.otherMeasure} << 32 | attachment.otherPosition;
+        const i64 pitch = note != nullptr ? PitchKey(*note) : 0;
+        const i64 text = m_texts.Of(attachment.text);
+        return {kind, i64{entry.length} << 32 | text, other, pitch};
+    }
+
+    // Tells every fact of the one side that the other lacks.
+    void Report(const std::vector<Fact>& facts, const std::vector<Fact>& others,
+                std::string_view verb) {
+        auto other = others.begin();
+        for (const Fact& fact : facts) {
+            while (other != others.end() && *other < fact) {
+                ++other;
+            }
+            if (other != others.end() && *other == fact) {
+                ++other;
+                continue;
+            }
+            if (!IsFull()) {
+                m_differences.push_back(WordsForPlace(*fact.entry) + ": " + WordsFor(fact) + ' ' +
+                                        std::string{verb});
+            }
+        }
+    }
+
+    static std::string WordsFor(const Fact& fact) {
+        if (!fact.text.empty()) {
+            const std::string owner = fact.note != nullptr
+                                          ? " of " + WordsForNote(*fact.entry, *fact.note)
+                                          : std::string{};
+            return WordsForText(fact.text) + owner;
+        }
+        if (fact.note == nullptr) {
+            return (fact.entry->hidden ? "hidden " : "") + WordsForLength(*fact.entry) + " rest";
+        }
+        const bool tied = fact.note->tieStart || fact.note->tieEnd;
+        return (tied ? "tied " : "") + WordsForNote(*fact.entry, *fact.note);
+    }
+
+    // Each entry's notes must be in one entry afterwards, with all that hung on it.
+    void CheckCompany(Group before, Group after) {
+        for (const MusicEntry& entry : before) {
+            const bool checks = Counts(entry) && !IsExcepted(entry) &&
+                                (entry.noteCount > 1 || entry.attachmentCount > 0);
+            if (!checks || IsFull()) {
+                continue;
+            }
+            const bool found =
+                std::any_of(after.begin(), after.end(),
+                            [&](const MusicEntry& other) { return Contains(other, entry); });
+            if (!found) {
+                m_differences.push_back(WordsForPlace(entry) + ": " +
+                                        WordsForNote(entry, m_before.notes[entry.firstNote]) +
+                                        " parted from what belongs to it");
+            }
+        }
+    }
+
+    bool Contains(const MusicEntry& whole, const MusicEntry& part) {
+        if (whole.rest || whole.length != part.length || whole.duration != part.duration) {
+            return false;
+        }
+        const auto pitches = [this](const Music& music, const MusicEntry& entry) {
+            std::vector<i64> keys;
+            for (u32 i = 0; i < entry.noteCount; ++i) {
+                keys.push_back(PitchKey(music.notes[entry.firstNote + i]));
+            }
+            std::sort(keys.begin(), keys.end());
+            return keys;
+        };
+        const auto attachments = [this](const Music& music, const MusicEntry& entry) {
+            std::vector<std::array<i64, 4>> keys;
+            for (u32 i = 0; i < entry.attachmentCount; ++i) {
+                const Attachment& attachment = music.attachments[entry.firstAttachment + i];
+                if (attachment.kind != Kind::kLook) {
+                    keys.push_back(KeyOf(attachment, entry, nullptr));
+                }
+            }
+            std::sort(keys.begin(), keys.end());
+            keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
+            return keys;
+        };
+        return std::ranges::includes(pitches(m_after, whole), pitches(m_before, part)) &&
+               std::ranges::includes(attachments(m_after, whole), attachments(m_before, part));
+    }
+
+    void CompareItems() {
+        const auto keys = [this](const Music& music) {
+            std::vector<std::pair<std::array<i64, 4>, const MusicItem*>> result;
+            result.reserve(music.items.size());
+            for (const MusicItem& item : music.items) {
+                result.push_back(
+                    {{item.part, item.measure, item.position, m_texts.Of(item.text)}, &item});
+            }
+            std::sort(result.begin(), result.end());
+            return result;
+        };
+        const auto before = keys(m_before);
+        const auto after = keys(m_after);
+        const auto report = [this](const auto& items, const auto& others, std::string_view verb) {
+            auto other = others.begin();
+            for (const auto& [key, item] : items) {
+                while (other != others.end() && other->first < key) {
+                    ++other;
+                }
+                if (other != others.end() && other->first == key) {
+                    ++other;
+                } else if (!IsFull()) {
+                    m_differences.push_back("part " + std::to_string(item->part) + ", measure " +
+                                            std::to_string(item->measure) + ": " +
+                                            WordsForText(item->text) + ' ' + std::string{verb});
+                }
+            }
+        };
+        report(before, after, "lost");
+        report(after, before, "added");
+    }
+
+    const Music& m_before;
+    const Music& m_after;
+    const CompareOptions& m_options;
+    TextKeys m_texts;
+    std::vector<Fact> m_factsBefore;
+    std::vector<Fact> m_factsAfter;
+    std::vector<std::string> m_differences;
+};
+
+}  // namespace
+
+std::vector<std::string> Compare(const Music& before, const Music& after,
+                                 const CompareOptions& options) {
+    return Comparison{before, after, options}.Run();
+}
+
+}  // namespace standin
