@@ -1,4 +1,5 @@
 #include "host/cli/run_command.h"
+#include "host/desktop/desktop_program.h"
 #include "platform/text.h"
 
 // Windows gives the arguments in UTF-16; the program takes them in UTF-8.
@@ -8,6 +9,9 @@ int wmain(int argc, wchar_t** argv) {
         const std::u16string_view argument{reinterpret_cast<const char16_t*>(argv[i])};
         arguments.push_back(
             platform::Utf16ToMultiByte(argument, platform::CodePage::kUtf8).value_or(""));
+    }
+    if (standin::desktop::WantsWindow(arguments)) {
+        return standin::desktop::RunWindow(arguments);
     }
     return standin::cli::RunCommandLine(std::move(arguments));
 }

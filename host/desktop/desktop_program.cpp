@@ -1,0 +1,94 @@
+#include "host/desktop/desktop_program.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <thread>
+
+#include "host/cli/output_file.h"
+#include "host/desktop/main_window.h"
+#include "host/desktop/script_player.h"
+
+namespace standin::desktop {
+
+namespace {
+
+constexpr int kMostFailures = 100;
+constexpr int kUnreadable = 101;
+
+struct ScriptOptions {
+    MenuBarKind menus = MenuBarKind::kFull;
+    std::filesystem::path pictures = ".";
+    std::filesystem::path script;
+};
+
+ScriptOptions ReadOptions(const std::vector<std::string>& arguments) {
+    ScriptOptions options;
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        if (arguments[i] == "--short-menus") {
+            options.menus = MenuBarKind::kShort;
+        } else if (arguments[i] == "--pictures" && i + 1 < arguments.size()) {
+            options.pictures = cli::PathOf(arguments[++i]);
+        } else {
+            options.script = cli::PathOf(arguments[i]);
+        }
+    }
+    return options;
+}
+
+int RunScript(const ScriptOptions& options) {
+    std::ifstream file{options.script, std::ios::binary};
+    const std::string text{std::istreambuf_iterator<char>{file}, {}};
+    const ScriptText script = ReadScript(text, SessionLanguage());
+    if (script.lines.empty() || !script.problem.empty()) {
+        std::fprintf(stderr, "%s: %s\n", cli::TextOf(options.script).c_str(),
+                     script.problem.empty() ? "it holds no lines" : script.problem.c_str());
+        return kUnreadable;
+    }
+    MainWindow window{options.menus};
+    window.StartPlugin();
+    int failures = 0;
+    const DWORD windowThread = GetCurrentThreadId();
+    std::thread player{[&] {
+        failures =
+            PlayScript({window, options.script.parent_path(), options.pictures, SessionLanguage()},
+                       script.lines);
+        PostThreadMessageW(windowThread, WM_QUIT, 0, 0);
+    }};
+    window.Run();
+    player.join();
+    return std::min(failures, kMostFailures);
+}
+
+int RunForPerson(const std::vector<std::string>& files) {
+    FreeConsole();
+    MainWindow window{MenuBarKind::kFull};
+    window.StartPlugin();
+    for (const std::string& file : files) {
+        window.Open(cli::PathOf(file));
+    }
+    return window.Run();
+}
+
+bool IsScore(const std::string& argument) {
+    const std::string extension = cli::PathOf(argument).extension().string();
+    return extension == ".musicxml" || extension == ".xml" || extension == ".mxl";
+}
+
+}  // namespace
+
+bool WantsWindow(const std::vector<std::string>& arguments) {
+    return std::all_of(arguments.begin(), arguments.end(), IsScore) ||
+           (arguments.size() >= 2 && arguments[0] == "script");
+}
+
+int RunWindow(const std::vector<std::string>& arguments) {
+    if (!arguments.empty() && arguments[0] == "script") {
+        return RunScript(ReadOptions(arguments));
+    }
+    return RunForPerson(arguments);
+}
+
+}  // namespace standin::desktop

@@ -1,0 +1,78 @@
+// The program's window: menu bar, grid, status bar, and the services the plug-in calls.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/desktop/grid_window.h"
+#include "host/desktop/menu_bar.h"
+#include "host/desktop/message_pump.h"
+#include "host/desktop/open_documents.h"
+#include "host/desktop/plugin_session.h"
+#include "host/desktop/progress_window.h"
+#include "host/desktop/windows_api.h"
+#include "host/desktop/windows_dialogs.h"
+
+namespace standin::desktop {
+
+class MainWindow {
+public:
+    explicit MainWindow(MenuBarKind menus);
+    ~MainWindow();
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    // Starts the plug-in and lists its items; tells the user when it does not start.
+    void StartPlugin();
+    // Tells the user when it cannot be opened. False: not opened.
+    bool Open(const std::filesystem::path& file);
+    // Runs until the window is closed.
+    int Run();
+
+    HWND Window() const noexcept { return m_window; }
+    GridWindow& Grid() noexcept { return *m_grid; }
+    ProgressWindow& Progress() noexcept { return m_progress; }
+    OpenDocuments& Documents() noexcept { return m_documents; }
+    void CarryOut(u16 command);
+    // After a change of the current document or its selection from outside.
+    void ShowDocument();
+
+    // Runs a routine in the window's thread and returns when it is done; from any thread.
+    void InWindowThread(const std::function<void()>& routine) const;
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM word, LPARAM data);
+    LRESULT Handle(UINT message, WPARAM word, LPARAM data);
+    void CreateParts();
+    void Arrange() const;
+
+    bool CarryOutFile(u16 command);
+    bool CarryOutEdit(u16 command);
+    bool CarryOutView(u16 command);
+    bool CarryOutHost(u16 command);
+    void Save(bool askForName);
+    bool CloseDocument(u16 document);
+    bool CloseAll();
+    void About() const;
+
+    void AfterMessage();
+    void ShowAlert(const Alert& alert);
+    void ShowStatus() const;
+    void ShowTitle() const;
+    void Tell(const std::wstring& text, UINT icon) const;
+
+    MessagePump m_pump;
+    HWND m_window;
+    ProgressWindow m_progress;
+    OpenDocuments m_documents;
+    std::unique_ptr<MenuBar> m_menus;
+    std::unique_ptr<GridWindow> m_grid;
+    HWND m_status = nullptr;
+    WindowsDialogs m_dialogs;
+    std::unique_ptr<PluginSession> m_plugin;
+};
+
+}  // namespace standin::desktop

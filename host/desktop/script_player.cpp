@@ -1,0 +1,74 @@
+#include "host/desktop/script_player.h"
+
+#include <cstdio>
+
+#include "host/desktop/script_actions.h"
+#include "host/desktop/script_expectations.h"
+#include "host/desktop/wide_text.h"
+
+namespace standin::desktop {
+
+namespace {
+
+constexpr int kPatience = 4000;  // milliseconds
+constexpr int kLook = 25;
+
+void Report(const ScriptLine& line, const std::string& problem) {
+    const std::size_t start = line.text.find_first_not_of(" \t");
+    std::string text = line.text.substr(start);
+    text.erase(text.find_last_not_of(" \t\r") + 1);
+    if (problem.empty()) {
+        std::printf("ok      %3d  %s\n", line.number, text.c_str());
+    } else {
+        std::printf("FAILED  %3d  %s: %s\n", line.number, text.c_str(), problem.c_str());
+    }
+    std::fflush(stdout);
+}
+
+std::string Expect(ScriptScene& scene, const std::vector<std::string>& words) {
+    const std::vector<std::string> expectation{words.begin() + 1, words.end()};
+    std::string problem = CheckExpectation(scene, expectation);
+    for (int waited = 0; !problem.empty() && waited < kPatience; waited += kLook) {
+        Sleep(kLook);
+        problem = CheckExpectation(scene, expectation);
+    }
+    return problem;
+}
+
+// What the plug-in was lent and began must have come back when nothing runs any more.
+std::string LeftOver(const ScriptScene& scene) {
+    std::string problem;
+    scene.window.InWindowThread([&problem] {
+        if (App().lent.Count() != 0) {
+            problem = "frames are still lent";
+        } else if (!App().progressDisplays.empty()) {
+            problem = "a progress display is still open";
+        } else if (App().CurrentDocument() != nullptr && App().CurrentDocument()->IsEditOpen()) {
+            problem = "an edit is still open";
+        }
+    });
+    return problem;
+}
+
+}  // namespace
+
+int PlayScript(ScriptScene scene, const std::vector<ScriptLine>& lines) {
+    int failures = 0;
+    for (const ScriptLine& line : lines) {
+        const bool expects = line.words[0] == "expect";
+        const std::string problem =
+            expects ? Expect(scene, line.words) : TakeStep(scene, line.words);
+        Report(line, problem);
+        if (!problem.empty()) {
+            ++failures;
+            if (!expects) {
+                return failures;
+            }
+        }
+    }
+    const std::string leftOver = LeftOver(scene);
+    Report({static_cast<int>(lines.size()), "what was lent and begun has come back", {}}, leftOver);
+    return failures + (leftOver.empty() ? 0 : 1);
+}
+
+}  // namespace standin::desktop

@@ -1,0 +1,14 @@
+// The selection in words, for the status bar.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/score/document.h"
+
+namespace standin::desktop {
+
+// Such as "Soprano to Bass, measure 3 beat 2 to 5 beat 1".
+std::u16string SelectionText(const Document& document);
+
+}  // namespace standin::desktop
