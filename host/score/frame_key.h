@@ -1,7 +1,6 @@
 // Which layer of which staff in which measure: the place of a frame.
 #pragma once
 
-#include <compare>
 #include <cstddef>
 #include <functional>
 
@@ -14,7 +13,14 @@ struct FrameKey {
     u16 measure = 0;  // from 1
     u16 layer = 0;    // from 0
 
-    auto operator<=>(const FrameKey&) const = default;
+    // One number that orders as staff, measure and layer do.
+    constexpr u64 Packed() const noexcept {
+        return (u64{staff} << 32U) | (u64{measure} << 16U) | layer;
+    }
+    bool operator==(const FrameKey&) const = default;
+    constexpr bool operator<(const FrameKey& other) const noexcept {
+        return Packed() < other.Packed();
+    }
 };
 
 }  // namespace standin
@@ -22,7 +28,6 @@ struct FrameKey {
 template <>
 struct std::hash<standin::FrameKey> {
     std::size_t operator()(const standin::FrameKey& key) const noexcept {
-        const u64 packed = (u64{key.staff} << 32U) | (u64{key.measure} << 16U) | key.layer;
-        return static_cast<std::size_t>(packed * 0x9E3779B97F4A7C15ULL >> 16U);
+        return static_cast<std::size_t>(key.Packed() * 0x9E3779B97F4A7C15ULL >> 16U);
     }
 };

@@ -15,8 +15,7 @@ LentFrame::LentFrame(u16 document, FrameKey key, u16 firstKey, u16 slot,
     m_view.layer = key.layer;
     m_asLent = m_view;
     if (entries != nullptr) {
-        Resize(static_cast<i16>(entries->size()));
-        std::memcpy(m_view.entries, entries->data(), entries->size() * sizeof(EXENTRY));
+        Replace(*entries);
     }
 }
 
@@ -45,7 +44,7 @@ void LentFrame::Delete(i16 index, i16 count) {
 
 void LentFrame::Replace(const std::vector<EXENTRY>& entries) {
     Resize(static_cast<i16>(entries.size()));
-    if (!entries.empty()) {
+    if (m_view.entries != nullptr) {
         std::memcpy(m_view.entries, entries.data(), entries.size() * sizeof(EXENTRY));
     }
 }

@@ -1,8 +1,6 @@
 // How records are addressed: the family of a tag decides which words its key has.
 #pragma once
 
-#include <compare>
-
 #include "shell/host/host_types.h"
 
 namespace standin {
@@ -52,7 +50,8 @@ struct RecordKey {
     // The item of an 'other' record, such as the measure of a measure record.
     constexpr u16 OtherItem() const noexcept { return static_cast<u16>(order >> 16U); }
 
-    auto operator<=>(const RecordKey&) const = default;
+    bool operator==(const RecordKey&) const = default;
+    constexpr bool operator<(const RecordKey& other) const noexcept { return order < other.order; }
 };
 
 // The key words of a family as the host interface passes them. kStaffAt keys are not packed;
