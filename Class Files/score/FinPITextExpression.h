@@ -7,7 +7,7 @@ class FinPITextExpression final : public TextExpressionRecord {
 public:
     explicit FinPITextExpression(u16 definition)
         : TextExpressionRecord{HostTag("SODT"), definition} {
-        FinPIEnigmaVarLen::Reset(0);
+        SetSize(FinPITextExpression::MinimumBodySize(0));
     }
     // The text's own reference follows the structure.
     u32 MinimumBodySize(u16 /*inci*/) const override { return 38; }

@@ -1,0 +1,37 @@
+// Runs the command and the record class that docs/class-library.md shows.
+#include "library_example.h"
+
+#include <gtest/gtest.h>
+#include <vector>
+
+#include "Class Files/FinPIModeless.h"
+#include "Class Files/score/EnigmaRecords.h"
+#include "tests/unit/support/pending_error.h"
+#include "tests/unit/support/stand_in.h"
+
+namespace {
+
+TEST(LibraryExample, LeavesABookmarkInEachSelectedMeasure) {
+    standin::StandIn host(2, 3);
+    host.Score().LayoutSystems(3);
+    host.Select(1, 2, 0, 2, 3, kEndOfMeasure);
+    const EREGION whole = host.Score().WholeRegion();
+    auto* command = new BookmarkMeasures(nullptr, 0);  // owns itself
+    command->Start(&*host.Score().selection, &whole);
+
+    std::vector<std::pair<u16, i16>> bookmarks;
+    FinPIBookmark bookmark(0);
+    for (bookmark.Rewind(); bookmark.LoadNext() != 0;) {
+        bookmarks.emplace_back(bookmark.GetCmper1(), bookmark.measure);
+    }
+    const u16 first = host.Staff(1);
+    const u16 second = host.Staff(2);
+    EXPECT_EQ(bookmarks,
+              (std::vector<std::pair<u16, i16>>{{first, 2}, {first, 3}, {second, 2}, {second, 3}}));
+    EXPECT_EQ(host.Score().UndoTexts().size(), 1U) << "one undoable edit";
+    EXPECT_TRUE(host.Score().Undo());
+    EXPECT_TRUE(host.Score().Records().OfTag(HostTag("otBk")).empty());
+    EXPECT_EQ(TakePendingError(), "");
+}
+
+}  // namespace
