@@ -4,24 +4,17 @@
 #include <string>
 
 #include "Class Files/interface/WindowMessages.h"
+#include "Class Files/score/FinPILayer.h"
 #include "platform/resources.h"
 #include "shell/host/callbacks.h"
 
 namespace {
 
 constexpr u32 kAllLayersString = 20075;
-constexpr u32 kLayerString = 20092;
 constexpr u16 kAllLayersSetting = 0xFFFF;
 
 // What a buffer for an item's text holds, its terminator included.
 constexpr std::size_t kItemTextUnits = 1024;
-
-// As the user counts layers, from 1.
-std::u16string LayerName(i16 layer) {
-    const std::string number = std::to_string(layer + 1);
-    std::u16string name{platform::ResourceString(kLayerString)};
-    return name.append(1, u' ').append(number.begin(), number.end());
-}
 
 }  // namespace
 
@@ -109,7 +102,8 @@ void FinPIPopupLayerList::FillLayers(u16 selectedLayer, bool includeAll) {
     }
     const i16 layers = Host::GetMaxLayers();
     for (i16 layer = 0; layer < layers; ++layer) {
-        const u32 position = AddLayerItem(LayerName(layer).c_str(), layer);
+        const std::u16string name = FinPILayer::Name(static_cast<u16>(layer));
+        const u32 position = AddLayerItem(name.c_str(), layer);
         if (selectedLayer == layer) {
             selected = position;
         }

@@ -32,7 +32,7 @@ struct HMENU__ {
     struct Item {
         std::u16string text;
         std::uint32_t command = 0;
-        platform::OwnedMenu submenu;
+        platform::OwnedMenu submenu{};
         bool greyed = false;
         bool separator = false;
     };

@@ -1,3 +1,5 @@
-add_executable(test_settings "${CMAKE_CURRENT_LIST_DIR}/settings_store_test.cpp")
-target_link_libraries(test_settings PRIVATE finpi GTest::gtest_main)
-gtest_discover_tests(test_settings)
+add_standin_test(test_settings
+  "${CMAKE_CURRENT_LIST_DIR}/settings_store_test.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/settings_saved_test.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/support/dialog_desk.cpp")
+target_link_libraries(test_settings PRIVATE finpi)

@@ -1,0 +1,342 @@
+// The dialog framework: events, titles, remembered places, the timer, layout.
+#include "Class Files/interface/DialogLayout.h"
+#include "Class Files/interface/WindowMessages.h"
+#include "Class Files/settings/FinPIUtil.h"
+#include "host/score/application.h"
+#include "platform/headless/window_model.h"
+#include "tests/unit/interface_support.h"
+
+namespace {
+
+using Notes = std::vector<std::string>;
+using OpenDialog = standin::DialogDesk::OpenDialog;
+
+class DialogTest : public InterfaceTest {
+protected:
+    NotingDialog dialog{&command, nullptr, u"6.10"};
+};
+
+TEST_F(DialogTest, CreationPreparesThenInitialisesTheWindow) {
+    const OpenDialog& open = Show(dialog);
+    EXPECT_EQ(dialog.TakeNotes(), (Notes{"prepare", "initialize", "ready", "after"}));
+    EXPECT_EQ(open.window.caption, u"Plyweld v6.10");
+}
+
+struct EventCase {
+    const char* name;
+    u32 message;
+    u64 word;
+    i16 result;
+    const char* note;  // null: no handler is called
+};
+
+class DialogEvents : public DialogTest, public testing::WithParamInterface<EventCase> {};
+
+TEST_P(DialogEvents, ReachTheirHandler) {
+    const EventCase& c = GetParam();
+    HWND__ control;
+    control.controlId = 1003;
+    OpenDialog& open = Show(dialog);
+    dialog.TakeNotes();
+    EXPECT_EQ(open.Send(c.message, c.word, reinterpret_cast<i64>(&control)), c.result);
+    EXPECT_EQ(dialog.TakeNotes(), c.note == nullptr ? Notes{} : Notes{c.note});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Messages, DialogEvents,
+    testing::Values(
+        EventCase{"Activate", 6, 0, 11, "activate"}, EventCase{"Paint", 15, 0, 12, "paint"},
+        EventCase{"Character", 258, 'a', 13, "character"}, EventCase{"Cursor", 32, 0, 0, nullptr},
+        EventCase{"Edit", 307, 0, 15, "color 1003 1"},
+        EventCase{"Button", 309, 0, 15, "color 1003 3"},
+        EventCase{"Static", 312, 0, 15, "color 1003 6"},
+        EventCase{"Unknown", 0xC123, 0, 14, "other"}, EventCase{"Timer", 275, 1, 1, "timer"},
+        EventCase{"Command", 273, (5U << 16U) | 1009U, 16, "command 1009 5"},
+        EventCase{"UnknownSystemCommand", 274, 0xF010, 0, nullptr}),
+    [](const auto& test) { return std::string{test.param.name}; });
+
+TEST_F(DialogTest, OnlyATabSelectionIsANotificationForHandlers) {
+    OpenDialog& open = Show(dialog);
+    dialog.TakeNotes();
+    NotificationHeader header{nullptr, 1004, kTabSelectionChanged};
+    EXPECT_EQ(open.Send(WindowMessage::kNotify, 0, reinterpret_cast<i64>(&header)), 16);
+    EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1004 4294966744"}));
+    header.code = kTabSelectionNotification;
+    EXPECT_EQ(open.Send(WindowMessage::kNotify, 0, reinterpret_cast<i64>(&header)), 0);
+    EXPECT_EQ(dialog.TakeNotes(), Notes{});
+}
+
+TEST_F(DialogTest, AnInitialisationThatFailedLeavesTheControlsDead) {
+    dialog.initializes = 0;
+    OpenDialog& open = Show(dialog);
+    dialog.TakeNotes();
+    EXPECT_EQ(open.Press(1009), 0);
+    EXPECT_EQ(dialog.TakeNotes(), Notes{});
+    open.Send(WindowMessage::kClose);
+    EXPECT_EQ(desk.Newest(), nullptr);
+}
+
+TEST_F(DialogTest, EventsOfAnotherWindowOrOfNoDialogAreRefused) {
+    Show(dialog);
+    dialog.TakeNotes();
+    HWND__ other;
+    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kCommand, 1, 0, &dialog), 0);
+    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kPaint, 0, 0, &dialog), 0);
+    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kPaint, 0, 0, nullptr), 0);
+    EXPECT_EQ(dialog.TakeNotes(), Notes{});
+}
+
+TEST_F(DialogTest, NoExceptionLeavesAnEvent) {
+    OpenDialog& open = Show(dialog);
+    dialog.whileHandling = [] { throw std::bad_alloc{}; };
+    EXPECT_EQ(open.Press(1009), 0);
+}
+
+TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
+    OpenDialog& open = Show(dialog);
+    dialog.whileHandling = [&] { EXPECT_EQ(open.Send(WindowMessage::kTimer), 1); };
+    dialog.TakeNotes();
+    open.Press(1009);
+    EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1009 0"}));
+    dialog.whileHandling = nullptr;
+    open.Send(WindowMessage::kTimer);
+    EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer"}));
+    NotingDialog modal{&command, nullptr, nullptr};
+    desk.Then([&](OpenDialog& shown) {
+        shown.Press(2);
+        modal.TakeNotes();
+        shown.Send(WindowMessage::kTimer);
+        EXPECT_EQ(modal.TakeNotes(), Notes{});
+    });
+    modal.ShowDialogWindow(nullptr, 1);
+}
+
+TEST_F(DialogTest, AModelessDialogHearsOfAChangedPreference) {
+    const auto setPreference = [&](char value) {
+        std::string general(76, '\0');
+        general[30] = value;
+        ASSERT_TRUE(host.Score().Records().Save(HostTag("pfgp"), standin::RecordKey::Preference(0),
+                                                general));
+    };
+    setPreference(1);
+    OpenDialog& open = Show(dialog);
+    dialog.TakeNotes();
+    open.Send(WindowMessage::kTimer);
+    setPreference(2);
+    open.Send(WindowMessage::kTimer);
+    open.Send(WindowMessage::kTimer);
+    EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer", "preferences", "timer", "timer"}));
+}
+
+struct TitleCase {
+    const char* name;
+    std::u16string title;
+    std::u16string version;
+    std::u16string caption;
+};
+
+class DialogTitles : public InterfaceTest, public testing::WithParamInterface<TitleCase> {};
+
+TEST_P(DialogTitles, AreCutToTheirFieldsWithTheVersionBehind) {
+    const TitleCase& c = GetParam();
+    NotingDialog dialog{&command, c.title.c_str(), c.version.empty() ? nullptr : c.version.c_str()};
+    EXPECT_EQ(Show(dialog).window.caption, c.caption);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lengths, DialogTitles,
+                         testing::Values(TitleCase{"Plain", u"Title", u"", u"Title"},
+                                         TitleCase{"Versioned", u"Title", u"6.10", u"Title v6.10"},
+                                         TitleCase{"Full", std::u16string(255, u'x'), u"6.10",
+                                                   std::u16string(255, u'x')},
+                                         TitleCase{"NearlyFull", std::u16string(252, u'x'), u"6.10",
+                                                   std::u16string(252, u'x') + u" v6"},
+                                         TitleCase{"Long", std::u16string(400, u'x'), u"",
+                                                   std::u16string(255, u'x')},
+                                         TitleCase{"LongVersion", u"T", std::u16string(70, u'9'),
+                                                   u"T v" + std::u16string(61, u'9')}),
+                         [](const auto& test) { return std::string{test.param.name}; });
+
+// The stored place under a position number, as "left,top"; empty when there is none.
+std::string StoredPlace(i16 number) {
+    i16 record[14]{};
+    const u32 size = ZKFX_GetSettings("WPOS", number, record, sizeof(record), "Plyweld");
+    return size == 0 ? "" : std::to_string(record[0]) + ',' + std::to_string(record[1]);
+}
+
+void StorePlace(i16 number, i16 left, i16 top) {
+    const i16 record[14] = {left, top};
+    ASSERT_EQ(ZKFX_PutSettings("WPOS", number, record, sizeof(record), "Plyweld"), 1);
+}
+
+TEST_F(DialogTest, KeepsItsPlaceUnderTheNumberOfItsKeyOffset) {
+    OpenDialog& open = Show(dialog);
+    open.window.rectangle = {123, 45, 400, 200};
+    dialog.CloseDialog(&open.window);
+    EXPECT_EQ(StoredPlace(22000), "123,45");
+    NotingDialog again{&command, nullptr, nullptr};
+    again.keyOffset = 3;
+    OpenDialog& second = Show(again);
+    EXPECT_EQ(second.window.rectangle.left, 300) << "each key offset has a place of its own";
+    second.Send(WindowMessage::kSystemCommand, SystemCommand::kClose);
+    EXPECT_EQ(StoredPlace(12003), "300,200");
+}
+
+TEST_F(DialogTest, ClosedWhileMinimizedKeepsTheStoredPlace) {
+    StorePlace(22000, 50, 60);
+    OpenDialog* open = &Show(dialog);
+    open->Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
+    open->window.rectangle = {-32000, -32000, -31800, -31900};
+    dialog.CloseDialog(&open->window);
+    EXPECT_EQ(StoredPlace(22000), "50,60");
+    NotingDialog restored{&command, nullptr, nullptr};
+    open = &Show(restored);
+    open->Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
+    open->Send(WindowMessage::kSystemCommand, SystemCommand::kRestore);
+    open->window.rectangle = {70, 80, 270, 180};
+    restored.CloseDialog(&open->window);
+    EXPECT_EQ(StoredPlace(22000), "70,80");
+}
+
+TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
+    StorePlace(22000, 50, 60);
+    OpenDialog& open = Show(dialog);
+    EXPECT_EQ(open.window.rectangle.left, 50);
+    EXPECT_EQ(open.window.rectangle.Width(), desk.newWindow.Width());
+    open.window.rectangle = {500, 500, 600, 600};
+    open.Send(WindowMessage::kPositionChanged);
+    EXPECT_EQ(open.window.rectangle.left, 50);
+    open.window.rectangle = {500, 500, 600, 600};
+    open.Send(WindowMessage::kPositionChanged);
+    EXPECT_EQ(open.window.rectangle.left, 500) << "later moves are the user's";
+}
+
+struct PlaceCase {
+    const char* name;
+    platform::Rectangle desktop;
+    i16 left;
+    i16 top;
+    bool moves;
+};
+
+class DialogPlaces : public DialogTest, public testing::WithParamInterface<PlaceCase> {};
+
+TEST_P(DialogPlaces, HoldWhileTheCornerIsOnTheDesktop) {
+    const PlaceCase& c = GetParam();
+    platform::headless::SetDesktop(c.desktop);
+    StorePlace(22000, c.left, c.top);
+    const platform::Rectangle& window = Show(dialog).window.rectangle;
+    EXPECT_EQ(window.left, c.moves ? c.left : desk.newWindow.left);
+    EXPECT_EQ(window.top, c.moves ? c.top : desk.newWindow.top);
+}
+
+constexpr platform::Rectangle kOneScreen{0, 0, 1920, 1080};
+constexpr platform::Rectangle kScreenAtTheLeft{-1920, 0, 1920, 1080};
+
+INSTANTIATE_TEST_SUITE_P(
+    Desktops, DialogPlaces,
+    testing::Values(PlaceCase{"Origin", kOneScreen, 0, 0, true},
+                    PlaceCase{"LastPixel", kOneScreen, 1919, 1079, true},
+                    PlaceCase{"RightOfIt", kOneScreen, 1920, 100, false},
+                    PlaceCase{"BelowIt", kOneScreen, 100, 1080, false},
+                    PlaceCase{"LeftOfIt", kOneScreen, -50, 100, false},
+                    PlaceCase{"OnTheSecondScreen", kScreenAtTheLeft, -50, 100, true},
+                    PlaceCase{"LeftOfBoth", kScreenAtTheLeft, -1921, 100, false}),
+    [](const auto& test) { return std::string{test.param.name}; });
+
+TEST_F(DialogTest, TheTimerRunsFromStartToTheWindowsEnd) {
+    OpenDialog& open = Show(dialog);
+    dialog.StartTimer(&open.window);
+    EXPECT_EQ(open.timers, (std::map<u64, u32>{{1, 100}}));
+    dialog.StopTimer(&open.window);
+    EXPECT_TRUE(open.timers.empty());
+    dialog.StartTimer(&open.window);
+    EXPECT_EQ(open.Send(WindowMessage::kDestroy), 1);
+    EXPECT_TRUE(open.timers.empty());
+}
+
+TEST_F(DialogTest, UserValuesAreRoundedHalfAwayFromZero) {
+    OpenDialog& open = Show(dialog);
+    for (const auto& [value, rounded] : {std::pair{2.5, 3}, {-2.5, -3}, {2.4, 2}, {0.0, 0}}) {
+        open.userValues[7] = value;
+        EXPECT_EQ(dialog.GetUserValueRounded(&open.window, 7), rounded);
+    }
+}
+
+TEST_F(DialogTest, CopyingControlsIsForDialogsWithSettings) {
+    dialog.CopyDialogToConfigData(nullptr);
+    ASSERT_EQ(standin::App().alerts.size(), 1U);
+    EXPECT_EQ(standin::App().alerts.front().text,
+              u"Internal Application Error at FinPIDialog::CopyDialogToConfigData->"
+              u"Base version of function was called, which does nothing.");
+}
+
+class LayoutTest : public InterfaceTest {
+protected:
+    // A control's place, as "left,top,right,bottom".
+    std::string Place(u16 control) const {
+        const platform::Rectangle& r = window.controls.at(control).rectangle;
+        return std::to_string(r.left) + ',' + std::to_string(r.top) + ',' +
+               std::to_string(r.right) + ',' + std::to_string(r.bottom);
+    }
+
+    NotingDialog dialog{&command, nullptr, nullptr};
+    HWND__& window = Show(dialog).window;
+};
+
+struct LayoutCase {
+    const char* name;
+    void (*change)(WindowHandle window);
+    const char* place;  // from 30,40,100,50
+};
+
+class Layout : public LayoutTest, public testing::WithParamInterface<LayoutCase> {};
+
+TEST_P(Layout, ChangesWhatIsAsked) {
+    window.controls[1003].rectangle = {30, 40, 100, 50};
+    GetParam().change(&window);
+    EXPECT_EQ(Place(1003), GetParam().place);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Helpers, Layout,
+    testing::Values(
+        LayoutCase{"Both", [](WindowHandle w) { SizeControl(w, 1003, 20, 40); }, "30,40,70,60"},
+        LayoutCase{"Width", [](WindowHandle w) { SizeControl(w, 1003, -1, 40); }, "30,40,70,50"},
+        LayoutCase{"Height", [](WindowHandle w) { SizeControl(w, 1003, 0, -1); }, "30,40,100,40"},
+        LayoutCase{"Move", [](WindowHandle w) { PlaceControl(w, 1003, 5, 6, false); }, "6,5,76,15"},
+        LayoutCase{"MoveLeftEdge", [](WindowHandle w) { PlaceControl(w, 1003, -1, 80, true); },
+                   "80,40,100,50"},
+        LayoutCase{"MoveLeftEdgeTooFar",
+                   [](WindowHandle w) { PlaceControl(w, 1003, -1, 95, true); }, "95,40,105,50"},
+        LayoutCase{"Stay", [](WindowHandle w) { PlaceControl(w, 1003, -1, -1, true); },
+                   "30,40,100,50"},
+        LayoutCase{"ShiftEdges", [](WindowHandle w) { ShiftControlEdges(w, 1003, -3, 2); },
+                   "30,37,100,52"},
+        LayoutCase{"NoSuchControl", [](WindowHandle w) { SizeControl(w, 99, 1, 1); },
+                   "30,40,100,50"}),
+    [](const auto& test) { return std::string{test.param.name}; });
+
+TEST_F(LayoutTest, ShrinkingMovesTheButtonsAndKeepsTheWidth) {
+    const platform::Rectangle before = window.rectangle;
+    ShrinkDialogHeight(&window, -14);
+    EXPECT_EQ(Place(1), "114,71,164,85");
+    EXPECT_EQ(Place(2), "171,71,221,85");
+    EXPECT_EQ(window.rectangle.Height(), before.Height() - 14);
+    EXPECT_EQ(window.rectangle.Width(), before.Width());
+}
+
+TEST_F(LayoutTest, ShowsAndHidesWithATextOfTheTable) {
+    OpenDialog& open = *desk.Newest();
+    ShowHideControl(&window, 1, 20001, true);
+    EXPECT_TRUE(open.hidden.contains(1));
+    EXPECT_EQ(open.texts[1], u"Yes");
+    ShowHideControl(&window, 1, -1, false);
+    EXPECT_FALSE(open.hidden.contains(1));
+    EXPECT_EQ(open.texts[1], u"Yes");
+    SetControlTextUtf8(&window, 1, "S\xC3\xAD");
+    EXPECT_EQ(open.texts[1], u"S\u00ED");
+    SetControlTextUtf8(&window, 1, nullptr);
+    EXPECT_EQ(open.texts[1], u"");
+}
+
+}  // namespace

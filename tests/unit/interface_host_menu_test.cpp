@@ -1,0 +1,107 @@
+// Reshaping the host's plug-in menu.
+#include <gtest/gtest.h>
+
+#include "Class Files/interface/HostMenu.h"
+#include "platform/headless/window_model.h"
+
+namespace {
+
+// A menu's texts with its submenus in braces; "~" before a greyed item, "-" for a separator.
+std::u16string Show(const HMENU__& menu) {
+    std::u16string shown;
+    for (const HMENU__::Item& item : menu.items) {
+        shown += shown.empty() ? u"" : u"|";
+        shown += item.separator ? u"-" : item.greyed ? u"~" : u"";
+        shown += item.text;
+        if (item.submenu != nullptr) {
+            shown += u"{" + Show(*item.submenu) + u"}";
+        }
+    }
+    return shown;
+}
+
+class HostMenuTest : public testing::Test {
+protected:
+    // Top-level menus are numbered apart in every test: what was found once is remembered.
+    HostMenuTest() {
+        static u32 nextId = 1000;
+        m_firstId = nextId;
+        nextId += 100;
+        m_window.menuBar.reset(new HMENU__);
+        for (int position = 0; position < 5; ++position) {
+            AddMenu({u"Plyweld 6.10..."});
+        }
+    }
+
+    HMENU__& AddMenu(const std::vector<std::u16string>& items) {
+        platform::OwnedMenu menu{new HMENU__};
+        for (const std::u16string& text : items) {
+            menu->items.push_back({text, 40 + static_cast<u32>(menu->items.size())});
+        }
+        HMENU__& added = *menu;
+        auto& bar = m_window.menuBar->items;
+        bar.push_back({u"Menu", m_firstId + static_cast<u32>(bar.size()), std::move(menu)});
+        return added;
+    }
+
+    HWND__ m_window;
+    u32 m_firstId;
+};
+
+TEST_F(HostMenuTest, TheFirstFiveMenusAreNeverSearched) {
+    EXPECT_FALSE(FindPluginMenuItem(&m_window, u"Plyweld"));
+    HMENU__& plugins = AddMenu({u"Other...", u"Ply&weld 6.10..."});
+    const FoundMenuItem found = FindPluginMenuItem(&m_window, u"Plyweld 6.10...");
+    EXPECT_EQ(found.menu, &plugins);
+    EXPECT_EQ(found.position, 1);
+}
+
+TEST_F(HostMenuTest, SearchesSubmenusAndComparesBeginnings) {
+    HMENU__& plugins = AddMenu({u"Plywel"});
+    platform::OwnedMenu inner{new HMENU__};
+    inner->items.push_back({u"Plyweld 6.10 Slow & sad...", 50});
+    plugins.items.push_back({u"Plyweld", 0, std::move(inner)});
+    EXPECT_FALSE(FindPluginMenuItem(&m_window, u"Plyweld 6.10..."));
+    const FoundMenuItem found = FindPluginMenuItem(&m_window, u"Plyweld 6.10 Slow");
+    EXPECT_EQ(found.menu, plugins.items[1].submenu.get());
+    EXPECT_EQ(found.position, 0);
+    EXPECT_EQ(FindPluginMenuItem(&m_window, u"").menu, &plugins) << "the first plain item";
+}
+
+TEST_F(HostMenuTest, AfterAHitOnlyItsMenuIsSearched) {
+    AddMenu({u"Elsewhere"});
+    AddMenu({u"Plyweld 6.10..."});
+    EXPECT_TRUE(FindPluginMenuItem(&m_window, u"Plyweld"));
+    EXPECT_FALSE(FindPluginMenuItem(&m_window, u"Elsewhere"));
+    m_window.menuBar->items.pop_back();
+    EXPECT_TRUE(FindPluginMenuItem(&m_window, u"Elsewhere")) << "that menu is gone";
+}
+
+TEST_F(HostMenuTest, GathersTheCommandAndItsSavedSettings) {
+    HMENU__& plugins = AddMenu({u"First", u"Plyweld 6.10...", u"Plyweld 6.10 A&B...", u"Last"});
+    plugins.items[1].greyed = true;
+    const platform::Menu submenu =
+        MakePluginSubmenu(&m_window, u"Plyweld", u"Plyweld", u"Plyweld 6.10");
+    ASSERT_NE(submenu, nullptr);
+    EXPECT_EQ(Show(plugins), u"First|Plyweld{~Plyweld...}|Plyweld 6.10 A&B...|Last");
+    platform::AppendMenuSeparator(submenu);
+    EXPECT_TRUE(MoveSettingItem(&m_window, submenu, u"A&B...", u"Plyweld 6.10 "));
+    EXPECT_EQ(Show(plugins), u"First|Plyweld{~Plyweld...|-|A&B...}|Last");
+    EXPECT_EQ(submenu->items[0].command, 41U);
+    EXPECT_EQ(submenu->items[2].command, 42U);
+    EXPECT_FALSE(MoveSettingItem(&m_window, submenu, u"C...", u"Plyweld 6.10 "));
+    EXPECT_EQ(MakePluginSubmenu(&m_window, u"Plyweld", u"Plyweld", u"Plyweld 6.10"), nullptr);
+}
+
+TEST_F(HostMenuTest, AMovedItemIsNamedByPrefixOrReplacement) {
+    HMENU__& plugins = AddMenu({u"Abcdef", u"Abcdef", u"Abcdef", u"Abcdef"});
+    const platform::OwnedMenu target{new HMENU__};
+    EXPECT_TRUE(MoveItemToSubmenu({&plugins, 0}, target.get(), u"xyz", std::nullopt));
+    EXPECT_TRUE(MoveItemToSubmenu({&plugins, 0}, target.get(), u"Abcdef", u"unused"));
+    EXPECT_TRUE(MoveItemToSubmenu({&plugins, 0}, target.get(), std::nullopt, u"New"));
+    EXPECT_TRUE(MoveItemToSubmenu({&plugins, 0}, target.get(), std::nullopt, std::nullopt));
+    EXPECT_EQ(Show(*target), u"def||New|Abcdef");
+    EXPECT_FALSE(MoveItemToSubmenu({}, target.get(), std::nullopt, std::nullopt));
+}
+
+}  // namespace

@@ -1,0 +1,385 @@
+// Saved settings: the stored record, the move from the older owner, and the dialog.
+#include <cstring>
+
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/settings/FinPISaveSettingsDlg.h"
+#include "Class Files/settings/FinPIUtil.h"
+#include "Class Files/settings/SaveSettingsControls.h"
+#include "Class Files/settings/SavedSettings.h"
+#include "host/score/application.h"
+#include "platform/registry.h"
+#include "tests/unit/interface_support.h"
+
+namespace {
+
+namespace Control = SaveSettingsControl;
+using OpenDialog = standin::DialogDesk::OpenDialog;
+using Names = std::vector<std::u16string>;
+
+constexpr u16 kCommand = 22000;
+constexpr char kOwner[] = "Save Settings";
+
+// The command dialog: what it shows is put into the settings record when asked.
+class CommandDialog final : public FinPIDialog {
+public:
+    explicit CommandDialog(SettingsCommand& command)
+        : FinPIDialog{&command, kCommand, u"Plyweld", nullptr, nullptr}, m_command{command} {}
+
+    i16 HandleCommand(WindowHandle, u16, u8*) override { return 0; }
+    void CopyDialogToConfigData(WindowHandle) override {
+        std::memcpy(m_command.settings, "dlg!", 4);
+    }
+
+private:
+    SettingsCommand& m_command;
+};
+
+class SavedSettingsTest : public InterfaceTest {
+protected:
+    SavedSettingsTest() { g_savedSettingsChanged = 1; }
+
+    static void Store(i16 number, const std::u16string& name, u16 identifier, u16 skip = 0,
+                      const char* settings = "abcd", u16 flags = 0) {
+        SavedSettingPtr record{4};
+        record.SetName(name);
+        record.Header().identifier = identifier;
+        record.Header().skipDialog = skip;
+        record.Header().flags = flags;
+        std::memcpy(record.Settings(), settings, 4);
+        ASSERT_EQ(record.PutToFile(SavedSettings::StoredNumber(kCommand, number)), 1);
+    }
+    // "name identifier skip settings" of each saved setting in turn.
+    static std::vector<std::string> Stored() {
+        std::vector<std::string> all;
+        for (i16 number = 1;; ++number) {
+            SavedSettingPtr record{4};
+            if (record.GetFromFile(SavedSettings::StoredNumber(kCommand, number)) == 0) {
+                return all;
+            }
+            const SavedSettingHeader& header = record.Header();
+            all.push_back(std::string{header.name} + ' ' + std::to_string(header.identifier) + ' ' +
+                          std::to_string(header.skipDialog) + ' ' +
+                          std::string{static_cast<const char*>(record.Settings()), 4});
+        }
+    }
+    void Run(standin::DialogDesk::Script script) {
+        OpenDialog& open = Show(dialog);
+        desk.Then(std::move(script));
+        dialog.RunSaveSettingsDialog(&open.window);
+        EXPECT_EQ(desk.ScriptsLeft(), 0U);
+        dialog.CloseDialog(&open.window);
+    }
+
+    CommandDialog dialog{command};
+};
+
+TEST_F(SavedSettingsTest, TheRecordIsLaidOutAsStored) {
+    SavedSettingPtr record{4};
+    record.SetName(u"Comp\u00E1s");
+    record.Header().commandItem = 2;
+    record.Header().skipDialog = 1;
+    record.Header().identifier = 3;
+    std::memcpy(record.Settings(), "abcd", 4);
+    ASSERT_EQ(record.PutToFile(22001), 1);
+    unsigned char bytes[164]{};
+    ASSERT_EQ(ZKFX_GetSettings("ZKSC", 22001, bytes, sizeof(bytes), kOwner), 164U);
+    EXPECT_EQ(std::memcmp(bytes,
+                          "\xA4\x00\xA0\x00\x00\x00\x40\x1B"
+                          "Comp\xC3\xA1s\0",
+                          16),
+              0);
+    EXPECT_EQ(std::memcmp(bytes + 136, "\x02\x00\x01\x00\x03\x00\x00\x00", 8), 0);
+    EXPECT_EQ(std::memcmp(bytes + 160, "abcd", 4), 0);
+}
+
+TEST_F(SavedSettingsTest, LongNamesAreCutBetweenCharacters) {
+    SavedSettingPtr record{0};
+    record.SetName(std::u16string(126, u'x') + u"\u00E1");
+    EXPECT_EQ(record.Name(), std::u16string(126, u'x'));
+    record.SetName(std::u16string(300, u'y'));
+    EXPECT_EQ(record.Name(), std::u16string(127, u'y'));
+    std::memset(record.Header().name, 'z', sizeof(record.Header().name));
+    EXPECT_EQ(record.Name(), std::u16string(128, u'z')) << "a stored name without its end";
+}
+
+TEST_F(SavedSettingsTest, ReadsTheHeaderOfANumberInRange) {
+    Store(1, u"Slow", 7, 1, "abcd", 1);
+    char16 name[128];
+    u16 item = 9;
+    u16 skip = 0;
+    u16 identifier = 0;
+    u16 submenu = 0;
+    ASSERT_EQ(ReadSavedSetting(kCommand, 1, name, &item, &skip, &identifier, &submenu), 1);
+    EXPECT_EQ(std::u16string(name, 128), u"Slow" + std::u16string(124, u'\0'));
+    EXPECT_EQ(item, 0);
+    EXPECT_EQ(skip, 1);
+    EXPECT_EQ(identifier, 7);
+    EXPECT_EQ(submenu, 1);
+    EXPECT_EQ(ReadSavedSetting(kCommand, 2, name, nullptr, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(ReadSavedSetting(kCommand, 0, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(ReadSavedSetting(kCommand, 100, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
+    char settings[4];
+    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 1, settings, 4), 4U);
+    EXPECT_EQ(std::string(settings, 4), "abcd");
+    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 2, settings, 4), 0U);
+}
+
+TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
+    SavedSettingPtr record{4};
+    record.Header().headerSize = 150;
+    ASSERT_EQ(record.PutToFile(22001), 1);
+    EXPECT_EQ(ReadSavedSetting(kCommand, 1, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
+    ASSERT_EQ(standin::App().alerts.size(), 1U);
+    EXPECT_EQ(standin::App().alerts.front().text,
+              u"Internal Application Error at long __cdecl SavedSettingPtr::GetFromFile(const "
+              u"short)->The stored settings are not compatible with the current version of the "
+              u"plugin.");
+    EXPECT_EQ(g_pendingError, nullptr);
+}
+
+TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
+    const std::string base = "Software\\ZKW\\Finale Plugin Prefs";
+    const std::string old = base + "\\Einstellungen speichern";
+    const auto store = [&](const char* name, const std::string& bytes) {
+        platform::RegistryKey::Create(old).SetBinaryValue(name, bytes.data(),
+                                                          static_cast<u32>(bytes.size()));
+    };
+    store("ZKSC22001", "first");
+    store("ZKSC22002", "second");
+    store("ZKSC22004", "behind a gap");
+    SavedSettings::MoveFromOldOwner(kCommand);
+    char bytes[8]{};
+    EXPECT_EQ(ZKFX_GetSettings("ZKSC", 22001, bytes, 8, kOwner), 5U);
+    EXPECT_STREQ(bytes, "first");
+    EXPECT_EQ(ZKFX_GetSettings("ZKSC", 22002, nullptr, 0, kOwner), 6U);
+    EXPECT_EQ(ZKFX_GetSettings("ZKSC", 22004, nullptr, 0, kOwner), 0U);
+    EXPECT_FALSE(platform::RegistryKey::Open(old, platform::KeyAccess::kRead));
+}
+
+TEST_F(SavedSettingsTest, RewritesTheSettingsPartAlone) {
+    Store(1, u"Slow", 7, 1, "abcd", 1);
+    FinPISaveSettingsDlg::PutSavedSettings(kCommand, 1, "wxyz", 4);
+    EXPECT_EQ(Stored(), (std::vector<std::string>{"Slow 7 1 wxyz"}));
+    FinPISaveSettingsDlg::PutSavedSettings(kCommand, 2, "wxyz", 4);
+    ASSERT_EQ(standin::App().alerts.size(), 1U);
+    EXPECT_EQ(standin::App().alerts.front().text,
+              u"Internal Application Error at FinPISaveSettingsDlg::PutSavedSettings->Can't find "
+              u"specified saved setting.");
+}
+
+TEST_F(SavedSettingsTest, AFirstSettingTakesWhatTheDialogShows) {
+    Run([](OpenDialog& open) {
+        EXPECT_EQ(open.window.caption, u"Save Settings");
+        EXPECT_EQ(open.Items(Control::kList), (Names{u"Plyweld/Saved Setting 1"}));
+        EXPECT_EQ(open.texts[Control::kName], u"Plyweld/Saved Setting 1");
+        EXPECT_EQ(open.focus, Control::kName);
+        EXPECT_EQ(open.values[Control::kSkipDialog], 1U);
+        EXPECT_EQ(open.values[Control::kUseSubmenu], 1U);
+        EXPECT_TRUE(open.disabled.contains(Control::kDelete));
+        EXPECT_EQ(open.window.rectangle.left, 310);
+        EXPECT_EQ(open.window.rectangle.top, 230);
+        open.Type(Control::kName, u"Mine");
+        open.Press(Control::kOk);
+    });
+    EXPECT_EQ(Stored(), (std::vector<std::string>{"Mine 1 1 dlg!"}));
+    EXPECT_STREQ(command.settings, "....") << "the command's own settings stay";
+    EXPECT_EQ(command.SavedSettingNumber(), 1);
+    EXPECT_EQ(command.SavedSettingIdentifier(), 1);
+    EXPECT_EQ(command.added, (std::vector<u16>{1}));
+    u16 submenu = 0;
+    ReadSavedSetting(kCommand, 1, nullptr, nullptr, nullptr, nullptr, &submenu);
+    EXPECT_EQ(submenu, 1);
+}
+
+TEST_F(SavedSettingsTest, AreNumberedInTheOrderOfTheirNames) {
+    Run([](OpenDialog& open) {
+        for (const char16* name : {u"b", u"a"}) {
+            open.Type(Control::kName, name);
+            open.Press(Control::kAdd);
+        }
+        open.Type(Control::kName, u"c");
+        open.Press(Control::kSkipDialog);
+        open.Press(Control::kOk);
+    });
+    EXPECT_EQ(Stored(), (std::vector<std::string>{"a 1 1 dlg!", "b 2 1 dlg!", "c 3 0 dlg!"}));
+    EXPECT_EQ(command.SavedSettingNumber(), 3);
+}
+
+TEST_F(SavedSettingsTest, ANameInUseGetsACounter) {
+    Store(1, u"X", 1);
+    Store(2, u"X 1", 2);
+    Store(3, u"Y", 3);
+    Run([](OpenDialog& open) {
+        open.Choose(Control::kList, 4);
+        EXPECT_EQ(open.texts[Control::kName], u"Y");
+        open.Type(Control::kName, u"X");
+        open.Choose(Control::kList, 2);
+        EXPECT_EQ(open.Items(Control::kList),
+                  (Names{u"Plyweld/Saved Setting 1", u"X", u"X 1", u"X 2"}));
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"X");
+        open.Press(Control::kCancel);
+    });
+    EXPECT_EQ(Stored(), (std::vector<std::string>{"X 1 0 abcd", "X 1 2 0 abcd", "Y 3 0 abcd"}));
+}
+
+TEST_F(SavedSettingsTest, ARenamedEntryMovesAndTheChosenOneStaysChosen) {
+    for (i16 number = 1; number <= 4; ++number) {
+        Store(number, std::u16string(1, static_cast<char16>(u'a' + number)),
+              static_cast<u16>(number));
+    }
+    Run([](OpenDialog& open) {
+        open.Choose(Control::kList, 2);
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"b");
+        open.Type(Control::kName, u"z");
+        open.Choose(Control::kList, 4);
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"d") << "moved down behind it";
+        open.Type(Control::kName, u"A");
+        open.Choose(Control::kList, 2);
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"c") << "moved up before it";
+        EXPECT_EQ(open.texts[Control::kName], u"c");
+    });
+}
+
+TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
+    for (i16 number = 1; number <= 3; ++number) {
+        Store(number, std::u16string(1, static_cast<char16>(u'`' + number)),
+              static_cast<u16>(10 + number));
+    }
+    Run([](OpenDialog& open) {
+        open.Press(Control::kDelete);
+        EXPECT_EQ(open.Items(Control::kList).size(), 4U) << "an added entry is not deleted";
+        open.Choose(Control::kList, 3);
+        open.Press(Control::kDelete);
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"c");
+        open.Choose(Control::kList, 1);
+        open.Type(Control::kName, u"zz");
+        open.Press(Control::kOk);
+    });
+    EXPECT_EQ(Stored(), (std::vector<std::string>{"a 11 0 abcd", "c 13 0 abcd", "zz 14 1 dlg!"}));
+    EXPECT_EQ(command.forgotten, (std::vector<u16>{12}));
+    EXPECT_EQ(command.SavedSettingNumber(), 3);
+}
+
+TEST_F(SavedSettingsTest, TheOneInUseIsShownAndCannotBeDeleted) {
+    Store(1, u"a", 11);
+    Store(2, u"b", 12, 1);
+    command.UseSavedSetting(2, 12);
+    Run([](OpenDialog& open) {
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"b");
+        EXPECT_EQ(open.values[Control::kSkipDialog], 1U);
+        EXPECT_TRUE(open.disabled.contains(Control::kDelete));
+        EXPECT_TRUE(open.hidden.contains(Control::kDeleteAll));
+        open.Choose(Control::kList, 1);
+        EXPECT_FALSE(open.disabled.contains(Control::kDelete));
+    });
+    EXPECT_EQ(Stored().size(), 2U);
+}
+
+TEST_F(SavedSettingsTest, DeleteAllLeavesNone) {
+    Store(1, u"a", 11);
+    Store(2, u"b", 12);
+    Run([](OpenDialog& open) {
+        open.Press(Control::kDeleteAll);
+        EXPECT_TRUE(open.ended);
+    });
+    EXPECT_EQ(Stored(), std::vector<std::string>{});
+    EXPECT_EQ(command.forgotten, (std::vector<u16>{11, 12}));
+}
+
+TEST_F(SavedSettingsTest, NinetyNineAreTheMost) {
+    for (i16 number = 1; number <= 99; ++number) {
+        Store(number, std::u16string(static_cast<std::size_t>(number), u'n'),
+              static_cast<u16>(number));
+    }
+    Run([](OpenDialog& open) {
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"n");
+        EXPECT_TRUE(open.disabled.contains(Control::kAdd));
+        open.Press(Control::kDelete);
+        EXPECT_FALSE(open.disabled.contains(Control::kAdd));
+    });
+}
+
+TEST_F(SavedSettingsTest, TheQuestionAboutTheMenuIsAskedUntilYes) {
+    g_savedSettingsChanged = 0;
+    const auto answer = [&](u16 button) {
+        desk.Then([button](OpenDialog& alert) {
+            EXPECT_EQ(alert.number, 20001);
+            alert.Press(4);
+            alert.Press(button);
+        });
+    };
+    OpenDialog& open = Show(dialog);
+    desk.Then([&](OpenDialog& save) {
+        answer(2);
+        save.Press(Control::kOk);
+        EXPECT_FALSE(save.ended);
+        EXPECT_EQ(Stored(), std::vector<std::string>{});
+        EXPECT_EQ(ZKFX_GetSettings("CKAT", 20003, nullptr, 0, "Dont Show Again Alert"), 0U);
+        answer(1);
+        save.Press(Control::kOk);
+        EXPECT_TRUE(save.ended);
+    });
+    dialog.RunSaveSettingsDialog(&open.window);
+    EXPECT_EQ(Stored().size(), 1U);
+    EXPECT_EQ(g_savedSettingsChanged, 1);
+    EXPECT_EQ(desk.ScriptsLeft(), 0U);
+}
+
+TEST_F(SavedSettingsTest, AFailedWriteKeepsTheDialogOpen) {
+    Run([](OpenDialog& open) {
+        platform::headless::RefuseRegistryCall(platform::headless::RegistryCall::kSetValue, 1);
+        open.Press(Control::kOk);
+        EXPECT_FALSE(open.ended);
+    });
+    ASSERT_EQ(standin::App().alerts.size(), 1U);
+    EXPECT_EQ(standin::App().alerts.front().text,
+              u"SavedSettingPtr::PutToFile->Unable to write to configuration data.");
+    EXPECT_EQ(command.SavedSettingNumber(), 0);
+}
+
+TEST_F(SavedSettingsTest, ASettingThatCannotBeLoadedLeavesTheDialogDead) {
+    SavedSettingPtr record{4};
+    record.Header().totalSize = 100;
+    ASSERT_EQ(record.PutToFile(22001), 1);
+    Run([](OpenDialog& open) {
+        open.Press(Control::kOk);
+        EXPECT_FALSE(open.ended);
+    });
+    ASSERT_EQ(standin::App().alerts.size(), 1U);
+    EXPECT_EQ(standin::App().alerts.front().text,
+              u"Internal Application Error at FinPISaveSettingsDlg::OnInitializeWindow->Unable to "
+              u"allocate memory for array element. Try adding memory to Finale.");
+}
+
+// A command whose saved settings never skip its dialog, and are never gathered.
+class PlainDialog final : public FinPISaveSettingsDlg {
+public:
+    PlainDialog(FinPI* owner, bool hideSkip, bool hideSubmenu)
+        : FinPISaveSettingsDlg{owner, u"Plain"} {
+        m_hideSkipOption = hideSkip;
+        m_hideSubmenuOption = hideSubmenu;
+    }
+};
+
+TEST_F(SavedSettingsTest, OptionRowsThatAreLeftOutTakeNoRoom) {
+    PlainDialog withoutSkip{&command, true, false};
+    desk.Then([](OpenDialog& open) {
+        EXPECT_TRUE(open.hidden.contains(Control::kSkipDialog));
+        EXPECT_EQ(open.values[Control::kSkipDialog], 0U);
+        EXPECT_EQ(open.window.controls[Control::kUseSubmenu].rectangle.top, 64);
+        EXPECT_EQ(open.window.controls[Control::kOk].rectangle.top, 83);
+        EXPECT_EQ(open.values[Control::kUseSubmenu], 1U);
+    });
+    withoutSkip.ShowDialogWindow(nullptr, 1);
+    PlainDialog withoutSubmenu{&command, false, true};
+    desk.Then([](OpenDialog& open) {
+        EXPECT_TRUE(open.hidden.contains(Control::kUseSubmenu));
+        EXPECT_EQ(open.values[Control::kUseSubmenu], 0U);
+        EXPECT_EQ(open.window.controls[Control::kSkipDialog].rectangle.top, 64);
+        EXPECT_EQ(open.window.controls[Control::kOk].rectangle.top, 83);
+    });
+    withoutSubmenu.ShowDialogWindow(nullptr, 1);
+    EXPECT_EQ(desk.ScriptsLeft(), 0U);
+}
+
+}  // namespace
