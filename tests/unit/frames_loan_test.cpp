@@ -1,0 +1,197 @@
+// Loading, saving, reloading and giving back frames; inserting and deleting entries.
+#include <gtest/gtest.h>
+#include <optional>
+#include <utility>
+
+#include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/FinPILayer.h"
+#include "Class Files/score/FinPIStaff.h"
+#include "tests/unit/support/pending_error.h"
+#include "tests/unit/support/stand_in.h"
+
+namespace {
+
+using standin::App;
+using standin::FaultPlan;
+using standin::HostCall;
+
+constexpr char kNotCurrent[] =
+    "29999 short __cdecl FinPITGFPtr::SaveTGF(void) const: Attempted to update a non-current "
+    "document";
+
+class Frames : public testing::Test {
+protected:
+    Frames() { host.Layer(1, 1, 0, "q:c4 q:d4 q:e4 e:f4 e:g4"); }
+    ~Frames() override { EXPECT_EQ(TakePendingError(), ""); }
+
+    FinPITGFPtr Load(u16 layer = 0) const { return {host.Staff(1), 1, layer}; }
+
+    standin::StandIn host{2, 3};
+};
+
+TEST_F(Frames, ExistOrNotAsTheHostHasThem) {
+    EXPECT_TRUE(Load(3)) << "a frame that holds nothing is a frame";
+    EXPECT_EQ(Load(3).Count(), 0);
+    EXPECT_FALSE(Load(4)) << "no such layer";
+    EXPECT_FALSE((FinPITGFPtr{host.Staff(1), 4, 0})) << "no such measure";
+    EXPECT_FALSE((FinPITGFPtr{1, 1, 0})) << "no such staff";
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 4U) << "the staff without a slot is not loaded";
+}
+
+TEST_F(Frames, ACopyOfAnOwnerIsAFrameOfItsOwn) {
+    FinPITGFPtr frame = Load();
+    const FinPITGFPtr copy{frame};
+    EXPECT_NE(copy.Frame(), frame.Frame());
+    const FinPIEntryPtr shared = frame.EntryAt(2);
+    const FinPIEntryPtr sharedToo{shared};
+    EXPECT_EQ(sharedToo.Frame(), frame.Frame());
+    const FinPIEntryPtr owner{frame, 2};
+    EXPECT_NE(owner.Frame(), frame.Frame());
+    EXPECT_EQ(owner.Number(), shared.Number());
+    FinPITGFPtr assigned = Load(1);
+    assigned = frame;
+    EXPECT_EQ(assigned.Count(), 5);
+    const FinPITGFPtr moved{std::move(frame)};
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 5U);
+}
+
+TEST_F(Frames, PointersToEntriesAndStepsBetweenThemAskTheHostNothing) {
+    const FinPITGFPtr frame = Load();
+    App().ResetCounts();
+    int steps = 0;
+    for (FinPIEntryPtr entry = frame.EntryAt(0); entry; entry = entry.NextInVoice(true)) {
+        ++steps;
+    }
+    EXPECT_EQ(steps, 5);
+    EXPECT_EQ(frame.FindEntryByNumber(frame.EntryAt(3).Number()), 3);
+    EXPECT_EQ(frame.FindEntryByNumber(4711), -1);
+    EXPECT_FALSE(frame.EntryAt(5));
+    EXPECT_FALSE(frame.EntryAt(-1));
+    EXPECT_EQ(App().calls.Total(), 0U);
+}
+
+TEST_F(Frames, SavingStoresWhatIsHeldAndReloadingShowsWhatIsStored) {
+    FinPITGFPtr frame = Load();
+    frame.EntryAt(0)->duration = 2048;
+    EXPECT_EQ(frame.SaveTGF(), 1);
+    EXPECT_EQ(frame.EntryAt(1)->elapsedTime, 1024) << "the held frame stays as it is";
+    EXPECT_EQ(frame.ReloadTGF(), 1);
+    EXPECT_EQ(frame.EntryAt(1)->elapsedTime, 2048);
+    EXPECT_EQ(frame.Duration(), 2048 + 3 * 1024);
+    EXPECT_EQ(FinPITGFPtr{}.Duration(), 0);
+}
+
+TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
+    FinPITGFPtr frame = Load();
+    EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 1);
+    EXPECT_EQ(frame.SaveTGF(), 1);
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:g4");
+}
+
+TEST_F(Frames, ARefusedDeleteChangesNothing) {
+    FinPITGFPtr frame = Load();
+    App().faults.refuseKind = {HostCall::kDeleteEXENTRY};
+    EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 0);
+    EXPECT_EQ(frame.SaveTGF(), 1);
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 q:e4 e:f4 e:g4");
+}
+
+TEST_F(Frames, InsertedEntriesWithoutContentAreReducedAway) {
+    FinPITGFPtr frame = Load();
+    EXPECT_EQ(frame.InsertEntries(1, 2), 1);
+    EXPECT_EQ(frame.Count(), 7);
+    frame.EntryAt(2)->duration = 512;
+    EXPECT_EQ(frame.ReduceEntries(true), 1);
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:r q:d4 q:e4 e:f4 e:g4");
+}
+
+TEST_F(Frames, EntriesAreDeletedByNumber) {
+    FinPITGFPtr frame = Load();
+    const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(3).Number(), 4711};
+    EXPECT_EQ(frame.DeleteEntries(numbers), 1);
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:d4 q:e4 e:g4");
+}
+
+TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
+    FinPITGFPtr frame = Load();
+    const u16 other = App().OpenDocument(u"other").Number();
+    ASSERT_TRUE(App().SetCurrentDocument(other));
+    EXPECT_EQ(frame.SaveTGF(), 0);
+    EXPECT_EQ(TakePendingError(), kNotCurrent);
+    EXPECT_EQ(frame.ReloadTGF(), 1);
+    EXPECT_EQ(frame.Duration(), 4096);
+    EXPECT_TRUE(frame.NextFrame());
+    EXPECT_FALSE((FinPITGFPtr{host.Staff(1), 1, 0}));
+    EXPECT_TRUE((FinPITGFPtr{host.Staff(1), 1, 0, host.Score().Number()}));
+    EXPECT_EQ(App().CurrentNumber(), other);
+    App().SetCurrentDocument(host.Score().Number());
+}
+
+struct RefusalCase {
+    const char* name;
+    HostCall refused;
+    const char* error;
+};
+
+const RefusalCase kRefusals[] = {
+    {"Save", HostCall::kSaveTGF, "29996 FinPITGFPtr::ReloadTGF: aTGF"},
+    {"Load", HostCall::kLoadTGF, "29999 FinPITGFPtr::ReloadTGF: Unable to reload."},
+    {"Document", HostCall::kGetCurrentEnigmaDocument, kNotCurrent},
+};
+
+class ReloadRefused : public Frames, public testing::WithParamInterface<RefusalCase> {};
+
+TEST_P(ReloadRefused, IsPostedAndTheFrameIsStillHeld) {
+    FinPITGFPtr frame = Load();
+    const EXFRAME* const held = frame.Frame();
+    App().faults.refuseKind = FaultPlan::AllOf(GetParam().refused);
+    EXPECT_EQ(frame.ReloadTGF(), 0);
+    App().faults = {};
+    EXPECT_EQ(TakePendingError(), GetParam().error);
+    EXPECT_EQ(frame.Frame(), held);
+}
+
+INSTANTIATE_TEST_SUITE_P(Host, ReloadRefused, testing::ValuesIn(kRefusals),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(Frames, OnlyAnOwnerWithAFrameReloads) {
+    FinPITGFPtr none = Load(4);
+    EXPECT_EQ(none.ReloadTGF(), 0);
+    EXPECT_EQ(TakePendingError(), "29999 FinPITGFPtr::ReloadTGF: TGFPtr is not self-destroy.");
+    const FinPITGFPtr frame = Load();
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadTGF);
+    FinPITGFPtr copy{frame};
+    App().faults = {};
+    EXPECT_EQ(copy.ReloadTGF(), 0);
+    EXPECT_EQ(TakePendingError(), "29999 FinPITGFPtr::ReloadTGF: TGFPtr is NULL.");
+    EXPECT_EQ(FinPITGFPtr{}.SaveTGF(), 0);
+}
+
+TEST_F(Frames, NeighboursAreTheSameLayerInTheNextMeasures) {
+    host.Layer(1, 2, 0, "w:a4");
+    const FinPITGFPtr next = Load().NextFrame();
+    EXPECT_EQ(next.Measure(), 2);
+    EXPECT_EQ(next.EntryAt(0)->duration, 4096);
+    EXPECT_EQ(next.NominalMeasureDuration(), 4096);
+    EXPECT_EQ(next.PreviousFrame().Count(), 5);
+    EXPECT_FALSE(Load().PreviousFrame());
+    EXPECT_FALSE(next.NextFrame().NextFrame()) << "past the last measure";
+}
+
+TEST_F(Frames, KnowTheStavesAtTheirMeasure) {
+    EXPECT_NE(Load().Staff(host.Staff(2), 1024).IsLoaded(), 0);
+    FinPITGFPtr{}.Staff(host.Staff(2), 0);
+    EXPECT_EQ(TakePendingError(), "29999 FinPITGFPtr::Staff: TGF is null.");
+}
+
+TEST_F(Frames, OnlyLayersOfTheHostHavePreferences) {
+    EXPECT_NE(FinPILayer{3}.IsLoaded(), 0);
+    EXPECT_EQ(FinPILayer{3}.Name(), u"Layer 4");
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadEData);
+    EXPECT_EQ(FinPILayer{2}.IsLoaded(), 0);
+    EXPECT_EQ(TakePendingError(), "29998 FinPILayer::FinPILayer: pfLA");
+    EXPECT_EQ(FinPILayer{4}.IsLoaded(), 0);
+    EXPECT_EQ(TakePendingError(), "29999 FinPILayer::FinPILayer: Invalid layer.");
+}
+
+}  // namespace

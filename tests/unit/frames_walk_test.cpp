@@ -1,0 +1,173 @@
+// Steps from entry to entry, and where entries stand.
+#include <gtest/gtest.h>
+#include <string>
+
+#include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/FinPIScoreExpr.h"
+#include "tests/unit/support/pending_error.h"
+#include "tests/unit/support/stand_in.h"
+
+namespace {
+
+using standin::App;
+
+class Walks : public testing::Test {
+protected:
+    Walks() {
+        host.Layer(1, 1, 0, kVoices);
+        host.Layer(1, 2, 0, "h:c5");
+    }
+    ~Walks() override { EXPECT_EQ(TakePendingError(), ""); }
+
+    FinPITGFPtr Load(u16 measure = 1) const { return {host.Staff(1), measure, 0}; }
+    // Its place, such as "1:3"; "-" for an invalid pointer.
+    static std::string PlaceOf(const FinPIEntryPtr& entry) {
+        return entry ? std::to_string(entry.Measure()) + ":" + std::to_string(entry.Index()) : "-";
+    }
+
+    //                         0    1       2     3     4    5       6
+    const char* kVoices = "q:c4 q:d4 v2{e:a3 e:b3} q:e4 q:f4 v2{q:g3}";
+    standin::StandIn host{1, 3};
+};
+
+struct StepCase {
+    i16 from;
+    const char* next;             // in the frame
+    const char* nextInVoice;      // in the frame
+    const char* nextOverBarline;  // in its voice
+    const char* previousInVoice;
+};
+
+const StepCase kSteps[] = {
+    {0, "1:1", "1:1", "1:1", "-"},    //
+    {1, "1:2", "1:4", "1:4", "1:0"},  // passes over the voice that it launches
+    {2, "1:3", "1:3", "1:3", "-"},    // voice 2 begins here
+    {3, "1:4", "-", "-", "1:2"},      // and ends here
+    {4, "1:5", "1:5", "1:5", "1:1"},  //
+    {5, "1:6", "-", "2:0", "1:4"},    // voice 2 is the last of the frame
+    {6, "-", "-", "-", "-"},          //
+};
+
+class Steps : public Walks, public testing::WithParamInterface<StepCase> {};
+
+TEST_P(Steps, StayInTheirVoice) {
+    const FinPITGFPtr frame = Load();
+    const FinPIEntryPtr entry = frame.EntryAt(GetParam().from);
+    EXPECT_EQ(PlaceOf(entry.Next(true)), GetParam().next);
+    EXPECT_EQ(PlaceOf(entry.NextInVoice(true)), GetParam().nextInVoice);
+    EXPECT_EQ(PlaceOf(entry.NextInVoice(false)), GetParam().nextOverBarline);
+    EXPECT_EQ(PlaceOf(entry.PreviousInVoice()), GetParam().previousInVoice);
+}
+
+INSTANTIATE_TEST_SUITE_P(TwoVoices, Steps, testing::ValuesIn(kSteps),
+                         [](const auto& test) { return "From" + std::to_string(test.param.from); });
+
+TEST_F(Walks, EndAtAMeasureThatHoldsNothing) {
+    const FinPITGFPtr frame = Load();
+    FinPIEntryPtr entry = frame.EntryAt(6).Next(false);
+    EXPECT_EQ(PlaceOf(entry), "2:0");
+    EXPECT_TRUE(entry.IsOwner());
+    EXPECT_EQ(PlaceOf(entry.Next(false)), "-");
+    EXPECT_EQ(PlaceOf(FinPIEntryPtr{}.Next(false)), "-");
+    EXPECT_EQ(PlaceOf(FinPIEntryPtr{}.PreviousInVoice()), "-");
+}
+
+TEST_F(Walks, APointerMadeFromAHostFrameAsksForDurations) {
+    const FinPITGFPtr frame = Load();
+    EXPECT_EQ((FinPIEntryPtr{frame.Frame(), 4}.ScaledPosition()), 2048);
+    EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), -1}));
+    EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), 7}));
+    EXPECT_EQ(FinPIEntryPtr{}.Document(), host.Score().Number());
+}
+
+TEST_F(Walks, GraceEntriesKnowTheirPlaceBeforeTheMainNote) {
+    host.Layer(1, 1, 0, "q:c4 ge:d4 gs:e4 q:f4 ge:g4");
+    const FinPITGFPtr frame = Load();
+    const i32 offsets[] = {0, -768, -256, 0, -512};
+    const i16 indices[] = {0, 1, 2, 0, 1};
+    for (i16 i = 0; i < frame.Count(); ++i) {
+        EXPECT_EQ(frame.EntryAt(i).GraceOffset(), offsets[i]) << i;
+        EXPECT_EQ(frame.EntryAt(i).GraceIndex(), indices[i]) << i;
+    }
+}
+
+TEST_F(Walks, PositionsAreScaledToTheMeasureAndRounded) {
+    host.Score().SetMeasureDuration(host.Staff(1), 1, 3072);
+    host.Layer(1, 1, 0, "q:c4 e:d4 t:e4 q:f4");
+    const FinPITGFPtr frame = Load();
+    EXPECT_EQ(frame.EntryAt(1).ScaledPosition(), 1365);       // 1365.33
+    EXPECT_EQ(frame.EntryAt(1).ScaledActualDuration(), 683);  // 682.67
+    EXPECT_EQ(frame.EntryAt(2).ScaledPosition(), 2048);
+    EXPECT_EQ(frame.EntryAt(3)->elapsedTime, 1664);
+    EXPECT_EQ(frame.EntryAt(3).ScaledPosition(), 2219);  // 2218.67
+}
+
+// An expression that belongs to an entry, with one thing changed by each case.
+struct AttachCase {
+    const char* name;
+    void (*change)(FinPIScoreExpr&);
+    bool launchTest;
+    bool layerTest;
+    const char* attachedTo;  // indices of the entries
+};
+
+const AttachCase kAttachCases[] = {
+    {"AtItsTime", [](FinPIScoreExpr&) {}, false, false, "2"},
+    {"NoLayerIsEveryLayer", [](FinPIScoreExpr& e) { e.layer = 0; }, false, true, "2"},
+    {"TheOtherBitsAreNoLayer", [](FinPIScoreExpr& e) { e.layer = 0x19; }, false, true, "2"},
+    {"AnotherLayer", [](FinPIScoreExpr& e) { e.layer = 2; }, false, true, ""},
+    {"AnotherLayerWithoutTest", [](FinPIScoreExpr& e) { e.layer = 2; }, false, false, "2"},
+    {"FirstGrace", [](FinPIScoreExpr& e) { e.graceIndex = 1; }, false, false, "0"},
+    {"SecondGrace", [](FinPIScoreExpr& e) { e.graceIndex = 2; }, false, false, "1"},
+    {"StaffList", [](FinPIScoreExpr& e) { e.staffListMarker = 3; }, false, false, ""},
+    {"AnotherStaff", [](FinPIScoreExpr& e) { e.staff = 99; }, false, false, ""},
+    {"NoStaff", [](FinPIScoreExpr& e) { e.staff = -7; }, false, false, ""},
+    {"BelongsToTheMeasure", [](FinPIScoreExpr& e) { e.belongsToEntry = 0; }, false, false, ""},
+    {"BothVoicesAtOnce", [](FinPIScoreExpr& e) { e.positionLow = 1024; }, false, false, "3 4"},
+    {"NotOnTheLauncher", [](FinPIScoreExpr& e) { e.positionLow = 1024; }, true, false, "4"},
+    {"BetweenEntries", [](FinPIScoreExpr& e) { e.positionLow = 600; }, false, false, ""},
+    {"HighHalf", [](FinPIScoreExpr& e) { e.positionHigh = 1; }, false, false, ""},
+    {"WithoutPositionAtTheStart",
+     [](FinPIScoreExpr& e) {
+         e.positionLow = 1024;
+         e.hasPosition = 0;
+     },
+     false, false, "2"},
+};
+
+class Attachment : public Walks, public testing::WithParamInterface<AttachCase> {};
+
+TEST_P(Attachment, IsToTheEntryAtTheTimeInTheLayer) {
+    host.Layer(1, 1, 0, "ge:d4 gs:e4 q:c4 q:d4 v2{h:a3} q:e4");
+    FinPIScoreExpr expression{1, host.Expression(1, 1, 0, 0)};
+    ASSERT_NE(expression.Load(), 0);
+    GetParam().change(expression);
+    const FinPITGFPtr frame = Load();
+    std::string attachedTo;
+    for (i16 i = 0; i < frame.Count(); ++i) {
+        if (frame.EntryAt(i).IsExpressionAttached(expression, GetParam().launchTest,
+                                                  GetParam().layerTest) != 0) {
+            attachedTo += (attachedTo.empty() ? "" : " ") + std::to_string(i);
+        }
+    }
+    EXPECT_EQ(attachedTo, GetParam().attachedTo);
+}
+
+INSTANTIATE_TEST_SUITE_P(Expressions, Attachment, testing::ValuesIn(kAttachCases),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(Walks, AnExpressionHangsOnTheFirstOfSeveralEntries) {
+    host.Layer(1, 1, 0, "q:c4 q:d4 q:e4");
+    FinPIScoreExpr expression{1, host.Expression(1, 1, 0, 0)};
+    ASSERT_NE(expression.Load(), 0);
+    const FinPITGFPtr frame = Load();
+    for (EXENTRY& entry : frame.Entries()) {
+        entry.elapsedTime = 0;
+    }
+    EXPECT_EQ(frame.EntryAt(0).IsExpressionAttached(expression, false, false), 1);
+    EXPECT_EQ(frame.EntryAt(1).IsExpressionAttached(expression, false, false), 0);
+    EXPECT_EQ(frame.EntryAt(2).IsExpressionAttached(expression, false, false), 0);
+    EXPECT_EQ(FinPIEntryPtr{}.IsExpressionAttached(expression, false, false), 0);
+}
+
+}  // namespace
