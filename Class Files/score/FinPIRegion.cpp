@@ -116,8 +116,7 @@ i16 FinPIRegion::LastSlot() const {
 
 bool FinPIRegion::ContainsStaff(u16 staff) const {
     const int slot = SlotOfStaff(staff);
-    const auto [first, last] = std::minmax<int>(startSlot, endSlot);
-    return slot > 0 && slot >= first && slot <= last;
+    return slot > 0 && slot >= std::min(startSlot, endSlot) && slot <= std::max(startSlot, endSlot);
 }
 
 bool FinPIRegion::ContainsTime(i16 measure, i32 position) const noexcept {
