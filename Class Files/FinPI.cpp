@@ -5,6 +5,7 @@
 
 #include "Class Files/interface/FinPIAlert.h"
 #include "Class Files/settings/FinPIUtil.h"
+#include "Class Files/settings/SavedSettings.h"
 #include "platform/resources.h"
 
 namespace {
@@ -65,7 +66,9 @@ void FinPI::ResetAlerts() {
     }
 }
 
-void FinPI::UseSavedSetting(i16 number, u16 identifier) noexcept {
+void FinPI::UseSavedSetting(i16 number, u16 identifier) {
     m_savedSetting = number;
     m_savedSettingID = identifier;
+    ReadSavedSetting(GetCommandID(), number, m_savedSettingName, nullptr, nullptr, nullptr,
+                     nullptr);
 }

@@ -77,7 +77,7 @@ public:
     i16 SavedSettingNumber() const noexcept { return m_savedSetting; }
     u16 SavedSettingIdentifier() const noexcept { return m_savedSettingID; }
     u16 CommandItem() const noexcept { return m_commandItem; }
-    void UseSavedSetting(i16 number, u16 identifier) noexcept;
+    void UseSavedSetting(i16 number, u16 identifier);
 
 protected:
     // Prepares a run. False: the command is not to be run, and the user has been told why.

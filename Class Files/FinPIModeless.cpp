@@ -69,7 +69,7 @@ i16 FinPIModeless::Start(const EREGION* selection, const EREGION* wholeDocument)
 }
 
 void FinPIModeless::RunModeless() {
-    if (m_stop != 0) {
+    if (m_stop != 0 || IsRunning()) {
         return;
     }
     if (Host::GetCurrentEnigmaDocument() == 0) {

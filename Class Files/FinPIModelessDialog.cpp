@@ -53,6 +53,10 @@ void FinPIModeless::ForgetWindowPlace(u16 identifier) {
     ForgetStoredPosition(identifier);
 }
 
+i16 FinPIModeless::CloseDialog(WindowHandle window) {
+    return IsRunning() ? i16{0} : FinPIDialog::CloseDialog(window);
+}
+
 i16 FinPIModeless::LoadWindowPosition(u16 keyOffset) {
     if (FinPIDialog::LoadWindowPosition(keyOffset) != 0) {
         return 1;

@@ -1,14 +1,19 @@
 // One undoable edit of the host: rolled back unless it is kept.
 #pragma once
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "shell/host/callbacks.h"
 
+// Belongs to the document that is current at its start, and ends there, whatever is current.
 class UndoableEdit {
 public:
     // undoText is what the host's undo command shows.
-    explicit UndoableEdit(const char16* undoText) : m_open{Host::StartFinaleEdit(undoText) != 0} {}
+    explicit UndoableEdit(const char16* undoText)
+        : m_document{Host::GetCurrentEnigmaDocument()},
+          m_open{Host::StartFinaleEdit(undoText) != 0} {}
     ~UndoableEdit() {
         if (m_open) {
+            const DocumentScope document{m_document};
             Host::CancelFinaleEdit();
         }
     }
@@ -20,6 +25,7 @@ public:
 
     // Ends the edit with its changes. False: the host refused, and they will be rolled back.
     bool Keep() {
+        const DocumentScope document{m_document};
         if (Host::EndFinaleEdit() == 0) {
             return false;
         }
@@ -28,5 +34,6 @@ public:
     }
 
 private:
+    u16 m_document;
     bool m_open;
 };

@@ -56,14 +56,14 @@ void Plyweld::RebeamWholeMeasures() const {
 
 i16 Plyweld::Execute(const EREGION* /*selection*/, const EREGION* /*wholeDocument*/) {
     if (m_configData.sourceLayer == m_configData.destinationLayer) {
-        Host::AlertMessage(m_ownerWindow, i16{0}, kSameLayerText, nullptr);
+        Host::AlertMessage(AlertOwner(), i16{0}, kSameLayerText, nullptr);
         return 0;
     }
     u64 result = 0;
     EREGION selection{};
     EREGION wholeDocument{};
     if (Host::GetCurERegions(&result, &selection, &wholeDocument) == 0) {
-        Host::AlertMessage(m_ownerWindow, i16{0}, kNoSelectionText, nullptr);
+        Host::AlertMessage(AlertOwner(), i16{0}, kNoSelectionText, nullptr);
         return 0;
     }
     return ProcessCurrentDocument();

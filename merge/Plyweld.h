@@ -55,6 +55,10 @@ private:
     // The first run of selected destination rests from an index on; the time missing behind
     // the destination's entries counts as rests. 0 = none.
     i16 FindRestRun(const FramePair& frames, i16 startIndex, RestRun& run) const;
+    // The dialog; without one the window that the command was invoked from.
+    WindowHandle AlertOwner() const noexcept {
+        return Window() != nullptr ? Window() : OwnerWindow();
+    }
     // The bytes read; 0 = nothing is stored.
     u32 ReadStoredSettings();
     bool MergesFrom(i16 layer) const;

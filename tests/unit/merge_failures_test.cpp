@@ -1,0 +1,197 @@
+// Whatever the host refuses: a run ends whole, or leaves the score as it was and says so.
+#include <gtest/gtest.h>
+
+#include "platform/headless/session.h"
+#include "tests/unit/plugin_driver.h"
+
+namespace standin {
+namespace {
+
+// Chords, filled rests, grace notes, details, a smart shape and an expression.
+void Write(StandIn& host) {
+    host.Layer(1, 1, 0, "gs:c5 q:c4 q:r h:r");
+    host.Layer(1, 1, 1, "gs:g4 q:e4 q:f4 (3:2 e:g4 e:a4 e:b4) q:c5");
+    host.Layer(1, 2, 1, "h:c4 h:d4");
+    host.Attach({1, 1, 1, 1}, HostTag("edIM"), "accent");
+    host.Attach({1, 1, 1, 2}, HostTag("SdvE"), "word");
+    host.Slur({1, 1, 1, 1}, {1, 2, 1, 0});
+    host.Expression(1, 1, 1024, 1);
+    host.SelectAll();
+}
+
+// Every note once, alerts only with the score as it was.
+void ExpectWholeOrUntouched(StandIn& host, u64 before, const std::vector<std::string>& music,
+                            u64 refused) {
+    EXPECT_EQ(Music(host.Score()), music) << "call " << refused;
+    EXPECT_LE(App().alerts.size(), 1U) << "call " << refused;
+    if (!App().alerts.empty()) {
+        EXPECT_EQ(host.Score().Digest(), before) << "call " << refused;
+    }
+}
+
+TEST(Refusals, OfAnyOneCall) {
+    u64 refused = 1;
+    u64 reported = 0;
+    for (bool met = true; met; ++refused) {
+        StandIn host{1, 2};
+        Write(host);
+        const u64 before = host.Score().Digest();
+        const auto music = Music(host.Score());
+        App().ResetCounts();
+        App().faults.refuseCall = refused;
+        Plugin{}.Merge(host);
+        met = App().calls.refusedByPlan != 0;
+        reported += App().alerts.size();
+        ExpectWholeOrUntouched(host, before, music, refused);
+        if (HasFailure()) {
+            return;
+        }
+    }
+    EXPECT_GT(refused, 100U);
+    EXPECT_GT(reported, 20U);
+}
+
+TEST(Refusals, OfEveryCallFromOneOn) {
+    u64 refused = 1;
+    for (bool met = true; met && !HasFailure(); ++refused) {
+        StandIn host{1, 2};
+        Write(host);
+        const u64 before = host.Score().Digest();
+        App().ResetCounts();
+        App().faults.refuseFrom = refused;
+        Plugin{}.Merge(host);
+        met = App().calls.refusedByPlan != 0;
+        App().faults = {};
+        // The host may have refused the rolling back as well.
+        if (host.Score().IsEditOpen()) {
+            host.Score().CancelEdit();
+            EXPECT_EQ(host.Score().Digest(), before) << "from call " << refused;
+        }
+        for (const u64 display : std::set<u64>{App().progressDisplays}) {
+            App().progressDisplays.erase(display);
+        }
+        if (App().CurrentDocument() == nullptr) {
+            ADD_FAILURE() << "no document is current from call " << refused;
+        }
+    }
+}
+
+struct KindCase {
+    const char* name;
+    HostCall call;
+    bool merges;  // otherwise the run fails and says so
+};
+
+constexpr KindCase kKinds[] = {
+    {"LoadTGF", HostCall::kLoadTGF, false},
+    {"SaveTGF", HostCall::kSaveTGF, false},
+    {"StartFinaleEdit", HostCall::kStartFinaleEdit, false},
+    {"CreateEData", HostCall::kCreateEData, false},
+    {"StartMassEdit", HostCall::kStartMassEdit, true},
+    {"RebeamRegion", HostCall::kRebeamRegion, true},
+    {"RedrawMusic", HostCall::kRedrawMusic, true},
+};
+
+class RefusedKind : public testing::TestWithParam<KindCase> {};
+
+TEST_P(RefusedKind, AllOfThem) {
+    const KindCase& c = GetParam();
+    StandIn host{1, 2};
+    Write(host);
+    const u64 before = host.Score().Digest();
+    App().ResetCounts();
+    App().faults.refuseKind = FaultPlan::AllOf(c.call);
+    Plugin{}.Merge(host);
+    EXPECT_EQ(App().alerts.empty(), c.merges);
+    EXPECT_EQ(host.Score().Digest() == before, !c.merges);
+}
+
+INSTANTIATE_TEST_SUITE_P(Refusals, RefusedKind, testing::ValuesIn(kKinds),
+                         [](const auto& test) { return test.param.name; });
+
+// A run of rests that the host does not let go is left alone; what else there is to merge is.
+class KeptRests : public testing::TestWithParam<HostCall> {};
+
+TEST_P(KeptRests, AreLeftAlone) {
+    StandIn host;
+    host.Layer(1, 1, 0, "q:c4 q:r h:d4");
+    host.Layer(1, 1, 1, "q:e4 q:f4 h:g4");
+    host.SelectAll();
+    App().faults.refuseKind = FaultPlan::AllOf(GetParam());
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4,e4 q:r h:d4,g4");
+    EXPECT_EQ(host.Layer(1, 1, 1), "q:r q:f4 h:r");
+    EXPECT_TRUE(App().alerts.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Refusals, KeptRests,
+                         testing::Values(HostCall::kInsertEXENTRY, HostCall::kDeleteEXENTRY),
+                         [](const auto& test) {
+                             return std::string{NameOf(test.param)}.substr(3);
+                         });
+
+TEST(Failures, OfTheDefinitionOfAnExpression) {
+    StandIn host;
+    host.Layer(1, 1, 0, "w:c4");
+    host.Layer(1, 1, 1, "w:e4");
+    host.Expression(1, 1, 0, 1);
+    host.Score().Records().Delete(Tag::kTextExpression, RecordKey::Other(1));
+    host.SelectAll();
+    const u64 before = host.Score().Digest();
+    Plugin{}.Merge(host);
+    ASSERT_EQ(App().alerts.size(), 1U);
+    EXPECT_EQ(App().alerts[0].text,
+              u"short __cdecl FinPIScoreExpr::LoadCachedItems(void)->Unable to load Enigma Data. "
+              u"EXTAG is 'SODT'.");
+    EXPECT_EQ(host.Score().Digest(), before);
+}
+
+TEST(Failures, AnotherDocumentBecomesCurrent) {
+    u64 total = 0;
+    for (u64 call = 1; call == 1 || call <= total; ++call) {
+        StandIn host{1, 2};
+        Write(host);
+        const auto music = Music(host.Score());
+        Document& other = App().OpenDocument(u"other");
+        App().ResetCounts();
+        App().faults.switchDocument = FaultPlan::Switch{call, other.Number()};
+        Plugin{}.Merge(host);
+        total = App().calls.Total();
+        App().faults = {};
+        App().SetCurrentDocument(host.Score().Number());
+        if (host.Score().IsEditOpen()) {
+            host.Score().CancelEdit();  // the host's own affair: the edit was of this document
+        }
+        EXPECT_EQ(Music(host.Score()), music) << "before call " << call;
+        if (HasFailure()) {
+            return;
+        }
+    }
+}
+
+TEST(GuardedFrames, AreNeverOverrun) {
+    StandIn host{1, 2};
+    Write(host);
+    App().faults.guardFrames = true;
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "gs:c5,g4 q:c4,e4 q:f4 (3:2 e:g4 e:a4 e:b4) q:c5");
+    EXPECT_TRUE(App().alerts.empty());
+}
+
+// Callbacks that an older host does not export.
+TEST(MissingCallbacks, OfWhatTheMergeCanDoWithout) {
+    StandIn host{1, 2};
+    Write(host);
+    const Plugin plugin;
+    for (const char* name : {"FX_GetMaxLayers", "FX_GetCurrentPartID", "FX_MassEditProgress",
+                             "FX_StartMassEdit", "FX_RebeamRegion", "FX_GetMeasureNumberString"}) {
+        platform::headless::HideHostFunction(name);
+    }
+    plugin.Merge(host);
+    EXPECT_EQ(host.Layer(1, 2, 0), "h:c4 h:d4");
+    EXPECT_EQ(host.Score().UndoTexts(), std::vector<std::u16string>{u"Plyweld #1-#2"});
+    EXPECT_TRUE(App().alerts.empty());
+}
+
+}  // namespace
+}  // namespace standin

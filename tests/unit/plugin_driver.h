@@ -1,0 +1,64 @@
+// The real plug-in, loaded afresh and driven through its exports, as a host does.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "shell/host/host_functions.h"
+#include "tests/unit/support/stand_in.h"
+
+namespace standin {
+
+// The options as the plug-in stores them.
+struct MergeOptions {
+    u16 size = 12;
+    u16 source = 65535;  // all layers
+    u16 destination = 0;
+    u16 mode = 0;  // 1: replace in target
+    u16 rebeam = 1;
+    u16 hideRests = 0;
+};
+
+class Plugin {
+public:
+    // Loads the library, from this path or the one just built.
+    explicit Plugin(const std::string& path = {});
+    ~Plugin();
+    Plugin(const Plugin&) = delete;
+    Plugin& operator=(const Plugin&) = delete;
+
+    u32 Version(u32 hostVersion) const { return m_version(hostVersion); }
+    i16 Init(u32* flags = nullptr) const { return m_init(nullptr, flags); }
+    i16 Enumerate(i16 item, MenuItemDescriptor* out) const {
+        return m_enumerate(nullptr, item, out);
+    }
+    i16 Status(i16 item) const { return m_status(item); }
+    // With the score's own selection.
+    i16 Invoke(StandIn& host, u16 item = 0) const;
+    // Stores the options, holds Shift and invokes the command: one run without its dialog.
+    void Merge(StandIn& host, const MergeOptions& options = {}) const;
+
+    static void Store(const MergeOptions& options);
+    static std::vector<u8> Stored(const std::string& owner, const std::string& value);
+    static void StoreBytes(const std::string& owner, const std::string& value, const void* data,
+                           u32 size);
+
+private:
+    template <typename Function>
+    void Find(Function*& function, const char* name);
+
+    void* m_library;
+    FinaleExtensionVersionFunction* m_version = nullptr;
+    FinaleExtensionInitFunction* m_init = nullptr;
+    FinaleExtensionEnumerateFunction* m_enumerate = nullptr;
+    FinaleExtensionGetMenuStatusFunction* m_status = nullptr;
+    FinaleExtensionInvokeFunction* m_invoke = nullptr;
+    FinaleExtensionTerminateFunction* m_terminate = nullptr;
+};
+
+// Everything that sounds, over all layers: what no merge may change. One line a note: staff,
+// measure, onset, actual duration, pitch, ties.
+std::vector<std::string> Music(const Document& document);
+
+}  // namespace standin

@@ -1,0 +1,170 @@
+// The walk over measures and staves: progress, the user's stop, layout, what comes before it.
+#include <gtest/gtest.h>
+
+#include "tests/unit/plugin_driver.h"
+
+namespace standin {
+namespace {
+
+struct ProgressCase {
+    int measures;
+    int staves;
+    i16 interval;  // steps between reports
+};
+
+class Progress : public testing::TestWithParam<ProgressCase> {};
+
+TEST_P(Progress, IsReportedOnceAnInterval) {
+    const ProgressCase& c = GetParam();
+    StandIn host{c.staves, c.measures};
+    host.SelectAll();
+    Plugin{}.Merge(host);
+    // Each staff and measure counts four layers.
+    const int stepsBetween = (c.interval + 3) / 4 * 4;
+    const int work = c.measures * c.staves * 4;
+    EXPECT_EQ(App().progress.size(), static_cast<std::size_t>(work / stepsBetween));
+    for (const ProgressReport& report : App().progress) {
+        EXPECT_EQ(report.steps, stepsBetween);
+        EXPECT_EQ(report.staff, 0);
+        EXPECT_EQ(report.layer, -1);
+    }
+    EXPECT_EQ(App().progressDisplaysOpened, 1U);
+    EXPECT_EQ(App().lastProgressStopped, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Walk, Progress,
+                         testing::Values(ProgressCase{10, 6, 11}, ProgressCase{25, 6, 13},
+                                         ProgressCase{100, 30, 51}));
+
+TEST(Walk, UserStopRollsBack) {
+    StandIn host{1, 10};
+    for (u16 measure = 1; measure <= 10; ++measure) {
+        host.Layer(1, measure, 1, "w:c4");
+    }
+    host.SelectAll();
+    const u64 before = host.Score().Digest();
+    App().faults.stopAtProgress = 2;
+    Plugin{}.Merge(host);
+    EXPECT_EQ(App().progress.size(), 2U);
+    EXPECT_EQ(App().lastProgressStopped, 1);
+    EXPECT_EQ(host.Score().Digest(), before);
+    EXPECT_TRUE(host.Score().UndoTexts().empty());
+    EXPECT_TRUE(App().alerts.empty());
+    EXPECT_TRUE(App().redrawn.empty());
+}
+
+TEST(Walk, EndsAtTheDocumentsLastMeasure) {
+    StandIn host{1, 2};
+    host.Layer(1, 2, 1, "w:c4");
+    host.Select(1, 2, 0, 1, 9, kEndOfMeasure);
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 2, 0), "w:c4");
+}
+
+TEST(Walk, BringsAStaleLayoutUpToDate) {
+    StandIn host{1, 8};
+    host.Layer(1, 8, 1, "w:c4");
+    host.SelectAll();
+    host.Score().MakeLayoutStale();
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 8, 0), "w:c4");
+    EXPECT_GE(App().calls.Of(HostCall::kUpdateLayout), 1U);
+    EXPECT_TRUE(App().alerts.empty());
+}
+
+TEST(Walk, GivesUpOnALayoutThatCannotBeRead) {
+    StandIn host{1, 2};
+    host.Layer(1, 1, 1, "w:c4");
+    host.SelectAll();
+    for (u16 system = 1; system <= 2; ++system) {
+        host.Score().Records().Delete(Tag::kStaffSystem, RecordKey::Other(system));
+    }
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kUpdateLayout);
+    const u64 before = host.Score().Digest();
+    Plugin{}.Merge(host);
+    ASSERT_EQ(App().alerts.size(), 1U);
+    EXPECT_EQ(App().alerts[0].text,
+              u"FinPIStaffSystem::FinPIStaffSystem->Unable to load Enigma Data. EXTAG is 'SOSS'.");
+    EXPECT_EQ(host.Score().Digest(), before);
+}
+
+TEST(Rebeam, WholeMeasuresAfterEachStaffMeasure) {
+    StandIn host{2, 3};
+    host.Layer(1, 1, 1, "e:c4 e:d4 e:e4 e:f4 h:g4");
+    host.Select(1, 1, 2048, 2, 3, 1023);
+    const Plugin plugin;
+    plugin.Merge(host);
+    EXPECT_EQ(App().calls.Of(HostCall::kRebeamRegion), 6U);
+    plugin.Merge(host, {.rebeam = 0});
+    EXPECT_EQ(App().calls.Of(HostCall::kRebeamRegion), 6U);
+}
+
+struct ReplaceCase {
+    const char* name;
+    bool optionOn;
+    i16 active;
+    std::vector<u16> commands;
+};
+
+class Replace : public testing::TestWithParam<ReplaceCase> {};
+
+TEST_P(Replace, ClearsTheDestinationAndRestoresTheView) {
+    const ReplaceCase& c = GetParam();
+    StandIn host{1, 2};
+    host.Layer(1, 1, 2, "w:c4");
+    host.Layer(1, 2, 2, "w:d4");
+    host.Layer(1, 2, 0, "w:e4");
+    host.Select(1, 2, 0, 1, 2, kEndOfMeasure);
+    App().activeLayer = c.active;
+    if (c.optionOn) {
+        RunMenuCommand(MenuCommand::kShowActiveLayerOnly);
+    }
+    Plugin{}.Merge(host, {.source = 0, .destination = 2, .mode = 1});
+    EXPECT_EQ(host.Layer(1, 1, 2), "w:c4");
+    EXPECT_EQ(host.Layer(1, 2, 2), "w:e4");
+    EXPECT_EQ(App().menuCommands, c.commands);
+    EXPECT_EQ(App().activeLayer, c.active);
+    EXPECT_EQ(App().ShowsActiveLayerOnly(), c.optionOn);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Walk, Replace,
+    testing::Values(ReplaceCase{"OptionOff", false, 1, {10632, 10635, 16048, 10634, 10632}},
+                    ReplaceCase{"OptionOn", true, 1, {10635, 16048, 10634}},
+                    ReplaceCase{"DestinationActive", false, 2, {10632, 16048, 10632}}),
+    [](const auto& test) { return test.param.name; });
+
+TEST(Replace, NeverClearsAnotherLayer) {
+    StandIn host;
+    host.Layer(1, 1, 0, "w:c4");
+    host.Layer(1, 1, 1, "w:d4");
+    host.SelectAll();
+    const u64 before = host.Score().Digest();
+    App().ResetCounts();
+    // The second menu command, which activates the destination.
+    App().faults.refuseKind = FaultPlan::OfKind{HostCall::kExecuteMenuItem, 2, 2};
+    Plugin{}.Merge(host, {.source = 0, .destination = 1, .mode = 1});
+    EXPECT_EQ(App().alerts.size(), 1U);
+    EXPECT_EQ(host.Score().Digest(), before);
+}
+
+// Host calls grow with the staff measures, not with what the score holds beside them.
+TEST(Cost, IsFlatPerStaffMeasure) {
+    const auto callsFor = [](int measures) {
+        StandIn host{2, measures};
+        for (u16 measure = 1; measure <= measures; ++measure) {
+            host.Layer(1, measure, 0, "q:c4 q:r h:d4");
+            host.Layer(1, measure, 1, "q:e4 q:f4 h:g4");
+        }
+        host.SelectAll();
+        App().ResetCounts();
+        Plugin{}.Merge(host);
+        return App().calls.Total();
+    };
+    const u64 ten = callsFor(10);
+    const u64 hundred = callsFor(100);
+    EXPECT_LT(hundred, 11 * ten);
+}
+
+}  // namespace
+}  // namespace standin
