@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-#include "Class Files/FinPIModeless.h"
-#include "Class Files/score/EnigmaRecords.h"
 #include "tests/unit/support/pending_error.h"
 #include "tests/unit/support/stand_in.h"
 
