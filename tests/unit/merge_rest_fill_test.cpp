@@ -22,7 +22,8 @@ constexpr FillCase kWholeMeasure[] = {
      "gs:c4 q:d4 v2{e:a3 e:b3} q:r h:f4", "q:r v2{e:r e:r} q:r h:r"},
     {"SeveralRuns", "q:r q:c4 q:r q:c4", "q:e4 q:d4 e:f4 e:g4 q:d4",
      "q:e4 q:c4,d4 e:f4 e:g4 q:c4,d4", "q:r q:r e:r e:r q:r"},
-    {"LaunchingRestsStay", "h:r v2{q:c4 q:d4} h:r", "h:e4 h:g4", "h:r v2{q:c4 q:d4} h:g4", "h:e4 h:r"},
+    {"LaunchingRestsStay", "h:r v2{q:c4 q:d4} h:r", "h:e4 h:g4", "h:r v2{q:c4 q:d4} h:g4",
+     "h:e4 h:r"},
     {"VoiceTwoInsideASpanComesAlong", "h:r h:c4", "h:e5 v2{q:a4 q:g4} h:b4",
      "h:e5 v2{q:a4 q:g4} h:c4,b4", "h:r v2{q:r q:r} h:r"},
     {"GraceNotesAtTheStartComeAlong", "h:c4 h:r", "h:e4 gs:f4 h:g4", "h:c4,e4 gs:f4 h:g4",
@@ -44,11 +45,11 @@ constexpr FillCase kWholeMeasure[] = {
      "(3:2 e:d4 e:e4 e:f4) h.:c4,g4", "(3:2 e:r e:r e:r) h.:r"},
     {"PartOfATupletInTheSamePartOfItsLike", "(3:2 e:c4 e:r e:r) h.:c4",
      "(3:2 e:d4 e:e4 e:f4) h.:g4", "(3:2 e:c4,d4 e:e4 e:f4) h.:c4,g4", "(3:2 e:r e:r e:r) h.:r"},
-    {"NestedTuplets", "h:r h:c4", "(3:2q q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:b4",
-     "(3:2q q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:c4,b4", "(3:2q q:r (3:2 e:r e:r e:r) q:r) h:r"},
+    {"NestedTuplets", "h:r h:c4", "(3:2 q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:b4",
+     "(3:2 q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:c4,b4", "(3:2 q:r (3:2 e:r e:r e:r) q:r) h:r"},
     // Both runs are a quarter of the time; but of another tuplet than the source's.
-    {"NoPartOfADifferentTuplet", "(3:2q q:r q:c4 q:d4) h:c4",
-     "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r", "(3:2q q:r q:c4 q:d4) h:c4",
+    {"NoPartOfADifferentTuplet", "(3:2 q:r q:c4 q:d4) h:c4",
+     "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r", "(3:2 q:r q:c4 q:d4) h:c4",
      "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r"},
 };
 

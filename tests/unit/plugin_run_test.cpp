@@ -1,4 +1,4 @@
-// One run: region, edit, errors, settings; and the command's dialog.
+// One run: region, edit, errors, settings.
 #include <cstring>
 #include <gtest/gtest.h>
 
@@ -147,108 +147,6 @@ INSTANTIATE_TEST_SUITE_P(
                    {.source = 2, .destination = 3, .rebeam = 0, .hideRests = 1}},
         StoredCase{"TooShort", {12, 0, 2, 0, 3}, {.source = 2, .destination = 3, .rebeam = 0}}),
     [](const auto& test) { return test.param.name; });
-
-// A dialog service that opens one dialog at a time, in memory.
-class OneDialog : public DialogService {
-public:
-    OneDialog() { App().dialogs = this; }
-    ~OneDialog() override { App().dialogs = nullptr; }
-
-    void Send(u32 message, u64 eventWord = 0) {
-        m_callback(Window(), message, eventWord, 0, m_object);
-    }
-    void Press(u16 control) { Send(273, control); }
-    void Tick() { Send(275); }
-    bool IsOpen() const { return m_object != nullptr; }
-
-    int opened = 0;
-    bool goEnabled = false;
-    std::u16string selectionText;
-
-    i16 Dialog(u16 number, DialogEventCallback callback, WindowHandle, u16, void* object) override {
-        EXPECT_EQ(number, 22000);
-        ++opened;
-        m_callback = callback;
-        m_object = object;
-        Send(272);
-        return 1;
-    }
-    i16 EndDialog(WindowHandle) override {
-        Send(2);
-        m_object = nullptr;
-        return 1;
-    }
-    u32 GetItemVal(WindowHandle, u16 control, i16) override { return m_values[control]; }
-    i16 SetItemVal(WindowHandle, u16 control, i16, u32 value) override {
-        m_values[control] = value;
-        return 1;
-    }
-    u32 GetCntlVal(WindowHandle, u16 control) override { return m_values[control]; }
-    i16 SetCntlVal(WindowHandle, u16 control, u32 value) override {
-        m_values[control] = value;
-        return 1;
-    }
-    std::u16string GetString(WindowHandle, u16) override { return {}; }
-    i16 SetString(WindowHandle, u16 control, const std::u16string& text) override {
-        if (control == 1001) {
-            selectionText = text;
-        }
-        return 1;
-    }
-    i16 Enable(WindowHandle, u16 control, bool enabled) override {
-        if (control == 1) {
-            goEnabled = enabled;
-        }
-        return 1;
-    }
-    i16 Show(WindowHandle, u16, bool) override { return 1; }
-    i16 SetFocus(WindowHandle, u16) override { return 1; }
-    i16 GetItemUser(WindowHandle, u16, i16, double*) override { return 0; }
-    i16 SetItemUser(WindowHandle, u16, i16, double) override { return 0; }
-    i16 SetTimer(WindowHandle, u64, u32) override { return 1; }
-    i16 KillTimer(WindowHandle, u64) override { return 1; }
-
-private:
-    WindowHandle Window() { return reinterpret_cast<WindowHandle>(this); }
-
-    DialogEventCallback m_callback = nullptr;
-    void* m_object = nullptr;
-    std::map<u16, u32> m_values;
-};
-
-TEST(Dialog, StaysOpenAcrossRunsAndOpensOnce) {
-    StandIn host;
-    OneDialog dialog;
-    const Plugin plugin;
-    plugin.Invoke(host);
-    ASSERT_TRUE(dialog.IsOpen());
-    EXPECT_EQ(dialog.selectionText, u"(No Selection)");
-    plugin.Invoke(host);
-    EXPECT_EQ(dialog.opened, 1);
-
-    TwoLayers(host);
-    host.SelectAll();
-    dialog.Tick();
-    EXPECT_NE(dialog.selectionText, u"(No Selection)");
-    dialog.Press(1010);  // hide added rests
-    dialog.Press(2);
-    EXPECT_FALSE(dialog.IsOpen());
-    EXPECT_EQ(Plugin::Stored("Plyweld", "ZKCF22000")[10], 1);
-
-    plugin.Invoke(host);
-    EXPECT_EQ(dialog.opened, 2);
-    dialog.Press(2);
-}
-
-TEST(Dialog, ThatDoesNotOpenLeavesTheCommandFree) {
-    StandIn host;
-    const Plugin plugin;
-    plugin.Invoke(host);  // no dialog service
-    OneDialog dialog;
-    plugin.Invoke(host);
-    EXPECT_EQ(dialog.opened, 1);
-    dialog.Press(2);
-}
 
 }  // namespace
 }  // namespace standin
