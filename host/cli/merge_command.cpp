@@ -1,0 +1,103 @@
+#include <algorithm>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "host/cli/commands.h"
+#include "host/cli/merge_run.h"
+#include "host/cli/open_score.h"
+#include "host/cli/output_file.h"
+#include "host/cli/report_text.h"
+#include "host/cli/selection.h"
+#include "host/musicxml/archive.h"
+#include "host/musicxml/compare.h"
+#include "host/musicxml/write_score.h"
+
+namespace standin::cli {
+
+namespace {
+
+ExitCode Fail(ExitCode code, const std::string& problem) {
+    std::cerr << "plyweld: " << problem << '\n';
+    return code;
+}
+
+bool IsArchiveName(const std::string& name) {
+    std::string extension = TextOf(PathOf(name).extension());
+    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return extension == ".mxl";
+}
+
+// The score in the form that the output's name asks for; empty on failure.
+std::string BytesFor(const std::string& output, ImportedScore& score) {
+    const bool zipped = IsArchiveName(output);
+    if (zipped != score.archive.empty()) {
+        return WriteScore(score);
+    }
+    score.archive.clear();
+    const std::string text = WriteScore(score);
+    return zipped ? MakeArchive("score.musicxml", text) : text;
+}
+
+// What the output lacks that the input had; empty when no music was lost.
+std::vector<std::string> Losses(const Music& before, const std::string& bytes,
+                                const MergeCommand& command, const EREGION& selection) {
+    const ReadResult after = ReadScore(bytes);
+    if (!after) {
+        return {"the result cannot be read: " + after.message};
+    }
+    CompareOptions options;
+    options.merged = true;
+    if (command.options.replace) {
+        options.replaced = ClearedMusic{selection, command.options.destinationLayer};
+    }
+    return Compare(before, MusicOf(*after.score), options);
+}
+
+}  // namespace
+
+ExitCode Merge(const MergeCommand& command) {
+    const OpenScore open{command.input};
+    if (!open) {
+        return kUnreadable;
+    }
+    const auto found = SelectionIn(open.GetDocument(), command.selection);
+    if (const auto* problem = std::get_if<std::string>(&found)) {
+        return Fail(kUsage, *problem);
+    }
+    const auto& selection = std::get<EREGION>(found);
+    const Music before = command.verify ? MusicOf(open.Score()) : Music{};
+
+    const MergeRun run = RunMerge(open.GetDocument(), selection, command.options);
+    if (!run.problem.empty()) {
+        return Fail(kFailed, run.problem);
+    }
+    const std::string bytes = BytesFor(command.output, open.Score());
+    if (bytes.empty()) {
+        return Fail(kFailed, command.output + ": cannot be put together");
+    }
+    if (command.verify) {
+        const std::vector<std::string> losses = Losses(before, bytes, command, selection);
+        for (const std::string& loss : losses) {
+            std::cerr << loss << '\n';
+        }
+        if (!losses.empty()) {
+            return Fail(kFailed, "music would be lost; nothing was written");
+        }
+    }
+    const std::string problem = WriteWhole(command.output, bytes);
+    if (!problem.empty()) {
+        return Fail(kFailed, command.output + ": " + problem);
+    }
+    if (!command.quiet) {
+        const MergeReport report = ReportRun(open.Score(), selection, command.options);
+        std::ostream& stream = command.output == kStandardStream ? std::cerr : std::cout;
+        stream << (command.json ? ReportAsJson(report, command.verify)
+                                : ReportAsText(report, command.verify));
+    }
+    return kDone;
+}
+
+}  // namespace standin::cli

@@ -1,0 +1,41 @@
+#include "host/cli/open_score.h"
+
+#include <iostream>
+#include <iterator>
+#include <utility>
+
+#include "host/cli/output_file.h"
+
+namespace standin::cli {
+
+namespace {
+
+ReadResult Read(const std::string& name, Document& into) {
+    if (name != kStandardStream) {
+        return ReadScore(PathOf(name), &into);
+    }
+    std::string bytes{std::istreambuf_iterator<char>{std::cin}, {}};
+    return ReadScore(std::move(bytes), &into);
+}
+
+}  // namespace
+
+OpenScore::OpenScore(const std::string& name)
+    : m_document{App().OpenDocument(PathOf(name).u16string())} {
+    App().SetCurrentDocument(m_document.Number());
+    ReadResult result = Read(name, m_document);
+    m_score = std::move(result.score);
+    if (m_score == nullptr) {
+        std::cerr << (name == kStandardStream ? "standard input" : name);
+        if (result.line > 0) {
+            std::cerr << ':' << result.line;
+        }
+        std::cerr << ": " << result.message << '\n';
+    }
+}
+
+OpenScore::~OpenScore() {
+    App().CloseDocument(m_document.Number());
+}
+
+}  // namespace standin::cli

@@ -1,0 +1,89 @@
+#include "host/cli/report_text.h"
+
+#include <map>
+#include <nlohmann/json.hpp>
+
+namespace standin::cli {
+
+namespace {
+
+std::string Count(int number, const char* one, const char* many) {
+    return std::to_string(number) + ' ' + (number == 1 ? one : many);
+}
+
+std::map<Stay, int> StayedByReason(const MergeReport& report) {
+    std::map<Stay, int> counts;
+    for (const MergedMeasure& measure : report.measures) {
+        for (const StayedEntry& entry : measure.stayed) {
+            ++counts[entry.reason];
+        }
+    }
+    return counts;
+}
+
+// A name for programs.
+const char* NameOf(Stay reason) {
+    switch (reason) {
+        case Stay::kOtherDuration:
+            return "otherDuration";
+        case Stay::kNoRestToFill:
+            return "noRestToFill";
+        case Stay::kTooManyNotes:
+            return "tooManyNotes";
+    }
+    return "";
+}
+
+}  // namespace
+
+MergeReport ReportRun(const ImportedScore& score, const EREGION& selection,
+                      const CommandOptions& options) {
+    MergeReport report = ReportMerge(score, options.destinationLayer, selection);
+    if (options.sourceLayer != CommandOptions::kAllLayers) {
+        for (MergedMeasure& measure : report.measures) {
+            std::erase_if(measure.stayed, [&options](const StayedEntry& entry) {
+                return entry.layer != options.sourceLayer;
+            });
+        }
+    }
+    return report;
+}
+
+std::string ReportAsText(const MergeReport& report, bool verified) {
+    std::string text = Count(report.ChordsFormed(), "chord", "chords") + " formed, " +
+                       Count(report.RestsFilled(), "rest", "rests") + " filled, " +
+                       Count(report.NotesMoved(), "note", "notes") + " moved\n" +
+                       Count(report.Stayed(), "note or chord", "notes and chords") +
+                       " left in other layers\n";
+    for (const auto& [reason, count] : StayedByReason(report)) {
+        text += "  " + std::to_string(count) + ": " + WordsForReason(reason) + '\n';
+    }
+    if (verified) {
+        text += "Verified: no music was lost\n";
+    }
+    return text;
+}
+
+std::string ReportAsJson(const MergeReport& report, bool verified) {
+    nlohmann::ordered_json json{{"chordsFormed", report.ChordsFormed()},
+                                {"restsFilled", report.RestsFilled()},
+                                {"notesMoved", report.NotesMoved()},
+                                {"left", report.Stayed()},
+                                {"leftBecause", nlohmann::ordered_json::object()},
+                                {"measures", nlohmann::ordered_json::array()},
+                                {"verified", verified}};
+    for (const auto& [reason, count] : StayedByReason(report)) {
+        json["leftBecause"][NameOf(reason)] = count;
+    }
+    for (const MergedMeasure& measure : report.measures) {
+        json["measures"].push_back({{"staff", measure.staff},
+                                    {"measure", measure.measure},
+                                    {"chordsFormed", measure.chordsFormed},
+                                    {"restsFilled", measure.restsFilled},
+                                    {"notesMoved", measure.notesMoved},
+                                    {"left", measure.stayed.size()}});
+    }
+    return json.dump(2) + '\n';
+}
+
+}  // namespace standin::cli

@@ -1,0 +1,36 @@
+#include "host/cli/run_command.h"
+
+#include <exception>
+#include <iostream>
+#include <utility>
+
+#include "host/cli/commands.h"
+#include "host/cli/desktop.h"
+
+namespace standin::cli {
+
+namespace {
+
+struct Runner {
+    ExitCode operator()(const MergeCommand& command) const { return Merge(command); }
+    ExitCode operator()(const ShowCommand& command) const { return Show(command); }
+    ExitCode operator()(const CompareCommand& command) const { return CompareScores(command); }
+};
+
+}  // namespace
+
+int RunCommandLine(std::vector<std::string> arguments) {
+    MakeStreamsBinary();
+    try {
+        const auto parsed = ParseCommandLine(std::move(arguments));
+        if (const auto* exitCode = std::get_if<ExitCode>(&parsed)) {
+            return *exitCode;
+        }
+        return std::visit(Runner{}, std::get<Command>(parsed));
+    } catch (const std::exception& error) {
+        std::cerr << "plyweld: " << error.what() << '\n';
+        return kFailed;
+    }
+}
+
+}  // namespace standin::cli
