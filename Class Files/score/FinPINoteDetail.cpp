@@ -44,31 +44,39 @@ std::span<const u8> FinPINoteDetail::Identity() const {
     return FinPIEntryDetail::Identity().subspan(sizeof(NoteDetailHead));
 }
 
+i16 FinPINoteDetail::FindNoteOfRecord() const {
+    const u16 noteID = RecordNoteID();
+    return FindNote(m_entry.Notes(), [this, noteID](const EXNOTE& note) {
+        return note.noteID == noteID && CanHaveDetail(note);
+    });
+}
+
+i16 FinPINoteDetail::FindMatch(const EXNOTE& note, i16 place, bool byPitch) const {
+    const std::span<const EXNOTE> notes = m_entry.Notes();
+    if (byPitch) {
+        return FindNote(notes, [this, &note](const EXNOTE& candidate) {
+            return candidate.pitch == note.pitch && CanHaveDetail(candidate);
+        });
+    }
+    const bool isThere =
+        place < std::ssize(notes) && CanHaveDetail(notes[static_cast<std::size_t>(place)]);
+    return isThere ? place : i16{-1};
+}
+
 i16 FinPINoteDetail::CopyNoteDetail(FinPINoteDetail& target, FinPINoteDetail& source,
                                     bool matchByPitch, i16& anyCopied) {
     if (source.HasNothing()) {
         return 1;
     }
-    const std::span<EXNOTE> sourceNotes = source.m_entry.Notes();
-    const std::span<EXNOTE> targetNotes = target.m_entry.Notes();
     std::map<std::pair<i16, u32>, u32> timesSeen;
     for (u16 number = 0; source.LoadRecord(number); ++number) {
-        const u16 noteID = source.RecordNoteID();
-        const i16 from = FindNote(sourceNotes, [&](const EXNOTE& note) {
-            return note.noteID == noteID && source.CanHaveDetail(note);
-        });
+        const i16 from = source.FindNoteOfRecord();
         if (from < 0) {
             continue;
         }
-        const u16 pitch = sourceNotes[static_cast<std::size_t>(from)].pitch;
-        const i16 onto =
-            matchByPitch ? FindNote(targetNotes,
-                                    [&](const EXNOTE& note) {
-                                        return note.pitch == pitch && target.CanHaveDetail(note);
-                                    })
-                         : from;
-        if (onto < 0 || onto >= std::ssize(targetNotes) ||
-            !target.CanHaveDetail(targetNotes[static_cast<std::size_t>(onto)])) {
+        const EXNOTE& note = source.m_entry.Notes()[static_cast<std::size_t>(from)];
+        const i16 onto = target.FindMatch(note, from, matchByPitch);
+        if (onto < 0) {
             continue;
         }
         target.SelectNote(onto);

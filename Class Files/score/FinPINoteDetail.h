@@ -26,8 +26,13 @@ protected:
         : FinPIEntryDetail{entry, tag, 0, entryFlags}, m_noteFlag{noteFlag} {}
     ~FinPINoteDetail() = default;
 
+private:
     u16 RecordNoteID() const;
     bool CanHaveDetail(const EXNOTE& note) const;
+    // Indices into the entry's notes; -1 = none: the note that the loaded record belongs to, and
+    // the one that corresponds to another entry's note at this place.
+    i16 FindNoteOfRecord() const;
+    i16 FindMatch(const EXNOTE& note, i16 place, bool byPitch) const;
 
     u32 m_noteFlag;
     i16 m_note = -1;

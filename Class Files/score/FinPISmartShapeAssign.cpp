@@ -26,13 +26,15 @@ bool IsInRegion(const EDTSmartShapeEnd& end, const FinPIRegion& region) {
 i16 FinPISmartShapeAssign::Load() {
     if (m_loaded == 0 && FinPISmartShapeMark::Load() != 0) {
         m_shape.emplace(m_mark.shapeNumber);
-        m_loaded = m_shape->Load();
+        if (m_shape->Load() == 0) {
+            m_shape.reset();
+        }
     }
     return m_loaded;
 }
 
 i16 FinPISmartShapeAssign::IsSkipped() const {
-    return m_shape->start.entryNumber != m_entry.Number();
+    return !m_shape || m_shape->start.entryNumber != m_entry.Number();
 }
 
 i16 FinPISmartShapeAssign::IsShapeInEntryRegion() const {

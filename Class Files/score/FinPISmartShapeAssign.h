@@ -14,7 +14,7 @@ public:
     explicit FinPISmartShapeAssign(const FinPIEntryPtr& entry)
         : FinPISmartShapeAssign{entry, SmartShapeMarkTag::kEntry} {}
 
-    // The mark and its shape; fails when there is no such shape, too.
+    // The mark and its shape; a mark without a shape is skipped.
     i16 Load() override;
     // Fails, and posts, when the shape's end is at no entry.
     i16 Commit() override;

@@ -1,0 +1,74 @@
+// Two layers of a measure whose details are copied, deleted and moved, as a merge does it: with
+// both frames held, and saved afterwards.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+
+#include "Class Files/score/DetailKind.h"
+#include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/FinPIMetricsCache.h"
+#include "tests/unit/support/pending_error.h"
+#include "tests/unit/support/stand_in.h"
+
+// The sets a merge copies onto chords and onto placed entries, and deletes.
+inline constexpr u32 kOntoChord = 0x38F6FFFE;
+inline constexpr u32 kOntoPlaced = 0x38F6FFFF;
+inline constexpr u32 kFromSource = 0x30F6FFFE;
+
+class Details : public testing::Test {
+protected:
+    static constexpr u16 kSourceLayer = 0;
+    static constexpr u16 kTargetLayer = 1;
+
+    Details() { FinPIMetricsCache::ClearAll(); }
+
+    // What is stored, and the flags that tell of it, still agree when the frames are saved.
+    ~Details() override {
+        if (source) {
+            SaveBoth();
+        }
+        EXPECT_EQ(standin::App().calls.flagsOutOfStep, 0U);
+        EXPECT_EQ(TakePendingError(), "");
+    }
+
+    void Write(std::string_view sourceNotation, std::string_view targetNotation) {
+        host.Layer(1, 1, kSourceLayer, sourceNotation);
+        host.Layer(1, 1, kTargetLayer, targetNotation);
+    }
+
+    static standin::EntryPlace Source(int index = 0) { return {1, 1, kSourceLayer, index}; }
+    static standin::EntryPlace Target(int index = 0) { return {1, 1, kTargetLayer, index}; }
+
+    // The content of a note's detail.
+    static std::string OfNote(char noteID, std::string_view content) {
+        return std::string{noteID, '\0'} + std::string{content};
+    }
+
+    // After the last Write and Attach.
+    void LoadBoth() {
+        source = FinPITGFPtr{host.Staff(1), 1, kSourceLayer};
+        target = FinPITGFPtr{host.Staff(1), 1, kTargetLayer};
+        standin::App().ResetCounts();
+    }
+
+    i16 Copy(u32 kinds, i16 from = 0, i16 to = 0) {
+        return target.EntryAt(to).CopyDetailsFrom(kinds, source.EntryAt(from));
+    }
+
+    // Whether anything was deleted; -1 when it failed.
+    i16 Delete(u32 kinds, i16 from = 0) {
+        i16 anyDeleted = 0;
+        return source.EntryAt(from).DeleteDetails(kinds, anyDeleted) != 0 ? anyDeleted : i16{-1};
+    }
+
+    void SaveBoth() {
+        EXPECT_EQ(source.ReloadTGF(), 1);
+        EXPECT_EQ(target.ReloadTGF(), 1);
+    }
+
+    standin::StandIn host;
+    FinPITGFPtr source;
+    FinPITGFPtr target;
+};

@@ -1,0 +1,213 @@
+// Smart shapes that move with an entry, and those that are copied.
+#include "Class Files/score/FinPIRegion.h"
+#include "Class Files/score/FinPISmartShapeAssign.h"
+#include "host/score/smart_shape.h"
+#include "shell/host/detail_flags.h"
+#include "tests/unit/details_fixture.h"
+
+namespace {
+
+using standin::App;
+using standin::FaultPlan;
+using standin::HostCall;
+using standin::Tag::kShapeOnEntry;
+using standin::Tag::kShapeOnLyric;
+
+constexpr u16 kShape = 1;  // the number of the first shape
+
+class Shapes : public Details {
+protected:
+    Shapes() { Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4"); }
+
+    EDTSmartShape Shape(u16 number = kShape) {
+        return standin::FromBytes<EDTSmartShape>(*host.Score().Records().Find(
+            standin::Tag::kSmartShape, standin::RecordKey::Other(number)));
+    }
+
+    // The entries of a shape's ends, such as "s0 t1".
+    std::string Ends(u16 number = kShape) {
+        return NameOf(Shape(number).start) + " " + NameOf(Shape(number).end);
+    }
+
+    // How many marks of the tag the entry has.
+    int Marks(standin::EntryPlace place, u32 tag = kShapeOnEntry) {
+        return host.Score().Records().CountOfEntry(tag, host.EntryNumber(place));
+    }
+
+    i16 Move(u32 tag = kShapeOnEntry) {
+        return target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), tag);
+    }
+
+private:
+    std::string NameOf(const EDTSmartShapeEnd& end) {
+        for (int i = 0; i < 3; ++i) {
+            if (host.EntryNumber(Source(i)) == end.entryNumber) {
+                return "s" + std::to_string(i);
+            }
+            if (host.EntryNumber(Target(i)) == end.entryNumber) {
+                return "t" + std::to_string(i);
+            }
+        }
+        return "?";
+    }
+};
+
+struct MoveCase {
+    const char* name;
+    int from;
+    int to;
+    const char* ends;
+};
+
+const MoveCase kMoveCases[] = {
+    {"ItsStart", 0, 2, "t0 s2"},
+    {"ItsEnd", 2, 0, "s2 t0"},
+    {"BothEnds", 0, 0, "t0 t0"},
+};
+
+class MovedShapes : public Shapes, public testing::WithParamInterface<MoveCase> {};
+
+TEST_P(MovedShapes, FollowTheEntry) {
+    host.Slur(Source(GetParam().from), Source(GetParam().to));
+    LoadBoth();
+    EXPECT_EQ(Move(), 1);
+    EXPECT_EQ(Ends(), GetParam().ends);
+    EXPECT_EQ(Marks(Source()), 0);
+    EXPECT_EQ(Marks(Target()), 1);
+    EXPECT_EQ(Move(kShapeOnLyric), 1);
+    SaveBoth();
+    EXPECT_EQ(Marks(Target()), 1) << "saving loses nothing";
+}
+
+INSTANTIATE_TEST_SUITE_P(Details, MovedShapes, testing::ValuesIn(kMoveCases),
+                         [](const auto& test) { return test.param.name; });
+
+TEST_F(Shapes, BothMarksOfAShapeOnOneEntryMove) {
+    host.Slur(Source(), Source());
+    host.Attach(Source(), kShapeOnEntry, std::string_view{"\1", 1});
+    host.Slur(Source(), Source(1));
+    LoadBoth();
+    EXPECT_EQ(Move(), 1);
+    EXPECT_EQ(Ends(1), "t0 t0");
+    EXPECT_EQ(Ends(2), "t0 s1");
+    EXPECT_EQ(Marks(Target()), 3);
+}
+
+TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
+    host.Slur(Source(), Source(1));
+    EDTSmartShape shape = Shape();
+    standin::AddSmartShape(host.Score(), shape, kShapeOnLyric);
+    LoadBoth();
+    EXPECT_EQ(Move(kShapeOnEntry), 1);
+    EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
+    EXPECT_EQ(Move(kShapeOnLyric), 1);
+    EXPECT_FALSE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
+    EXPECT_EQ(Ends(2), "t0 s1");
+    EXPECT_EQ(Marks(Target(), kShapeOnLyric), 1);
+}
+
+struct RefusedMoveCase {
+    const char* name;
+    HostCall refused;
+    u64 call;  // from 1
+    const char* error;
+};
+
+const RefusedMoveCase kRefusedMoves[] = {
+    {"LoadOfTheShape", HostCall::kLoadEData, 2,
+     "29998 FinPIEntryPtr::MoveSmartShapeAssigns: O\x08Sx"},
+    {"SaveOfTheShape", HostCall::kSaveEData, 1, "29996 FinPIEnigmaData::Save: O\x08Sx"},
+    {"CreateOfTheMark", HostCall::kCreateEData, 1, "29997 FinPIEntryDetail::Create: edEx"},
+    {"DeleteOfTheMark", HostCall::kDeleteEData, 1, "29995 FinPIEntryDetail::Delete: edEx"},
+};
+
+class RefusedMoves : public Shapes, public testing::WithParamInterface<RefusedMoveCase> {};
+
+TEST_P(RefusedMoves, ArePosted) {
+    host.Slur(Source(), Source(1));
+    LoadBoth();
+    App().faults.refuseKind =
+        FaultPlan::OfKind{GetParam().refused, GetParam().call, GetParam().call};
+    EXPECT_EQ(Move(), 0);
+    EXPECT_EQ(TakePendingError(), GetParam().error);
+}
+
+INSTANTIATE_TEST_SUITE_P(Host, RefusedMoves, testing::ValuesIn(kRefusedMoves),
+                         [](const auto& test) { return test.param.name; });
+
+class CopiedShapes : public Shapes {
+protected:
+    // Copies with both entries in a region of these measures; none when 0.
+    i16 CopyWithin(i16 lastMeasure) {
+        region.startSlot = region.endSlot = 1;
+        region.startMeasure = 1;
+        region.endMeasure = lastMeasure;
+        region.endPosition = kEndOfMeasure;
+        FinPIEntryPtr from = source.EntryAt(0);
+        FinPIEntryPtr to = target.EntryAt(0);
+        if (lastMeasure > 0) {
+            from.AttachRegion(&region);
+            to.AttachRegion(&region);
+        }
+        return to.CopyDetailsFrom(DetailKind::kSmartShape, from);
+    }
+
+    FinPIRegion region;
+};
+
+TEST_F(CopiedShapes, AreNewShapesThatStartAtTheTarget) {
+    host.Slur(Source(), Source(2));
+    host.Slur(Source(), Source());
+    host.Slur(Source(1), Source());
+    LoadBoth();
+    EXPECT_EQ(CopyWithin(1), 1);
+    EXPECT_EQ(Ends(1), "s0 s2");
+    EXPECT_EQ(Ends(4), "t0 s2");
+    EXPECT_EQ(Ends(5), "t0 t0");
+    EXPECT_EQ(Marks(Target()), 2) << "what only ends at the source stays there alone";
+    EXPECT_EQ(Marks(Source(2)), 2);
+    source.EntryAt(2)->flags |= DetailFlag::kSmartShape;
+}
+
+TEST_F(CopiedShapes, LieWithinTheRegionOrAreLeftOut) {
+    host.Slur(Source(), Source(2));
+    LoadBoth();
+    EXPECT_EQ(CopyWithin(0), 1);
+    EXPECT_EQ(TakePendingError(),
+              "29999 FinPISmartShapeAssign::IsShapeInEntryRegion: Entry has no region.");
+    region.startPosition = 1;
+    EXPECT_EQ(CopyWithin(1), 1);
+    EXPECT_EQ(Marks(Target()), 0);
+}
+
+TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
+    host.Slur(Source(), Source(2));
+    host.Slur(Source(1), Source());
+    LoadBoth();
+    EXPECT_EQ(Delete(DetailKind::kSmartShape), 1);
+    EXPECT_EQ(Marks(Source()), 1) << "the end of the shape that starts elsewhere";
+    EXPECT_EQ(Marks(Source(2)), 0);
+    EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
+    source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
+}
+
+TEST_F(CopiedShapes, NeedTheirEndEntry) {
+    host.Slur(Source(), Source(2));
+    LoadBoth();
+    EDTSmartShape shape = Shape();
+    const auto store = [&](u32 endEntry) {
+        shape.end.entryNumber = endEntry;
+        host.Score().Records().Save(standin::Tag::kSmartShape, standin::RecordKey::Other(kShape),
+                                    standin::BytesOf(shape));
+    };
+    store(4711);
+    EXPECT_EQ(CopyWithin(1), 0);
+    EXPECT_EQ(TakePendingError(),
+              "29999 FinPISmartShapeAssign::Commit: Can't find entnum in this TGF");
+    store(0);
+    EXPECT_EQ(CopyWithin(1), 0);
+    EXPECT_EQ(TakePendingError(),
+              "29999 FinPISmartShapeAssign::Commit: End entry for shape does not exist");
+}
+
+}  // namespace
