@@ -1,0 +1,224 @@
+// Writing back a score whose music changed.
+#include <regex>
+
+#include "host/musicxml/beam_writer.h"
+#include "host/musicxml/note_details.h"
+#include "host/score/tags.h"
+#include "tests/unit/musicxml_support.h"
+
+namespace standin {
+namespace {
+
+std::vector<EXENTRY> Entries(const ImportedScore& score, u16 measure, u16 layer) {
+    const Frame* frame = score.document->FindFrame({1, measure, layer});
+    return frame == nullptr ? std::vector<EXENTRY>{} : frame->entries;
+}
+
+int Count(std::string_view text, std::string_view what) {
+    int count = 0;
+    for (std::size_t at = text.find(what); at != std::string_view::npos;
+         at = text.find(what, at + 1)) {
+        ++count;
+    }
+    return count;
+}
+
+// Everything that a note can carry, on a note of a chord and on the chord itself.
+TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
+    const std::string measure =
+        "<direction><direction-type><words>a</words></direction-type></direction>\n"
+        "<note default-x=\"10\" color=\"#FF0000\"><pitch><step>C</step><alter>1</alter>"
+        "<octave>4</octave></pitch><duration>1</duration><tie type=\"start\"/>"
+        "<instrument id=\"I1\"/><voice>1</voice><type size=\"cue\">eighth</type>"
+        "<accidental cautionary=\"yes\">sharp</accidental><stem default-y=\"3\">up</stem>"
+        "<notehead parentheses=\"yes\">x</notehead><beam number=\"1\" fan=\"accel\">begin</beam>"
+        "<notations><tied type=\"start\" orientation=\"over\"/><fermata>normal</fermata>"
+        "<ornaments><trill-mark/><accidental-mark>flat</accidental-mark></ornaments>"
+        "<technical><fingering>1</fingering></technical></notations>"
+        "<lyric number=\"1\"><syllabic>begin</syllabic><text>la</text><elision/><text>lo</text>"
+        "</lyric><play><mute>on</mute></play></note>\n"
+        "<note print-object=\"no\"><chord/><pitch><step>E</step><alter>-0.5</alter>"
+        "<octave>4</octave></pitch><duration>1</duration><voice>1</voice><type>eighth</type>"
+        "<stem default-y=\"3\">up</stem><notations><technical><fingering>3</fingering></technical>"
+        "<slur type=\"start\" number=\"2\" bezier-x=\"5\"/></notations></note>\n"
+        "<note><unpitched><display-step>E</display-step><display-octave>4</display-octave>"
+        "</unpitched><duration>1</duration><voice>1</voice><type>eighth</type>"
+        "<stem>none</stem><beam number=\"1\">end</beam><notations><slur type=\"stop\" "
+        "number=\"2\"/></notations></note>\n"
+        "<note><rest><display-step>B</display-step><display-octave>4</display-octave></rest>"
+        "<duration>2</duration><voice>1</voice><type>quarter</type></note>\n"
+        "<note print-object=\"no\"><rest/><duration>2</duration><voice>1</voice>"
+        "<type>quarter</type></note>\n"
+        "<barline location=\"right\"><bar-style>light-heavy</bar-style></barline>\n";
+    const std::string text = ScoreText({measure});
+    const auto score = Read(text);
+    ASSERT_NE(score, nullptr);
+    EXPECT_EQ(WriteScore(*score), text);
+    std::string written = WriteScore(*score, {.rebuildAll = true});
+    std::string expected = text;
+    for (std::string* either : {&written, &expected}) {
+        *either = std::regex_replace(*either, std::regex{"\n *"}, "");
+    }
+    // Children of <notations> may stand in any order.
+    for (const char* piece :
+         {"default-x=\"10\" color=\"#FF0000\"", "<alter>1</alter>", "<instrument id=\"I1\"/>",
+          "<type size=\"cue\">eighth</type><accidental cautionary=\"yes\">sharp</accidental>"
+          "<stem default-y=\"3\">up</stem><notehead parentheses=\"yes\">x</notehead>"
+          "<beam number=\"1\" fan=\"accel\">begin</beam>",
+          "<tied type=\"start\" orientation=\"over\"/>", "<fermata>normal</fermata>",
+          "<trill-mark/><accidental-mark>flat</accidental-mark>", "<fingering>1</fingering>",
+          "<elision/>", "<play><mute>on</mute></play>", "<alter>-0.5</alter>",
+          "<fingering>3</fingering>", "bezier-x=\"5\"", "<stem>none</stem>",
+          "<display-octave>4</display-octave></rest>", "<note print-object=\"no\"><rest/>",
+          "<bar-style>light-heavy</bar-style></barline></measure>"}) {
+        EXPECT_EQ(Count(written, piece), Count(expected, piece)) << piece;
+    }
+    EXPECT_EQ(Count(written, "default-y=\"3\""), 2);
+}
+
+TEST(Changed, OnlyItsOwnMeasureIsWrittenAnew) {
+    const std::string odd =
+        "<note ><pitch><step>C</step><octave>4</octave></pitch>"
+        "<duration>2</duration></note><!-- kept -->\r\n";
+    const std::string text = ScoreText({odd, Note({}) + Note({.pitch = "E4"}), odd});
+    const auto score = Read(text);
+    ASSERT_NE(score, nullptr);
+    std::vector<EXENTRY> entries = Entries(*score, 2, 0);
+    entries.pop_back();
+    score->document->PutFrame({1, 2, 0}, entries);
+    const std::string written = WriteScore(*score);
+    EXPECT_EQ(Count(written, odd), 2);
+    EXPECT_EQ(Count(written, "<step>E</step>"), 0);
+    EXPECT_TRUE(written.starts_with(text.substr(0, text.find("<measure number=\"2\">"))));
+}
+
+// A layer of which a merge left nothing but hidden rests needs no voice.
+TEST(Changed, AVoiceOfHiddenRestsVanishesButTheMeasureKeepsItsLength) {
+    const auto score = Read(
+        ScoreText({Note({}) + Backup(2) + Note({.duration = 8, .type = "whole", .voice = "2"})}));
+    ASSERT_NE(score, nullptr);
+    std::vector<EXENTRY> entries = Entries(*score, 1, 1);
+    ASSERT_EQ(entries.size(), 1U);
+    EXENTRY& rest = entries.front();
+    rest.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes | EntryFlag::kIgnore;
+    rest.noteCount = 0;
+    rest.notes[0] = {};
+    score->document->PutFrame({1, 1, 1}, entries);
+    const std::string written = WriteScore(*score);
+    EXPECT_EQ(Count(written, "<voice>2</voice>"), 0);
+    EXPECT_EQ(Count(written, "<rest/>"), 0);
+    const auto again = Read(written);
+    ASSERT_NE(again, nullptr);
+    EXPECT_EQ(again->document->MeasureDuration(0, 1), 4096);
+
+    rest.flags &= ~EntryFlag::kIgnore;
+    score->document->PutFrame({1, 1, 1}, entries);
+    EXPECT_EQ(Count(WriteScore(*score), "<rest/>"), 1);
+}
+
+// A slur that comes into a voice where another one has its number.
+TEST(Changed, SpannersThatMeetGetDifferentNumbers) {
+    const std::string start = "<notations><slur type=\"start\" number=\"1\"/></notations>";
+    const std::string stop = "<notations><slur type=\"stop\" number=\"1\"/></notations>";
+    const auto voice = [&](std::string_view name) {
+        return Note({.voice = name, .more = start}) + Note({.voice = name, .more = stop});
+    };
+    const auto score = Read(ScoreText({voice("1") + Backup(4) + voice("2")}));
+    ASSERT_NE(score, nullptr);
+    EDTSmartShape shape = FromBytes<EDTSmartShape>(
+        *score->document->Records().Find(Tag::kSmartShape, RecordKey::Other(2)));
+    shape.start.entryNumber = Entries(*score, 1, 0)[0].entryNumber;
+    score->document->Records().Save(Tag::kSmartShape, RecordKey::Other(2), BytesOf(shape));
+    const EDTSmartShapeEntMark mark{2, {}};
+    score->document->Records().Create(
+        Tag::kShapeOnEntry, RecordKey::OfEntry(shape.start.entryNumber, kAppend), BytesOf(mark));
+    const std::string written = WriteScore(*score);
+    EXPECT_EQ(Count(written, "type=\"start\" number=\"1\""), 1);
+    EXPECT_EQ(Count(written, "type=\"start\" number=\"2\""), 1);
+    EXPECT_EQ(Count(written, "type=\"stop\" number=\"2\""), 1);
+}
+
+TEST(Changed, ADirectionsVoiceFollowsItsExpressionsLayer) {
+    const std::string direction =
+        "<direction><direction-type><words>dolce</words></direction-type><voice>2</voice>"
+        "</direction>";
+    const auto score = Read(ScoreText({Note({}) + Backup(2) + direction + Note({.voice = "2"})}));
+    ASSERT_NE(score, nullptr);
+    const Bytes* bytes = score->document->Records().Find(Tag::kExpression, RecordKey::Other(1));
+    ASSERT_NE(bytes, nullptr);
+    auto expression = FromBytes<MyExpressionAssign>(*bytes);
+    EXPECT_EQ(expression.staff, 1);
+    EXPECT_EQ(expression.layer, 2);
+    expression.layer = 1;
+    score->document->Records().Save(Tag::kExpression, RecordKey::Other(1), BytesOf(expression));
+    const std::string written = WriteScore(*score);
+    EXPECT_EQ(Count(written, "</direction-type><voice>1</voice></direction>"), 1);
+}
+
+struct BeamCase {
+    const char* name;
+    std::vector<const char*> before;  // first level of each entry; "-" = none, "r" = a rest
+    const char* after;
+};
+
+const BeamCase kBeams[] = {
+    {"Whole", {"begin", "continue", "end"}, "begin continue end"},
+    {"EndLost", {"begin", "continue", "-"}, "begin end -"},
+    {"BeginLost", {"-", "continue", "end"}, "- begin end"},
+    {"OneLeft", {"begin", "-", "-"}, "- - -"},
+    {"OverARest", {"begin", "r", "end"}, "begin r end"},
+    {"NewOneInside", {"begin", "begin", "end", "end"}, "- begin end -"},
+};
+
+TEST(Beams, BrokenOnesAreMadeWhole) {
+    for (const BeamCase& c : kBeams) {
+        std::vector<BeamedEntry> entries;
+        for (const std::string mark : c.before) {
+            BeamedEntry& entry = entries.emplace_back();
+            entry.isRest = mark == "r";
+            if (mark.size() > 1) {
+                entry.levels = ReadBeams("<beam number=\"1\">" + mark + "</beam>");
+            }
+        }
+        MakeBeamsWhole(entries);
+        std::string after;
+        for (const BeamedEntry& entry : entries) {
+            const std::string beam = WriteBeams(entry.levels);
+            const std::size_t begin = beam.find('>') + 1;
+            after += after.empty() ? "" : " ";
+            after += entry.isRest   ? "r"
+                     : beam.empty() ? "-"
+                                    : beam.substr(begin, beam.find("</") - begin);
+        }
+        EXPECT_EQ(after, c.after) << c.name;
+    }
+}
+
+TEST(Encodings, GoOutAsTheyCameIn) {
+    const std::string body =
+        "<score-partwise><part-list><score-part id=\"P1\"><part-name>Fl\xC3\xB6te"
+        "</part-name></score-part></part-list><part id=\"P1\"><measure>"
+        "<attributes><divisions>1</divisions></attributes>"
+        "<note><rest/><duration>1</duration></note></measure></part>"
+        "</score-partwise>";
+    const std::string utf8 = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + body;
+    const std::string utf16 = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + body;
+    const std::string latin1 = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + body;
+    const std::string files[] = {
+        utf8,
+        EncodeXml(utf8, {Encoding::kUtf8, true}),
+        EncodeXml(utf16, {Encoding::kUtf16LittleEndian, true}),
+        EncodeXml(utf16, {Encoding::kUtf16BigEndian, true}),
+        EncodeXml(latin1, {Encoding::kLatin1, false}),
+    };
+    for (const std::string& file : files) {
+        const auto score = Read(file);
+        ASSERT_NE(score, nullptr);
+        EXPECT_EQ(score->document->StaffName(1), u"Fl\u00F6te");
+        EXPECT_EQ(WriteScore(*score), file);
+        EXPECT_EQ(Count(EncodeXml(DecodeXml(file).text, score->format), file), 1);
+    }
+}
+
+}  // namespace
+}  // namespace standin
