@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "Class Files/foundation/FinPIException.h"
+#include "Class Files/score/DetailKind.h"
 
 namespace {
 
@@ -11,6 +12,17 @@ constexpr u32 kDeletedDetails = 0x30F6FFFE;
 
 constexpr u32 kShapeOnEntry = HostTag("edEx");
 constexpr u32 kShapeOnLyric = HostTag("edLx");
+
+bool HasEqualPitches(const FinPIEntryPtr& entry) {
+    const std::span<const EXNOTE> notes = entry.Notes();
+    for (auto note = notes.begin(); note != notes.end(); ++note) {
+        if (std::any_of(note + 1, notes.end(),
+                        [note](const EXNOTE& other) { return other.pitch == note->pitch; })) {
+            return true;
+        }
+    }
+    return false;
+}
 
 // What stays behind would hang on a rest: the run must not pass for a success. Dropped when the
 // operation that failed has told more.
@@ -63,7 +75,9 @@ bool MoveShapeEnds(const FinPIEntryPtr& source, const FinPIEntryPtr& target) {
 }
 
 void MoveAttachments(const FinPIEntryPtr& source, const FinPIEntryPtr& target, u32 detailKinds) {
-    if (target.CopyDetailsFrom(detailKinds, source) == 0) {
+    const u32 kinds =
+        HasEqualPitches(source) ? detailKinds & ~DetailKind::kMatchNotesByPitch : detailKinds;
+    if (target.CopyDetailsFrom(kinds, source) == 0) {
         PostStayedBehind();
         return;
     }

@@ -15,8 +15,8 @@ inline constexpr i32 kAnyGraceOffset = 0x7FFFFFFF;
 void MakeRest(const FinPIEntryPtr& entry, i16 duration, bool hidden);
 
 // Moves what hangs on the source entry along with its music: the details of these kinds, all
-// of which but tuplets leave the source, and the ends of smart shapes. A failure is left
-// pending.
+// of which but tuplets leave the source, and the ends of smart shapes. The target's notes begin
+// with the source's: among notes of one pitch their places decide. A failure is left pending.
 void MoveAttachments(const FinPIEntryPtr& source, const FinPIEntryPtr& target, u32 detailKinds);
 
 // The second part of it alone. False: an end stayed behind, and an error is pending.

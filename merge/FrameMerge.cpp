@@ -71,6 +71,16 @@ PairMap PairCoincidingEntries(const FramePair& frames) {
     return pairs;
 }
 
+// What hangs on a note goes to the first note of its pitch: while it moves, the notes that were
+// appended stand before the chord's own, of which one may have the same pitch.
+void MoveAttachmentsOfPair(const FinPIEntryPtr& source, const FinPIEntryPtr& destination) {
+    const std::span<EXNOTE> notes = destination.Notes();
+    const auto appended = std::min(source.Notes().size(), notes.size());
+    std::rotate(notes.begin(), notes.end() - static_cast<std::ptrdiff_t>(appended), notes.end());
+    MoveAttachments(source, destination, kChordDetails);
+    std::rotate(notes.begin(), notes.begin() + static_cast<std::ptrdiff_t>(appended), notes.end());
+}
+
 void MovePairedEntries(FramePair& frames, const PairMap& pairs) {
     std::set<u32> graceRests;
     for (const auto& [sourceIndex, destinationIndex] : pairs) {
@@ -79,7 +89,7 @@ void MovePairedEntries(FramePair& frames, const PairMap& pairs) {
         if (!source || !destination) {
             continue;
         }
-        MoveAttachments(source, destination, kChordDetails);
+        MoveAttachmentsOfPair(source, destination);
         frames.moved.insert(destination.Number());
         MakeRest(source, source->duration, frames.hideRests);
         if (source.IsGrace()) {

@@ -69,6 +69,30 @@ TEST(Details, OfOneNoteGoToItsPitch) {
     EXPECT_EQ(host.Attached(kSource, kNotehead), "");
 }
 
+// Each of two equal pitches has a notehead of its own, which must not meet on one note.
+TEST(Details, OfEqualPitchesStayApart) {
+    StandIn host;
+    host.Layer(1, 1, 0, "w:c5");
+    host.Layer(1, 1, 1, "w:c5");
+    const u16 noteID = host.Entry(kSource).notes[0].noteID;
+    ASSERT_EQ(host.Entry(kDestination).notes[0].noteID, noteID);
+    std::string head{reinterpret_cast<const char*>(&noteID), sizeof(noteID)};
+    host.Attach(kDestination, kNotehead, head + "x");
+    host.Attach(kSource, kNotehead, head + "o");
+    host.SelectAll();
+    Plugin{}.Merge(host);
+    const EXENTRY chord = host.Entry(kDestination);
+    ASSERT_EQ(host.Layer(1, 1, 0), "w:c5,c5");
+    for (u16 record = 0; record < 2; ++record) {
+        const Bytes* stored =
+            host.Score().Records().Find(kNotehead, RecordKey::OfEntry(chord.entryNumber, record));
+        ASSERT_NE(stored, nullptr);
+        const bool isOwn = static_cast<u8>((*stored)[0]) == chord.notes[0].noteID;
+        EXPECT_EQ((*stored)[2], isOwn ? 'x' : 'o');
+    }
+    EXPECT_NE(chord.notes[0].noteID, chord.notes[1].noteID);
+}
+
 TEST(Details, ComeAlongIntoRests) {
     StandIn host;
     host.Layer(1, 1, 0, "w:r");
