@@ -58,7 +58,7 @@ native_packages=(g++ cmake ninja-build pkg-config libpugixml-dev libzip-dev libc
     libgtest-dev libgmock-dev nlohmann-json3-dev ccache)
 windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev ca-certificates)
 wine_packages=(wine wine64 xvfb xauth locales)
-check_packages=(clang-format-14 clang-tidy-14 libxml2-utils git)
+check_packages=(clang-format-14 clang-tidy-14 libxml2-utils unzip git)
 picture_packages=(librsvg2-bin fonts-liberation)
 
 # pugixml and libzip for the Windows build, in the versions that Debian builds natively: their
@@ -147,6 +147,9 @@ ensure_spanish_locale() {
     quietly localedef --no-archive -i es_ES -f UTF-8 "$build/locale/es_ES.UTF-8" ||
         fail "the Spanish locale could not be made"
 }
+
+# Two clones of the project share what ccache keeps.
+export CCACHE_BASEDIR="$top" CCACHE_NOHASHDIR=1
 
 # Configures and builds a preset: build_preset PRESET TARGET...
 build_preset() {

@@ -1,10 +1,9 @@
 #include "host/cli/command_line.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <gtest/gtest.h>
 
 #include "host/cli/selection.h"
 
@@ -75,9 +74,11 @@ const SelectionCase kSelections[] = {
     {"OpenEnd", {"--measures", "2-"}, {0, 1, 2, 0, 0, 2, 3, kEndOfMeasure}},
     {"EndBeyondTheScore", {"--measures", "2-9"}, {0, 1, 2, 0, 0, 2, 3, kEndOfMeasure}},
     {"Staff", {"--staves", "2-2"}, {0, 2, 1, 0, 0, 2, 3, kEndOfMeasure}},
-    {"Beats", {"--measures", "1-1", "--from-beat", "2", "--to-beat", "3"},
+    {"Beats",
+     {"--measures", "1-1", "--from-beat", "2", "--to-beat", "3"},
      {0, 1, 1, 1024, 0, 2, 1, 3071}},
-    {"BeatsOfBothMeters", {"--measures", "1-2", "--from-beat", "2.5", "--to-beat", "2"},
+    {"BeatsOfBothMeters",
+     {"--measures", "1-2", "--from-beat", "2.5", "--to-beat", "2"},
      {0, 1, 1, 1536, 0, 2, 2, 1023}},
 };
 
@@ -95,7 +96,8 @@ TEST(Selection, FollowsMeasuresBeatsAndStaves) {
         EXPECT_EQ(std::memcmp(&region, &c.expected, sizeof region), 0) << c.name;
     }
     for (const std::vector<std::string>& nothing :
-         {std::vector<std::string>{"--measures", "4-5"}, {"--staves", "3"},
+         {std::vector<std::string>{"--measures", "4-5"},
+          {"--staves", "3"},
           {"--measures", "1-1", "--from-beat", "3", "--to-beat", "1"}}) {
         EXPECT_TRUE(std::holds_alternative<std::string>(
             SelectionIn(document, ParseMerge(nothing).selection)));

@@ -1,8 +1,7 @@
 // What the program leaves behind: its output file, and the user's stored options.
-#include <gtest/gtest.h>
-
 #include <filesystem>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <sstream>
 
 #include "host/cli/output_file.h"
@@ -28,9 +27,8 @@ class OutputFile : public testing::Test {
 protected:
     void SetUp() override {
         folder = fs::temp_directory_path() /
-                 ("plyweld-output-" + std::string{testing::UnitTest::GetInstance()
-                                                      ->current_test_info()
-                                                      ->name()});
+                 ("plyweld-output-" +
+                  std::string{testing::UnitTest::GetInstance()->current_test_info()->name()});
         fs::remove_all(folder);
         fs::create_directory(folder);
     }

@@ -2,10 +2,11 @@
 add_executable(test_command
   "${CMAKE_CURRENT_LIST_DIR}/command_line_test.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/command_output_test.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/command_run_test.cpp"
   "${PROJECT_SOURCE_DIR}/host/cli/desktop_native.cpp")
 set_target_properties(test_command PROPERTIES ENABLE_EXPORTS ON)
 target_compile_definitions(test_command PRIVATE
   PLYWELD_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
-target_link_libraries(test_command PRIVATE plyweld_command standin_callbacks GTest::gtest_main)
+target_link_libraries(test_command PRIVATE plyweld_command standin_callbacks nlohmann_json::nlohmann_json GTest::gtest_main)
 add_dependencies(test_command plyweld_plugin)
 gtest_discover_tests(test_command)

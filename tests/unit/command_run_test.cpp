@@ -1,0 +1,182 @@
+// The whole command: from a file through the real plug-in to a file.
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "host/cli/command_line.h"
+#include "host/cli/run_command.h"
+#include "host/score/application.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace standin::cli;
+
+const std::string kCarol = std::string{PLYWELD_EXAMPLES} + "/adeste-fideles.musicxml";
+
+std::string Content(const fs::path& file) {
+    std::ostringstream text;
+    text << std::ifstream{file, std::ios::binary}.rdbuf();
+    return text.str();
+}
+
+class CommandRun : public testing::Test {
+protected:
+    void SetUp() override {
+        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        folder = fs::temp_directory_path() / (std::string{"plyweld-command-"} + test->name());
+        fs::remove_all(folder);
+        fs::create_directory(folder);
+        standin::App().Reset();
+    }
+    void TearDown() override {
+        EXPECT_EQ(standin::App().lent.Count(), 0U);
+        EXPECT_EQ(standin::App().CurrentNumber(), 0);
+        fs::remove_all(folder);
+    }
+
+    std::string File(const std::string& name) const { return (folder / name).string(); }
+    std::string Write(const std::string& name, std::string_view text) const {
+        std::ofstream{folder / name, std::ios::binary} << text;
+        return File(name);
+    }
+
+    // Runs the command and keeps what it says.
+    int Run(std::vector<std::string> arguments) {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const int exitCode = RunCommandLine(std::move(arguments));
+        output = testing::internal::GetCapturedStdout();
+        errors = testing::internal::GetCapturedStderr();
+        return exitCode;
+    }
+
+    fs::path folder;
+    std::string output;
+    std::string errors;
+};
+
+TEST_F(CommandRun, CarolIsMergedAndNothingIsLost) {
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--verify", "--json"}), kDone)
+        << errors;
+    const auto report = nlohmann::json::parse(output);
+    EXPECT_GT(report["chordsFormed"], 90);
+    EXPECT_GT(report["restsFilled"], 3);
+    EXPECT_GT(report["left"], 0);
+    EXPECT_EQ(report["verified"], true);
+    EXPECT_EQ(Run({"compare", kCarol, File("out.musicxml")}), kFailed);
+    EXPECT_EQ(Run({"compare", kCarol, kCarol}), kDone);
+}
+
+TEST_F(CommandRun, OnlyTheSelectionChanges) {
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--measures", "3-4", "--staves",
+                   "1", "--json"}),
+              kDone)
+        << errors;
+    for (const auto& measure : nlohmann::json::parse(output)["measures"]) {
+        EXPECT_EQ(measure["staff"], 1);
+        EXPECT_GE(measure["measure"], 3);
+        EXPECT_LE(measure["measure"], 4);
+    }
+    const std::string before = Content(kCarol);
+    const std::string after = Content(File("out.musicxml"));
+    const std::string fifth = "<measure number=\"4\">";  // the pickup measure has number 0
+    EXPECT_EQ(after.substr(after.find(fifth)), before.substr(before.find(fifth)));
+}
+
+TEST_F(CommandRun, ZippedOutputHoldsTheSameMusic) {
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--quiet"}), kDone);
+    EXPECT_EQ(output, "");
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.mxl")}), kDone);
+    EXPECT_EQ(Content(File("out.mxl")).substr(0, 2), "PK");
+    EXPECT_EQ(Run({"compare", File("out.musicxml"), File("out.mxl")}), kDone) << output;
+}
+
+TEST_F(CommandRun, StandardOutputCarriesTheScoreAlone) {
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--quiet"}), kDone);
+    ASSERT_EQ(Run({"merge", kCarol, "-o", "-"}), kDone);
+    EXPECT_EQ(output, Content(File("out.musicxml")));
+    EXPECT_NE(errors, "");
+}
+
+TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
+    const std::string target = Write("out.musicxml", "kept");
+    EXPECT_EQ(Run({"merge", kCarol, "-o", target, "--from", "2", "--to", "2"}), kFailed);
+    EXPECT_NE(errors.find("Destination layer is the same as the source layer."), std::string::npos);
+
+    standin::App().faults.stopAtProgress = 3;
+    EXPECT_EQ(Run({"merge", kCarol, "-o", target}), kFailed);
+    EXPECT_NE(errors.find("stopped"), std::string::npos) << errors;
+    standin::App().Reset();
+
+    standin::App().faults.refuseKind = standin::FaultPlan::AllOf(standin::HostCall::kSaveTGF);
+    EXPECT_EQ(Run({"merge", kCarol, "-o", target}), kFailed);
+    EXPECT_NE(errors, "");
+    EXPECT_EQ(Content(target), "kept");
+}
+
+struct DamagedFile {
+    const char* name;
+    std::string content;
+    const char* says;  // part of the line
+};
+
+std::string Score(const std::string& measure) {
+    return "<score-partwise version=\"4.0\">\n<part-list><score-part id=\"P1\"><part-name/>"
+           "</score-part></part-list>\n<part id=\"P1\">\n<measure number=\"1\">\n" +
+           measure + "\n</measure></part></score-partwise>\n";
+}
+
+std::string Nested(int levels) {
+    std::string text = "<score-partwise>";
+    for (int i = 0; i < levels; ++i) {
+        text += "<a>";
+    }
+    return text;
+}
+
+const DamagedFile kDamaged[] = {
+    {"Missing", "", ""},
+    {"NotXml", "a piano piece", ":1: "},
+    {"NoScore", "<html/>", ""},
+    {"CutShort", Score("").substr(0, 150), ""},
+    {"BrokenZip", "PK\x03\x04 and nothing more", "archive"},
+    {"NegativeDuration",
+     Score("<attributes><divisions>1</divisions></attributes>\n"
+           "<note><rest/><duration>-4</duration></note>"),
+     ":5: "},
+    {"BackupBeforeTheStart",
+     Score("<attributes><divisions>1</divisions></attributes>\n"
+           "<backup><duration>4</duration></backup>"),
+     ":5: "},
+    {"TenThousandLevels", Nested(10'000), ""},
+};
+
+TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {
+    for (const DamagedFile& file : kDamaged) {
+        SCOPED_TRACE(file.name);
+        const std::string input = std::string{file.name} == "Missing"
+                                      ? File("no such file")
+                                      : Write(std::string{file.name} + ".xml", file.content);
+        EXPECT_EQ(Run({"merge", input, "-o", File("out.xml")}), kUnreadable);
+        EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+        EXPECT_EQ(errors.substr(0, input.size() + 1), input + ":");
+        EXPECT_NE(errors.find(file.says), std::string::npos) << errors;
+        EXPECT_FALSE(fs::exists(File("out.xml")));
+    }
+}
+
+TEST_F(CommandRun, ShowTellsWhatAMergeWouldFind) {
+    ASSERT_EQ(Run({"show", kCarol, "--json"}), kDone) << errors;
+    const auto shown = nlohmann::json::parse(output);
+    EXPECT_EQ(shown["measures"], 21);
+    ASSERT_EQ(shown["parts"][0]["staves"].size(), 2U);
+    EXPECT_EQ(shown["parts"][0]["staves"][1]["layers"][1]["voice"], "6");
+    ASSERT_EQ(Run({"merge", kCarol, "-o", "-", "--json"}), kDone);
+    EXPECT_EQ(shown["merge"]["chordsFormed"], nlohmann::json::parse(errors)["chordsFormed"]);
+}
+
+}  // namespace
