@@ -65,8 +65,6 @@ public:
     bool HasRecord();
 
     const FinPIEntryPtr& Entry() const noexcept { return m_entry; }
-    u16 RecordNumber() const noexcept { return m_recordNumber; }
-    u32 EntryFlags() const noexcept { return m_entryFlags; }
 
 protected:
     // secondTag: that of the down-stem variant of a kind whose first tag is for stems up; 0 =
