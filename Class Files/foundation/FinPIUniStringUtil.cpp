@@ -20,6 +20,13 @@ void CopyCut(Unit* destination, const Unit* source, u64 length, u64 size) {
     std::fill_n(destination + copied, size - copied, Unit{});
 }
 
+// Nothing when the text is neither UTF-8 nor ANSI text.
+std::optional<std::u16string> Decode(const char* source) {
+    std::optional<std::u16string> text =
+        platform::MultiByteToUtf16(source, platform::CodePage::kUtf8);
+    return text ? text : platform::MultiByteToUtf16(source, platform::CodePage::kAnsi);
+}
+
 }  // namespace
 
 char* UniChar_Utf8encode(char* destination, const char16* source, u64 size) {
@@ -40,11 +47,7 @@ char* UniChar_Utf8encode(char* destination, const char16* source, u64 size) {
 }
 
 char16* UniChar_Utf16encode(char16* destination, const char* source, u64 size) {
-    std::optional<std::u16string> text =
-        platform::MultiByteToUtf16(source, platform::CodePage::kUtf8);
-    if (!text) {
-        text = platform::MultiByteToUtf16(source, platform::CodePage::kAnsi);
-    }
+    const std::optional<std::u16string> text = Decode(source);
     if (text) {
         CopyCut(destination, text->data(), text->size(), size);
         return destination;

@@ -1,6 +1,5 @@
 #include "Class Files/score/FinPIMetricsCache.h"
 
-#include <compare>
 #include <map>
 
 #include "Class Files/foundation/DocumentScope.h"

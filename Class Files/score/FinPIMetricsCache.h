@@ -1,6 +1,8 @@
 // Metrics of entries, and the last answer on special part extraction, kept for one command.
 #pragma once
 
+#include <compare>
+
 #include "shell/host/host_frames.h"
 
 namespace FinPIMetricsCache {
