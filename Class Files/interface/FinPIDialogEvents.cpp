@@ -1,4 +1,6 @@
 // How the events of a dialog's window become calls of its virtual operations.
+#include <utility>
+
 #include "Class Files/foundation/FinPITrace.h"
 #include "Class Files/interface/FinPIDialog.h"
 #include "Class Files/interface/WatchedPreference.h"
@@ -112,12 +114,13 @@ i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u
     }
     m_notificationCode = notificationCode;
     m_lastControl = control;
-    m_inCommand = 1;
+    // A command event may arrive while another one is being handled.
+    const u16 outerCommand = std::exchange(m_inCommand, u16{1});
     u8 final = 0;
     const i16 result = HandleCommand(window, static_cast<u16>(control), &final);
     // A handler that ended the dialog may have destroyed this object too.
     if (final == 0) {
-        m_inCommand = 0;
+        m_inCommand = outerCommand;
     }
     return result;
 }

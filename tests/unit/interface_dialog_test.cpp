@@ -98,7 +98,14 @@ TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
     dialog.TakeNotes();
     open.Press(1009);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1009 0"}));
-    dialog.whileHandling = nullptr;
+    dialog.whileHandling = [&] {
+        dialog.whileHandling = nullptr;
+        open.Press(1010);
+        open.Send(WindowMessage::kTimer);
+    };
+    open.Press(1009);
+    EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1009 0", "command 1010 0"}))
+        << "the outer command is still being handled";
     open.Send(WindowMessage::kTimer);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer"}));
     NotingDialog modal{&command, nullptr, nullptr};

@@ -1,0 +1,151 @@
+// What the open dialog of the command watches, where it appears, and what it saves.
+#include <cstring>
+#include <gtest/gtest.h>
+
+#include "host/score/application.h"
+#include "platform/headless/session.h"
+#include "platform/window.h"
+#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/dialog_desk.h"
+
+namespace standin {
+namespace {
+
+constexpr u16 kGo = 1;
+constexpr u16 kClose = 2;
+constexpr u16 kSelectionText = 1001;
+constexpr u16 kFrom = 1003;
+constexpr u16 kTo = 1005;
+constexpr u16 kRebeam = 1009;
+constexpr u16 kSaveSettings = 1008;
+constexpr u32 kTimerMessage = 275;
+constexpr u32 kCloseMessage = 16;
+
+// A saved setting with these options, as stored.
+void StoreSetting(i16 number, u16 identifier, u16 skipDialog, const MergeOptions& options) {
+    std::vector<u8> record(160 + sizeof(options));
+    record[0] = static_cast<u8>(record.size());
+    record[2] = 160;
+    record[8] = static_cast<u8>('A' + number - 1);
+    record[138] = static_cast<u8>(skipDialog);
+    record[140] = static_cast<u8>(identifier);
+    std::memcpy(record.data() + 160, &options, sizeof(options));
+    Plugin::StoreBytes("Save Settings", "ZKSC" + std::to_string(22000 + number), record.data(),
+                       static_cast<u32>(record.size()));
+}
+
+class OpenCommand : public testing::Test {
+protected:
+    OpenCommand() { host.SelectAll(); }
+
+    DialogDesk::OpenDialog& Open(u16 item = 0) {
+        plugin.Invoke(host, item);
+        return *desk.Newest();
+    }
+
+    StandIn host{1, 2};
+    DialogDesk desk;
+    const Plugin plugin;
+};
+
+TEST_F(OpenCommand, TheSelectionIsReadAnewWhenItChanges) {
+    DialogDesk::OpenDialog& open = Open();
+    EXPECT_EQ(open.timers, (std::map<u64, u32>{{1, 100}}));
+    const std::u16string before = open.texts[kSelectionText];
+    open.Type(kSelectionText, u"untouched");
+    open.Send(kTimerMessage);
+    EXPECT_EQ(open.texts[kSelectionText], u"untouched") << "the selection is the same";
+    host.Select(1, 2, 0, 1, 2, kEndOfMeasure);
+    open.Send(kTimerMessage);
+    EXPECT_NE(open.texts[kSelectionText], u"untouched");
+    EXPECT_NE(open.texts[kSelectionText], before);
+    host.SelectNothing();
+    open.Send(kTimerMessage);
+    EXPECT_EQ(open.texts[kSelectionText], u"(No Selection)");
+    EXPECT_TRUE(open.disabled.contains(kGo));
+    open.Type(kSelectionText, u"untouched");
+    open.Send(kTimerMessage);
+    EXPECT_EQ(open.texts[kSelectionText], u"untouched") << "nothing selected before and now";
+    open.Press(kClose);
+}
+
+TEST_F(OpenCommand, SpeaksTheLanguageOfTheUser) {
+    platform::headless::SetLanguage(platform::headless::Language::kSpanish);
+    host.SelectNothing();
+    DialogDesk::OpenDialog& open = Open();
+    EXPECT_EQ(open.texts[kSelectionText], u"(Ninguna selecci\u00F3n)");
+    EXPECT_EQ(open.SelectedItem(kFrom), u"Todas las capas");
+    EXPECT_EQ(open.window.caption, u"Plyweld v6.10");
+    open.Press(kClose);
+}
+
+TEST_F(OpenCommand, AListWithNoSelectionCountsAsTheFirstLayer) {
+    DialogDesk::OpenDialog& open = Open();
+    open.positions[kFrom] = 0;
+    open.positions[kTo] = 4;
+    open.Press(kRebeam);
+    open.Press(kClose);
+    EXPECT_EQ(Plugin::Stored("Plyweld", "ZKCF22000"),
+              (std::vector<u8>{12, 0, 0, 0, 3, 0, 0, 0, 0, 0, 0, 0}));
+}
+
+TEST_F(OpenCommand, OptionsOutOfRangeShowAsNothingChosen) {
+    Plugin::Store({12, 9, 8, 65535, 1, 0});
+    DialogDesk::OpenDialog& open = Open();
+    EXPECT_EQ(open.SelectedItem(kFrom), u"(none)");
+    EXPECT_EQ(open.SelectedItem(kTo), u"(none)");
+    EXPECT_TRUE(open.disabled.contains(kGo));
+    open.Press(kClose);
+}
+
+TEST_F(OpenCommand, ASavedSettingOpensBesideTheOtherDialogAndKeepsAPlaceOfItsOwn) {
+    StoreSetting(1, 3, 0, {});
+    ASSERT_EQ(plugin.Init(), 1);
+    DialogDesk::OpenDialog& first = Open();
+    first.window.rectangle = desk.newWindow;
+    first.Send(kCloseMessage);
+    DialogDesk::OpenDialog& again = Open();
+    DialogDesk::OpenDialog& setting = Open(1);
+    EXPECT_EQ(setting.window.caption, u"A v6.10");
+    EXPECT_EQ(setting.window.rectangle.left, again.window.rectangle.left + 10);
+    EXPECT_EQ(setting.window.rectangle.top, again.window.rectangle.top + 10);
+    setting.Press(kClose);
+    EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS12003").empty());
+    again.Press(kClose);
+}
+
+TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
+    Plugin::Store({12, 1, 0, 0, 1, 0});
+    DialogDesk::OpenDialog& open = Open();
+    desk.Then([&](DialogDesk::OpenDialog& save) {
+        desk.Then([](DialogDesk::OpenDialog& question) { question.Press(1); });
+        save.Type(7, u"Mine");
+        save.Press(1);
+    });
+    open.Press(kSaveSettings);
+    EXPECT_EQ(desk.ScriptsLeft(), 0U);
+    open.Choose(kFrom, 4);
+    open.Press(kGo);
+    open.Press(kClose);
+    const std::vector<u8> setting = Plugin::Stored("Save Settings", "ZKSC22001");
+    ASSERT_EQ(setting.size(), 172U);
+    EXPECT_EQ(setting[162], 2) << "what the dialog showed at the end";
+    EXPECT_EQ(Plugin::Stored("Plyweld", "ZKCF22000")[2], 1) << "the command's own stay";
+    // The host's menu is as old as before: its items are not to be trusted.
+    plugin.Invoke(host, 1);
+    ASSERT_EQ(App().alerts.size(), 1U);
+    EXPECT_EQ(App().alerts.front().stringId, 20004);
+    EXPECT_EQ(desk.Newest(), nullptr);
+}
+
+TEST_F(OpenCommand, TakesTheMenuMessageAndNoOther) {
+    DialogDesk::OpenDialog& open = Open();
+    const u32 message = platform::RegisterMessage("FinaleMenuEventForOrvandelPlugins");
+    EXPECT_EQ(open.Send(message, 0, 10502), 1);
+    EXPECT_EQ(open.Send(message + 1, 0, 10502), 0);
+    open.Send(kTimerMessage);
+    open.Press(kClose);
+}
+
+}  // namespace
+}  // namespace standin
