@@ -1,6 +1,7 @@
 // Conversions between UTF-16 and the two 8-bit encodings that texts have in the process.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,5 +19,16 @@ std::optional<std::u16string> MultiByteToUtf16(std::string_view text, CodePage p
 // Lone surrogates become U+FFFD in UTF-8; a character without an exact equivalent in the
 // ANSI code page becomes "?" (no best-fit mapping). Nothing when the system refuses.
 std::optional<std::string> Utf16ToMultiByte(std::u16string_view text, CodePage page);
+
+// The beginning of a UTF-8 text, of this many bytes at most, that cuts no character in two.
+constexpr std::string_view CutUtf8(std::string_view text, std::size_t bytes) noexcept {
+    if (text.size() <= bytes) {
+        return text;
+    }
+    while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80U) {
+        --bytes;
+    }
+    return text.substr(0, bytes);
+}
 
 }  // namespace platform

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <cstring>
 #include <string_view>
 
 #include "Class Files/foundation/FinPIException.h"
@@ -11,6 +10,7 @@
 #include "Class Files/interface/DialogLayout.h"
 #include "Class Files/settings/FinPIUtil.h"
 #include "platform/resources.h"
+#include "platform/text.h"
 #include "shell/host/callbacks.h"
 
 namespace {
@@ -52,10 +52,8 @@ u16 FinPIAlert::DefaultAnswer() const noexcept {
 }
 
 void FinPIAlert::SetMessage(const char* utf8) {
-    const std::string_view text{utf8};
-    const std::size_t length = std::min(text.size(), sizeof(m_message) - 1);
-    std::memcpy(m_message, text.data(), length);
-    m_message[length] = '\0';
+    const std::string_view cut = platform::CutUtf8(utf8, sizeof(m_message) - 1);
+    *std::copy(cut.begin(), cut.end(), m_message) = '\0';
 }
 
 void FinPIAlert::PrepareControls(WindowHandle window) {

@@ -31,7 +31,7 @@ public:
     u16 Answer() const noexcept { return m_answer; }
     // The message as the string table has it, UTF-8.
     const char* Message() const noexcept { return m_message; }
-    // Cut at 1023 bytes.
+    // Cut at 1023 bytes, between characters.
     void SetMessage(const char* utf8);
 
     i16 OnInitializeWindow(WindowHandle window) override;

@@ -1,22 +1,18 @@
 #include "Class Files/settings/SavedSettingPtr.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPIUniStringUtil.h"
 #include "Class Files/settings/FinPIUtil.h"
 #include "Class Files/settings/SavedSettings.h"
+#include "platform/text.h"
 #include "shell/module/ModuleState.h"
 
 namespace {
 
 constexpr u16 kHeaderSize = sizeof(SavedSettingHeader);
-
-bool ContinuesCharacter(char byte) noexcept {
-    return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U;
-}
 
 }  // namespace
 
@@ -75,13 +71,7 @@ void SavedSettingPtr::SetName(const std::u16string& name) {
     std::vector<char> utf8(3 * name.size() + 1);
     FinPIUniStringUtil::UniChar_Utf8encode(utf8.data(), name.c_str(), utf8.size());
     char(&stored)[128] = Header().name;
-    std::size_t length = std::strlen(utf8.data());
-    if (length >= sizeof(stored)) {
-        length = sizeof(stored) - 1;
-        while (length > 0 && ContinuesCharacter(utf8[length])) {
-            --length;
-        }
-    }
+    const std::string_view cut = platform::CutUtf8(utf8.data(), sizeof(stored) - 1);
     std::fill(std::begin(stored), std::end(stored), '\0');
-    std::copy_n(utf8.data(), length, stored);
+    std::copy(cut.begin(), cut.end(), stored);
 }
