@@ -21,7 +21,9 @@ fs::path NameBeside(const fs::path& target) {
     std::random_device random;
     for (;;) {
         fs::path name = target;
-        name += "." + std::to_string(random()) + ".part";
+        name += ".";
+        name += std::to_string(random());
+        name += ".part";
         std::error_code ignored;
         if (!fs::exists(name, ignored)) {
             return name;
