@@ -111,15 +111,27 @@ private:
         join(m_factsAfter);
     }
 
-    bool IsExcepted(const MusicEntry& entry) const {
-        if (!m_options.replaced || entry.layer != m_options.replaced->layer) {
+    bool IsCleared(u16 staff, u16 measure, i32 position, u16 layer) const {
+        if (!m_options.replaced || layer != m_options.replaced->layer) {
             return false;
         }
         const EREGION& region = m_options.replaced->selection;
-        const auto at = std::pair{i32{entry.measure}, entry.onset};
-        return entry.staff >= region.startSlot && entry.staff <= region.endSlot &&
+        const auto at = std::pair{i32{measure}, position};
+        return staff >= region.startSlot && staff <= region.endSlot &&
                at >= std::pair{i32{region.startMeasure}, region.startPosition} &&
                at <= std::pair{i32{region.endMeasure}, region.endPosition};
+    }
+
+    bool IsExcepted(const MusicEntry& entry) const {
+        return IsCleared(entry.staff, entry.measure, entry.onset, entry.layer);
+    }
+
+    // Look is no matter of a merge; a line to music that was cleared went with it.
+    bool IsOfNoAccount(const Music& music, const Attachment& attachment) const {
+        const bool isLook = attachment.kind == Kind::kLook && m_options.merged;
+        return isLook ||
+               (&music == &m_before && IsCleared(attachment.otherStaff, attachment.otherMeasure,
+                                                 attachment.otherPosition, attachment.otherLayer));
     }
 
     void CollectFacts(const Music& music, Group group, bool isBefore, std::vector<Fact>& facts) {
@@ -161,7 +173,7 @@ private:
                         u32 first, u32 count, std::vector<Fact>& facts) {
         for (u32 i = first; i < first + count; ++i) {
             const Attachment& attachment = music.attachments[i];
-            if (attachment.kind == Kind::kLook && m_options.merged) {
+            if (IsOfNoAccount(music, attachment)) {
                 continue;
             }
             facts.push_back({KeyOf(attachment, entry, note), &entry, note, attachment.text});
@@ -245,7 +257,7 @@ private:
             std::vector<std::array<i64, 4>> keys;
             for (u32 i = 0; i < entry.attachmentCount; ++i) {
                 const Attachment& attachment = music.attachments[entry.firstAttachment + i];
-                if (attachment.kind != Kind::kLook) {
+                if (!IsOfNoAccount(music, attachment)) {
                     keys.push_back(KeyOf(attachment, entry, nullptr));
                 }
             }

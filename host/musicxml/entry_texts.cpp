@@ -1,6 +1,8 @@
 #include "host/musicxml/entry_texts.h"
 
+#include <algorithm>
 #include <cstring>
+#include <span>
 
 #include "host/score/tags.h"
 
@@ -13,6 +15,10 @@ void AddSpanner(const Document& document, u32 entry, u16 shape, EntryTexts& text
         return;
     }
     const auto ends = FromBytes<EDTSmartShape>(*record);
+    if (document.HomeOf(ends.start.entryNumber).staff == 0 ||
+        document.HomeOf(ends.end.entryNumber).staff == 0) {
+        return;
+    }
     SpannerText text{};
     std::memcpy(&text, reinterpret_cast<const char*>(&ends) + kSpannerTextOffset, sizeof(text));
     if (ends.start.entryNumber == entry) {
@@ -41,6 +47,45 @@ void AddText(const EntryText& text, EntryTexts& texts) {
     }
 }
 
+bool HasDetail(const EntryTexts& texts, u32 tag, u16 noteID) {
+    return std::any_of(texts.notes.begin(), texts.notes.end(), [&](const NoteDetail& detail) {
+        return detail.tag == tag && detail.noteID == noteID;
+    });
+}
+
+// A note of the same pitch that lacks such a detail; 0 when there is none.
+u16 EqualNoteWithout(const EXENTRY& entry, const EntryTexts& texts, const NoteDetail& detail) {
+    const u32 needed = detail.tag == DetailTag::kTieStart ? NoteFlag::kTieStart
+                       : detail.tag == DetailTag::kTieEnd ? NoteFlag::kTieEnd
+                                                          : 0U;
+    const std::span notes{entry.notes, static_cast<std::size_t>(entry.noteCount)};
+    const auto owner = std::find_if(notes.begin(), notes.end(), [&](const EXNOTE& note) {
+        return note.noteID == detail.noteID;
+    });
+    for (const EXNOTE& note : notes) {
+        const bool isEqual = owner != notes.end() && note.noteID != owner->noteID &&
+                             note.pitch == owner->pitch && (note.flags & needed) == needed;
+        if (isEqual && !HasDetail(texts, detail.tag, note.noteID)) {
+            return note.noteID;
+        }
+    }
+    return 0;
+}
+
+void ShareOut(const EXENTRY& entry, EntryTexts& texts) {
+    for (std::size_t i = 1; i < texts.notes.size(); ++i) {
+        NoteDetail& detail = texts.notes[i];
+        for (std::size_t earlier = 0; earlier < i; ++earlier) {
+            const NoteDetail& other = texts.notes[earlier];
+            if (other.tag == detail.tag && other.noteID == detail.noteID) {
+                const u16 noteID = EqualNoteWithout(entry, texts, detail);
+                detail.noteID = noteID != 0 ? noteID : detail.noteID;
+                break;
+            }
+        }
+    }
+}
+
 }  // namespace
 
 void EntryTexts::Clear() {
@@ -53,49 +98,51 @@ void EntryTexts::Clear() {
     tuplet = {};
 }
 
-void GatherEntryTexts(const Document& document, u32 entry, EntryTexts& texts) {
+void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts& texts) {
     texts.Clear();
-    document.Records().ForEachDetail(entry, [&](u32 tag, RecordKey, const Bytes& bytes) {
-        switch (tag) {
-            case DetailTag::kArticulation:
-            case DetailTag::kBeams:
-            case DetailTag::kStem:
-                AddText(FromBytes<EntryText>(bytes), texts);
-                break;
-            case DetailTag::kLyric: {
-                FragmentId fragment = 0;
-                std::memcpy(&fragment, bytes.data() + kLyricFragmentOffset, sizeof(fragment));
-                texts.lyrics.push_back(fragment);
-                break;
-            }
-            case DetailTag::kTieStart:
-            case DetailTag::kTieEnd: {
-                const auto tie = FromBytes<TieText>(bytes);
-                texts.notes.push_back({tie.noteID, tag, tie.tie, tie.tied});
-                break;
-            }
-            case DetailTag::kNoteExtras:
-            case DetailTag::kNotehead:
-            case DetailTag::kAccidental:
-            case DetailTag::kDots: {
-                const auto note = FromBytes<NoteText>(bytes);
-                texts.notes.push_back({note.noteID, tag, note.fragment, 0});
-                break;
-            }
-            case Tag::kTuplet:
-                if (texts.tuplet.start == 0 && texts.tuplet.stop == 0) {
-                    std::memcpy(&texts.tuplet, bytes.data() + kTupletTextOffset,
-                                sizeof(texts.tuplet));
+    document.Records().ForEachDetail(
+        entry.entryNumber, [&](u32 tag, RecordKey, const Bytes& bytes) {
+            switch (tag) {
+                case DetailTag::kArticulation:
+                case DetailTag::kBeams:
+                case DetailTag::kStem:
+                    AddText(FromBytes<EntryText>(bytes), texts);
+                    break;
+                case DetailTag::kLyric: {
+                    FragmentId fragment = 0;
+                    std::memcpy(&fragment, bytes.data() + kLyricFragmentOffset, sizeof(fragment));
+                    texts.lyrics.push_back(fragment);
+                    break;
                 }
-                break;
-            case Tag::kShapeOnEntry:
-                AddSpanner(document, entry, FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber,
-                           texts);
-                break;
-            default:
-                break;
-        }
-    });
+                case DetailTag::kTieStart:
+                case DetailTag::kTieEnd: {
+                    const auto tie = FromBytes<TieText>(bytes);
+                    texts.notes.push_back({tie.noteID, tag, tie.tie, tie.tied});
+                    break;
+                }
+                case DetailTag::kNoteExtras:
+                case DetailTag::kNotehead:
+                case DetailTag::kAccidental:
+                case DetailTag::kDots: {
+                    const auto note = FromBytes<NoteText>(bytes);
+                    texts.notes.push_back({note.noteID, tag, note.fragment, 0});
+                    break;
+                }
+                case Tag::kTuplet:
+                    if (texts.tuplet.start == 0 && texts.tuplet.stop == 0) {
+                        std::memcpy(&texts.tuplet, bytes.data() + kTupletTextOffset,
+                                    sizeof(texts.tuplet));
+                    }
+                    break;
+                case Tag::kShapeOnEntry:
+                    AddSpanner(document, entry.entryNumber,
+                               FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber, texts);
+                    break;
+                default:
+                    break;
+            }
+        });
+    ShareOut(entry, texts);
 }
 
 int NoteOfSpanner(const EXENTRY& entry, const SpannerAtEntry& end) {

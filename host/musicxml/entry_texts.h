@@ -38,8 +38,9 @@ struct EntryTexts {
     void Clear();
 };
 
-// Replaces what texts held.
-void GatherEntryTexts(const Document& document, u32 entry, EntryTexts& texts);
+// Replaces what texts held. Of equal notes in a chord, details that all stand on the first are
+// shared out again. A spanner whose other end is gone is left out.
+void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts& texts);
 
 // Calls visit(element) for each element of a bundle: attributes first, then elements.
 template <typename Visit>

@@ -49,8 +49,9 @@ struct ScorePart {
     std::string name;
     std::vector<StaffVoices> staves;  // from the top; at least one
     std::vector<PartMeasure> measures;
-    bool namesVoices = false;  // its notes say their voice
-    bool namesStaves = false;  // and their staff
+    bool namesVoices = false;     // its notes say their voice
+    bool namesStaves = false;     // and their staff
+    bool namesDivisions = false;  // its durations have a unit that the file gives
 };
 
 struct ImportedScore {

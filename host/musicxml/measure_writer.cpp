@@ -72,7 +72,7 @@ std::string MeasureWriter::Write() {
     for (; m_nextItem < m_items.size(); ++m_nextItem) {
         WriteItem(*m_items[m_nextItem]);
     }
-    if (m_reached < m_original.length) {
+    if (m_reached < m_original.length && m_part.namesDivisions) {
         MoveTo(m_original.length);
     }
     m_out += m_closing;
@@ -115,7 +115,7 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
         event.time = timed;
         event.staff = staff;
         event.layer = key.layer;
-        GatherEntryTexts(*m_score.document, timed.entry->entryNumber, event.texts);
+        GatherEntryTexts(*m_score.document, *timed.entry, event.texts);
         if (frame.BeamedByHost()) {
             const auto index = static_cast<std::size_t>(timed.entry - frame.entries.data());
             event.beams = WriteBeams(frame.beams[index]);

@@ -66,7 +66,7 @@ private:
 
     void Attach(Attachment::Kind kind, FragmentId fragment) {
         if (fragment != 0) {
-            m_music.attachments.push_back({kind, 0, 0, m_score.fragments[fragment]});
+            m_music.attachments.push_back({kind, 0, 0, 0, 0, m_score.fragments[fragment]});
         }
     }
 
@@ -74,7 +74,7 @@ private:
 
     void AddContent(const EXENTRY& entry, MusicEntry& result) {
         using Kind = Attachment::Kind;
-        GatherEntryTexts(m_document, entry.entryNumber, m_texts);
+        GatherEntryTexts(m_document, entry, m_texts);
         const WrittenForm& form = m_score.forms[entry.fieldAt12];
         result.firstAttachment = AttachmentCount();
         for (const EntryText& text : m_texts.texts) {
@@ -105,8 +105,8 @@ private:
         if (m_texts.stem == 0 && (entry.flags & HostEntryFlag::kFixedStem) != 0 &&
             entry.noteCount > 0) {
             const bool up = (entry.flags & HostEntryFlag::kStemUp) != 0;
-            m_music.attachments.push_back(
-                {Attachment::Kind::kLook, 0, 0, up ? "<stem>up</stem>" : "<stem>down</stem>"});
+            m_music.attachments.push_back({Attachment::Kind::kLook, 0, 0, 0, 0,
+                                           up ? "<stem>up</stem>" : "<stem>down</stem>"});
         }
     }
 
@@ -115,8 +115,10 @@ private:
         const i32 position = other != nullptr ? other->elapsedTime : end.other.position;
         const auto kind =
             end.isStart ? Attachment::Kind::kSpannerStart : Attachment::Kind::kSpannerEnd;
-        m_music.attachments.push_back(
-            {kind, end.other.measure, position, m_score.fragments[end.fragment]});
+        const FrameKey home = m_document.HomeOf(end.other.entryNumber);
+        const i16 slot = m_document.SlotOfStaff(home.staff, 0);
+        m_music.attachments.push_back({kind, static_cast<u16>(slot), home.measure, home.layer,
+                                       position, m_score.fragments[end.fragment]});
     }
 
     void AddNote(const EXNOTE& note) {

@@ -14,7 +14,9 @@ namespace standin {
 struct Attachment {
     enum class Kind : u8 { kEntry, kLyric, kNote, kSpannerStart, kSpannerEnd, kLook };
     Kind kind = Kind::kEntry;
-    u16 otherMeasure = 0;  // a spanner's other end
+    u16 otherStaff = 0;  // a spanner's other end
+    u16 otherMeasure = 0;
+    u16 otherLayer = 0;
     i32 otherPosition = 0;
     std::string_view text;
 };

@@ -287,18 +287,15 @@ bool NoteAttachments::ReadSpanner(pugi::xml_node spanner, std::string_view eleme
         return false;
     }
     const char* number = spanner.attribute("number").as_string("1");
-    SpannerEnding ending{spanner.name(), number, std::string{m_voice}, m_place.staff,
-                         m_place.measure};
+    SpannerEnding ending{spanner.name(),       type == "start", number,
+                         std::string{m_voice}, m_place.staff,   m_place.measure};
+    ending.atGrace = (m_place.entry->flags & EntryFlag::kGrace) != 0;
     ending.position = static_cast<i32>(RoundToUnits(m_place.start));
     ending.entry = m_place.entry->entryNumber;
     ending.fragment = m_fragments.InternCopy(element);
     ending.onLaterNote = !IsFirst();
     ending.pitch = m_place.entry->notes[m_place.noteIndex].pitch;
-    if (type == "start") {
-        m_spanners.Start(std::move(ending));
-    } else {
-        m_spanners.Stop(std::move(ending));
-    }
+    m_spanners.Add(std::move(ending));
     return true;
 }
 

@@ -84,6 +84,7 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
     if (Problem problem = m_layers.Store()) {
         return problem;
     }
+    m_spanners.EndMeasure();
     StoreDirections();
     const i32 length = static_cast<i32>(RoundToUnits(measure.length));
     if (length > 0 &&
@@ -108,6 +109,7 @@ Problem PartReader::ReadChild(pugi::xml_node child) {
         if (Problem problem = ReadAttributes(child, m_context)) {
             return problem;
         }
+        m_part.namesDivisions = m_part.namesDivisions || child.child("divisions");
     }
     return ReadItem(child);
 }

@@ -36,6 +36,20 @@ Moment MomentOf(const Document& document, const EDTSmartShapeEnd& end) {
     return {end.measure, entry != nullptr ? entry->elapsedTime : end.position};
 }
 
+// From when to when the number is taken. Voices are written one after the other, so a line
+// between two voices may end in the file before it begins: it needs its measures for itself.
+void SetSpan(const Document& document, Line& line) {
+    const EDTSmartShape& record = line.record;
+    line.begin = MomentOf(document, record.start);
+    line.end = MomentOf(document, record.end);
+    const FrameKey start = document.HomeOf(record.start.entryNumber);
+    const FrameKey end = document.HomeOf(record.end.entryNumber);
+    if (start.staff != end.staff || start.layer != end.layer) {
+        line.begin.second = 0;
+        line.end.second = kEndOfMeasure;
+    }
+}
+
 std::vector<Line> LinesOf(const ImportedScore& score) {
     std::unordered_map<u16, std::size_t> partOfStaff;
     for (std::size_t part = 0; part < score.parts.size(); ++part) {
@@ -54,8 +68,7 @@ std::vector<Line> LinesOf(const ImportedScore& score) {
         line.part = partOfStaff[line.record.start.staff];
         line.name = ElementName(element);
         line.number = IntegerOf(AttributeText(element, "number")).value_or(1);
-        line.begin = MomentOf(*score.document, line.record.start);
-        line.end = MomentOf(*score.document, line.record.end);
+        SetSpan(*score.document, line);
         const Bytes* imported = score.document->ImportedRecord(Tag::kSmartShape, key);
         line.moved = imported == nullptr || *imported != bytes;
         lines.push_back(line);

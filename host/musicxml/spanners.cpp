@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <tuple>
 #include <utility>
 
 #include "host/musicxml/note_details.h"
@@ -18,8 +20,13 @@ bool SameVoice(const SpannerEnding& a, const SpannerEnding& b) {
     return a.voice == b.voice && a.staff == b.staff;
 }
 
-bool IsBefore(const SpannerEnding& a, const SpannerEnding& b) {
-    return std::pair{a.measure, a.position} < std::pair{b.measure, b.position};
+// Grace notes come before the note they lead to; at a note, lines end before others begin.
+bool ComesBefore(const SpannerEnding& a, const SpannerEnding& b) {
+    const auto order = [](const SpannerEnding& ending) {
+        const u32 graceOrder = ending.atGrace ? ending.entry : 0;
+        return std::tuple{ending.position, !ending.atGrace, graceOrder, ending.isStart};
+    };
+    return order(a) < order(b);
 }
 
 EDTSmartShapeEnd EndOf(const SpannerEnding& ending) {
@@ -40,23 +47,22 @@ bool IsSpanner(std::string_view elementName) {
            elementName == "wavy-line";
 }
 
-void Spanners::Start(SpannerEnding start) {
-    // Only a stop of this measure can be this line's: one at a later time, in another voice.
-    const auto stop = std::find_if(m_stops.begin(), m_stops.end(), [&](const auto& candidate) {
-        return BelongTogether(candidate, start) && candidate.measure == start.measure &&
-               IsBefore(start, candidate);
-    });
-    if (stop != m_stops.end()) {
-        Join(start, Take(m_stops, stop));
-    } else {
-        m_starts.push_back(std::move(start));
+void Spanners::EndMeasure() {
+    std::stable_sort(m_measure.begin(), m_measure.end(), ComesBefore);
+    for (SpannerEnding& ending : m_measure) {
+        if (ending.isStart) {
+            m_starts.push_back(std::move(ending));
+        } else {
+            Stop(std::move(ending));
+        }
     }
+    m_measure.clear();
 }
 
 void Spanners::Stop(SpannerEnding stop) {
     auto best = m_starts.end();
     for (auto start = m_starts.begin(); start != m_starts.end(); ++start) {
-        const bool fits = BelongTogether(*start, stop) && !IsBefore(stop, *start);
+        const bool fits = BelongTogether(*start, stop);
         const bool isBetter =
             best == m_starts.end() || SameVoice(*start, stop) || !SameVoice(*best, stop);
         if (fits && isBetter) {

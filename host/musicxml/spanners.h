@@ -16,12 +16,14 @@ bool IsSpanner(std::string_view elementName);
 
 // One end, at a note.
 struct SpannerEnding {
-    std::string name;    // of the element
+    std::string name;  // of the element
+    bool isStart = false;
     std::string number;  // as written; "1" when not given
     std::string voice;
     u16 staff = 0;
     u16 measure = 0;
     i32 position = 0;  // duration units
+    bool atGrace = false;
     u32 entry = 0;
     FragmentId fragment = 0;
     bool onLaterNote = false;  // not the chord's first note
@@ -32,18 +34,23 @@ class Spanners {
 public:
     explicit Spanners(Document& document) : m_document{document} {}
 
-    void Start(SpannerEnding start);
-    void Stop(SpannerEnding stop);
+    void Add(SpannerEnding ending) { m_measure.push_back(std::move(ending)); }
 
-    // Ends whose other end the part lacks so far; forgets them.
+    // Pairs the ends added since the last measure, in order of time, whichever voice was
+    // written first.
+    void EndMeasure();
+
+    // Ends that found no other end; forgets them.
     std::vector<SpannerEnding> TakeUnpaired();
 
 private:
+    void Stop(SpannerEnding stop);
     void Join(const SpannerEnding& start, const SpannerEnding& stop);
 
     Document& m_document;
-    std::vector<SpannerEnding> m_starts;  // waiting for their stop, in order of appearance
-    std::vector<SpannerEnding> m_stops;   // read before their start: in a voice written earlier
+    std::vector<SpannerEnding> m_measure;  // of the measure being read
+    std::vector<SpannerEnding> m_starts;   // waiting for their stop, in order of time
+    std::vector<SpannerEnding> m_stops;    // without a start
 };
 
 }  // namespace standin
