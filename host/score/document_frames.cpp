@@ -50,7 +50,7 @@ void Document::DropLostEntries(FrameKey key, const std::vector<EXENTRY>& before,
     std::vector<u32> kept;
     kept.reserve(now.size());
     for (const EXENTRY& entry : now) {
-        kept.push_back(entry.entryNumber);
+        kept.push_back(u32{entry.entryNumber});
     }
     std::sort(kept.begin(), kept.end());
     for (const EXENTRY& entry : before) {

@@ -87,7 +87,7 @@ const char* WhyNotStorable(std::span<const EXENTRY> entries) {
             return "voice 2 without the entry that launches it";
         }
         mayContinueVoice2 = isVoice2 || (entry.flags & EntryFlag::kLaunchVoice2) != 0;
-        numbers.push_back(entry.entryNumber);
+        numbers.push_back(u32{entry.entryNumber});
     }
     std::sort(numbers.begin(), numbers.end());
     if (std::adjacent_find(numbers.begin(), numbers.end()) != numbers.end()) {

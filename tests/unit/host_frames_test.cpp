@@ -68,14 +68,14 @@ TEST(HostFrames, InsertedEntriesAreZeroedAndNumbersNeverComeBack) {
     const Loan loan{host.Key(1, 1, 0)};
     ASSERT_EQ(loan.Insert(1, 2), 1);
     ASSERT_EQ(loan->count, 4);
-    EXPECT_EQ(loan[3].entryNumber, last);
+    EXPECT_EQ(u32{loan[3].entryNumber}, last);
     EXPECT_EQ(loan[1].duration, 0);
     EXPECT_EQ(loan[1].noteCount, 0);
     const u32 fresh = loan[2].entryNumber;
     EXPECT_GT(fresh, last);
     ASSERT_EQ(loan.Delete(1, 2), 1);
     ASSERT_EQ(loan.Insert(2, 1), 1);
-    EXPECT_GT(loan[2].entryNumber, fresh);
+    EXPECT_GT(u32{loan[2].entryNumber}, fresh);
     EXPECT_EQ(FX_ReduceEntries(loan.Get(), kInterfaceVersion), 1);
     EXPECT_EQ(loan->count, 2) << "an entry without notes and duration is dropped";
 }

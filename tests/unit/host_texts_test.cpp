@@ -117,11 +117,11 @@ TEST(HostTexts, SelectionAndWholeDocumentComeTogether) {
     EXPECT_EQ(result, 0U);
     EXPECT_EQ(whole.endSlot, 2);
     EXPECT_EQ(whole.endMeasure, 3);
-    EXPECT_EQ(whole.endPosition, kEndOfMeasure);
+    EXPECT_EQ(i32{whole.endPosition}, kEndOfMeasure);
     host.Select(2, 1, 512, 2, 3, 1023);
     EXPECT_EQ(FX_GetCurERegions(&result, &selection, &whole, kInterfaceVersion), 1);
-    EXPECT_EQ(selection.startPosition, 512);
-    EXPECT_EQ(selection.endPosition, 1023);
+    EXPECT_EQ(i32{selection.startPosition}, 512);
+    EXPECT_EQ(i32{selection.endPosition}, 1023);
     EXPECT_EQ(FX_GetCurERegions(nullptr, &selection, &whole, kInterfaceVersion), 0);
 }
 
