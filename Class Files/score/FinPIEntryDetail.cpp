@@ -72,7 +72,9 @@ i16 FinPIEntryDetail::CopyAttributes(const FinPIEntryDetail& source) {
     if (!CheckSameKind(source, "FinPIEntryDetail::CopyAttributes")) {
         return 0;
     }
-    std::memcpy(MutableData(), source.GetData(), GetDataSize());
+    if (GetDataSize() != 0) {
+        std::memcpy(MutableData(), source.GetData(), GetDataSize());
+    }
     return 1;
 }
 

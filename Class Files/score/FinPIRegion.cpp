@@ -1,7 +1,7 @@
 #include "Class Files/score/FinPIRegion.h"
 
 #include <algorithm>
-#include <tuple>
+#include <cstring>
 
 #include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
@@ -10,10 +10,9 @@
 
 namespace {
 
-auto Fields(const EREGION& region) {
-    return std::make_tuple(region.startStaffList, region.startSlot, region.startMeasure,
-                           region.startPosition, region.endStaffList, region.endSlot,
-                           region.endMeasure, region.endPosition);
+// The host's region is packed: there is nothing between its fields.
+bool IsSameSpan(const EREGION& a, const EREGION& b) {
+    return std::memcmp(&a, &b, sizeof(a)) == 0;
 }
 
 }  // namespace
@@ -69,7 +68,7 @@ void FinPIRegion::RefreshView() {
 bool FinPIRegion::operator==(const FinPIRegion& other) const noexcept {
     return m_docID == other.m_docID && m_part == other.m_part && m_view == other.m_view &&
            m_isOneLayer == other.m_isOneLayer && m_layer == other.m_layer &&
-           Fields(*this) == Fields(other);
+           IsSameSpan(*this, other);
 }
 
 void FinPIRegion::SetOneLayer(u16 layer) noexcept {

@@ -53,7 +53,7 @@ TEST_P(NoteIDs, AreUniqueAndCopiedToTheFlags) {
     for (std::size_t i = 0; i < GetParam().after.size(); ++i) {
         const EXNOTE& note = chord.notes[i];
         EXPECT_EQ(note.noteID, GetParam().after[i]) << "note " << i;
-        EXPECT_EQ(note.flags, NoteFlag::kTieStart | ((note.noteID & 0x1FU) << 16U));
+        EXPECT_EQ(+note.flags, NoteFlag::kTieStart | ((note.noteID & 0x1FU) << 16U));
         EXPECT_EQ(note.pitch, 0x1234);
     }
     for (std::size_t i = GetParam().after.size(); i < kMaxNotesPerEntry; ++i) {
@@ -71,8 +71,8 @@ TEST(NormalForm, ARestHasOnePlaceholderHoweverOftenItIsNormalized) {
     for (int time = 1; time <= 2; ++time) {
         NormalizeFrame(frame);
         EXPECT_EQ(rest.noteCount, 1);
-        EXPECT_EQ(rest.flags, EntryFlag::kIgnore | EntryFlag::kNoNotes);
-        EXPECT_EQ(rest.notes[0].flags, NoteFlag::kRestPlaceholder);
+        EXPECT_EQ(+rest.flags, EntryFlag::kIgnore | EntryFlag::kNoNotes);
+        EXPECT_EQ(+rest.notes[0].flags, NoteFlag::kRestPlaceholder);
         EXPECT_EQ(rest.notes[0].noteID, 0);
     }
 }
@@ -80,7 +80,7 @@ TEST(NormalForm, ARestHasOnePlaceholderHoweverOftenItIsNormalized) {
 TEST(NormalForm, AnEmptyFrameStaysEmpty) {
     EXFRAME frame{};
     NormalizeFrame(frame);
-    EXPECT_EQ(frame.entries, nullptr);
+    EXPECT_TRUE(frame.entries == nullptr);
 }
 
 }  // namespace
