@@ -210,4 +210,35 @@ TEST_F(CopiedShapes, NeedTheirEndEntry) {
               "29999 FinPISmartShapeAssign::Commit: End entry for shape does not exist");
 }
 
+TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
+    host.Slur(Source(), Source(2));
+    LoadBoth();
+    FinPIEntryPtr from = source.EntryAt(0);
+    from.AttachRegion(&region);
+    FinPISmartShapeAssign assign{from};
+    FinPISmartShapeAssign bare{target.EntryAt(0)};
+    ASSERT_EQ(assign.Load(), 1);
+    EXPECT_EQ(bare.CopyAttributes(assign), 0);
+    EXPECT_EQ(TakePendingError(),
+              "29999 FinPISmartShapeAssign::CopyAttributes: Entry has no region pointer.");
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kSaveEData);
+    EXPECT_EQ(assign.Commit(), 0);
+    EXPECT_EQ(TakePendingError(), "29996 FinPISmartShapeAssign::Commit: O\x08Sx");
+    App().faults = {};
+    assign.SelectRecord(FinPIEntryDetail::kNewRecord);
+    EXPECT_EQ(assign.Save(), 0);
+    EXPECT_EQ(TakePendingError(),
+              "29999 FinPISmartShapeAssign::Save: Attempted to Save with wrong Shape ID.");
+    // The shape and the mark of its start are created; the third call is the end's.
+    App().ResetCounts();
+    App().faults.refuseKind = FaultPlan::OfKind{HostCall::kCreateEData, 3, 3};
+    EXPECT_EQ(assign.Create(), 0);
+    EXPECT_EQ(TakePendingError(), "29997 FinPISmartShapeAssign::Create (endpoint): edEx");
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadTGF);
+    assign.SelectRecord(FinPIEntryDetail::kNewRecord);
+    EXPECT_EQ(assign.Create(), 0);
+    EXPECT_EQ(TakePendingError(), "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
+    App().faults = {};
+}
+
 }  // namespace
