@@ -43,6 +43,20 @@ bool LeavesTupletsWhole(FramePair& frames, i32 startTime, i32 endTime) {
            SameTupletsRunAt(endTime, *frames.sourceTuplets, destination);
 }
 
+// A second voice may last longer than the entry that launches it: into the next one's time.
+bool LeavesSecondVoicesApart(const FinPITGFPtr& destination, std::span<const EXENTRY> music) {
+    const auto end = [](const EXENTRY& entry) { return entry.elapsedTime + entry.actualDuration; };
+    const auto isVoice2 = [](const EXENTRY& entry) {
+        return (entry.flags & EntryFlag::kVoice2) != 0;
+    };
+    const std::span<const EXENTRY> present = destination.Entries();
+    return std::none_of(music.begin(), music.end(), [&](const EXENTRY& a) {
+        return isVoice2(a) && std::any_of(present.begin(), present.end(), [&](const EXENTRY& b) {
+                   return isVoice2(b) && a.elapsedTime < end(b) && b.elapsedTime < end(a);
+               });
+    });
+}
+
 Replacement Fail(const char* detail) {
     PostError(FinPIAppError{kOperation, detail});
     return Replacement::kFailed;
@@ -169,6 +183,7 @@ bool MayReplace(FramePair& frames, const RestRun& run, const SourceSpan& span, i
     const std::span<const EXENTRY> rests = Part(frames.destination, run.start, run.count);
     const std::span<const EXENTRY> music = Part(frames.source, span.first, span.count);
     return (rests.empty() || AnyHas(music, EntryFlag::kNote)) && !AnyHas(rests, kTiedToTheRest) &&
+           LeavesSecondVoicesApart(frames.destination, music) &&
            LeavesTupletsWhole(frames, startTime, startTime + run.duration);
 }
 

@@ -26,6 +26,9 @@ constexpr FillCase kWholeMeasure[] = {
      "h:e4 h:r"},
     {"VoiceTwoInsideASpanComesAlong", "h:r h:c4", "h:e5 v2{q:a4 q:g4} h:b4",
      "h:e5 v2{q:a4 q:g4} h:c4,b4", "h:r v2{q:r q:r} h:r"},
+    // The first second voice lasts into the time of the one that is there.
+    {"SecondVoicesDoNotOverlap", "q:r q:c4 v2{q:a3} h:r", "q:e5 v2{h:a4} h.:b4",
+     "q:r q:c4 v2{q:a3} h:r", "q:e5 v2{h:a4} h.:b4"},
     {"GraceNotesAtTheStartComeAlong", "h:c4 h:r", "h:e4 gs:f4 h:g4", "h:c4,e4 gs:f4 h:g4",
      "h:r h:r"},
     {"GraceNotesAtTheEndStay", "h:r h:c4", "h:e4 gs:f4 q:g4 q:a4", "h:e4 h:c4",
