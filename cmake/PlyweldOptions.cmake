@@ -8,6 +8,7 @@ target_compile_definitions(plyweld_options INTERFACE PLYWELD_VERSION="6.10")
 if(WIN32)
   target_compile_definitions(plyweld_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
+  target_link_options(plyweld_options INTERFACE $<$<CONFIG:Release>:-s>)
 else()
   # A module that was closed must be gone, so that the next load starts afresh.
   target_compile_options(plyweld_options INTERFACE
@@ -15,8 +16,9 @@ else()
 endif()
 
 if(PLYWELD_SANITIZE)
+  # Little optimization and line numbers alone: compiling takes half the time.
   target_compile_options(plyweld_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -O1 -g1)
   target_link_options(plyweld_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(PLYWELD_COVERAGE)
