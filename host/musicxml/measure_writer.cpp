@@ -64,7 +64,7 @@ MeasureWriter::MeasureWriter(const ImportedScore& score, std::size_t part, std::
 
 std::string MeasureWriter::Write() {
     CollectStreams();
-    PlanBeams();
+    MendLines();
     CollectItems();
     for (const Stream& stream : m_streams) {
         WriteStream(stream);
@@ -104,8 +104,7 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
     Stream& stream = m_streams.emplace_back();
     stream.voice = VoiceName(staff, key.layer);
     const Frame* imported = m_score.document->ImportedFrame(key);
-    stream.changed = imported == nullptr || !(*imported == frame);
-    stream.beamedByHost = frame.BeamedByHost();
+    const bool isChanged = imported == nullptr || !(*imported == frame);
     for (const TimedEntry& timed : entries) {
         if (m_score.forms[timed.entry->fieldAt12].gap && timed.entry->noteCount == 0 &&
             (timed.entry->flags & EntryFlag::kIgnore) != 0) {
@@ -115,7 +114,13 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
         event.time = timed;
         event.staff = staff;
         event.layer = key.layer;
+        event.changed = isChanged;
+        event.beamedByHost = frame.BeamedByHost();
         GatherEntryTexts(*m_score.document, *timed.entry, event.texts);
+        const bool isHiddenRest =
+            timed.entry->noteCount == 0 && (timed.entry->flags & EntryFlag::kIgnore) != 0;
+        event.brackets = {std::string{m_score.fragments[event.texts.tuplet.stop]},
+                          std::string{m_score.fragments[event.texts.tuplet.start]}, isHiddenRest};
         if (frame.BeamedByHost()) {
             const auto index = static_cast<std::size_t>(timed.entry - frame.entries.data());
             event.beams = WriteBeams(frame.beams[index]);
@@ -146,38 +151,77 @@ std::string MeasureWriter::VoiceName(std::size_t staff, u16 layer) const {
     return std::to_string(number);
 }
 
-void MeasureWriter::PlanBeams() {
-    for (const Stream& stream : m_streams) {
-        if (stream.changed && !stream.beamedByHost) {
-            RepairBeams(stream.voice);
+// A voice may run over several staves, and its beams and brackets with it; streams of one name
+// that share time are voices of their own.
+void MeasureWriter::MendLines() {
+    for (auto stream = m_streams.begin(); stream != m_streams.end(); ++stream) {
+        const auto hasItsName = [&stream](const Stream& other) {
+            return other.voice == stream->voice;
+        };
+        if (std::any_of(m_streams.begin(), stream, hasItsName)) {
+            continue;
+        }
+        std::vector<Line> lines;
+        Line whole;
+        for (auto other = stream; other != m_streams.end(); ++other) {
+            if (hasItsName(*other)) {
+                Line& line = lines.emplace_back();
+                for (Event& event : other->events) {
+                    line.push_back(&event);
+                    whole.push_back(&event);
+                }
+            }
+        }
+        std::stable_sort(whole.begin(), whole.end(), [](const Event* a, const Event* b) {
+            return a->time.start < b->time.start;
+        });
+        const auto shared =
+            std::adjacent_find(whole.begin(), whole.end(), [](const Event* a, const Event* b) {
+                return b->time.start < a->time.start + a->time.length;
+            });
+        if (shared == whole.end()) {
+            lines = {whole};
+        }
+        for (Line& line : lines) {
+            MendLine(std::move(line));
         }
     }
 }
 
-// A voice may run over several staves, and its beams with it.
-void MeasureWriter::RepairBeams(const std::string& voice) {
-    std::vector<Event*> events;
-    for (Stream& stream : m_streams) {
-        if (stream.voice == voice && !stream.beamedByHost) {
-            for (Event& event : stream.events) {
-                events.push_back(&event);
-            }
-        }
+void MeasureWriter::MendLine(Line line) {
+    if (std::none_of(line.begin(), line.end(), [](const Event* e) { return e->changed; })) {
+        return;
     }
-    std::stable_sort(events.begin(), events.end(),
-                     [](const Event* a, const Event* b) { return a->time.start < b->time.start; });
+    MendBrackets(line);
+    std::erase_if(line, [](const Event* event) { return event->beamedByHost; });
+    MendBeams(line);
+}
+
+void MeasureWriter::MendBrackets(const Line& line) {
+    std::vector<EntryBrackets> brackets;
+    brackets.reserve(line.size());
+    for (Event* event : line) {
+        brackets.push_back(std::move(event->brackets));
+    }
+    DropUnpairedBrackets(brackets);
+    for (std::size_t i = 0; i < brackets.size(); ++i) {
+        line[i]->brackets = std::move(brackets[i]);
+    }
+}
+
+void MeasureWriter::MendBeams(const Line& line) {
     std::vector<BeamedEntry> beamed;
-    beamed.reserve(events.size());
-    for (const Event* event : events) {
+    beamed.reserve(line.size());
+    for (const Event* event : line) {
         const EXENTRY& entry = *event->time.entry;
         beamed.push_back({ReadBeams(event->beams), entry.noteCount == 0,
                           (entry.flags & EntryFlag::kGrace) != 0});
     }
     std::vector<BeamedEntry> whole = beamed;
     MakeBeamsWhole(whole);
-    for (std::size_t i = 0; i < events.size(); ++i) {
+    for (std::size_t i = 0; i < line.size(); ++i) {
         if (whole[i].levels != beamed[i].levels) {
-            events[i]->beams = WriteBeams(whole[i].levels);
+            line[i]->beams = WriteBeams(whole[i].levels);
         }
     }
 }
@@ -205,6 +249,8 @@ void MeasureWriter::WriteStream(const Stream& stream) {
                                                                    : std::string_view{};
         context.staff = m_part.namesStaves ? static_cast<int>(event.staff) + 1 : 0;
         context.beams = event.beams;
+        context.tupletStops = event.brackets.stops;
+        context.tupletStarts = event.brackets.starts;
         m_notes.Write(context, event.texts, m_out);
         m_time = event.time.start + event.time.length;
         m_reached = m_reached < m_time ? m_time : m_reached;

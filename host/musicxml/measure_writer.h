@@ -7,6 +7,7 @@
 #include "host/musicxml/entry_texts.h"
 #include "host/musicxml/note_writer.h"
 #include "host/musicxml/timed_entries.h"
+#include "host/musicxml/tuplet_brackets.h"
 
 namespace standin {
 
@@ -27,20 +28,24 @@ private:
         u16 layer = 0;
         EntryTexts texts;
         std::string beams;
+        EntryBrackets brackets;
+        bool changed = false;  // its frame differs from the import
+        bool beamedByHost = false;
     };
     // Entries that follow one another in one voice.
     struct Stream {
         std::vector<Event> events;
         std::string voice;
-        bool changed = false;  // its frame differs from the import
-        bool beamedByHost = false;
     };
+    using Line = std::vector<Event*>;
 
     void CollectStreams();
     void CollectStream(const Frame& frame, FrameKey key, std::size_t staff, bool voice2);
     std::string VoiceName(std::size_t staff, u16 layer) const;
-    void PlanBeams();
-    void RepairBeams(const std::string& voice);
+    void MendLines();
+    void MendLine(Line line);
+    static void MendBeams(const Line& line);
+    static void MendBrackets(const Line& line);
     void CollectItems();
     void WriteStream(const Stream& stream);
     void WriteItemsUntil(Rational time);

@@ -3,6 +3,7 @@
 
 #include "host/musicxml/beam_writer.h"
 #include "host/musicxml/note_details.h"
+#include "host/musicxml/tuplet_brackets.h"
 #include "host/score/tags.h"
 #include "tests/unit/musicxml_support.h"
 
@@ -192,6 +193,22 @@ TEST(Beams, BrokenOnesAreMadeWhole) {
         }
         EXPECT_EQ(after, c.after) << c.name;
     }
+}
+
+TEST(Brackets, OnlyPairsAroundSomethingShownAreKept) {
+    const std::string start = "<tuplet type=\"start\"/>";
+    const std::string stop = "<tuplet type=\"stop\"/>";
+    const std::string outer = "<tuplet type=\"start\" number=\"2\"/>";
+    std::vector<EntryBrackets> entries{
+        {stop, outer + start, false},  // the stop ends nothing, the outer start never ends
+        {stop, "", false},
+        {"", start, true},
+        {stop, "", true},  // around hidden rests only
+    };
+    DropUnpairedBrackets(entries);
+    EXPECT_EQ(entries[0].stops + entries[0].starts, start);
+    EXPECT_EQ(entries[1].stops, stop);
+    EXPECT_EQ(entries[2].starts + entries[3].stops, "");
 }
 
 TEST(Encodings, GoOutAsTheyCameIn) {
