@@ -140,6 +140,14 @@ with_display() {
     fi
 }
 
+# Runs a Windows program with a display, and waits until Wine's own processes have ended too.
+run_windows_program() {
+    with_display bash -c 'status=0
+        wine "$@" </dev/null || status=$?
+        "$(command -v wineserver || echo /usr/lib/wine/wineserver64)" -w
+        exit "$status"' "$0" "$@"
+}
+
 # Spanish, for programs run with LOCPATH="$build/locale": the machine's locales stay as they are.
 ensure_spanish_locale() {
     [ -e "$build/locale/es_ES.UTF-8/LC_CTYPE" ] && return 0
