@@ -1,4 +1,5 @@
 // How the events of a dialog's window become calls of its virtual operations.
+#include <bit>
 #include <utility>
 
 #include "Class Files/foundation/FinPITrace.h"
@@ -86,8 +87,8 @@ i16 FinPIDialog::HandleEvent(WindowHandle window, u32 message, u64 eventWord, i6
         case WindowMessage::kControlColorButton:
         case WindowMessage::kControlColorStatic:
             return OnControlColor(window,
-                                  platform::ControlId(reinterpret_cast<WindowHandle>(eventLong)),
-                                  reinterpret_cast<DeviceContext>(eventWord), ControlKind(message));
+                                  platform::ControlId(std::bit_cast<WindowHandle>(eventLong)),
+                                  std::bit_cast<DeviceContext>(eventWord), ControlKind(message));
         default:
             return OnOtherMessage(window, message, eventWord, eventLong);
     }
@@ -126,7 +127,7 @@ i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u
 }
 
 i16 FinPIDialog::HandleNotification(WindowHandle window, i64 eventLong) {
-    const auto* header = reinterpret_cast<const NotificationHeader*>(eventLong);
+    const auto* header = std::bit_cast<const NotificationHeader*>(eventLong);
     if (header == nullptr || header->code != kTabSelectionChanged) {
         return 0;
     }
