@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string>
 
 #include "host/musicxml/expressions.h"
 #include "host/musicxml/pitch.h"
@@ -50,12 +51,22 @@ Problem PartReader::Read(pugi::xml_node part) {
         if (Problem problem = ReadMeasure(measure)) {
             return problem;
         }
+        NameMeasure(measure.attribute("number").value());
     }
     for (const SpannerEnding& ending : m_spanners.TakeUnpaired()) {
         m_attachments.KeepUnpaired(ending);
         m_document.RefreshDetailFlags(ending.entry);
     }
     return {};
+}
+
+// A measure is called by its number in the file, which need not be its place.
+void PartReader::NameMeasure(std::string_view number) {
+    const bool isPlain =
+        std::all_of(number.begin(), number.end(), [](char c) { return c > ' ' && c < '\x7f'; });
+    if (isPlain && !number.empty() && number != std::to_string(m_measure)) {
+        m_document.SetMeasureNumberText(m_measure, {number.begin(), number.end()});
+    }
 }
 
 Problem PartReader::ReadMeasure(pugi::xml_node node) {

@@ -27,6 +27,7 @@ private:
         u32 item = 0;
     };
 
+    void NameMeasure(std::string_view number);
     Problem ReadMeasure(pugi::xml_node measure);
     Problem ReadChild(pugi::xml_node child);
     Problem ReadNote(pugi::xml_node node);
