@@ -6,14 +6,26 @@
 
 namespace {
 
-// Redirects the ends of the shape that are at one entry to another.
+constexpr char kOperation[] = "FinPIEntryPtr::MoveSmartShapeAssigns";
+
+// Asks for it in another way than a load does, which the host may have refused.
+bool IsStored(u16 shapeNumber) {
+    FinPISmartShape last{shapeNumber};
+    return last.LoadLastInci() != 0 && last.GetCmper1() == shapeNumber;
+}
+
+// Redirects the ends of the shape that are at one entry to another. Scores hold marks whose
+// shape is long gone: those have no end to redirect.
 bool MoveShapeEnds(u16 shapeNumber, const FinPIEntryPtr& from, const FinPIEntryPtr& to) {
     FinPISmartShape shape{shapeNumber};
-    if (shape.Load() == 0) {
-        PostRecordError<FinPILoadEDataFailed>("FinPIEntryPtr::MoveSmartShapeAssigns", shape.Tag());
+    if (shape.Load() != 0) {
+        return !MoveSmartShapeEnds(shape, from, to) || shape.Save() != 0;
+    }
+    if (IsStored(shapeNumber)) {
+        PostRecordError<FinPILoadEDataFailed>(kOperation, shape.Tag());
         return false;
     }
-    return !MoveSmartShapeEnds(shape, from, to) || shape.Save() != 0;
+    return true;
 }
 
 }  // namespace
@@ -33,6 +45,11 @@ i16 FinPIEntryPtr::MoveSmartShapeAssigns(const FinPIEntryPtr& source, u32 tag) c
             to.Create() == 0 || from.Delete() == 0) {
             return 0;
         }
+    }
+    // A mark that did not load is still an end.
+    if (from.HasRecord()) {
+        PostRecordError<FinPILoadEDataFailed>(kOperation, tag);
+        return 0;
     }
     const u32 otherTag =
         tag == SmartShapeMarkTag::kEntry ? SmartShapeMarkTag::kLyric : SmartShapeMarkTag::kEntry;

@@ -114,6 +114,7 @@ struct RefusedMoveCase {
 };
 
 const RefusedMoveCase kRefusedMoves[] = {
+    {"LoadOfTheMark", HostCall::kLoadEData, 1, "29998 FinPIEntryPtr::MoveSmartShapeAssigns: edEx"},
     {"LoadOfTheShape", HostCall::kLoadEData, 2,
      "29998 FinPIEntryPtr::MoveSmartShapeAssigns: O\x08Sx"},
     {"SaveOfTheShape", HostCall::kSaveEData, 1, "29996 FinPIEnigmaData::Save: O\x08Sx"},
@@ -134,6 +135,18 @@ TEST_P(RefusedMoves, ArePosted) {
 
 INSTANTIATE_TEST_SUITE_P(Host, RefusedMoves, testing::ValuesIn(kRefusedMoves),
                          [](const auto& test) { return test.param.name; });
+
+TEST_F(Shapes, AMarkWhoseShapeIsGoneMovesWithTheOthers) {
+    EDTSmartShapeEntMark orphan{};
+    orphan.shapeNumber = 99;
+    host.Attach(Source(), HostTag("edEx"), standin::BytesOf(orphan));
+    host.Slur(Source(), Source(1));
+    LoadBoth();
+    EXPECT_EQ(Move(), 1);
+    EXPECT_EQ(Marks(Target(), HostTag("edEx")), 2);
+    EXPECT_EQ(Marks(Source(), HostTag("edEx")), 0);
+    EXPECT_EQ(TakePendingError(), "");
+}
 
 class CopiedShapes : public Shapes {
 protected:
