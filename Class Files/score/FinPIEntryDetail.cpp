@@ -4,6 +4,7 @@
 #include <cstring>
 #include <map>
 #include <typeinfo>
+#include <utility>
 
 #include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
@@ -154,6 +155,17 @@ bool FinPIEntryDetail::HasRecord() {
     return found;
 }
 
+void FinPIEntryDetail::FollowStoredVariant() {
+    if (m_secondTag == 0) {
+        return;
+    }
+    SelectRecord(0);
+    if (LoadFrom(Tag()) == 0) {
+        std::swap(m_tag, m_secondTag);
+    }
+    SelectRecord(0);
+}
+
 bool FinPIEntryDetail::SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual) {
     if (!HasNothing()) {
         u32 equal = 0;
@@ -194,6 +206,7 @@ i16 FinPIEntryDetail::CopyDetail(FinPIEntryDetail& target, FinPIEntryDetail& sou
     if (source.HasNothing() || (sameKind && source.m_entry.IsNote() != target.m_entry.IsNote())) {
         return 1;
     }
+    source.FollowStoredVariant();
     std::map<u32, u32> timesSeen;
     for (u16 number = 0; source.LoadRecord(number); ++number) {
         if (source.IsSkipped() == 0) {
@@ -212,6 +225,7 @@ FinPIEntryDetail::Removal FinPIEntryDetail::DeleteAll() {
     if (HasNothing()) {
         return removal;
     }
+    FollowStoredVariant();
     u16 number = 0;
     while (LoadRecord(number)) {
         if (IsSkipped() != 0) {

@@ -98,5 +98,8 @@ protected:
 
 private:
     i16 LoadFrom(u32 tag);
+    // Takes the records there are when none are of the stem's direction: music that came into
+    // another layer can have turned the stem.
+    void FollowStoredVariant();
     bool SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual);
 };

@@ -93,6 +93,19 @@ TEST(Details, OfEqualPitchesStayApart) {
     EXPECT_NE(chord.notes[0].noteID, chord.notes[1].noteID);
 }
 
+// Alone, the low note of layer 2 has its stem up; with music in layer 1 it turns down.
+TEST(Details, OfAStemThatTheMergeTurnsComeAlong) {
+    constexpr u32 kLongerBeamUp = HostTag("edUE");
+    StandIn host;
+    host.Layer(1, 1, 1, "e:c4 e:d4 h.:r");
+    host.Attach(kSource, kLongerBeamUp, "longer");
+    host.SelectAll();
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "e:c4 e:d4 h.:r");
+    EXPECT_EQ(host.Attached(kDestination, kLongerBeamUp), "longer");
+    EXPECT_EQ(host.Attached(kSource, kLongerBeamUp), "");
+}
+
 TEST(Details, ComeAlongIntoRests) {
     StandIn host;
     host.Layer(1, 1, 0, "w:r");
