@@ -197,6 +197,29 @@ class Printer {
 public:
     explicit Printer(const RecordStore& records) : m_records{records} {}
 
+    static std::string Written(const EXENTRY& entry) {
+        std::string text = (entry.flags & EntryFlag::kGrace) != 0 ? "g" : "";
+        text += WrittenDuration(entry.duration) + ':';
+        const bool isHidden = (entry.flags & EntryFlag::kIgnore) != 0;
+        if ((entry.flags & EntryFlag::kNote) == 0) {
+            return text + (isHidden ? 'x' : 'r');
+        }
+        for (i16 i = 0; i < entry.noteCount; ++i) {
+            text += (i > 0 ? "," : "") + Written(entry.notes[i]);
+        }
+        return isHidden ? text + '!' : text;
+    }
+
+    static std::string Written(const EXNOTE& note) {
+        const int steps = static_cast<i16>(note.pitch) >> 4;
+        const int octave = 4 + (steps >= 0 ? steps / 7 : (steps - 6) / 7);
+        std::string text = (note.flags & NoteFlag::kTieEnd) != 0 ? "~" : "";
+        text += kSteps[static_cast<std::size_t>(steps - (octave - 4) * 7)];
+        text.append(note.pitch & 7U, (note.pitch & 8U) != 0 ? 'b' : '#');
+        text += std::to_string(octave);
+        return (note.flags & NoteFlag::kTieStart) != 0 ? text + '~' : text;
+    }
+
     std::string Run(const std::vector<EXENTRY>& entries) {
         for (const EXENTRY& entry : entries) {
             SwitchVoice(entry.flags & EntryFlag::kVoice2);
@@ -264,29 +287,6 @@ private:
         }
     }
 
-    static std::string Written(const EXENTRY& entry) {
-        std::string text = (entry.flags & EntryFlag::kGrace) != 0 ? "g" : "";
-        text += WrittenDuration(entry.duration) + ':';
-        const bool isHidden = (entry.flags & EntryFlag::kIgnore) != 0;
-        if ((entry.flags & EntryFlag::kNote) == 0) {
-            return text + (isHidden ? 'x' : 'r');
-        }
-        for (i16 i = 0; i < entry.noteCount; ++i) {
-            text += (i > 0 ? "," : "") + Written(entry.notes[i]);
-        }
-        return isHidden ? text + '!' : text;
-    }
-
-    static std::string Written(const EXNOTE& note) {
-        const int steps = static_cast<i16>(note.pitch) >> 4;
-        const int octave = 4 + (steps >= 0 ? steps / 7 : (steps - 6) / 7);
-        std::string text = (note.flags & NoteFlag::kTieEnd) != 0 ? "~" : "";
-        text += kSteps[static_cast<std::size_t>(steps - (octave - 4) * 7)];
-        text.append(note.pitch & 7U, (note.pitch & 8U) != 0 ? 'b' : '#');
-        text += std::to_string(octave);
-        return (note.flags & NoteFlag::kTieStart) != 0 ? text + '~' : text;
-    }
-
     const RecordStore& m_records;
     std::string m_text;
     u32 m_voice = 0;
@@ -298,6 +298,14 @@ private:
 
 WrittenLayer ParseLayer(std::string_view notation) {
     return Parser{notation}.Run();
+}
+
+std::string PrintEntry(const EXENTRY& entry) {
+    return Printer::Written(entry);
+}
+
+std::string PrintNote(const EXNOTE& note) {
+    return Printer::Written(note);
 }
 
 std::string PrintLayer(const Document& document, FrameKey key) {

@@ -1,0 +1,421 @@
+#include "tests/unit/support/invariant.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
+
+#include "host/score/detail_kinds.h"
+#include "host/score/tags.h"
+#include "tests/unit/support/score_facts.h"
+
+namespace standin {
+namespace {
+
+constexpr i32 kRounding = 2;  // times inside tuplets are rounded to whole units
+
+// Of an expression's record; the others are filled after each load.
+constexpr std::size_t kHostsBytes = offsetof(MyExpressionAssign, hasPosition);
+
+using Facts = std::vector<EntryFacts>;
+using Lines = std::vector<std::string>;
+
+i32 EndOf(const EXENTRY& entry) {
+    return entry.elapsedTime + entry.actualDuration;
+}
+
+bool IsVoice2(const EXENTRY& entry) {
+    return (entry.flags & EntryFlag::kVoice2) != 0;
+}
+
+bool Includes(const Lines& all, const Lines& some) {
+    return std::includes(all.begin(), all.end(), some.begin(), some.end());
+}
+
+bool IsShapeEnd(const std::string& attachment) {
+    return attachment.find(" of shape ") != std::string::npos;
+}
+
+class Comparison {
+public:
+    Comparison(const Document& document, const DocumentContent& before,
+               const DocumentContent& after, const MergeOptions& options)
+        : m_document{document},
+          m_before{before},
+          m_after{after},
+          m_options{options},
+          m_region{*document.selection},
+          m_factsBefore{FactsOf(before)},
+          m_factsAfter{FactsOf(after)} {
+        for (const EntryFacts& fact : m_factsAfter) {
+            m_byMeasure[MeasureOf(fact.key)].push_back(&fact);
+        }
+    }
+
+    Lines Run() {
+        CompareNotes();
+        CompareCompany();
+        CompareAdded();
+        CompareExpressions();
+        CompareOtherRecords();
+        CheckLayers();
+        CheckUnselected();
+        CheckFrames();
+        return std::move(m_faults);
+    }
+
+private:
+    using Measure = std::pair<u16, u16>;  // staff and measure
+
+    static Measure MeasureOf(FrameKey key) { return {key.staff, key.measure}; }
+
+    bool IsSelected(FrameKey key) const {
+        const i16 slot = m_document.SlotOfStaff(key.staff, m_region.startStaffList);
+        return slot >= m_region.startSlot && slot <= m_region.endSlot &&
+               key.measure >= m_region.startMeasure && key.measure <= m_region.endMeasure;
+    }
+
+    bool IsSource(u16 layer) const {
+        return layer != m_options.destination &&
+               (m_options.source == 65535 || m_options.source == layer);
+    }
+
+    // An entry's start as selections count.
+    i32 Position(const EntryFacts& fact) const {
+        const i64 nominal = m_document.MeasureDuration(0, fact.key.measure);
+        const i64 staff = m_document.MeasureDuration(fact.key.staff, fact.key.measure);
+        return static_cast<i32>((nominal * fact.entry->elapsedTime + staff / 2) / staff);
+    }
+
+    bool IsBeforeSelection(const EntryFacts& fact) const {
+        return fact.key.measure == m_region.startMeasure && Position(fact) < m_region.startPosition;
+    }
+
+    bool IsSelected(u16 measure, const MyExpressionAssign& expression) const {
+        const auto at = std::pair{i32{measure}, PositionOf(expression)};
+        return at >= std::pair{i32{m_region.startMeasure}, i32{m_region.startPosition}} &&
+               at <= std::pair{i32{m_region.endMeasure}, i32{m_region.endPosition}};
+    }
+
+    void Tell(const EntryFacts& fact, const std::string& what) {
+        m_faults.push_back(fact.Place() + ": " + what);
+    }
+
+    void CompareNotes() {
+        const auto collect = [](const Facts& facts) {
+            Lines lines;
+            for (const EntryFacts& fact : facts) {
+                for (const std::string& note : fact.notes) {
+                    lines.push_back(fact.Place() + ": " + note);
+                }
+            }
+            std::sort(lines.begin(), lines.end());
+            return lines;
+        };
+        const Lines before = collect(m_factsBefore);
+        const Lines after = collect(m_factsAfter);
+        const auto tell = [this](const Lines& some, const Lines& others, const char* verb) {
+            Lines missing;
+            std::set_difference(some.begin(), some.end(), others.begin(), others.end(),
+                                std::back_inserter(missing));
+            for (const std::string& line : missing) {
+                m_faults.push_back(line + verb);
+            }
+        };
+        tell(before, after, " lost");
+        tell(after, before, " added");
+    }
+
+    // Each entry's notes must stand in one entry afterwards, with all that hung on it.
+    void CompareCompany() {
+        for (const EntryFacts& fact : m_factsBefore) {
+            if (fact.IsNote() ? !HasCompany(fact) : !RestKeepsAll(fact)) {
+                Lines rest = fact.attachments;
+                Tell(fact, (fact.IsNote() ? fact.notes.front() + " parted from "
+                                          : "a rest parted from ") +
+                               Joined(rest));
+            }
+        }
+    }
+
+    static std::string Joined(const Lines& lines) {
+        std::string text;
+        for (const std::string& line : lines) {
+            text += (text.empty() ? "" : ", ") + line;
+        }
+        return text.empty() ? "its notes" : text;
+    }
+
+    bool HasCompany(const EntryFacts& fact) {
+        const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
+        return std::any_of(candidates.begin(), candidates.end(), [&fact](const EntryFacts* other) {
+            return other->IsNote() && other->time == fact.time &&
+                   other->entry->duration == fact.entry->duration &&
+                   Includes(other->notes, fact.notes) &&
+                   Includes(other->attachments, fact.attachments);
+        });
+    }
+
+    // What hung on a rest hangs on a rest of its time; a line may end on the entry that sounds
+    // there now.
+    bool RestKeepsAll(const EntryFacts& fact) {
+        const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
+        return std::all_of(
+            fact.attachments.begin(), fact.attachments.end(), [&](const std::string& attachment) {
+                return std::any_of(
+                    candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
+                        const bool isThere = std::binary_search(
+                            other->attachments.begin(), other->attachments.end(), attachment);
+                        const bool fits =
+                            IsShapeEnd(attachment)
+                                ? fact.entry->elapsedTime >= other->entry->elapsedTime &&
+                                      fact.entry->elapsedTime < std::max(EndOf(*other->entry), 1)
+                                : !other->IsNote() && other->time == fact.time;
+                        return isThere && fits;
+                    });
+            });
+    }
+
+    void CompareAdded() {
+        std::set<std::string> known;
+        std::map<std::string, int> ends;
+        for (const EntryFacts& fact : m_factsBefore) {
+            for (const std::string& attachment : fact.attachments) {
+                known.insert(fact.Place() + (fact.IsNote() ? " note " : " rest ") + attachment);
+                ends[attachment] += IsShapeEnd(attachment) ? 1 : 0;
+            }
+        }
+        for (const EntryFacts& fact : m_factsAfter) {
+            for (const std::string& attachment : fact.attachments) {
+                const bool isEnd = IsShapeEnd(attachment);
+                const bool wasThere =
+                    isEnd ? --ends[attachment] >= 0
+                          : known.contains(fact.Place() + (fact.IsNote() ? " note " : " rest ") +
+                                           attachment);
+                if (!wasThere) {
+                    Tell(fact, attachment + " on " + (fact.IsNote() ? "another note" : "a rest"));
+                }
+            }
+        }
+    }
+
+    const RecordStore::Table& Records(const DocumentContent& content, u32 tag) const {
+        static const RecordStore::Table kNone;
+        const auto found = content.records.find(tag);
+        return found == content.records.end() ? kNone : found->second;
+    }
+
+    static int LayerOf(const MyExpressionAssign& expression) {
+        return (expression.layer & ExpressionLayer::kLayerMask) - 1;
+    }
+
+    static i32 PositionOf(const MyExpressionAssign& expression) {
+        return static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
+    }
+
+    // The note entries at the expression's time in the layer that it is assigned to.
+    std::vector<const EntryFacts*> Under(const Facts& facts, u16 measure,
+                                         const MyExpressionAssign& expression) const {
+        std::vector<const EntryFacts*> under;
+        const i32 position =
+            static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
+        for (const EntryFacts& fact : facts) {
+            const bool isGrace = (fact.entry->flags & EntryFlag::kGrace) != 0;
+            if (fact.key.staff == static_cast<u16>(expression.staff) &&
+                fact.key.measure == measure && fact.key.layer == LayerOf(expression) &&
+                fact.IsNote() && !isGrace && fact.entry->elapsedTime == position) {
+                under.push_back(&fact);
+            }
+        }
+        return under;
+    }
+
+    void CompareExpressions() {
+        const RecordStore::Table& now = Records(m_after, Tag::kExpression);
+        for (const auto& [key, bytes] : Records(m_before, Tag::kExpression)) {
+            const auto found = now.find(key);
+            if (found == now.end()) {
+                m_faults.push_back("measure " + std::to_string(key.OtherItem()) +
+                                   ": an expression lost");
+                continue;
+            }
+            CompareExpression(key.OtherItem(), FromBytes<MyExpressionAssign>(bytes),
+                              FromBytes<MyExpressionAssign>(found->second));
+        }
+        if (now.size() > Records(m_before, Tag::kExpression).size()) {
+            m_faults.push_back("an expression added");
+        }
+    }
+
+    void CompareExpression(u16 measure, const MyExpressionAssign& before,
+                           const MyExpressionAssign& after) {
+        const std::string name = "measure " + std::to_string(measure) + ", expression of layer " +
+                                 std::to_string(LayerOf(before));
+        MyExpressionAssign otherwise = before;
+        otherwise.layer = after.layer;
+        if (BytesOf(otherwise).substr(0, kHostsBytes) != BytesOf(after).substr(0, kHostsBytes)) {
+            m_faults.push_back(name + " changed");
+        }
+        if (before.layer != after.layer && LayerOf(after) != m_options.destination) {
+            m_faults.push_back(name + " went to another layer");
+        }
+        const auto music = Under(m_factsBefore, measure, before);
+        const auto musicNow = Under(m_factsAfter, measure, after);
+        if (music.empty() || !IsSelected(measure, before)) {
+            return;  // it may follow a rest; outside the selection it stays
+        }
+        const bool found = std::any_of(music.begin(), music.end(), [&](const EntryFacts* was) {
+            return std::any_of(musicNow.begin(), musicNow.end(), [was](const EntryFacts* is) {
+                return Includes(is->notes, was->notes);
+            });
+        });
+        if (!found) {
+            m_faults.push_back(name + " parted from " + Joined(music.front()->notes));
+        }
+    }
+
+    // Whatever is neither music nor hangs on it stays as it was.
+    void CompareOtherRecords() {
+        const auto others = [](const DocumentContent& content) {
+            std::map<u32, RecordStore::Table> records = content.records;
+            std::erase_if(records, [](const auto& item) {
+                return FamilyOf(item.first) == RecordFamily::kEntryDetail ||
+                       item.first == Tag::kSmartShape || item.first == Tag::kExpression ||
+                       item.first == Tag::kStaffSystem;
+            });
+            return records;
+        };
+        if (others(m_before) != others(m_after)) {
+            m_faults.push_back("a record that is none of the merge's business changed");
+        }
+    }
+
+    void CheckLayers() {
+        std::map<std::pair<Measure, std::string>, int> wasIn;  // notes of the destination
+        std::map<u32, const EntryFacts*> before;
+        for (const EntryFacts& fact : m_factsBefore) {
+            before.emplace(fact.entry->entryNumber, &fact);
+        }
+        std::map<u32, const EntryFacts*> after;
+        for (const EntryFacts& fact : m_factsAfter) {
+            if (!after.emplace(fact.entry->entryNumber, &fact).second) {
+                Tell(fact, "an entry that stands twice");
+            }
+        }
+        for (const auto& [number, was] : before) {
+            const auto found = after.find(number);
+            const EntryFacts* is = found == after.end() ? nullptr : found->second;
+            CheckEntry(*was, is);
+        }
+    }
+
+    void CheckEntry(const EntryFacts& was, const EntryFacts* is) {
+        const bool isSource = IsSource(was.key.layer);
+        const bool isInPlace = is != nullptr && is->IsNote() && is->key == was.key;
+        if (was.IsNote() && (!isSource || IsBeforeSelection(was)) && !isInPlace) {
+            Tell(was, "a note left layer " + std::to_string(was.key.layer));
+        }
+        if (is != nullptr && was.IsNote() && !is->IsNote()) {
+            const bool wasHidden = (was.entry->flags & EntryFlag::kIgnore) != 0;
+            const bool isHidden = (is->entry->flags & EntryFlag::kIgnore) != 0;
+            if (isHidden != (wasHidden || m_options.hideRests != 0)) {
+                Tell(was, isHidden ? "the rest left is hidden" : "the rest left is not hidden");
+            }
+        }
+        if (isInPlace && was.key.layer != m_options.destination && is->notes != was.notes) {
+            Tell(was, "a chord of another layer changed");
+        }
+    }
+
+    void CheckUnselected() {
+        std::set<FrameKey> keys;
+        for (const DocumentContent* content : {&m_before, &m_after}) {
+            for (const auto& [key, frame] : content->frames) {
+                keys.insert(key);
+            }
+        }
+        for (const FrameKey key : keys) {
+            const bool mayChange =
+                IsSelected(key) && (key.layer == m_options.destination || IsSource(key.layer));
+            const auto was = m_before.frames.find(key);
+            const auto is = m_after.frames.find(key);
+            const bool both = was != m_before.frames.end() && is != m_after.frames.end();
+            if (!mayChange && !(both && SameEntries(was->second.entries, is->second.entries))) {
+                m_faults.push_back("staff " + std::to_string(key.staff) + ", measure " +
+                                   std::to_string(key.measure) + ", layer " +
+                                   std::to_string(key.layer) + ": changed out of turn");
+            }
+        }
+    }
+
+    void CheckFrames() {
+        const std::map<u32, u32> flags = DetailFlagsByEntry(m_after);
+        std::map<Measure, i32> lengths;
+        for (const auto& [key, frame] : m_before.frames) {
+            i32& longest = lengths[MeasureOf(key)];
+            longest = std::max(longest, EndOfVoice1(frame));
+        }
+        for (const auto& [key, frame] : m_after.frames) {
+            if (EndOfVoice1(frame) > lengths[MeasureOf(key)] + kRounding) {
+                Tell(EntryFacts{&frame.entries.back(), key, "end", {}, {}}, "the layer grew");
+            }
+            CheckFrame(key, frame, flags);
+        }
+    }
+
+    static i32 EndOfVoice1(const Frame& frame) {
+        i32 end = 0;
+        for (const EXENTRY& entry : frame.entries) {
+            end = IsVoice2(entry) ? end : std::max(end, EndOf(entry));
+        }
+        return end;
+    }
+
+    void CheckFrame(FrameKey key, const Frame& frame, const std::map<u32, u32>& detailFlags) {
+        i32 ends[2] = {0, 0};
+        for (std::size_t i = 0; i < frame.entries.size(); ++i) {
+            const EXENTRY& entry = frame.entries[i];
+            const EntryFacts fact{&entry, key, std::to_string(entry.elapsedTime), {}, {}};
+            i32& end = ends[IsVoice2(entry) ? 1 : 0];
+            if (entry.elapsedTime < end - kRounding) {
+                Tell(fact, "layer " + std::to_string(key.layer) + " overlaps itself");
+            }
+            end = std::max(end, EndOf(entry));
+            const auto wanted = detailFlags.find(entry.entryNumber);
+            if ((entry.flags & StoredDetailFlags()) !=
+                (wanted == detailFlags.end() ? 0 : wanted->second)) {
+                Tell(fact, "detail flags out of step");
+            }
+            const bool launches = (entry.flags & EntryFlag::kLaunchVoice2) != 0;
+            const bool followed = i + 1 < frame.entries.size() && IsVoice2(frame.entries[i + 1]);
+            if (!IsVoice2(entry) && launches != followed) {
+                Tell(fact, launches ? "nothing to launch" : "voice 2 without its launch");
+            }
+            std::set<u16> ids;
+            for (i16 n = 0; n < entry.noteCount; ++n) {
+                if (entry.notes[n].noteID == 0 || !ids.insert(entry.notes[n].noteID).second) {
+                    Tell(fact, "note IDs that are not unique");
+                }
+            }
+        }
+    }
+
+    const Document& m_document;
+    const DocumentContent& m_before;
+    const DocumentContent& m_after;
+    const MergeOptions& m_options;
+    const EREGION m_region;
+    Facts m_factsBefore;
+    Facts m_factsAfter;
+    std::map<Measure, std::vector<const EntryFacts*>> m_byMeasure;  // of afterwards
+    Lines m_faults;
+};
+
+}  // namespace
+
+std::vector<std::string> FaultsOfMerge(const Document& document, const DocumentContent& before,
+                                       const DocumentContent& after, const MergeOptions& options) {
+    return Comparison{document, before, after, options}.Run();
+}
+
+}  // namespace standin

@@ -1,0 +1,176 @@
+#include "tests/unit/support/score_facts.h"
+
+#include <algorithm>
+
+#include "host/score/detail_kinds.h"
+#include "host/score/tags.h"
+#include "shell/host/detail_flags.h"
+#include "tests/unit/support/notation.h"
+#include "tests/unit/support/written_score.h"
+
+namespace standin {
+namespace {
+
+constexpr u32 kUpOfTag[][2] = {{HostTag("edDE"), HostTag("edUE")},
+                               {HostTag("edsl"), HostTag("edSU")}};
+
+// A detail with an up-stem and a down-stem variant counts as the same one.
+std::string NameOf(u32 tag) {
+    for (const auto& [down, up] : kUpOfTag) {
+        tag = tag == down ? up : tag;
+    }
+    std::string name;
+    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
+        const char letter = static_cast<char>(tag >> shift);
+        name += letter < ' ' ? static_cast<char>('0' + letter) : letter;
+    }
+    return name;
+}
+
+std::string ReadableContent(std::string_view bytes) {
+    constexpr std::string_view kDigits = "0123456789abcdef";
+    std::string text;
+    for (const char byte : bytes.substr(0, bytes.find_last_not_of('\0') + 1)) {
+        if (byte > ' ' && byte < '\x7F') {
+            text += byte;
+        } else {
+            const auto value = static_cast<u8>(byte);
+            text += {'.', kDigits[value >> 4U], kDigits[value & 15U]};
+        }
+    }
+    return text;
+}
+
+std::string Describe(u32 tag, const Bytes& bytes, const EXENTRY& entry) {
+    if (tag == Tag::kShapeOnEntry || tag == Tag::kShapeOnLyric) {
+        return NameOf(tag) + " mark of shape " +
+               std::to_string(FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber);
+    }
+    if (!IsOfNote(tag)) {
+        return NameOf(tag) + ' ' + ReadableContent(bytes);
+    }
+    const u16 noteID = FromBytes<NoteDetailHead>(bytes).noteID;
+    for (const EXNOTE& note : entry.notes) {
+        if (noteID != 0 && note.noteID == noteID) {
+            return NameOf(tag) + ' ' + ReadableContent(std::string_view{bytes}.substr(2)) + " of " +
+                   PrintNote(note);
+        }
+    }
+    return NameOf(tag) + " of no note";
+}
+
+using Attachments = std::map<u32, std::vector<std::pair<u32, const Bytes*>>>;  // by entry
+
+Attachments AttachmentsOf(const DocumentContent& content) {
+    Attachments attachments;
+    for (const auto& [tag, table] : content.records) {
+        if (FamilyOf(tag) == RecordFamily::kEntryDetail && tag != Tag::kTuplet) {
+            for (const auto& [key, bytes] : table) {
+                attachments[key.Entry()].emplace_back(tag, &bytes);
+            }
+        }
+    }
+    return attachments;
+}
+
+bool IsMarked(const DocumentContent& content, u32 entry, u16 shapeNumber) {
+    for (const u32 tag : {Tag::kShapeOnEntry, Tag::kShapeOnLyric}) {
+        const auto table = content.records.find(tag);
+        if (table == content.records.end()) {
+            continue;
+        }
+        for (auto at = table->second.lower_bound(RecordKey::OfEntry(entry));
+             at != table->second.end() && at->first.Entry() == entry; ++at) {
+            if (FromBytes<EDTSmartShapeEntMark>(at->second).shapeNumber == shapeNumber) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
+// An end whose entry has lost its mark is no end of a line that is drawn.
+std::multimap<u32, std::string> ShapeEndsOf(const DocumentContent& content) {
+    std::multimap<u32, std::string> ends;
+    const auto shapes = content.records.find(Tag::kSmartShape);
+    if (shapes == content.records.end()) {
+        return ends;
+    }
+    for (const auto& [key, bytes] : shapes->second) {
+        const auto shape = FromBytes<EDTSmartShape>(bytes);
+        const std::string name = " of shape " + std::to_string(key.OtherItem());
+        const auto add = [&](const EDTSmartShapeEnd& end, const char* which) {
+            if (IsMarked(content, end.entryNumber, key.OtherItem())) {
+                ends.emplace(end.entryNumber, which + name);
+            }
+        };
+        add(shape.start, "start");
+        add(shape.end, "end");
+    }
+    return ends;
+}
+
+std::string TimeOf(const EXENTRY& entry) {
+    const bool isGrace = (entry.flags & EntryFlag::kGrace) != 0;
+    return std::to_string(entry.elapsedTime) + '+' + std::to_string(entry.actualDuration) +
+           (isGrace ? " grace " + std::to_string(entry.duration) : std::string{});
+}
+
+void AddFlagDetails(const EXENTRY& entry, std::vector<std::string>& attachments) {
+    for (const u32 flag : {DetailFlag::kPrimaryBeamBreak, DetailFlag::kFrozenStem,
+                           DetailFlag::kFlagDetail1, DetailFlag::kFlagDetail2}) {
+        if ((entry.flags & flag) != 0) {
+            attachments.push_back("flag " + std::to_string(flag));
+        }
+    }
+}
+
+}  // namespace
+
+std::string EntryFacts::Place() const {
+    return "staff " + std::to_string(key.staff) + ", measure " + std::to_string(key.measure) +
+           ", " + time;
+}
+
+std::vector<EntryFacts> FactsOf(const DocumentContent& content) {
+    const Attachments attachments = AttachmentsOf(content);
+    const std::multimap<u32, std::string> shapeEnds = ShapeEndsOf(content);
+    std::vector<EntryFacts> facts;
+    for (const auto& [key, frame] : content.frames) {
+        for (const EXENTRY& entry : frame.entries) {
+            EntryFacts& fact = facts.emplace_back(EntryFacts{&entry, key, TimeOf(entry), {}, {}});
+            for (i16 i = 0; i < entry.noteCount; ++i) {
+                fact.notes.push_back(PrintNote(entry.notes[i]));
+            }
+            if (const auto found = attachments.find(entry.entryNumber);
+                found != attachments.end()) {
+                for (const auto& [tag, bytes] : found->second) {
+                    fact.attachments.push_back(Describe(tag, *bytes, entry));
+                }
+            }
+            const auto [first, last] = shapeEnds.equal_range(entry.entryNumber);
+            std::for_each(first, last,
+                          [&fact](const auto& end) { fact.attachments.push_back(end.second); });
+            AddFlagDetails(entry, fact.attachments);
+            std::sort(fact.notes.begin(), fact.notes.end());
+            std::sort(fact.attachments.begin(), fact.attachments.end());
+            fact.attachments.erase(std::unique(fact.attachments.begin(), fact.attachments.end()),
+                                   fact.attachments.end());
+        }
+    }
+    return facts;
+}
+
+std::map<u32, u32> DetailFlagsByEntry(const DocumentContent& content) {
+    std::map<u32, u32> flags;
+    for (const auto& [tag, table] : content.records) {
+        if (FamilyOf(tag) == RecordFamily::kEntryDetail) {
+            for (const auto& [key, bytes] : table) {
+                flags[key.Entry()] |= DetailFlagOf(tag);
+            }
+        }
+    }
+    return flags;
+}
+
+}  // namespace standin

@@ -1,0 +1,321 @@
+#include "tests/unit/support/score_generator.h"
+
+#include <algorithm>
+#include <array>
+#include <random>
+
+#include "shell/host/detail_flags.h"
+
+namespace standin {
+namespace {
+
+using Words = std::vector<std::string>;
+
+struct Value {
+    const char* word;
+    int sixteenths;
+};
+
+constexpr Value kValues[] = {{"w:", 16}, {"h.:", 12}, {"h:", 8}, {"q.:", 6}, {"q:", 4},
+                             {"q:", 4},  {"e.:", 3},  {"e:", 2}, {"e:", 2},  {"s:", 1}};
+
+struct Tuplet {
+    std::initializer_list<const char*> words;
+    int sixteenths;
+};
+
+const Tuplet kTuplets[] = {
+    {{"(3:2", "e:", "e:", "e:", ")"}, 4},
+    {{"(3:2e", "q:", "e:", ")"}, 4},
+    {{"(3:2", "q:", "q:", "q:", ")"}, 8},
+    {{"(5:4", "s:", "s:", "s:", "s:", "s:", ")"}, 4},
+    {{"(3:2q", "q:", "(3:2", "e:", "e:", "e:", ")", "q:", ")"}, 8},  // nested
+    {{"(2:3", "e:", "e:", ")"}, 6},
+};
+
+constexpr const char* kPitches[] = {"c4",  "e4", "g4",  "c5", "d4", "f#4", "bb4", "a3",
+                                    "eb5", "f5", "g#5", "b3", "d5", "a5",  "c6"};
+
+constexpr u32 kNoteTags[] = {HostTag("edCD"), HostTag("E\002Ah"), HostTag("E\002cn"),
+                             HostTag("eddo"), HostTag("E\003Ts"), HostTag("E\003Te"),
+                             HostTag("ednC")};
+constexpr u32 kEntryTags[] = {
+    HostTag("edIM"), HostTag("edIM"),    HostTag("SdvE"),    HostTag("SdcH"),    HostTag("SdsE"),
+    HostTag("edLE"), HostTag("E\002BL"), HostTag("E\002BH"), HostTag("E\002bL"), HostTag("E\002bH"),
+    HostTag("edsB"), HostTag("edST"),    HostTag("edSt"),    HostTag("edub"),    HostTag("edAS"),
+    HostTag("edUE"), HostTag("edSU")};
+constexpr u32 kFlagDetails[] = {DetailFlag::kPrimaryBeamBreak, DetailFlag::kFrozenStemUp,
+                                DetailFlag::kFlagDetail1, DetailFlag::kFlagDetail2};
+
+class Maker {
+public:
+    explicit Maker(u32 seed) : m_random{seed} {}
+
+    WrittenScore Run() {
+        m_score.staves = 1 + Below(10) / 8;
+        m_score.measures = 1 + Below(10) / 6;
+        MakeFrames();
+        for (const auto& frame : m_score.frames) {
+            AddDetails(frame);
+        }
+        AddShapes();
+        AddExpressions();
+        Select();
+        m_score.options.source = Chance(60) ? u16{65535} : static_cast<u16>(Below(4));
+        do {
+            m_score.options.destination = static_cast<u16>(Below(4));
+        } while (m_score.options.destination == m_score.options.source);
+        m_score.options.mode = Chance(12) ? 1 : 0;
+        m_score.options.rebeam = Chance(50) ? 1 : 0;
+        m_score.options.hideRests = Chance(50) ? 1 : 0;
+        return std::move(m_score);
+    }
+
+private:
+    int Below(int end) { return static_cast<int>(m_random() % static_cast<u32>(end)); }
+    bool Chance(int percent) { return Below(100) < percent; }
+    template <typename Array>
+    auto& OneOf(Array& array) {
+        return array[static_cast<std::size_t>(Below(static_cast<int>(std::size(array))))];
+    }
+
+    void MakeFrames() {
+        for (int slot = 1; slot <= m_score.staves; ++slot) {
+            for (int measure = 1; measure <= m_score.measures; ++measure) {
+                int sixteenths = 16;
+                if (Chance(8)) {
+                    sixteenths = Chance(50) ? 12 : 18;
+                    m_score.durations.push_back(
+                        {static_cast<i16>(slot), static_cast<u16>(measure), sixteenths * 256});
+                }
+                MakeMeasure(static_cast<i16>(slot), static_cast<u16>(measure), sixteenths);
+            }
+        }
+    }
+
+    // Layers that share a rhythm meet; the others fill or miss each other.
+    void MakeMeasure(i16 slot, u16 measure, int sixteenths) {
+        const std::array<Words, 2> shared = {Rhythm(sixteenths), Rhythm(sixteenths)};
+        for (u16 layer = 0; layer < 4; ++layer) {
+            if (Chance(layer < 2 ? 12 : 55)) {
+                continue;
+            }
+            const int length = Chance(10) ? Below(sixteenths) : sixteenths;
+            const Words rhythm =
+                length == sixteenths && Chance(75) ? shared[Chance(70) ? 0U : 1U] : Rhythm(length);
+            constexpr int kRestChances[] = {10, 10, 45, 80, 100};
+            m_restChance = OneOf(kRestChances);
+            Words words = Voice1(rhythm, length);
+            if (!words.empty()) {
+                m_score.frames.push_back({slot, measure, layer, std::move(words)});
+            }
+        }
+    }
+
+    Words Rhythm(int sixteenths) {
+        Words words;
+        while (sixteenths > 0) {
+            const Tuplet& tuplet = OneOf(kTuplets);
+            if (Chance(12) && tuplet.sixteenths <= sixteenths) {
+                words.insert(words.end(), tuplet.words.begin(), tuplet.words.end());
+                sixteenths -= tuplet.sixteenths;
+                continue;
+            }
+            const Value& value = OneOf(kValues);
+            if (value.sixteenths <= sixteenths) {
+                words.emplace_back(value.word);
+                sixteenths -= value.sixteenths;
+            }
+        }
+        return words;
+    }
+
+    static int SixteenthsOf(const std::string& value) {
+        const auto* found =
+            std::find_if(std::begin(kValues), std::end(kValues),
+                         [&value](const Value& known) { return value == known.word; });
+        return found->sixteenths;
+    }
+
+    // Fills a rhythm with notes and rests, and puts grace notes and second voices into it.
+    Words Voice1(const Words& rhythm, int length) {
+        Words words;
+        int left = length;   // sixteenths, where no tuplet is running
+        int voice2Left = 0;  // how far a second voice still goes on
+        int depth = 0;
+        for (const std::string& word : rhythm) {
+            depth += word.front() == '(' ? 1 : 0;
+            depth -= word == ")" ? 1 : 0;
+            if (!IsEntry(word)) {
+                words.push_back(word);
+                voice2Left = 99;  // no second voice beside or behind a tuplet
+                continue;
+            }
+            if ((words.empty() || words.back().front() != '(') && Chance(12)) {
+                AddGraceNotes(words);
+            }
+            words.push_back(word + Content());
+            const int sixteenths = SixteenthsOf(word);
+            if (depth == 0 && voice2Left <= 0 && Chance(12)) {
+                voice2Left = Chance(75) ? sixteenths : std::min(left, sixteenths + 2);
+                AddVoice2(words, voice2Left);
+            }
+            left -= sixteenths;
+            voice2Left -= sixteenths;
+        }
+        return words;
+    }
+
+    void AddGraceNotes(Words& words) {
+        for (int count = 1 + Below(3); count > 0; --count) {
+            words.push_back(std::string(Chance(70) ? "gs:" : "ge:") + Notes());
+        }
+    }
+
+    void AddVoice2(Words& words, int sixteenths) {
+        words.emplace_back("v2{");
+        for (const std::string& word : Rhythm(sixteenths)) {
+            const bool mayHaveGrace = words.back().front() != '(' && IsEntry(word);
+            if (mayHaveGrace && Chance(8)) {
+                words.push_back("gs:" + Notes());
+            }
+            words.push_back(IsEntry(word) ? word + Content() : word);
+        }
+        words.emplace_back("}");
+    }
+
+    std::string Content() {
+        if (Chance(m_restChance)) {
+            return Chance(12) ? "x" : "r";
+        }
+        return Notes() + (Chance(2) ? "!" : "");
+    }
+
+    std::string Notes() {
+        const int count = Chance(65) ? 1 : Chance(75) ? 2 + Below(2) : 4 + Below(9);
+        std::array<const char*, std::size(kPitches)> pitches{};
+        std::copy(std::begin(kPitches), std::end(kPitches), pitches.begin());
+        std::string text;
+        for (int i = 0; i < count; ++i) {
+            const int from = count > 3 ? static_cast<int>(std::size(kPitches)) : 8;
+            std::swap(pitches[static_cast<std::size_t>(i)],
+                      pitches[static_cast<std::size_t>(i + Below(std::max(1, from - i)))]);
+            text += i > 0 ? "," : "";
+            text += Chance(8) ? "~" : "";
+            text += pitches[static_cast<std::size_t>(i)];
+            text += Chance(8) ? "~" : "";
+        }
+        return text;
+    }
+
+    void AddDetails(const WrittenScore::Frame& frame) {
+        int index = -1;
+        for (const std::string& word : frame.words) {
+            if (!IsEntry(word)) {
+                continue;
+            }
+            const EntryPlace place{frame.slot, frame.measure, frame.layer, ++index};
+            const bool isRest = word.back() == 'r' || word.back() == 'x';
+            for (int more = Chance(isRest ? 3 : 14) ? 1 + Below(2) : 0; more > 0; --more) {
+                AddDetail(place, word, isRest);
+            }
+        }
+    }
+
+    void AddDetail(EntryPlace place, const std::string& word, bool isRest) {
+        const char content = static_cast<char>('a' + Below(3));
+        if (isRest) {
+            m_score.details.push_back({place, HostTag("edIM"), 0, 0, content});
+        } else if (Chance(10)) {
+            m_score.details.push_back({place, 0, OneOf(kFlagDetails), 0, content});
+        } else if (Chance(40)) {
+            const int notes = 1 + static_cast<int>(std::count(word.begin(), word.end(), ','));
+            m_score.details.push_back({place, OneOf(kNoteTags), 0, Below(notes), content});
+        } else {
+            m_score.details.push_back({place, OneOf(kEntryTags), 0, 0, content});
+        }
+    }
+
+    // An entry that is no grace entry, if the first one met is not.
+    EntryPlace SomePlace(i16 slot) {
+        std::vector<const WrittenScore::Frame*> frames;
+        for (const auto& frame : m_score.frames) {
+            if (slot == 0 || frame.slot == slot) {
+                frames.push_back(&frame);
+            }
+        }
+        if (frames.empty()) {
+            return {1, 1, 0, 0};
+        }
+        const WrittenScore::Frame& frame = *OneOf(frames);
+        const int count = EntryCount(frame.words);
+        return {frame.slot, frame.measure, frame.layer, Below(count)};
+    }
+
+    void AddShapes() {
+        for (int count = Below(4); count > 0; --count) {
+            EntryPlace from = SomePlace(0);
+            EntryPlace to = Chance(15) ? from : SomePlace(from.slot);
+            if (to.measure < from.measure) {
+                std::swap(from, to);
+            }
+            m_score.shapes.push_back({from, to, Chance(15)});
+        }
+    }
+
+    bool IsGrace(EntryPlace place) const {
+        for (const auto& frame : m_score.frames) {
+            if (frame.slot != place.slot || frame.measure != place.measure ||
+                frame.layer != place.layer) {
+                continue;
+            }
+            int index = -1;
+            for (const std::string& word : frame.words) {
+                index += IsEntry(word) ? 1 : 0;
+                if (index == place.index) {
+                    return word.front() == 'g';
+                }
+            }
+        }
+        return false;
+    }
+
+    void AddExpressions() {
+        for (int count = Below(4); count > 0; --count) {
+            const EntryPlace place = SomePlace(0);
+            if (!IsGrace(place)) {
+                const i16 other = static_cast<i16>(Below(5) - 1);
+                m_score.expressions.push_back(
+                    {place, Chance(70) ? static_cast<i16>(place.layer) : other});
+            }
+        }
+    }
+
+    i32 SomePosition() { return Below(17) * 256; }
+
+    void Select() {
+        EREGION& region = m_score.selection;
+        region.startSlot = static_cast<i16>(1 + (Chance(20) ? Below(m_score.staves) : 0));
+        region.endSlot = static_cast<i16>(Chance(80) ? m_score.staves : i32{region.startSlot});
+        region.startMeasure = static_cast<i16>(1 + (Chance(20) ? Below(m_score.measures) : 0));
+        region.endMeasure =
+            static_cast<i16>(Chance(80) ? m_score.measures : i32{region.startMeasure});
+        region.startPosition = Chance(25) ? SomePosition() : 0;
+        region.endPosition = Chance(25) ? SomePosition() - Below(2) : kEndOfMeasure;
+        if (region.endMeasure == region.startMeasure) {
+            region.endPosition = std::max(i32{region.endPosition}, i32{region.startPosition});
+        }
+    }
+
+    std::mt19937 m_random;
+    WrittenScore m_score;
+    int m_restChance = 10;
+};
+
+}  // namespace
+
+WrittenScore MakeUpScore(u32 seed) {
+    return Maker{seed}.Run();
+}
+
+}  // namespace standin

@@ -1,0 +1,12 @@
+// Music made up from a seed: the same seed gives the same score on every machine.
+#pragma once
+
+#include "tests/unit/support/written_score.h"
+
+namespace standin {
+
+// One to three staves and measures, up to four layers, with grace notes, tuplets, second voices
+// and all that can hang on a note, selected somehow, and how to merge it.
+WrittenScore MakeUpScore(u32 seed);
+
+}  // namespace standin

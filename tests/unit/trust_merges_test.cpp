@@ -1,0 +1,174 @@
+// Merges of made-up music. PLYWELD_MERGES sets their number, PLYWELD_SEED repeats one.
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <map>
+
+#include "tests/unit/support/invariant.h"
+#include "tests/unit/support/score_generator.h"
+
+namespace standin {
+namespace {
+
+constexpr u32 kGroups = 5;
+
+u32 Setting(const char* name, u32 otherwise) {
+    const char* text = std::getenv(name);
+    return text == nullptr ? otherwise : static_cast<u32>(std::strtoul(text, nullptr, 10));
+}
+
+std::string Lines(const std::string& title, const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += title + line + '\n';
+    }
+    return text;
+}
+
+// What the merge starts from: with replacing, the score as the host leaves it when it has
+// cleared the destination.
+DocumentContent StartOf(Document& document, const MergeOptions& options) {
+    if (options.mode == 0) {
+        return document.Content();
+    }
+    document.BeginEdit(u"clear");
+    App().activeLayer = static_cast<i16>(options.destination);
+    RunMenuCommand(MenuCommand::kClearLayer);
+    DocumentContent cleared = document.Content();
+    document.CancelEdit();
+    App().activeLayer = 0;
+    return cleared;
+}
+
+std::string LeftOver(StandIn& host) {
+    const Application& app = App();
+    std::string text;
+    text += app.lent.Count() == 0 ? "" : "frames on loan\n";
+    text += app.calls.flagsOutOfStep == 0 ? "" : "frames saved with flags out of step\n";
+    text += app.progressDisplays.empty() ? "" : "a progress display is open\n";
+    text += host.Score().IsEditOpen() ? "an edit is open\n" : "";
+    return text;
+}
+
+std::string TextOfAlert() {
+    std::string text;
+    for (const char16_t unit : App().alerts.front().text) {
+        text += static_cast<char>(unit);
+    }
+    return text;
+}
+
+std::string UndoAndRedo(Document& document, const DocumentContent& before,
+                        const DocumentContent& after) {
+    if (before == after) {
+        return {};
+    }
+    std::string text;
+    text += document.Undo() && document.Content() == before ? "" : "undo does not restore\n";
+    text += document.Redo() && document.Content() == after ? "" : "redo does not restore\n";
+    return text;
+}
+
+struct Outcome {
+    std::string problem;  // empty when all is well
+    bool moved = false;   // music changed its layer
+};
+
+bool SomethingMoved(const DocumentContent& before, const DocumentContent& after) {
+    const auto notesByLayer = [](const DocumentContent& content) {
+        std::map<FrameKey, int> notes;
+        for (const auto& [key, frame] : content.frames) {
+            for (const EXENTRY& entry : frame.entries) {
+                notes[key] += entry.noteCount;
+            }
+        }
+        return notes;
+    };
+    return notesByLayer(before) != notesByLayer(after);
+}
+
+// Merges twice.
+Outcome MergeAndCheck(const Plugin& plugin, const WrittenScore& written) {
+    const std::unique_ptr<StandIn> host = Build(written);
+    Document& document = host->Score();
+    const DocumentContent before = document.Content();
+    const DocumentContent start = StartOf(document, written.options);
+    App().ResetCounts();
+    App().alerts.clear();
+    App().faults.guardFrames = true;
+    plugin.Merge(*host, written.options);
+    Outcome outcome{LeftOver(*host)};
+    std::string& problem = outcome.problem;
+    const DocumentContent after = document.Content();
+    if (!App().alerts.empty()) {
+        // What the host cannot measure is a reason to stop; music about to be lost is none.
+        const std::string text = TextOfAlert();
+        if (text.find("Cannot process notes that are invisible") == std::string::npos) {
+            problem += "an alert: " + text + '\n';
+        }
+        problem += after == before ? "" : "an alert, but the score changed\n";
+        return outcome;
+    }
+    outcome.moved = SomethingMoved(start, after);
+    problem += Lines("", FaultsOfMerge(document, start, after, written.options));
+    problem += UndoAndRedo(document, before, after);
+    if (written.options.mode == 0) {
+        App().faults.guardFrames = false;  // once is enough
+        plugin.Merge(*host, written.options);
+        problem +=
+            Lines("again: ", FaultsOfMerge(document, after, document.Content(), written.options));
+    }
+    return outcome;
+}
+
+WrittenScore Shrunk(const Plugin& plugin, WrittenScore written) {
+    int tries = 3000;
+    for (bool found = true; found && tries > 0;) {
+        found = false;
+        for (WrittenScore& smaller : SmallerThan(written)) {
+            if (--tries > 0 && !MergeAndCheck(plugin, smaller).problem.empty()) {
+                written = std::move(smaller);
+                found = true;
+                break;
+            }
+        }
+    }
+    return written;
+}
+
+void TellSmallest(const Plugin& plugin, u32 seed, const WrittenScore& written) {
+    const WrittenScore smallest = Shrunk(plugin, written);
+    ADD_FAILURE() << "PLYWELD_SEED=" << seed << '\n'
+                  << Print(smallest) << MergeAndCheck(plugin, smallest).problem;
+}
+
+class MadeUpScores : public testing::TestWithParam<u32> {};
+
+TEST_P(MadeUpScores, LoseNothing) {
+    constexpr u32 kMostTold = 3;
+    const Plugin plugin;
+    const u32 only = Setting("PLYWELD_SEED", 0);
+    const u32 merges = Setting("PLYWELD_MERGES", 5000);
+    u32 tried = 0;
+    u32 moved = 0;
+    u32 failed = 0;
+    for (u32 seed = GetParam() + 1; seed <= merges && failed < kMostTold; seed += kGroups) {
+        if (only != 0 && (GetParam() != 0 || tried != 0)) {
+            return;
+        }
+        const u32 chosen = only != 0 ? only : seed;
+        const WrittenScore written = MakeUpScore(chosen);
+        const Outcome outcome = MergeAndCheck(plugin, written);
+        ++tried;
+        moved += outcome.moved ? 1 : 0;
+        if (!outcome.problem.empty()) {
+            ++failed;
+            TellSmallest(plugin, chosen, written);
+        }
+    }
+    EXPECT_TRUE(only != 0 || moved * 2 > tried) << moved << " of " << tried << " moved music";
+}
+
+INSTANTIATE_TEST_SUITE_P(Trust, MadeUpScores, testing::Range(u32{0}, kGroups));
+
+}  // namespace
+}  // namespace standin
