@@ -16,12 +16,13 @@ std::string CommandKey() {
 
 std::optional<std::vector<u8>> ReadValue(const platform::RegistryKey& key) {
     using platform::RegistryResult;
+    platform::ValueType type{};
     u32 size = 0;
-    if (key.QueryValue(kValue, nullptr, nullptr, &size) != RegistryResult::kSuccess) {
+    if (key.QueryValue(kValue, &type, nullptr, &size) != RegistryResult::kSuccess) {
         return std::nullopt;
     }
     std::vector<u8> bytes(size);
-    if (key.QueryValue(kValue, nullptr, bytes.data(), &size) != RegistryResult::kSuccess) {
+    if (key.QueryValue(kValue, &type, bytes.data(), &size) != RegistryResult::kSuccess) {
         return std::nullopt;
     }
     return bytes;

@@ -71,9 +71,10 @@ constexpr const char* kKey = "Software\\ZKW\\Finale Plugin Prefs\\Plyweld";
 
 std::string StoredBytes() {
     std::string bytes(64, '\0');
+    platform::ValueType type{};
     auto size = static_cast<std::uint32_t>(bytes.size());
     if (RegistryKey::Open(kKey, KeyAccess::kRead)
-            .QueryValue("ZKCF22000", nullptr, bytes.data(), &size) != RegistryResult::kSuccess) {
+            .QueryValue("ZKCF22000", &type, bytes.data(), &size) != RegistryResult::kSuccess) {
         return "none";
     }
     return bytes.substr(0, size);

@@ -147,11 +147,11 @@ const DamagedFile kDamaged[] = {
     {"NegativeDuration",
      Score("<attributes><divisions>1</divisions></attributes>\n"
            "<note><rest/><duration>-4</duration></note>"),
-     ":5: "},
+     ":6: "},
     {"BackupBeforeTheStart",
      Score("<attributes><divisions>1</divisions></attributes>\n"
            "<backup><duration>4</duration></backup>"),
-     ":5: "},
+     ":6: "},
     {"TenThousandLevels", Nested(10'000), ""},
 };
 
