@@ -72,7 +72,7 @@ std::string MeasureWriter::Write() {
     for (; m_nextItem < m_items.size(); ++m_nextItem) {
         WriteItem(*m_items[m_nextItem]);
     }
-    if (m_reached < m_original.length && m_part.namesDivisions) {
+    if (m_reached < m_original.length) {
         MoveTo(m_original.length);
     }
     m_out += m_closing;
@@ -314,6 +314,9 @@ std::string MeasureWriter::WithVoiceOf(std::size_t item, std::string_view elemen
 }
 
 void MeasureWriter::MoveTo(Rational time) {
+    if (m_streams.empty() && !m_part.namesDivisions) {
+        return;  // without a note's type, nothing would tell what a duration means
+    }
     if (time < m_time) {
         WriteMove("backup", m_time - time);
     } else if (m_time < time) {

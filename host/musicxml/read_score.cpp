@@ -6,6 +6,7 @@
 #include <iterator>
 #include <new>
 #include <pugixml.hpp>
+#include <sstream>
 
 #include "host/musicxml/archive.h"
 #include "host/musicxml/part_reader.h"
@@ -22,9 +23,6 @@ constexpr unsigned kParseOptions = pugi::parse_cdata | pugi::parse_escapes |
                                    pugi::parse_embed_pcdata | pugi::parse_comments | pugi::parse_pi;
 
 Problem ParseXml(std::string_view text, pugi::xml_document& document) {
-    if (const auto deep = FindNestedDeeper(text, kDeepestNesting)) {
-        return {"elements are nested too deeply", *deep};
-    }
     const pugi::xml_parse_result parsed =
         document.load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
     if (!parsed) {
@@ -33,6 +31,9 @@ Problem ParseXml(std::string_view text, pugi::xml_document& document) {
             static_cast<char>(std::tolower(static_cast<unsigned char>(reason.front())));
         return {"the file is no well-formed XML: " + reason,
                 static_cast<std::size_t>(parsed.offset)};
+    }
+    if (const pugi::xml_node deep = FindNestedDeeper(document, kDeepestNesting)) {
+        return {"elements are nested too deeply", OffsetOf(deep)};
     }
     return {};
 }
@@ -195,15 +196,20 @@ ReadResult ReadScore(std::string bytes, Document* into) {
 }
 
 ReadResult ReadScore(const std::filesystem::path& file, Document* into) {
-    std::ifstream stream{file, std::ios::binary};
+    std::error_code failed;
+    if (std::filesystem::is_directory(file, failed)) {
+        return Refused("the file is a folder");
+    }
+    const std::ifstream stream{file, std::ios::binary};
     if (!stream) {
         return Refused("the file cannot be opened");
     }
-    std::string bytes{std::istreambuf_iterator<char>{stream}, std::istreambuf_iterator<char>{}};
-    if (stream.bad()) {
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    if (bytes.bad()) {
         return Refused("the file cannot be read");
     }
-    return ReadScore(std::move(bytes), into);
+    return ReadScore(std::move(bytes).str(), into);
 }
 
 }  // namespace standin

@@ -1,6 +1,7 @@
 #include "host/musicxml/xml_text.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace standin {
 namespace {
@@ -77,26 +78,6 @@ std::optional<AttributePlace> FindAttribute(std::string_view element, std::strin
 std::size_t LineAt(std::string_view text, std::size_t offset) {
     const std::string_view before = text.substr(0, std::min(offset, text.size()));
     return 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
-}
-
-std::optional<std::size_t> FindNestedDeeper(std::string_view text, int limit) {
-    int depth = 0;
-    for (std::size_t at = text.find('<'); at < text.size(); at = text.find('<', at)) {
-        if (const std::size_t end = SpecialEnd(text, at); end != 0) {
-            at = end;
-            continue;
-        }
-        const std::size_t end = TagEnd(text, at);
-        if (end - at > 1 && text[at + 1] == '/') {
-            --depth;
-        } else if (end < 2 || text[end - 2] != '/') {
-            if (++depth > limit) {
-                return at;
-            }
-        }
-        at = end;
-    }
-    return std::nullopt;
 }
 
 std::size_t TagEnd(std::string_view text, std::size_t begin) {

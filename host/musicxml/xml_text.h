@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -31,9 +30,6 @@ std::string EncodeXml(std::string text, TextFormat format);
 
 // The line, from 1, on which the offset stands.
 std::size_t LineAt(std::string_view text, std::size_t offset);
-
-// Offset of the first element nested deeper than the limit; none when there is no such.
-std::optional<std::size_t> FindNestedDeeper(std::string_view text, int limit);
 
 // The offset just past the node (element, comment, instruction, CDATA) whose '<' stands at
 // begin; the text's size when it does not end. The text must be well-formed.
