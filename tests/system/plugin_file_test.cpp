@@ -1,39 +1,34 @@
 // The plug-in's file as Windows sees it: its version, its texts, the folder it lies in.
-#include <windows.h>
-
-#include <array>
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <string>
-#include <vector>
 
 #include "host/cli/desktop.h"
 #include "host/cli/plugin.h"
 #include "platform/resources.h"
 #include "shell/host/host_functions.h"
+#include "tests/system/file_version.h"
 
 namespace {
 
+namespace fs = std::filesystem;
 using standin::cli::kPluginFile;
+using standin::cli::Library;
 using standin::cli::Plugin;
 using standin::cli::ProgramFolder;
 
-std::wstring WideText(const char16* text) {
-    return reinterpret_cast<const wchar_t*>(text);
+template <typename Function>
+Function* Export(const Library& library, const char* name) {
+    return reinterpret_cast<Function*>(library.FindExport(name));
 }
 
 MenuItemDescriptor CommandItem() {
     MenuItemDescriptor item{};
-    HMODULE module = GetModuleHandleA(kPluginFile);
-    auto* enumerate = reinterpret_cast<FinaleExtensionEnumerateFunction*>(
-        reinterpret_cast<void*>(GetProcAddress(module, "FinaleExtensionEnumerate_UTF16")));
-    enumerate(nullptr, 0, &item);
+    std::string problem;
+    const auto library = Library::Open(ProgramFolder() / kPluginFile, problem);
+    Export<FinaleExtensionEnumerateFunction>(*library, "FinaleExtensionEnumerate_UTF16")(nullptr, 0,
+                                                                                         &item);
     return item;
-}
-
-std::wstring String(u32 id) {
-    const std::u16string text{platform::ResourceString(id)};
-    return WideText(text.c_str());
 }
 
 // Run with the user's language set to English.
@@ -42,10 +37,10 @@ TEST(Texts, EnglishUserReadsEnglish) {
     const auto plugin = Plugin::Start(problem);
     ASSERT_TRUE(plugin) << problem;
     const MenuItemDescriptor item = CommandItem();
-    EXPECT_EQ(WideText(item.text), L"Plyweld...");
-    EXPECT_EQ(WideText(item.description),
-              L"Merges contents of two or more layers into a single layer.");
-    EXPECT_EQ(String(22003), L"No Selection Exists.");
+    EXPECT_TRUE(std::u16string{item.text} == u"Plyweld...");
+    EXPECT_TRUE(std::u16string{item.description} ==
+                u"Merges contents of two or more layers into a single layer.");
+    EXPECT_TRUE(platform::ResourceString(22003) == u"No Selection Exists.");
 }
 
 // Run with the user's language set to Spanish.
@@ -54,42 +49,32 @@ TEST(Texts, SpanishUserReadsSpanish) {
     const auto plugin = Plugin::Start(problem);
     ASSERT_TRUE(plugin) << problem;
     const MenuItemDescriptor item = CommandItem();
-    EXPECT_EQ(WideText(item.text), L"Plyweld...");
-    EXPECT_EQ(WideText(item.description),
-              L"Unir el contenido de dos o m\u00e1s capas en una \u00fanica capa.");
-    EXPECT_EQ(String(20075), L"Todas las capas");
+    EXPECT_TRUE(std::u16string{item.text} == u"Plyweld...");
+    EXPECT_TRUE(std::u16string{item.description} ==
+                u"Unir el contenido de dos o m\u00e1s capas en una \u00fanica capa.");
+    EXPECT_TRUE(platform::ResourceString(20075) == u"Todas las capas");
 }
 
 TEST(PluginFile, CarriesItsVersion) {
-    const std::wstring file = (ProgramFolder() / kPluginFile).wstring();
-    DWORD ignored = 0;
-    std::vector<BYTE> block(GetFileVersionInfoSizeW(file.c_str(), &ignored));
-    ASSERT_FALSE(block.empty());
-    ASSERT_TRUE(
-        GetFileVersionInfoW(file.c_str(), 0, static_cast<DWORD>(block.size()), block.data()) != 0);
-    void* found = nullptr;
-    UINT size = 0;
-    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\", &found, &size) != 0);
-    const auto* fixed = static_cast<const VS_FIXEDFILEINFO*>(found);
-    EXPECT_EQ(fixed->dwFileVersionMS, (6U << 16U) | 10U);
-    ASSERT_TRUE(VerQueryValueW(block.data(), L"\\StringFileInfo\\040904B0\\FileVersion", &found,
-                               &size) != 0);
-    EXPECT_EQ(std::wstring{static_cast<const wchar_t*>(found)}, L"6.10");
+    const system_test::FileVersion version = system_test::VersionOf(ProgramFolder() / kPluginFile);
+    EXPECT_EQ(version.major, 6U);
+    EXPECT_EQ(version.minor, 10U);
+    EXPECT_EQ(version.text, L"6.10");
 }
 
 // What the plug-in answers when it is started from a folder that holds the named folder.
 i16 StartBeside(const wchar_t* neighbour) {
-    namespace fs = std::filesystem;
     const fs::path folder = fs::temp_directory_path() / L"plyweld folder check";
     fs::remove_all(folder);
     fs::create_directories(folder / neighbour);
     fs::copy_file(ProgramFolder() / kPluginFile, folder / kPluginFile);
-    HMODULE module = LoadLibraryW((folder / kPluginFile).c_str());
-    auto* init = reinterpret_cast<FinaleExtensionInitFunction*>(
-        reinterpret_cast<void*>(GetProcAddress(module, "FinaleExtensionInit")));
+    std::string problem;
     u32 flags = 0;
-    const i16 answer = init(nullptr, &flags);
-    FreeLibrary(module);
+    i16 answer = -1;
+    if (const auto library = Library::Open(folder / kPluginFile, problem)) {
+        answer =
+            Export<FinaleExtensionInitFunction>(*library, "FinaleExtensionInit")(nullptr, &flags);
+    }
     fs::remove_all(folder);
     return answer;
 }

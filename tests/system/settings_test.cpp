@@ -1,6 +1,4 @@
 // The command's options in the real registry: read at each run and stored after it.
-#include <windows.h>
-
 #include <gtest/gtest.h>
 #include <string>
 
@@ -68,7 +66,7 @@ protected:
     static void ExpectStored(const Bytes& bytes) {
         const auto value = ReadValue(kCurrentKey, kValue);
         ASSERT_TRUE(value);
-        EXPECT_EQ(value->type, static_cast<std::uint32_t>(REG_BINARY));
+        EXPECT_EQ(value->type, system_test::kBinary);
         EXPECT_EQ(value->bytes, bytes);
     }
 

@@ -10,6 +10,8 @@ namespace system_test {
 
 inline const std::wstring kBaseKey = L"Software\\ZKW\\Finale Plugin Prefs";
 
+inline constexpr std::uint32_t kBinary = 3;  // the registry's type of such a value
+
 struct Value {
     std::uint32_t type = 0;
     std::vector<std::uint8_t> bytes;
