@@ -27,6 +27,7 @@ void AddEighthNotes(standin::Document& document, int measures) {
         const u16 measure = document.AddMeasure(4, kQuarterNote);
         for (u16 layer = 0; layer < kLayers; ++layer) {
             std::vector<EXENTRY> entries;
+            entries.reserve(kEntriesPerLayer);
             for (int n = 0; n < kEntriesPerLayer; ++n) {
                 entries.push_back(Note(document.NewEntryNumber(), 7 - 3 * layer + n % 3));
             }

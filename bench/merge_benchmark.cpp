@@ -32,7 +32,7 @@ void Merge(benchmark::State& state) {
     standin::Document& document = app.OpenDocument(u"benchmark");
     bench::AddEighthNotes(document, measures);
     const EREGION whole = document.WholeRegion();
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         app.ResetCounts();
         const standin::cli::MergeRun run = standin::cli::RunMerge(document, whole, {});
         state.PauseTiming();
