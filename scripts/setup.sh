@@ -120,7 +120,7 @@ ensure_engraver() {
 
 # A Wine prefix of the project's own, made once.
 ensure_wine_prefix() {
-    export WINEPREFIX="$build/wine" WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml="
+    export WINEPREFIX="$build/wine" WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d"
     [ -e "$WINEPREFIX/.ready" ] && return 0
     say "Preparing Wine's prefix in build/wine"
     mkdir -p "$build"
