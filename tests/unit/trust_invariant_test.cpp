@@ -73,7 +73,7 @@ const FaultCase kFaults[] = {
          EntryAt(c, 1, 0, 2).elapsedTime -= 512;
          EntryAt(c, 1, 0, 2).actualDuration += 512;
      },
-     "layer 0 overlaps itself"},
+     "layer 0, 1536: the voice overlaps itself"},
     {"Longer", [](auto& c) { EntryAt(c, 1, 1, 2).actualDuration += 512; }, "the layer grew"},
     {"UnselectedMeasure", [](auto& c) { EntryAt(c, 2, 1, 0).fieldAt12 = 1; },
      "measure 2, layer 1: changed out of turn"},

@@ -5,14 +5,12 @@
 #include <set>
 #include <tuple>
 
-#include "host/score/detail_kinds.h"
 #include "host/score/tags.h"
+#include "tests/unit/support/frame_faults.h"
 #include "tests/unit/support/score_facts.h"
 
 namespace standin {
 namespace {
-
-constexpr i32 kRounding = 2;  // times inside tuplets are rounded to whole units
 
 // Of an expression's record; the others are filled after each load.
 constexpr std::size_t kHostsBytes = offsetof(MyExpressionAssign, hasPosition);
@@ -22,10 +20,6 @@ using Lines = std::vector<std::string>;
 
 i32 EndOf(const EXENTRY& entry) {
     return entry.elapsedTime + entry.actualDuration;
-}
-
-bool IsVoice2(const EXENTRY& entry) {
-    return (entry.flags & EntryFlag::kVoice2) != 0;
 }
 
 bool Includes(const Lines& all, const Lines& some) {
@@ -60,7 +54,7 @@ public:
         CompareOtherRecords();
         CheckLayers();
         CheckUnselected();
-        CheckFrames();
+        AddFaultsOfFrames(m_before, m_after, m_faults);
         return std::move(m_faults);
     }
 
@@ -130,10 +124,8 @@ private:
     void CompareCompany() {
         for (const EntryFacts& fact : m_factsBefore) {
             if (fact.IsNote() ? !HasCompany(fact) : !RestKeepsAll(fact)) {
-                Lines rest = fact.attachments;
-                Tell(fact, (fact.IsNote() ? fact.notes.front() + " parted from "
-                                          : "a rest parted from ") +
-                               Joined(rest));
+                Tell(fact, (fact.IsNote() ? fact.notes.front() : "a rest") + " parted from " +
+                               Joined(fact.attachments));
             }
         }
     }
@@ -291,7 +283,6 @@ private:
     }
 
     void CheckLayers() {
-        std::map<std::pair<Measure, std::string>, int> wasIn;  // notes of the destination
         std::map<u32, const EntryFacts*> before;
         for (const EntryFacts& fact : m_factsBefore) {
             before.emplace(fact.entry->entryNumber, &fact);
@@ -344,58 +335,6 @@ private:
                 m_faults.push_back("staff " + std::to_string(key.staff) + ", measure " +
                                    std::to_string(key.measure) + ", layer " +
                                    std::to_string(key.layer) + ": changed out of turn");
-            }
-        }
-    }
-
-    void CheckFrames() {
-        const std::map<u32, u32> flags = DetailFlagsByEntry(m_after);
-        std::map<Measure, i32> lengths;
-        for (const auto& [key, frame] : m_before.frames) {
-            i32& longest = lengths[MeasureOf(key)];
-            longest = std::max(longest, EndOfVoice1(frame));
-        }
-        for (const auto& [key, frame] : m_after.frames) {
-            if (EndOfVoice1(frame) > lengths[MeasureOf(key)] + kRounding) {
-                Tell(EntryFacts{&frame.entries.back(), key, "end", {}, {}}, "the layer grew");
-            }
-            CheckFrame(key, frame, flags);
-        }
-    }
-
-    static i32 EndOfVoice1(const Frame& frame) {
-        i32 end = 0;
-        for (const EXENTRY& entry : frame.entries) {
-            end = IsVoice2(entry) ? end : std::max(end, EndOf(entry));
-        }
-        return end;
-    }
-
-    void CheckFrame(FrameKey key, const Frame& frame, const std::map<u32, u32>& detailFlags) {
-        i32 ends[2] = {0, 0};
-        for (std::size_t i = 0; i < frame.entries.size(); ++i) {
-            const EXENTRY& entry = frame.entries[i];
-            const EntryFacts fact{&entry, key, std::to_string(entry.elapsedTime), {}, {}};
-            i32& end = ends[IsVoice2(entry) ? 1 : 0];
-            if (entry.elapsedTime < end - kRounding) {
-                Tell(fact, "layer " + std::to_string(key.layer) + " overlaps itself");
-            }
-            end = std::max(end, EndOf(entry));
-            const auto wanted = detailFlags.find(entry.entryNumber);
-            if ((entry.flags & StoredDetailFlags()) !=
-                (wanted == detailFlags.end() ? 0 : wanted->second)) {
-                Tell(fact, "detail flags out of step");
-            }
-            const bool launches = (entry.flags & EntryFlag::kLaunchVoice2) != 0;
-            const bool followed = i + 1 < frame.entries.size() && IsVoice2(frame.entries[i + 1]);
-            if (!IsVoice2(entry) && launches != followed) {
-                Tell(fact, launches ? "nothing to launch" : "voice 2 without its launch");
-            }
-            std::set<u16> ids;
-            for (i16 n = 0; n < entry.noteCount; ++n) {
-                if (entry.notes[n].noteID == 0 || !ids.insert(entry.notes[n].noteID).second) {
-                    Tell(fact, "note IDs that are not unique");
-                }
             }
         }
     }

@@ -1,0 +1,96 @@
+#include "tests/unit/support/frame_faults.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+#include <utility>
+
+#include "host/score/detail_kinds.h"
+#include "tests/unit/support/score_facts.h"
+
+namespace standin {
+namespace {
+
+constexpr i32 kRounding = 2;  // times inside tuplets are rounded to whole units
+
+i32 EndOf(const EXENTRY& entry) {
+    return entry.elapsedTime + entry.actualDuration;
+}
+
+bool IsVoice2(const EXENTRY& entry) {
+    return (entry.flags & EntryFlag::kVoice2) != 0;
+}
+
+i32 EndOfVoice1(const Frame& frame) {
+    i32 end = 0;
+    for (const EXENTRY& entry : frame.entries) {
+        end = IsVoice2(entry) ? end : std::max(end, EndOf(entry));
+    }
+    return end;
+}
+
+const char* FaultOfNotes(const EXENTRY& entry) {
+    std::set<u16> ids;
+    for (i16 i = 0; i < entry.noteCount; ++i) {
+        if (entry.notes[i].noteID == 0 || !ids.insert(entry.notes[i].noteID).second) {
+            return "note IDs that are not unique";
+        }
+    }
+    return nullptr;
+}
+
+const char* FaultOfLaunch(const Frame& frame, std::size_t index) {
+    const EXENTRY& entry = frame.entries[index];
+    const bool launches = (entry.flags & EntryFlag::kLaunchVoice2) != 0;
+    const bool followed = index + 1 < frame.entries.size() && IsVoice2(frame.entries[index + 1]);
+    if (IsVoice2(entry) || launches == followed) {
+        return nullptr;
+    }
+    return launches ? "nothing to launch" : "voice 2 without its launch";
+}
+
+void CheckFrame(FrameKey key, const Frame& frame, const std::map<u32, u32>& detailFlags,
+                std::vector<std::string>& faults) {
+    i32 ends[2] = {0, 0};  // of each voice
+    for (std::size_t i = 0; i < frame.entries.size(); ++i) {
+        const EXENTRY& entry = frame.entries[i];
+        const auto tell = [&](const char* what) {
+            if (what != nullptr) {
+                faults.push_back("staff " + std::to_string(key.staff) + ", measure " +
+                                 std::to_string(key.measure) + ", layer " +
+                                 std::to_string(key.layer) + ", " +
+                                 std::to_string(entry.elapsedTime) + ": " + what);
+            }
+        };
+        i32& end = ends[IsVoice2(entry) ? 1 : 0];
+        tell(entry.elapsedTime < end - kRounding ? "the voice overlaps itself" : nullptr);
+        end = std::max(end, EndOf(entry));
+        const auto wanted = detailFlags.find(entry.entryNumber);
+        const u32 flags = wanted == detailFlags.end() ? 0 : wanted->second;
+        tell((entry.flags & StoredDetailFlags()) != flags ? "detail flags out of step" : nullptr);
+        tell(FaultOfLaunch(frame, i));
+        tell(FaultOfNotes(entry));
+    }
+}
+
+}  // namespace
+
+void AddFaultsOfFrames(const DocumentContent& before, const DocumentContent& after,
+                       std::vector<std::string>& faults) {
+    std::map<std::pair<u16, u16>, i32> lengths;  // the longest layer by staff and measure
+    for (const auto& [key, frame] : before.frames) {
+        i32& longest = lengths[{key.staff, key.measure}];
+        longest = std::max(longest, EndOfVoice1(frame));
+    }
+    const std::map<u32, u32> detailFlags = DetailFlagsByEntry(after);
+    for (const auto& [key, frame] : after.frames) {
+        if (EndOfVoice1(frame) > lengths[{key.staff, key.measure}] + kRounding) {
+            faults.push_back("staff " + std::to_string(key.staff) + ", measure " +
+                             std::to_string(key.measure) + ", layer " + std::to_string(key.layer) +
+                             ": the layer grew");
+        }
+        CheckFrame(key, frame, detailFlags, faults);
+    }
+}
+
+}  // namespace standin

@@ -1,0 +1,16 @@
+// What no frame of a merged score may have.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/score/document.h"
+
+namespace standin {
+
+// Adds a line for each layer that grew or overlaps itself, each entry whose detail flags do not
+// tell of its details, each second voice without its launch, and note IDs that are not unique.
+void AddFaultsOfFrames(const DocumentContent& before, const DocumentContent& after,
+                       std::vector<std::string>& faults);
+
+}  // namespace standin
