@@ -98,10 +98,10 @@ std::multimap<u32, std::string> ShapeEndsOf(const DocumentContent& content) {
     }
     for (const auto& [key, bytes] : shapes->second) {
         const auto shape = FromBytes<EDTSmartShape>(bytes);
-        const std::string name = " of shape " + std::to_string(key.OtherItem());
-        const auto add = [&](const EDTSmartShapeEnd& end, const char* which) {
-            if (IsMarked(content, end.entryNumber, key.OtherItem())) {
-                ends.emplace(end.entryNumber, which + name);
+        const auto add = [&, number = key.OtherItem()](const EDTSmartShapeEnd& end,
+                                                       const char* which) {
+            if (IsMarked(content, end.entryNumber, number)) {
+                ends.emplace(end.entryNumber, which + (" of shape " + std::to_string(number)));
             }
         };
         add(shape.start, "start");

@@ -198,8 +198,9 @@ private:
         std::string text;
         for (int i = 0; i < count; ++i) {
             const int from = count > 3 ? static_cast<int>(std::size(kPitches)) : 8;
+            const int chosen = i + Below(std::max(1, from - i));
             std::swap(pitches[static_cast<std::size_t>(i)],
-                      pitches[static_cast<std::size_t>(i + Below(std::max(1, from - i)))]);
+                      pitches[static_cast<std::size_t>(chosen)]);
             text += i > 0 ? "," : "";
             text += Chance(8) ? "~" : "";
             text += pitches[static_cast<std::size_t>(i)];
