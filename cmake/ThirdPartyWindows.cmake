@@ -14,8 +14,10 @@ add_library(pugixml::pugixml ALIAS pugixml)
 
 # Plain zip files need no encryption and no other compression than zlib's.
 function(plyweld_add_libzip)
+  set(CMAKE_POLICY_DEFAULT_CMP0063 NEW)
   set(CMAKE_POLICY_DEFAULT_CMP0077 NEW)
   set(CMAKE_WARN_DEPRECATED OFF)
+  set(ZLIB_USE_STATIC_LIBS ON)
   foreach(option COMMONCRYPTO GNUTLS MBEDTLS OPENSSL WINDOWS_CRYPTO BZIP2 LZMA ZSTD)
     set(ENABLE_${option} OFF)
   endforeach()
