@@ -10,6 +10,7 @@
 #include "host/cli/output_file.h"
 #include "host/desktop/main_window.h"
 #include "host/desktop/script_player.h"
+#include "host/desktop/script_settings.h"
 
 namespace standin::desktop {
 
@@ -38,13 +39,32 @@ ScriptOptions ReadOptions(const std::vector<std::string>& arguments) {
     return options;
 }
 
+// What stands before the line "start" is there when the plug-in starts.
+bool PrepareSettings(std::vector<ScriptLine>& lines) {
+    const auto start = std::find_if(lines.begin(), lines.end(), [](const ScriptLine& line) {
+        return line.words[0] == "start";
+    });
+    if (start == lines.end()) {
+        return true;
+    }
+    const bool prepared = std::all_of(
+        lines.begin(), start, [](const ScriptLine& line) { return PrepareSetting(line.words); });
+    lines.erase(lines.begin(), start + 1);
+    return prepared;
+}
+
 int RunScript(const ScriptOptions& options) {
     std::ifstream file{options.script, std::ios::binary};
     const std::string text{std::istreambuf_iterator<char>{file}, {}};
-    const ScriptText script = ReadScript(text, SessionLanguage());
+    ScriptText script = ReadScript(text, SessionLanguage());
     if (script.lines.empty() || !script.problem.empty()) {
         std::fprintf(stderr, "%s: %s\n", cli::TextOf(options.script).c_str(),
                      script.problem.empty() ? "it holds no lines" : script.problem.c_str());
+        return kUnreadable;
+    }
+    if (!PrepareSettings(script.lines)) {
+        std::fprintf(stderr, "%s: the settings before the start were not written\n",
+                     cli::TextOf(options.script).c_str());
         return kUnreadable;
     }
     MainWindow window{options.menus};
@@ -55,6 +75,8 @@ int RunScript(const ScriptOptions& options) {
         failures =
             PlayScript({window, options.script.parent_path(), options.pictures, SessionLanguage()},
                        script.lines);
+        // A menu that is still open would not hear of the end.
+        SendMessageW(window.Window(), WM_CANCELMODE, 0, 0);
         PostThreadMessageW(windowThread, WM_QUIT, 0, 0);
     }};
     window.Run();

@@ -1,6 +1,5 @@
 #include "host/desktop/file_prompts.h"
 
-#include <commdlg.h>
 #include <string>
 
 namespace standin::desktop {

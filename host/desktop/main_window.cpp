@@ -1,11 +1,11 @@
 #include "host/desktop/main_window.h"
 
 #include <array>
-#include <commctrl.h>
 #include <exception>
 
 #include "host/desktop/commands.h"
 #include "host/desktop/layer_strip.h"
+#include "host/desktop/program_messages.h"
 #include "host/desktop/selection_text.h"
 #include "host/desktop/wide_text.h"
 #include "host/desktop/window_class.h"
@@ -19,8 +19,6 @@ constexpr wchar_t kClassName[] = L"PlyweldStandIn";
 constexpr wchar_t kProgramName[] = L"Finale";
 constexpr int kWidth = 1000;
 constexpr int kHeight = 640;
-// Runs the routine that the last parameter points to.
-constexpr UINT kRunRoutine = WM_APP + 1;
 
 HWND CreateMainWindow(WNDPROC procedure, void* object) {
     RegisterWindowClass(kClassName, procedure);
@@ -58,6 +56,7 @@ MainWindow::MainWindow(MenuBarKind menus)
 }
 
 MainWindow::~MainWindow() {
+    m_dialogs.CloseAll();
     m_plugin.reset();
     App().dialogs = nullptr;
     App().alertListener = nullptr;
@@ -115,6 +114,14 @@ LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
         case WM_COMMAND:
             CarryOut(LOWORD(word));
             return 0;
+        case kInputIsWaiting:
+            return HIWORD(GetQueueStatus(QS_INPUT)) != 0 ? 1 : 0;
+        case WM_ACTIVATE:
+            PostMessageW(m_window, kRaiseDialogs, 0, 0);
+            return DefWindowProcW(m_window, message, word, data);
+        case kRaiseDialogs:
+            RaiseDialogs();
+            return 0;
         case WM_CLOSE:
             if (CloseAll()) {
                 PostQuitMessage(0);
@@ -135,6 +142,13 @@ void MainWindow::StartPlugin() {
     DrawMenuBar(m_window);
     if (m_plugin == nullptr) {
         Tell(L"The plug-in was not loaded: " + WideFromUtf8(problem), MB_ICONWARNING);
+    }
+}
+
+// Some systems let a window that becomes active come before its own dialogs.
+void MainWindow::RaiseDialogs() const {
+    for (HWND dialog : m_pump.Dialogs()) {
+        SetWindowPos(dialog, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     }
 }
 

@@ -1,7 +1,6 @@
 #include "host/desktop/progress_window.h"
 
 #include <algorithm>
-#include <commctrl.h>
 #include <string>
 
 #include "host/desktop/wide_text.h"

@@ -1,7 +1,6 @@
 #include "host/desktop/screenshot.h"
 
 #include <algorithm>
-#include <objidl.h>
 
 #include "host/desktop/gdi_handles.h"
 

@@ -47,7 +47,7 @@ std::string Open(ScriptScene& scene, Words words) {
     return Done(opened, "the file was not opened");
 }
 
-// With the mouse: a click on the first measure or beat, a click with Shift on the last.
+// Drags the mouse from the first measure or beat to the last.
 std::string Select(ScriptScene& scene, Words words) {
     const auto staves = ReadRange(words[0]);
     const auto measures = ReadRange(words[1]);
@@ -55,26 +55,21 @@ std::string Select(ScriptScene& scene, Words words) {
     if (!staves || !measures || !beats) {
         return "staves, measures and beats are numbers from 1 or ranges such as 2-4";
     }
-    const bool byBeat = words.size() > 2;
-    const auto click = [&](int slot, int measure, int beat, bool extend) {
-        POINT place{};
-        scene.window.InWindowThread([&] {
-            const Document& document = *App().CurrentDocument();
-            const i32 length = document.Measure(static_cast<u16>(measure)).beatDuration;
-            place = scene.window.Grid().ScreenPoint({slot, measure, (beat - 1) * length});
-        });
-        std::vector<WORD> held;
-        if (byBeat) {
-            held.push_back(VK_CONTROL);
-        }
-        if (extend) {
-            held.push_back(VK_SHIFT);
-        }
-        ClickAt(place, held);
-    };
     Activate(scene, scene.window.Window());
-    click(staves->first, measures->first, beats->first, false);
-    click(staves->last, measures->last, beats->last, true);
+    POINT from{};
+    POINT to{};
+    scene.window.InWindowThread([&] {
+        const Document& document = *App().CurrentDocument();
+        const auto place = [&](int slot, int measure, int beat) {
+            const i32 length = document.Measure(static_cast<u16>(measure)).beatDuration;
+            return scene.window.Grid().ScreenPoint({slot, measure, (beat - 1) * length});
+        };
+        scene.window.Grid().ScrollToMeasure(measures->last);
+        from = place(staves->first, measures->first, beats->first);
+        to = place(staves->last, measures->last, beats->last);
+    });
+    const std::vector<WORD> held(words.size() > 2 ? 1 : 0, VK_CONTROL);
+    DragFromTo(scene.window.Window(), from, to, held);
     return {};
 }
 
@@ -119,10 +114,13 @@ std::string Click(ScriptScene& scene, Words words) {
     if (control == nullptr) {
         return "there is no such control";
     }
-    if (IsWindowVisible(control) == 0 || IsWindowEnabled(control) == 0 || !CanBeHit(control)) {
-        return "it is hidden, covered or disabled";
+    if (IsWindowVisible(control) == 0 || IsWindowEnabled(control) == 0) {
+        return "it is hidden or disabled";
     }
-    ClickAt(MiddleOf(control));
+    if (!CanBeHit(control)) {
+        return "another window covers it";
+    }
+    ClickAt(scene.window.Window(), MiddleOf(control));
     return {};
 }
 
@@ -134,12 +132,12 @@ std::string Choose(ScriptScene& scene, Words words) {
     const std::vector<std::wstring> items = ItemsOf(control);
     const auto item = std::find(items.begin(), items.end(), WideFromUtf8(words[1]));
     if (item == items.end()) {
-        PressKeys({VK_ESCAPE, {}});
+        PressKeys(scene.window.Window(), {VK_ESCAPE, {}});
         return "the list has no such item";
     }
     for (int waited = 0; waited < kPatience; waited += kLook) {
         if (const auto place = ItemPlace(control, static_cast<int>(item - items.begin()))) {
-            ClickAt(*place);
+            ClickAt(scene.window.Window(), *place);
             return {};
         }
         Sleep(kLook);
@@ -147,19 +145,19 @@ std::string Choose(ScriptScene& scene, Words words) {
     return "the item is not in view";
 }
 
-std::string Type(ScriptScene&, Words words) {
-    TypeText(WideFromUtf8(words[0]));
+std::string Type(ScriptScene& scene, Words words) {
+    TypeText(scene.window.Window(), WideFromUtf8(words[0]));
     return {};
 }
 
-std::string Key(ScriptScene&, Words words) {
+std::string Key(ScriptScene& scene, Words words) {
     const auto stroke = ReadKeyStroke(words[0]);
     const int times = words.size() > 1 ? Number(words[1]).value_or(1) : 1;
     if (!stroke) {
         return "there is no such key";
     }
     for (int i = 0; i < times; ++i) {
-        PressKeys(*stroke);
+        PressKeys(scene.window.Window(), *stroke);
     }
     return {};
 }
@@ -212,19 +210,6 @@ std::string MenuEvent(ScriptScene& scene, Words words) {
     return {};
 }
 
-std::string Forget(ScriptScene&, Words) {
-    DeleteAllSettings();
-    return {};
-}
-
-std::string Setting(ScriptScene&, Words words) {
-    if (words[2] == "absent") {
-        DeleteSetting(words[0], words[1]);
-        return {};
-    }
-    return Done(WriteSetting(words[0], words[1], words[2]), "the setting was not written");
-}
-
 std::string Protect(ScriptScene&, Words words) {
     return Done(ProtectSettings(words[0], true), "the settings cannot be protected");
 }
@@ -275,8 +260,6 @@ constexpr Step kSteps[] = {
     {"close", 0, Close},
     {"move", 2, Move},
     {"menu-event", 1, MenuEvent},
-    {"forget", 0, Forget},
-    {"setting", 3, Setting},
     {"protect", 1, Protect},
     {"unprotect", 1, Unprotect},
     {"screenshot", 1, Screenshot},
@@ -285,6 +268,9 @@ constexpr Step kSteps[] = {
 }  // namespace
 
 std::string TakeStep(ScriptScene& scene, const std::vector<std::string>& words) {
+    if (words[0] == "forget" || words[0] == "setting") {
+        return Done(PrepareSetting(words), "the setting was not written");
+    }
     const auto* found = std::find_if(std::begin(kSteps), std::end(kSteps),
                                      [&](const Step& known) { return known.name == words[0]; });
     if (found == std::end(kSteps) || words.size() < found->words + 1) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <span>
 
+#include "host/desktop/byte_pattern.h"
 #include "host/desktop/layer_strip.h"
 #include "host/desktop/script_screen.h"
 #include "host/desktop/script_settings.h"
@@ -27,7 +28,10 @@ std::string Found(bool asExpected, const char* otherwise) {
 std::string Join(const std::vector<std::wstring>& items) {
     std::string text;
     for (const std::wstring& item : items) {
-        text += (text.empty() ? "" : "|") + Utf8(item);
+        if (!text.empty()) {
+            text += '|';
+        }
+        text += Utf8(item);
     }
     return text;
 }
@@ -214,9 +218,10 @@ std::string Selection(ScriptScene& scene, Words words) {
 }
 
 std::string Setting(ScriptScene&, Words words) {
-    const auto digits = ReadSetting(words[0], words[1]);
-    const bool matches = digits ? MatchesDigits(words[2], *digits) : words[2] == "absent";
-    return matches ? std::string{} : "found " + digits.value_or("no such value");
+    const auto bytes = ReadSetting(words[0], words[1]);
+    const bool asExpected = bytes ? Matches(words[2], *bytes) : words[2] == "absent";
+    return asExpected ? std::string{}
+                      : "found " + (bytes ? DigitsOf(*bytes) : std::string{"no such value"});
 }
 
 struct Expectation {

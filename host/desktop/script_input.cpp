@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/desktop/program_messages.h"
 #include "host/desktop/script_line.h"
 #include "host/desktop/wide_text.h"
 
@@ -10,9 +11,11 @@ namespace standin::desktop {
 
 namespace {
 
-// Milliseconds between two inputs: as fast as a program can be used, slow enough for it to
-// have handled the one before.
-constexpr DWORD kBetweenInputs = 40;
+// Milliseconds.
+constexpr DWORD kBetweenInputs = 20;
+constexpr DWORD kSettled = 60;
+constexpr DWORD kPatience = 5000;
+constexpr int kTries = 20;
 
 struct KeyName {
     std::string_view name;
@@ -70,22 +73,48 @@ void SendMouse(POINT place, DWORD flags) {
     Send(input);
 }
 
+// Waits until no mouse or keyboard input waits for the program any more.
+void LetProgramWork(HWND mainWindow) {
+    for (DWORD waited = 0; waited < kPatience; waited += kBetweenInputs) {
+        Sleep(kBetweenInputs);
+        if (SendMessageW(mainWindow, kInputIsWaiting, 0, 0) == 0) {
+            return;
+        }
+    }
+}
+
+// Keys that are down until the scope ends.
 class KeysHeld {
 public:
-    explicit KeysHeld(const std::vector<WORD>& keys) : m_keys{keys} {
-        for (const WORD key : m_keys) {
-            SendKey(key, 0);
+    KeysHeld(HWND mainWindow, const std::vector<WORD>& keys)
+        : m_mainWindow{mainWindow}, m_keys{keys} {
+        // A window system may take keys back that its own keyboard does not hold.
+        for (int i = 0; i < kTries && !AreDown(); ++i) {
+            for (const WORD key : m_keys) {
+                SendKey(key, 0);
+            }
+            LetProgramWork(m_mainWindow);
+            Sleep(kSettled);
         }
     }
     ~KeysHeld() {
-        std::for_each(m_keys.rbegin(), m_keys.rend(),
-                      [](WORD key) { SendKey(key, KEYEVENTF_KEYUP); });
-        Sleep(kBetweenInputs);
+        LetProgramWork(m_mainWindow);
+        if (!m_keys.empty()) {
+            std::for_each(m_keys.rbegin(), m_keys.rend(),
+                          [](WORD key) { SendKey(key, KEYEVENTF_KEYUP); });
+            LetProgramWork(m_mainWindow);
+        }
     }
     KeysHeld(const KeysHeld&) = delete;
     KeysHeld& operator=(const KeysHeld&) = delete;
 
 private:
+    bool AreDown() const {
+        return std::all_of(m_keys.begin(), m_keys.end(),
+                           [](WORD key) { return GetAsyncKeyState(key) < 0; });
+    }
+
+    HWND m_mainWindow;
     const std::vector<WORD>& m_keys;
 };
 
@@ -106,36 +135,39 @@ std::optional<KeyStroke> ReadKeyStroke(std::string_view name) {
     return stroke;
 }
 
-void PressKeys(const KeyStroke& stroke) {
-    const KeysHeld held{stroke.held};
+void PressKeys(HWND mainWindow, const KeyStroke& stroke) {
+    const KeysHeld held{mainWindow, stroke.held};
     SendKey(stroke.key, 0);
     SendKey(stroke.key, KEYEVENTF_KEYUP);
 }
 
-void TypeText(std::wstring_view text) {
+void TypeText(HWND mainWindow, std::wstring_view text) {
     for (const wchar_t character : text) {
         SendCharacter(character, 0);
         SendCharacter(character, KEYEVENTF_KEYUP);
     }
-    Sleep(kBetweenInputs);
+    LetProgramWork(mainWindow);
 }
 
-void ClickAt(POINT place, const std::vector<WORD>& held) {
-    DragFromTo(place, place, held);
+void ClickAt(HWND mainWindow, POINT place, const std::vector<WORD>& held) {
+    DragFromTo(mainWindow, place, place, held);
 }
 
-void DragFromTo(POINT from, POINT to, const std::vector<WORD>& held) {
-    const KeysHeld keys{held};
+void DragFromTo(HWND mainWindow, POINT from, POINT to, const std::vector<WORD>& held) {
     SendMouse(from, 0);
-    Sleep(kBetweenInputs);
+    LetProgramWork(mainWindow);
+    if (!held.empty()) {
+        // Where the mouse comes into a window, the window system looks at its own keyboard.
+        Sleep(kSettled);
+    }
+    const KeysHeld keys{mainWindow, held};
     SendMouse(from, MOUSEEVENTF_LEFTDOWN);
+    LetProgramWork(mainWindow);
     if (from.x != to.x || from.y != to.y) {
-        Sleep(kBetweenInputs);
         SendMouse(to, 0);
-        Sleep(kBetweenInputs);
+        LetProgramWork(mainWindow);
     }
     SendMouse(to, MOUSEEVENTF_LEFTUP);
-    Sleep(kBetweenInputs);
 }
 
 }  // namespace standin::desktop

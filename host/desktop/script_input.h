@@ -18,11 +18,12 @@ struct KeyStroke {
 // Such as "Tab", "Shift+Tab", "Ctrl+Z", "F4". Nothing for an unknown name.
 std::optional<KeyStroke> ReadKeyStroke(std::string_view name);
 
-void PressKeys(const KeyStroke& stroke);
-void TypeText(std::wstring_view text);
-
+// Each of these returns when the program has taken the input, so that what comes next finds
+// the program as a person would. The window is the program's main window.
+void PressKeys(HWND mainWindow, const KeyStroke& stroke);
+void TypeText(HWND mainWindow, std::wstring_view text);
 // Screen coordinates. The keys are held meanwhile.
-void ClickAt(POINT place, const std::vector<WORD>& held = {});
-void DragFromTo(POINT from, POINT to, const std::vector<WORD>& held = {});
+void ClickAt(HWND mainWindow, POINT place, const std::vector<WORD>& held = {});
+void DragFromTo(HWND mainWindow, POINT from, POINT to, const std::vector<WORD>& held = {});
 
 }  // namespace standin::desktop

@@ -41,12 +41,6 @@ std::optional<POINT> WaitForItem(HWND mainWindow, const MenuPlace& place) {
     return std::nullopt;
 }
 
-void CloseMenus(HWND mainWindow) {
-    for (int i = 0; i < 4 && ShowsMenu(mainWindow); ++i) {
-        PressKeys({VK_ESCAPE, {}});
-    }
-}
-
 bool IsGreyed(const MenuPlace& place) {
     const UINT state = GetMenuState(place.menu, static_cast<UINT>(place.position), MF_BYPOSITION);
     return (state & (MF_GRAYED | MF_DISABLED)) != 0;
@@ -77,7 +71,7 @@ std::string ClickAlong(HWND mainWindow, const std::vector<std::string>& path,
             return path[depth] + " is greyed";
         }
         const bool isLast = depth + 1 == path.size();
-        ClickAt(point, isLast ? held : std::vector<WORD>{});
+        ClickAt(mainWindow, point, isLast ? held : std::vector<WORD>{});
         menu = GetSubMenu(menu, place->position);
     }
     return {};
@@ -122,7 +116,7 @@ std::string ChooseMenuItem(HWND mainWindow, const std::vector<std::string>& path
                            const std::vector<WORD>& held) {
     std::string problem = ClickAlong(mainWindow, path, held);
     if (!problem.empty()) {
-        CloseMenus(mainWindow);
+        SendMessageW(mainWindow, WM_CANCELMODE, 0, 0);
     }
     return problem;
 }

@@ -1,9 +1,9 @@
 #include "host/desktop/script_settings.h"
 
 #include <cstdint>
-#include <sddl.h>
 #include <vector>
 
+#include "host/desktop/byte_pattern.h"
 #include "host/desktop/windows_api.h"
 #include "platform/registry.h"
 
@@ -20,74 +20,52 @@ std::string PathOf(const std::string& key) {
     return key.empty() ? kBaseKey : std::string{kBaseKey} + "\\" + key;
 }
 
-std::string Digits(const std::vector<unsigned char>& bytes) {
-    constexpr char kDigits[] = "0123456789abcdef";
-    std::string digits;
-    for (const unsigned char byte : bytes) {
-        digits += kDigits[byte >> 4U];
-        digits += kDigits[byte & 15U];
-    }
-    return digits;
-}
-
-std::optional<unsigned> DigitOf(char character) {
-    if (character >= '0' && character <= '9') {
-        return static_cast<unsigned>(character - '0');
-    }
-    if (character >= 'a' && character <= 'f') {
-        return static_cast<unsigned>(character - 'a' + 10);
-    }
-    return std::nullopt;
-}
-
-std::optional<std::vector<unsigned char>> Bytes(std::string digits) {
-    std::erase(digits, ' ');
-    std::vector<unsigned char> bytes;
-    for (std::size_t i = 0; i + 1 < digits.size(); i += 2) {
-        const auto high = DigitOf(digits[i]);
-        const auto low = DigitOf(digits[i + 1]);
-        if (!high || !low) {
-            return std::nullopt;
-        }
-        bytes.push_back(static_cast<unsigned char>(*high << 4U | *low));
-    }
-    return digits.size() % 2 == 0 ? std::optional{bytes} : std::nullopt;
-}
-
-}  // namespace
-
-std::optional<std::string> ReadSetting(const std::string& key, const std::string& value) {
-    const auto opened = platform::RegistryKey::Open(PathOf(key), platform::KeyAccess::kRead);
-    std::uint32_t size = 0;
-    if (opened.QueryValue(value, nullptr, nullptr, &size) != platform::RegistryResult::kSuccess) {
-        return std::nullopt;
-    }
-    std::vector<unsigned char> bytes(size);
-    if (opened.QueryValue(value, nullptr, bytes.data(), &size) !=
-        platform::RegistryResult::kSuccess) {
-        return std::nullopt;
-    }
-    return Digits(bytes);
-}
-
-bool WriteSetting(const std::string& key, const std::string& value, const std::string& digits) {
-    const auto bytes = Bytes(digits);
+bool WriteSetting(const std::string& key, const std::string& value, const std::string& pattern) {
+    const auto bytes = BytesOf(pattern);
     auto opened = platform::RegistryKey::Create(PathOf(key));
     return bytes && opened &&
            opened.SetBinaryValue(value, bytes->data(), static_cast<std::uint32_t>(bytes->size())) ==
                platform::RegistryResult::kSuccess;
 }
 
-void DeleteSetting(const std::string& key, const std::string& value) {
+bool DeleteSetting(const std::string& key, const std::string& value) {
     auto opened = platform::RegistryKey::Open(PathOf(key), platform::KeyAccess::kAll);
-    if (opened) {
-        opened.DeleteValue(value);
-    }
+    return opened && opened.DeleteValue(value) == platform::RegistryResult::kSuccess;
 }
 
 void DeleteAllSettings() {
     RegDeleteTreeA(HKEY_CURRENT_USER, kMakerKey);
     RegDeleteKeyA(HKEY_CURRENT_USER, kMakerKey);
+}
+
+}  // namespace
+
+std::optional<std::vector<unsigned char>> ReadSetting(const std::string& key,
+                                                      const std::string& value) {
+    const auto opened = platform::RegistryKey::Open(PathOf(key), platform::KeyAccess::kRead);
+    platform::ValueType type{};
+    std::uint32_t size = 0;
+    if (opened.QueryValue(value, &type, nullptr, &size) != platform::RegistryResult::kSuccess) {
+        return std::nullopt;
+    }
+    std::vector<unsigned char> bytes(size);
+    if (opened.QueryValue(value, &type, bytes.data(), &size) !=
+        platform::RegistryResult::kSuccess) {
+        return std::nullopt;
+    }
+    return bytes;
+}
+
+bool PrepareSetting(const std::vector<std::string>& words) {
+    if (words[0] == "forget") {
+        DeleteAllSettings();
+        return true;
+    }
+    if (words[0] != "setting" || words.size() < 4) {
+        return false;
+    }
+    return words[3] == "absent" ? DeleteSetting(words[1], words[2])
+                                : WriteSetting(words[1], words[2], words[3]);
 }
 
 bool ProtectSettings(const std::string& key, bool isProtected) {
@@ -105,20 +83,6 @@ bool ProtectSettings(const std::string& key, bool isProtected) {
     LocalFree(rights);
     RegCloseKey(opened);
     return set;
-}
-
-bool MatchesDigits(const std::string& pattern, const std::string& digits) {
-    std::string compact = pattern;
-    std::erase(compact, ' ');
-    if (compact.size() != digits.size()) {
-        return false;
-    }
-    for (std::size_t i = 0; i < compact.size(); ++i) {
-        if (compact[i] != '?' && compact[i] != digits[i]) {
-            return false;
-        }
-    }
-    return true;
 }
 
 }  // namespace standin::desktop

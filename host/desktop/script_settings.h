@@ -1,23 +1,20 @@
 // The plug-in's stored settings, as a script reads and prepares them. Keys are those below
-// "Software\ZKW\Finale Plugin Prefs"; values are written as hexadecimal digits.
+// "Software\ZKW\Finale Plugin Prefs".
 #pragma once
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace standin::desktop {
 
 // Nothing when there is no such value.
-std::optional<std::string> ReadSetting(const std::string& key, const std::string& value);
-// False when the digits cannot be read or the value cannot be written.
-bool WriteSetting(const std::string& key, const std::string& value, const std::string& digits);
-void DeleteSetting(const std::string& key, const std::string& value);
-// Takes all of the plug-in's settings away.
-void DeleteAllSettings();
+std::optional<std::vector<unsigned char>> ReadSetting(const std::string& key,
+                                                      const std::string& value);
+// Carries out "forget", which takes all of the plug-in's settings away, or "setting KEY VALUE
+// BYTES", where "absent" takes the value away. False: it is neither, or it was not done.
+bool PrepareSetting(const std::vector<std::string>& words);
 // Lets nobody write settings below the key, or everybody again. False: the system refused.
 bool ProtectSettings(const std::string& key, bool isProtected);
-
-// The digits agree, where "?" in the pattern stands for any digit and blanks do not count.
-bool MatchesDigits(const std::string& pattern, const std::string& digits);
 
 }  // namespace standin::desktop

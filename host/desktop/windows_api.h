@@ -4,4 +4,9 @@
 
 #define WINDOWINFO SystemWINDOWINFO
 #include <windows.h>
+
+#include <commctrl.h>
+#include <commdlg.h>
+#include <objidl.h>
+#include <sddl.h>
 #undef WINDOWINFO

@@ -11,12 +11,11 @@ namespace standin::desktop {
 WindowsDialogs::WindowsDialogs(MessagePump& pump, HWND mainWindow)
     : m_pump{pump}, m_mainWindow{mainWindow} {}
 
-WindowsDialogs::~WindowsDialogs() {
+void WindowsDialogs::CloseAll() {
     while (!m_open.empty()) {
         HWND window = m_open.begin()->first;
-        // The plug-in hears no more of it.
-        Forget(window);
         DestroyWindow(window);
+        m_open.erase(window);
     }
 }
 

@@ -15,7 +15,10 @@ class WindowsDialogs final : public DialogService {
 public:
     // The main window owns dialogs that are opened without an owner.
     WindowsDialogs(MessagePump& pump, HWND mainWindow);
-    ~WindowsDialogs() override;
+    ~WindowsDialogs() override { CloseAll(); }
+
+    // Closes what is still open; the plug-in hears of it as of any other closing.
+    void CloseAll();
 
     i16 Dialog(u16 dialogNumber, DialogEventCallback callback, WindowHandle owner, u16 flags,
                void* dialogObject) override;

@@ -1,0 +1,166 @@
+// Selecting in the grid: what mouse and keyboard make of a score's staves, measures and beats.
+#include <gtest/gtest.h>
+#include <string>
+
+#include "host/desktop/grid_layout.h"
+#include "host/desktop/selection_editor.h"
+#include "host/desktop/selection_text.h"
+#include "tests/unit/support/stand_in.h"
+
+namespace standin::desktop {
+namespace {
+
+constexpr auto kMeasure = SelectionUnit::kMeasure;
+constexpr auto kBeat = SelectionUnit::kBeat;
+
+// Three staves; 4/4, a measure of two and a half quarters, 6/8 in dotted quarters.
+ScoreShape Shape() {
+    return {3, {{4096, 1024}, {2560, 1024}, {3072, 1536}}};
+}
+
+// "slots measure:position-measure:position"; a bar stands for the measure's end.
+std::string Text(const std::optional<EREGION>& region) {
+    if (!region) {
+        return "nothing";
+    }
+    const auto end = region->endPosition == kEndOfMeasure ? std::string{"|"}
+                                                          : std::to_string(region->endPosition);
+    return std::to_string(region->startSlot) + "-" + std::to_string(region->endSlot) + " " +
+           std::to_string(region->startMeasure) + ":" + std::to_string(region->startPosition) +
+           "-" + std::to_string(region->endMeasure) + ":" + end;
+}
+
+class Selecting : public testing::Test {
+protected:
+    Selecting() { editor.SetShape(Shape()); }
+    std::string Now() const { return Text(editor.Region()); }
+
+    SelectionEditor editor;
+};
+
+TEST_F(Selecting, ByMeasureCoversWholeMeasuresInEitherDirection) {
+    editor.Begin({2, 3, 100}, kMeasure);
+    EXPECT_EQ(Now(), "2-2 3:0-3:|");
+    editor.Extend({1, 1, 3000}, kMeasure);
+    EXPECT_EQ(Now(), "1-2 1:0-3:|");
+}
+
+TEST_F(Selecting, ByBeatCoversTheBeatsBothEndsLieIn) {
+    editor.Begin({1, 1, 2100}, kBeat);
+    EXPECT_EQ(Now(), "1-1 1:2048-1:3071");
+    editor.Extend({1, 1, 0}, kBeat);
+    EXPECT_EQ(Now(), "1-1 1:0-1:3071");
+    // The half beat at the end of the second measure ends with the measure.
+    editor.Extend({1, 2, 2559}, kBeat);
+    EXPECT_EQ(Now(), "1-1 1:2048-2:|");
+    // A beat of 6/8 is a dotted quarter.
+    editor.Begin({1, 3, 1600}, kBeat);
+    EXPECT_EQ(Now(), "1-1 3:1536-3:|");
+}
+
+TEST_F(Selecting, MixesABeatAndWholeMeasures) {
+    editor.Begin({1, 1, 1024}, kBeat);
+    editor.Extend({3, 2, 0}, kMeasure);
+    EXPECT_EQ(Now(), "1-3 1:1024-2:|");
+    editor.Begin({1, 2, 1024}, kBeat);
+    editor.Extend({1, 1, 0}, kMeasure);
+    EXPECT_EQ(Now(), "1-1 1:0-2:2047");
+    editor.WidenToMeasures();
+    editor.WidenToStaves();
+    EXPECT_EQ(Now(), "1-3 1:0-2:|");
+}
+
+TEST_F(Selecting, KeysMoveWithinTheScore) {
+    editor.Move(Direction::kRight, kMeasure, false);
+    EXPECT_EQ(Now(), "1-1 1:0-1:|") << "the first key selects the first measure";
+    editor.Move(Direction::kUp, kMeasure, false);
+    editor.Move(Direction::kLeft, kMeasure, true);
+    EXPECT_EQ(Now(), "1-1 1:0-1:|") << "the edges hold";
+    editor.Move(Direction::kDown, kMeasure, true);
+    for (int i = 0; i < 5; ++i) {
+        editor.Move(Direction::kRight, kMeasure, true);
+    }
+    EXPECT_EQ(Now(), "1-2 1:0-3:|");
+    editor.Move(Direction::kDown, kMeasure, false);
+    EXPECT_EQ(Now(), "3-3 3:0-3:|") << "without Shift the selection follows the end that moved";
+}
+
+TEST_F(Selecting, KeysMoveByBeatAcrossBarlines) {
+    editor.Begin({1, 1, 3072}, kBeat);
+    editor.Move(Direction::kRight, kBeat, true);
+    EXPECT_EQ(Now(), "1-1 1:3072-2:1023");
+    editor.Move(Direction::kLeft, kBeat, true);
+    editor.Move(Direction::kLeft, kBeat, true);
+    EXPECT_EQ(Now(), "1-1 1:2048-1:|");
+    // From a whole measure the next beat is the one after it.
+    editor.Begin({1, 1, 0}, kMeasure);
+    editor.Move(Direction::kRight, kBeat, false);
+    EXPECT_EQ(Now(), "1-1 2:0-2:1023");
+    editor.Begin({1, 1, 0}, kBeat);
+    editor.Move(Direction::kLeft, kBeat, false);
+    EXPECT_EQ(Now(), "1-1 1:0-1:1023");
+}
+
+TEST_F(Selecting, TakesOverARegionAndGivesItBack) {
+    for (const char* text : {"1-3 1:0-3:|", "2-2 1:1024-2:1023", "1-1 3:1536-3:|"}) {
+        SelectionEditor other;
+        other.SetShape(Shape());
+        EREGION region{};
+        char end[8] = {};
+        ASSERT_EQ(std::sscanf(text, "%hd-%hd %hd:%d-%hd:%7s", &region.startSlot, &region.endSlot,
+                              &region.startMeasure, &region.startPosition, &region.endMeasure, end),
+                  6);
+        region.endPosition = end[0] == '|' ? kEndOfMeasure : std::stoi(end);
+        other.Adopt(region);
+        EXPECT_EQ(Text(other.Region()), text);
+    }
+    editor.SelectAll();
+    editor.SetShape({1, {{4096, 1024}}});
+    EXPECT_EQ(Now(), "nothing") << "a smaller score does not hold the selection";
+    editor.SetShape({});
+    editor.SelectAll();
+    editor.Move(Direction::kRight, kBeat, true);
+    EXPECT_EQ(Now(), "nothing") << "nor does an empty one";
+}
+
+TEST(Grid, HitsWhatItDraws) {
+    const GridLayout layout{Shape()};
+    for (int slot = 1; slot <= 3; ++slot) {
+        for (int measure = 1; measure <= 3; ++measure) {
+            const PixelRect cell = layout.Cell(slot, measure);
+            for (const i32 position : {0, 1024, 2048}) {
+                const auto hit = layout.Hit(layout.XOf(measure, position) + 1, cell.bottom - 1);
+                ASSERT_TRUE(hit);
+                EXPECT_EQ(hit->slot, slot);
+                EXPECT_EQ(hit->measure, measure);
+                EXPECT_NEAR(hit->position, position, 110);
+            }
+        }
+    }
+    EXPECT_FALSE(layout.Hit(10, 60)) << "staff names";
+    EXPECT_FALSE(layout.Hit(300, 10)) << "measure numbers";
+    const auto beyond = layout.Nearest(100000, 100000);
+    ASSERT_TRUE(beyond);
+    EXPECT_EQ(beyond->slot, 3);
+    EXPECT_EQ(beyond->measure, 3);
+    EXPECT_LT(beyond->position, 3072);
+    EXPECT_FALSE(GridLayout{ScoreShape{}}.Nearest(200, 60));
+}
+
+TEST(SelectionInWords, SaysNoMoreThanNeeded) {
+    StandIn host{2, 6};
+    Document& score = host.Score();
+    const auto text = [&](EREGION region) {
+        score.selection = region;
+        return SelectionText(score);
+    };
+    const std::u16string first = score.AutoNumberedName(host.Staff(1));
+    const std::u16string one = first.empty() ? u"staff 1" : first;
+    EXPECT_EQ(SelectionText(score), u"Nothing is selected");
+    EXPECT_EQ(text({0, 1, 2, 0, 0, 1, 2, kEndOfMeasure}), one + u", measure 2");
+    EXPECT_EQ(text({0, 1, 2, 0, 0, 1, 5, kEndOfMeasure}), one + u", measure 2 to 5");
+    EXPECT_EQ(text({0, 1, 2, 1024, 0, 1, 2, 3071}), one + u", measure 2 beat 2 to 2 beat 3");
+}
+
+}  // namespace
+}  // namespace standin::desktop
