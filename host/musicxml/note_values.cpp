@@ -10,12 +10,14 @@ constexpr std::array<std::string_view, 15> kTypes{"",     "1024th", "512th", "25
                                                   "64th", "32nd",   "16th",  "eighth", "quarter",
                                                   "half", "whole",  "breve", "long",   "maxima"};
 
+constexpr NoteType kTypeCount = kTypes.size();
+
 constexpr i32 kShortest = 4;
 
 }  // namespace
 
 NoteType NoteTypeOf(std::string_view name) noexcept {
-    for (NoteType type = 1; type < kTypes.size(); ++type) {
+    for (NoteType type = 1; type < kTypeCount; ++type) {
         if (kTypes[type] == name) {
             return type;
         }
@@ -40,7 +42,7 @@ i32 NotatedLength(NoteType type, int dots) noexcept {
 }
 
 NoteValue ValueOfLength(i32 length) noexcept {
-    for (NoteType type = 1; type < kTypes.size(); ++type) {
+    for (NoteType type = 1; type < kTypeCount; ++type) {
         for (int dots = 0; dots <= 4; ++dots) {
             if (NotatedLength(type, dots) == length) {
                 return {type, dots};
