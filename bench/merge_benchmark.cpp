@@ -6,7 +6,8 @@
 #include <string>
 
 #include "bench/eighth_note_score.h"
-#include "host/cli/merge_run.h"
+#include "host/cli/plugin.h"
+#include "host/cli/stored_options.h"
 #include "host/score/application.h"
 
 namespace {
@@ -32,15 +33,22 @@ void Merge(benchmark::State& state) {
     standin::Document& document = app.OpenDocument(u"benchmark");
     bench::AddEighthNotes(document, measures);
     const EREGION whole = document.WholeRegion();
+    document.selection = whole;
+    const standin::cli::StoredOptions options{{}};
+    std::string problem;
+    const auto plugin = standin::cli::Plugin::Start(problem);
+    if (plugin == nullptr) {
+        state.SkipWithError(problem.c_str());
+        return;
+    }
     while (state.KeepRunning()) {
         app.ResetCounts();
-        const standin::cli::MergeRun run = standin::cli::RunMerge(document, whole, {});
+        plugin->RunCommand(&whole, whole);
         state.PauseTiming();
-        if (!run.problem.empty() || document.ChangedMeasures().size() != std::size_t(measures)) {
+        if (document.ChangedMeasures().size() != std::size_t(measures) || !document.Undo()) {
             state.SkipWithError("the merge failed");
             break;
         }
-        document.Undo();
         state.ResumeTiming();
     }
     const double staffMeasures = measures;
