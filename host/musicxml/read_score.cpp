@@ -89,7 +89,7 @@ std::u16string Utf16Of(std::string_view text) {
     const std::wstring wide = pugi::as_wide(std::string{text});
     std::u16string result;
     for (const wchar_t unit : wide) {
-        const u32 code = static_cast<u32>(unit);
+        const u32 code = std::char_traits<wchar_t>::to_int_type(unit);
         if (code >= 0x10000) {
             result.push_back(static_cast<char16>(0xD800U + ((code - 0x10000U) >> 10U)));
             result.push_back(static_cast<char16>(0xDC00U + ((code - 0x10000U) & 0x3FFU)));
