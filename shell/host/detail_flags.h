@@ -20,8 +20,8 @@ inline constexpr u32 kSmartShape = 0x00000020;
 
 // Those that stand for stored records; a flag of another kind is the whole detail.
 inline constexpr u32 kStored = kNoteMods | kArticulation | kLyric | kTuplet | kBeamExtension |
-                               kTieOrDotMods | kSecondaryBeamBreak | kStemOrBeamMods |
-                               kCrossStaff | kSmartShape;
+                               kTieOrDotMods | kSecondaryBeamBreak | kStemOrBeamMods | kCrossStaff |
+                               kSmartShape;
 
 // Flags that are the whole detail, and say nothing of a record.
 inline constexpr u32 kFrozenStem = 0x00000100;
