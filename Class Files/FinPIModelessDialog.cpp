@@ -64,6 +64,10 @@ i16 FinPIModeless::LoadWindowPosition(u16 keyOffset) {
     if (m_nextLive == nullptr) {
         return 0;
     }
+    // Where it stands now; its remembered place may be older, or none at all.
+    if (m_nextLive->Window() != nullptr && m_nextLive->m_minimized == 0) {
+        m_nextLive->RememberWindowPlace(m_nextLive->Window());
+    }
     SetPlace(static_cast<i16>(m_nextLive->Left() + kCascade),
              static_cast<i16>(m_nextLive->Top() + kCascade));
     return 1;

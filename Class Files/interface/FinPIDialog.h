@@ -91,6 +91,8 @@ protected:
 
     // Deletes the stored place that belongs to a key offset.
     void ForgetStoredPosition(u16 keyOffset) const;
+    // Takes left and top from the window; false: the system does not tell.
+    bool RememberWindowPlace(WindowHandle window);
 
     FinPI* m_owner;
     u16 m_dialogNumber;
@@ -122,8 +124,6 @@ private:
     i16 HandleMove(WindowHandle window, u64 eventWord, i64 eventLong);
     i16 HandleSystemCommand(WindowHandle window, u64 command, i64 eventLong);
     void PutWindowText(WindowHandle window) const;
-    // Takes left and top from the window; false: the system does not tell.
-    bool RememberWindowPlace(WindowHandle window);
     void PlaceWindow(WindowHandle window, u64 eventWord, i64 eventLong);
     void SaveWindowPosition(WindowHandle window, u64 eventWord, i64 eventLong);
     i16 PositionNumber(u16 keyOffset) const noexcept;

@@ -8,6 +8,21 @@
 
 namespace standin::desktop {
 
+namespace {
+
+// Where a dialog comes up unless it says otherwise: in the middle of its owner.
+void PlaceOver(HWND owner, HWND dialog) {
+    RECT above{};
+    RECT rect{};
+    GetWindowRect(owner, &above);
+    GetWindowRect(dialog, &rect);
+    SetWindowPos(dialog, nullptr, (above.left + above.right - rect.right + rect.left) / 2,
+                 (above.top + above.bottom - rect.bottom + rect.top) / 2, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
 WindowsDialogs::WindowsDialogs(MessagePump& pump, HWND mainWindow)
     : m_pump{pump}, m_mainWindow{mainWindow} {}
 
@@ -34,6 +49,7 @@ INT_PTR CALLBACK WindowsDialogs::Procedure(HWND window, UINT message, WPARAM wor
     if (message == WM_INITDIALOG) {
         auto* service = reinterpret_cast<WindowsDialogs*>(data);
         auto& created = service->m_open[window] = std::move(service->m_created);
+        PlaceOver(GetWindow(window, GW_OWNER), window);
         SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(created.get()));
     }
     auto* dialog = reinterpret_cast<OpenDialog*>(GetWindowLongPtrW(window, DWLP_USER));

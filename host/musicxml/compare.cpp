@@ -118,8 +118,8 @@ private:
         const EREGION& region = m_options.replaced->selection;
         const auto at = std::pair{i32{measure}, position};
         return staff >= region.startSlot && staff <= region.endSlot &&
-               at >= std::pair{i32{region.startMeasure}, region.startPosition} &&
-               at <= std::pair{i32{region.endMeasure}, region.endPosition};
+               at >= std::pair{i32{region.startMeasure}, i32{region.startPosition}} &&
+               at <= std::pair{i32{region.endMeasure}, i32{region.endPosition}};
     }
 
     bool IsExcepted(const MusicEntry& entry) const {

@@ -22,8 +22,8 @@ LayerContent ContentOfFrame(const Frame& frame) {
 bool IsIn(const EREGION& selection, u16 slot, u16 measure, i32 onset) {
     const auto at = std::pair{i32{measure}, onset};
     return slot >= selection.startSlot && slot <= selection.endSlot &&
-           at >= std::pair{i32{selection.startMeasure}, selection.startPosition} &&
-           at <= std::pair{i32{selection.endMeasure}, selection.endPosition};
+           at >= std::pair{i32{selection.startMeasure}, i32{selection.startPosition}} &&
+           at <= std::pair{i32{selection.endMeasure}, i32{selection.endPosition}};
 }
 
 const std::vector<EXENTRY>& EntriesOf(const Frame* frame) {
@@ -67,11 +67,11 @@ private:
         }
         std::unordered_set<u32> kept;
         for (const EXENTRY& entry : m_now) {
-            kept.insert(entry.entryNumber);
+            kept.insert(u32{entry.entryNumber});
         }
         m_result.restsFilled += static_cast<int>(
             std::count_if(m_before.begin(), m_before.end(), [&kept](const EXENTRY& entry) {
-                return entry.noteCount == 0 && !kept.contains(entry.entryNumber);
+                return entry.noteCount == 0 && !kept.contains(u32{entry.entryNumber});
             }));
     }
 
@@ -80,7 +80,7 @@ private:
         for (const EXENTRY& entry : EntriesOf(m_document.FindFrame(key))) {
             if (entry.noteCount > 0 &&
                 IsIn(m_selection, m_result.staff, key.measure, entry.elapsedTime)) {
-                m_result.stayed.push_back({layer, entry.elapsedTime, ReasonFor(entry)});
+                m_result.stayed.push_back({layer, i32{entry.elapsedTime}, ReasonFor(entry)});
             }
         }
     }

@@ -112,7 +112,7 @@ private:
 
     void AddSpanner(const SpannerAtEntry& end) {
         const EXENTRY* other = m_document.FindEntry(end.other.entryNumber);
-        const i32 position = other != nullptr ? other->elapsedTime : end.other.position;
+        const i32 position = other != nullptr ? i32{other->elapsedTime} : i32{end.other.position};
         const auto kind =
             end.isStart ? Attachment::Kind::kSpannerStart : Attachment::Kind::kSpannerEnd;
         const FrameKey home = m_document.HomeOf(end.other.entryNumber);
@@ -143,9 +143,11 @@ private:
             const std::vector<PartMeasure>& measures = m_score.parts[part].measures;
             for (std::size_t measure = 0; measure < measures.size(); ++measure) {
                 for (const MeasureItem& item : measures[measure].items) {
+                    const i32 position = item.closesMeasure
+                                             ? kEndOfMeasure
+                                             : static_cast<i32>(RoundToUnits(item.time));
                     m_music.items.push_back({static_cast<u16>(part + 1),
-                                             static_cast<u16>(measure + 1),
-                                             static_cast<i32>(RoundToUnits(item.time)),
+                                             static_cast<u16>(measure + 1), position,
                                              text.substr(item.begin, item.end - item.begin)});
                 }
             }

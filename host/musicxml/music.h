@@ -51,7 +51,7 @@ struct MusicEntry {
 struct MusicItem {
     u16 part = 0;  // from 1
     u16 measure = 0;
-    i32 position = 0;
+    i32 position = 0;  // kEndOfMeasure for what closes the measure
     std::string_view text;
 };
 

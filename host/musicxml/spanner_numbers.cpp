@@ -33,7 +33,8 @@ std::string_view InnerElement(std::string_view element) {
 
 Moment MomentOf(const Document& document, const EDTSmartShapeEnd& end) {
     const EXENTRY* entry = document.FindEntry(end.entryNumber);
-    return {end.measure, entry != nullptr ? entry->elapsedTime : end.position};
+    const i32 position = entry != nullptr ? i32{entry->elapsedTime} : i32{end.position};
+    return {end.measure, position};
 }
 
 // From when to when the number is taken. Voices are written one after the other, so a line

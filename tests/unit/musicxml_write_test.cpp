@@ -1,6 +1,4 @@
 // Writing back a score whose music changed.
-#include <regex>
-
 #include "host/musicxml/beam_writer.h"
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/tuplet_brackets.h"
@@ -58,7 +56,11 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
     std::string written = WriteScore(*score, {.rebuildAll = true});
     std::string expected = text;
     for (std::string* either : {&written, &expected}) {
-        *either = std::regex_replace(*either, std::regex{"\n *"}, "");
+        for (std::size_t line = either->find('\n'); line != std::string::npos;
+             line = either->find('\n')) {
+            either->erase(
+                line, std::max<std::size_t>(either->find_first_not_of(" \n", line), line) - line);
+        }
     }
     // Children of <notations> may stand in any order.
     for (const char* piece :

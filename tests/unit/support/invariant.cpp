@@ -15,6 +15,8 @@ namespace {
 // Of an expression's record; the others are filled after each load.
 constexpr std::size_t kHostsBytes = offsetof(MyExpressionAssign, hasPosition);
 
+constexpr u16 kAllLayers = 65535;
+
 using Facts = std::vector<EntryFacts>;
 using Lines = std::vector<std::string>;
 
@@ -71,7 +73,7 @@ private:
 
     bool IsSource(u16 layer) const {
         return layer != m_options.destination &&
-               (m_options.source == 65535 || m_options.source == layer);
+               (m_options.source == kAllLayers || m_options.source == layer);
     }
 
     // An entry's start as selections count.
@@ -148,24 +150,26 @@ private:
         });
     }
 
-    // What hung on a rest hangs on a rest of its time; a line may end on the entry that sounds
-    // there now.
+    // A line may end on what sounds now where its rest was; where several layers came in one
+    // after the other, on what begins earlier.
+    bool FitsShapeEnd(const EXENTRY& rest, const EXENTRY& now) const {
+        return rest.elapsedTime >= now.elapsedTime &&
+               (rest.elapsedTime < std::max(EndOf(now), 1) || m_options.source == kAllLayers);
+    }
+
+    // What else hung on a rest hangs on a rest of its time.
     bool RestKeepsAll(const EntryFacts& fact) {
         const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
-        return std::all_of(
-            fact.attachments.begin(), fact.attachments.end(), [&](const std::string& attachment) {
-                return std::any_of(
-                    candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
-                        const bool isThere = std::binary_search(
-                            other->attachments.begin(), other->attachments.end(), attachment);
-                        const bool fits =
-                            IsShapeEnd(attachment)
-                                ? fact.entry->elapsedTime >= other->entry->elapsedTime &&
-                                      fact.entry->elapsedTime < std::max(EndOf(*other->entry), 1)
-                                : !other->IsNote() && other->time == fact.time;
-                        return isThere && fits;
-                    });
+        const auto isKept = [&](const std::string& attachment) {
+            return std::any_of(candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
+                const bool fits = IsShapeEnd(attachment)
+                                      ? FitsShapeEnd(*fact.entry, *other->entry)
+                                      : !other->IsNote() && other->time == fact.time;
+                return fits && std::binary_search(other->attachments.begin(),
+                                                  other->attachments.end(), attachment);
             });
+        };
+        return std::all_of(fact.attachments.begin(), fact.attachments.end(), isKept);
     }
 
     void CompareAdded() {
@@ -205,7 +209,7 @@ private:
         return static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
     }
 
-    // The note entries at the expression's time in the layer that it is assigned to.
+    // The entries at the expression's time in the layer that it is assigned to.
     std::vector<const EntryFacts*> Under(const Facts& facts, u16 measure,
                                          const MyExpressionAssign& expression) const {
         std::vector<const EntryFacts*> under;
@@ -214,8 +218,8 @@ private:
         for (const EntryFacts& fact : facts) {
             const bool isGrace = (fact.entry->flags & EntryFlag::kGrace) != 0;
             if (fact.key.staff == static_cast<u16>(expression.staff) &&
-                fact.key.measure == measure && fact.key.layer == LayerOf(expression) &&
-                fact.IsNote() && !isGrace && fact.entry->elapsedTime == position) {
+                fact.key.measure == measure && fact.key.layer == LayerOf(expression) && !isGrace &&
+                fact.entry->elapsedTime == position) {
                 under.push_back(&fact);
             }
         }
@@ -253,8 +257,11 @@ private:
         }
         const auto music = Under(m_factsBefore, measure, before);
         const auto musicNow = Under(m_factsAfter, measure, after);
-        if (music.empty() || !IsSelected(measure, before)) {
-            return;  // it may follow a rest; outside the selection it stays
+        const bool hangsOnNotes =
+            !music.empty() && std::all_of(music.begin(), music.end(),
+                                          [](const EntryFacts* was) { return was->IsNote(); });
+        if (!hangsOnNotes || !IsSelected(measure, before)) {
+            return;  // it may go with a rest of either voice; outside the selection it stays
         }
         const bool found = std::any_of(music.begin(), music.end(), [&](const EntryFacts* was) {
             return std::any_of(musicNow.begin(), musicNow.end(), [was](const EntryFacts* is) {
