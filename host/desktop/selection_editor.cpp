@@ -109,7 +109,7 @@ void SelectionEditor::Adopt(const std::optional<EREGION>& region) {
         first.beat = region->startPosition / Measure(first.measure).beat;
     }
     if (region->endPosition < Measure(last.measure).duration - 1) {
-        last.beat = std::max(region->endPosition, 0) / Measure(last.measure).beat;
+        last.beat = std::max(i32{region->endPosition}, 0) / Measure(last.measure).beat;
     }
     m_span = Span{first, last};
 }

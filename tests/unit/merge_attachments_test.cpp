@@ -140,10 +140,10 @@ TEST(SmartShapes, FollowEitherEnd) {
     const u16 second = host.Slur({1, 1, 1, 1}, {1, 2, 1, 0});
     host.SelectAll();
     Plugin{}.Merge(host);
-    EXPECT_EQ(Shape(host.Score(), first).start.entryNumber, host.EntryNumber({1, 1, 0, 0}));
-    EXPECT_EQ(Shape(host.Score(), first).end.entryNumber, host.EntryNumber({1, 1, 0, 1}));
-    EXPECT_EQ(Shape(host.Score(), second).start.entryNumber, host.EntryNumber({1, 1, 0, 1}));
-    EXPECT_EQ(Shape(host.Score(), second).end.entryNumber, host.EntryNumber({1, 2, 0, 0}));
+    EXPECT_EQ(+Shape(host.Score(), first).start.entryNumber, host.EntryNumber({1, 1, 0, 0}));
+    EXPECT_EQ(+Shape(host.Score(), first).end.entryNumber, host.EntryNumber({1, 1, 0, 1}));
+    EXPECT_EQ(+Shape(host.Score(), second).start.entryNumber, host.EntryNumber({1, 1, 0, 1}));
+    EXPECT_EQ(+Shape(host.Score(), second).end.entryNumber, host.EntryNumber({1, 2, 0, 0}));
     EXPECT_EQ(App().calls.flagsOutOfStep, 0U);
 }
 
@@ -155,8 +155,8 @@ TEST(SmartShapes, OnAReplacedRestKeepTheirPlace) {
     host.SelectAll();
     Plugin{}.Merge(host);
     ASSERT_EQ(host.Layer(1, 1, 0), "q:c4 h:e4 q:c4");
-    EXPECT_EQ(Shape(host.Score(), shape).start.entryNumber, host.EntryNumber({1, 1, 0, 0}));
-    EXPECT_EQ(Shape(host.Score(), shape).end.entryNumber, host.EntryNumber({1, 1, 0, 1}));
+    EXPECT_EQ(+Shape(host.Score(), shape).start.entryNumber, host.EntryNumber({1, 1, 0, 0}));
+    EXPECT_EQ(+Shape(host.Score(), shape).end.entryNumber, host.EntryNumber({1, 1, 0, 1}));
     EXPECT_NE(host.Attached({1, 1, 0, 1}, Tag::kShapeOnEntry), "");
 }
 

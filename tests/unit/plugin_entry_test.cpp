@@ -134,7 +134,7 @@ TEST(Items, TheCommandAlone) {
     EXPECT_EQ(items[0].text, u"Plyweld...");
     EXPECT_EQ(items[0].description, u"Merges contents of two or more layers into a single layer.");
     EXPECT_EQ(items[0].skipsDialog, 0);
-    EXPECT_EQ(items[0].flags, 0x81U);
+    EXPECT_EQ(+items[0].flags, 0x81U);
     EXPECT_EQ(plugin.Status(0), 1);
     EXPECT_EQ(platform::headless::FireTimers(), 1);
     EXPECT_EQ(platform::headless::FireTimers(), 0);
@@ -154,10 +154,10 @@ TEST(Items, SavedSettings) {
     EXPECT_EQ(items[1].text, u"Slow...");
     EXPECT_EQ(items[1].description, u"Aplica ajustes guardados previamente de Plyweld.");
     EXPECT_EQ(items[1].skipsDialog, 0);
-    EXPECT_EQ(items[1].flags, 0x81U);
+    EXPECT_EQ(+items[1].flags, 0x81U);
     EXPECT_EQ(items[2].text, std::u16string(127, u'n'));
     EXPECT_EQ(items[2].skipsDialog, 1);
-    EXPECT_EQ(items[2].flags, 0x80U);
+    EXPECT_EQ(+items[2].flags, 0x80U);
 
     host.SelectNothing();
     EXPECT_EQ(plugin.Status(0), 1);

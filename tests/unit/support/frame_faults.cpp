@@ -65,7 +65,7 @@ void CheckFrame(FrameKey key, const Frame& frame, const std::map<u32, u32>& deta
         i32& end = ends[IsVoice2(entry) ? 1 : 0];
         tell(entry.elapsedTime < end - kRounding ? "the voice overlaps itself" : nullptr);
         end = std::max(end, EndOf(entry));
-        const auto wanted = detailFlags.find(entry.entryNumber);
+        const auto wanted = detailFlags.find(u32{entry.entryNumber});
         const u32 flags = wanted == detailFlags.end() ? 0 : wanted->second;
         tell((entry.flags & StoredDetailFlags()) != flags ? "detail flags out of step" : nullptr);
         tell(FaultOfLaunch(frame, i));

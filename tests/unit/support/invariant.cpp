@@ -292,11 +292,11 @@ private:
     void CheckLayers() {
         std::map<u32, const EntryFacts*> before;
         for (const EntryFacts& fact : m_factsBefore) {
-            before.emplace(fact.entry->entryNumber, &fact);
+            before.emplace(u32{fact.entry->entryNumber}, &fact);
         }
         std::map<u32, const EntryFacts*> after;
         for (const EntryFacts& fact : m_factsAfter) {
-            if (!after.emplace(fact.entry->entryNumber, &fact).second) {
+            if (!after.emplace(u32{fact.entry->entryNumber}, &fact).second) {
                 Tell(fact, "an entry that stands twice");
             }
         }

@@ -101,7 +101,7 @@ std::multimap<u32, std::string> ShapeEndsOf(const DocumentContent& content) {
         const auto add = [&, number = key.OtherItem()](const EDTSmartShapeEnd& end,
                                                        const char* which) {
             if (IsMarked(content, end.entryNumber, number)) {
-                ends.emplace(end.entryNumber, which + (" of shape " + std::to_string(number)));
+                ends.emplace(u32{end.entryNumber}, which + (" of shape " + std::to_string(number)));
             }
         };
         add(shape.start, "start");
@@ -142,7 +142,7 @@ std::vector<EntryFacts> FactsOf(const DocumentContent& content) {
             for (i16 i = 0; i < entry.noteCount; ++i) {
                 fact.notes.push_back(PrintNote(entry.notes[i]));
             }
-            if (const auto found = attachments.find(entry.entryNumber);
+            if (const auto found = attachments.find(u32{entry.entryNumber});
                 found != attachments.end()) {
                 for (const auto& [tag, bytes] : found->second) {
                     fact.attachments.push_back(Describe(tag, *bytes, entry));
