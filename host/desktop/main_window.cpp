@@ -1,5 +1,6 @@
 #include "host/desktop/main_window.h"
 
+#include <algorithm>
 #include <array>
 #include <exception>
 
@@ -116,12 +117,6 @@ LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
             return 0;
         case kInputIsWaiting:
             return HIWORD(GetQueueStatus(QS_INPUT)) != 0 ? 1 : 0;
-        case WM_ACTIVATE:
-            PostMessageW(m_window, kRaiseDialogs, 0, 0);
-            return DefWindowProcW(m_window, message, word, data);
-        case kRaiseDialogs:
-            RaiseDialogs();
-            return 0;
         case WM_CLOSE:
             if (CloseAll()) {
                 PostQuitMessage(0);
@@ -145,10 +140,19 @@ void MainWindow::StartPlugin() {
     }
 }
 
-// Some systems let a window that becomes active come before its own dialogs.
-void MainWindow::RaiseDialogs() const {
-    for (HWND dialog : m_pump.Dialogs()) {
-        SetWindowPos(dialog, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+// Some window managers let a window that becomes active come before its own dialogs.
+void MainWindow::KeepDialogsInFront() const {
+    const std::vector<HWND>& dialogs = m_pump.Dialogs();
+    if (dialogs.empty()) {
+        return;
+    }
+    HWND below = GetWindow(m_window, GW_HWNDNEXT);
+    while (below != nullptr) {
+        HWND next = GetWindow(below, GW_HWNDNEXT);
+        if (std::find(dialogs.begin(), dialogs.end(), below) != dialogs.end()) {
+            SetWindowPos(below, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        }
+        below = next;
     }
 }
 
@@ -162,6 +166,7 @@ void MainWindow::InWindowThread(const std::function<void()>& routine) const {
 
 // What the plug-in did while it handled the message, in its windows or in ours, is shown now.
 void MainWindow::AfterMessage() {
+    KeepDialogsInFront();
     if (App().progressDisplays.empty()) {
         m_progress.Finish();
     }

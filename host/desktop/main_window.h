@@ -48,7 +48,7 @@ private:
     LRESULT Handle(UINT message, WPARAM word, LPARAM data);
     void CreateParts();
     void Arrange() const;
-    void RaiseDialogs() const;
+    void KeepDialogsInFront() const;
 
     bool CarryOutFile(u16 command);
     bool CarryOutEdit(u16 command);

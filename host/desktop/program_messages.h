@@ -9,7 +9,5 @@ namespace standin::desktop {
 inline constexpr UINT kRunRoutine = WM_APP + 1;
 // Answers whether mouse or keyboard input waits for the window's thread.
 inline constexpr UINT kInputIsWaiting = WM_APP + 2;
-// Brings the open dialogs before the window.
-inline constexpr UINT kRaiseDialogs = WM_APP + 3;
 
 }  // namespace standin::desktop
