@@ -44,10 +44,6 @@ struct Fact {
     bool operator==(const Fact& other) const { return key == other.key; }
 };
 
-auto GroupOf(const MusicEntry& entry) {
-    return std::tie(entry.staff, entry.measure, entry.onset, entry.grace);
-}
-
 using Group = std::span<const MusicEntry>;
 
 class Comparison {
@@ -62,10 +58,17 @@ public:
     }
 
 private:
+    // What stands at one time. A merge may part the grace notes that lead to one note, and so
+    // change how far before it each of them stands.
+    std::array<i32, 4> GroupOf(const MusicEntry& entry) const {
+        const i32 grace = m_options.merged && entry.grace != 0 ? -1 : entry.grace;
+        return {entry.staff, entry.measure, entry.onset, grace};
+    }
+
     void CompareEntries() {
         auto a = m_before.entries.begin();
         auto b = m_after.entries.begin();
-        const auto takeGroup = [](auto& at, auto end, const MusicEntry& first) {
+        const auto takeGroup = [this](auto& at, auto end, const MusicEntry& first) {
             const auto begin = at;
             while (at != end && GroupOf(*at) == GroupOf(first)) {
                 ++at;

@@ -94,7 +94,7 @@ void MeasureWriter::CollectStreams() {
 void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t staff,
                                   bool voice2) {
     const std::vector<TimedEntry> entries =
-        TimedEntriesOf(frame, voice2, m_score.forms, m_original.divisions);
+        TimedEntriesOf(frame, voice2, m_score.forms, m_original.grid);
     const auto isFiller = [this](const TimedEntry& timed) {
         return IsFiller(*timed.entry, m_score.forms[timed.entry->fieldAt12]);
     };

@@ -91,6 +91,7 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
         end = NodeEnd(text, OffsetOf(last));
     }
     measure.bodyEnd = isEmpty ? measure.bodyBegin : std::min(text.find("</", end), text.size());
+    measure.grid = m_context.divisions.IsZero() ? Rational{1, 1} : m_context.divisions;
     EnsureMeasure();
     if (Problem problem = m_layers.Store()) {
         return problem;

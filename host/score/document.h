@@ -35,7 +35,7 @@ struct DocumentContent {
     bool operator==(const DocumentContent&) const = default;
 };
 
-class Document : private RecordListener {
+class Document final : private RecordListener {
 public:
     Document(u16 number, std::u16string path);
     ~Document();

@@ -119,6 +119,22 @@ TEST(Changed, AVoiceOfHiddenRestsVanishesButTheMeasureKeepsItsLength) {
     EXPECT_EQ(Count(WriteScore(*score), "<rest/>"), 1);
 }
 
+// Entries without an exact length of their own stand on the divisions that their measure names.
+TEST(Changed, NewRestsStandOnTheDivisionsOfTheirMeasure) {
+    const auto score =
+        Read(ScoreText({"<attributes><divisions>3</divisions></attributes>" +
+                        Note({.duration = 1, .type = "eighth"}) + Note({.duration = 2})}));
+    ASSERT_NE(score, nullptr);
+    std::vector<EXENTRY> entries = Entries(*score, 1, 0);
+    for (EXENTRY& entry : entries) {
+        entry.fieldAt12 = 0;
+    }
+    score->document->PutFrame({1, 1, 0}, entries);
+    const std::string written = WriteScore(*score);
+    EXPECT_EQ(Count(written, "<duration>1</duration>"), 1);
+    EXPECT_EQ(Count(written, "<duration>2</duration>"), 1);
+}
+
 // A slur that comes into a voice where another one has its number.
 TEST(Changed, SpannersThatMeetGetDifferentNumbers) {
     const std::string start = "<notations><slur type=\"start\" number=\"1\"/></notations>";
