@@ -20,7 +20,6 @@ constexpr int kMostFailures = 100;
 constexpr int kUnreadable = 101;
 
 struct ScriptOptions {
-    MenuBarKind menus = MenuBarKind::kFull;
     std::filesystem::path pictures = ".";
     std::filesystem::path script;
 };
@@ -28,9 +27,7 @@ struct ScriptOptions {
 ScriptOptions ReadOptions(const std::vector<std::string>& arguments) {
     ScriptOptions options;
     for (std::size_t i = 1; i < arguments.size(); ++i) {
-        if (arguments[i] == "--short-menus") {
-            options.menus = MenuBarKind::kShort;
-        } else if (arguments[i] == "--pictures" && i + 1 < arguments.size()) {
+        if (arguments[i] == "--pictures" && i + 1 < arguments.size()) {
             options.pictures = cli::PathOf(arguments[++i]);
         } else {
             options.script = cli::PathOf(arguments[i]);
@@ -39,16 +36,22 @@ ScriptOptions ReadOptions(const std::vector<std::string>& arguments) {
     return options;
 }
 
-// What stands before the line "start" is there when the plug-in starts.
-bool PrepareSettings(std::vector<ScriptLine>& lines) {
+// What stands before the line "start" is there when the plug-in starts: "short-menus", and
+// settings. False: a line of it is something else, or was not done.
+bool Prepare(std::vector<ScriptLine>& lines, MenuBarKind& menus) {
     const auto start = std::find_if(lines.begin(), lines.end(), [](const ScriptLine& line) {
         return line.words[0] == "start";
     });
     if (start == lines.end()) {
         return true;
     }
-    const bool prepared = std::all_of(
-        lines.begin(), start, [](const ScriptLine& line) { return PrepareSetting(line.words); });
+    const bool prepared = std::all_of(lines.begin(), start, [&menus](const ScriptLine& line) {
+        if (line.words[0] == "short-menus") {
+            menus = MenuBarKind::kShort;
+            return true;
+        }
+        return PrepareSetting(line.words);
+    });
     lines.erase(lines.begin(), start + 1);
     return prepared;
 }
@@ -62,13 +65,13 @@ int RunScript(const ScriptOptions& options) {
                      script.problem.empty() ? "it holds no lines" : script.problem.c_str());
         return kUnreadable;
     }
-    if (!PrepareSettings(script.lines)) {
-        std::fprintf(stderr, "%s: the settings before the start were not written\n",
+    MenuBarKind menus = MenuBarKind::kFull;
+    if (!Prepare(script.lines, menus)) {
+        std::fprintf(stderr, "%s: what stands before the start was not done\n",
                      cli::TextOf(options.script).c_str());
         return kUnreadable;
     }
-    MainWindow window{options.menus};
-    window.StartPlugin();
+    MainWindow window{menus};
     int failures = 0;
     const DWORD windowThread = GetCurrentThreadId();
     std::thread player{[&] {
@@ -79,6 +82,8 @@ int RunScript(const ScriptOptions& options) {
         SendMessageW(window.Window(), WM_CANCELMODE, 0, 0);
         PostThreadMessageW(windowThread, WM_QUIT, 0, 0);
     }};
+    // The plug-in may have something to say already, which the script answers.
+    window.StartPlugin();
     window.Run();
     player.join();
     return std::min(failures, kMostFailures);

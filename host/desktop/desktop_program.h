@@ -7,7 +7,7 @@
 namespace standin::desktop {
 
 // Whether the arguments ask for the window rather than for a command: none at all, files to
-// open, or "script [--short-menus] [--pictures FOLDER] SCRIPT".
+// open, or "script [--pictures FOLDER] SCRIPT".
 bool WantsWindow(const std::vector<std::string>& arguments);
 
 // Returns the exit code: for a script, how many of its lines failed (at most 100), or 101 when

@@ -117,10 +117,11 @@ void GridWindow::Press(int x, int y) {
     if (!point) {
         return;
     }
+    m_dragUnit = UnitOfKeys();
     if (IsDown(VK_SHIFT)) {
-        m_editor.Extend(*point, UnitOfKeys());
+        m_editor.Extend(*point, m_dragUnit);
     } else {
-        m_editor.Begin(*point, UnitOfKeys());
+        m_editor.Begin(*point, m_dragUnit);
     }
     m_dragging = true;
     SetCapture(m_window);
@@ -130,7 +131,7 @@ void GridWindow::Press(int x, int y) {
 void GridWindow::Drag(int x, int y) {
     const auto point = m_layout.Nearest(x + m_scrollX, y + m_scrollY);
     if (point) {
-        m_editor.Extend(*point, UnitOfKeys());
+        m_editor.Extend(*point, m_dragUnit);
         SelectionChanged();
         ScrollIntoView(*point);
     }

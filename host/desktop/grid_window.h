@@ -61,6 +61,7 @@ private:
     int m_scrollX = 0;
     int m_scrollY = 0;
     bool m_dragging = false;
+    SelectionUnit m_dragUnit = SelectionUnit::kMeasure;  // as the drag began
 };
 
 }  // namespace standin::desktop
