@@ -9,14 +9,26 @@
 namespace standin {
 namespace {
 
+// An end's entry may be gone, or have become a rest without any mark.
+bool IsMarked(const Document& document, u32 entry, u16 shape) {
+    const RecordStore::Table& marks = document.Records().OfTag(Tag::kShapeOnEntry);
+    for (auto at = marks.lower_bound(RecordKey::OfEntry(entry));
+         at != marks.end() && at->first.Entry() == entry; ++at) {
+        if (FromBytes<EDTSmartShapeEntMark>(at->second).shapeNumber == shape) {
+            return true;
+        }
+    }
+    return false;
+}
+
 void AddSpanner(const Document& document, u32 entry, u16 shape, EntryTexts& texts) {
     const Bytes* record = document.Records().Find(Tag::kSmartShape, RecordKey::Other(shape));
     if (record == nullptr) {
         return;
     }
     const auto ends = FromBytes<EDTSmartShape>(*record);
-    if (document.HomeOf(ends.start.entryNumber).staff == 0 ||
-        document.HomeOf(ends.end.entryNumber).staff == 0) {
+    if (!IsMarked(document, ends.start.entryNumber, shape) ||
+        !IsMarked(document, ends.end.entryNumber, shape)) {
         return;
     }
     SpannerText text{};

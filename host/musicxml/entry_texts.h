@@ -39,7 +39,7 @@ struct EntryTexts {
 };
 
 // Replaces what texts held. Of equal notes in a chord, details that all stand on the first are
-// shared out again. A spanner whose other end is gone is left out.
+// shared out again. A spanner whose other end is no longer marked is left out.
 void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts& texts);
 
 // Calls visit(element) for each element of a bundle: attributes first, then elements.

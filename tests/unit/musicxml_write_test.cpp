@@ -157,6 +157,15 @@ TEST(Changed, SpannersThatMeetGetDifferentNumbers) {
     EXPECT_EQ(Count(written, "type=\"stop\" number=\"2\""), 1);
 }
 
+TEST(Changed, ASpannerWithoutItsOtherEndIsLeftOut) {
+    const auto score =
+        Read(ScoreText({Note({.more = "<notations><slur type=\"start\"/></notations>"}) +
+                        Note({.more = "<notations><slur type=\"stop\"/></notations>"})}));
+    ASSERT_NE(score, nullptr);
+    score->document->Records().DeleteDetails(Entries(*score, 1, 0)[1].entryNumber);
+    EXPECT_EQ(Count(WriteScore(*score), "<slur"), 0);
+}
+
 TEST(Changed, ADirectionsVoiceFollowsItsExpressionsLayer) {
     const std::string direction =
         "<direction><direction-type><words>dolce</words></direction-type><voice>2</voice>"
