@@ -33,12 +33,12 @@ void AddSpanner(const Document& document, u32 entry, u16 shape, EntryTexts& text
     }
     SpannerText text{};
     std::memcpy(&text, reinterpret_cast<const char*>(&ends) + kSpannerTextOffset, sizeof(text));
-    if (ends.start.entryNumber == entry) {
+    if (ends.start.entryNumber == entry && text.start != 0) {
         texts.spanners.push_back({shape, text.start, true,
                                   (text.ends & SpannerEnd::kStartOnLaterNote) != 0, text.startPitch,
                                   ends.end});
     }
-    if (ends.end.entryNumber == entry) {
+    if (ends.end.entryNumber == entry && text.stop != 0) {
         texts.spanners.push_back({shape, text.stop, false,
                                   (text.ends & SpannerEnd::kStopOnLaterNote) != 0, text.stopPitch,
                                   ends.start});

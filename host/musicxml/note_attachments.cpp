@@ -306,14 +306,6 @@ void NoteAttachments::ReadTuplet(pugi::xml_node tuplet, std::string_view element
     brackets = m_fragments.InternCopy(all.append(element));
 }
 
-void NoteAttachments::KeepUnpaired(const SpannerEnding& ending) {
-    const bool isOrnament = ending.name == "wavy-line";
-    const EntryText record{isOrnament ? EntryTextKind::kOrnament : EntryTextKind::kNotation, 0,
-                           ending.fragment, 0};
-    m_records.Create(DetailTag::kArticulation, RecordKey::OfEntry(ending.entry, kAppend),
-                     BytesOf(record));
-}
-
 void NoteAttachments::StoreExtras(const NoteElement& note) {
     if (note.rest) {
         if (!m_notehead.empty()) {

@@ -31,9 +31,6 @@ public:
 
     void Read(const NoteElement& note, const EntryPlace& place);
 
-    // A spanner's end that has no other end stays a notation of its entry.
-    void KeepUnpaired(const SpannerEnding& ending);
-
     // The brackets that start and stop at the entry read last with its first note.
     FragmentId TupletStarts() const noexcept { return m_tupletStarts; }
     FragmentId TupletStops() const noexcept { return m_tupletStops; }

@@ -68,7 +68,8 @@ struct TieText {
     u8 unused12[24];
 };
 
-// In a smart shape's own bytes, from offset 36 on.
+// In a smart shape's own bytes, from offset 36 on. A line that lacks an end has no text for it,
+// and both of the shape's ends at the one entry.
 struct SpannerText {
     FragmentId start;
     FragmentId stop;

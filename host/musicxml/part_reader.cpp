@@ -53,10 +53,7 @@ Problem PartReader::Read(pugi::xml_node part) {
         }
         NameMeasure(measure.attribute("number").value());
     }
-    for (const SpannerEnding& ending : m_spanners.TakeUnpaired()) {
-        m_attachments.KeepUnpaired(ending);
-        m_document.RefreshDetailFlags(ending.entry);
-    }
+    m_spanners.KeepUnpaired();
     return {};
 }
 

@@ -37,9 +37,10 @@ Moment MomentOf(const Document& document, const EDTSmartShapeEnd& end) {
     return {end.measure, position};
 }
 
-// From when to when the number is taken. Voices are written one after the other, so a line
+// From when to when the number is taken: for a line without an end from the piece's start or to
+// its end. Voices are written one after the other, so a line
 // between two voices may end in the file before it begins: it needs its measures for itself.
-void SetSpan(const Document& document, Line& line) {
+void SetSpan(const Document& document, const SpannerText& text, Line& line) {
     const EDTSmartShape& record = line.record;
     line.begin = MomentOf(document, record.start);
     line.end = MomentOf(document, record.end);
@@ -48,6 +49,11 @@ void SetSpan(const Document& document, Line& line) {
     if (start.staff != end.staff || start.layer != end.layer) {
         line.begin.second = 0;
         line.end.second = kEndOfMeasure;
+    }
+    if (text.start == 0) {
+        line.begin = {};
+    } else if (text.stop == 0) {
+        line.end = {0xFFFF, kEndOfMeasure};
     }
 }
 
@@ -64,12 +70,13 @@ std::vector<Line> LinesOf(const ImportedScore& score) {
         line.record = FromBytes<EDTSmartShape>(bytes);
         SpannerText text{};
         std::memcpy(&text, bytes.data() + kSpannerTextOffset, sizeof(text));
-        const std::string_view element = InnerElement(score.fragments[text.start]);
+        const FragmentId end = text.start != 0 ? text.start : text.stop;
+        const std::string_view element = InnerElement(score.fragments[end]);
         line.shape = key.OtherItem();
         line.part = partOfStaff[line.record.start.staff];
         line.name = ElementName(element);
         line.number = IntegerOf(AttributeText(element, "number")).value_or(1);
-        SetSpan(*score.document, line);
+        SetSpan(*score.document, text, line);
         const Bytes* imported = score.document->ImportedRecord(Tag::kSmartShape, key);
         line.moved = imported == nullptr || *imported != bytes;
         lines.push_back(line);

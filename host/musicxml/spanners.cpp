@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 #include <tuple>
 #include <utility>
 
@@ -76,20 +75,34 @@ void Spanners::Stop(SpannerEnding stop) {
     }
 }
 
-std::vector<SpannerEnding> Spanners::TakeUnpaired() {
-    std::vector<SpannerEnding> unpaired = std::exchange(m_starts, {});
-    std::move(m_stops.begin(), m_stops.end(), std::back_inserter(unpaired));
-    m_stops.clear();
-    return unpaired;
-}
-
 void Spanners::Join(const SpannerEnding& start, const SpannerEnding& stop) {
-    EDTSmartShape shape{};
-    shape.start = EndOf(start);
-    shape.end = EndOf(stop);
     SpannerText text{start.fragment, stop.fragment, start.pitch, stop.pitch, 0};
     text.ends = static_cast<u16>((start.onLaterNote ? SpannerEnd::kStartOnLaterNote : 0U) |
                                  (stop.onLaterNote ? SpannerEnd::kStopOnLaterNote : 0U));
+    AddShape(start, stop, text);
+}
+
+// Both ends are at the one entry, so that the shape goes wherever that goes.
+void Spanners::KeepUnpaired() {
+    for (const SpannerEnding& ending : m_starts) {
+        AddShape(ending, ending,
+                 {ending.fragment, 0, ending.pitch, 0,
+                  ending.onLaterNote ? SpannerEnd::kStartOnLaterNote : u16{0}});
+    }
+    for (const SpannerEnding& ending : m_stops) {
+        AddShape(ending, ending,
+                 {0, ending.fragment, 0, ending.pitch,
+                  ending.onLaterNote ? SpannerEnd::kStopOnLaterNote : u16{0}});
+    }
+    m_starts.clear();
+    m_stops.clear();
+}
+
+void Spanners::AddShape(const SpannerEnding& start, const SpannerEnding& stop,
+                        const SpannerText& text) {
+    EDTSmartShape shape{};
+    shape.start = EndOf(start);
+    shape.end = EndOf(stop);
     std::memcpy(reinterpret_cast<char*>(&shape) + kSpannerTextOffset, &text, sizeof(text));
     AddSmartShape(m_document, shape);
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/musicxml/fragments.h"
+#include "host/musicxml/note_details.h"
 #include "host/score/document.h"
 
 namespace standin {
@@ -40,12 +40,13 @@ public:
     // written first.
     void EndMeasure();
 
-    // Ends that found no other end; forgets them.
-    std::vector<SpannerEnding> TakeUnpaired();
+    // Makes shapes of one end each of those that found no other end.
+    void KeepUnpaired();
 
 private:
     void Stop(SpannerEnding stop);
     void Join(const SpannerEnding& start, const SpannerEnding& stop);
+    void AddShape(const SpannerEnding& start, const SpannerEnding& stop, const SpannerText& text);
 
     Document& m_document;
     std::vector<SpannerEnding> m_measure;  // of the measure being read
