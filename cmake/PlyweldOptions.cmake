@@ -19,9 +19,7 @@ if(PLYWELD_SANITIZE)
   # Little optimization and line numbers alone: compiling takes half the time.
   set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1 -DNDEBUG")
   target_compile_options(plyweld_options INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer
-    # The host packs its records to two bytes; their wider fields lie where it puts them.
-    -fno-sanitize=alignment)
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(plyweld_options INTERFACE -fsanitize=address,undefined)
 endif()
 if(PLYWELD_COVERAGE)

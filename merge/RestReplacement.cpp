@@ -143,8 +143,9 @@ Replacement ExchangeKeepingShapes(FramePair& frames, const RestRun& run, const S
 void MatchTieEnds(const FinPIEntryPtr& target, const FinPIEntryPtr& source) {
     const i16 count = std::min(target->noteCount, source->noteCount);
     for (i16 i = 0; i < count; ++i) {
-        u32& flags = target->notes[i].flags;
-        flags = (flags & ~NoteFlag::kTieEnd) | (source->notes[i].flags & NoteFlag::kTieEnd);
+        auto& note = target->notes[i];
+        note.flags =
+            (note.flags & ~NoteFlag::kTieEnd) | (source->notes[i].flags & NoteFlag::kTieEnd);
     }
 }
 

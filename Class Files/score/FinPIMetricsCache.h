@@ -1,7 +1,7 @@
 // Metrics of entries, and the last answer on special part extraction, kept for one command.
 #pragma once
 
-#include <compare>
+#include <tuple>
 
 #include "shell/host/host_frames.h"
 
@@ -14,7 +14,10 @@ struct EntryKey {
     i16 measure;
     u32 entry;
 
-    auto operator<=>(const EntryKey&) const = default;
+    friend bool operator<(const EntryKey& left, const EntryKey& right) noexcept {
+        return std::tie(left.document, left.staff, left.measure, left.entry) <
+               std::tie(right.document, right.staff, right.measure, right.entry);
+    }
 };
 
 // The node stays where it is until ClearAll.

@@ -108,7 +108,7 @@ i16 FinPISmartShapeAssign::Save() {
 }
 
 i16 FinPISmartShapeAssign::Create() {
-    FinPISmartShape created{NextShapeNumber()};
+    Shape created{NextShapeNumber()};
     created.SetData(m_shape->GetData(), m_shape->GetDataSize());
     if (created.Create() == 0) {
         return 0;

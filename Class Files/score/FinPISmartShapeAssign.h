@@ -34,13 +34,18 @@ protected:
     FinPISmartShapeAssign(const FinPIEntryPtr& entry, u32 tag) : FinPISmartShapeMark{entry, tag} {}
 
 private:
+    class Shape final : public FinPISmartShape {
+    public:
+        using FinPISmartShape::FinPISmartShape;
+    };
+
     bool EndsHere() const { return m_shape->end.entryNumber == m_entry.Number(); }
     // The stored entry at the shape's end, owning its frame; invalid when there is none.
     FinPIEntryPtr FindEndEntry() const;
     bool DeleteEndMark();
     bool CreateEndMark();
 
-    std::optional<FinPISmartShape> m_shape;
+    std::optional<Shape> m_shape;
 };
 
 class FinPISmartShapeLyricAssign final : public FinPISmartShapeAssign {

@@ -76,7 +76,8 @@ TEST_F(CommandRun, OnlyTheSelectionChanges) {
                    "1", "--json"}),
               kDone)
         << errors;
-    for (const auto& measure : nlohmann::json::parse(output)["measures"]) {
+    const auto report = nlohmann::json::parse(output);
+    for (const auto& measure : report["measures"]) {
         EXPECT_EQ(measure["staff"], 1);
         EXPECT_GE(measure["measure"], 3);
         EXPECT_LE(measure["measure"], 4);

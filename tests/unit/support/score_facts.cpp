@@ -148,7 +148,7 @@ std::vector<EntryFacts> FactsOf(const DocumentContent& content) {
                     fact.attachments.push_back(Describe(tag, *bytes, entry));
                 }
             }
-            const auto [first, last] = shapeEnds.equal_range(entry.entryNumber);
+            const auto [first, last] = shapeEnds.equal_range(u32{entry.entryNumber});
             std::for_each(first, last,
                           [&fact](const auto& end) { fact.attachments.push_back(end.second); });
             AddFlagDetails(entry, fact.attachments);
