@@ -12,9 +12,9 @@ constexpr u32 kNumberUnits = 25;
 // Below this there is no room for a separator and a digit.
 constexpr i32 kLeastRoom = 3;
 
-// Returns the text's new length.
+// Returns the text's new length. A measure that is not there is no error of the run.
 i32 AppendMeasure(char16* buffer, i32 capacity, i32 length, char16 separator, i16 measure) {
-    if (capacity - length < kLeastRoom || FinPIMeas(static_cast<u16>(measure)).IsLoaded() == 0) {
+    if (capacity - length < kLeastRoom || MeasureRecord(static_cast<u16>(measure)).Load() == 0) {
         return length;
     }
     char16 number[kNumberUnits];

@@ -28,10 +28,13 @@ i16 LastPage() {
 }
 
 // The number of the staff system that holds the measure, searched from another one on. A
-// stale layout is brought up to date once. Leaves an error pending when that did not help.
+// stale layout is brought up to date once. Leaves an error pending when that did not help; one
+// that is pending already is of the music before, and stays.
 u16 FindStaffSystem(i16 measure, u16 searchFrom) {
+    const bool wasPending = ErrorIsPending();
     const FinPIStaffSystem system{measure, searchFrom};
-    if (!ErrorIsPending() || g_pendingError->m_msgID != FinPILoadEDataFailed::kMessage) {
+    if (wasPending || !ErrorIsPending() ||
+        g_pendingError->m_msgID != FinPILoadEDataFailed::kMessage) {
         return system.GetCmper1();
     }
     g_pendingError.reset();
@@ -58,6 +61,12 @@ i16 FinPI::DoProcessDocument(const EREGION& region, i16 /*walkMode*/, i16 /*repo
     EREGION selection{};
     EREGION wholeDocument{};
     Host::GetCurERegions(&result, &selection, &wholeDocument);
+    if (wholeDocument.endMeasure == 0) {  // refused: a walk over nothing must not pass for one
+        PostError(
+            FinPIAppError{"FinPI::DoProcessDocument", "Unable to read the document's extent."});
+        *continueFlag = 0;
+        return 0;
+    }
     const i16 layers = Host::GetMaxLayers();
     const u64 workSize = Extent(region.startMeasure, region.endMeasure) *
                          Extent(region.startSlot, region.endSlot) * static_cast<u64>(layers);

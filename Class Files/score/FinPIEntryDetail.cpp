@@ -148,40 +148,66 @@ u32 FinPIEntryDetail::RecordKey() const {
     return key;
 }
 
+u32 FinPIEntryDetail::CountOf(u32 tag) {
+    const DocumentScope scope{m_entry.Document()};
+    EntryDetailKey key{m_entry.Number(), kNewRecord};
+    u32 size = GetDataSize();
+    const bool found = scope && Host::PreviousEData(tag, static_cast<void*>(&key), MutableData(),
+                                                    &size, m_version) != 0;
+    return found && key.entryNumber == m_entry.Number() ? key.recordNumber + 1U : 0;
+}
+
+bool FinPIEntryDetail::IsStored(u32 tag) {
+    SelectRecord(0);
+    const bool isStored = LoadFrom(tag) != 0 || CountOf(tag) != 0;
+    SelectRecord(0);
+    return isStored;
+}
+
 bool FinPIEntryDetail::HasRecord() {
-    SelectRecord(0);
-    const bool found = LoadFrom(m_tag) != 0 || (m_secondTag != 0 && LoadFrom(m_secondTag) != 0);
-    SelectRecord(0);
-    return found;
+    return IsStored(m_tag) || (m_secondTag != 0 && IsStored(m_secondTag));
+}
+
+bool FinPIEntryDetail::CheckEndsBefore(u16 recordNumber) {
+    const bool hasNoRecords = GetDataSize() == 0;
+    if (hasNoRecords || CountOf(Tag()) == recordNumber) {
+        return true;
+    }
+    PostRecordError<FinPILoadEDataFailed>("FinPIEntryDetail::Load", Tag());
+    return false;
 }
 
 void FinPIEntryDetail::FollowStoredVariant() {
-    if (m_secondTag == 0) {
-        return;
-    }
-    SelectRecord(0);
-    if (LoadFrom(Tag()) == 0) {
+    if (m_secondTag != 0 && !IsStored(Tag())) {
         std::swap(m_tag, m_secondTag);
     }
-    SelectRecord(0);
 }
 
-bool FinPIEntryDetail::SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual) {
+FinPIEntryDetail::Search FinPIEntryDetail::SelectEqualRecord(const FinPIEntryDetail& source,
+                                                             u32 earlierEqual) {
     if (!HasNothing()) {
         u32 equal = 0;
-        for (u16 number = 0; LoadRecord(number); ++number) {
+        u16 number = 0;
+        for (; LoadRecord(number); ++number) {
             if (IsSkipped() == 0 && IsSame(source) != 0 && ++equal > earlierEqual) {
-                return true;
+                return Search::kFound;
             }
+        }
+        if (!CheckEndsBefore(number)) {
+            return Search::kInDoubt;
         }
     }
     SelectRecord(kNewRecord);
-    return false;
+    return Search::kNotFound;
 }
 
 i16 FinPIEntryDetail::CopyRecord(FinPIEntryDetail& source, u32 earlierEqual, const char* operation,
                                  i16& anyCopied) {
-    const bool exists = SelectEqualRecord(source, earlierEqual);
+    const Search search = SelectEqualRecord(source, earlierEqual);
+    if (search == Search::kInDoubt) {
+        return 0;
+    }
+    const bool exists = search == Search::kFound;
     if (IsApplicable(source) == 0 || CopyAttributes(source) == 0) {
         return 1;
     }
@@ -208,7 +234,8 @@ i16 FinPIEntryDetail::CopyDetail(FinPIEntryDetail& target, FinPIEntryDetail& sou
     }
     source.FollowStoredVariant();
     std::map<u32, u32> timesSeen;
-    for (u16 number = 0; source.LoadRecord(number); ++number) {
+    u16 number = 0;
+    for (; source.LoadRecord(number); ++number) {
         if (source.IsSkipped() == 0) {
             const u32 earlierEqual = timesSeen[source.RecordKey()]++;
             if (target.CopyRecord(source, earlierEqual, "FinPIEntryDetail::CopyDetail",
@@ -217,7 +244,7 @@ i16 FinPIEntryDetail::CopyDetail(FinPIEntryDetail& target, FinPIEntryDetail& sou
             }
         }
     }
-    return 1;
+    return source.CheckEndsBefore(number);
 }
 
 FinPIEntryDetail::Removal FinPIEntryDetail::DeleteAll() {
@@ -237,6 +264,7 @@ FinPIEntryDetail::Removal FinPIEntryDetail::DeleteAll() {
             removal.anyDeleted = true;
         }
     }
-    removal.leftNone = number == 0 && m_secondTag == 0;
+    removal.succeeded = CheckEndsBefore(number);
+    removal.leftNone = removal.succeeded && number == 0 && m_secondTag == 0;
     return removal;
 }

@@ -61,7 +61,7 @@ public:
     };
     // Deletes every record that is not skipped. The entry's flags stay.
     Removal DeleteAll();
-    // Whether a first record is stored for the entry, under either tag; loads none.
+    // Whether a record is stored for the entry, under either tag; loads none.
     bool HasRecord();
 
     const FinPIEntryPtr& Entry() const noexcept { return m_entry; }
@@ -75,6 +75,10 @@ protected:
     // Posts when the other is of another kind.
     bool CheckSameKind(const FinPIEntryDetail& other, const char* operation) const;
     bool LoadRecord(u16 recordNumber);
+    // Whether a record that did not load is not there because the records end before it: the
+    // host may have refused the load. Asks FX_PreviousEData, and posts a doubt, on which nothing
+    // that is to be moved may be deleted.
+    bool CheckEndsBefore(u16 recordNumber);
     i16 StemDirection() const;
     u32 Tag() const;
     void* MutableData() { return const_cast<void*>(GetData()); }
@@ -98,8 +102,13 @@ protected:
 
 private:
     i16 LoadFrom(u32 tag);
+    // How many records of the tag the host tells of, without a load.
+    u32 CountOf(u32 tag);
+    // By a load and by the count, so that one refused call hides no record.
+    bool IsStored(u32 tag);
     // Takes the records there are when none are of the stem's direction: music that came into
     // another layer can have turned the stem.
     void FollowStoredVariant();
-    bool SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual);
+    enum class Search { kFound, kNotFound, kInDoubt };
+    Search SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual);
 };

@@ -69,7 +69,8 @@ i16 FinPINoteDetail::CopyNoteDetail(FinPINoteDetail& target, FinPINoteDetail& so
         return 1;
     }
     std::map<std::pair<i16, u32>, u32> timesSeen;
-    for (u16 number = 0; source.LoadRecord(number); ++number) {
+    u16 number = 0;
+    for (; source.LoadRecord(number); ++number) {
         const i16 from = source.FindNoteOfRecord();
         if (from < 0) {
             continue;
@@ -86,5 +87,5 @@ i16 FinPINoteDetail::CopyNoteDetail(FinPINoteDetail& target, FinPINoteDetail& so
             return 0;
         }
     }
-    return 1;
+    return source.CheckEndsBefore(number);
 }

@@ -156,12 +156,16 @@ struct RefusedCase {
     const char* name;
     HostCall refused;
     bool isDelete;
+    const char* onTarget;  // articulations; equal ones are saved rather than created
     const char* error;
 };
 
 const RefusedCase kRefusedCases[] = {
-    {"Create", HostCall::kCreateEData, false, "29997 FinPIEntryDetail::Create: edIM"},
-    {"Delete", HostCall::kDeleteEData, true, "29995 FinPIEntryDetail::Delete: edIM"},
+    {"Create", HostCall::kCreateEData, false, nullptr, "29997 FinPIEntryDetail::Create: edIM"},
+    {"Save", HostCall::kSaveEData, false, "dot", "29996 FinPIEntryDetail::Save: edIM"},
+    {"Load", HostCall::kLoadEData, false, nullptr, "29998 FinPIEntryDetail::Load: edIM"},
+    {"Delete", HostCall::kDeleteEData, true, nullptr, "29995 FinPIEntryDetail::Delete: edIM"},
+    {"LoadBeforeDelete", HostCall::kLoadEData, true, nullptr, "29998 FinPIEntryDetail::Load: edIM"},
 };
 
 class Refused : public Details, public testing::WithParamInterface<RefusedCase> {};
@@ -170,6 +174,9 @@ TEST_P(Refused, FailsForThatKindAloneAndIsPosted) {
     Write("q:c4", "q:c4");
     host.Attach(Source(), kArticulation, "dot");
     host.Attach(Source(), kVerse, "la");
+    if (GetParam().onTarget != nullptr) {
+        host.Attach(Target(), kArticulation, GetParam().onTarget);
+    }
     LoadBoth();
     App().faults.refuseKind = FaultPlan::OfKind{GetParam().refused, 1, 1};
     if (GetParam().isDelete) {
@@ -185,14 +192,74 @@ TEST_P(Refused, FailsForThatKindAloneAndIsPosted) {
 INSTANTIATE_TEST_SUITE_P(Host, Refused, testing::ValuesIn(kRefusedCases),
                          [](const auto& test) { return test.param.name; });
 
-TEST_F(Details, ARefusedSaveOfAnEqualRecordIsPosted) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    host.Attach(Target(), kArticulation, "dot");
-    LoadBoth();
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kSaveEData);
-    EXPECT_EQ(Copy(kOntoChord), 0);
-    EXPECT_EQ(TakePendingError(), "29996 FinPIEntryDetail::Save: edIM");
+// A pair with several records of several kinds, moved as a merge moves them while the host
+// refuses calls: what is not at the target for certain must still be at the source.
+class FaultyMove final : public Details {
+public:
+    explicit FaultyMove(const FaultPlan& plan) {
+        Write("e:c4,e4 e:d4 h.:r", "e:c4,e4 e:d4 h.:r");
+        for (const Kind& kind : kKinds) {
+            for (const std::string_view content : kind.contents) {
+                host.Attach(Source(), kind.tag, content);
+            }
+        }
+        host.Attach(Target(), kArticulation, "b");
+        LoadBoth();
+        App().faults = plan;
+        const bool isCopied = Copy(kOntoChord) == 1;
+        const bool isDeleted = isCopied && Delete(kFromSource) == 1;
+        m_anyRefused = App().calls.refusedByPlan != 0;
+        App().faults = {};
+        EXPECT_EQ(TakePendingError().empty(), isDeleted);
+        for (const Kind& kind : kKinds) {
+            const std::string atSource = host.Attached(Source(), kind.tag);
+            EXPECT_TRUE(isCopied || atSource == kind.before) << kind.before;
+            EXPECT_TRUE(!isCopied || host.Attached(Target(), kind.tagAfter) == kind.after)
+                << kind.after;
+            EXPECT_TRUE(!isDeleted || atSource.empty()) << atSource;
+        }
+    }
+    void TestBody() override {}
+    bool AnyRefused() const { return m_anyRefused; }
+
+private:
+    struct Kind {
+        u32 tag;
+        std::vector<std::string_view> contents;
+        std::string before;
+        u32 tagAfter;  // the target's stem is down
+        std::string after;
+    };
+
+    const std::vector<Kind> kKinds{
+        {kArticulation, {"a", "b", "c"}, "a,b,c", kArticulation, "b,a,c"},
+        {kVerse, {"\1\1\1\1x", "\2\1\1\1y"}, "\1\1\1\1x,\2\1\1\1y", kVerse, "\1\1\1\1x,\2\1\1\1y"},
+        {kNotehead,
+         {{"\1\0n", 3}, {"\2\0m", 3}},
+         OfNote(1, "n") + "," + OfNote(2, "m"),
+         kNotehead,
+         OfNote(1, "n") + "," + OfNote(2, "m")},
+        {HostTag("edUE"), {"u", "v"}, "u,v", HostTag("edDE"), "u,v"},
+    };
+    bool m_anyRefused = false;
+};
+
+TEST(DetailFaults, NoRefusedCallLosesADetail) {
+    constexpr HostCall kCalls[] = {HostCall::kLoadEData, HostCall::kPreviousEData,
+                                   HostCall::kCreateEData, HostCall::kSaveEData,
+                                   HostCall::kDeleteEData};
+    for (const HostCall call : kCalls) {
+        for (const bool isOnlyOne : {true, false}) {
+            bool anyRefused = true;
+            for (u64 nth = 1; anyRefused; ++nth) {
+                SCOPED_TRACE(std::string{NameOf(call)} + " " + std::to_string(nth) +
+                             (isOnlyOne ? "" : " on"));
+                FaultPlan plan;
+                plan.refuseKind = FaultPlan::OfKind{call, nth, isOnlyOne ? nth : ~u64{0}};
+                anyRefused = FaultyMove{plan}.AnyRefused();
+            }
+        }
+    }
 }
 
 TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {

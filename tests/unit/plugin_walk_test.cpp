@@ -88,6 +88,19 @@ TEST(Walk, GivesUpOnALayoutThatCannotBeRead) {
     EXPECT_EQ(host.Score().Digest(), before);
 }
 
+TEST(Walk, StopsAtADetailInDoubtAndSaysSo) {
+    StandIn host{1, 2};
+    host.Layer(1, 1, 0, "w:c4");
+    host.Layer(1, 1, 1, "w:e4");
+    host.Attach({1, 1, 1, 0}, HostTag("edIM"), "dot");
+    host.SelectAll();
+    App().faults.refuseKind = FaultPlan::OfKind{HostCall::kPreviousEData, 1, 1};
+    const u64 before = host.Score().Digest();
+    Plugin{}.Merge(host);
+    ASSERT_EQ(App().alerts.size(), 1U) << "the staff system of measure 2 is no news of measure 1";
+    EXPECT_EQ(host.Score().Digest(), before);
+}
+
 TEST(Rebeam, WholeMeasuresAfterEachStaffMeasure) {
     StandIn host{2, 3};
     host.Layer(1, 1, 1, "e:c4 e:d4 e:e4 e:f4 h:g4");
