@@ -9,4 +9,4 @@ target_compile_definitions(test_command PRIVATE
   PLYWELD_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")
 target_link_libraries(test_command PRIVATE plyweld_command standin_callbacks nlohmann_json::nlohmann_json GTest::gtest_main)
 add_dependencies(test_command plyweld_plugin)
-gtest_discover_tests(test_command)
+add_test(NAME test_command COMMAND test_command)
