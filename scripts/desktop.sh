@@ -1,31 +1,55 @@
 # Runs FINALE.EXE with its window, played by scripts, under Wine. Sourced after setup.sh.
 
 # A Wine prefix with a desktop of its own, so that windows have their frames and keep their
-# places whatever the display does, with scores to open in C:\Scores.
+# places whatever the display does, and with scores to open in C:\Scores. Each name is a
+# prefix apart: what is played in one does not meet what is played in another.
 ensure_desktop_prefix() {
-    export WINEPREFIX="$build/wine-desktop" WINEARCH=win64 WINEDEBUG=-all
+    export WINEPREFIX="$build/wine-$1" WINEARCH=win64 WINEDEBUG=-all
+    # A program that crashes ends, instead of asking somebody.
     export WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
     mkdir -p "$build"
     if [ ! -e "$WINEPREFIX/.ready" ]; then
-        say "Preparing Wine's prefix in build/wine-desktop"
+        say "Preparing Wine's prefix in build/wine-$1"
         local key='HKCU\Software\Wine\Explorer'
         quietly with_display wine wineboot --init || fail "Wine could not make its prefix"
-        quietly wine reg add "$key" /v Desktop /d Default /f || fail "Wine's desktop was not set"
-        quietly wine reg add "$key\\Desktops" /v Default /d 1280x1024 /f ||
+        quietly with_display wine reg add "$key" /v Desktop /d Default /f &&
+            quietly with_display wine reg add "$key\\Desktops" /v Default /d 1280x1024 /f ||
             fail "Wine's desktop was not set"
         wine_server -w
         touch "$WINEPREFIX/.ready"
     fi
+    rm -rf "$WINEPREFIX/drive_c/Scores"
     mkdir -p "$WINEPREFIX/drive_c/Scores"
     cp "$top/examples/"*.musicxml "$WINEPREFIX/drive_c/Scores/"
 }
 
-# play LOCALE SCRIPT [OPTION...]: the program's exit code, its lines on standard output. What
-# goes wrong with the display itself is over after the time that a script has.
+# play LOCALE SCRIPT PICTURES: a line for each step on standard output, and the program's exit
+# code. Needs a display and a prefix; ends after two minutes whatever happens.
 play() {
-    local locale=$1 script=$2
-    shift 2
-    LOCPATH="$build/locale" LC_ALL=$locale timeout ${PLAY_LIMIT:-240} wine "$build/windows/FINALE.EXE" script \
-        "$@" "$script" </dev/null 2>/dev/null | tr -d '\r'
-    return "${PIPESTATUS[0]}"
+    local status=0
+    mkdir -p "$3"
+    LOCPATH="$build/locale" LC_ALL=$1 timeout 120 wine "$build/windows/FINALE.EXE" script \
+        --pictures "$3" "$2" </dev/null >"$3/.played" 2>/dev/null || status=$?
+    tr -d '\r' <"$3/.played"
+    rm -f "$3/.played"
+    return "$status"
+}
+
+# What ./run --dialog shows: the program used as a person would, with a picture of each step.
+# It is started anew for each script of the tour.
+show_tour() {
+    local pictures="$build/run/dialog" script picture
+    rm -rf "$pictures"
+    mkdir -p "$pictures"
+    for script in "$top/scripts/tour"/*.script; do
+        play C.UTF-8 "$script" "$pictures" >"$pictures/played.log" || {
+            cat "$pictures/played.log" >&2
+            fail "the tour did not go as it should"
+        }
+        rm "$pictures/played.log"
+    done
+    wine_server -k || true
+    for picture in "$pictures"/*.png; do
+        say "$(basename "$picture" .en.png): $picture"
+    done
 }

@@ -19,7 +19,7 @@ using Words = std::span<const std::string>;
 using Action = std::string (*)(ScriptScene& scene, Words words);
 
 constexpr int kRedrawn = 120;  // milliseconds until a change can be seen
-constexpr int kPatience = 2000;
+constexpr int kPatience = 4000;
 constexpr int kLook = 20;
 
 std::optional<int> Number(const std::string& text) {
@@ -30,6 +30,16 @@ std::optional<int> Number(const std::string& text) {
 
 std::string Done(bool done, const char* otherwise) {
     return done ? std::string{} : std::string{otherwise};
+}
+
+// The window the script works in, once it is there. Null when it does not come.
+HWND AwaitTarget(const ScriptScene& scene) {
+    HWND target = scene.Target();
+    for (int waited = 0; target == nullptr && waited < kPatience; waited += kLook) {
+        Sleep(kLook);
+        target = scene.Target();
+    }
+    return target;
 }
 
 // Brings a window to the front, as a click on its title would.
@@ -85,6 +95,12 @@ std::string ShowMenu(ScriptScene& scene, Words words) {
     return OpenMenu(scene.window.Window(), SplitText(words[0], '>'));
 }
 
+std::string CloseMenus(ScriptScene& scene, Words) {
+    SendMessageW(scene.window.Window(), WM_CANCELMODE, 0, 0);
+    Sleep(kRedrawn);
+    return {};
+}
+
 std::string In(ScriptScene& scene, Words words) {
     scene.title.reset();
     if (words[0] == "front") {
@@ -95,7 +111,7 @@ std::string In(ScriptScene& scene, Words words) {
         return {};
     }
     scene.title = WideFromUtf8(words[0]);
-    HWND target = scene.Target();
+    HWND target = AwaitTarget(scene);
     if (target == nullptr) {
         return "there is no such window";
     }
@@ -110,6 +126,7 @@ bool CanBeHit(HWND control) {
 }
 
 std::string Click(ScriptScene& scene, Words words) {
+    AwaitTarget(scene);
     HWND control = scene.Control(words[0]);
     if (control == nullptr) {
         return "there is no such control";
@@ -174,7 +191,7 @@ std::string Slow(ScriptScene& scene, Words words) {
 }
 
 std::string System(ScriptScene& scene, WPARAM command) {
-    HWND target = scene.Target();
+    HWND target = AwaitTarget(scene);
     PostMessageW(target, WM_SYSCOMMAND, command, 0);
     Sleep(kRedrawn);
     return Done(target != nullptr, "there is no window");
@@ -195,7 +212,7 @@ std::string Close(ScriptScene& scene, Words) {
 std::string Move(ScriptScene& scene, Words words) {
     const auto left = Number(words[0]);
     const auto top = Number(words[1]);
-    HWND target = scene.Target();
+    HWND target = AwaitTarget(scene);
     if (!left || !top || target == nullptr) {
         return "there is no window, or no place";
     }
@@ -248,6 +265,7 @@ constexpr Step kSteps[] = {
     {"select", 2, Select},
     {"menu", 1, Menu},
     {"show-menu", 1, ShowMenu},
+    {"close-menus", 0, CloseMenus},
     {"in", 1, In},
     {"click", 1, Click},
     {"choose", 2, Choose},

@@ -11,8 +11,10 @@ namespace standin::desktop {
 namespace {
 
 // How long a menu may take to come up, and between two looks; milliseconds.
-constexpr int kPatience = 3000;
+constexpr int kPatience = 1500;
 constexpr int kLook = 20;
+// A click soon after another at the same place is half of a double click, which opens no menu.
+constexpr int kTries = 3;
 
 POINT MiddleOf(const RECT& rect) {
     return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
@@ -46,7 +48,27 @@ bool IsGreyed(const MenuPlace& place) {
     return (state & (MF_GRAYED | MF_DISABLED)) != 0;
 }
 
-// Clicks from the bar down to the item at this depth of the path; the last click with the keys.
+POINT BarPlace(HWND mainWindow, const MenuPlace& place) {
+    RECT rect{};
+    GetMenuItemRect(mainWindow, place.menu, static_cast<UINT>(place.position), &rect);
+    return MiddleOf(rect);
+}
+
+// Opens a menu of the bar. False: it does not come up.
+bool OpenFromBar(HWND mainWindow, const MenuPlace& place) {
+    HMENU menu = GetSubMenu(place.menu, place.position);
+    for (int i = 0; i < kTries; ++i) {
+        ClickAt(mainWindow, BarPlace(mainWindow, place));
+        if (WaitForItem(mainWindow, {menu, 0})) {
+            return true;
+        }
+        SendMessageW(mainWindow, WM_CANCELMODE, 0, 0);
+        Sleep(GetDoubleClickTime());
+    }
+    return false;
+}
+
+// Clicks from the bar down to the item at the end of the path; the last click with the keys.
 std::string ClickAlong(HWND mainWindow, const std::vector<std::string>& path,
                        const std::vector<WORD>& held) {
     HMENU menu = GetMenu(mainWindow);
@@ -55,23 +77,20 @@ std::string ClickAlong(HWND mainWindow, const std::vector<std::string>& path,
         if (!place) {
             return "there is no menu item " + path[depth];
         }
-        POINT point{};
+        if (IsGreyed(*place)) {
+            return path[depth] + " is greyed";
+        }
         if (depth == 0) {
-            RECT rect{};
-            GetMenuItemRect(mainWindow, menu, static_cast<UINT>(place->position), &rect);
-            point = MiddleOf(rect);
+            if (!OpenFromBar(mainWindow, *place)) {
+                return "the menu " + path[depth] + " does not come up";
+            }
         } else {
             const auto shown = WaitForItem(mainWindow, *place);
             if (!shown) {
                 return "the menu with " + path[depth] + " does not come up";
             }
-            point = *shown;
+            ClickAt(mainWindow, *shown, depth + 1 == path.size() ? held : std::vector<WORD>{});
         }
-        if (IsGreyed(*place)) {
-            return path[depth] + " is greyed";
-        }
-        const bool isLast = depth + 1 == path.size();
-        ClickAt(mainWindow, point, isLast ? held : std::vector<WORD>{});
         menu = GetSubMenu(menu, place->position);
     }
     return {};
