@@ -94,6 +94,7 @@ void FinPIModeless::RunModeless() {
 bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& wholeDocument) {
     char16 undoText[kUndoTextUnits];
     GetUndoText(undoText, kUndoTextUnits, m_region);
+    g_pendingError.reset();  // the text does without what cannot be read
     UndoableEdit edit{undoText};
     bool changed = false;
     if (edit) {
@@ -106,5 +107,13 @@ bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& whole
     if (g_pendingError != nullptr && g_pendingError->m_msgID != 0) {
         failed = ReportPendingError() != 0 || failed;
     }
-    return !failed && edit.Keep() && changed;
+    if (failed) {
+        return false;
+    }
+    const bool kept = edit.Keep();
+    if (!kept && changed) {
+        PostError(FinPIAppError{"FinPIModeless::RunModeless", "Unable to end the edit."});
+        ReportPendingError();
+    }
+    return kept && changed;
 }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <map>
 
+#include "Class Files/foundation/FinPIException.h"
 #include "merge/EntryTools.h"
 #include "merge/ExpressionReassignment.h"
 #include "merge/FramePair.h"
@@ -10,12 +11,19 @@
 
 namespace {
 
+constexpr char kOperation[] = "Plyweld::MergeFrame";
+
 // From the index of a source entry to that of the destination entry it joins.
 using PairMap = std::map<i16, i16>;
 
 bool IsSelectedNote(const FinPIRegion& region, const FinPIEntryPtr& entry) {
     return entry.IsNote() && entry.Document() == region.DocumentID() &&
            region.ContainsTime(static_cast<i16>(entry.Measure()), entry.ScaledPosition());
+}
+
+// Without its durations no place in a frame can be told.
+bool IsMeasured(const FinPITGFPtr& frame) {
+    return !frame || (frame.NominalMeasureDuration() > 0 && frame.StaffMeasureDuration() > 0);
 }
 
 // A pair that would not fit into one chord is left alone, so that no note is lost; so is a
@@ -107,12 +115,22 @@ i16 Plyweld::MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destination
     const auto frame = [&](u16 layer) {
         return FinPITGFPtr{staff, static_cast<u16>(measure), layer};
     };
-    FramePair frames{{m_region, Host::GetCurrentEnigmaDocument()}, frame(sourceLayer), {}};
+    const u16 document = Host::GetCurrentEnigmaDocument();
+    if (document == 0) {  // nothing would count as selected
+        PostError(FinPINoOpenDocumentError{});
+        return 0;
+    }
+    FramePair frames{{m_region, document}, frame(sourceLayer), {}};
     if (frames.source && frames.source.Count() == 0) {
         return 1;
     }
     frames.destination = frame(destinationLayer);
-    frames.staffSelected = frames.region.ContainsStaff(staff);
+    const u16 slot = frames.region.SlotOfStaff(staff);
+    if (slot == 0 || !IsMeasured(frames.source) || !IsMeasured(frames.destination)) {
+        PostError(FinPIAppError{kOperation, "Unable to find the staff in the selection."});
+        return 0;
+    }
+    frames.staffSelected = frames.region.ContainsSlot(slot);
     frames.hideRests = m_configData.hideAddedRests != 0;
 
     const PairMap pairs = PairCoincidingEntries(frames);

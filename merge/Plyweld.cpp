@@ -32,6 +32,10 @@ bool Plyweld::MergesFrom(i16 layer) const {
 
 i16 Plyweld::ProcessStaffMeasure(i16 /*slot*/, u16 staff, i16 measure, u16 /*staffSystem*/) {
     const i16 layers = Host::GetMaxLayers();
+    if (layers <= 0) {
+        PostError(FinPIAppError{"Plyweld::ProcessStaffMeasure", "Unable to count the layers."});
+        return 0;
+    }
     for (i16 layer = 0; layer < layers; ++layer) {
         if (!MergesFrom(layer) || MergeFrame(staff, measure, static_cast<u16>(layer),
                                              m_configData.destinationLayer) != 0) {

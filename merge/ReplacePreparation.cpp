@@ -1,4 +1,6 @@
 // "Replace In Target": the host's own command on the destination layer, before the merge.
+#include <algorithm>
+
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIDoc.h"
 #include "merge/Plyweld.h"
@@ -17,6 +19,8 @@ void ActivateLayer(i16 layer) {
     Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
 }
 
+constexpr i16 kNoLayer = -1;
+
 // Only with the option on is the layer that shows the active one.
 i16 ShownLayer() {
     const i16 layers = Host::GetMaxLayers();
@@ -25,7 +29,7 @@ i16 ShownLayer() {
             return layer;
         }
     }
-    return 0;
+    return kNoLayer;
 }
 
 // For a host whose command leaves the option off, which then is on for the question alone.
@@ -68,10 +72,11 @@ i16 Plyweld::PrepareDocument() {
     }
     ReplaceInLayer(destination, optionOn);
     if (active != destination) {
-        ActivateLayer(active);
+        ActivateLayer(std::max<i16>(active, 0));
     }
-    if (!wasOn && document.ShowActiveLayerOnlyOption() != 0) {
-        Host::ExecuteMenuItem(kToggleShowActiveLayerOnly);
+    if (!wasOn && document.ShowActiveLayerOnlyOption() != 0 &&
+        Host::ExecuteMenuItem(kToggleShowActiveLayerOnly) == 0) {
+        document.SetShowActiveLayerOnlyOption(0);
     }
     return 1;
 }

@@ -55,6 +55,7 @@ i16 FinPIDoc::SetShowActiveLayerOnlyOption(i16 on) const {
         return 0;
     }
     prefs.showActiveLayerOnly = static_cast<u16>(on);
+    prefs.SetKeepWhenEmpty(true);  // options that are all off are still the document's options
     return prefs.Commit();
 }
 

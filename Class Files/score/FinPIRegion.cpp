@@ -114,7 +114,10 @@ i16 FinPIRegion::LastSlot() const {
 }
 
 bool FinPIRegion::ContainsStaff(u16 staff) const {
-    const int slot = SlotOfStaff(staff);
+    return ContainsSlot(SlotOfStaff(staff));
+}
+
+bool FinPIRegion::ContainsSlot(i32 slot) const noexcept {
     return slot > 0 && slot >= std::min(startSlot, endSlot) && slot <= std::max(startSlot, endSlot);
 }
 

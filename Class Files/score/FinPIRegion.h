@@ -45,6 +45,7 @@ public:
 
     // Whether the staff's slot lies between the region's; the slots may be in either order.
     bool ContainsStaff(u16 staff) const;
+    bool ContainsSlot(i32 slot) const noexcept;  // false for 0, which is no slot
     // No host call.
     bool ContainsTime(i16 measure, i32 position) const noexcept;
 

@@ -13,6 +13,7 @@ bool Admit(HostCall call, u32 version, bool anyVersion) noexcept {
     }
     if (Refuses(app.faults, app.calls, call)) {
         ++app.calls.refusedByPlan;
+        app.calls.firstRefused = app.calls.firstRefused.value_or(call);
         return false;
     }
     const bool isKnown =

@@ -50,6 +50,7 @@ public:
     u64 flagsOutOfStep = 0;  // entries saved with detail flags other than their details ask
     u64 framesBeamed = 0;    // by FX_RebeamRegion
     u64 progressReports = 0;
+    std::optional<HostCall> firstRefused{};  // because of the fault plan
 
 private:
     u64 m_total = 0;

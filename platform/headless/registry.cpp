@@ -39,6 +39,9 @@ struct Node {
 struct Registry {
     std::shared_ptr<Node> root = std::make_shared<Node>();
     std::array<int, 8> callsToRefusal{};  // by RegistryCall; 0 = none is refused
+    int calls = 0;
+    int firstRefused = 0;  // by number of the call; 0 = none
+    int lastRefused = 0;
     int openKeys = 0;
 };
 
@@ -48,8 +51,12 @@ Registry& TheRegistry() {
 }
 
 bool IsRefused(headless::RegistryCall call) noexcept {
-    int& left = TheRegistry().callsToRefusal[static_cast<std::size_t>(call)];
-    return left > 0 && --left == 0;
+    Registry& registry = TheRegistry();
+    ++registry.calls;
+    int& left = registry.callsToRefusal[static_cast<std::size_t>(call)];
+    const bool isNthOfKind = left > 0 && --left == 0;
+    return isNthOfKind ||
+           (registry.calls >= registry.firstRefused && registry.calls <= registry.lastRefused);
 }
 
 std::vector<std::string> SplitPath(const std::string& path) {
@@ -231,10 +238,22 @@ void ResetRegistry() {
     Registry& registry = TheRegistry();
     registry.root = std::make_shared<Node>();
     registry.callsToRefusal = {};
+    headless::RefuseRegistryCalls(0, 0);
 }
 
 void RefuseRegistryCall(RegistryCall call, int nth) {
     TheRegistry().callsToRefusal[static_cast<std::size_t>(call)] = nth;
+}
+
+void RefuseRegistryCalls(int first, int last) {
+    Registry& registry = TheRegistry();
+    registry.calls = 0;
+    registry.firstRefused = first;
+    registry.lastRefused = last;
+}
+
+int RegistryCalls() {
+    return TheRegistry().calls;
 }
 
 int OpenRegistryKeys() {

@@ -42,6 +42,11 @@ enum class RegistryCall {
 };
 // The nth call (from 1) of this kind counted from now is refused with kAccessDenied; 0 ends it.
 void RefuseRegistryCall(RegistryCall call, int nth);
+// Of the calls of every kind counted from now, those from the first to the last one, counted from
+// 1, are refused; 0 ends it.
+void RefuseRegistryCalls(int first, int last);
+// How many calls there were since then.
+int RegistryCalls();
 // Keys opened and not yet closed.
 int OpenRegistryKeys();
 

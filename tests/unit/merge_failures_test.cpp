@@ -1,4 +1,4 @@
-// Whatever the host refuses: a run ends whole, or leaves the score as it was and says so.
+// Refusals that a run goes on after, and those that it does not.
 #include <gtest/gtest.h>
 
 #include "platform/headless/session.h"
@@ -17,64 +17,6 @@ void Write(StandIn& host) {
     host.Slur({1, 1, 1, 1}, {1, 2, 1, 0});
     host.Expression(1, 1, 1024, 1);
     host.SelectAll();
-}
-
-// Every note once, alerts only with the score as it was.
-void ExpectWholeOrUntouched(StandIn& host, u64 before, const std::vector<std::string>& music,
-                            u64 refused) {
-    EXPECT_EQ(Music(host.Score()), music) << "call " << refused;
-    EXPECT_LE(App().alerts.size(), 1U) << "call " << refused;
-    if (!App().alerts.empty()) {
-        EXPECT_EQ(host.Score().Digest(), before) << "call " << refused;
-    }
-}
-
-TEST(Refusals, OfAnyOneCall) {
-    u64 refused = 1;
-    u64 reported = 0;
-    for (bool met = true; met; ++refused) {
-        StandIn host{1, 2};
-        Write(host);
-        const u64 before = host.Score().Digest();
-        const auto music = Music(host.Score());
-        App().ResetCounts();
-        App().faults.refuseCall = refused;
-        Plugin{}.Merge(host);
-        met = refused <= App().calls.Total();
-        reported += App().alerts.size();
-        if (App().calls.Of(HostCall::kEndMassEdit) == App().progressDisplaysOpened) {
-            App().progressDisplays.clear();  // asked for, and perhaps the call that was refused
-        }
-        ExpectWholeOrUntouched(host, before, music, refused);
-        if (HasFailure()) {
-            return;
-        }
-    }
-    EXPECT_GT(refused, 100U);
-    EXPECT_GT(reported, 20U);
-}
-
-TEST(Refusals, OfEveryCallFromOneOn) {
-    u64 refused = 1;
-    for (bool met = true; met && !HasFailure(); ++refused) {
-        StandIn host{1, 2};
-        Write(host);
-        const u64 before = host.Score().Digest();
-        App().ResetCounts();
-        App().faults.refuseFrom = refused;
-        Plugin{}.Merge(host);
-        met = refused <= App().calls.Total();
-        App().faults = {};
-        // The host may have refused the rolling back as well.
-        if (host.Score().IsEditOpen()) {
-            host.Score().CancelEdit();
-            EXPECT_EQ(host.Score().Digest(), before) << "from call " << refused;
-        }
-        App().progressDisplays.clear();
-        if (App().CurrentDocument() == nullptr) {
-            ADD_FAILURE() << "no document is current from call " << refused;
-        }
-    }
 }
 
 struct KindCase {
@@ -168,15 +110,6 @@ TEST(Failures, AnotherDocumentBecomesCurrent) {
             return;
         }
     }
-}
-
-TEST(GuardedFrames, AreNeverOverrun) {
-    StandIn host{1, 2};
-    Write(host);
-    App().faults.guardFrames = true;
-    Plugin{}.Merge(host);
-    EXPECT_EQ(host.Layer(1, 1, 0), "gs:c5,g4 q:c4,e4 q:f4 (3:2 e:g4 e:a4 e:b4) q:c5");
-    EXPECT_TRUE(App().alerts.empty());
 }
 
 // Callbacks that an older host does not export.

@@ -50,11 +50,16 @@ i16 Plugin::Invoke(StandIn& host, u16 item) const {
     return m_invoke(nullptr, item, selection, &whole);
 }
 
+i16 Plugin::InvokeWithShift(StandIn& host) const {
+    platform::headless::HoldShift(true);
+    const i16 result = Invoke(host);
+    platform::headless::HoldShift(false);
+    return result;
+}
+
 void Plugin::Merge(StandIn& host, const MergeOptions& options) const {
     Store(options);
-    platform::headless::HoldShift(true);
-    Invoke(host);
-    platform::headless::HoldShift(false);
+    InvokeWithShift(host);
 }
 
 void Plugin::Store(const MergeOptions& options) {

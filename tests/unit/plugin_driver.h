@@ -36,7 +36,9 @@ public:
     i16 Status(i16 item) const { return m_status(item); }
     // With the score's own selection.
     i16 Invoke(StandIn& host, u16 item = 0) const;
-    // Stores the options, holds Shift and invokes the command: one run without its dialog.
+    // Holds Shift: one run without the dialog.
+    i16 InvokeWithShift(StandIn& host) const;
+    // Stores the options, then runs with Shift.
     void Merge(StandIn& host, const MergeOptions& options = {}) const;
 
     static void Store(const MergeOptions& options);

@@ -24,21 +24,6 @@ std::string Lines(const std::string& title, const std::vector<std::string>& line
     return text;
 }
 
-// What the merge starts from: with replacing, the score as the host leaves it when it has
-// cleared the destination.
-DocumentContent StartOf(Document& document, const MergeOptions& options) {
-    if (options.mode == 0) {
-        return document.Content();
-    }
-    document.BeginEdit(u"clear");
-    App().activeLayer = static_cast<i16>(options.destination);
-    RunMenuCommand(MenuCommand::kClearLayer);
-    DocumentContent cleared = document.Content();
-    document.CancelEdit();
-    App().activeLayer = 0;
-    return cleared;
-}
-
 std::string LeftOver(StandIn& host) {
     const Application& app = App();
     std::string text;
@@ -91,7 +76,7 @@ Outcome MergeAndCheck(const Plugin& plugin, const WrittenScore& written) {
     const std::unique_ptr<StandIn> host = Build(written);
     Document& document = host->Score();
     const DocumentContent before = document.Content();
-    const DocumentContent start = StartOf(document, written.options);
+    const DocumentContent start = StartOfMerge(document, written.options);
     App().ResetCounts();
     App().alerts.clear();
     App().faults.guardFrames = true;

@@ -5,6 +5,7 @@
 #include <set>
 #include <tuple>
 
+#include "host/score/application.h"
 #include "host/score/tags.h"
 #include "tests/unit/support/frame_faults.h"
 #include "tests/unit/support/score_facts.h"
@@ -32,6 +33,19 @@ bool IsShapeEnd(const std::string& attachment) {
     return attachment.find(" of shape ") != std::string::npos;
 }
 
+// Its last staff is found in the list of its start, when it stands there, else in the score's own.
+EREGION InOneStaffList(const Document& document, EREGION region) {
+    if (region.startStaffList != region.endStaffList) {
+        const auto slotIn = [&, list = u16{region.endStaffList}](i16 slot, u16 other) {
+            return document.SlotOfStaff(document.StaffInSlot(slot, list), other);
+        };
+        const i16 last = slotIn(region.endSlot, region.startStaffList);
+        region.endSlot = last != 0 ? last : slotIn(region.endSlot, 0);
+        region.endStaffList = region.startStaffList;
+    }
+    return region;
+}
+
 class Comparison {
 public:
     Comparison(const Document& document, const DocumentContent& before,
@@ -40,7 +54,7 @@ public:
           m_before{before},
           m_after{after},
           m_options{options},
-          m_region{*document.selection},
+          m_region{InOneStaffList(document, *document.selection)},
           m_factsBefore{FactsOf(before)},
           m_factsAfter{FactsOf(after)} {
         for (const EntryFacts& fact : m_factsAfter) {
@@ -362,6 +376,20 @@ private:
 std::vector<std::string> FaultsOfMerge(const Document& document, const DocumentContent& before,
                                        const DocumentContent& after, const MergeOptions& options) {
     return Comparison{document, before, after, options}.Run();
+}
+
+DocumentContent StartOfMerge(Document& document, const MergeOptions& options) {
+    if (options.mode == 0) {
+        return document.Content();
+    }
+    const i16 active = App().activeLayer;
+    document.BeginEdit(u"clear");
+    App().activeLayer = static_cast<i16>(options.destination);
+    RunMenuCommand(MenuCommand::kClearLayer);
+    DocumentContent cleared = document.Content();
+    document.CancelEdit();
+    App().activeLayer = active;
+    return cleared;
 }
 
 }  // namespace standin

@@ -20,4 +20,8 @@ namespace standin {
 std::vector<std::string> FaultsOfMerge(const Document& document, const DocumentContent& before,
                                        const DocumentContent& after, const MergeOptions& options);
 
+// What the merge starts from: with replacing, the score as the host leaves it when it has
+// cleared the destination.
+DocumentContent StartOfMerge(Document& document, const MergeOptions& options);
+
 }  // namespace standin

@@ -315,6 +315,21 @@ private:
 
 }  // namespace
 
+std::vector<DetailToWrite> DetailsToWrite() {
+    std::vector<DetailToWrite> details;
+    for (const u32 tag : kNoteTags) {
+        details.push_back({tag, 0});
+    }
+    const u32* const repeated = std::begin(kEntryTags) + 1;
+    for (const u32* tag = repeated; tag != std::end(kEntryTags); ++tag) {
+        details.push_back({*tag, 0});
+    }
+    for (const u32 flags : kFlagDetails) {
+        details.push_back({0, flags});
+    }
+    return details;
+}
+
 WrittenScore MakeUpScore(u32 seed) {
     return Maker{seed}.Run();
 }

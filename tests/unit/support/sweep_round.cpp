@@ -1,0 +1,248 @@
+#include "tests/unit/support/sweep_round.h"
+
+#include <algorithm>
+#include <cstring>
+#include <gtest/gtest.h>
+
+#include "platform/headless/session.h"
+#include "tests/unit/support/dialog_desk.h"
+#include "tests/unit/support/invariant.h"
+#include "tests/unit/support/notation.h"
+
+namespace standin {
+namespace {
+
+constexpr u32 kCloseMessage = 16;
+
+std::vector<std::string> LayersOf(const StandIn& host, const WrittenScore& score) {
+    std::vector<std::string> layers;
+    for (i16 slot = 1; slot <= score.staves; ++slot) {
+        for (u16 measure = 1; measure <= score.measures; ++measure) {
+            for (u16 layer = 0; layer < App().maxLayers; ++layer) {
+                layers.push_back(host.Layer(slot, measure, layer));
+            }
+        }
+    }
+    return layers;
+}
+
+// Those that the run may have used: a dialog that cannot be read gives others than were stored,
+// and the defaults take the place of what cannot be loaded.
+std::vector<MergeOptions> UsableOptions(const Scenario& scenario, const Refusal& refusal) {
+    std::vector<MergeOptions> usable{scenario.score.options};
+    if (refusal.firstRegistryCall != 0) {
+        usable.emplace_back();
+    }
+    const std::vector<u8> stored = Plugin::Stored("Plyweld", "ZKCF22000");
+    if (scenario.way == Scenario::Way::kDialog && stored.size() == sizeof(MergeOptions)) {
+        std::memcpy(&usable.emplace_back(), stored.data(), sizeof(MergeOptions));
+    }
+    return usable;
+}
+
+bool UsesStoredOptions(const Scenario& scenario) {
+    return scenario.way == Scenario::Way::kShift;
+}
+
+// Settings that could not be stored are told of, too, at each attempt.
+std::ptrdiff_t AlertsOfMusic() {
+    const std::vector<Alert>& alerts = App().alerts;
+    return std::count_if(alerts.begin(), alerts.end(), [](const Alert& alert) {
+        return alert.text.find(u"configuration data") == std::u16string::npos &&
+               alert.text.find(u"saved setting") == std::u16string::npos;
+    });
+}
+
+// A run may end without a word when the user seems to have stopped it, when what is merged
+// instead of replaced fits nowhere, when the dialog did not come or could not be read, and when
+// the word itself was refused.
+bool MayBeSilent(const Scenario& scenario, const CallCounts& calls) {
+    const HostCall refused = calls.firstRefused.value_or(HostCall::kCount);
+    const bool isOfDialogs = refused >= HostCall::kDialog && refused <= HostCall::kAlertMessage;
+    return refused == HostCall::kMassEditProgress || refused == HostCall::kAlertMessage ||
+           refused == HostCall::kExecuteMenuItem ||
+           (scenario.way != Scenario::Way::kShift &&
+            (isOfDialogs || refused == HostCall::kGetCurERegions));
+}
+
+std::string TextOf(const std::vector<Alert>& alerts) {
+    std::string text;
+    for (const Alert& alert : alerts) {
+        text += "alert " + std::to_string(alert.stringId) + ' ';
+        for (const char16_t unit : alert.text) {
+            text += static_cast<char>(unit);
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+std::string Lines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + '\n';
+    }
+    return text;
+}
+
+void Obey(const Refusal& refusal) {
+    App().faults.refuseCall = refusal.call;
+    App().faults.refuseFrom = refusal.from;
+    platform::headless::RefuseRegistryCalls(refusal.firstRegistryCall, refusal.lastRegistryCall);
+}
+
+bool Lacks(const Refusal& refusal, HostCall call) {
+    return std::count(refusal.missing.begin(), refusal.missing.end(), call) != 0;
+}
+
+// What the host itself would not close, though it was asked to.
+std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCounts& calls) {
+    std::string text;
+    if (host.Score().IsEditOpen()) {
+        const bool asked = calls.Of(HostCall::kCancelFinaleEdit) > 0 ||
+                           Lacks(refusal, HostCall::kCancelFinaleEdit);
+        text += asked ? "" : "an edit is open\n";
+        host.Score().CancelEdit();
+    }
+    if (!App().progressDisplays.empty()) {
+        const bool asked = calls.Of(HostCall::kEndMassEdit) >= App().progressDisplaysOpened ||
+                           Lacks(refusal, HostCall::kEndMassEdit);
+        text += asked ? "" : "a progress display is open\n";
+        App().progressDisplays.clear();
+    }
+    if (Lacks(refusal, HostCall::kFreeTGF)) {
+        App().lent.Clear();
+    }
+    return text;
+}
+
+// The user closes the dialogs that are left.
+void CloseDialogs(DialogDesk& desk) {
+    constexpr int kMostTries = 4;
+    for (int i = 0; i < kMostTries && desk.Newest() != nullptr; ++i) {
+        desk.Newest()->Send(kCloseMessage);
+    }
+}
+
+Sweep::Origin OriginOf(StandIn& host, const Scenario& scenario) {
+    return {host.Score().Content(), StartOfMerge(host.Score(), scenario.score.options)};
+}
+
+}  // namespace
+
+Sweep::Sweep(const Scenario& scenario) : m_scenario{scenario} {
+    const Plugin plugin;
+    const auto host = Build(m_scenario);
+    DialogDesk desk;
+    Prepare(plugin, m_scenario);
+    m_layersBefore = LayersOf(*host, m_scenario.score);
+    App().ResetCounts();
+    App().faults.guardFrames = true;
+    Run(plugin, *host, m_scenario);
+    m_calls = App().calls;
+    m_alerts = App().alerts.size();
+    m_layers = LayersOf(*host, m_scenario.score);
+    m_changes = m_layers != m_layersBefore;
+    EXPECT_EQ(desk.Newest(), nullptr);
+}
+
+Sweep::~Sweep() {
+    const auto tell = [](const char* what, u64 count) {
+        testing::Test::RecordProperty(what, std::to_string(count));
+    };
+    tell("rounds", m_tally.rounds);
+    tell("refusals", m_tally.refused);
+    tell("kept", m_tally.kept);
+    tell("untouched", m_tally.untouched);
+}
+
+bool Sweep::Round(const Plugin& plugin, const Refusal& refusal) {
+    platform::headless::Reset();
+    platform::headless::SetLanguage(platform::headless::Language::kEnglish);
+    for (const HostCall call : refusal.missing) {
+        platform::headless::HideHostFunction(NameOf(call));
+    }
+    const auto host = Build(m_scenario);
+    DialogDesk desk;
+    Prepare(plugin, m_scenario);
+    const Origin from = OriginOf(*host, m_scenario);
+    App().ResetCounts();
+    Obey(refusal);
+    Run(plugin, *host, m_scenario);
+    const CallCounts calls = App().calls;
+    const bool registryMet = refusal.firstRegistryCall != 0 &&
+                             platform::headless::RegistryCalls() >= refusal.firstRegistryCall;
+    Obey({});
+    std::string problems = CloseWhatIsOpen(*host, refusal, calls);
+    problems += ProblemsOf(*host, refusal, from, calls);
+    if (refusal.missing.empty()) {
+        problems += ProblemsOfNextRun(*host, plugin, from);
+    }
+    CloseDialogs(desk);
+    ++m_tally.rounds;
+    m_tally.refused += calls.refusedByPlan;
+    if (!problems.empty()) {
+        ADD_FAILURE() << m_scenario.name << ", call " << refusal.call << ", from " << refusal.from
+                      << ", registry " << refusal.firstRegistryCall << ", without "
+                      << (refusal.missing.empty() ? "nothing" : NameOf(refusal.missing.front()))
+                      << ", first refused "
+                      << (calls.firstRefused ? NameOf(*calls.firstRefused) : "nothing") << '\n'
+                      << problems << Print(m_scenario.score);
+    }
+    return calls.refusedByPlan > 0 || registryMet;
+}
+
+std::string Sweep::ProblemsOf(StandIn& host, const Refusal& refusal, const Origin& from,
+                              const CallCounts& calls) {
+    const DocumentContent after = host.Score().Content();
+    const bool changed = after != from.before;
+    ++(changed ? m_tally.kept : m_tally.untouched);
+    std::string text;
+    text += App().lent.Count() == 0 ? "" : "frames on loan\n";
+    text += calls.strangeFrames == 0 ? "" : "frames handed over that were not on loan\n";
+    text += App().CurrentDocument() == &host.Score() ? "" : "another document is current\n";
+    text += platform::headless::OpenRegistryKeys() == 0 ? "" : "registry keys are open\n";
+    const auto alerts = AlertsOfMusic();
+    text += alerts <= 1 ? "" : "several alerts\n";
+    text += changed && alerts > 0 ? "an alert, but the score changed\n" : "";
+    const bool nothingDone = LayersOf(host, m_scenario.score) == m_layersBefore;
+    const bool silent = nothingDone && m_changes && App().alerts.empty() && refusal.call != 0;
+    text += silent && !MayBeSilent(m_scenario, calls) ? "nothing done, nothing said\n" : "";
+    if (changed) {
+        text += FaultsSince(host, from, UsableOptions(m_scenario, refusal));
+    }
+    return text.empty() ? text : text + TextOf(App().alerts);
+}
+
+// None when the score is what one of the options may give.
+std::string Sweep::FaultsSince(StandIn& host, const Origin& from,
+                               const std::vector<MergeOptions>& usable) {
+    const DocumentContent after = host.Score().Content();
+    std::string faults;
+    for (const MergeOptions& options : usable) {
+        // The host may have refused to clear what is to be replaced.
+        for (const DocumentContent* start : {&from.before, &from.cleared}) {
+            faults = Lines(FaultsOfMerge(host.Score(), *start, after, options));
+            if (faults.empty()) {
+                return {};
+            }
+        }
+    }
+    return faults;
+}
+
+// It merges as if nothing had happened, whatever the last one left.
+std::string Sweep::ProblemsOfNextRun(StandIn& host, const Plugin& plugin, const Origin& first) {
+    const Origin from = OriginOf(host, m_scenario);
+    App().ResetCounts();
+    Run(plugin, host, m_scenario);
+    const bool alertsFit = !UsesStoredOptions(m_scenario) || App().alerts.size() == m_alerts;
+    std::string text = alertsFit ? "" : TextOf(App().alerts);
+    text += FaultsSince(host, from, UsableOptions(m_scenario, {.firstRegistryCall = 1}));
+    const bool isFirst = from.before == first.before && UsesStoredOptions(m_scenario);
+    const std::vector<std::string> layers = LayersOf(host, m_scenario.score);
+    text += isFirst && layers != m_layers ? "another result\n" + Lines(layers) : "";
+    return text.empty() ? text : "next run: " + text;
+}
+
+}  // namespace standin

@@ -1,0 +1,64 @@
+// One run of a scenario in which something is refused, and what must hold after it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/unit/support/scenarios.h"
+
+namespace standin {
+
+// What is refused from when the user starts the run.
+struct Refusal {
+    u64 call = 0;  // a host call by its number, from 1
+    u64 from = 0;  // and every host call from one on
+    int firstRegistryCall = 0;
+    int lastRegistryCall = 0;
+    std::vector<HostCall> missing = {};  // exports that the host lacks
+};
+
+// Counts over all rounds of a test, printed at its end.
+struct Tally {
+    u64 rounds = 0;
+    u64 refused = 0;    // calls
+    u64 kept = 0;       // runs that changed the score
+    u64 untouched = 0;  // runs that left it as it was
+};
+
+class Sweep {
+public:
+    // What a result may be told from: the score, and the same with the destination cleared.
+    struct Origin {
+        DocumentContent before;
+        DocumentContent cleared;
+    };
+
+    explicit Sweep(const Scenario& scenario);
+    ~Sweep();
+    Sweep(const Sweep&) = delete;
+    Sweep& operator=(const Sweep&) = delete;
+
+    // Whether anything was refused. Fails the test when a state is left that must not be:
+    // a score that is neither merged nor as it was, a frame on loan, a second alert.
+    bool Round(const Plugin& plugin, const Refusal& refusal);
+
+    // Host calls of the run in which nothing is refused.
+    const CallCounts& Calls() const { return m_calls; }
+
+private:
+    std::string ProblemsOf(StandIn& host, const Refusal& refusal, const Origin& from,
+                           const CallCounts& calls);
+    std::string ProblemsOfNextRun(StandIn& host, const Plugin& plugin, const Origin& first);
+    static std::string FaultsSince(StandIn& host, const Origin& from,
+                                   const std::vector<MergeOptions>& usable);
+
+    const Scenario& m_scenario;
+    CallCounts m_calls;
+    std::vector<std::string> m_layersBefore;
+    bool m_changes = false;             // the undisturbed run changes the score
+    std::size_t m_alerts = 0;           // that it shows
+    std::vector<std::string> m_layers;  // after it
+    Tally m_tally;
+};
+
+}  // namespace standin
