@@ -65,8 +65,8 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
     // Children of <notations> may stand in any order.
     for (const char* piece :
          {"default-x=\"10\" color=\"#FF0000\"", "<alter>1</alter>", "<instrument id=\"I1\"/>",
-          "<type size=\"cue\">eighth</type><accidental cautionary=\"yes\">sharp</accidental>"
-          "<stem default-y=\"3\">up</stem><notehead parentheses=\"yes\">x</notehead>"
+          "<type size=\"cue\">eighth</type><accidental cautionary=\"yes\">sharp</accidental>",
+          "<stem default-y=\"3\">up</stem><notehead parentheses=\"yes\">x</notehead>",
           "<beam number=\"1\" fan=\"accel\">begin</beam>",
           "<tied type=\"start\" orientation=\"over\"/>", "<fermata>normal</fermata>",
           "<trill-mark/><accidental-mark>flat</accidental-mark>", "<fingering>1</fingering>",
