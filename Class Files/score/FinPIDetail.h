@@ -32,5 +32,5 @@ public:
 };
 
 // Details of which each kind has a tag of its own.
-template <typename Structure>
-using FinPIDetFloatExTagTemplate = FinPIDetailTemplate<Structure, 0>;
+template <typename Structure, u32 kVersion>
+using FinPIDetFloatExTagTemplate = FinPIDetailTemplate<Structure, 0, kVersion>;

@@ -1,8 +1,7 @@
 #include "Class Files/score/FinPIDoc.h"
 
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/score/FinPIBeamPrefs.h"
-#include "Class Files/score/FinPIClefPrefs.h"
+#include "Class Files/score/EnigmaRecords.h"
 #include "Class Files/score/FinPIMiscPrefs.h"
 #include "Class Files/score/FinPIStaff.h"
 #include "shell/host/callbacks.h"

@@ -19,7 +19,8 @@ inline constexpr u16 kNoInci = 0xFFFF;
 // A failure posts an error where the operation says so and leaves key and data as they were.
 class FinPIEnigmaData : public FinPISerializableObject, public FinPIDoc {
 public:
-    // The order of the virtual operations, those of the serialized form first, is the interface.
+    // The order of the virtual operations, those of the serialized form first, is the interface;
+    // hooks without a use in the library keep it.
     u16 GetSerialVersion() const override { return 2; }
     i16 AcceptsSerialVersion(u16 /*olderVersion*/) const override { return 1; }
     i32 GetFieldSize(u16 field, u16 serialVersion) const override;
@@ -47,6 +48,8 @@ public:
     virtual i16 Delete();
     // Deletes the record in the score, and creates it there again with its present data.
     virtual i16 DeleteAndRecreateInScore();
+    // Whether the record may be deleted from what is current: the score, or a part.
+    virtual i16 ChooseLinkedPartHook();
     virtual u16 GetCmper1() const { return m_cmper1; }
     // The last record of the tag; the last record of this item or, when the item has none, of a
     // lower one, which the caller finds out from GetCmper1. Rest on FX_PreviousEData.
@@ -57,6 +60,7 @@ public:
     virtual void GetDataCopy(void* out, u32 size) const;
     virtual i32 GetDataLength() const { return static_cast<i32>(GetDataSize()); }
     virtual i16 CopyAttributes(const FinPIEnigmaData& other);
+    virtual i16 UnusedHook1() { return 1; }
     virtual void SetVersion(u32 version) { m_version = version; }
     // Whether data of this version can be taken from a serialized record.
     virtual i16 AcceptsVersion(u32 /*version*/) const { return 1; }
@@ -77,6 +81,7 @@ public:
     virtual u16 GetKey(EnigmaKey& out) const = 0;  // the key's length in bytes
     virtual void SetKey(const EnigmaKey& key) = 0;
     virtual i16 IsLoaded() const { return static_cast<i16>(m_loaded); }
+    virtual i16 UnusedHook2() { return 1; }
     virtual i16 CopyDependentStructs(const FinPIEnigmaData& /*source*/) { return 1; }
     virtual i16 CopyDependentStructsPostCommit(const FinPIEnigmaData& /*source*/) { return 1; }
     virtual void SetDataOrClear(const void* bytes, u32 size);
@@ -89,6 +94,13 @@ public:
     virtual i16 Reload() { return Load(); }
     // Whether the score and each linked part keep data of their own.
     virtual i16 IsPartSpecific() const { return 0; }
+    virtual i16 CanDeleteInScore() { return 1; }
+    virtual i16 CanDeleteInPart() { return 1; }
+    // Told by the commits for score and parts, with that part current.
+    virtual void OnCommittedInScore() {}
+    virtual void OnCommittedInPart() {}
+    virtual i16 UnusedHook3() { return 0; }
+    virtual i16 UnusedHook4() { return 1; }
     virtual i16 IsSameKey(const FinPIEnigmaData& other) const = 0;
     virtual i16 UsesSerializedForm() const { return 0; }
 

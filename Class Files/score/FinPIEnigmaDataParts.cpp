@@ -1,41 +1,17 @@
 // Commits and deletes of data that the score and its linked parts keep separately.
 #include <vector>
 
+#include "Class Files/foundation/PartScope.h"
 #include "Class Files/score/FinPIEnigmaData.h"
 #include "shell/host/callbacks.h"
 
-namespace {
-
-constexpr i16 kScore = 0;
-
-// Makes a part, or the score, the host's current one until the scope ends.
-class PartScope {
-public:
-    explicit PartScope(i16 part) : m_previous{Host::GetCurrentPartID()} {
-        if (m_previous != part) {
-            Host::SetCurrentPartID(part);
-        }
-    }
-    ~PartScope() {
-        if (Host::GetCurrentPartID() != m_previous) {
-            Host::SetCurrentPartID(m_previous);
-        }
-    }
-    PartScope(const PartScope&) = delete;
-    PartScope& operator=(const PartScope&) = delete;
-
-private:
-    i16 m_previous;
-};
-
-}  // namespace
-
 i16 FinPIEnigmaData::CommitInScoreFirst() {
-    if (IsPartSpecific() != 0 && Host::GetCurrentPartID() > kScore) {
-        const PartScope score(kScore);
+    if (IsPartSpecific() != 0 && Host::GetCurrentPartID() > PartScope::kScore) {
+        const PartScope score(PartScope::kScore);
         if (Commit() == 0) {
             return 0;
         }
+        OnCommittedInScore();
     }
     return Commit();
 }
@@ -44,16 +20,21 @@ i16 FinPIEnigmaData::CommitInScoreAndParts() {
     if (Commit() == 0) {
         return 0;
     }
-    if (Host::GetCurrentPartID() == kScore) {
-        for (i16 part = Host::GetNextPartID(kScore); part > kScore;
+    if (Host::GetCurrentPartID() == PartScope::kScore) {
+        for (i16 part = Host::GetNextPartID(PartScope::kScore); part > PartScope::kScore;
              part = Host::GetNextPartID(part)) {
             const PartScope scope(part);
             if (Commit() == 0) {
                 return 0;
             }
+            OnCommittedInPart();
         }
     }
     return 1;
+}
+
+i16 FinPIEnigmaData::ChooseLinkedPartHook() {
+    return Host::GetCurrentPartID() > PartScope::kScore ? CanDeleteInPart() : CanDeleteInScore();
 }
 
 i16 FinPIEnigmaData::DeleteAndRecreateInScore() {
@@ -61,7 +42,7 @@ i16 FinPIEnigmaData::DeleteAndRecreateInScore() {
     GetDataCopy(data.data(), GetDataSize());
     EnigmaKey key{};
     GetKey(key);
-    const PartScope score(kScore);
+    const PartScope score(PartScope::kScore);
     if (Delete() == 0) {
         return 0;
     }

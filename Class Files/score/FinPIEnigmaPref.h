@@ -14,10 +14,10 @@ public:
     u16 GetKey(EnigmaKey& out) const override;
     void SetKey(const EnigmaKey& key) override;
     i16 IsSameKey(const FinPIEnigmaData& other) const override;
+    virtual ~FinPIEnigmaPref() = default;  // stands last in the order of the operations
 
 protected:
     using FinPIEnigmaData::FinPIEnigmaData;
-    ~FinPIEnigmaPref() = default;
 };
 
 template <typename Structure, u32 kTag, u32 kVersion = kInterfaceVersion>

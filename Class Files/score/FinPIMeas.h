@@ -13,6 +13,17 @@ public:
     // does not load counts as 0.
     FinPITimeSig GetTimeSig() const;
 
+    // What this measure shows in a staff. Rest on FX_GetKeySig and the records of the staff, of
+    // what it has of its own in the measure, and of the barline preferences; one of these that
+    // does not load is posted and counts as all zero.
+    // The time signature, of 0 beats when it shows none, as after a measure with the same.
+    void VisibleTimeSig(i16 staff, FinPITimeSig& signature) const;
+    // Whether it shows a key signature: another than the measure before, or than no accidentals.
+    i16 InstHasVisibleKeySig(i16 staff) const;
+    // 1: the staff is written without key signatures; attributes are then those of the key that
+    // holds there, if it has any.
+    i16 GetKeylessAttributes(i16 staff, FinPIKeyAttributes& attributes) const;
+
     // FX_GetMeasureDuration in the record's document: duration units in the time of the staff;
     // staff 0: the measure's own. 0 = no such measure.
     static i32 MeasureDuration(const FinPIDoc& record, u16 staff, i16 measure);

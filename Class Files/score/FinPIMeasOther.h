@@ -1,15 +1,31 @@
 // Records attached to a measure: key { measure, inci }.
 #pragma once
 
-#include "Class Files/score/FinPIOther.h"
+#include "Class Files/score/FinPIEnigmaData.h"
+#include "Class Files/score/FinPIRecord.h"
 
-class FinPIMeasOther : public FinPIOther {
+class FinPIRegion;
+
+class FinPIMeasOther : public FinPIEnigmaData {
 public:
+    u16 GetKey(EnigmaKey& out) const override;
+    void SetKey(const EnigmaKey& key) override;
+    i16 IsSameKey(const FinPIEnigmaData& other) const override;
+
+    // The order of these, after those of every record, is the interface.
+    // Whether the other record, in whatever measure, is of this kind and says the same.
+    virtual i16 IsSameMeasOther(const FinPIMeasOther& other) const;
+    // Takes over what the other says; measure and record number stay. 0, and posted, when it is
+    // of another kind.
+    virtual i16 CopyMeasOtherAttributes(const FinPIMeasOther& other);
+    // Where copies of the record have to stand; null = anywhere.
+    virtual const FinPIRegion* GetTargetRegion() const { return nullptr; }
+
     u16 MeasureFlags() const noexcept { return m_flags; }
 
 protected:
     FinPIMeasOther(u32 tag, u16 flags, u16 measure, u16 inci, u32 version) noexcept
-        : FinPIOther{tag, measure, inci, version, true}, m_flags{flags} {}
+        : FinPIEnigmaData{tag, measure, 0xFFFF, inci, version, true}, m_flags{flags} {}
     ~FinPIMeasOther() = default;
 
 private:

@@ -33,7 +33,8 @@ struct PseudoPrefWord {
     u8 hostOffset;
 };
 
-template <typename Structure, typename HostPref, const auto& kWords>
+// Structure::kWords says which words of HostPref the structure holds, and where.
+template <typename Structure, typename HostPref>
 class FinPIPseudoPrefTemplate : public FinPIRecord<FinPIPseudoPref, Structure> {
     using Record = FinPIRecord<FinPIPseudoPref, Structure>;
 
@@ -51,7 +52,7 @@ private:
         }
         const auto* const from = static_cast<const u8*>(pref.GetData());
         auto* const to = static_cast<u8*>(this->MutableData());
-        for (const PseudoPrefWord& word : kWords) {
+        for (const PseudoPrefWord& word : Structure::kWords) {
             std::memcpy(to + word.offset, from + word.hostOffset, sizeof(u16));
         }
         return 1;

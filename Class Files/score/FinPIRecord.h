@@ -12,5 +12,4 @@ public:
 protected:
     template <typename... Arguments>
     explicit FinPIRecord(Arguments... arguments) : Family{arguments...}, Structure{} {}
-    ~FinPIRecord() = default;
 };

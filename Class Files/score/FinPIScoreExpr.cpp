@@ -1,6 +1,8 @@
 #include "Class Files/score/FinPIScoreExpr.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstring>
 #include <iterator>
 #include <optional>
 
@@ -42,6 +44,11 @@ i16 FinPIScoreExpr::LoadCachedItems() {
     belongsToEntry = *placement >= ExpressionPlacement::kFirstOnEntry ? 1 : 0;
     hasPosition = belongsToEntry != 0 || *placement == ExpressionPlacement::kAtPosition ? 1 : 0;
     return 1;
+}
+
+i16 FinPIScoreExpr::IsSameMeasOther(const FinPIMeasOther& other) const {
+    constexpr std::size_t kHostBytes = offsetof(MyExpressionAssign, hasPosition);
+    return other.Tag() == m_tag && std::memcmp(GetData(), other.GetData(), kHostBytes) == 0;
 }
 
 i16 FinPIScoreExpr::Load() {

@@ -12,6 +12,10 @@ public:
     i16 Load() override;
     i16 LoadNext() override;
     i16 IsPartSpecific() const override { return 1; }
+    // A part places the score's expressions, and has none that could go.
+    i16 CanDeleteInPart() override { return 0; }
+    // By the fields that are the host's.
+    i16 IsSameMeasOther(const FinPIMeasOther& other) const override;
 
     // Fills hasPosition, belongsToEntry and what follows from the definition, which it loads
     // with FX_LoadEData. 0 with an error posted when there is no such definition.

@@ -1,7 +1,5 @@
 #include "Class Files/score/FinPIStaff.h"
 
-#include <algorithm>
-
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPIVarString.h"
 
@@ -57,12 +55,18 @@ FinPIStaff::FinPIStaff(u16 staff, i16 measure, u32 position)
       m_fullNamePosition{kFullNamePosition, staff, 0},
       m_abbreviatedNamePosition{kAbbreviatedNamePosition, staff, 0},
       m_fretInstrument{kNoItem},
-      m_shapeNotes{ShapeNotesRecord{staff, 0}, ShapeNotesRecord{staff, 1},
-                   ShapeNotesRecord{staff, 2}, ShapeNotesRecord{staff, 3}},
+      m_shapeNoteDoubleWhole{staff},
+      m_shapeNoteWhole{staff},
+      m_shapeNoteHalf{staff},
+      m_shapeNoteQuarter{staff},
       m_drumStaff{staff} {
     if (Load() == 0 || !LoadDependents()) {
         PostRecordError<FinPILoadEDataFailed>("FinPIStaff::FinPIStaff", m_tag);
     }
+}
+
+std::array<ShapeNotesRecord*, 4> FinPIStaff::ShapeNotes() noexcept {
+    return {&m_shapeNoteDoubleWhole, &m_shapeNoteWhole, &m_shapeNoteHalf, &m_shapeNoteQuarter};
 }
 
 // A staff need not have positions, shape notes and drums of its own, but what it refers to by
@@ -72,8 +76,8 @@ bool FinPIStaff::LoadDependents() {
     m_abbreviatedNamePosition.Load();
     m_drumStaff.Load();
     if ((flags & StaffFlag::kShapeNotes) != 0) {
-        for (ShapeNotesRecord& record : m_shapeNotes) {
-            record.Load();
+        for (ShapeNotesRecord* const record : ShapeNotes()) {
+            record->Load();
         }
     }
     const bool hasFret = (flags & StaffFlag::kFretInstrument) != 0;
@@ -140,13 +144,14 @@ i16 FinPIStaff::CommitShapeNotes() {
     if (m_commitShapeNotes == 0) {
         return 1;
     }
-    for (ShapeNotesRecord& record : m_shapeNotes) {
-        if (record.Commit() == 0) {
+    bool anyLoaded = false;
+    for (ShapeNotesRecord* const record : ShapeNotes()) {
+        if (record->Commit() == 0) {
             return 0;
         }
+        anyLoaded = anyLoaded || record->IsLoaded() != 0;
     }
-    if (std::any_of(m_shapeNotes.begin(), m_shapeNotes.end(),
-                    [](const ShapeNotesRecord& record) { return record.IsLoaded() != 0; })) {
+    if (anyLoaded) {
         return 1;
     }
     flags &= static_cast<u16>(~StaffFlag::kShapeNotes);
@@ -154,16 +159,16 @@ i16 FinPIStaff::CommitShapeNotes() {
 }
 
 i16 FinPIStaff::DeleteShapeNotes() {
-    for (ShapeNotesRecord& record : m_shapeNotes) {
-        record.Reset(0);
-        if (record.Load() != 0 && record.Delete() == 0) {
+    for (ShapeNotesRecord* const record : ShapeNotes()) {
+        record->Reset(0);
+        if (record->Load() != 0 && record->Delete() == 0) {
             return 0;
         }
     }
     return 1;
 }
 
-const FinPIEnigmaData* FinPIStaff::Dependent(u16 index) const {
+FinPIEnigmaData* FinPIStaff::Dependent(u16 index) {
     switch (index) {
         case kFullName:
             return &m_fullName;
@@ -179,20 +184,20 @@ const FinPIEnigmaData* FinPIStaff::Dependent(u16 index) const {
             return &m_drumStaff;
         default:
             return index >= kFirstShapeNotes && index <= kLastShapeNotes
-                       ? &m_shapeNotes[static_cast<std::size_t>(index - kFirstShapeNotes)]
+                       ? ShapeNotes()[static_cast<std::size_t>(index - kFirstShapeNotes)]
                        : nullptr;
     }
 }
 
 u32 FinPIStaff::GetSerializedDependentStruct(u16 index, u16 /*serialVersion*/, void* out,
                                              u32 size) const {
-    const FinPIEnigmaData* const dependent = Dependent(index);
+    const FinPIEnigmaData* const dependent = const_cast<FinPIStaff*>(this)->Dependent(index);
     return dependent == nullptr ? 0 : dependent->GetSerialized(out, size);
 }
 
 i16 FinPIStaff::PutSerializedDependentStruct(u16 index, u16 /*serialVersion*/, const void* bytes,
                                              u32 size) {
-    auto* const dependent = const_cast<FinPIEnigmaData*>(Dependent(index));
+    FinPIEnigmaData* const dependent = Dependent(index);
     if (dependent == nullptr || dependent->PutSerialized(bytes, size) == 0) {
         return 0;
     }

@@ -3,7 +3,7 @@
 
 #include <array>
 
-#include "Class Files/score/EnigmaRecords.h"
+#include "Class Files/score/FinPIShapeNote.h"
 
 // The plain staff can be changed and committed; the staff at a measure and position is the
 // host's answer on what holds there, and only read.
@@ -34,22 +34,20 @@ public:
     FinPINamePos& FullNamePosition() noexcept { return m_fullNamePosition; }
     FinPINamePos& AbbreviatedNamePosition() noexcept { return m_abbreviatedNamePosition; }
     FinPIFretInstrument& FretInstrument() noexcept { return m_fretInstrument; }
-    // 0 double whole, 1 whole, 2 half, 3 quarter.
-    ShapeNotesRecord& ShapeNotes(std::size_t kind) noexcept { return m_shapeNotes[kind]; }
+    // Of double whole, whole, half and quarter notes.
+    std::array<ShapeNotesRecord*, 4> ShapeNotes() noexcept;
     FinPIDrumStaff& DrumStaff() noexcept { return m_drumStaff; }
     // Whether a commit saves the name texts; the shape notes.
     void SetCommitNameTexts(bool commit) noexcept { m_commitNameTexts = commit ? 1 : 0; }
     void SetCommitShapeNotes(bool commit) noexcept { m_commitShapeNotes = commit ? 1 : 0; }
 
 private:
-    static constexpr std::size_t kShapeNoteKinds = 4;
-
     bool LoadDependents();
     i16 CommitNameTexts();
     i16 CommitFretInstrument();
     i16 CommitShapeNotes();
     i16 DeleteShapeNotes();
-    const FinPIEnigmaData* Dependent(u16 index) const;
+    FinPIEnigmaData* Dependent(u16 index);
 
     i16 m_meas;
     u32 m_pos;
@@ -61,6 +59,9 @@ private:
     FinPINamePos m_abbreviatedNamePosition;
     FinPIFretInstrument m_fretInstrument;
     u16 m_commitShapeNotes = 0;
-    std::array<ShapeNotesRecord, kShapeNoteKinds> m_shapeNotes;
+    FinPIShapeNoteDoubleWhole m_shapeNoteDoubleWhole;
+    FinPIShapeNoteWhole m_shapeNoteWhole;
+    FinPIShapeNoteHalf m_shapeNoteHalf;
+    FinPIShapeNoteQuarter m_shapeNoteQuarter;
     FinPIDrumStaff m_drumStaff;
 };

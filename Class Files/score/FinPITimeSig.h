@@ -17,4 +17,6 @@ struct FinPITimeSig {
     u16 displayFlags = 0;
     // The beat groups of a composite signature, in order, in duration units; else empty.
     std::vector<i32> groupDurations;
+
+    bool operator==(const FinPITimeSig&) const = default;
 };

@@ -4,7 +4,9 @@
 #include "host/callbacks/serve.h"
 #include "host/score/detail_kinds.h"
 #include "host/score/entry_form.h"
+#include "host/score/tags.h"
 #include "shell/host/host_functions.h"
+#include "shell/host/host_records_more.h"
 
 using namespace standin;
 
@@ -59,6 +61,17 @@ void CountFlagsOutOfStep(Application& app, const Document& document,
 
 bool HasNotes(const EXENTRY& entry) {
     return entry.noteCount > 0 && (entry.notes[0].flags & NoteFlag::kRestPlaceholder) == 0;
+}
+
+// The measure's key, unless the staff has keys of its own.
+i16 KeyInStaff(const Document& document, u16 measure, u16 staff) {
+    const RecordStore& records = document.Records();
+    const Bytes* const spec = records.Find(Tag::kStaff, RecordKey::Other(staff));
+    const Bytes* const own = records.Find(Tag::kStaffInMeasure, RecordKey::Detail(staff, measure));
+    const bool isOwn = spec != nullptr && own != nullptr &&
+                       (FromBytes<EDTStaffSpec2014>(*spec).flags & StaffFlag::kOwnKeySig) != 0;
+    return static_cast<i16>(isOwn ? FromBytes<EDTMeasureFloat2014>(*own).key
+                                  : document.Measure(measure).key);
 }
 
 }  // namespace
@@ -173,7 +186,6 @@ i16 FX_GetKeySig(i16 measure, u16 staff, i16, i16, u32 version) {
         HostCall::kGetKeySig, version, i16{0}, [&](Application&, Document& document) -> i16 {
             const bool exists =
                 document.HasMeasure(measure) && (staff == 0 || document.HasStaff(staff));
-            return exists ? static_cast<i16>(document.Measure(static_cast<u16>(measure)).key)
-                          : i16{0};
+            return exists ? KeyInStaff(document, static_cast<u16>(measure), staff) : i16{0};
         });
 }

@@ -9,6 +9,7 @@ namespace Tag {
 inline constexpr u32 kMeasure = HostTag("SOMS");
 inline constexpr u32 kStaff = HostTag("SOIS");
 inline constexpr u32 kStaffAt = HostTag("SOSC");
+inline constexpr u32 kStaffInMeasure = HostTag("SDFL");
 inline constexpr u32 kStaffSystem = HostTag("SOSS");
 inline constexpr u32 kPage = HostTag("SOPS");
 inline constexpr u32 kPartDefinition = HostTag("otpD");

@@ -175,6 +175,11 @@ inline constexpr u16 kCompositeDenominator = 0x40;
 namespace StaffFlag {
 inline constexpr u16 kFretInstrument = 0x200;
 inline constexpr u16 kShapeNotes = 0x80;
+// Assumed: the staff has a key or a time of its own, in its measures' records; it shows none.
+inline constexpr u16 kOwnKeySig = 0x01;
+inline constexpr u16 kOwnTimeSig = 0x02;
+inline constexpr u16 kNoKeySig = 0x04;
+inline constexpr u16 kNoTimeSig = 0x08;
 }  // namespace StaffFlag
 
 // Bits of MyExpressionAssign::layer.

@@ -11,9 +11,6 @@
 
 // Records without a field of interest.
 
-struct EDTPartDefinition {
-    u8 opaque0[12];
-};
 struct EDTKeyFormat {
     u8 opaque0[12];
 };
@@ -68,9 +65,6 @@ struct EDTEnclosure25_4 {
 struct CurrEDTNamePos {
     u8 opaque0[12];
 };
-struct EDTMeasureFloat2014 {
-    u8 opaque0[20];
-};
 struct EDTGfhold2004 {
     u8 opaque0[14];
 };
@@ -89,17 +83,39 @@ struct EDTClefDef2012 {
 struct EEnigmaFont {
     u8 opaque0[6];
 };
-struct EDTBarlinePrefs26_2 {
-    u8 opaque0[32];
-};
 struct EDTStemPrefs26_2 {
     u8 opaque0[1810];
 };
 struct EDTMultimeasureRest {
     u8 opaque0[24];
 };
+struct EDTShape2014b {
+    u8 opaque0[132];
+};
 
 // Records with single fields of interest.
+
+// 'otpD', by part.
+struct EDTPartDefinition {
+    u16 staffList;  // assumed: of the part's staves; 0 = the score's own
+    u8 opaque2[10];
+};
+
+// 'SDFL', by staff and measure: what a staff has of its own in a measure. Every field is assumed,
+// and counts when the staff's flags say so.
+struct EDTMeasureFloat2014 {
+    u16 key;
+    i16 beats;
+    i16 beatDuration;  // duration units
+    u16 flags;         // MeasureFlag
+    u8 opaque8[12];
+};
+
+// 'pfOB'.
+struct EDTBarlinePrefs26_2 {
+    u16 hidesFirstSignatures;  // assumed; nonzero: the first measure shows no key and no time
+    u8 opaque2[30];
+};
 
 // 'pfgp'.
 struct EDTGeneralPrefs27_3 {
@@ -198,6 +214,7 @@ static_assert(sizeof(EEnigmaFont) == 6);
 static_assert(sizeof(EDTBarlinePrefs26_2) == 32);
 static_assert(sizeof(EDTStemPrefs26_2) == 1810);
 static_assert(sizeof(EDTMultimeasureRest) == 24);
+static_assert(sizeof(EDTShape2014b) == 132);
 
 static_assert(sizeof(EDTPartPrefs) == 12);
 static_assert(sizeof(EDTMiscDocPrefs) == 106);

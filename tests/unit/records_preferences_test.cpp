@@ -6,8 +6,6 @@
 
 #include "Class Files/score/AssembledPreference.h"
 #include "Class Files/score/EnigmaRecords.h"
-#include "Class Files/score/FinPIBeamPrefs.h"
-#include "Class Files/score/FinPIClefPrefs.h"
 #include "Class Files/score/HostRecordCalls.h"
 #include "tests/unit/support/pending_error.h"
 #include "tests/unit/support/stand_in.h"

@@ -59,7 +59,7 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     staff.FullNamePosition().SetData("p", 1);
     staff.FretInstrument().SetCmpers(3);
     staff.FretInstrument().SetData("f", 1);
-    staff.ShapeNotes(2).SetData("s", 1);
+    staff.ShapeNotes()[2]->SetData("s", 1);
     staff.SetCommitNameTexts(true);
     staff.SetCommitShapeNotes(true);
     ASSERT_EQ(staff.Commit(), 1);
@@ -71,8 +71,8 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     EXPECT_EQ(read.FullName().IsSame(staff.FullName()), 1);
     EXPECT_EQ(read.FullNamePosition().IsSame(staff.FullNamePosition()), 1);
     EXPECT_EQ(read.FretInstrument().IsSame(staff.FretInstrument()), 1);
-    EXPECT_EQ(read.ShapeNotes(2).IsSame(staff.ShapeNotes(2)), 1);
-    EXPECT_EQ(read.ShapeNotes(0).IsLoaded(), 0);
+    EXPECT_EQ(read.ShapeNotes()[2]->IsSame(*staff.ShapeNotes()[2]), 1);
+    EXPECT_EQ(read.ShapeNotes()[0]->IsLoaded(), 0);
 
     // Without their flags, the fret instrument is no longer referred to and the shape notes go.
     read.flags = 0;

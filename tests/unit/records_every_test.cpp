@@ -1,0 +1,219 @@
+// What holds for every line of the table of record classes: a record of it is created, loaded,
+// walked, changed and deleted in the host, and written to blocks of both serial versions.
+#include <cstring>
+#include <gtest/gtest.h>
+#include <vector>
+
+#include "Class Files/score/AssembledPreference.h"
+#include "Class Files/score/EnigmaRecords.h"
+#include "host/score/application.h"
+#include "tests/unit/support/pending_error.h"
+#include "tests/unit/support/stand_in.h"
+
+namespace {
+
+using standin::App;
+using standin::HostCall;
+using standin::RecordKey;
+
+constexpr u16 kItem = 5;
+
+// --- The lines of the table, as types and as names.
+
+struct NoRecord;
+
+template <typename First, typename... Records>
+struct TypesAfter {
+    using Types = testing::Types<Records...>;
+};
+
+#define ENIGMA_RECORD(family, record, ...) , record
+using EveryLine = TypesAfter<NoRecord
+#include "Class Files/score/EnigmaRecords.inc"
+                             >::Types;
+#undef ENIGMA_RECORD
+
+#define ENIGMA_RECORD(family, record, ...) #record,
+constexpr const char* kNames[] = {
+#include "Class Files/score/EnigmaRecords.inc"
+};
+#undef ENIGMA_RECORD
+
+struct Names {
+    template <typename Record>
+    static std::string GetName(int line) {
+        return kNames[line];
+    }
+};
+
+// --- A record of a line: the numbers it is given, and content that the host can keep.
+
+template <typename Record>
+constexpr bool kIsPseudo = std::is_base_of_v<FinPIPseudoPref, Record>;
+template <typename Record>
+constexpr bool kIsPref = std::is_base_of_v<FinPIEnigmaPref, Record>;
+template <typename Record>
+constexpr bool kIsDetail = std::is_base_of_v<FinPIDetail, Record>;
+template <typename Record>
+constexpr bool kIsVarLen = std::is_base_of_v<FinPIEnigmaVarLen, Record>;
+
+template <typename Record>
+Record Make() {
+    if constexpr (kIsPseudo<Record>) {
+        return Record();
+    } else if constexpr (kIsDetail<Record>) {
+        if constexpr (std::is_constructible_v<Record, u16, u16>) {
+            return Record(kItem, u16{1});
+        } else {
+            return Record(HostTag("dtXX"), kItem, u16{1}, u16{0});
+        }
+    } else if constexpr (std::is_constructible_v<Record, u16>) {
+        return Record(kItem);
+    } else {
+        return Record(HostTag("otXX"), kItem, kIsVarLen<Record> ? u16{0xFFFF} : u16{0});
+    }
+}
+
+// Of words that are each 0 or not, for the composite preferences keep some as a yes or no.
+template <typename Record>
+std::vector<u8> Content(const Record& record, u16 word) {
+    std::vector<u8> content(record.GetDataSize() + (kIsVarLen<Record> ? 11 : 0));
+    for (std::size_t i = 0; i + 1 < content.size(); i += 2) {
+        std::memcpy(&content[i], &word, sizeof(word));
+    }
+    return content;
+}
+
+template <typename Record>
+void Fill(Record& record, const std::vector<u8>& content) {
+    record.SetData(content.data(), static_cast<u32>(content.size()));
+}
+
+template <typename Record>
+std::vector<u8> DataOf(const Record& record) {
+    const auto* const bytes = static_cast<const u8*>(record.GetData());
+    return {bytes, bytes + record.GetDataSize()};
+}
+
+template <typename Record>
+class EveryRecord : public testing::Test {
+protected:
+    // Preferences are there without being created; so are the option records of those that are
+    // assembled from them.
+    EveryRecord() {
+        standin::RecordStore& records = host.Score().Records();
+        const Record record = Make<Record>();
+        if (const PreferenceTable* rows = FindPreferenceTable(record.Tag())) {
+            for (const PreferenceRow& row : *rows) {
+                const u32 tag = HostTag({'o', 't', row.option[0], row.option[1], '\0'});
+                for (u16 inci = 0; inci <= row.inci; ++inci) {
+                    const RecordKey key = RecordKey::Other(row.cmper, inci);
+                    if (records.Find(tag, key) == nullptr) {
+                        records.Create(tag, key, standin::Bytes(12, '\0'));
+                    }
+                }
+            }
+        } else if (standin::FamilyOf(record.Tag()) == standin::RecordFamily::kPreference) {
+            records.Save(record.Tag(), RecordKey::Preference(kItem),
+                         standin::Bytes(record.GetDataSize(), '\0'));
+        }
+    }
+    ~EveryRecord() override { EXPECT_EQ(TakePendingError(), ""); }
+
+    standin::StandIn host;
+};
+
+TYPED_TEST_SUITE(EveryRecord, EveryLine, Names);
+
+EnigmaKey KeyOf(const FinPIEnigmaData& record) {
+    EnigmaKey key{};
+    record.GetKey(key);
+    return key;
+}
+
+// Whether the walk over all records of the tag meets one with this record's key.
+template <typename Record>
+bool WalkMeets(const Record& record) {
+    Record walker = Make<Record>();
+    for (walker.Rewind(); walker.LoadNext() != 0;) {
+        if (KeyOf(walker) == KeyOf(record)) {
+            return true;
+        }
+    }
+    EXPECT_EQ(walker.IsNull(), 1) << "a walk that ended addresses nothing";
+    return false;
+}
+
+TYPED_TEST(EveryRecord, IsStoredFoundChangedAndDeleted) {
+    if constexpr (!kIsPseudo<TypeParam>) {
+        const bool isAssembled = FindPreferenceTable(Make<TypeParam>().Tag()) != nullptr;
+        for (const u16 word : {u16{1}, u16{0}, u16{1}}) {
+            TypeParam stored = Make<TypeParam>();
+            stored.Load();
+            stored.SetKeepWhenEmpty(true);
+            const std::vector<u8> content = Content(stored, word);
+            Fill(stored, content);
+            ASSERT_EQ(stored.Commit(), 1);
+            TypeParam found = Make<TypeParam>();
+            ASSERT_EQ(found.Load(), 1);
+            EXPECT_EQ(DataOf(found), content);
+            EXPECT_EQ(found.IsSame(stored), 1);
+            EXPECT_EQ(WalkMeets(found), !isAssembled) << "composite records have no walk";
+        }
+        TypeParam last = Make<TypeParam>();
+        if (!isAssembled) {
+            EXPECT_EQ(last.LoadLastInci(), 1);
+            EXPECT_EQ(last.GetCmper1(), kItem);
+        }
+        TypeParam gone = Make<TypeParam>();
+        App().ResetCounts();
+        if constexpr (kIsPref<TypeParam>) {
+            EXPECT_EQ(gone.Delete(), 0);
+            EXPECT_EQ(TakePendingError(),
+                      "29999 FinPIEnigmaPref::Delete: An Enigma Pref cannot be deleted.");
+            EXPECT_EQ(App().calls.Total(), 0U);
+        } else if (std::is_same_v<TypeParam, FinPIPartPrefs>) {
+            EXPECT_EQ(gone.Delete(), 0) << "the host keeps preferences";
+        } else {
+            EXPECT_EQ(gone.Delete(), 1);
+            EXPECT_EQ(gone.IsNull(), 1);
+            EXPECT_EQ(Make<TypeParam>().Load(), 0);
+            EXPECT_FALSE(WalkMeets(Make<TypeParam>()));
+        }
+    }
+}
+
+// A record that writes and reads blocks of one serial version.
+template <typename Record, u16 kSerial>
+struct OfSerial final : Record {
+    using Record::Record;
+    u16 GetSerialVersion() const override { return kSerial; }
+};
+
+template <u16 kSerial, typename Record>
+void WriteAndRead() {
+    auto written = Make<OfSerial<Record, kSerial>>();
+    Fill(written, Content(written, 0x1234));
+    std::vector<u8> block(written.GetSerialized(nullptr, 0));
+    const std::size_t data = (written.GetDataSize() + 1) / 2 * 2;
+    EXPECT_EQ(block.size(), 12 + 6 + data + (kSerial == 2 ? 6 + 4 : 0));
+    EXPECT_EQ(written.GetSerialized(block.data(), static_cast<u32>(block.size())), block.size());
+
+    auto read = Make<OfSerial<Record, 2>>();
+    read.SetVersion(1);
+    EXPECT_EQ(read.PutSerialized(block.data(), static_cast<u32>(block.size())), 1);
+    EXPECT_EQ(DataOf(read), DataOf(written));
+    EXPECT_EQ(read.Version(), kSerial == 2 ? written.Version() : 1);
+    EXPECT_TRUE(read.WasFilledFromCopy());
+    EXPECT_EQ(read.IsLoaded(), 0);
+    read.Reset(0);
+    const bool keepsData = std::is_same_v<Record, FinPIGfhold>;
+    EXPECT_EQ(DataOf(read) == std::vector<u8>(read.GetDataSize()), !keepsData);
+}
+
+TYPED_TEST(EveryRecord, IsWrittenAndReadInBothSerialVersions) {
+    WriteAndRead<1, TypeParam>();
+    WriteAndRead<2, TypeParam>();
+}
+
+}  // namespace
