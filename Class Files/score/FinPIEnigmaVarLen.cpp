@@ -27,9 +27,18 @@ i16 FinPIEnigmaVarLen::Load() {
         m_loaded = LoadHostRecord(m_tag, key.data(), MutableData(), &size, m_version) != 0 ? 1 : 0;
     }
     if (m_loaded != 0) {
+        TakeSize(size);
         SetToCurrentDocument();
     }
     return IsLoaded();
+}
+
+// The buffer may hold more from a record before.
+void FinPIEnigmaVarLen::TakeSize(u32 size) {
+    if (size < GetDataSize()) {
+        SetSize(size);
+        SetSize(std::max(size, MinimumBodySize(m_inci)));
+    }
 }
 
 // The step finds the record; its whole body then takes a load.

@@ -8,7 +8,7 @@
 // The data is a buffer on the heap, never smaller than the kind's least body.
 class FinPIEnigmaVarLen : public FinPIEnigmaData, public FinPIVarLenStruct<void> {
 public:
-    // A stored record larger than the buffer enlarges it.
+    // The buffer takes the stored size.
     i16 Load() override;
     i16 LoadNext() override;
     void SetData(const void* bytes, u32 size) override;  // the buffer takes this size
@@ -28,6 +28,7 @@ protected:
 
 private:
     bool HasTwoCmpers() const noexcept;
+    void TakeSize(u32 size);
 };
 
 // Every buffer begins with the structure.

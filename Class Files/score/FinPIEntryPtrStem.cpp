@@ -34,8 +34,10 @@ i16 FinPIEntryPtr::AskStemDirection() const {
         PostError(FinPIEntryNotVisibleError{});
         return kNoStem;
     }
+    const FinPIMetricsCache::MeasureKey measure{m_document, StaffNumber(),
+                                                static_cast<i16>(Measure())};
     const auto [metrics, inserted] = FinPIMetricsCache::FindEntryMetrics(
-        {m_document, StaffNumber(), static_cast<i16>(Measure()), Number()});
+        {measure.document, measure.staff, measure.measure, Number()});
     if (inserted) {
         const DocumentScope scope{m_document};
         ENTRYMETRICS answer{};
@@ -43,11 +45,12 @@ i16 FinPIEntryPtr::AskStemDirection() const {
             PostError(FinPIEntryNotVisibleError{});
             return kNoStem;
         }
-        if (answer.pageNumber == 0) {
-            PostError(FinPINotPageViewVisibleError{});
-        }
+        FinPIMetricsCache::NotePageView(measure, answer.pageNumber != 0);
         metrics = answer;
         Host::FreeEntryMetrics(&answer);
+    }
+    if (!FinPIMetricsCache::IsShownInPageView(measure)) {
+        PostError(FinPINotPageViewVisibleError{});
     }
     return metrics.stemDirection;
 }

@@ -19,7 +19,21 @@ struct SpecialPartExtraction {
     u16 staffList = kUnknown;  // item number, of the document
 };
 
+struct PageView {
+    u16 document = kUnknown;
+    u16 staff = kUnknown;
+    u16 measure = kUnknown;
+    u16 isShown = 1;
+
+    bool IsOf(const MeasureKey& key) const noexcept {
+        return document == key.document && staff == key.staff &&
+               measure == static_cast<u16>(key.measure);
+    }
+};
+
 std::map<EntryKey, ENTRYMETRICS> g_entryMetrics;
+std::map<MeasureKey, void*> g_measureMetrics;
+PageView g_pageView;
 SpecialPartExtraction g_specialPartExtraction;
 
 u16 LoadStaffList() {
@@ -40,6 +54,19 @@ EntryLookup FindEntryMetrics(const EntryKey& key) {
     return {node->second, inserted};
 }
 
+void*& FindMeasureMetrics(const MeasureKey& key) {
+    return g_measureMetrics[key];
+}
+
+void NotePageView(const MeasureKey& key, bool isShown) {
+    g_pageView = {key.document, key.staff, static_cast<u16>(key.measure),
+                  static_cast<u16>(isShown ? 1 : 0)};
+}
+
+bool IsShownInPageView(const MeasureKey& key) {
+    return !g_pageView.IsOf(key) || g_pageView.isShown != 0;
+}
+
 u16 SpecPartExtractionCmper(u16 document, u16 staff) {
     SpecialPartExtraction& last = g_specialPartExtraction;
     const bool sameDocument = last.document == document;
@@ -58,6 +85,13 @@ u16 SpecPartExtractionCmper(u16 document, u16 staff) {
 
 void ClearAll() {
     g_entryMetrics.clear();
+    for (const auto& [key, metrics] : g_measureMetrics) {
+        if (metrics != nullptr) {
+            Host::FreeMeasureMetrics(metrics);
+        }
+    }
+    g_measureMetrics.clear();
+    g_pageView = {};
     g_specialPartExtraction = {};
 }
 

@@ -1,4 +1,5 @@
-// Metrics of entries, and the last answer on special part extraction, kept for one command.
+// Metrics of measures and entries, and the last answers on page view and on special part
+// extraction, kept for one command.
 #pragma once
 
 #include <tuple>
@@ -27,6 +28,27 @@ struct EntryLookup {
 };
 
 EntryLookup FindEntryMetrics(const EntryKey& key);
+
+// What a measure's metrics are kept under.
+struct MeasureKey {
+    u16 document;
+    u16 staff;
+    i16 measure;
+
+    friend bool operator<(const MeasureKey& left, const MeasureKey& right) noexcept {
+        return std::tie(left.document, left.staff, left.measure) <
+               std::tie(right.document, right.staff, right.measure);
+    }
+};
+
+// The host's metrics of a measure; null and for the caller to fill when they are not known.
+// What it puts there, ClearAll gives back with FX_FreeMeasureMetrics.
+void*& FindMeasureMetrics(const MeasureKey& key);
+
+// Whether page view shows the measure, as its entries' metrics told last. Of other measures than
+// the last one nothing is known, and they count as shown.
+void NotePageView(const MeasureKey& key, bool isShown);
+bool IsShownInPageView(const MeasureKey& key);
 
 // 1 when the staff is in the document's staff list for special part extraction. Loads the
 // list's number once a document (a failure is posted) and rests on FX_InstToSlot, which asking

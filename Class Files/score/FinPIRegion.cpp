@@ -38,16 +38,25 @@ FinPIRegion& FinPIRegion::operator=(const FinPIRegion& other) {
         FinPIDoc::operator=(other);
         m_part = other.m_part;
         m_view = other.m_view;
-        m_staffList.clear();
-        m_measureDurations.clear();
+        Release();
         m_isOneLayer = other.m_isOneLayer;
         m_layer = other.m_layer;
     }
     return *this;
 }
 
+void FinPIRegion::Release() noexcept {
+    m_text.SetSize(0);
+    m_frames.clear();
+    m_staffList.clear();
+    m_measureDurations.clear();
+}
+
 void FinPIRegion::SetRegion(const EREGION* region) {
     RefreshView();
+    if (m_isOneLayer != 0) {
+        m_frames.clear();
+    }
     m_isOneLayer = 0;
     m_layer = 0;
     static_cast<EREGION&>(*this) = region != nullptr ? *region : EREGION{};
@@ -72,8 +81,21 @@ bool FinPIRegion::operator==(const FinPIRegion& other) const noexcept {
 }
 
 void FinPIRegion::SetOneLayer(u16 layer) noexcept {
+    m_frames.clear();
     m_isOneLayer = 1;
     m_layer = layer;
+}
+
+FinPITGFPtr& FinPIRegion::OneLayerFrame(u16 staff, u16 measure) {
+    const auto kept = std::ranges::find_if(m_frames, [=](const KeptFrame& frame) {
+        return frame.staff == staff && frame.measure == measure;
+    });
+    if (kept != m_frames.end()) {
+        return *kept->frame;
+    }
+    m_frames.push_back(
+        {staff, measure, std::make_unique<FinPITGFPtr>(staff, measure, m_layer, m_docID)});
+    return *m_frames.back().frame;
 }
 
 u16 FinPIRegion::StaffOfSlot(i16 slot) const {

@@ -1,10 +1,13 @@
 // Which staves and which span of time a command works on.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "Class Files/foundation/FinPIVarStringUtf16.h"
 #include "Class Files/score/FinPIDoc.h"
+#include "Class Files/score/FinPITGFPtr.h"
 #include "shell/host/host_frames.h"
 
 // The host's region with the document it belongs to. Slots are places in a staff list, from 1;
@@ -18,13 +21,17 @@ public:
     FinPIRegion();  // of the current document, empty
     // No host call; the view of the document is not looked at.
     FinPIRegion(const EREGION& region, u16 document);
-    // A copy asks the host for slots and durations again: its lists start empty.
+    // A copy asks the host for slots and durations again: its lists start empty, and it has no
+    // frames and no text yet.
     FinPIRegion(const FinPIRegion& other);
     FinPIRegion& operator=(const FinPIRegion& other);
     virtual ~FinPIRegion() = default;
 
-    // Null empties the region. The document stays; the region stands for all layers.
+    // Null empties the region. The document stays; the region stands for all layers, and the
+    // frames that it kept of its one layer are given back.
     void SetRegion(const EREGION* region);
+    // Gives back the frames and empties the lists and the text.
+    void Release() noexcept;
     // The same document, in the same view of it, and the same staves and span.
     bool operator==(const FinPIRegion& other) const noexcept;
 
@@ -35,6 +42,9 @@ public:
 
     // From 0; the description then names the layer.
     void SetOneLayer(u16 layer) noexcept;
+    // The layer's frame, loaded at the first call and kept with the region; without a frame when
+    // the host has none there. Rests on FX_LoadTGF.
+    FinPITGFPtr& OneLayerFrame(u16 staff, u16 measure);
 
     // In the start staff list. 0 = no such slot; 0 = the staff is not in the list. Rest on
     // FX_SlotToInst and FX_InstToSlot.
@@ -68,6 +78,8 @@ public:
 
     // The selection in words, in the user's language.
     std::u16string Description() const;
+    // The same, kept with the region until the next call.
+    const char16* DescriptionText() { return m_text.Set(Description().c_str()); }
 
 private:
     struct Endpoint {
@@ -86,6 +98,14 @@ private:
     u16 m_view = 0;
     std::vector<u16> m_staffList;
     std::vector<i32> m_measureDurations;
+    struct KeptFrame {
+        u16 staff;
+        u16 measure;
+        std::unique_ptr<FinPITGFPtr> frame;
+    };
+
+    std::vector<KeptFrame> m_frames;
+    FinPIVarStringUtf16 m_text;
     u16 m_isOneLayer = 0;
     u16 m_layer = 0;
 };

@@ -6,6 +6,7 @@
 
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPIUniStringUtil.h"
+#include "Class Files/foundation/FinPIVarArray.h"
 #include "Class Files/foundation/FinPIVarString.h"
 #include "Class Files/foundation/FinPIVarStringUtf16.h"
 #include "platform/headless/session.h"
@@ -40,6 +41,13 @@ TEST_F(Strings, BuffersHaveExactlyTheSizeAskedForAndKeepTheirLeadingBytes) {
     EXPECT_EQ(buffer.Elements()[0], 0);
     EXPECT_EQ(buffer.SetSize(0), 1);
     EXPECT_EQ(buffer.Elements(), nullptr);
+
+    FinPIVarArray<i16> array;
+    array.SetCount(3);
+    array.Values()[1] = -7;
+    array.SetCount(2);
+    EXPECT_EQ(array.Size(), 4U);
+    EXPECT_EQ(array.Values().back(), -7);
 }
 
 struct Utf8Case {

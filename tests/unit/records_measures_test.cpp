@@ -160,6 +160,69 @@ TEST_F(ScoreAccess, MeasureNumbersFallBackToTheirDigits) {
     EXPECT_EQ(std::u16string(text), u"#123");
 }
 
+// Measures 1 to 5 in 4/4 4/4 3/4 3/4 4/4, in the keys 0 0 2 2 1; the second staff is in 2/4 up to
+// measure 3 and in 6/4 then, and in key 7.
+TEST_F(ScoreAccess, MeasuresShowTheSignaturesThatChange) {
+    const i16 beats[] = {4, 4, 3, 3, 4};
+    const u16 keys[] = {0, 0, 2, 2, 1};
+    for (u16 i = 0; i < 5; ++i) {
+        EDTMeasureSpec2014 spec = host.Score().Measure(i + 1);
+        spec.beats = beats[i];
+        spec.key = keys[i];
+        Put(standin::Tag::kMeasure, RecordKey::Other(i + 1), spec);
+        EDTMeasureFloat2014 own{};
+        own.key = 7;
+        own.beats = i < 3 ? 2 : 6;
+        own.beatDuration = 1024;
+        Put(HostTag("SDFL"), RecordKey::Detail(host.Staff(2), i + 1), own);
+    }
+    EDTBarlinePrefs26_2 prefs{};
+    Put(HostTag("pfOB"), RecordKey::Preference(0), prefs);
+    FinPIStaff second(host.Staff(2));
+    second.flags = StaffFlag::kOwnKeySig | StaffFlag::kOwnTimeSig;
+    ASSERT_EQ(second.Commit(), 1);
+    // For each measure the beats shown, and k for a key signature.
+    const auto shown = [this](i16 slot) {
+        std::string text;
+        for (u16 number = 1; number <= 5; ++number) {
+            const FinPIMeas measure(number);
+            FinPITimeSig signature;
+            measure.VisibleTimeSig(static_cast<i16>(host.Staff(slot)), signature);
+            text += std::to_string(signature.beats);
+            text += measure.InstHasVisibleKeySig(static_cast<i16>(host.Staff(slot))) ? "k " : " ";
+        }
+        return text;
+    };
+    EXPECT_EQ(shown(1), "4 0 3k 0 4k ");
+    EXPECT_EQ(shown(2), "2k 0 0 6 0 ");
+    prefs.hidesFirstSignatures = 1;
+    Put(HostTag("pfOB"), RecordKey::Preference(0), prefs);
+    EXPECT_EQ(shown(2), "0 0 0 6 0 ");
+    FinPIKeyAttributes attributes(0);
+    const auto staff = static_cast<i16>(host.Staff(2));
+    EXPECT_EQ(FinPIMeas(3).GetKeylessAttributes(staff, attributes), 0);
+    second.flags |= StaffFlag::kNoKeySig | StaffFlag::kNoTimeSig;
+    ASSERT_EQ(second.Commit(), 1);
+    EXPECT_EQ(shown(2), "0 0 0 0 0 ");
+    Put(HostTag("otTp"), RecordKey::Other(7), std::array<u16, 3>{1, 2, 3});
+    EXPECT_EQ(FinPIMeas(3).GetKeylessAttributes(staff, attributes), 1);
+    EXPECT_EQ(attributes.Count(), 3U);
+
+    // What does not load is named, and counts as nothing.
+    const FinPIMeas measure(1);
+    FinPITimeSig signature;
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadEData);
+    measure.VisibleTimeSig(staff, signature);
+    EXPECT_EQ(TakePendingError(),
+              ("29998 " + std::string("void __cdecl FinPIMeas::VisibleTimeSig(const short,class "
+                                      "FinPITimeSig &) const: SOIS")));
+    measure.InstHasVisibleKeySig(staff);
+    EXPECT_EQ(TakePendingError(),
+              "29998 short __cdecl FinPIMeas::InstHasVisibleKeySig(const short) const: SOIS");
+    measure.GetKeylessAttributes(staff, attributes);
+    EXPECT_EQ(TakePendingError(), "29998 FinPIMeas::GetKeylessAttributes: SOIS");
+}
+
 struct TimeSigCase {
     const char* name;
     i16 beats;
@@ -289,17 +352,30 @@ TEST_F(ScoreAccess, SpecialPartExtractionAsksTheHostOnce) {
     EXPECT_GT(App().calls.Of(HostCall::kLoadEData), 0U);
 }
 
-TEST_F(ScoreAccess, EntryMetricsAreKeptUntilTheCacheIsEmptied) {
-    const FinPIMetricsCache::EntryKey key{1, 2, 3, 4};
-    FinPIMetricsCache::EntryLookup first = FinPIMetricsCache::FindEntryMetrics(key);
+TEST_F(ScoreAccess, MetricsAreKeptUntilTheCacheIsEmptied) {
+    using namespace FinPIMetricsCache;
+    const EntryKey entry{1, 2, 3, 4};
+    const MeasureKey measure{1, 2, 3};
+    EntryLookup first = FindEntryMetrics(entry);
     EXPECT_TRUE(first.inserted);
-    EXPECT_EQ(first.metrics.left, 0);
+    EXPECT_EQ(+first.metrics.left, 0);
     first.metrics.left = 9;
-    EXPECT_FALSE(FinPIMetricsCache::FindEntryMetrics(key).inserted);
-    EXPECT_EQ(FinPIMetricsCache::FindEntryMetrics(key).metrics.left, 9);
-    EXPECT_TRUE(FinPIMetricsCache::FindEntryMetrics({1, 2, 3, 5}).inserted);
-    FinPIMetricsCache::ClearAll();
-    EXPECT_TRUE(FinPIMetricsCache::FindEntryMetrics(key).inserted);
+    EXPECT_FALSE(FindEntryMetrics(entry).inserted);
+    EXPECT_EQ(+FindEntryMetrics(entry).metrics.left, 9);
+    EXPECT_TRUE(FindEntryMetrics({1, 2, 3, 5}).inserted);
+    EXPECT_EQ(FindMeasureMetrics({1, 2, 4}), nullptr);
+    FindMeasureMetrics(measure) = &first;
+    EXPECT_EQ(FindMeasureMetrics(measure), &first);
+    NotePageView(measure, false);
+    EXPECT_FALSE(IsShownInPageView(measure));
+    EXPECT_TRUE(IsShownInPageView({1, 2, 4}));
+
+    App().ResetCounts();
+    ClearAll();
+    EXPECT_EQ(App().calls.Of(HostCall::kFreeMeasureMetrics), 1U);
+    EXPECT_TRUE(FindEntryMetrics(entry).inserted);
+    EXPECT_EQ(FindMeasureMetrics(measure), nullptr);
+    EXPECT_TRUE(IsShownInPageView(measure));
 }
 
 }  // namespace

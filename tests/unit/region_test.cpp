@@ -188,6 +188,27 @@ TEST_F(Region, IsTheSameOnlyInTheSameViewOfTheSameDocument) {
     EXPECT_FALSE((FinPIRegion{span, other} == Of(span)));
 }
 
+TEST_F(Region, KeepsTheFramesOfItsOneLayer) {
+    const EREGION span = Span(1, 0, 2, kEndOfMeasure);
+    FinPIRegion region = Of(span);
+    region.SetOneLayer(2);
+    FinPITGFPtr& frame = region.OneLayerFrame(host.Staff(1), 2);
+    EXPECT_EQ(frame.Layer(), 2);
+    region.OneLayerFrame(host.Staff(2), 2);
+    EXPECT_FALSE(region.OneLayerFrame(host.Staff(2), 99));
+    EXPECT_EQ(&region.OneLayerFrame(host.Staff(1), 2), &frame);
+    EXPECT_EQ(App().lent.Count(), 2U);
+    FinPIRegion copy{region};
+    EXPECT_EQ(App().lent.Count(), 2U) << "frames stay with the region that loaded them";
+    copy.OneLayerFrame(host.Staff(1), 1);
+    copy = region;
+    region.SetRegion(&span);
+    EXPECT_EQ(App().lent.Count(), 0U);
+    region.StaffList() = {50};
+    region.Release();
+    EXPECT_EQ(region.StaffOfSlot(1), host.Staff(1));
+}
+
 struct TextCase {
     EREGION region;
     const char16_t* english;
@@ -230,7 +251,8 @@ TEST_F(RegionText, TellsPathStavesMeasuresAndBeats) {
 TEST_F(RegionText, NamesPartAndLayerAndIsCut) {
     FinPIRegion region = Of({0, 1, 1, 0, 0, 1, 1, kEndOfMeasure});
     region.SetOneLayer(1);
-    EXPECT_EQ(region.Description(), u"score Layer 2: Staff 1 Bar 1 - Bar 1 End");
+    EXPECT_EQ(region.DescriptionText(),
+              std::u16string(u"score Layer 2: Staff 1 Bar 1 - Bar 1 End"));
     host.Score().AddPart(1, u"Flute");
     host.Score().currentPart = 1;
     EXPECT_EQ(region.Description(), u"score - Flute Layer 2: Staff 1 Bar 1 - Bar 1 End");

@@ -1,5 +1,6 @@
 add_standin_test(test_records
   "${CMAKE_CURRENT_LIST_DIR}/records_every_test.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/records_classes_test.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/records_access_test.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/records_serialized_test.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/records_preferences_test.cpp"
