@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIEntryPtr.h"
 #include "Class Files/score/FinPIScoreExpr.h"
 
@@ -14,11 +15,29 @@ i32 PositionOf(const MyExpressionAssign& expression) {
     return static_cast<i32>((u32{expression.positionHigh} << 16U) | expression.positionLow);
 }
 
-bool IsCandidate(const FinPIScoreExpr& expression, const FinPIRegion& region, u16 layer) {
+// Of a layer as the record names it; 0 = none in particular, for a layer beyond those it can name.
+u16 LayerField(u16 layer) {
+    return layer < ExpressionLayer::kLayerMask ? static_cast<u16>(layer + 1) : u16{0};
+}
+
+// Only expressions of the frame's own staff can hang on its entries.
+bool IsCandidate(const FinPIScoreExpr& expression, const FramePair& frames, u16 layer) {
     return expression.staffListMarker == 0 &&
-           (expression.layer & ExpressionLayer::kLayerMask) == layer + 1 &&
-           region.ContainsStaff(static_cast<u16>(std::max<i16>(expression.staff, 0))) &&
-           region.ContainsTime(static_cast<i16>(expression.GetCmper1()), PositionOf(expression));
+           (expression.layer & ExpressionLayer::kLayerMask) == LayerField(layer) &&
+           std::max<i16>(expression.staff, 0) == frames.destination.StaffNumber() &&
+           frames.staffSelected &&
+           frames.region.ContainsTime(static_cast<i16>(expression.GetCmper1()),
+                                      PositionOf(expression));
+}
+
+void PostNotLoaded(const FinPIScoreExpr& expression) {
+    PostRecordError<FinPILoadEDataFailed>("Plyweld::MergeFrame", expression.Tag());
+}
+
+// The records of a measure end where one does not load, unless the host has a later one.
+bool IsEnd(u16 measure, u16 record) {
+    FinPIScoreExpr last(measure, record);
+    return last.LoadLastInci() == 0 || last.GetCmper1() != measure || last.Inci() < record;
 }
 
 // Record numbers of the measure's expressions that may follow.
@@ -27,9 +46,12 @@ std::set<u16> Collect(const FramePair& frames, u16 layer) {
     for (u16 record = 0; record < kNoInci; ++record) {
         FinPIScoreExpr expression(frames.destination.Measure(), record);
         if (expression.Load() == 0) {
+            if (!IsEnd(frames.destination.Measure(), record)) {
+                PostNotLoaded(expression);
+            }
             break;
         }
-        if (IsCandidate(expression, frames.region, layer)) {
+        if (IsCandidate(expression, frames, layer)) {
             candidates.insert(record);
         }
     }
@@ -42,7 +64,7 @@ void Reassign(FinPIScoreExpr& expression, const FramePair& frames, u16 layer) {
             frames.destination.EntryAt(frames.destination.FindEntryByNumber(entryNumber));
         if (entry.IsExpressionAttached(expression, false, false) != 0) {
             expression.layer = static_cast<u16>((expression.layer & ~ExpressionLayer::kLayerMask) |
-                                                ((layer + 1U) & ExpressionLayer::kLayerMask));
+                                                LayerField(layer));
             expression.Save();
             return;
         }
@@ -57,8 +79,10 @@ void ReassignExpressions(const FramePair& frames, u16 sourceLayer, u16 destinati
     }
     for (const u16 record : Collect(frames, sourceLayer)) {
         FinPIScoreExpr expression(frames.destination.Measure(), record);
-        if (expression.Load() != 0) {
+        if (expression.Load() != 0 && expression.DocumentID() == frames.destination.Document()) {
             Reassign(expression, frames, destinationLayer);
+        } else {
+            PostNotLoaded(expression);
         }
     }
 }

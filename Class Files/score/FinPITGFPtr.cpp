@@ -29,6 +29,15 @@ EXFRAME* LoadAgain(const EXFRAME& frame) {
     return LoadFrame(frame.firstKey, frame.slot, frame.measure, frame.layer);
 }
 
+// What the host would answer, from the entries as they are held.
+i32 DurationOf(std::span<const EXENTRY> entries) {
+    i32 duration = 0;
+    for (const EXENTRY& entry : entries) {
+        duration += (entry.flags & EntryFlag::kVoice2) == 0 ? i32{entry.actualDuration} : 0;
+    }
+    return duration;
+}
+
 // What the host may respell while it deletes entries.
 struct NoteFields {
     u16 pitch;
@@ -158,7 +167,8 @@ i32 FinPITGFPtr::Duration() const {
         return 0;
     }
     const DocumentScope scope{m_document};
-    return scope ? Host::GetTGFDuration(m_frame) : 0;
+    const i32 duration = scope ? Host::GetTGFDuration(m_frame) : 0;
+    return duration != 0 ? duration : DurationOf(Entries());
 }
 
 i16 FinPITGFPtr::SaveTGF() const {

@@ -47,7 +47,8 @@ public:
     FinPIEntryPtr EntryAt(i16 index) const;
     // -1 = no entry of the frame has that number.
     i16 FindEntryByNumber(u32 entryNumber) const noexcept;
-    // The total time of the voice-1 entries; 0 when empty. Rests on FX_GetTGFDuration.
+    // The total time of the voice-1 entries; 0 when empty. Rests on FX_GetTGFDuration, and where
+    // that gives nothing on the entries.
     i32 Duration() const;
 
     // Stores the frame. Does not switch documents: fails when the frame's is not the current

@@ -36,23 +36,6 @@ INSTANTIATE_TEST_SUITE_P(Walk, Progress,
                          testing::Values(ProgressCase{10, 6, 11}, ProgressCase{25, 6, 13},
                                          ProgressCase{100, 30, 51}));
 
-TEST(Walk, UserStopRollsBack) {
-    StandIn host{1, 10};
-    for (u16 measure = 1; measure <= 10; ++measure) {
-        host.Layer(1, measure, 1, "w:c4");
-    }
-    host.SelectAll();
-    const u64 before = host.Score().Digest();
-    App().faults.stopAtProgress = 2;
-    Plugin{}.Merge(host);
-    EXPECT_EQ(App().progress.size(), 2U);
-    EXPECT_EQ(App().lastProgressStopped, 1);
-    EXPECT_EQ(host.Score().Digest(), before);
-    EXPECT_TRUE(host.Score().UndoTexts().empty());
-    EXPECT_TRUE(App().alerts.empty());
-    EXPECT_TRUE(App().redrawn.empty());
-}
-
 TEST(Walk, EndsAtTheDocumentsLastMeasure) {
     StandIn host{1, 2};
     host.Layer(1, 2, 1, "w:c4");

@@ -9,7 +9,7 @@ target_link_libraries(trust_support PRIVATE test_support plyweld_options)
 target_compile_options(trust_support PRIVATE -O1)  # thousands of merges
 
 add_plugin_test(test_trust trust_invariant_test.cpp trust_merges_test.cpp
-  support/written_score.cpp)
+  trust_properties_test.cpp trust_endurance_test.cpp support/dialog_desk.cpp support/written_score.cpp)
 add_plugin_test(test_sweeps sweep_calls_test.cpp sweep_exports_test.cpp
   support/dialog_desk.cpp support/scenarios.cpp support/sweep_round.cpp support/written_score.cpp)
 foreach(program test_trust test_sweeps)

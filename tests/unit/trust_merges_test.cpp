@@ -1,20 +1,15 @@
 // Merges of made-up music. PLYWELD_MERGES sets their number, PLYWELD_SEED repeats one.
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <map>
 
 #include "tests/unit/support/invariant.h"
+#include "tests/unit/support/merge_count.h"
 #include "tests/unit/support/score_generator.h"
 
 namespace standin {
 namespace {
 
 constexpr u32 kGroups = 5;
-
-u32 Setting(const char* name, u32 otherwise) {
-    const char* text = std::getenv(name);
-    return text == nullptr ? otherwise : static_cast<u32>(std::strtoul(text, nullptr, 10));
-}
 
 std::string Lines(const std::string& title, const std::vector<std::string>& lines) {
     std::string text;
@@ -131,8 +126,8 @@ class MadeUpScores : public testing::TestWithParam<u32> {};
 TEST_P(MadeUpScores, LoseNothing) {
     constexpr u32 kMostTold = 3;
     const Plugin plugin;
-    const u32 only = Setting("PLYWELD_SEED", 0);
-    const u32 merges = Setting("PLYWELD_MERGES", 5000);
+    const u32 only = NumberFromEnvironment("PLYWELD_SEED", 0);
+    const u32 merges = MergeCount();
     u32 tried = 0;
     u32 moved = 0;
     u32 failed = 0;
@@ -150,6 +145,7 @@ TEST_P(MadeUpScores, LoseNothing) {
             TellSmallest(plugin, chosen, written);
         }
     }
+    RecordProperty("merges", std::to_string(tried));
     EXPECT_TRUE(only != 0 || moved * 2 > tried) << moved << " of " << tried << " moved music";
 }
 

@@ -266,7 +266,10 @@ private:
         if (BytesOf(otherwise).substr(0, kHostsBytes) != BytesOf(after).substr(0, kHostsBytes)) {
             m_faults.push_back(name + " changed");
         }
-        if (before.layer != after.layer && LayerOf(after) != m_options.destination) {
+        // A layer that the record cannot name becomes none in particular.
+        const bool isNameable = m_options.destination < ExpressionLayer::kLayerMask;
+        const int destination = isNameable ? i32{m_options.destination} : -1;
+        if (before.layer != after.layer && LayerOf(after) != destination) {
             m_faults.push_back(name + " went to another layer");
         }
         const auto music = Under(m_factsBefore, measure, before);
@@ -274,7 +277,7 @@ private:
         const bool hangsOnNotes =
             !music.empty() && std::all_of(music.begin(), music.end(),
                                           [](const EntryFacts* was) { return was->IsNote(); });
-        if (!hangsOnNotes || !IsSelected(measure, before)) {
+        if (!hangsOnNotes || !IsSelected(measure, before) || LayerOf(after) < 0) {
             return;  // it may go with a rest of either voice; outside the selection it stays
         }
         const bool found = std::any_of(music.begin(), music.end(), [&](const EntryFacts* was) {

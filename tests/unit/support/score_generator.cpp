@@ -54,6 +54,7 @@ public:
     WrittenScore Run() {
         m_score.staves = 1 + Below(10) / 8;
         m_score.measures = 1 + Below(10) / 6;
+        m_score.layers = Chance(85) ? 4 : 1 + Below(8);
         MakeFrames();
         for (const auto& frame : m_score.frames) {
             AddDetails(frame);
@@ -61,9 +62,11 @@ public:
         AddShapes();
         AddExpressions();
         Select();
-        m_score.options.source = Chance(60) ? u16{65535} : static_cast<u16>(Below(4));
+        const int layers = m_score.layers;
+        const bool all = layers == 1 || Chance(60);
+        m_score.options.source = all ? u16{65535} : static_cast<u16>(Below(layers));
         do {
-            m_score.options.destination = static_cast<u16>(Below(4));
+            m_score.options.destination = static_cast<u16>(Below(layers));
         } while (m_score.options.destination == m_score.options.source);
         m_score.options.mode = Chance(12) ? 1 : 0;
         m_score.options.rebeam = Chance(50) ? 1 : 0;
@@ -96,8 +99,8 @@ private:
     // Layers that share a rhythm meet; the others fill or miss each other.
     void MakeMeasure(i16 slot, u16 measure, int sixteenths) {
         const std::array<Words, 2> shared = {Rhythm(sixteenths), Rhythm(sixteenths)};
-        for (u16 layer = 0; layer < 4; ++layer) {
-            if (Chance(layer < 2 ? 12 : 55)) {
+        for (u16 layer = 0; layer < m_score.layers; ++layer) {
+            if (Chance(layer < 2 ? 12 : layer < 4 ? 55 : 75)) {
                 continue;
             }
             const int length = Chance(10) ? Below(sixteenths) : sixteenths;
@@ -285,7 +288,7 @@ private:
         for (int count = Below(4); count > 0; --count) {
             const EntryPlace place = SomePlace(0);
             if (!IsGrace(place)) {
-                const i16 other = static_cast<i16>(Below(5) - 1);
+                const i16 other = static_cast<i16>(Below(m_score.layers + 1) - 1);
                 m_score.expressions.push_back(
                     {place, Chance(70) ? static_cast<i16>(place.layer) : other});
             }

@@ -13,7 +13,7 @@ struct DetailToWrite {
 // Every kind, each once.
 std::vector<DetailToWrite> DetailsToWrite();
 
-// One to three staves and measures, up to four layers, with grace notes, tuplets, second voices
+// One to three staves and measures, up to eight layers, with grace notes, tuplets, second voices
 // and all that can hang on a note, selected somehow, and how to merge it.
 WrittenScore MakeUpScore(u32 seed);
 

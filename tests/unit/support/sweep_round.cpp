@@ -54,13 +54,14 @@ std::ptrdiff_t AlertsOfMusic() {
 }
 
 // A run may end without a word when the user seems to have stopped it, when what is merged
-// instead of replaced fits nowhere, when the dialog did not come or could not be read, and when
-// the word itself was refused.
+// instead of replaced fits nowhere, when rests that the host keeps are left alone, when the dialog
+// did not come or could not be read, and when the word itself was refused.
 bool MayBeSilent(const Scenario& scenario, const CallCounts& calls) {
     const HostCall refused = calls.firstRefused.value_or(HostCall::kCount);
     const bool isOfDialogs = refused >= HostCall::kDialog && refused <= HostCall::kAlertMessage;
     return refused == HostCall::kMassEditProgress || refused == HostCall::kAlertMessage ||
-           refused == HostCall::kExecuteMenuItem ||
+           refused == HostCall::kExecuteMenuItem || refused == HostCall::kInsertEXENTRY ||
+           refused == HostCall::kDeleteEXENTRY ||
            (scenario.way != Scenario::Way::kShift &&
             (isOfDialogs || refused == HostCall::kGetCurERegions));
 }
@@ -189,7 +190,9 @@ bool Sweep::Round(const Plugin& plugin, const Refusal& refusal) {
                       << (calls.firstRefused ? NameOf(*calls.firstRefused) : "nothing") << '\n'
                       << problems << Print(m_scenario.score);
     }
-    return calls.refusedByPlan > 0 || registryMet;
+    // Calls that only give back are counted and never refused.
+    return calls.Total() >= std::max(refusal.call, refusal.from) &&
+           (refusal.firstRegistryCall == 0 || registryMet);
 }
 
 std::string Sweep::ProblemsOf(StandIn& host, const Refusal& refusal, const Origin& from,

@@ -38,8 +38,8 @@ public:
     Sweep(const Sweep&) = delete;
     Sweep& operator=(const Sweep&) = delete;
 
-    // Whether anything was refused. Fails the test when a state is left that must not be:
-    // a score that is neither merged nor as it was, a frame on loan, a second alert.
+    // Whether the run came as far as what is refused. Fails the test when a state is left that must
+    // not be: a score that is neither merged nor as it was, a frame on loan, a second alert.
     bool Round(const Plugin& plugin, const Refusal& refusal);
 
     // Host calls of the run in which nothing is refused.

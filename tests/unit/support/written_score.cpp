@@ -231,6 +231,7 @@ int EntryCount(const std::vector<std::string>& words) {
 
 std::unique_ptr<StandIn> Build(const WrittenScore& score) {
     auto host = std::make_unique<StandIn>(score.staves, score.measures);
+    App().maxLayers = static_cast<i16>(score.layers);
     for (const auto& duration : score.durations) {
         host->Score().SetMeasureDuration(host->Staff(duration.slot), duration.measure,
                                          duration.duration);
@@ -256,6 +257,7 @@ std::unique_ptr<StandIn> Build(const WrittenScore& score) {
 
 std::string Print(const WrittenScore& score) {
     std::string text = "StandIn host{" + Numbers({score.staves, score.measures}) + "};\n";
+    text += "App().maxLayers = " + std::to_string(score.layers) + ";\n";
     for (const auto& d : score.durations) {
         text += "SetMeasureDuration(Staff(" + std::to_string(d.slot) + "), " +
                 Numbers({d.measure, d.duration}) + ");\n";

@@ -42,6 +42,7 @@ struct WrittenScore {
 
     int staves = 1;
     int measures = 1;
+    int layers = 4;  // that the host has
     std::vector<Duration> durations;
     std::vector<Frame> frames;
     std::vector<Detail> details;

@@ -1,0 +1,110 @@
+// Large scores, and many runs in one process. PLYWELD_LONG asks for the whole of both.
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <malloc.h>
+
+#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/dialog_desk.h"
+#include "tests/unit/support/merge_count.h"
+
+namespace standin {
+namespace {
+
+bool IsLong() {
+    return NumberFromEnvironment("PLYWELD_LONG", 0) != 0;
+}
+
+// Bytes in use; 0 where the memory is a sanitizer's.
+u64 MemoryInUse() {
+    const auto info = mallinfo2();
+    return info.uordblks + info.hblkhd;
+}
+
+u64 OpenFiles() {
+    const std::filesystem::directory_iterator files{"/proc/self/fd"};
+    return static_cast<u64>(std::distance(begin(files), end(files)));
+}
+
+TEST(Endurance, ALargeScoreMergesInOneRunWithinItsOwnSize) {
+    const i16 staves = IsLong() ? 40 : 8;
+    const u16 measures = IsLong() ? 10000 : 200;
+    const u64 empty = MemoryInUse();
+    StandIn host{staves, measures};
+    for (i16 slot = 1; slot <= staves; ++slot) {
+        for (u16 measure = 1; measure <= measures; ++measure) {
+            host.Layer(slot, measure, 0, "h:c4 h:r");
+            host.Layer(slot, measure, 1, "h:e4 h:f4");
+            host.Layer(slot, measure, 2, "h:g4 h:r");
+            host.Layer(slot, measure, 3, "h:r h:a4");
+        }
+    }
+    host.SelectAll();
+    const u64 score = MemoryInUse() - empty;
+    Plugin{}.Merge(host);
+    const u64 now = MemoryInUse() - empty;
+    RecordProperty("megabytes", std::to_string(score >> 20U));
+    RecordProperty("megabytesAfter", std::to_string(now >> 20U));
+    EXPECT_TRUE(App().alerts.empty());
+    u64 unlike = 0;
+    for (i16 slot = 1; slot <= staves; ++slot) {
+        for (u16 measure = 1; measure <= measures; ++measure) {
+            unlike += host.Layer(slot, measure, 0) != "h:c4,e4,g4 h:f4,a4" ||
+                              host.Layer(slot, measure, 1) != "h:r h:r"
+                          ? 1
+                          : 0;
+        }
+    }
+    EXPECT_EQ(unlike, 0U);
+    // The score, what undoing needs of it, and little more: every frame changed.
+    EXPECT_LE(now, score * 5 / 2);
+    const u64 before = host.Score().Digest();
+    EXPECT_TRUE(host.Score().Undo());
+    EXPECT_NE(host.Score().Digest(), before);
+}
+
+TEST(Endurance, ManyRunsLeaveNothingBehind) {
+    constexpr u32 kWarmUp = 50;
+    constexpr u64 kMostBytesARun = 192;  // new entries take numbers, which are never used again
+    const u32 runs = IsLong() ? 2000 : 300;
+    StandIn host{2, 2};
+    for (i16 slot = 1; slot <= 2; ++slot) {
+        host.Layer(slot, 1, 0, "q:c4 q:r h:r");
+        host.Layer(slot, 1, 1, "q:e4 q:f4 (3:2 q:g4 q:a4 q:b4)");
+    }
+    host.Attach({1, 1, 1, 0}, HostTag("edIM"), "dot");
+    host.Slur({1, 1, 1, 0}, {1, 1, 1, 2});
+    host.SelectAll();
+    DialogDesk desk;
+    const Plugin plugin;
+    const DocumentContent before = host.Score().Content();
+    u64 memory = 0;
+    u64 files = 0;
+    std::vector<u8> stored;
+    for (u32 run = 1; run <= runs; ++run) {
+        if (run % 2 == 0) {
+            plugin.Merge(host);
+        } else {
+            constexpr u16 kGo = 1;
+            constexpr u16 kClose = 2;
+            plugin.Invoke(host);
+            ASSERT_NE(desk.Newest(), nullptr);
+            desk.Newest()->Press(kGo);
+            desk.Newest()->Press(kClose);
+        }
+        ASSERT_TRUE(host.Score().Undo()) << run;
+        App().ResetCounts();
+        if (run == kWarmUp) {
+            memory = MemoryInUse();
+            files = OpenFiles();
+            stored = Plugin::Stored("Plyweld", "ZKCF22000");
+        }
+    }
+    RecordProperty("runs", std::to_string(runs));
+    EXPECT_TRUE(host.Score().Content() == before);
+    EXPECT_LE(MemoryInUse(), memory + kMostBytesARun * (runs - kWarmUp));
+    EXPECT_EQ(OpenFiles(), files);
+    EXPECT_EQ(Plugin::Stored("Plyweld", "ZKCF22000"), stored);
+}
+
+}  // namespace
+}  // namespace standin

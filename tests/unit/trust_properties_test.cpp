@@ -1,0 +1,138 @@
+// What merges of made-up music have in common, beyond that each of them loses nothing.
+#include <algorithm>
+#include <gtest/gtest.h>
+
+#include "tests/unit/support/invariant.h"
+#include "tests/unit/support/merge_count.h"
+#include "tests/unit/support/score_facts.h"
+#include "tests/unit/support/score_generator.h"
+
+namespace standin {
+namespace {
+
+enum FactsToTell { kAll, kNotesByLayer, kNotes };
+
+// What stands in the score and hangs on it, one line an entry.
+std::vector<std::string> FactLines(const Document& document, FactsToTell what) {
+    const DocumentContent content = document.Content();
+    std::vector<std::string> lines;
+    for (const EntryFacts& fact : FactsOf(content)) {
+        if (what != kAll && !fact.IsNote()) {
+            continue;
+        }
+        std::string line = fact.Place() + ", layer ";
+        line += what == kNotes ? "any:" : std::to_string(fact.key.layer) + ':';
+        for (const auto* texts : {&fact.notes, &fact.attachments}) {
+            for (const std::string& text : *texts) {
+                line += ' ' + text;
+            }
+        }
+        lines.push_back(line);
+    }
+    std::sort(lines.begin(), lines.end());
+    return lines;
+}
+
+// One run over the selection, or one for each staff and measure of it, the last first.
+std::vector<std::string> Merged(const Plugin& plugin, const WrittenScore& written, bool inPieces) {
+    const std::unique_ptr<StandIn> host = Build(written);
+    const EREGION whole = written.selection;
+    if (!inPieces) {
+        plugin.Merge(*host, written.options);
+        return FactLines(host->Score(), kAll);
+    }
+    for (i16 slot = whole.endSlot; slot >= whole.startSlot; --slot) {
+        for (i16 measure = whole.endMeasure; measure >= whole.startMeasure; --measure) {
+            const i32 start = measure == whole.startMeasure ? i32{whole.startPosition} : 0;
+            const i32 end = measure == whole.endMeasure ? i32{whole.endPosition} : kEndOfMeasure;
+            host->Select(slot, measure, start, slot, measure, end);
+            plugin.Merge(*host, written.options);
+        }
+    }
+    return FactLines(host->Score(), kAll);
+}
+
+TEST(Properties, TheOrderOfStavesAndMeasuresDoesNotMatter) {
+    const Plugin plugin;
+    u32 compared = 0;
+    for (u32 seed = 1; compared < MergeCount() / 10 && !HasFailure(); ++seed) {
+        const WrittenScore written = MakeUpScore(seed);
+        const EREGION& region = written.selection;
+        if (region.startSlot != region.endSlot || region.startMeasure != region.endMeasure) {
+            ++compared;
+            EXPECT_EQ(Merged(plugin, written, false), Merged(plugin, written, true))
+                << "PLYWELD_SEED=" << seed << '\n'
+                << Print(written);
+        }
+    }
+}
+
+// Music alone in its layer, all of it selected.
+WrittenScore OneLayerOf(WrittenScore score) {
+    std::erase_if(score.frames, [](const auto& frame) { return frame.layer != 0; });
+    const auto isElsewhere = [](EntryPlace place) { return place.layer != 0; };
+    std::erase_if(score.details, [&](const auto& d) { return isElsewhere(d.place); });
+    std::erase_if(score.expressions, [&](const auto& e) { return isElsewhere(e.place); });
+    std::erase_if(score.shapes,
+                  [&](const auto& s) { return isElsewhere(s.from) || isElsewhere(s.to); });
+    score.layers = 4;
+    score.selection = {0,
+                       1,
+                       1,
+                       0,
+                       0,
+                       static_cast<i16>(score.staves),
+                       static_cast<i16>(score.measures),
+                       kEndOfMeasure};
+    return score;
+}
+
+// A rest that launches a second voice is not replaced: what went out as its entry stays there.
+bool HasSecondVoices(const WrittenScore& score) {
+    return std::any_of(score.frames.begin(), score.frames.end(), [](const auto& frame) {
+        return std::count(frame.words.begin(), frame.words.end(), "v2{") != 0;
+    });
+}
+
+TEST(Properties, IntoAnEmptyLayerAndBackIsTheMusicOfTheStart) {
+    const Plugin plugin;
+    for (u32 seed = 1; seed <= MergeCount() / 10 && !HasFailure(); ++seed) {
+        const WrittenScore written = OneLayerOf(MakeUpScore(seed));
+        const std::unique_ptr<StandIn> host = Build(written);
+        const FactsToTell stays = HasSecondVoices(written) ? kNotes : kNotesByLayer;
+        const std::vector<std::string> before = FactLines(host->Score(), stays);
+        plugin.Merge(*host, {.source = 0, .destination = 1, .rebeam = 0});
+        plugin.Merge(*host, {.source = 1, .destination = 0, .rebeam = 0});
+        EXPECT_EQ(FactLines(host->Score(), stays), before) << "PLYWELD_SEED=" << seed << '\n'
+                                                           << Print(written);
+    }
+}
+
+// Stopped at each report that a run makes, until one is not stopped any more.
+TEST(Properties, StoppingAtAnyReportChangesNothing) {
+    const Plugin plugin;
+    for (u64 report = 1, reports = 1; report <= reports; ++report) {
+        StandIn host{4, 40};
+        for (i16 slot = 1; slot <= 4; ++slot) {
+            for (u16 measure = 1; measure <= 40; ++measure) {
+                host.Layer(slot, measure, 0, "q:c4 q:r h:r");
+                host.Layer(slot, measure, 1, "q:e4 q:f4 (3:2 e:g4 e:a4 e:b4) q:r");
+            }
+        }
+        host.SelectAll();
+        const DocumentContent before = host.Score().Content();
+        App().ResetCounts();
+        App().faults.stopAtProgress = report;
+        plugin.Merge(host);
+        const bool stopped = App().calls.progressReports == report && App().lastProgressStopped;
+        reports = stopped ? report + 1 : report;
+        EXPECT_EQ(host.Score().Content() == before, stopped) << report;
+        EXPECT_EQ(host.Score().UndoTexts().empty(), stopped);
+        EXPECT_EQ(App().redrawn.empty(), stopped);
+        EXPECT_TRUE(App().alerts.empty());
+        EXPECT_TRUE(stopped || report > 40) << report << " reports";
+    }
+}
+
+}  // namespace
+}  // namespace standin
