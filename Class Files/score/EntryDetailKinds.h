@@ -1,4 +1,5 @@
-// The kinds of details: each binds a host record, its tag and the flag of its entries.
+// The classes of the kinds of details: each binds a host record, its tag and the flag of its
+// entries. EntryDetailKinds.inc lists them.
 #pragma once
 
 #include "Class Files/score/FinPINoteDetail.h"
@@ -11,6 +12,10 @@
 template <typename Record, u32 tag, u32 secondTag, u32 entryFlags>
 class FinPIEntDetTemplate : public FinPIEntryDetail {
 public:
+    static constexpr u32 kTag = tag;
+    static constexpr u32 kSecondTag = secondTag;
+    static constexpr u32 kEntryFlags = entryFlags;
+
     explicit FinPIEntDetTemplate(const FinPIEntryPtr& entry)
         : FinPIEntryDetail{entry, tag, secondTag, entryFlags} {}
 
@@ -25,6 +30,10 @@ protected:
 template <typename Record, u32 tag, u32 entryFlags, u32 noteFlags = 0>
 class FinPINoteDetTemplate final : public FinPINoteDetail {
 public:
+    static constexpr u32 kTag = tag;
+    static constexpr u32 kEntryFlags = entryFlags;
+    static constexpr u32 kNoteFlags = noteFlags;
+
     explicit FinPINoteDetTemplate(const FinPIEntryPtr& entry)
         : FinPINoteDetail{entry, tag, entryFlags, noteFlags} {}
 
@@ -89,6 +98,10 @@ using FinPISecondaryBeamBreak =
     FinPIEntDetTemplate<EDTSecondaryBeamBreak, HostTag("edsB"), 0, DetailFlag::kSecondaryBeamBreak>;
 template <u32 tag>
 using FinPIBeamAlt = FinPIAlteration<EDTBeamAltRecord, tag, DetailFlag::kStemOrBeamMods>;
+using FinPIBeamAltLow = FinPIBeamAlt<HostTag("E\002BL")>;
+using FinPIBeamAltHigh = FinPIBeamAlt<HostTag("E\002BH")>;
+using FinPISecondBeamAltLow = FinPIBeamAlt<HostTag("E\002bL")>;
+using FinPISecondBeamAltHigh = FinPIBeamAlt<HostTag("E\002bH")>;
 using FinPIBeamExtension = FinPIEntDetTemplate<EDTBeamExtension, HostTag("edUE"), HostTag("edDE"),
                                                DetailFlag::kBeamExtension>;
 using FinPIBeamStubDirection =
@@ -96,6 +109,8 @@ using FinPIBeamStubDirection =
 
 template <u32 tag>
 using FinPIStemAlt = FinPIAlteration<STHG, tag, DetailFlag::kStemOrBeamMods>;
+using FinPIFirstStemAlt = FinPIStemAlt<HostTag("edST")>;
+using FinPISecondStemAlt = FinPIStemAlt<HostTag("edSt")>;
 using FinPICustomStem = FinPIEntDetTemplate<EDTCustomStemMods, HostTag("edSU"), HostTag("edsl"),
                                             DetailFlag::kStemOrBeamMods>;
 using FinPIFrozenStem = FinPINullEntryDetail<DetailFlag::kFrozenStemUp, DetailFlag::kFrozenStem>;

@@ -50,13 +50,15 @@ i16 CopyNoteKind(const FinPIEntryPtr& target, const FinPIEntryPtr& source, u32 k
 }
 
 template <typename Kind, CopyRule rule>
-constexpr KindRow StoredKind(u32 selector, u32 entryFlags) {
-    return {selector, entryFlags, CopyKind<Kind, rule>, RemoveKind<Kind>, HasRecordOfKind<Kind>};
+constexpr KindRow StoredKind(u32 selector) {
+    return {selector, Kind::kEntryFlags, CopyKind<Kind, rule>, RemoveKind<Kind>,
+            HasRecordOfKind<Kind>};
 }
 
 template <typename Kind>
-constexpr KindRow NoteKind(u32 selector, u32 entryFlags) {
-    return {selector, entryFlags, CopyNoteKind<Kind>, RemoveKind<Kind>, HasRecordOfKind<Kind>};
+constexpr KindRow NoteKind(u32 selector) {
+    return {selector, Kind::kEntryFlags, CopyNoteKind<Kind>, RemoveKind<Kind>,
+            HasRecordOfKind<Kind>};
 }
 
 template <typename Kind, CopyRule rule>
@@ -110,46 +112,17 @@ FinPIEntryDetail::Removal ClearField6(const FinPIEntryPtr& entry) {
     return removal;
 }
 
-using DetailFlag::kNoteMods;
-using DetailFlag::kStemOrBeamMods;
-constexpr CopyRule kAny = CopyRule::kAnyEntries;
-constexpr CopyRule kSame = CopyRule::kSameKind;
-constexpr u32 kLyricShape = DetailKind::kLyric | DetailKind::kLyricSmartShape;
-
 // In the order in which kinds are copied and deleted.
 constexpr KindRow kKinds[] = {
-    FlagKind<FinPIFrozenStem, kSame>(DetailKind::kFrozenStem),
+    FlagKind<FinPIFrozenStem, CopyRule::kSameKind>(DetailKind::kFrozenStem),
     {DetailKind::kDuration, 0, CopyDuration, KeepDuration, nullptr},
-    StoredKind<FinPITuplet, kAny>(DetailKind::kTuplet, DetailFlag::kTuplet),
-    StoredKind<FinPIArticulation, kSame>(DetailKind::kArticulation, DetailFlag::kArticulation),
-    StoredKind<FinPIVerseAssign, kSame>(DetailKind::kLyric, DetailFlag::kLyric),
-    StoredKind<FinPIChorusAssign, kSame>(DetailKind::kLyric, DetailFlag::kLyric),
-    StoredKind<FinPISectionAssign, kSame>(DetailKind::kLyric, DetailFlag::kLyric),
-    StoredKind<FinPILyricEntryInfo, kSame>(DetailKind::kLyric, DetailFlag::kLyric),
-    StoredKind<FinPISmartShapeLyricAssign, kSame>(kLyricShape, DetailFlag::kSmartShape),
-    NoteKind<FinPICrossStaff>(DetailKind::kCrossStaff, DetailFlag::kCrossStaff),
-    FlagKind<FinPIPrimaryBeamBreak, kAny>(DetailKind::kPrimaryBeamBreak),
-    StoredKind<FinPIBeamAlt<HostTag("E\002BL")>, kSame>(DetailKind::kBeamAlt, kStemOrBeamMods),
-    StoredKind<FinPIBeamAlt<HostTag("E\002BH")>, kSame>(DetailKind::kBeamAlt, kStemOrBeamMods),
-    StoredKind<FinPIBeamAlt<HostTag("E\002bL")>, kSame>(DetailKind::kBeamAlt, kStemOrBeamMods),
-    StoredKind<FinPIBeamAlt<HostTag("E\002bH")>, kSame>(DetailKind::kBeamAlt, kStemOrBeamMods),
-    StoredKind<FinPISecondaryBeamBreak, kAny>(DetailKind::kSecondaryBeamBreak,
-                                              DetailFlag::kSecondaryBeamBreak),
-    StoredKind<FinPIBeamExtension, kSame>(DetailKind::kBeamExtension, DetailFlag::kBeamExtension),
-    StoredKind<FinPIStemAlt<HostTag("edST")>, kSame>(DetailKind::kStemAlt, kStemOrBeamMods),
-    StoredKind<FinPIStemAlt<HostTag("edSt")>, kSame>(DetailKind::kSecondStemAlt, kStemOrBeamMods),
-    StoredKind<FinPICustomStem, kSame>(DetailKind::kCustomStem, kStemOrBeamMods),
-    StoredKind<FinPIBeamStubDirection, kSame>(DetailKind::kBeamStubDirection, kStemOrBeamMods),
-    FlagKind<FinPINullEntryDetail<DetailFlag::kFlagDetail1>, kSame>(DetailKind::kFlagDetails),
-    FlagKind<FinPINullEntryDetail<DetailFlag::kFlagDetail2>, kSame>(DetailKind::kFlagDetails),
-    NoteKind<FinPIAccidentalMods>(DetailKind::kAccidentalMods, kNoteMods),
-    NoteKind<FinPINoteheadMods>(DetailKind::kNoteheadMods, kNoteMods),
-    StoredKind<FinPINoteAlts, kSame>(DetailKind::kNoteAlts, kNoteMods),
-    StoredKind<FinPISmartShapeAssign, kSame>(DetailKind::kSmartShape, DetailFlag::kSmartShape),
-    NoteKind<FinPITieStartRaw>(DetailKind::kTieStart, DetailFlag::kTieOrDotMods),
-    NoteKind<FinPITieEndRaw>(DetailKind::kTieEnd, DetailFlag::kTieOrDotMods),
-    NoteKind<FinPIDotAlts>(DetailKind::kDotAlts, DetailFlag::kTieOrDotMods),
-    NoteKind<FinPIPercNoteCode>(DetailKind::kPercNoteCode, kNoteMods),
+#define FLAG_DETAIL(kind, selector, rule) FlagKind<kind, CopyRule::rule>(selector),
+#define ENTRY_DETAIL(kind, selector, rule) StoredKind<kind, CopyRule::rule>(selector),
+#define NOTE_DETAIL(kind, selector) NoteKind<kind>(selector),
+#include "Class Files/score/EntryDetailKinds.inc"
+#undef FLAG_DETAIL
+#undef ENTRY_DETAIL
+#undef NOTE_DETAIL
     {DetailKind::kEntryField6, 0, CopyField6, ClearField6, nullptr},
 };
 

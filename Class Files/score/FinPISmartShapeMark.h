@@ -2,6 +2,7 @@
 #pragma once
 
 #include "Class Files/score/FinPIEntryDetail.h"
+#include "shell/host/detail_flags.h"
 #include "shell/host/host_records.h"
 
 namespace SmartShapeMarkTag {
@@ -11,6 +12,8 @@ inline constexpr u32 kLyric = HostTag("edLx");
 
 class FinPISmartShapeMark : public FinPIEntryDetail {
 public:
+    static constexpr u32 kEntryFlags = DetailFlag::kSmartShape;
+
     // tag: one of SmartShapeMarkTag.
     FinPISmartShapeMark(const FinPIEntryPtr& entry, u32 tag);
 

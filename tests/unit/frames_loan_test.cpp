@@ -83,17 +83,14 @@ TEST_F(Frames, SavingStoresWhatIsHeldAndReloadingShowsWhatIsStored) {
 
 TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
     FinPITGFPtr frame = Load();
-    EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 1);
-    EXPECT_EQ(frame.SaveTGF(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:g4");
-}
-
-TEST_F(Frames, ARefusedDeleteChangesNothing) {
-    FinPITGFPtr frame = Load();
     App().faults.refuseKind = {HostCall::kDeleteEXENTRY};
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 0);
     EXPECT_EQ(frame.SaveTGF(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 q:e4 e:f4 e:g4");
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 q:e4 e:f4 e:g4") << "a refusal changes nothing";
+    App().faults = {};
+    EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 1);
+    EXPECT_EQ(frame.SaveTGF(), 1);
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:g4");
 }
 
 TEST_F(Frames, InsertedEntriesWithoutContentAreReducedAway) {
@@ -127,32 +124,23 @@ TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
     App().SetCurrentDocument(host.Score().Number());
 }
 
-struct RefusalCase {
-    const char* name;
-    HostCall refused;
-    const char* error;
+const std::pair<HostCall, const char*> kRefusals[] = {
+    {HostCall::kSaveTGF, "29996 FinPITGFPtr::ReloadTGF: aTGF"},
+    {HostCall::kLoadTGF, "29999 FinPITGFPtr::ReloadTGF: Unable to reload."},
+    {HostCall::kGetCurrentEnigmaDocument, kNotCurrent},
 };
 
-const RefusalCase kRefusals[] = {
-    {"Save", HostCall::kSaveTGF, "29996 FinPITGFPtr::ReloadTGF: aTGF"},
-    {"Load", HostCall::kLoadTGF, "29999 FinPITGFPtr::ReloadTGF: Unable to reload."},
-    {"Document", HostCall::kGetCurrentEnigmaDocument, kNotCurrent},
-};
-
-class ReloadRefused : public Frames, public testing::WithParamInterface<RefusalCase> {};
-
-TEST_P(ReloadRefused, IsPostedAndTheFrameIsStillHeld) {
+TEST_F(Frames, ARefusedReloadIsPostedAndTheFrameStillHeld) {
     FinPITGFPtr frame = Load();
     const EXFRAME* const held = frame.Frame();
-    App().faults.refuseKind = FaultPlan::AllOf(GetParam().refused);
-    EXPECT_EQ(frame.ReloadTGF(), 0);
-    App().faults = {};
-    EXPECT_EQ(TakePendingError(), GetParam().error);
-    EXPECT_EQ(frame.Frame(), held);
+    for (const auto& [refused, error] : kRefusals) {
+        App().faults.refuseKind = FaultPlan::AllOf(refused);
+        EXPECT_EQ(frame.ReloadTGF(), 0);
+        App().faults = {};
+        EXPECT_EQ(TakePendingError(), error);
+        EXPECT_EQ(frame.Frame(), held);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Host, ReloadRefused, testing::ValuesIn(kRefusals),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Frames, OnlyAnOwnerWithAFrameReloads) {
     FinPITGFPtr none = Load(4);

@@ -43,26 +43,23 @@ EXFRAME FrameOf(EXENTRY* entries, i16 count) {
     return frame;
 }
 
-class NoteIDs : public testing::TestWithParam<NoteIDCase> {};
-
-TEST_P(NoteIDs, AreUniqueAndCopiedToTheFlags) {
-    EXENTRY chord = Chord(GetParam().before);
-    EXFRAME frame = FrameOf(&chord, 1);
-    NormalizeFrame(frame);
-    ASSERT_EQ(chord.noteCount, static_cast<i16>(GetParam().after.size()));
-    for (std::size_t i = 0; i < GetParam().after.size(); ++i) {
-        const EXNOTE& note = chord.notes[i];
-        EXPECT_EQ(note.noteID, GetParam().after[i]) << "note " << i;
-        EXPECT_EQ(+note.flags, NoteFlag::kTieStart | ((note.noteID & 0x1FU) << 16U));
-        EXPECT_EQ(note.pitch, 0x1234);
-    }
-    for (std::size_t i = GetParam().after.size(); i < kMaxNotesPerEntry; ++i) {
-        EXPECT_EQ(chord.notes[i].pitch, 0) << "a slot past the notes is cleared";
+TEST(NormalForm, NoteIDsAreUniqueAndCopiedToTheFlags) {
+    for (const NoteIDCase& c : kNoteIDCases) {
+        EXENTRY chord = Chord(c.before);
+        EXFRAME frame = FrameOf(&chord, 1);
+        NormalizeFrame(frame);
+        ASSERT_EQ(chord.noteCount, static_cast<i16>(c.after.size())) << c.name;
+        for (std::size_t i = 0; i < kMaxNotesPerEntry; ++i) {
+            const EXNOTE& note = chord.notes[i];
+            const u16 noteID = i < c.after.size() ? c.after[i] : u16{0};
+            EXPECT_EQ(note.noteID, noteID) << c.name << ", note " << i;
+            EXPECT_EQ(note.pitch, noteID != 0 ? 0x1234 : 0) << "slots past the notes are cleared";
+            EXPECT_EQ(+note.flags,
+                      noteID != 0 ? NoteFlag::kTieStart | ((noteID & 0x1FU) << 16U) : 0)
+                << c.name;
+        }
     }
 }
-
-INSTANTIATE_TEST_SUITE_P(Chords, NoteIDs, testing::ValuesIn(kNoteIDCases),
-                         [](const auto& test) { return test.param.name; });
 
 TEST(NormalForm, ARestHasOnePlaceholderHoweverOftenItIsNormalized) {
     EXENTRY rest = Chord({});

@@ -48,19 +48,16 @@ const StepCase kSteps[] = {
     {6, "-", "-", "-", "-"},          //
 };
 
-class Steps : public Walks, public testing::WithParamInterface<StepCase> {};
-
-TEST_P(Steps, StayInTheirVoice) {
+TEST_F(Walks, StepsStayInTheirVoice) {
     const FinPITGFPtr frame = Load();
-    const FinPIEntryPtr entry = frame.EntryAt(GetParam().from);
-    EXPECT_EQ(PlaceOf(entry.Next(true)), GetParam().next);
-    EXPECT_EQ(PlaceOf(entry.NextInVoice(true)), GetParam().nextInVoice);
-    EXPECT_EQ(PlaceOf(entry.NextInVoice(false)), GetParam().nextOverBarline);
-    EXPECT_EQ(PlaceOf(entry.PreviousInVoice()), GetParam().previousInVoice);
+    for (const StepCase& step : kSteps) {
+        const FinPIEntryPtr entry = frame.EntryAt(step.from);
+        EXPECT_EQ(PlaceOf(entry.Next(true)), step.next) << step.from;
+        EXPECT_EQ(PlaceOf(entry.NextInVoice(true)), step.nextInVoice) << step.from;
+        EXPECT_EQ(PlaceOf(entry.NextInVoice(false)), step.nextOverBarline) << step.from;
+        EXPECT_EQ(PlaceOf(entry.PreviousInVoice()), step.previousInVoice) << step.from;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(TwoVoices, Steps, testing::ValuesIn(kSteps),
-                         [](const auto& test) { return "From" + std::to_string(test.param.from); });
 
 TEST_F(Walks, EndAtAMeasureThatHoldsNothing) {
     const FinPITGFPtr frame = Load();
@@ -135,26 +132,23 @@ const AttachCase kAttachCases[] = {
      false, false, "2"},
 };
 
-class Attachment : public Walks, public testing::WithParamInterface<AttachCase> {};
-
-TEST_P(Attachment, IsToTheEntryAtTheTimeInTheLayer) {
+TEST_F(Walks, AnExpressionHangsOnTheEntryAtItsTimeInItsLayer) {
     host.Layer(1, 1, 0, "ge:d4 gs:e4 q:c4 q:d4 v2{h:a3} q:e4");
-    FinPIScoreExpr expression{1, host.Expression(1, 1, 0, 0)};
-    ASSERT_NE(expression.Load(), 0);
-    GetParam().change(expression);
+    const u16 number = host.Expression(1, 1, 0, 0);
     const FinPITGFPtr frame = Load();
-    std::string attachedTo;
-    for (i16 i = 0; i < frame.Count(); ++i) {
-        if (frame.EntryAt(i).IsExpressionAttached(expression, GetParam().launchTest,
-                                                  GetParam().layerTest) != 0) {
-            attachedTo += (attachedTo.empty() ? "" : " ") + std::to_string(i);
+    for (const AttachCase& c : kAttachCases) {
+        FinPIScoreExpr expression{1, number};
+        ASSERT_NE(expression.Load(), 0);
+        c.change(expression);
+        std::string attachedTo;
+        for (i16 i = 0; i < frame.Count(); ++i) {
+            if (frame.EntryAt(i).IsExpressionAttached(expression, c.launchTest, c.layerTest) != 0) {
+                attachedTo += (attachedTo.empty() ? "" : " ") + std::to_string(i);
+            }
         }
+        EXPECT_EQ(attachedTo, c.attachedTo) << c.name;
     }
-    EXPECT_EQ(attachedTo, GetParam().attachedTo);
 }
-
-INSTANTIATE_TEST_SUITE_P(Expressions, Attachment, testing::ValuesIn(kAttachCases),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Walks, AnExpressionHangsOnTheFirstOfSeveralEntries) {
     host.Layer(1, 1, 0, "q:c4 q:d4 q:e4");

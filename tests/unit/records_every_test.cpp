@@ -171,6 +171,9 @@ TYPED_TEST(EveryRecord, IsStoredFoundChangedAndDeleted) {
             EXPECT_EQ(gone.Delete(), 0);
             EXPECT_EQ(TakePendingError(),
                       "29999 FinPIEnigmaPref::Delete: An Enigma Pref cannot be deleted.");
+            EXPECT_EQ(gone.Create(), 0);
+            EXPECT_EQ(TakePendingError(),
+                      "29999 FinPIEnigmaPref::Create: An Enigma Pref cannot be created.");
             EXPECT_EQ(App().calls.Total(), 0U);
         } else if (std::is_same_v<TypeParam, FinPIPartPrefs>) {
             EXPECT_EQ(gone.Delete(), 0) << "the host keeps preferences";
