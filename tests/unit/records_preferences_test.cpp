@@ -168,32 +168,34 @@ TEST_F(Preferences, AFretInstrumentThatWasHalfFilledCounts) {
     EXPECT_EQ(FinPIFretInstrument(1).Load(), 1);
 }
 
-TEST_F(Preferences, PseudoPreferencesAreCopiedWordByWord) {
-    FinPIBeamPrefs beams;
-    EXPECT_EQ(beams.Load(), 0) << "the host has none";
-    BeamPrefsRecord hostBeams;
-    ClefPrefsRecord hostClefs;
-    for (u16 i = 0; i < 9; ++i) {
-        hostClefs.words[i] = static_cast<u16>(100 + 2 * i);
-        if (i < 8) {
-            hostBeams.words[i] = static_cast<u16>(100 + 2 * i);
-        }
+// Loads a preference in an order of its own; each word of the host's holds its offset + 100.
+template <typename PseudoPref, typename HostPref>
+void ExpectWords(const std::vector<u16>& expected) {
+    PseudoPref pref;
+    EXPECT_EQ(pref.Load(), 0) << "the host has none";
+    HostPref stored;
+    std::vector<u16> words(stored.GetDataSize() / 2);
+    for (std::size_t i = 0; i < words.size(); ++i) {
+        words[i] = static_cast<u16>(100 + 2 * i);
     }
-    ASSERT_EQ(hostBeams.Commit() + hostClefs.Commit(), 2);
-
-    ASSERT_EQ(beams.Load(), 1);
-    const std::array<u16, 8> expectedBeams{104, 106, 112, 0, 100, 108, 110, 102};
-    EXPECT_EQ(std::memcmp(beams.GetData(), expectedBeams.data(), 16), 0);
-    EXPECT_EQ(beams.flags, 110);
-    FinPIClefPrefs clefs;
-    ASSERT_EQ(clefs.Load(), 1);
-    const std::array<u16, 9> expectedClefs{104, 106, 108, 110, 100, 102, 116, 112, 114};
-    EXPECT_EQ(std::memcmp(clefs.GetData(), expectedClefs.data(), 18), 0);
-    EXPECT_EQ(clefs.changePercent, 102);
-
+    stored.SetData(words.data(), stored.GetDataSize());
+    ASSERT_EQ(stored.Commit(), 1);
+    ASSERT_EQ(pref.Load(), 1);
+    EXPECT_EQ(std::memcmp(pref.GetData(), expected.data(), pref.GetDataSize()), 0);
     App().ResetCounts();
-    EXPECT_EQ(clefs.Save() + clefs.Create() + clefs.Delete() + clefs.LoadNext(), 0);
+    EXPECT_EQ(pref.Save() + pref.Create() + pref.Delete() + pref.LoadNext(), 0);
     EXPECT_EQ(App().calls.Total(), 0U) << "they are only read";
+}
+
+TEST_F(Preferences, PseudoPreferencesAreCopiedWordByWord) {
+    ExpectWords<FinPIBeamPrefs, BeamPrefsRecord>({104, 106, 112, 0, 100, 108, 110, 102});
+    ExpectWords<FinPIClefPrefs, ClefPrefsRecord>({104, 106, 108, 110, 100, 102, 116, 112, 114});
+    ExpectWords<FinPIStemsPrefs, StemPrefsRecord>({100, 102, 104, 106, 108, 110, 112, 114, 116});
+    FinPIBeamPrefs beams;
+    FinPIClefPrefs clefs;
+    EXPECT_EQ(beams.Load() + clefs.Load(), 2);
+    EXPECT_EQ(beams.flags, 110);
+    EXPECT_EQ(clefs.changePercent, 102);
 }
 
 }  // namespace
