@@ -22,38 +22,29 @@ TEST_F(DialogTest, CreationPreparesThenInitialisesTheWindow) {
     EXPECT_EQ(open.window.caption, u"Plyweld v6.10");
 }
 
-struct EventCase {
-    const char* name;
-    u32 message;
-    u64 word;
-    i16 result;
-    const char* note;  // null: no handler is called
-};
-
-class DialogEvents : public DialogTest, public testing::WithParamInterface<EventCase> {};
-
-TEST_P(DialogEvents, ReachTheirHandler) {
-    const EventCase& c = GetParam();
+TEST_F(DialogTest, EventsReachTheirHandler) {
+    const struct {
+        u32 message;
+        u64 word;
+        i16 result;
+        const char* note;  // null: no handler is called
+    } cases[] = {
+        {6, 0, 11, "activate"},       {15, 0, 12, "paint"},
+        {258, 'a', 13, "character"},  {32, 0, 0, nullptr},
+        {307, 0, 15, "color 1003 1"}, {309, 0, 15, "color 1003 3"},
+        {312, 0, 15, "color 1003 6"}, {0xC123, 0, 14, "other"},
+        {275, 1, 1, "timer"},         {273, (5U << 16U) | 1009U, 16, "command 1009 5"},
+        {274, 0xF010, 0, nullptr},
+    };
     HWND__ control;
     control.controlId = 1003;
     OpenDialog& open = Show(dialog);
     dialog.TakeNotes();
-    EXPECT_EQ(open.Send(c.message, c.word, reinterpret_cast<i64>(&control)), c.result);
-    EXPECT_EQ(dialog.TakeNotes(), c.note == nullptr ? Notes{} : Notes{c.note});
+    for (const auto& c : cases) {
+        EXPECT_EQ(open.Send(c.message, c.word, reinterpret_cast<i64>(&control)), c.result);
+        EXPECT_EQ(dialog.TakeNotes(), c.note == nullptr ? Notes{} : Notes{c.note}) << c.message;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Messages, DialogEvents,
-    testing::Values(
-        EventCase{"Activate", 6, 0, 11, "activate"}, EventCase{"Paint", 15, 0, 12, "paint"},
-        EventCase{"Character", 258, 'a', 13, "character"}, EventCase{"Cursor", 32, 0, 0, nullptr},
-        EventCase{"Edit", 307, 0, 15, "color 1003 1"},
-        EventCase{"Button", 309, 0, 15, "color 1003 3"},
-        EventCase{"Static", 312, 0, 15, "color 1003 6"},
-        EventCase{"Unknown", 0xC123, 0, 14, "other"}, EventCase{"Timer", 275, 1, 1, "timer"},
-        EventCase{"Command", 273, (5U << 16U) | 1009U, 16, "command 1009 5"},
-        EventCase{"UnknownSystemCommand", 274, 0xF010, 0, nullptr}),
-    [](const auto& test) { return std::string{test.param.name}; });
 
 TEST_F(DialogTest, OnlyATabSelectionIsANotificationForHandlers) {
     OpenDialog& open = Show(dialog);
@@ -76,18 +67,14 @@ TEST_F(DialogTest, AnInitialisationThatFailedLeavesTheControlsDead) {
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
-TEST_F(DialogTest, EventsOfAnotherWindowOrOfNoDialogAreRefused) {
-    Show(dialog);
+TEST_F(DialogTest, EventsOfAnotherWindowAreRefusedAndExceptionsEndHere) {
+    OpenDialog& open = Show(dialog);
     dialog.TakeNotes();
     HWND__ other;
     EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kCommand, 1, 0, &dialog), 0);
     EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kPaint, 0, 0, &dialog), 0);
     EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kPaint, 0, 0, nullptr), 0);
     EXPECT_EQ(dialog.TakeNotes(), Notes{});
-}
-
-TEST_F(DialogTest, NoExceptionLeavesAnEvent) {
-    OpenDialog& open = Show(dialog);
     dialog.whileHandling = [] { throw std::bad_alloc{}; };
     EXPECT_EQ(open.Press(1009), 0);
 }
@@ -135,33 +122,26 @@ TEST_F(DialogTest, AModelessDialogHearsOfAChangedPreference) {
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer", "preferences", "timer", "timer"}));
 }
 
-struct TitleCase {
-    const char* name;
-    std::u16string title;
-    std::u16string version;
-    std::u16string caption;
-};
-
-class DialogTitles : public InterfaceTest, public testing::WithParamInterface<TitleCase> {};
-
-TEST_P(DialogTitles, AreCutToTheirFieldsWithTheVersionBehind) {
-    const TitleCase& c = GetParam();
-    NotingDialog dialog{&command, c.title.c_str(), c.version.empty() ? nullptr : c.version.c_str()};
-    EXPECT_EQ(Show(dialog).window.caption, c.caption);
+TEST_F(DialogTest, TitlesAreCutToTheirFieldWithTheVersionBehind) {
+    const std::u16string filled(252, u'x');
+    const struct {
+        std::u16string title;
+        std::u16string version;
+        std::u16string caption;
+    } cases[] = {
+        {u"Title", u"", u"Title"},
+        {u"Title", u"6.10", u"Title v6.10"},
+        {filled, u"6.10", filled + u" v6"},
+        {filled + u"xxx", u"6.10", filled + u"xxx"},
+        {filled + filled, u"", filled + u"xxx"},
+        {u"T", std::u16string(70, u'9'), u"T v" + std::u16string(61, u'9')},
+    };
+    for (const auto& c : cases) {
+        NotingDialog titled{&command, c.title.c_str(),
+                            c.version.empty() ? nullptr : c.version.c_str()};
+        EXPECT_EQ(Show(titled).window.caption, c.caption);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Lengths, DialogTitles,
-                         testing::Values(TitleCase{"Plain", u"Title", u"", u"Title"},
-                                         TitleCase{"Versioned", u"Title", u"6.10", u"Title v6.10"},
-                                         TitleCase{"Full", std::u16string(255, u'x'), u"6.10",
-                                                   std::u16string(255, u'x')},
-                                         TitleCase{"NearlyFull", std::u16string(252, u'x'), u"6.10",
-                                                   std::u16string(252, u'x') + u" v6"},
-                                         TitleCase{"Long", std::u16string(400, u'x'), u"",
-                                                   std::u16string(255, u'x')},
-                                         TitleCase{"LongVersion", u"T", std::u16string(70, u'9'),
-                                                   u"T v" + std::u16string(61, u'9')}),
-                         [](const auto& test) { return std::string{test.param.name}; });
 
 // The stored place under a position number, as "left,top"; empty when there is none.
 std::string StoredPlace(i16 number) {
@@ -217,38 +197,32 @@ TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
     EXPECT_EQ(open.window.rectangle.left, 500) << "later moves are the user's";
 }
 
-struct PlaceCase {
-    const char* name;
-    platform::Rectangle desktop;
-    i16 left;
-    i16 top;
-    bool moves;
-};
-
-class DialogPlaces : public DialogTest, public testing::WithParamInterface<PlaceCase> {};
-
-TEST_P(DialogPlaces, HoldWhileTheCornerIsOnTheDesktop) {
-    const PlaceCase& c = GetParam();
-    platform::headless::SetDesktop(c.desktop);
-    StorePlace(22000, c.left, c.top);
-    const platform::Rectangle& window = Show(dialog).window.rectangle;
-    EXPECT_EQ(window.left, c.moves ? c.left : desk.newWindow.left);
-    EXPECT_EQ(window.top, c.moves ? c.top : desk.newWindow.top);
+TEST_F(DialogTest, AStoredPlaceHoldsWhileItsCornerIsOnTheDesktop) {
+    constexpr platform::Rectangle kOneScreen{0, 0, 1920, 1080};
+    constexpr platform::Rectangle kScreenAtTheLeft{-1920, 0, 1920, 1080};
+    const struct {
+        platform::Rectangle desktop;
+        i16 left;
+        i16 top;
+        bool moves;
+    } cases[] = {
+        {kOneScreen, 0, 0, true},
+        {kOneScreen, 1919, 1079, true},  // the last pixel
+        {kOneScreen, 1920, 100, false},
+        {kOneScreen, 100, 1080, false},
+        {kOneScreen, -50, 100, false},
+        {kScreenAtTheLeft, -50, 100, true},
+        {kScreenAtTheLeft, -1921, 100, false},
+    };
+    for (const auto& c : cases) {
+        platform::headless::SetDesktop(c.desktop);
+        StorePlace(22000, c.left, c.top);
+        NotingDialog placed{&command, nullptr, nullptr};
+        const platform::Rectangle& window = Show(placed).window.rectangle;
+        EXPECT_EQ(window.left, c.moves ? c.left : desk.newWindow.left) << c.left;
+        EXPECT_EQ(window.top, c.moves ? c.top : desk.newWindow.top) << c.top;
+    }
 }
-
-constexpr platform::Rectangle kOneScreen{0, 0, 1920, 1080};
-constexpr platform::Rectangle kScreenAtTheLeft{-1920, 0, 1920, 1080};
-
-INSTANTIATE_TEST_SUITE_P(
-    Desktops, DialogPlaces,
-    testing::Values(PlaceCase{"Origin", kOneScreen, 0, 0, true},
-                    PlaceCase{"LastPixel", kOneScreen, 1919, 1079, true},
-                    PlaceCase{"RightOfIt", kOneScreen, 1920, 100, false},
-                    PlaceCase{"BelowIt", kOneScreen, 100, 1080, false},
-                    PlaceCase{"LeftOfIt", kOneScreen, -50, 100, false},
-                    PlaceCase{"OnTheSecondScreen", kScreenAtTheLeft, -50, 100, true},
-                    PlaceCase{"LeftOfBoth", kScreenAtTheLeft, -1921, 100, false}),
-    [](const auto& test) { return std::string{test.param.name}; });
 
 TEST_F(DialogTest, TheTimerRunsFromStartToTheWindowsEnd) {
     OpenDialog& open = Show(dialog);
@@ -290,38 +264,27 @@ protected:
     HWND__& window = Show(dialog).window;
 };
 
-struct LayoutCase {
-    const char* name;
-    void (*change)(WindowHandle window);
-    const char* place;  // from 30,40,100,50
-};
-
-class Layout : public LayoutTest, public testing::WithParamInterface<LayoutCase> {};
-
-TEST_P(Layout, ChangesWhatIsAsked) {
-    window.controls[1003].rectangle = {30, 40, 100, 50};
-    GetParam().change(&window);
-    EXPECT_EQ(Place(1003), GetParam().place);
+TEST_F(LayoutTest, ChangesWhatIsAsked) {
+    const struct {
+        void (*change)(WindowHandle window);
+        const char* place;  // from 30,40,100,50
+    } cases[] = {
+        {[](WindowHandle w) { SizeControl(w, 1003, 20, 40); }, "30,40,70,60"},
+        {[](WindowHandle w) { SizeControl(w, 1003, -1, 40); }, "30,40,70,50"},
+        {[](WindowHandle w) { SizeControl(w, 1003, 0, -1); }, "30,40,100,40"},
+        {[](WindowHandle w) { SizeControl(w, 99, 1, 1); }, "30,40,100,50"},
+        {[](WindowHandle w) { PlaceControl(w, 1003, 5, 6, false); }, "6,5,76,15"},
+        {[](WindowHandle w) { PlaceControl(w, 1003, -1, 80, true); }, "80,40,100,50"},
+        {[](WindowHandle w) { PlaceControl(w, 1003, -1, 95, true); }, "95,40,105,50"},
+        {[](WindowHandle w) { PlaceControl(w, 1003, -1, -1, true); }, "30,40,100,50"},
+        {[](WindowHandle w) { ShiftControlEdges(w, 1003, -3, 2); }, "30,37,100,52"},
+    };
+    for (const auto& c : cases) {
+        window.controls[1003].rectangle = {30, 40, 100, 50};
+        c.change(&window);
+        EXPECT_EQ(Place(1003), c.place) << "case " << &c - cases;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Helpers, Layout,
-    testing::Values(
-        LayoutCase{"Both", [](WindowHandle w) { SizeControl(w, 1003, 20, 40); }, "30,40,70,60"},
-        LayoutCase{"Width", [](WindowHandle w) { SizeControl(w, 1003, -1, 40); }, "30,40,70,50"},
-        LayoutCase{"Height", [](WindowHandle w) { SizeControl(w, 1003, 0, -1); }, "30,40,100,40"},
-        LayoutCase{"Move", [](WindowHandle w) { PlaceControl(w, 1003, 5, 6, false); }, "6,5,76,15"},
-        LayoutCase{"MoveLeftEdge", [](WindowHandle w) { PlaceControl(w, 1003, -1, 80, true); },
-                   "80,40,100,50"},
-        LayoutCase{"MoveLeftEdgeTooFar",
-                   [](WindowHandle w) { PlaceControl(w, 1003, -1, 95, true); }, "95,40,105,50"},
-        LayoutCase{"Stay", [](WindowHandle w) { PlaceControl(w, 1003, -1, -1, true); },
-                   "30,40,100,50"},
-        LayoutCase{"ShiftEdges", [](WindowHandle w) { ShiftControlEdges(w, 1003, -3, 2); },
-                   "30,37,100,52"},
-        LayoutCase{"NoSuchControl", [](WindowHandle w) { SizeControl(w, 99, 1, 1); },
-                   "30,40,100,50"}),
-    [](const auto& test) { return std::string{test.param.name}; });
 
 TEST_F(LayoutTest, ShrinkingMovesTheButtonsAndKeepsTheWidth) {
     const platform::Rectangle before = window.rectangle;

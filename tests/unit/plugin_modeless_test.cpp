@@ -1,4 +1,4 @@
-// What the open dialog of the command watches, where it appears, and what it saves.
+// The command's dialog: what it shows, watches and saves, and where it appears.
 #include <cstring>
 #include <gtest/gtest.h>
 
@@ -16,10 +16,13 @@ constexpr u16 kClose = 2;
 constexpr u16 kSelectionText = 1001;
 constexpr u16 kFrom = 1003;
 constexpr u16 kTo = 1005;
+constexpr u16 kReplace = 1007;
 constexpr u16 kRebeam = 1009;
+constexpr u16 kHideRests = 1010;
 constexpr u16 kSaveSettings = 1008;
 constexpr u32 kTimerMessage = 275;
 constexpr u32 kCloseMessage = 16;
+constexpr u32 kDestroyMessage = 2;
 
 // A saved setting with these options, as stored.
 void StoreSetting(i16 number, u16 identifier, u16 skipDialog, const MergeOptions& options) {
@@ -47,6 +50,77 @@ protected:
     DialogDesk desk;
     const Plugin plugin;
 };
+
+TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
+    host.Layer(1, 1, 2, "w:c4");
+    host.Layer(1, 2, 2, "w:d4");
+    DialogDesk::OpenDialog& open = Open();
+    EXPECT_EQ(open.Items(kFrom), (std::vector<std::u16string>{u"All Layers", u"Layer 1", u"Layer 2",
+                                                              u"Layer 3", u"Layer 4"}));
+    EXPECT_EQ(open.SelectedItem(kFrom), u"All Layers");
+    EXPECT_EQ(open.SelectedItem(kTo), u"Layer 1");
+    EXPECT_FALSE(open.disabled.contains(kGo));
+    open.Choose(kFrom, 2);
+    EXPECT_TRUE(open.disabled.contains(kGo)) << "the same layer in both lists";
+    open.Choose(kFrom, 4);
+    open.Choose(kTo, 2);
+    open.Press(kHideRests);
+    open.Press(kGo);
+    EXPECT_EQ(host.Layer(1, 1, 1), "w:c4");
+    EXPECT_EQ(host.Layer(1, 1, 2), "w:x");
+    ASSERT_EQ(desk.Newest(), &open);
+    open.Press(kReplace);
+    open.Press(kClose);
+    EXPECT_EQ(desk.Newest(), nullptr);
+    EXPECT_EQ(Plugin::Stored("Plyweld", "ZKCF22000"),
+              (std::vector<u8>{12, 0, 2, 0, 1, 0, 1, 0, 1, 0, 1, 0}));
+    EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS22000").empty());
+}
+
+TEST_F(OpenCommand, OpensOnceAnItemAndAgainWhenItDidNotOpen) {
+    App().dialogs = nullptr;
+    plugin.Invoke(host);
+    App().dialogs = &desk;
+    Open();
+    plugin.Invoke(host);
+    EXPECT_EQ(desk.Shown().size(), 1U);
+    EXPECT_EQ(platform::headless::FocusedWindow(), &desk.Newest()->window);
+    desk.Newest()->Press(kClose);
+    Open().Press(kClose);
+    EXPECT_EQ(desk.Shown().size(), 2U);
+}
+
+// An older host exports less: what it lacks is missing from the dialog, and nothing else.
+TEST(OlderHost, TheDialogDoesWithoutACallback) {
+    for (const char* missing :
+         {"FX_EnableDlgItem", "FX_EndDialog", "FX_GetDlgCntlVal", "FX_GetDlgItemVal",
+          "FX_GetDlgString_UTF16", "FX_KillTimer", "FX_SetDlgCntlVal", "FX_SetDlgItemVal",
+          "FX_SetDlgString_UTF16", "FX_SetDlgFocus", "FX_SetTimer", "FX_ShowHideDlgItem",
+          "FX_GetCurERegions", "FX_GetNextEnigmaDocument"}) {
+        SCOPED_TRACE(missing);
+        StandIn host;
+        host.Layer(1, 1, 2, "w:c4");
+        host.SelectAll();
+        const Plugin plugin;
+        platform::headless::HideHostFunction(missing);
+        DialogDesk desk;
+        desk.Then([](DialogDesk::OpenDialog& save) { save.Press(2); });
+        plugin.Invoke(host);
+        DialogDesk::OpenDialog* open = desk.Newest();
+        ASSERT_NE(open, nullptr);
+        open->Choose(kFrom, 2);
+        open->Choose(kTo, 1);
+        for (const u16 control : {kReplace, kHideRests, kSaveSettings, kGo}) {
+            open->Press(control);
+        }
+        open->Send(kTimerMessage);
+        open->Press(kClose);
+        if (desk.Newest() == open) {
+            open->Send(kDestroyMessage);  // the host ends it
+        }
+        EXPECT_EQ(Plugin::Stored("Plyweld", "ZKCF22000").size(), 12U);
+    }
+}
 
 TEST_F(OpenCommand, TheSelectionIsReadAnewWhenItChanges) {
     DialogDesk::OpenDialog& open = Open();

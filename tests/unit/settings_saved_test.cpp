@@ -48,6 +48,13 @@ protected:
         std::memcpy(record.Settings(), settings, 4);
         ASSERT_EQ(record.PutToFile(SavedSettings::StoredNumber(kCommand, number)), 1);
     }
+    // Settings named a, b, c and so on, with identifiers from 11.
+    static void StoreLetters(i16 count) {
+        for (i16 number = 1; number <= count; ++number) {
+            Store(number, std::u16string(1, static_cast<char16>(u'`' + number)),
+                  static_cast<u16>(10 + number));
+        }
+    }
     // "name identifier skip settings" of each saved setting in turn.
     static std::vector<std::string> Stored() {
         std::vector<std::string> all;
@@ -72,25 +79,6 @@ protected:
 
     CommandDialog dialog{command};
 };
-
-TEST_F(SavedSettingsTest, TheRecordIsLaidOutAsStored) {
-    SavedSettingPtr record{4};
-    record.SetName(u"Comp\u00E1s");
-    record.Header().commandItem = 2;
-    record.Header().skipDialog = 1;
-    record.Header().identifier = 3;
-    std::memcpy(record.Settings(), "abcd", 4);
-    ASSERT_EQ(record.PutToFile(22001), 1);
-    unsigned char bytes[164]{};
-    ASSERT_EQ(ZKFX_GetSettings("ZKSC", 22001, bytes, sizeof(bytes), kOwner), 164U);
-    EXPECT_EQ(std::memcmp(bytes,
-                          "\xA4\x00\xA0\x00\x00\x00\x40\x1B"
-                          "Comp\xC3\xA1s\0",
-                          16),
-              0);
-    EXPECT_EQ(std::memcmp(bytes + 136, "\x02\x00\x01\x00\x03\x00\x00\x00", 8), 0);
-    EXPECT_EQ(std::memcmp(bytes + 160, "abcd", 4), 0);
-}
 
 TEST_F(SavedSettingsTest, LongNamesAreCutBetweenCharacters) {
     SavedSettingPtr record{0};
@@ -223,28 +211,22 @@ TEST_F(SavedSettingsTest, ANameInUseGetsACounter) {
 }
 
 TEST_F(SavedSettingsTest, ARenamedEntryMovesAndTheChosenOneStaysChosen) {
-    for (i16 number = 1; number <= 4; ++number) {
-        Store(number, std::u16string(1, static_cast<char16>(u'a' + number)),
-              static_cast<u16>(number));
-    }
+    StoreLetters(4);
     Run([](OpenDialog& open) {
         open.Choose(Control::kList, 2);
-        EXPECT_EQ(open.SelectedItem(Control::kList), u"b");
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"a");
         open.Type(Control::kName, u"z");
         open.Choose(Control::kList, 4);
-        EXPECT_EQ(open.SelectedItem(Control::kList), u"d") << "moved down behind it";
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"c") << "moved down behind it";
         open.Type(Control::kName, u"A");
         open.Choose(Control::kList, 2);
-        EXPECT_EQ(open.SelectedItem(Control::kList), u"c") << "moved up before it";
-        EXPECT_EQ(open.texts[Control::kName], u"c");
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"b") << "moved up before it";
+        EXPECT_EQ(open.texts[Control::kName], u"b");
     });
 }
 
 TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
-    for (i16 number = 1; number <= 3; ++number) {
-        Store(number, std::u16string(1, static_cast<char16>(u'`' + number)),
-              static_cast<u16>(10 + number));
-    }
+    StoreLetters(3);
     Run([](OpenDialog& open) {
         open.Press(Control::kDelete);
         EXPECT_EQ(open.Items(Control::kList).size(), 4U) << "an added entry is not deleted";
@@ -261,7 +243,7 @@ TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
 }
 
 TEST_F(SavedSettingsTest, TheOneInUseIsShownAndCannotBeDeleted) {
-    Store(1, u"a", 11);
+    StoreLetters(1);
     Store(2, u"b", 12, 1);
     command.UseSavedSetting(2, 12);
     Run([](OpenDialog& open) {
@@ -276,8 +258,7 @@ TEST_F(SavedSettingsTest, TheOneInUseIsShownAndCannotBeDeleted) {
 }
 
 TEST_F(SavedSettingsTest, DeleteAllLeavesNone) {
-    Store(1, u"a", 11);
-    Store(2, u"b", 12);
+    StoreLetters(2);
     Run([](OpenDialog& open) {
         open.Press(Control::kDeleteAll);
         EXPECT_TRUE(open.ended);
@@ -287,16 +268,27 @@ TEST_F(SavedSettingsTest, DeleteAllLeavesNone) {
 }
 
 TEST_F(SavedSettingsTest, NinetyNineAreTheMost) {
-    for (i16 number = 1; number <= 99; ++number) {
-        Store(number, std::u16string(static_cast<std::size_t>(number), u'n'),
-              static_cast<u16>(number));
-    }
+    StoreLetters(99);
     Run([](OpenDialog& open) {
-        EXPECT_EQ(open.SelectedItem(Control::kList), u"n");
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"a");
         EXPECT_TRUE(open.disabled.contains(Control::kAdd));
         open.Press(Control::kDelete);
         EXPECT_FALSE(open.disabled.contains(Control::kAdd));
     });
+}
+
+// The host cannot show the dialog, or the user leaves it.
+TEST_F(SavedSettingsTest, WithoutAnAnswerNothingIsStored) {
+    OpenDialog& open = Show(dialog);
+    desk.Then([](OpenDialog& save) { save.Press(Control::kCancel); });
+    dialog.RunSaveSettingsDialog(&open.window);
+    standin::App().dialogs = nullptr;
+    dialog.RunSaveSettingsDialog(&open.window);
+    standin::App().dialogs = &desk;
+    EXPECT_EQ(desk.Shown(), (std::vector<u16>{kCommand, 20003}));
+    EXPECT_EQ(Stored(), std::vector<std::string>{});
+    EXPECT_STREQ(command.settings, "....");
+    EXPECT_EQ(command.SavedSettingNumber(), 0);
 }
 
 TEST_F(SavedSettingsTest, TheQuestionAboutTheMenuIsAskedUntilYes) {
@@ -362,23 +354,19 @@ public:
 };
 
 TEST_F(SavedSettingsTest, OptionRowsThatAreLeftOutTakeNoRoom) {
-    PlainDialog withoutSkip{&command, true, false};
-    desk.Then([](OpenDialog& open) {
-        EXPECT_TRUE(open.hidden.contains(Control::kSkipDialog));
-        EXPECT_EQ(open.values[Control::kSkipDialog], 0U);
-        EXPECT_EQ(open.window.controls[Control::kUseSubmenu].rectangle.top, 64);
-        EXPECT_EQ(open.window.controls[Control::kOk].rectangle.top, 83);
-        EXPECT_EQ(open.values[Control::kUseSubmenu], 1U);
-    });
-    withoutSkip.ShowDialogWindow(nullptr, 1);
-    PlainDialog withoutSubmenu{&command, false, true};
-    desk.Then([](OpenDialog& open) {
-        EXPECT_TRUE(open.hidden.contains(Control::kUseSubmenu));
-        EXPECT_EQ(open.values[Control::kUseSubmenu], 0U);
-        EXPECT_EQ(open.window.controls[Control::kSkipDialog].rectangle.top, 64);
-        EXPECT_EQ(open.window.controls[Control::kOk].rectangle.top, 83);
-    });
-    withoutSubmenu.ShowDialogWindow(nullptr, 1);
+    for (const bool withoutSkip : {true, false}) {
+        const u16 gone = withoutSkip ? Control::kSkipDialog : Control::kUseSubmenu;
+        const u16 kept = withoutSkip ? Control::kUseSubmenu : Control::kSkipDialog;
+        PlainDialog plain{&command, withoutSkip, !withoutSkip};
+        desk.Then([&](OpenDialog& open) {
+            EXPECT_EQ(open.hidden, std::set<u16>{gone});
+            EXPECT_EQ(open.values[gone], 0U);
+            EXPECT_EQ(open.values[kept], 1U);
+            EXPECT_EQ(open.window.controls[kept].rectangle.top, 64);
+            EXPECT_EQ(open.window.controls[Control::kOk].rectangle.top, 83);
+        });
+        plain.ShowDialogWindow(nullptr, 1);
+    }
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
 }
 

@@ -9,5 +9,5 @@ endfunction()
 
 add_plugin_test(test_merge merge_chords_test.cpp merge_rest_fill_test.cpp
   merge_attachments_test.cpp merge_failures_test.cpp)
-add_plugin_test(test_plugin plugin_dialog_test.cpp plugin_entry_test.cpp plugin_run_test.cpp
+add_plugin_test(test_plugin plugin_entry_test.cpp plugin_run_test.cpp
   plugin_walk_test.cpp plugin_modeless_test.cpp support/dialog_desk.cpp)

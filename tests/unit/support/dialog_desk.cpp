@@ -20,48 +20,37 @@ struct TemplateControl {
     platform::Rectangle rectangle;
 };
 
-struct Template {
-    u16 number;
-    const char16* caption;
-    std::vector<TemplateControl> controls;
-};
-
-// Control ids and texts as the plug-in's templates have them; places as tests need them.
-const std::vector<Template>& Templates() {
-    static const std::vector<Template> templates = {
+// By dialog number: what the plug-in reads of its templates, and places as tests need them.
+const std::map<u16, std::vector<TemplateControl>>& Templates() {
+    static const std::map<u16, std::vector<TemplateControl>> templates = {
         {20001,
-         u"Finale",
          {{1, u"OK", {100, 60, 150, 74}},
           {2, u"Cancel", {160, 60, 210, 74}},
           {3, u"Not Initialized", {7, 7, 210, 40}},
           {4, u"Do not show again.", {7, 45, 100, 55}}}},
         {20003,
-         u"Save Settings",
          {{1, u"OK", {100, 97, 150, 111}},
           {2, u"Cancel", {160, 97, 210, 111}},
           {3, u"Save Settings:", {7, 9, 70, 17}},
           {4, u"Settings Name:", {7, 27, 70, 35}},
           {5, u"", {80, 7, 210, 20}},
-          {7, u"", {80, 25, 210, 37}},
-          {8, u"Add", {80, 43, 120, 57}},
-          {9, u"Delete", {125, 43, 165, 57}},
-          {10, u"Delete All", {170, 43, 210, 57}},
           {11, u"Skip plugin's dialog when using these settings.", {7, 64, 210, 74}},
           {12, u"Use submenu for the Saved Settings of this plugin.", {7, 78, 210, 88}}}},
         {22000,
-         u"Plyweld",
-         {{1001, u"Current Selection", {7, 7, 221, 29}},
-          {1003, u"", {31, 36, 104, 66}},
+         {{1003, u"", {31, 36, 104, 66}},
           {1005, u"", {147, 36, 220, 66}},
-          {1006, u"Merge Into Target", {15, 54, 91, 64}},
-          {1007, u"Replace In Target", {15, 67, 90, 77}},
-          {1009, u"Rebeam", {135, 54, 178, 64}},
-          {1010, u"Hide Added Rests", {135, 67, 209, 77}},
-          {1008, u"Save Settings...", {7, 85, 79, 99}},
           {1, u"Go", {114, 85, 164, 99}},
           {2, u"Close", {171, 85, 221, 99}}}},
     };
     return templates;
+}
+
+void Put(std::set<u16>& controls, u16 control, bool isIn) {
+    if (isIn) {
+        controls.insert(control);
+    } else {
+        controls.erase(control);
+    }
 }
 
 }  // namespace
@@ -128,14 +117,10 @@ i16 DialogDesk::Dialog(u16 dialogNumber, DialogEventCallback callback, WindowHan
     open.object = dialogObject;
     open.window.rectangle = newWindow;
     open.window.client = {newWindow.Width() - 10, newWindow.Height() - 30};
-    for (const Template& known : Templates()) {
-        if (known.number == dialogNumber) {
-            open.window.caption = known.caption;
-            for (const TemplateControl& control : known.controls) {
-                open.window.controls[control.id].rectangle = control.rectangle;
-                open.texts[control.id] = control.text;
-            }
-        }
+    open.window.caption = dialogNumber == 20003 ? u"Save Settings" : u"Plyweld";
+    for (const TemplateControl& control : Templates().at(dialogNumber)) {
+        open.window.controls[control.id].rectangle = control.rectangle;
+        open.texts[control.id] = control.text;
     }
     open.Send(kInitDialog);
     if ((flags & 1U) == 0) {
@@ -167,113 +152,73 @@ i16 DialogDesk::EndDialog(WindowHandle window) {
     return 1;
 }
 
-u32 DialogDesk::GetItemVal(WindowHandle window, u16 control, i16 /*kind*/) {
+// Calls the routine with the dialog of the window, when there is one.
+template <typename Routine>
+i16 DialogDesk::With(WindowHandle window, Routine routine) {
     OpenDialog* open = Find(window);
-    return open == nullptr ? 0 : open->values[control];
+    if (open == nullptr) {
+        return 0;
+    }
+    routine(*open);
+    return 1;
+}
+
+u32 DialogDesk::GetItemVal(WindowHandle window, u16 control, i16 /*kind*/) {
+    u32 value = 0;
+    With(window, [&](OpenDialog& open) { value = open.values[control]; });
+    return value;
 }
 
 i16 DialogDesk::SetItemVal(WindowHandle window, u16 control, i16 /*kind*/, u32 value) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    open->values[control] = value;
-    return 1;
+    return With(window, [&](OpenDialog& open) { open.values[control] = value; });
 }
 
 u32 DialogDesk::GetCntlVal(WindowHandle window, u16 control) {
-    OpenDialog* open = Find(window);
-    return open == nullptr ? 0 : open->positions[control];
+    u32 position = 0;
+    With(window, [&](OpenDialog& open) { position = open.positions[control]; });
+    return position;
 }
 
 i16 DialogDesk::SetCntlVal(WindowHandle window, u16 control, u32 value) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    open->positions[control] = value;
-    return 1;
+    return With(window, [&](OpenDialog& open) { open.positions[control] = value; });
 }
 
 std::u16string DialogDesk::GetString(WindowHandle window, u16 control) {
-    OpenDialog* open = Find(window);
-    return open == nullptr ? std::u16string{} : open->texts[control];
+    std::u16string text;
+    With(window, [&](OpenDialog& open) { text = open.texts[control]; });
+    return text;
 }
 
 i16 DialogDesk::SetString(WindowHandle window, u16 control, const std::u16string& text) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    open->texts[control] = text;
-    return 1;
+    return With(window, [&](OpenDialog& open) { open.texts[control] = text; });
 }
 
 i16 DialogDesk::Enable(WindowHandle window, u16 control, bool enabled) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    if (enabled) {
-        open->disabled.erase(control);
-    } else {
-        open->disabled.insert(control);
-    }
-    return 1;
+    return With(window, [&](OpenDialog& open) { Put(open.disabled, control, !enabled); });
 }
 
 i16 DialogDesk::Show(WindowHandle window, u16 control, bool shown) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    if (shown) {
-        open->hidden.erase(control);
-    } else {
-        open->hidden.insert(control);
-    }
-    return 1;
+    return With(window, [&](OpenDialog& open) { Put(open.hidden, control, !shown); });
 }
 
 i16 DialogDesk::SetFocus(WindowHandle window, u16 control) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    open->focus = control;
-    return 1;
+    return With(window, [&](OpenDialog& open) { open.focus = control; });
 }
 
 i16 DialogDesk::GetItemUser(WindowHandle window, u16 control, i16 /*kind*/, double* out) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    *out = open->userValues[control];
-    return 1;
+    return With(window, [&](OpenDialog& open) { *out = open.userValues[control]; });
 }
 
 i16 DialogDesk::SetItemUser(WindowHandle window, u16 control, i16 /*kind*/, double value) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    open->userValues[control] = value;
-    return 1;
+    return With(window, [&](OpenDialog& open) { open.userValues[control] = value; });
 }
 
 i16 DialogDesk::SetTimer(WindowHandle window, u64 timer, u32 milliseconds) {
-    OpenDialog* open = Find(window);
-    if (open == nullptr) {
-        return 0;
-    }
-    open->timers[timer] = milliseconds;
-    return 1;
+    return With(window, [&](OpenDialog& open) { open.timers[timer] = milliseconds; });
 }
 
 i16 DialogDesk::KillTimer(WindowHandle window, u64 timer) {
-    OpenDialog* open = Find(window);
-    return open != nullptr && open->timers.erase(timer) != 0 ? i16{1} : i16{0};
+    return With(window, [&](OpenDialog& open) { open.timers.erase(timer); });
 }
 
 }  // namespace standin

@@ -80,6 +80,8 @@ public:
 
 private:
     OpenDialog* Find(WindowHandle window);
+    template <typename Routine>
+    i16 With(WindowHandle window, Routine routine);
 
     std::list<OpenDialog> m_open;
     std::deque<Script> m_scripts;
