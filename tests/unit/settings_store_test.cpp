@@ -49,57 +49,45 @@ protected:
     void TearDown() override { EXPECT_EQ(headless::OpenRegistryKeys(), 0); }
 };
 
-struct ReadCase {
-    const char* name;
-    std::string path;
-    std::string valueName;
-    std::string value;
-    i16 asked;
-    const char* pluginKey;
-    u32 result;
-    std::string buffer;  // eight bytes, filled with "........" before
-};
-
-class SettingsStoreReads : public SettingsStore, public testing::WithParamInterface<ReadCase> {};
-
-const std::string kZeros(8, '\0');
-
-TEST_P(SettingsStoreReads, FillsTheBufferAndGivesTheStoredSize) {
-    const ReadCase& c = GetParam();
-    if (!c.path.empty()) {
+TEST_F(SettingsStore, ReadingFillsTheBufferAndGivesTheStoredSize) {
+    const std::string zeros(8, '\0');
+    const std::string padded("abc\0\0\0\0\0", 8);
+    const std::string full = "abcdefgh";
+    const char* const answers = "Dont Show Again Alert";
+    const struct {
+        std::string path;
+        std::string valueName;
+        std::string value;
+        i16 asked;
+        const char* pluginKey;
+        u32 result;
+        std::string buffer;  // eight bytes, filled with "........" before
+    } cases[] = {
+        {kBase, "Nothing", "", 22000, "Plyweld", 0, zeros},
+        {kCurrent, "ZKCF22000", full, 22000, "Plyweld", 8, full},
+        {kCurrent, "ZKCF22000", "abc", 22000, "Plyweld", 3, padded},
+        {kCurrent, "ZKCF22000", full + "ij", 22000, "Plyweld", 10, full},
+        {kCurrent, "ZKCF22000", "", 22000, "Plyweld", 0, zeros},
+        {kCurrent, "ZKCF22001", full, 22000, "Plyweld", 0, zeros},
+        {kCurrent, "ZKCF-5", full, -5, "Plyweld", 8, full},
+        {kLegacy, "ZKCF22000", "abc", 22000, "Plyweld", 3, padded},
+        {kLegacy, "ZKCF22000", full + "ij", 22000, "Plyweld", 10, full},
+        {kBase, "Plyweld", full, 17, "Plyweld", 8, full},  // the oldest answers any number
+        {kBase, "Other", full, 17, "Plyweld", 0, zeros},
+        {kCurrent, "ZKCF20700", full, 21600, "Plyweld", 8, full},  // renumbered
+        {kCurrent, "ZKCF21600", full, 20700, "Plyweld", 0, zeros},
+        {kBase + "\\ZKW Dont Show Again Alert", "ZKCF22000", full, 22000, answers, 0, zeros},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.path + ' ' + c.valueName + ' ' + c.value);
+        headless::Reset();
         Store(c.path, c.valueName, c.value);
+        std::string buffer = "........";
+        EXPECT_EQ(ZKFX_GetSettings("ZKCF", c.asked, buffer.data(), 8, c.pluginKey), c.result);
+        EXPECT_EQ(buffer, c.buffer);
+        EXPECT_EQ(ZKFX_GetSettings("ZKCF", c.asked, nullptr, 0, c.pluginKey), c.result);
     }
-    std::string buffer = "........";
-    EXPECT_EQ(ZKFX_GetSettings("ZKCF", c.asked, buffer.data(), 8, c.pluginKey), c.result);
-    EXPECT_EQ(buffer, c.buffer);
-    EXPECT_EQ(ZKFX_GetSettings("ZKCF", c.asked, nullptr, 0, c.pluginKey), c.result);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Layouts, SettingsStoreReads,
-    testing::Values(
-        ReadCase{"NothingStored", "", "", "", 22000, "Plyweld", 0, kZeros},
-        ReadCase{"Exact", kCurrent, "ZKCF22000", "abcdefgh", 22000, "Plyweld", 8, "abcdefgh"},
-        ReadCase{"Shorter", kCurrent, "ZKCF22000", "abc", 22000, "Plyweld", 3,
-                 std::string("abc\0\0\0\0\0", 8)},
-        ReadCase{"Longer", kCurrent, "ZKCF22000", "abcdefghij", 22000, "Plyweld", 10, "abcdefgh"},
-        ReadCase{"Empty", kCurrent, "ZKCF22000", "", 22000, "Plyweld", 0, kZeros},
-        ReadCase{"OtherNumber", kCurrent, "ZKCF22001", "abcdefgh", 22000, "Plyweld", 0, kZeros},
-        ReadCase{"NegativeNumber", kCurrent, "ZKCF-5", "abcdefgh", -5, "Plyweld", 8, "abcdefgh"},
-        ReadCase{"Legacy", kLegacy, "ZKCF22000", "abc", 22000, "Plyweld", 3,
-                 std::string("abc\0\0\0\0\0", 8)},
-        ReadCase{"LegacyLonger", kLegacy, "ZKCF22000", "abcdefghij", 22000, "Plyweld", 10,
-                 "abcdefgh"},
-        ReadCase{"OldestAnswersAnyNumber", kBase, "Plyweld", "abcdefgh", 17, "Plyweld", 8,
-                 "abcdefgh"},
-        ReadCase{"OldestOfAnotherOwner", kBase, "Other", "abcdefgh", 17, "Plyweld", 0, kZeros},
-        ReadCase{"RenumberedSetting", kCurrent, "ZKCF20700", "abcdefgh", 21600, "Plyweld", 8,
-                 "abcdefgh"},
-        ReadCase{"NotRenumberedBackwards", kCurrent, "ZKCF21600", "abcdefgh", 20700, "Plyweld", 0,
-                 kZeros},
-        ReadCase{"RememberedAnswersAreNotTakenOver", kBase + "\\ZKW Dont Show Again Alert",
-                 "ZKCF22000", "abcdefgh", 22000, "Dont Show Again Alert", 0, kZeros}),
-    [](const auto& test) { return std::string{test.param.name}; });
 
 TEST_F(SettingsStore, TheLayoutInUseComesBeforeTheOlderOnes) {
     Store(kBase, "Plyweld", "oldest");
@@ -139,42 +127,30 @@ TEST_F(SettingsStore, WritingMovesASettingOutOfBothOlderLayouts) {
     EXPECT_EQ(Stored(kBase, "Other"), "stays");
     EXPECT_EQ(ZKFX_PutSettings("WPOS", 22000, "new", 3, "Plyweld"), 1);
     EXPECT_FALSE(KeyExists(kLegacy)) << "the legacy key goes with its last value";
-}
-
-TEST_F(SettingsStore, ALegacyKeyThatHoldsKeysStays) {
     Store(kLegacy, "ZKCF22000", "old");
     Store(kLegacy + "\\Inner", "a", "b");
     EXPECT_EQ(ZKFX_PutSettings("ZKCF", 22000, "new", 3, "Plyweld"), 1);
-    EXPECT_EQ(Stored(kLegacy + "\\Inner", "a"), "b");
+    EXPECT_EQ(Stored(kLegacy + "\\Inner", "a"), "b") << "a legacy key that holds keys stays";
 }
 
-struct RefusedWrite {
-    const char* name;
-    headless::RegistryCall call;
-    i16 result;
-};
-
-class SettingsStoreRefusedWrites : public SettingsStore,
-                                   public testing::WithParamInterface<RefusedWrite> {};
-
-TEST_P(SettingsStoreRefusedWrites, ClearTheOlderCopiesAllTheSame) {
-    Store(kBase, "Plyweld", "oldest");
-    Store(kLegacy, "ZKCF22000", "old");
-    headless::RefuseRegistryCall(GetParam().call, 1);
-    EXPECT_EQ(ZKFX_PutSettings("ZKCF", 22000, "new", 3, "Plyweld"), GetParam().result);
-    EXPECT_EQ(Stored(kCurrent, "ZKCF22000").has_value(), GetParam().result == 1);
-    EXPECT_EQ(Stored(kBase, "Plyweld"), std::nullopt);
+TEST_F(SettingsStore, RefusedWritesClearTheOlderCopiesAllTheSame) {
+    using Call = headless::RegistryCall;
+    for (const auto& [call, result] : {std::pair{Call::kCreateKey, 0},
+                                       {Call::kSetValue, 0},
+                                       {Call::kOpenKey, 1},
+                                       {Call::kDeleteValue, 1},
+                                       {Call::kQueryInfo, 1},
+                                       {Call::kDeleteKey, 1}}) {
+        SCOPED_TRACE(static_cast<int>(call));
+        headless::Reset();
+        Store(kBase, "Plyweld", "oldest");
+        Store(kLegacy, "ZKCF22000", "old");
+        headless::RefuseRegistryCall(call, 1);
+        EXPECT_EQ(ZKFX_PutSettings("ZKCF", 22000, "new", 3, "Plyweld"), result);
+        EXPECT_EQ(Stored(kCurrent, "ZKCF22000").has_value(), result == 1);
+        EXPECT_EQ(Stored(kBase, "Plyweld"), std::nullopt);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Calls, SettingsStoreRefusedWrites,
-    testing::Values(RefusedWrite{"Create", headless::RegistryCall::kCreateKey, 0},
-                    RefusedWrite{"Write", headless::RegistryCall::kSetValue, 0},
-                    RefusedWrite{"LegacyOpen", headless::RegistryCall::kOpenKey, 1},
-                    RefusedWrite{"LegacyDelete", headless::RegistryCall::kDeleteValue, 1},
-                    RefusedWrite{"LegacyCount", headless::RegistryCall::kQueryInfo, 1},
-                    RefusedWrite{"LegacyKeyDelete", headless::RegistryCall::kDeleteKey, 1}),
-    [](const auto& test) { return std::string{test.param.name}; });
 
 TEST_F(SettingsStore, DeletesOneValueOrAllThatBeginWithAName) {
     for (const char* name : {"AAAA1", "WPOS12003", "WPOS22000", "ZKCF22000", "wpos1"}) {
