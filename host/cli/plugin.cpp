@@ -1,76 +1,92 @@
 #include "host/cli/plugin.h"
 
+#include <algorithm>
 #include <utility>
-
-#include "platform/text.h"
 
 namespace standin::cli {
 
 namespace {
 
-template <typename Function>
-Function* Export(const Library& library, const char* name, std::string& problem) {
-    void* address = library.FindExport(name);
-    if (address == nullptr && problem.empty()) {
-        problem = std::string{"it exports no "} + name;
-    }
-    return reinterpret_cast<Function*>(address);
+std::u16string TextIn(const char16 (&field)[128]) {
+    return {field, std::find(field, field + 128, u'\0')};
 }
 
 }  // namespace
 
 Plugin::Plugin(std::unique_ptr<Library> library) : m_library{std::move(library)} {}
 
-std::unique_ptr<Plugin> Plugin::Start(std::string& problem) {
+Plugin::~Plugin() {
+    if (m_started) {
+        m_terminate();
+    }
+}
+
+std::unique_ptr<Plugin> Plugin::Start(std::string& problem, WindowHandle mainWindow) {
     auto library = Library::Open(ProgramFolder() / kPluginFile, problem);
     if (library == nullptr) {
         return nullptr;
     }
     std::unique_ptr<Plugin> plugin{new Plugin{std::move(library)}};
-    problem = plugin->Handshake();
+    problem = plugin->FindExports();
+    if (problem.empty()) {
+        problem = plugin->Handshake(mainWindow);
+    }
     return problem.empty() ? std::move(plugin) : nullptr;
 }
 
-std::string Plugin::Handshake() {
+std::string Plugin::FindExports() {
     std::string problem;
-    auto* version =
-        Export<FinaleExtensionVersionFunction>(*m_library, "FinaleExtensionVersion", problem);
-    auto* init = Export<FinaleExtensionInitFunction>(*m_library, "FinaleExtensionInit", problem);
-    auto* enumerate = Export<FinaleExtensionEnumerateFunction>(
-        *m_library, "FinaleExtensionEnumerate_UTF16", problem);
-    auto* status = Export<FinaleExtensionGetMenuStatusFunction>(
-        *m_library, "FinaleExtensionGetMenuStatus", problem);
-    m_invoke = Export<FinaleExtensionInvokeFunction>(*m_library, "FinaleExtensionInvoke", problem);
-    auto* terminate =
-        Export<FinaleExtensionTerminateFunction>(*m_library, "FinaleExtensionTerminate", problem);
-    if (!problem.empty()) {
-        return problem;
-    }
-    if (version(kInterfaceVersion) != kInterfaceVersion) {
+    const auto find = [this, &problem]<typename Function>(Function*& function, const char* name) {
+        function = reinterpret_cast<Function*>(m_library->FindExport(name));
+        if (function == nullptr && problem.empty()) {
+            problem = std::string{"it exports no "} + name;
+        }
+    };
+    find(m_version, "FinaleExtensionVersion");
+    find(m_init, "FinaleExtensionInit");
+    find(m_enumerate, "FinaleExtensionEnumerate_UTF16");
+    find(m_menuStatus, "FinaleExtensionGetMenuStatus");
+    find(m_invoke, "FinaleExtensionInvoke");
+    find(m_terminate, "FinaleExtensionTerminate");
+    return problem;
+}
+
+std::string Plugin::Handshake(WindowHandle mainWindow) {
+    if (m_version(kInterfaceVersion) != kInterfaceVersion) {
         return "it speaks another version of the interface";
     }
     u32 flags = 0;
-    if (init(nullptr, &flags) == 0) {
+    if (m_init(mainWindow, &flags) == 0) {
         return "it refuses to start";
     }
-    m_terminate = terminate;
-    RunTimers();
+    m_started = true;
+    if (mainWindow == nullptr) {
+        RunTimers();
+    }
+    ListItems(mainWindow);
+    return m_items.empty() || !IsEnabled(0) ? "its command is not available" : "";
+}
+
+void Plugin::ListItems(WindowHandle mainWindow) {
     MenuItemDescriptor item{};
-    if (enumerate(nullptr, 0, &item) == 0 || status(0) == 0) {
-        return "its command is not available";
-    }
-    return {};
-}
-
-Plugin::~Plugin() {
-    if (m_terminate != nullptr) {
-        m_terminate();
+    for (i16 index = 0; m_enumerate(mainWindow, index, &item) != 0; ++index) {
+        m_items.push_back({TextIn(item.text), TextIn(item.description)});
+        item = {};
     }
 }
 
-void Plugin::RunCommand(const EREGION* selection, const EREGION& wholeDocument) {
+bool Plugin::IsEnabled(int item) const {
+    return m_menuStatus(static_cast<i16>(item)) != 0;
+}
+
+void Plugin::Invoke(WindowHandle owner, int item, const EREGION* selection,
+                    const EREGION& wholeDocument) const {
+    m_invoke(owner, static_cast<u16>(item), selection, &wholeDocument);
+}
+
+void Plugin::RunCommand(const EREGION* selection, const EREGION& wholeDocument) const {
     const ShiftHeld shift;
-    m_invoke(nullptr, 0, selection, &wholeDocument);
+    Invoke(nullptr, 0, selection, wholeDocument);
 }
 
 }  // namespace standin::cli

@@ -3,33 +3,54 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "host/cli/desktop.h"
 #include "shell/host/host_functions.h"
 
 namespace standin::cli {
 
+struct PluginItem {
+    std::u16string text;
+    std::u16string description;
+};
+
 class Plugin {
 public:
-    // Loads and initialises it. Null when it is not there, lacks an export, speaks another
-    // version of the interface or refuses to start; problem then says which.
-    static std::unique_ptr<Plugin> Start(std::string& problem);
+    // Loads and initialises it, and lists its menu items. Null when it is not there, lacks an
+    // export, speaks another version of the interface, refuses to start or offers no command;
+    // problem then says which. Without a main window the timers that it starts run at once.
+    static std::unique_ptr<Plugin> Start(std::string& problem, WindowHandle mainWindow = nullptr);
     // Terminates and unloads it.
     ~Plugin();
     Plugin(const Plugin&) = delete;
     Plugin& operator=(const Plugin&) = delete;
 
-    // Chooses the command's menu item, with Shift held, so that no dialog comes up. The
-    // selection may be null.
-    void RunCommand(const EREGION* selection, const EREGION& wholeDocument);
+    // As it listed them when it was started; the command is the first.
+    const std::vector<PluginItem>& Items() const noexcept { return m_items; }
+    bool IsEnabled(int item) const;
+    // Chooses a menu item. The selection may be null.
+    void Invoke(WindowHandle owner, int item, const EREGION* selection,
+                const EREGION& wholeDocument) const;
+    // The same for the command, with Shift held, so that no dialog comes up.
+    void RunCommand(const EREGION* selection, const EREGION& wholeDocument) const;
 
 private:
     explicit Plugin(std::unique_ptr<Library> library);
-    std::string Handshake();  // empty when all went well, else what is wrong
+    // Each empty when all went well, else what is wrong.
+    std::string FindExports();
+    std::string Handshake(WindowHandle mainWindow);
+    void ListItems(WindowHandle mainWindow);
 
     std::unique_ptr<Library> m_library;
+    FinaleExtensionVersionFunction* m_version = nullptr;
+    FinaleExtensionInitFunction* m_init = nullptr;
+    FinaleExtensionEnumerateFunction* m_enumerate = nullptr;
+    FinaleExtensionGetMenuStatusFunction* m_menuStatus = nullptr;
     FinaleExtensionInvokeFunction* m_invoke = nullptr;
-    FinaleExtensionTerminateFunction* m_terminate = nullptr;  // set once it was initialised
+    FinaleExtensionTerminateFunction* m_terminate = nullptr;
+    bool m_started = false;
+    std::vector<PluginItem> m_items;
 };
 
 }  // namespace standin::cli

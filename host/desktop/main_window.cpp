@@ -10,6 +10,7 @@
 #include "host/desktop/selection_text.h"
 #include "host/desktop/wide_text.h"
 #include "host/desktop/window_class.h"
+#include "host/desktop/window_system.h"
 #include "platform/resources.h"
 
 namespace standin::desktop {
@@ -115,8 +116,9 @@ LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
         case WM_COMMAND:
             CarryOut(LOWORD(word));
             return 0;
-        case kInputIsWaiting:
-            return HIWORD(GetQueueStatus(QS_INPUT)) != 0 ? 1 : 0;
+        case kWorkIsWaiting:
+            AwaitWindowSystem();
+            return HIWORD(GetQueueStatus(QS_INPUT | QS_PAINT)) != 0 ? 1 : 0;
         case WM_CLOSE:
             if (CloseAll()) {
                 PostQuitMessage(0);
@@ -132,8 +134,9 @@ LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
 
 void MainWindow::StartPlugin() {
     std::string problem;
-    m_plugin = PluginSession::Start(m_window, problem);
-    m_menus->ListPluginItems(m_plugin != nullptr ? m_plugin->Items() : std::vector<PluginItem>{});
+    m_plugin = cli::Plugin::Start(problem, m_window);
+    m_menus->ListPluginItems(m_plugin != nullptr ? m_plugin->Items()
+                                                 : std::vector<cli::PluginItem>{});
     DrawMenuBar(m_window);
     if (m_plugin == nullptr) {
         Tell(L"The plug-in was not loaded: " + WideFromUtf8(problem), MB_ICONWARNING);

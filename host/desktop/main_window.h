@@ -7,11 +7,11 @@
 #include <optional>
 #include <string>
 
+#include "host/cli/plugin.h"
 #include "host/desktop/grid_window.h"
 #include "host/desktop/menu_bar.h"
 #include "host/desktop/message_pump.h"
 #include "host/desktop/open_documents.h"
-#include "host/desktop/plugin_session.h"
 #include "host/desktop/progress_window.h"
 #include "host/desktop/windows_api.h"
 #include "host/desktop/windows_dialogs.h"
@@ -54,6 +54,7 @@ private:
     bool CarryOutEdit(u16 command);
     bool CarryOutView(u16 command);
     bool CarryOutHost(u16 command);
+    void ChoosePluginItem(int item) const;
     void Save(bool askForName);
     bool CloseDocument(u16 document);
     bool CloseAll();
@@ -73,7 +74,7 @@ private:
     std::unique_ptr<GridWindow> m_grid;
     HWND m_status = nullptr;
     WindowsDialogs m_dialogs;
-    std::unique_ptr<PluginSession> m_plugin;
+    std::unique_ptr<cli::Plugin> m_plugin;
 };
 
 }  // namespace standin::desktop

@@ -29,15 +29,23 @@ void MainWindow::CarryOut(u16 command) {
     if (command >= Command::kFirstDocument) {
         App().SetCurrentDocument(static_cast<u16>(command - Command::kFirstDocument));
     } else if (command >= Command::kFirstPluginItem && command <= Command::kLastPluginItem) {
-        if (m_plugin != nullptr) {
-            m_plugin->Invoke(m_window, command - Command::kFirstPluginItem);
-        }
+        ChoosePluginItem(command - Command::kFirstPluginItem);
         return;
     } else if (!CarryOutFile(command) && !CarryOutEdit(command) && !CarryOutView(command) &&
                !CarryOutHost(command)) {
         return;
     }
     ShowDocument();
+}
+
+void MainWindow::ChoosePluginItem(int item) const {
+    if (m_plugin == nullptr) {
+        return;
+    }
+    const Document* document = App().CurrentDocument();
+    const EREGION whole = document != nullptr ? document->WholeRegion() : EREGION{};
+    const auto selection = document != nullptr ? document->selection : std::nullopt;
+    m_plugin->Invoke(m_window, item, selection ? &*selection : nullptr, whole);
 }
 
 bool MainWindow::CarryOutFile(u16 command) {

@@ -102,7 +102,7 @@ MenuBar::MenuBar(HWND window, MenuBarKind kind) : m_bar{CreateMenu()} {
     SetMenu(window, m_bar);
 }
 
-void MenuBar::ListPluginItems(const std::vector<PluginItem>& items) {
+void MenuBar::ListPluginItems(const std::vector<cli::PluginItem>& items) {
     for (std::size_t i = 0; i < items.size(); ++i) {
         AppendMenuW(m_plugins, MF_STRING, Command::kFirstPluginItem + i,
                     Wide(items[i].text).c_str());
@@ -116,7 +116,7 @@ void MenuBar::Enable(u16 command, bool enabled) const {
     EnableMenuItem(m_bar, command, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
 }
 
-void MenuBar::Update(const PluginSession* plugin, const OpenDocuments& documents) {
+void MenuBar::Update(const cli::Plugin* plugin, const OpenDocuments& documents) {
     const Document* document = App().CurrentDocument();
     const bool isOpen = document != nullptr;
     for (const u16 command :
@@ -156,7 +156,7 @@ void MenuBar::UpdateView() {
                   app.ShowsActiveLayerOnly() ? MF_CHECKED : MF_UNCHECKED);
 }
 
-void MenuBar::UpdatePlugin(const PluginSession* plugin) {
+void MenuBar::UpdatePlugin(const cli::Plugin* plugin) {
     if (plugin == nullptr) {
         return;
     }

@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include "host/cli/plugin.h"
 #include "host/desktop/open_documents.h"
-#include "host/desktop/plugin_session.h"
 #include "host/desktop/windows_api.h"
 
 namespace standin::desktop {
@@ -17,15 +17,15 @@ public:
     // Gives the window its menu bar. The window owns it.
     MenuBar(HWND window, MenuBarKind kind);
 
-    void ListPluginItems(const std::vector<PluginItem>& items);
+    void ListPluginItems(const std::vector<cli::PluginItem>& items);
     // Brings states, marks and the texts of undo, redo and the documents up to date. The
     // plug-in may be null.
-    void Update(const PluginSession* plugin, const OpenDocuments& documents);
+    void Update(const cli::Plugin* plugin, const OpenDocuments& documents);
 
 private:
     void UpdateUndo();
     void UpdateView();
-    void UpdatePlugin(const PluginSession* plugin);
+    void UpdatePlugin(const cli::Plugin* plugin);
     void UpdateDocuments(const OpenDocuments& documents);
     void Enable(u16 command, bool enabled) const;
 

@@ -7,7 +7,8 @@ namespace standin::desktop {
 
 // Runs the std::function<void()> that the last parameter points to.
 inline constexpr UINT kRunRoutine = WM_APP + 1;
-// Answers whether mouse or keyboard input waits for the window's thread.
-inline constexpr UINT kInputIsWaiting = WM_APP + 2;
+// Answers whether input or something to paint waits for the window's thread, once it has heard
+// what the window system has to say by now.
+inline constexpr UINT kWorkIsWaiting = WM_APP + 2;
 
 }  // namespace standin::desktop

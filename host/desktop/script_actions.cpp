@@ -5,6 +5,7 @@
 #include <span>
 
 #include "host/desktop/commands.h"
+#include "host/desktop/object_counts.h"
 #include "host/desktop/screenshot.h"
 #include "host/desktop/script_input.h"
 #include "host/desktop/script_screen.h"
@@ -254,6 +255,11 @@ std::string Screenshot(ScriptScene& scene, Words words) {
                 "the picture was not saved");
 }
 
+std::string CountObjects(ScriptScene& scene, Words) {
+    scene.objects = ObjectCounts(scene.window.Window());
+    return {};
+}
+
 struct Step {
     std::string_view name;
     std::size_t words;
@@ -281,6 +287,7 @@ constexpr Step kSteps[] = {
     {"protect", 1, Protect},
     {"unprotect", 1, Unprotect},
     {"screenshot", 1, Screenshot},
+    {"count-objects", 0, CountObjects},
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 
 #include "host/desktop/byte_pattern.h"
 #include "host/desktop/layer_strip.h"
+#include "host/desktop/object_counts.h"
 #include "host/desktop/script_screen.h"
 #include "host/desktop/script_settings.h"
 #include "host/desktop/selection_text.h"
@@ -224,6 +225,13 @@ std::string Setting(ScriptScene&, Words words) {
                       : "found " + (bytes ? DigitsOf(*bytes) : std::string{"no such value"});
 }
 
+// As many of the system's objects as when they were counted.
+std::string Objects(ScriptScene& scene, Words) {
+    const std::string counts = ObjectCounts(scene.window.Window());
+    return counts == scene.objects ? std::string{}
+                                   : "found " + counts + " instead of " + scene.objects;
+}
+
 struct Expectation {
     std::string_view name;
     std::size_t words;
@@ -238,6 +246,7 @@ constexpr Expectation kExpectations[] = {
     {"choices", 2, Choices}, {"count", 2, Count},          {"place", 2, Place},
     {"menu", 2, Menu},       {"menu-items", 2, MenuItems}, {"layer", 4, Layer},
     {"undo", 1, Undo},       {"selection", 1, Selection},  {"setting", 3, Setting},
+    {"objects", 0, Objects},
 };
 
 }  // namespace

@@ -13,7 +13,6 @@ namespace {
 
 // Milliseconds.
 constexpr DWORD kBetweenInputs = 20;
-constexpr DWORD kSettled = 60;
 constexpr DWORD kPatience = 5000;
 constexpr int kTries = 20;
 
@@ -73,11 +72,12 @@ void SendMouse(POINT place, DWORD flags) {
     Send(input);
 }
 
-// Waits until no mouse or keyboard input waits for the program any more.
+// Waits until no mouse or keyboard input waits for the program any more, what it does with the
+// last of it is done, unless that is a dialog or a menu, and the windows are painted.
 void LetProgramWork(HWND mainWindow) {
     for (DWORD waited = 0; waited < kPatience; waited += kBetweenInputs) {
         Sleep(kBetweenInputs);
-        if (SendMessageW(mainWindow, kInputIsWaiting, 0, 0) == 0) {
+        if (SendMessageW(mainWindow, kWorkIsWaiting, 0, 0) == 0) {
             return;
         }
     }
@@ -88,13 +88,14 @@ class KeysHeld {
 public:
     KeysHeld(HWND mainWindow, const std::vector<WORD>& keys)
         : m_mainWindow{mainWindow}, m_keys{keys} {
-        // A window system may take keys back that its own keyboard does not hold.
+        // Where the mouse or the focus comes to another window, the window system compares the
+        // keys with its own keyboard, and takes back those that nobody holds there.
+        LetProgramWork(m_mainWindow);
         for (int i = 0; i < kTries && !AreDown(); ++i) {
             for (const WORD key : m_keys) {
                 SendKey(key, 0);
             }
             LetProgramWork(m_mainWindow);
-            Sleep(kSettled);
         }
     }
     ~KeysHeld() {
@@ -155,11 +156,6 @@ void ClickAt(HWND mainWindow, POINT place, const std::vector<WORD>& held) {
 
 void DragFromTo(HWND mainWindow, POINT from, POINT to, const std::vector<WORD>& held) {
     SendMouse(from, 0);
-    LetProgramWork(mainWindow);
-    if (!held.empty()) {
-        // Where the mouse comes into a window, the window system looks at its own keyboard.
-        Sleep(kSettled);
-    }
     const KeysHeld keys{mainWindow, held};
     SendMouse(from, MOUSEEVENTF_LEFTDOWN);
     LetProgramWork(mainWindow);
@@ -168,6 +164,7 @@ void DragFromTo(HWND mainWindow, POINT from, POINT to, const std::vector<WORD>& 
         LetProgramWork(mainWindow);
     }
     SendMouse(to, MOUSEEVENTF_LEFTUP);
+    LetProgramWork(mainWindow);
 }
 
 }  // namespace standin::desktop

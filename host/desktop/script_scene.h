@@ -18,6 +18,7 @@ struct ScriptScene {
     ScriptLanguage language = ScriptLanguage::kEnglish;
     // The title of the window the script works in; nothing = the front dialog.
     std::optional<std::wstring> title = {};
+    std::string objects = {};  // the system's objects when the script last counted them
 
     // The window the script works in; null when it is not there.
     HWND Target() const;
