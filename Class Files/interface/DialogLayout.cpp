@@ -21,7 +21,7 @@ constexpr int kLabelExtra = 2;
 
 void FitToText(WindowHandle dialog, u16 control, int extra) {
     char16 text[1024]{};
-    Host::GetDlgString(dialog, control, text, static_cast<u32>(std::size(text)));
+    Host::GetDlgString(dialog, control, text, static_cast<u32>(std::size(text)) - 1);
     SizeControl(dialog, control, -1, GetTextWidth(dialog, control, text) + extra);
 }
 

@@ -40,6 +40,7 @@ u32 FinPIGenericControl::GetValue() {
 char16* FinPIGenericControl::GetText(char16* buffer, u32 capacity) {
     *buffer = u'\0';
     Host::GetDlgString(m_window, m_id, buffer, capacity);
+    buffer[capacity - 1] = u'\0';  // whatever the host wrote
     return buffer;
 }
 

@@ -96,4 +96,5 @@ void FinPIMeas::MeasureNumberString(i16 measure, char16* buffer, u32 size) {
         const FinPIVarString number("#%d", int{measure});
         FinPIUniStringUtil::UniChar_strncpyUtf8(buffer, number.Text(), size);
     }
+    buffer[size - 1] = u'\0';  // whatever the host wrote
 }

@@ -26,7 +26,10 @@ u16 FinPIStaffSystem::FindSystemForMeasure(i16 measure, u16 startSystem) {
         if (record.firstMeasure <= measure && measure < record.nextSystemFirstMeasure) {
             break;
         }
-        record.SetCmpers(++system);
+        if (++system == kNoSystem) {
+            break;  // a host that never runs out of them
+        }
+        record.SetCmpers(system);
     }
     return system;
 }

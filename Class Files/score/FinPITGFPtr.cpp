@@ -1,5 +1,6 @@
 #include "Class Files/score/FinPITGFPtr.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 #include <vector>
@@ -20,8 +21,16 @@ constexpr u32 kFrameTag = HostTag("aTGF");
 constexpr i16 kAlwaysOne = 1;
 
 EXFRAME* LoadFrame(u16 firstKey, u16 slot, u16 measure, u16 layer) {
-    return Host::LoadTGF(firstKey, static_cast<i16>(slot), static_cast<i16>(measure), layer,
-                         kAlwaysOne);
+    EXFRAME* const frame = Host::LoadTGF(firstKey, static_cast<i16>(slot),
+                                         static_cast<i16>(measure), layer, kAlwaysOne);
+    if (frame != nullptr && frame->entries != nullptr) {
+        // An entry has twelve slots for notes, whatever count comes with it.
+        for (i16 i = 0; i < frame->count; ++i) {
+            EXENTRY& entry = frame->entries[i];
+            entry.noteCount = std::clamp<i16>(entry.noteCount, 0, kMaxNotesPerEntry);
+        }
+    }
+    return frame;
 }
 
 // A frame of the current document with the four load keys of another one.

@@ -18,7 +18,7 @@ public:
 EntryMemory& HeapEntryMemory();
 
 // Zeroed memory that ends at a page which must not be touched, so that a stray access stops
-// the program at once. The heap's where the system has no such pages for us.
+// the program at once.
 EntryMemory& GuardedEntryMemory();
 
 }  // namespace standin
