@@ -125,6 +125,7 @@ TEST_P(FlagKind, IsCopiedAndDeletedWithoutARecord) {
     LoadBoth();
     source.EntryAt(0)->flags |= GetParam().flags;
     EXPECT_EQ(Copy(GetParam().kinds, 0, 0), 1);
+    EXPECT_EQ(Copy(GetParam().kinds, 0, 0), 1) << "again, onto the same";
     EXPECT_EQ(Copy(GetParam().kinds, 0, 1), 1);
     EXPECT_EQ(target.EntryAt(0)->flags & kAll, GetParam().ontoNote);
     EXPECT_EQ(target.EntryAt(1)->flags & kAll, GetParam().ontoRest);

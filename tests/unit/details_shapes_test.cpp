@@ -204,6 +204,42 @@ TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
 }
 
+// A slur copied and then deleted while the host refuses calls of one kind.
+class FaultySlur final : public CopiedShapes {
+public:
+    explicit FaultySlur(const FaultPlan& plan) {
+        host.Slur(Source(), Source(2));
+        LoadBoth();
+        App().faults = plan;
+        const bool copied = CopyWithin(1) != 0;
+        EXPECT_EQ(TakePendingError().empty(), copied) << "the copy";
+        const bool deleted = Delete(DetailKind::kSmartShape) >= 0;
+        EXPECT_EQ(TakePendingError().empty(), deleted) << "the delete";
+        m_anyRefused = App().calls.refusedByPlan != 0;
+        App().faults = {};
+        App().calls.flagsOutOfStep = 0;
+        source = {};
+    }
+    void TestBody() override {}
+    bool AnyRefused() const { return m_anyRefused; }
+
+private:
+    bool m_anyRefused = false;
+};
+
+TEST(ShapeFaults, WhatFailsIsTold) {
+    for (const HostCall call : {HostCall::kLoadEData, HostCall::kPreviousEData,
+                                HostCall::kCreateEData, HostCall::kDeleteEData}) {
+        bool anyRefused = true;
+        for (u64 nth = 1; anyRefused; ++nth) {
+            SCOPED_TRACE(std::string{NameOf(call)} + " " + std::to_string(nth));
+            FaultPlan plan;
+            plan.refuseKind = FaultPlan::OfKind{call, nth, nth};
+            anyRefused = FaultySlur{plan}.AnyRefused();
+        }
+    }
+}
+
 TEST_F(CopiedShapes, NeedTheirEndEntry) {
     host.Slur(Source(), Source(2));
     LoadBoth();

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <vector>
 
+#include "Class Files/interface/FinPIAlert.h"
+#include "Class Files/settings/FinPIUtil.h"
 #include "tests/unit/support/pending_error.h"
 #include "tests/unit/support/stand_in.h"
 
@@ -30,6 +32,19 @@ TEST(LibraryExample, LeavesABookmarkInEachSelectedMeasure) {
     EXPECT_TRUE(host.Score().Undo());
     EXPECT_TRUE(host.Score().Records().OfTag(HostTag("otBk")).empty());
     EXPECT_EQ(TakePendingError(), "");
+}
+
+TEST(LibraryExample, ACommandForgetsTheAnswersToItsQuestions) {
+    const standin::StandIn host;
+    constexpr i16 kQuestion = 20003;
+    const u16 answer = 1;
+    ASSERT_EQ(ZKFX_PutSettings(FinPIAlert::kSettingName, kQuestion, &answer, sizeof(answer),
+                               FinPIAlert::kStoredUnder),
+              1);
+    BookmarkMeasures(nullptr, 0).ResetAlerts();
+    EXPECT_EQ(
+        ZKFX_GetSettings(FinPIAlert::kSettingName, kQuestion, nullptr, 0, FinPIAlert::kStoredUnder),
+        0U);
 }
 
 }  // namespace

@@ -240,6 +240,24 @@ TEST_F(Records, CommitsOfPartsReachTheScoreAndEachPart) {
     EXPECT_EQ(record.DeleteAndRecreateInScore(), 1);
     EXPECT_EQ(host.Score().currentPart, 2);
     EXPECT_EQ(Stored(1), "p");
+
+    // The score, the first part and the second are each refused in turn.
+    host.Score().currentPart = 0;
+    for (u64 nth = 1; nth <= 3; ++nth) {
+        App().ResetCounts();
+        App().faults.refuseKind = FaultPlan::OfKind{HostCall::kSaveEData, nth, nth};
+        EXPECT_EQ(record.CommitInScoreAndParts(), 0) << nth;
+        EXPECT_EQ(TakePendingError(), "29996 FinPIEnigmaData::Save: otKF");
+        EXPECT_EQ(host.Score().currentPart, 0);
+    }
+    host.Score().currentPart = 2;
+    App().ResetCounts();
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kSaveEData);
+    EXPECT_EQ(record.CommitInScoreFirst(), 0);
+    EXPECT_EQ(TakePendingError(), "29996 FinPIEnigmaData::Save: otKF");
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kDeleteEData);
+    EXPECT_EQ(record.DeleteAndRecreateInScore(), 0);
+    EXPECT_EQ(host.Score().currentPart, 2);
 }
 
 }  // namespace

@@ -97,6 +97,17 @@ TEST_F(RecordClasses, DetailsByKindHaveKeysOfTheirOwn) {
     EXPECT_EQ((*Stored(HostTag("dtBc"), RecordKey::Detail(8, 2)))[0], 6);
 }
 
+TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
+    FinPIShape shape(HostTag("dtXX"), 4, 9);
+    shape.Body().opaque0[131] = 1;
+    EXPECT_EQ(shape.Create(), 1);
+    EXPECT_NE(Stored(HostTag("dtXX"), RecordKey::Detail(4, 9)), nullptr);
+    FinPIShape found(HostTag("dtXX"), 0, 0);
+    EXPECT_EQ(found.LoadNext(), 1);
+    EXPECT_EQ(found.IsSameKey(shape), 1);
+    EXPECT_EQ(found.IsSameKey(FinPIShape(HostTag("dtXX"), 4, 8)), 0);
+}
+
 TEST_F(RecordClasses, FinPIScoreViewShowsTheScoreWhileItLives) {
     host.Score().AddPart(1, u"Flute");
     host.Score().currentPart = 1;
@@ -153,6 +164,7 @@ TEST_F(RecordClasses, ExpressionsAreDeletedInTheScoreOnly) {
     host.Score().AddPart(1, u"Flute");
     FinPIScoreExpr expression(1);
     FinPIClefChange clef(1);
+    EXPECT_EQ(expression.IsPartSpecific(), 1);
     EXPECT_EQ(expression.ChooseLinkedPartHook(), 1);
     host.Score().currentPart = 1;
     EXPECT_EQ(expression.ChooseLinkedPartHook(), 0);

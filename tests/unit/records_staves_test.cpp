@@ -40,6 +40,9 @@ TEST_F(Staves, AStaffAtAMeasureIsReadOnly) {
     EnigmaKey key{};
     EXPECT_EQ(staff.GetKey(key), 8);
     EXPECT_EQ(key, (EnigmaKey{Number(), 2, 0x2345, 1}));
+    staff.SetKey({Number(), 3, 7, 2});
+    staff.GetKey(key);
+    EXPECT_EQ(key, (EnigmaKey{Number(), 3, 7, 2}));
 
     App().ResetCounts();
     EXPECT_EQ(staff.Commit(), 0);
