@@ -144,7 +144,11 @@ Problem ReadParts(const pugi::xml_document& document, ImportedScore& score) {
     return {};
 }
 
+// One line, whatever of the file it quotes.
 ReadResult Refused(std::string message, std::size_t line = 0) {
+    std::replace_if(
+        message.begin(), message.end(),
+        [](char byte) { return static_cast<unsigned char>(byte) < 0x20; }, ' ');
     return {nullptr, std::move(message), line};
 }
 

@@ -11,10 +11,12 @@ std::size_t OffsetOf(pugi::xml_node node) {
     if (offset <= 0) {
         return 0;
     }
-    // An element's offset is that of its name; a comment's or instruction's that of its text.
-    const std::ptrdiff_t before = node.type() == pugi::node_comment ? 4
-                                  : node.type() == pugi::node_pi    ? 2
-                                                                    : 1;
+    // An element's offset is that of its name; that of others, what follows their opening.
+    const std::ptrdiff_t before = node.type() == pugi::node_comment  ? 4
+                                  : node.type() == pugi::node_pi     ? 2
+                                  : node.type() == pugi::node_cdata  ? 9
+                                  : node.type() == pugi::node_pcdata ? 0
+                                                                     : 1;
     return static_cast<std::size_t>(offset - before);
 }
 

@@ -94,6 +94,9 @@ std::size_t TagEnd(std::string_view text, std::size_t begin) {
 }
 
 std::size_t NodeEnd(std::string_view text, std::size_t begin) {
+    if (begin < text.size() && text[begin] != '<') {  // plain text
+        return std::min(text.find('<', begin), text.size());
+    }
     int depth = 0;
     for (std::size_t at = begin; at < text.size(); at = text.find('<', at)) {
         if (const std::size_t end = SpecialEnd(text, at); end != 0) {

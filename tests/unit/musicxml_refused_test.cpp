@@ -30,6 +30,7 @@ const RefusedCase kRefused[] = {
     {"NoPart", "<score-partwise/>", "no part", 1},
     {"NoMeasure", "<score-partwise><part/></score-partwise>", "no measure", 1},
     {"NoteOutsideParts", "<score-partwise>\n<note/></score-partwise>", "outside any part", 2},
+    {"EncodingOfTwoLines", "<?xml version=\"1.0\" encoding=\"A\nB\"?><a/>", "encoding a b", 1},
     {"UnknownEncoding", "<?xml version=\"1.0\" encoding=\"EBCDIC\"?><a/>", "encoding ebcdic", 1},
     {"NegativeDuration", ScoreText({"<note><rest/><duration>-1</duration></note>"}), "<duration>",
      7},

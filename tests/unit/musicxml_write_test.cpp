@@ -79,6 +79,18 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
     EXPECT_EQ(Count(written, "default-y=\"3\""), 2);
 }
 
+// No score has text there, but files may.
+TEST(Rebuilt, TextBetweenNotesStaysText) {
+    for (const char* text : {"text", "\x0e ", "<![CDATA[a]]>", "<!-- a -->", "<?a b?>"}) {
+        const std::string note = Note({});
+        const ReadResult score = ReadScore(ScoreText({note + text + note}));
+        ASSERT_TRUE(score) << text;
+        const std::string written = WriteScore(*score.score, {.rebuildAll = true});
+        EXPECT_TRUE(ReadScore(written)) << text << '\n' << written;
+        EXPECT_NE(written.find(text), std::string::npos) << text;
+    }
+}
+
 TEST(Changed, OnlyItsOwnMeasureIsWrittenAnew) {
     const std::string odd =
         "<note ><pitch><step>C</step><octave>4</octave></pitch>"
