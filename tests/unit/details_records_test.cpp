@@ -284,6 +284,29 @@ TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
     EXPECT_EQ(FinPIEntryPtr{}.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion), 0);
 }
 
+// An articulation whose definition cannot be copied.
+class LostDefinition final : public FinPIArticulation {
+public:
+    using FinPIArticulation::FinPIArticulation;
+    i16 CopyDependentStructs(const FinPIEntryDetail& /*source*/) override { return 0; }
+};
+
+TEST_F(Details, ARecordOfAnotherDocumentComesWithWhatItRefersToOrNotAtAll) {
+    Write("q:c4", "q:c4");
+    host.Attach(Source(), kArticulation, "dot");
+    LoadBoth();
+    App().SetCurrentDocument(App().OpenDocument(u"other").Number());
+    const FinPIEntryPtr elsewhere{target.Frame(), 0};  // of the current document
+    LostDefinition to{elsewhere};
+    LostDefinition from{source.EntryAt(0)};
+    i16 anyCopied = 0;
+    EXPECT_EQ(FinPIEntryDetail::CopyDetail(to, from, true, anyCopied), 0);
+    EXPECT_EQ(TakePendingError(),
+              "29999 FinPIEntryDetail::CopyDetail: CopyDependentStructs() failed.");
+    EXPECT_EQ(anyCopied, 0);
+    App().SetCurrentDocument(host.Score().Number());
+}
+
 TEST_F(Details, RecordsAreLoadedBeforeTheyAreSaved) {
     Write("q:c4", "q:c4");
     host.Attach(Source(), kArticulation, "dot");
