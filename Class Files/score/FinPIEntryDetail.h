@@ -63,6 +63,10 @@ public:
     Removal DeleteAll();
     // Whether a record is stored for the entry, under either tag; loads none.
     bool HasRecord();
+    // Whether a record that did not load is not there because the records end before it: the
+    // host may have refused the load. Asks FX_PreviousEData, and posts a doubt, on which nothing
+    // that is to be moved may be deleted.
+    bool CheckEndsBefore(u16 recordNumber);
 
     const FinPIEntryPtr& Entry() const noexcept { return m_entry; }
 
@@ -75,10 +79,6 @@ protected:
     // Posts when the other is of another kind.
     bool CheckSameKind(const FinPIEntryDetail& other, const char* operation) const;
     bool LoadRecord(u16 recordNumber);
-    // Whether a record that did not load is not there because the records end before it: the
-    // host may have refused the load. Asks FX_PreviousEData, and posts a doubt, on which nothing
-    // that is to be moved may be deleted.
-    bool CheckEndsBefore(u16 recordNumber);
     i16 StemDirection() const;
     u32 Tag() const;
     void* MutableData() { return const_cast<void*>(GetData()); }

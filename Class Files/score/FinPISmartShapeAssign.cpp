@@ -137,12 +137,13 @@ bool FinPISmartShapeAssign::CreateEndMark() {
 bool FinPISmartShapeAssign::DeleteEndMark() {
     const FinPIEntryPtr end = FindEndEntry();
     FinPISmartShapeMark mark{end, Tag()};
-    for (u16 number = 0; mark.Load() != 0; mark.SelectRecord(++number)) {
+    u16 number = 0;
+    for (; mark.Load() != 0; mark.SelectRecord(++number)) {
         if (mark.ShapeNumber() == ShapeNumber()) {
             return mark.Delete() != 0;
         }
     }
-    return true;
+    return mark.CheckEndsBefore(number);
 }
 
 i16 FinPISmartShapeAssign::Delete() {

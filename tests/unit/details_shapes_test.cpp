@@ -215,6 +215,10 @@ public:
         EXPECT_EQ(TakePendingError().empty(), copied) << "the copy";
         const bool deleted = Delete(DetailKind::kSmartShape) >= 0;
         EXPECT_EQ(TakePendingError().empty(), deleted) << "the delete";
+        if (copied && deleted) {
+            const auto& shapes = host.Score().Records().OfTag(standin::Tag::kSmartShape);
+            EXPECT_EQ(Marks(Source(2)), static_cast<int>(shapes.size())) << "no end without shape";
+        }
         m_anyRefused = App().calls.refusedByPlan != 0;
         App().faults = {};
         App().calls.flagsOutOfStep = 0;
