@@ -242,39 +242,18 @@ TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
     EXPECT_EQ(command.SavedSettingNumber(), 3);
 }
 
-TEST_F(SavedSettingsTest, TheOneInUseIsShownAndCannotBeDeleted) {
-    StoreLetters(1);
-    Store(2, u"b", 12, 1);
-    command.UseSavedSetting(2, 12);
-    Run([](OpenDialog& open) {
-        EXPECT_EQ(open.SelectedItem(Control::kList), u"b");
-        EXPECT_EQ(open.values[Control::kSkipDialog], 1U);
-        EXPECT_TRUE(open.disabled.contains(Control::kDelete));
-        EXPECT_TRUE(open.hidden.contains(Control::kDeleteAll));
-        open.Choose(Control::kList, 1);
-        EXPECT_FALSE(open.disabled.contains(Control::kDelete));
-    });
-    EXPECT_EQ(Stored().size(), 2U);
-}
-
-TEST_F(SavedSettingsTest, DeleteAllLeavesNone) {
-    StoreLetters(2);
-    Run([](OpenDialog& open) {
-        open.Press(Control::kDeleteAll);
-        EXPECT_TRUE(open.ended);
-    });
-    EXPECT_EQ(Stored(), std::vector<std::string>{});
-    EXPECT_EQ(command.forgotten, (std::vector<u16>{11, 12}));
-}
-
-TEST_F(SavedSettingsTest, NinetyNineAreTheMost) {
+TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
     StoreLetters(99);
     Run([](OpenDialog& open) {
         EXPECT_EQ(open.SelectedItem(Control::kList), u"a");
         EXPECT_TRUE(open.disabled.contains(Control::kAdd));
         open.Press(Control::kDelete);
         EXPECT_FALSE(open.disabled.contains(Control::kAdd));
+        open.Press(Control::kDeleteAll);
+        EXPECT_TRUE(open.ended);
     });
+    EXPECT_EQ(Stored(), std::vector<std::string>{});
+    EXPECT_EQ(command.forgotten.size(), 99U);
 }
 
 // The host cannot show the dialog, or the user leaves it.
@@ -289,32 +268,6 @@ TEST_F(SavedSettingsTest, WithoutAnAnswerNothingIsStored) {
     EXPECT_EQ(Stored(), std::vector<std::string>{});
     EXPECT_STREQ(command.settings, "....");
     EXPECT_EQ(command.SavedSettingNumber(), 0);
-}
-
-TEST_F(SavedSettingsTest, TheQuestionAboutTheMenuIsAskedUntilYes) {
-    g_savedSettingsChanged = 0;
-    const auto answer = [&](u16 button) {
-        desk.Then([button](OpenDialog& alert) {
-            EXPECT_EQ(alert.number, 20001);
-            alert.Press(4);
-            alert.Press(button);
-        });
-    };
-    OpenDialog& open = Show(dialog);
-    desk.Then([&](OpenDialog& save) {
-        answer(2);
-        save.Press(Control::kOk);
-        EXPECT_FALSE(save.ended);
-        EXPECT_EQ(Stored(), std::vector<std::string>{});
-        EXPECT_EQ(ZKFX_GetSettings("CKAT", 20003, nullptr, 0, "Dont Show Again Alert"), 0U);
-        answer(1);
-        save.Press(Control::kOk);
-        EXPECT_TRUE(save.ended);
-    });
-    dialog.RunSaveSettingsDialog(&open.window);
-    EXPECT_EQ(Stored().size(), 1U);
-    EXPECT_EQ(g_savedSettingsChanged, 1);
-    EXPECT_EQ(desk.ScriptsLeft(), 0U);
 }
 
 TEST_F(SavedSettingsTest, AFailedWriteKeepsTheDialogOpen) {
