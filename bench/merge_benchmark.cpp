@@ -34,7 +34,7 @@ void Merge(benchmark::State& state) {
     bench::AddEighthNotes(document, measures);
     const EREGION whole = document.WholeRegion();
     document.selection = whole;
-    const standin::cli::StoredOptions options{{}};
+    const standin::cli::StoredOptions options{standin::MergeOptions{}};
     std::string problem;
     const auto plugin = standin::cli::Plugin::Start(problem);
     if (plugin == nullptr) {

@@ -67,16 +67,20 @@ void AddMerge(CLI::App& app, MergeCommand& merge, std::string& from, std::string
     command
         ->add_option_function<int>(
             "--to",
-            [&merge](int layer) { merge.options.destinationLayer = static_cast<u16>(layer - 1); },
+            [&merge](int layer) { merge.options.destination = static_cast<u16>(layer - 1); },
             "Destination layer")
         ->type_name("1..4")
         ->check(CLI::Range(1, 4));
-    command->add_flag("--replace", merge.options.replace,
-                      "Clear the destination layer in the selection first");
-    command->add_flag("--hide-rests", merge.options.hideRests,
-                      "Hide the rests left behind in a source layer");
-    command->add_flag_callback(
-        "--no-rebeam", [&merge] { merge.options.rebeam = false; }, "Leave the beams as they are");
+    const auto addOptionFlag = [command](const char* name, u16& option, u16 value,
+                                         const char* help) {
+        command->add_flag_callback(
+            name, [&option, value] { option = value; }, help);
+    };
+    addOptionFlag("--replace", merge.options.mode, 1,
+                  "Clear the destination layer in the selection first");
+    addOptionFlag("--hide-rests", merge.options.hideRests, 1,
+                  "Hide the rests left behind in a source layer");
+    addOptionFlag("--no-rebeam", merge.options.rebeam, 0, "Leave the beams as they are");
     command->add_option("--measures", measures, "Measures, counted from the first one")
         ->check(RangeCheck());
     command
@@ -98,7 +102,7 @@ void AddMerge(CLI::App& app, MergeCommand& merge, std::string& from, std::string
 void Fill(MergeCommand& merge, const std::string& from, const std::string& measures,
           const std::string& staves) {
     if (from != "all") {
-        merge.options.sourceLayer = static_cast<u16>(from[0] - '1');
+        merge.options.source = static_cast<u16>(from[0] - '1');
     }
     const Range measureRange = ParseRange(measures).value_or(Range{});
     merge.selection.firstMeasure = measureRange.first;

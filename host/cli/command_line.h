@@ -23,7 +23,7 @@ struct SelectionOptions {
 struct MergeCommand {
     std::string input;
     std::string output;
-    CommandOptions options;
+    MergeOptions options;
     SelectionOptions selection;
     bool verify = false;
     bool json = false;

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <iostream>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "host/musicxml/archive.h"
 #include "host/musicxml/compare.h"
 #include "host/musicxml/write_score.h"
+#include "host/verify/merge_faults.h"
 
 namespace standin::cli {
 
@@ -41,20 +43,40 @@ std::string BytesFor(const std::string& output, ImportedScore& score) {
     return zipped ? MakeArchive("score.musicxml", text) : text;
 }
 
-// What the output lacks that the input had; empty when no music was lost.
-std::vector<std::string> Losses(const Music& before, const std::string& bytes,
-                                const MergeCommand& command, const EREGION& selection) {
-    const ReadResult after = ReadScore(bytes);
-    if (!after) {
-        return {"the result cannot be read: " + after.message};
+// The score before the merge, to be held against what comes of it.
+class Original {
+public:
+    Original(const OpenScore& open, const EREGION& selection, const MergeOptions& options)
+        : m_document{open.GetDocument()}, m_options{options}, m_music{MusicOf(open.Score())} {
+        m_document.selection = selection;
+        m_start = StartOfMerge(m_document, options);
     }
-    CompareOptions options;
-    options.merged = true;
-    if (command.options.replace) {
-        options.replaced = ClearedMusic{selection, command.options.destinationLayer};
+
+    // What the document or the output lacks; empty when no music was lost.
+    std::vector<std::string> Losses(const std::string& bytes) const {
+        std::vector<std::string> losses =
+            FaultsOfMerge(m_document, m_start, m_document.Content(), m_options);
+        const ReadResult after = ReadScore(bytes);
+        if (!after) {
+            return {"the result cannot be read: " + after.message};
+        }
+        CompareOptions options;
+        options.merged = true;
+        if (m_options.mode != 0) {
+            options.replaced = ClearedMusic{*m_document.selection, m_options.destination};
+        }
+        for (std::string& loss : Compare(m_music, MusicOf(*after.score), options)) {
+            losses.push_back(std::move(loss));
+        }
+        return losses;
     }
-    return Compare(before, MusicOf(*after.score), options);
-}
+
+private:
+    Document& m_document;
+    MergeOptions m_options;
+    Music m_music;
+    DocumentContent m_start;
+};
 
 }  // namespace
 
@@ -68,8 +90,10 @@ ExitCode Merge(const MergeCommand& command) {
         return Fail(kUsage, *problem);
     }
     const auto& selection = std::get<EREGION>(found);
-    const Music before = command.verify ? MusicOf(open.Score()) : Music{};
-
+    std::optional<Original> original;
+    if (command.verify) {
+        original.emplace(open, selection, command.options);
+    }
     const MergeRun run = RunMerge(open.GetDocument(), selection, command.options);
     if (!run.problem.empty()) {
         return Fail(kFailed, run.problem);
@@ -78,8 +102,8 @@ ExitCode Merge(const MergeCommand& command) {
     if (bytes.empty()) {
         return Fail(kFailed, command.output + ": cannot be put together");
     }
-    if (command.verify) {
-        const std::vector<std::string> losses = Losses(before, bytes, command, selection);
+    if (original) {
+        const std::vector<std::string> losses = original->Losses(bytes);
         for (const std::string& loss : losses) {
             std::cerr << loss << '\n';
         }

@@ -18,7 +18,7 @@ std::string TextOf(const Alert& alert) {
 
 }  // namespace
 
-MergeRun RunMerge(Document& document, const EREGION& selection, const CommandOptions& options) {
+MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptions& options) {
     const StoredOptions stored{options};
     if (!stored) {
         return {false, "the options cannot be stored"};

@@ -15,6 +15,6 @@ struct MergeRun {
 
 // Starts the plug-in, runs its command with these options on the current document's selection,
 // and ends it. A run that failed or was stopped leaves the document as it was.
-MergeRun RunMerge(Document& document, const EREGION& selection, const CommandOptions& options);
+MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptions& options);
 
 }  // namespace standin::cli

@@ -37,12 +37,12 @@ const char* NameOf(Stay reason) {
 }  // namespace
 
 MergeReport ReportRun(const ImportedScore& score, const EREGION& selection,
-                      const CommandOptions& options) {
-    MergeReport report = ReportMerge(score, options.destinationLayer, selection);
-    if (options.sourceLayer != CommandOptions::kAllLayers) {
+                      const MergeOptions& options) {
+    MergeReport report = ReportMerge(score, options.destination, selection);
+    if (options.source != kAllLayers) {
         for (MergedMeasure& measure : report.measures) {
             std::erase_if(measure.stayed, [&options](const StayedEntry& entry) {
-                return entry.layer != options.sourceLayer;
+                return entry.layer != options.source;
             });
         }
     }

@@ -11,7 +11,7 @@ namespace standin::cli {
 // Compares the score with its state at the import. Music of layers that were no source does
 // not count as left behind.
 MergeReport ReportRun(const ImportedScore& score, const EREGION& selection,
-                      const CommandOptions& options);
+                      const MergeOptions& options);
 
 // Both end with a line break. Verified: the result was compared and nothing was lost.
 std::string ReportAsText(const MergeReport& report, bool verified);

@@ -30,22 +30,7 @@ std::optional<std::vector<u8>> ReadValue(const platform::RegistryKey& key) {
 
 }  // namespace
 
-std::array<u8, 12> CommandOptions::Record() const {
-    const std::array<u16, 6> words{12,
-                                   sourceLayer,
-                                   destinationLayer,
-                                   static_cast<u16>(replace ? 1 : 0),
-                                   static_cast<u16>(rebeam ? 1 : 0),
-                                   static_cast<u16>(hideRests ? 1 : 0)};
-    std::array<u8, 12> bytes{};
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        bytes[2 * i] = static_cast<u8>(words[i] & 0xFFU);
-        bytes[2 * i + 1] = static_cast<u8>(words[i] >> 8U);
-    }
-    return bytes;
-}
-
-StoredOptions::StoredOptions(const CommandOptions& options) {
+StoredOptions::StoredOptions(const MergeOptions& options) {
     using platform::KeyAccess;
     using platform::RegistryKey;
     if (const RegistryKey key = RegistryKey::Open(CommandKey(), KeyAccess::kRead)) {
@@ -53,9 +38,8 @@ StoredOptions::StoredOptions(const CommandOptions& options) {
         m_before = ReadValue(key);
     }
     RegistryKey key = RegistryKey::Create(CommandKey());
-    const auto record = options.Record();
-    m_written = key.SetBinaryValue(kValue, record.data(), static_cast<u32>(record.size())) ==
-                platform::RegistryResult::kSuccess;
+    m_written =
+        key.SetBinaryValue(kValue, &options, sizeof(options)) == platform::RegistryResult::kSuccess;
 }
 
 StoredOptions::~StoredOptions() {

@@ -63,6 +63,11 @@ constexpr DetailKind kKinds[] = {
     {HostTag("edub"), DetailFlag::kStemOrBeamMods},
 };
 
+constexpr u32 kOfNotes[] = {
+    HostTag("E\002Ah"), HostTag("E\002cn"), HostTag("E\003Te"), HostTag("E\003Ts"),
+    HostTag("edCD"),    HostTag("eddo"),    HostTag("ednC"),
+};
+
 constexpr bool IsBefore(const DetailKind& a, const DetailKind& b) noexcept {
     return a.tag < b.tag;
 }
@@ -74,6 +79,10 @@ u32 DetailFlagOf(u32 tag) noexcept {
     const auto* found =
         std::lower_bound(std::begin(kKinds), std::end(kKinds), DetailKind{tag, 0}, IsBefore);
     return found != std::end(kKinds) && found->tag == tag ? found->flag : 0;
+}
+
+bool IsOfNote(u32 tag) noexcept {
+    return std::find(std::begin(kOfNotes), std::end(kOfNotes), tag) != std::end(kOfNotes);
 }
 
 u32 StoredDetailFlags() noexcept {

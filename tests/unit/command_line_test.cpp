@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 #include <gtest/gtest.h>
 
@@ -22,7 +23,7 @@ MergeCommand ParseMerge(std::vector<std::string> arguments) {
 TEST(CommandLine, DefaultsAreThePluginsOwn) {
     const MergeCommand merge = ParseMerge({});
     const std::array<u8, 12> expected{12, 0, 0xFF, 0xFF, 0, 0, 0, 0, 1, 0, 0, 0};
-    EXPECT_EQ(merge.options.Record(), expected);
+    EXPECT_EQ((std::bit_cast<std::array<u8, 12>>(merge.options)), expected);
     EXPECT_FALSE(merge.selection.lastMeasure);
     EXPECT_FALSE(merge.selection.lastBeat);
 }
@@ -31,7 +32,7 @@ TEST(CommandLine, EveryOptionReachesTheRecord) {
     const MergeCommand merge = ParseMerge({"--from", "3", "--to", "4", "--replace", "--hide-rests",
                                            "--no-rebeam", "--verify", "--json"});
     const std::array<u8, 12> expected{12, 0, 2, 0, 3, 0, 1, 0, 0, 0, 1, 0};
-    EXPECT_EQ(merge.options.Record(), expected);
+    EXPECT_EQ((std::bit_cast<std::array<u8, 12>>(merge.options)), expected);
     EXPECT_TRUE(merge.verify);
     EXPECT_TRUE(merge.json);
 }

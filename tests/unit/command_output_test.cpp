@@ -83,7 +83,8 @@ std::string StoredBytes() {
 TEST(StoredOptions, StandWhereThePluginReadsThemAndGoAgain) {
     platform::headless::Reset();
     {
-        const StoredOptions stored{{.sourceLayer = 1, .destinationLayer = 2, .hideRests = true}};
+        const StoredOptions stored{
+            standin::MergeOptions{.source = 1, .destination = 2, .hideRests = 1}};
         EXPECT_TRUE(stored);
         EXPECT_EQ(StoredBytes(), (std::string{"\x0c\0\1\0\2\0\0\0\1\0\1\0", 12}));
     }

@@ -5,20 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "host/verify/merge_options.h"
 #include "shell/host/host_functions.h"
 #include "tests/unit/support/stand_in.h"
 
 namespace standin {
-
-// The options as the plug-in stores them.
-struct MergeOptions {
-    u16 size = 12;
-    u16 source = 65535;  // all layers
-    u16 destination = 0;
-    u16 mode = 0;  // 1: replace in target
-    u16 rebeam = 1;
-    u16 hideRests = 0;
-};
 
 class Plugin {
 public:

@@ -3,8 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "host/score/tags.h"
+#include "host/verify/merge_faults.h"
 #include "shell/host/detail_flags.h"
-#include "tests/unit/support/invariant.h"
+#include "tests/unit/plugin_driver.h"
 
 namespace standin {
 namespace {

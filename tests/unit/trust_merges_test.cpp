@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "tests/unit/support/invariant.h"
+#include "host/verify/merge_faults.h"
 #include "tests/unit/support/merge_count.h"
 #include "tests/unit/support/score_generator.h"
 

@@ -2,9 +2,9 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "tests/unit/support/invariant.h"
+#include "host/verify/merge_faults.h"
+#include "host/verify/score_facts.h"
 #include "tests/unit/support/merge_count.h"
-#include "tests/unit/support/score_facts.h"
 #include "tests/unit/support/score_generator.h"
 
 namespace standin {

@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "host/score/tags.h"
+#include "host/verify/note_name.h"
 
 namespace standin {
 namespace {
@@ -205,19 +206,9 @@ public:
             return text + (isHidden ? 'x' : 'r');
         }
         for (i16 i = 0; i < entry.noteCount; ++i) {
-            text += (i > 0 ? "," : "") + Written(entry.notes[i]);
+            text += (i > 0 ? "," : "") + NameOfNote(entry.notes[i]);
         }
         return isHidden ? text + '!' : text;
-    }
-
-    static std::string Written(const EXNOTE& note) {
-        const int steps = static_cast<i16>(note.pitch) >> 4;
-        const int octave = 4 + (steps >= 0 ? steps / 7 : (steps - 6) / 7);
-        std::string text = (note.flags & NoteFlag::kTieEnd) != 0 ? "~" : "";
-        text += kSteps[static_cast<std::size_t>(steps - (octave - 4) * 7)];
-        text.append(note.pitch & 7U, (note.pitch & 8U) != 0 ? 'b' : '#');
-        text += std::to_string(octave);
-        return (note.flags & NoteFlag::kTieStart) != 0 ? text + '~' : text;
     }
 
     std::string Run(const std::vector<EXENTRY>& entries) {
@@ -298,14 +289,6 @@ private:
 
 WrittenLayer ParseLayer(std::string_view notation) {
     return Parser{notation}.Run();
-}
-
-std::string PrintEntry(const EXENTRY& entry) {
-    return Printer::Written(entry);
-}
-
-std::string PrintNote(const EXNOTE& note) {
-    return Printer::Written(note);
 }
 
 std::string PrintLayer(const Document& document, FrameKey key) {

@@ -22,8 +22,5 @@ struct WrittenLayer {
 
 WrittenLayer ParseLayer(std::string_view notation);
 std::string PrintLayer(const Document& document, FrameKey key);
-// One entry or note by itself, such as "q:c4,e4" and "c4~".
-std::string PrintEntry(const EXENTRY& entry);
-std::string PrintNote(const EXNOTE& note);
 
 }  // namespace standin

@@ -2,7 +2,7 @@
 add_library(test_support STATIC
   "${CMAKE_CURRENT_LIST_DIR}/notation.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/stand_in.cpp")
-target_link_libraries(test_support PUBLIC standin_score GTest::gtest)
+target_link_libraries(test_support PUBLIC standin_verify standin_score GTest::gtest)
 
 # A test program that is its own host: it exports the callbacks, so that a plug-in in the same
 # process finds them.

@@ -4,9 +4,9 @@
 #include <cstring>
 #include <gtest/gtest.h>
 
+#include "host/verify/merge_faults.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/dialog_desk.h"
-#include "tests/unit/support/invariant.h"
 #include "tests/unit/support/notation.h"
 
 namespace standin {

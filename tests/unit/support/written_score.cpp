@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/score/detail_kinds.h"
 #include "host/score/smart_shape.h"
 #include "tests/unit/support/notation.h"
 
@@ -216,10 +217,6 @@ void WithSimplerEntries(const WrittenScore& score, std::vector<WrittenScore>& sm
 }
 
 }  // namespace
-
-bool IsOfNote(u32 tag) {
-    return FindNoteTag(tag) != nullptr;
-}
 
 bool IsEntry(const std::string& word) {
     return word.front() != '(' && word.find(':') != std::string::npos;

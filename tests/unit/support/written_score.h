@@ -52,9 +52,6 @@ struct WrittenScore {
     MergeOptions options;
 };
 
-// A detail that says which note of the entry it belongs to.
-bool IsOfNote(u32 tag);
-
 bool IsEntry(const std::string& word);
 int EntryCount(const std::vector<std::string>& words);
 

@@ -1,4 +1,4 @@
-#include "tests/unit/support/invariant.h"
+#include "host/verify/merge_faults.h"
 
 #include <algorithm>
 #include <map>
@@ -7,16 +7,14 @@
 
 #include "host/score/application.h"
 #include "host/score/tags.h"
-#include "tests/unit/support/frame_faults.h"
-#include "tests/unit/support/score_facts.h"
+#include "host/verify/frame_faults.h"
+#include "host/verify/score_facts.h"
 
 namespace standin {
 namespace {
 
 // Of an expression's record; the others are filled after each load.
 constexpr std::size_t kHostsBytes = offsetof(MyExpressionAssign, hasPosition);
-
-constexpr u16 kAllLayers = 65535;
 
 using Facts = std::vector<EntryFacts>;
 using Lines = std::vector<std::string>;

@@ -1,4 +1,4 @@
-#include "tests/unit/support/frame_faults.h"
+#include "host/verify/frame_faults.h"
 
 #include <algorithm>
 #include <map>
@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "host/score/detail_kinds.h"
-#include "tests/unit/support/score_facts.h"
+#include "host/verify/score_facts.h"
 
 namespace standin {
 namespace {

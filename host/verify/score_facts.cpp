@@ -1,12 +1,11 @@
-#include "tests/unit/support/score_facts.h"
+#include "host/verify/score_facts.h"
 
 #include <algorithm>
 
 #include "host/score/detail_kinds.h"
 #include "host/score/tags.h"
+#include "host/verify/note_name.h"
 #include "shell/host/detail_flags.h"
-#include "tests/unit/support/notation.h"
-#include "tests/unit/support/written_score.h"
 
 namespace standin {
 namespace {
@@ -53,7 +52,7 @@ std::string Describe(u32 tag, const Bytes& bytes, const EXENTRY& entry) {
     for (const EXNOTE& note : entry.notes) {
         if (noteID != 0 && note.noteID == noteID) {
             return NameOf(tag) + ' ' + ReadableContent(std::string_view{bytes}.substr(2)) + " of " +
-                   PrintNote(note);
+                   NameOfNote(note);
         }
     }
     return NameOf(tag) + " of no note";
@@ -140,7 +139,7 @@ std::vector<EntryFacts> FactsOf(const DocumentContent& content) {
         for (const EXENTRY& entry : frame.entries) {
             EntryFacts& fact = facts.emplace_back(EntryFacts{&entry, key, TimeOf(entry), {}, {}});
             for (i16 i = 0; i < entry.noteCount; ++i) {
-                fact.notes.push_back(PrintNote(entry.notes[i]));
+                fact.notes.push_back(NameOfNote(entry.notes[i]));
             }
             if (const auto found = attachments.find(u32{entry.entryNumber});
                 found != attachments.end()) {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "host/score/document.h"
-#include "tests/unit/plugin_driver.h"
+#include "host/verify/merge_options.h"
 
 namespace standin {
 

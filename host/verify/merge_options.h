@@ -1,0 +1,21 @@
+// What a merge is asked for, in the form in which the plug-in stores it.
+#pragma once
+
+#include "shell/host/host_types.h"
+
+namespace standin {
+
+inline constexpr u16 kAllLayers = 0xFFFF;
+
+struct MergeOptions {
+    u16 size = 12;  // bytes of this record
+    u16 source = kAllLayers;
+    u16 destination = 0;  // layers count from 0
+    u16 mode = 0;         // 1: replace in target
+    u16 rebeam = 1;
+    u16 hideRests = 0;
+};
+
+static_assert(sizeof(MergeOptions) == 12);
+
+}  // namespace standin
