@@ -51,7 +51,7 @@ void NormalizeEntry(EXENTRY& entry) {
 }  // namespace
 
 void NormalizeFrame(EXFRAME& frame) {
-    if (frame.entries == nullptr) {
+    if (frame.entries == nullptr || frame.count < 0) {
         return;
     }
     for (EXENTRY& entry : std::span{frame.entries, static_cast<std::size_t>(frame.count)}) {
