@@ -39,6 +39,7 @@ protected:
     void SetUp() override {
         ClearSettings();
         standin::App().Reset();
+        standin::App().faults.guardFrames = true;
         m_document = &standin::App().OpenDocument(u"two voices");
         m_score = standin::ReadScore(std::string{kTwoVoices}, m_document);
         ASSERT_TRUE(m_score) << m_score.message;
