@@ -13,7 +13,6 @@ namespace {
 
 using platform::headless::Language;
 using standin::App;
-using standin::HostCall;
 
 class Errors : public testing::Test {
 protected:

@@ -9,7 +9,6 @@
 
 namespace {
 
-using standin::App;
 
 class Walks : public testing::Test {
 protected:
