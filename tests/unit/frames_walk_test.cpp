@@ -9,7 +9,6 @@
 
 namespace {
 
-
 class Walks : public testing::Test {
 protected:
     Walks() {
