@@ -118,10 +118,14 @@ std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCou
 }
 
 // The user closes the dialogs that are left.
+// Asks first. A dialog that cannot end itself goes with its window, as when the host ends.
 void CloseDialogs(DialogDesk& desk) {
     constexpr int kMostTries = 4;
     for (int i = 0; i < kMostTries && desk.Newest() != nullptr; ++i) {
         desk.Newest()->Send(kCloseMessage);
+    }
+    for (int i = 0; i < kMostTries && desk.Newest() != nullptr; ++i) {
+        desk.EndDialog(&desk.Newest()->window);
     }
 }
 
