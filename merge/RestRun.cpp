@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/ScaledTime.h"
 #include "merge/FramePair.h"
 #include "merge/Plyweld.h"
 
@@ -26,10 +27,11 @@ i32 FillLimit(const FramePair& frames) {
     return std::min(frames.region.endPosition + 1, sourceEnd);
 }
 
-// Whether time missing from here on lies within the selection.
+// Whether time missing from here on, as the staff counts, lies within the selection.
 bool IsAfterSelectionStart(const FramePair& frames, i32 time) {
     return frames.destination.Measure() != frames.region.startMeasure ||
-           time >= frames.region.startPosition;
+           ScaleToNominal(time, frames.destination.NominalMeasureDuration(),
+                          frames.destination.StaffMeasureDuration()) >= frames.region.startPosition;
 }
 
 }  // namespace

@@ -3,17 +3,10 @@
 #include <algorithm>
 #include <utility>
 
+#include "Class Files/score/ScaledTime.h"
 #include "shell/host/callbacks.h"
 
 namespace {
-
-// time in the staff's duration, told in the measure's nominal duration and rounded.
-i32 ScaleToNominal(i32 time, i32 nominalDuration, i32 staffDuration) {
-    if (staffDuration == 0) {
-        return time;
-    }
-    return static_cast<i32>((i64{nominalDuration} * time + staffDuration / 2) / staffDuration);
-}
 
 bool HasVoice2Flag(const EXENTRY& entry) {
     return (entry.flags & EntryFlag::kVoice2) != 0;
