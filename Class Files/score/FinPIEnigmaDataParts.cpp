@@ -1,4 +1,5 @@
 // Commits and deletes of data that the score and its linked parts keep separately.
+#include <set>
 #include <vector>
 
 #include "Class Files/foundation/PartScope.h"
@@ -21,7 +22,9 @@ i16 FinPIEnigmaData::CommitInScoreAndParts() {
         return 0;
     }
     if (Host::GetCurrentPartID() == PartScope::kScore) {
-        for (i16 part = Host::GetNextPartID(PartScope::kScore); part > PartScope::kScore;
+        std::set<i16> committed;  // a host that comes back to a part would never end
+        for (i16 part = Host::GetNextPartID(PartScope::kScore);
+             part > PartScope::kScore && committed.insert(part).second;
              part = Host::GetNextPartID(part)) {
             const PartScope scope(part);
             if (Commit() == 0) {

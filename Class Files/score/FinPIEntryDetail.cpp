@@ -124,9 +124,17 @@ bool FinPIEntryDetail::CheckSameKind(const FinPIEntryDetail& other, const char* 
     return true;
 }
 
+bool FinPIEntryDetail::IsPlausible(u16 deleted, const char* operation) const {
+    if (deleted < kMostRecords) {
+        return true;
+    }
+    PostRecordError<FinPIDeleteEDataFailed>(operation, Tag());
+    return false;
+}
+
 bool FinPIEntryDetail::LoadRecord(u16 recordNumber) {
     SelectRecord(recordNumber);
-    return Load() != 0;
+    return recordNumber < kMostRecords && Load() != 0;
 }
 
 i16 FinPIEntryDetail::StemDirection() const {
@@ -254,15 +262,16 @@ FinPIEntryDetail::Removal FinPIEntryDetail::DeleteAll() {
     }
     FollowStoredVariant();
     u16 number = 0;
-    while (LoadRecord(number)) {
+    for (u16 deleted = 0; LoadRecord(number);) {
         if (IsSkipped() != 0) {
             ++number;
-        } else if (Delete() == 0) {
+            continue;
+        }
+        if (Delete() == 0 || !IsPlausible(++deleted, "FinPIEntryDetail::DeleteAll")) {
             removal.succeeded = false;
             return removal;
-        } else {
-            removal.anyDeleted = true;
         }
+        removal.anyDeleted = true;
     }
     removal.succeeded = CheckEndsBefore(number);
     removal.leftNone = removal.succeeded && number == 0 && m_secondTag == 0;

@@ -14,6 +14,9 @@ class FinPIEntryDetail {
 public:
     // Selected to create a record behind the others.
     static constexpr u16 kNewRecord = 0xFFFF;
+    // Records of one kind at one entry. No music has as many, but a host that always has one
+    // more would keep a walk over them going.
+    static constexpr u16 kMostRecords = 4096;
 
     FinPIEntryDetail(const FinPIEntryDetail&) = delete;
     FinPIEntryDetail& operator=(const FinPIEntryDetail&) = delete;
@@ -67,6 +70,9 @@ public:
     // host may have refused the load. Asks FX_PreviousEData, and posts a doubt, on which nothing
     // that is to be moved may be deleted.
     bool CheckEndsBefore(u16 recordNumber);
+    // Whether the entry can have had as many records to delete; posts when the host must have
+    // kept what it said it deleted.
+    bool IsPlausible(u16 deleted, const char* operation) const;
 
     const FinPIEntryPtr& Entry() const noexcept { return m_entry; }
 
@@ -78,7 +84,7 @@ protected:
 
     // Posts when the other is of another kind.
     bool CheckSameKind(const FinPIEntryDetail& other, const char* operation) const;
-    bool LoadRecord(u16 recordNumber);
+    bool LoadRecord(u16 recordNumber);  // false also from kMostRecords on
     i16 StemDirection() const;
     u32 Tag() const;
     void* MutableData() { return const_cast<void*>(GetData()); }

@@ -39,10 +39,10 @@ i16 FinPIEntryPtr::MoveSmartShapeAssigns(const FinPIEntryPtr& source, u32 tag) c
     }
     FinPISmartShapeMark from{source, tag};
     FinPISmartShapeMark to{*this, tag};
-    for (; from.Load() != 0; from.SelectRecord(0)) {
+    for (u16 moved = 0; from.Load() != 0; from.SelectRecord(0)) {
         to.SelectRecord(FinPIEntryDetail::kNewRecord);
         if (to.CopyAttributes(from) == 0 || !MoveShapeEnds(from.ShapeNumber(), source, *this) ||
-            to.Create() == 0 || from.Delete() == 0) {
+            to.Create() == 0 || from.Delete() == 0 || !from.IsPlausible(++moved, kOperation)) {
             return 0;
         }
     }

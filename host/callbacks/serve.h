@@ -2,6 +2,8 @@
 // says so, and let no exception out.
 #pragma once
 
+#include <type_traits>
+
 #include "host/score/application.h"
 #include "shell/host/host_types.h"
 
@@ -16,6 +18,11 @@ Result Serve(HostCall call, u32 version, Result refused, Body body,
              bool anyVersion = false) noexcept {
     if (!Admit(call, version, anyVersion)) {
         return refused;
+    }
+    if constexpr (std::is_same_v<Result, i16> || std::is_same_v<Result, i32>) {
+        if (App().faults.pretendKind == call) {
+            return Result{1};
+        }
     }
     try {
         return body(App());

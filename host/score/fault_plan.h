@@ -20,6 +20,8 @@ struct FaultPlan {
         u64 last = 1;   // ... to this one
     };
     std::optional<OfKind> refuseKind{};
+    // Calls of this kind do nothing and say that they did.
+    std::optional<HostCall> pretendKind{};
 
     struct Switch {
         u64 beforeCall;  // before this call of any kind ...
