@@ -24,11 +24,12 @@ ensure_desktop_prefix() {
 }
 
 # play LOCALE SCRIPT PICTURES: a line for each step on standard output, and the program's exit
-# code. Needs a display and a prefix; ends after two minutes whatever happens.
+# code. Needs a display and a prefix; ends after play_limit seconds whatever happens.
+play_limit=120
 play() {
     local status=0
     mkdir -p "$3"
-    LOCPATH="$build/locale" LC_ALL=$1 timeout 120 wine "$build/windows/FINALE.EXE" script \
+    LOCPATH="$build/locale" LC_ALL=$1 timeout "$play_limit" wine "$build/windows/FINALE.EXE" script \
         --pictures "$3" "$2" </dev/null >"$3/.played" 2>/dev/null || status=$?
     tr -d '\r' <"$3/.played"
     rm -f "$3/.played"

@@ -5,7 +5,6 @@
 #include <span>
 
 #include "host/desktop/commands.h"
-#include "host/desktop/object_counts.h"
 #include "host/desktop/screenshot.h"
 #include "host/desktop/script_input.h"
 #include "host/desktop/script_screen.h"
@@ -142,6 +141,20 @@ std::string Click(ScriptScene& scene, Words words) {
     return {};
 }
 
+// As a click does it, but at once and without a hand on the mouse.
+std::string Press(ScriptScene& scene, Words words) {
+    HWND control = scene.Control(words[0]);
+    if (control != nullptr) {
+        SendMessageW(control, BM_CLICK, 0, 0);
+    }
+    return Done(control != nullptr, "there is no such control");
+}
+
+std::string Undo(ScriptScene& scene, Words) {
+    SendMessageW(scene.window.Window(), WM_COMMAND, Command::kUndo, 0);
+    return {};
+}
+
 std::string Choose(ScriptScene& scene, Words words) {
     if (std::string problem = Click(scene, words); !problem.empty()) {
         return problem;
@@ -255,8 +268,8 @@ std::string Screenshot(ScriptScene& scene, Words words) {
                 "the picture was not saved");
 }
 
-std::string CountObjects(ScriptScene& scene, Words) {
-    scene.objects = ObjectCounts(scene.window.Window());
+std::string RememberCounts(ScriptScene& scene, Words) {
+    scene.objects = CountObjects(scene.window.Window());
     return {};
 }
 
@@ -274,6 +287,8 @@ constexpr Step kSteps[] = {
     {"close-menus", 0, CloseMenus},
     {"in", 1, In},
     {"click", 1, Click},
+    {"press", 1, Press},
+    {"undo", 0, Undo},
     {"choose", 2, Choose},
     {"type", 1, Type},
     {"key", 1, Key},
@@ -287,7 +302,7 @@ constexpr Step kSteps[] = {
     {"protect", 1, Protect},
     {"unprotect", 1, Unprotect},
     {"screenshot", 1, Screenshot},
-    {"count-objects", 0, CountObjects},
+    {"count-objects", 0, RememberCounts},
 };
 
 }  // namespace

@@ -5,7 +5,6 @@
 
 #include "host/desktop/byte_pattern.h"
 #include "host/desktop/layer_strip.h"
-#include "host/desktop/object_counts.h"
 #include "host/desktop/script_screen.h"
 #include "host/desktop/script_settings.h"
 #include "host/desktop/selection_text.h"
@@ -225,11 +224,9 @@ std::string Setting(ScriptScene&, Words words) {
                       : "found " + (bytes ? DigitsOf(*bytes) : std::string{"no such value"});
 }
 
-// As many of the system's objects as when they were counted.
+// No more of the system's objects than when they were counted.
 std::string Objects(ScriptScene& scene, Words) {
-    const std::string counts = ObjectCounts(scene.window.Window());
-    return counts == scene.objects ? std::string{}
-                                   : "found " + counts + " instead of " + scene.objects;
+    return Growth(scene.objects, CountObjects(scene.window.Window()));
 }
 
 struct Expectation {

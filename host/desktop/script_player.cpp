@@ -1,6 +1,8 @@
 #include "host/desktop/script_player.h"
 
+#include <algorithm>
 #include <cstdio>
+#include <span>
 
 #include "host/desktop/script_actions.h"
 #include "host/desktop/script_expectations.h"
@@ -50,22 +52,59 @@ std::string LeftOver(const ScriptScene& scene) {
     return problem;
 }
 
+using Lines = std::span<const ScriptLine>;
+
+// Returns whether the script can go on; each line is reported, in a repetition only when it fails.
+bool PlayLine(ScriptScene& scene, const ScriptLine& line, bool repeated, int* failures) {
+    const bool expects = line.words[0] == "expect";
+    const std::string problem = expects ? Expect(scene, line.words) : TakeStep(scene, line.words);
+    if (!repeated || !problem.empty()) {
+        Report(line, problem);
+    }
+    *failures += problem.empty() ? 0 : 1;
+    return problem.empty() || (expects && !repeated);
+}
+
+// The lines between "repeat COUNT" and "again".
+bool PlayRepeatedly(ScriptScene& scene, const ScriptLine& start, Lines lines, int* failures) {
+    const auto times = ReadRange(start.words.size() > 1 ? start.words[1] : "");
+    for (int round = 0; times && round < times->first; ++round) {
+        for (const ScriptLine& line : lines) {
+            if (!PlayLine(scene, line, true, failures)) {
+                Report(start, "round " + std::to_string(round + 1));
+                return false;
+            }
+        }
+    }
+    const std::string problem = times ? "" : "it is not said how often";
+    Report(start, problem);
+    *failures += problem.empty() ? 0 : 1;
+    return problem.empty();
+}
+
+void PlayLines(ScriptScene& scene, Lines lines, int* failures) {
+    bool goOn = true;
+    while (goOn && !lines.empty()) {
+        const ScriptLine& line = lines.front();
+        lines = lines.subspan(1);
+        if (line.words[0] != "repeat") {
+            goOn = PlayLine(scene, line, false, failures);
+            continue;
+        }
+        const auto end = std::find_if(lines.begin(), lines.end(), [](const ScriptLine& later) {
+            return later.words[0] == "again";
+        });
+        const auto count = static_cast<std::size_t>(end - lines.begin());
+        goOn = PlayRepeatedly(scene, line, lines.first(count), failures);
+        lines = lines.subspan(std::min(count + 1, lines.size()));
+    }
+}
+
 }  // namespace
 
 int PlayScript(ScriptScene scene, const std::vector<ScriptLine>& lines) {
     int failures = 0;
-    for (const ScriptLine& line : lines) {
-        const bool expects = line.words[0] == "expect";
-        const std::string problem =
-            expects ? Expect(scene, line.words) : TakeStep(scene, line.words);
-        Report(line, problem);
-        if (!problem.empty()) {
-            ++failures;
-            if (!expects) {
-                return failures;
-            }
-        }
-    }
+    PlayLines(scene, lines, &failures);
     const std::string leftOver = LeftOver(scene);
     Report({static_cast<int>(lines.size()), "what was lent and begun has come back", {}}, leftOver);
     return failures + (leftOver.empty() ? 0 : 1);

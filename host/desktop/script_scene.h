@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/desktop/main_window.h"
+#include "host/desktop/object_counts.h"
 #include "host/desktop/script_line.h"
 #include "host/desktop/windows_api.h"
 
@@ -18,7 +19,7 @@ struct ScriptScene {
     ScriptLanguage language = ScriptLanguage::kEnglish;
     // The title of the window the script works in; nothing = the front dialog.
     std::optional<std::wstring> title = {};
-    std::string objects = {};  // the system's objects when the script last counted them
+    ObjectCounts objects = {};  // as the script last counted them
 
     // The window the script works in; null when it is not there.
     HWND Target() const;

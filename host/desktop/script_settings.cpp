@@ -1,5 +1,6 @@
 #include "host/desktop/script_settings.h"
 
+#include <array>
 #include <cstdint>
 #include <vector>
 
@@ -31,6 +32,43 @@ bool WriteSetting(const std::string& key, const std::string& value, const std::s
 bool DeleteSetting(const std::string& key, const std::string& value) {
     auto opened = platform::RegistryKey::Open(PathOf(key), platform::KeyAccess::kAll);
     return opened && opened.DeleteValue(value) == platform::RegistryResult::kSuccess;
+}
+
+std::vector<std::string> KeysBelow(const std::string& path) {
+    std::vector<std::string> names;
+    HKEY opened = nullptr;
+    if (RegOpenKeyExA(HKEY_CURRENT_USER, path.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
+        return names;
+    }
+    constexpr DWORD kLongestName = 256;
+    std::array<char, kLongestName> name{};
+    for (DWORD index = 0;; ++index) {
+        DWORD length = kLongestName;
+        if (RegEnumKeyExA(opened, index, name.data(), &length, nullptr, nullptr, nullptr,
+                          nullptr) != ERROR_SUCCESS) {
+            break;
+        }
+        names.emplace_back(name.data(), length);
+    }
+    RegCloseKey(opened);
+    return names;
+}
+
+std::size_t StoredBytesBelow(const std::string& path) {
+    auto key = platform::RegistryKey::Open(path, platform::KeyAccess::kRead);
+    std::size_t total = 0;
+    std::string name;
+    for (std::uint32_t index = 0;
+         key.EnumValueName(index, &name) == platform::RegistryResult::kSuccess; ++index) {
+        platform::ValueType type{};
+        std::uint32_t size = 0;
+        key.QueryValue(name, &type, nullptr, &size);
+        total += size;
+    }
+    for (const std::string& below : KeysBelow(path)) {
+        total += StoredBytesBelow(path + "\\" + below);
+    }
+    return total;
 }
 
 void DeleteAllSettings() {
@@ -83,6 +121,10 @@ bool ProtectSettings(const std::string& key, bool isProtected) {
     LocalFree(rights);
     RegCloseKey(opened);
     return set;
+}
+
+std::size_t StoredBytes() {
+    return StoredBytesBelow(kBaseKey);
 }
 
 }  // namespace standin::desktop

@@ -2,6 +2,7 @@
 // "Software\ZKW\Finale Plugin Prefs".
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,5 +17,7 @@ std::optional<std::vector<unsigned char>> ReadSetting(const std::string& key,
 bool PrepareSetting(const std::vector<std::string>& words);
 // Lets nobody write settings below the key, or everybody again. False: the system refused.
 bool ProtectSettings(const std::string& key, bool isProtected);
+// The bytes of all values, those of the keys below included.
+std::size_t StoredBytes();
 
 }  // namespace standin::desktop
