@@ -10,9 +10,6 @@
 
 namespace {
 
-// Asked before saved settings change, which the host's menu will not show yet.
-constexpr u16 kStaleMenuQuestion = 20003;
-
 // Copies a terminated text, cut to length - 1 units.
 void CopyText(char16* buffer, i32 length, std::u16string_view text) {
     if (length < 1) {
@@ -57,7 +54,7 @@ void FinPI::GetTitle(char16* buffer, i32 length, u16 stringID) const {
 }
 
 void FinPI::ResetAlerts() {
-    for (const u16 question : {kStaleMenuQuestion, GetWholeDocumentQuestion(),
+    for (const u16 question : {FinPIAlert::kStaleMenuQuestion, GetWholeDocumentQuestion(),
                                GetAllDocumentsQuestion(), GetOtherDocumentsQuestion()}) {
         if (question != 0) {
             ZKFX_DeleteSettings(FinPIAlert::kSettingName, static_cast<i16>(question),

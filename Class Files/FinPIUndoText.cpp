@@ -8,7 +8,7 @@
 namespace {
 
 // The measure number's text, its terminator included.
-constexpr u32 kNumberUnits = 25;
+constexpr u32 kMeasureNumberUnits = 25;
 // Below this there is no room for a separator and a digit.
 constexpr i32 kLeastRoom = 3;
 
@@ -17,8 +17,8 @@ i32 AppendMeasure(char16* buffer, i32 capacity, i32 length, char16 separator, i1
     if (capacity - length < kLeastRoom || MeasureRecord(static_cast<u16>(measure)).Load() == 0) {
         return length;
     }
-    char16 number[kNumberUnits];
-    FinPIMeas::MeasureNumberString(measure, number, kNumberUnits);
+    char16 number[kMeasureNumberUnits];
+    FinPIMeas::MeasureNumberString(measure, number, kMeasureNumberUnits);
     buffer[length++] = separator;
     const std::u16string_view digits{number};
     const auto room = static_cast<std::size_t>(capacity - length);

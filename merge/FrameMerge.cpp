@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr char kOperation[] = "Plyweld::MergeFrame";
+constexpr char kMergeOperation[] = "Plyweld::MergeFrame";
 
 // From the index of a source entry to that of the destination entry it joins.
 using PairMap = std::map<i16, i16>;
@@ -127,7 +127,7 @@ i16 Plyweld::MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destination
     frames.destination = frame(destinationLayer);
     const u16 slot = frames.region.SlotOfStaff(staff);
     if (slot == 0 || !IsMeasured(frames.source) || !IsMeasured(frames.destination)) {
-        PostError(FinPIAppError{kOperation, "Unable to find the staff in the selection."});
+        PostError(FinPIAppError{kMergeOperation, "Unable to find the staff in the selection."});
         return 0;
     }
     frames.staffSelected = frames.region.ContainsSlot(slot);

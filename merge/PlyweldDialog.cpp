@@ -11,7 +11,7 @@ namespace Control = PlyweldControl;
 
 namespace {
 
-constexpr u32 kNoSelectionText = 22004;
+constexpr u32 kNoSelectionLabel = 22004;
 
 // Nothing when nothing is selected.
 bool ReadSelection(EREGION& selection) {
@@ -28,7 +28,7 @@ std::u16string SelectionText() {
         return region.Description();
     }
     // As the system's code page can show it.
-    const auto text = platform::Utf16ToMultiByte(platform::ResourceString(kNoSelectionText),
+    const auto text = platform::Utf16ToMultiByte(platform::ResourceString(kNoSelectionLabel),
                                                  platform::CodePage::kAnsi);
     return platform::MultiByteToUtf16(text.value_or(""), platform::CodePage::kAnsi).value_or(u"");
 }

@@ -16,7 +16,7 @@ constexpr u32 kTiedToTheRest = DetailFlag::kArticulation | DetailFlag::kLyric;
 // A host rounds the times of tuplets; more than this is another time.
 constexpr i32 kTimeTolerance = 2;
 
-constexpr const char* kOperation = "Plyweld::FillRestRuns";
+constexpr const char* kFillOperation = "Plyweld::FillRestRuns";
 
 std::span<EXENTRY> Part(const FinPITGFPtr& frame, i16 first, i16 count) {
     const std::span<EXENTRY> entries = frame.Entries();
@@ -58,7 +58,7 @@ bool LeavesSecondVoicesApart(const FinPITGFPtr& destination, std::span<const EXE
 }
 
 Replacement Fail(const char* detail) {
-    PostError(FinPIAppError{kOperation, detail});
+    PostError(FinPIAppError{kFillOperation, detail});
     return Replacement::kFailed;
 }
 

@@ -20,6 +20,8 @@ public:
     static constexpr char kStoredUnder[] = "Dont Show Again Alert";
     static constexpr char16 kPositionKey[] = u"Dont Show Again Alert";
     static constexpr char kSettingName[] = "CKAT";
+    // Asked before saved settings change, which the host's menu will not show yet.
+    static constexpr u16 kStaleMenuQuestion = 20003;
 
     // messageId: of the string table. Reads what was remembered for this message.
     FinPIAlert(FinPI* owner, u32 messageId, AlertType type, const char16* positionKey);

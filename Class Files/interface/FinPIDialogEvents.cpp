@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr char kSourceFile[] = "Class Files\\FinPIDialog";
+constexpr char kTracedFile[] = "Class Files\\FinPIDialog";
 constexpr u16 kModal = 1;  // of the show flags
 
 // As OnControlColor knows the kinds of controls; 0 = the message is of another sort.
@@ -40,7 +40,7 @@ i16 FinPIDialog::DialogEventCallback(WindowHandle window, u32 message, u64 event
         return 0;
     }
     if (dialog->m_window != nullptr && dialog->m_window != window) {
-        FinPITrace(kSourceFile, __LINE__,
+        FinPITrace(kTracedFile, __LINE__,
                    message == WindowMessage::kCommand
                        ? "WM_COMMAND called for different dlg, input hDlg=0x%x, m_hMe=0x%x, "
                          "dlgData=0x%x"

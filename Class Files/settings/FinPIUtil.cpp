@@ -15,8 +15,7 @@ using platform::RegistryResult;
 
 namespace {
 
-constexpr char kSourceFile[] = "Class Files\\FinPIUtil";
-constexpr char kBaseKey[] = "Software\\ZKW\\Finale Plugin Prefs";
+constexpr char kTraceName[] = "Class Files\\FinPIUtil";
 
 // Answers that were stored under this owner's older key are asked again, never taken over.
 constexpr char kDontShowAgainKey[] = "Dont Show Again Alert";
@@ -26,13 +25,13 @@ constexpr i16 kRenumbered = 21600;
 constexpr i16 kFormerNumber = 20700;
 
 std::string CurrentPath(const char* pluginKey) {
-    return std::string{kBaseKey} + '\\' + pluginKey;
+    return std::string{kSettingsBaseKey} + '\\' + pluginKey;
 }
 std::string LegacyName(const char* pluginKey) {
     return std::string{"ZKW "} + pluginKey;
 }
 std::string LegacyPath(const char* pluginKey) {
-    return std::string{kBaseKey} + '\\' + LegacyName(pluginKey);
+    return std::string{kSettingsBaseKey} + '\\' + LegacyName(pluginKey);
 }
 std::string ValueName(const char* name, i16 number) {
     return name + std::to_string(number);
@@ -41,7 +40,7 @@ std::string ValueName(const char* name, i16 number) {
 // The size of the value found; nothing when there is none.
 std::optional<u32> ReadValue(const RegistryKey& key, const std::string& name, void* buffer,
                              u32 size) {
-    FinPITrace(kSourceFile, __LINE__, "ZKFX_GetSettings: Call GetRegValue %s", name.c_str());
+    FinPITrace(kTraceName, __LINE__, "ZKFX_GetSettings: Call GetRegValue %s", name.c_str());
     platform::ValueType type{};
     u32 found = size;
     if (GetRegValue(key, name, &type, buffer, &found) != RegistryResult::kSuccess) {
@@ -51,7 +50,7 @@ std::optional<u32> ReadValue(const RegistryKey& key, const std::string& name, vo
 }
 
 void DeleteLegacyKey(const char* pluginKey) {
-    if (RegistryKey base = RegistryKey::Open(kBaseKey, KeyAccess::kAll)) {
+    if (RegistryKey base = RegistryKey::Open(kSettingsBaseKey, KeyAccess::kAll)) {
         base.DeleteSubkey(LegacyName(pluginKey));
     }
 }
@@ -59,7 +58,7 @@ void DeleteLegacyKey(const char* pluginKey) {
 std::optional<u32> ReadCurrent(const char* pluginKey, const std::string& name, void* buffer,
                                u32 size) {
     const std::string path = CurrentPath(pluginKey);
-    FinPITrace(kSourceFile, __LINE__, "ZKFX_GetSettings: Call RegOpenKeyEx %s", path.c_str());
+    FinPITrace(kTraceName, __LINE__, "ZKFX_GetSettings: Call RegOpenKeyEx %s", path.c_str());
     const RegistryKey key = RegistryKey::Open(path, KeyAccess::kRead);
     return key ? ReadValue(key, name, buffer, size) : std::nullopt;
 }
@@ -80,7 +79,7 @@ std::optional<u32> ReadLegacy(const char* pluginKey, const std::string& name, vo
 
 // The oldest layout has one value for each plug-in key.
 std::optional<u32> ReadOldest(const char* pluginKey, void* buffer, u32 size) {
-    const RegistryKey base = RegistryKey::Open(kBaseKey, KeyAccess::kRead);
+    const RegistryKey base = RegistryKey::Open(kSettingsBaseKey, KeyAccess::kRead);
     return base ? ReadValue(base, pluginKey, buffer, size) : std::nullopt;
 }
 
@@ -113,19 +112,19 @@ void RemoveLegacyCopy(const char* name, i16 number, const char* pluginKey) {
 }
 
 void RemoveOldestValue(const char* pluginKey) {
-    if (RegistryKey base = RegistryKey::Open(kBaseKey, KeyAccess::kAll)) {
+    if (RegistryKey base = RegistryKey::Open(kSettingsBaseKey, KeyAccess::kAll)) {
         base.DeleteValue(pluginKey);
     }
 }
 
 bool WriteCurrent(const char* pluginKey, const std::string& name, const void* data, u32 size) {
     const std::string path = CurrentPath(pluginKey);
-    FinPITrace(kSourceFile, __LINE__, "Calling RegCreateKeyEx %s", path.c_str());
+    FinPITrace(kTraceName, __LINE__, "Calling RegCreateKeyEx %s", path.c_str());
     RegistryKey key = RegistryKey::Create(path);
     if (!key) {
         return false;
     }
-    FinPITrace(kSourceFile, __LINE__, "Calling RegSetValueEx %s: writing %d bytes", name.c_str(),
+    FinPITrace(kTraceName, __LINE__, "Calling RegSetValueEx %s: writing %d bytes", name.c_str(),
                static_cast<int>(size));
     return key.SetBinaryValue(name, data, size) == RegistryResult::kSuccess;
 }
@@ -141,20 +140,19 @@ void DeleteMatchingValues(RegistryKey& key, const std::string& beginning) {
         if (result != RegistryResult::kSuccess) {
             return;
         }
-        FinPITrace(kSourceFile, __LINE__, "ZKFX_DeleteSettings: name for valueIndex %d is %s",
+        FinPITrace(kTraceName, __LINE__, "ZKFX_DeleteSettings: name for valueIndex %d is %s",
                    static_cast<int>(index), name.c_str());
         if (!name.starts_with(beginning)) {
-            FinPITrace(kSourceFile, __LINE__, "ZKFX_DeleteSettings: name does not match");
+            FinPITrace(kTraceName, __LINE__, "ZKFX_DeleteSettings: name does not match");
             ++index;
             continue;
         }
         if (key.DeleteValue(name) != RegistryResult::kSuccess) {
-            FinPITrace(kSourceFile, __LINE__, "ZKFX_DeleteSettings: delete %s failed",
-                       name.c_str());
+            FinPITrace(kTraceName, __LINE__, "ZKFX_DeleteSettings: delete %s failed", name.c_str());
             return;
         }
         // The values behind the deleted one have moved up: the same index again.
-        FinPITrace(kSourceFile, __LINE__, "ZKFX_DeleteSettings: delete %s succeeded", name.c_str());
+        FinPITrace(kTraceName, __LINE__, "ZKFX_DeleteSettings: delete %s succeeded", name.c_str());
     }
 }
 

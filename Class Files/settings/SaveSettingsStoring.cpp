@@ -9,12 +9,6 @@
 #include "Class Files/settings/FinPIUtil.h"
 #include "Class Files/settings/SavedSettings.h"
 
-namespace {
-
-constexpr u32 kStaleMenuQuestion = 20003;
-
-}  // namespace
-
 void FinPISaveSettingsDlg::Accept(u8* final) {
     if (List().Count() > 0) {
         // The entry takes the edited name, made unique, and its place in the order of names.
@@ -30,11 +24,12 @@ void FinPISaveSettingsDlg::Accept(u8* final) {
 
 bool FinPISaveSettingsDlg::ConfirmStaleMenu() {
     if (g_savedSettingsChanged != 0 ||
-        ShowAlert(m_owner, m_window, AlertType::kYesNo, kStaleMenuQuestion) == AlertAnswer::kYes) {
+        ShowAlert(m_owner, m_window, AlertType::kYesNo, FinPIAlert::kStaleMenuQuestion) ==
+            AlertAnswer::kYes) {
         return true;
     }
     // Anything but Yes is not to be remembered.
-    ZKFX_DeleteSettings(FinPIAlert::kSettingName, static_cast<i16>(kStaleMenuQuestion),
+    ZKFX_DeleteSettings(FinPIAlert::kSettingName, static_cast<i16>(FinPIAlert::kStaleMenuQuestion),
                         FinPIAlert::kStoredUnder);
     return false;
 }

@@ -13,9 +13,8 @@ u16 g_savedSettingsChanged = 0;
 
 namespace {
 
-constexpr char kBaseKey[] = "Software\\ZKW\\Finale Plugin Prefs";
 constexpr char kOldOwner[] = "Einstellungen speichern";
-constexpr std::size_t kNameUnits = 128;
+constexpr std::size_t kStoredNameUnits = 128;
 
 bool g_movedFromOldOwner = false;
 
@@ -46,7 +45,7 @@ void Give(u16* output, u16 value) {
 
 void SavedSettings::MoveFromOldOwner(u16 commandID) {
     platform::RegistryKey oldKey = platform::RegistryKey::Open(
-        std::string{kBaseKey} + '\\' + kOldOwner, platform::KeyAccess::kRead);
+        std::string{kSettingsBaseKey} + '\\' + kOldOwner, platform::KeyAccess::kRead);
     if (!oldKey) {
         return;
     }
@@ -56,7 +55,7 @@ void SavedSettings::MoveFromOldOwner(u16 commandID) {
         ++number;
     }
     oldKey.Close();
-    if (auto base = platform::RegistryKey::Open(kBaseKey, platform::KeyAccess::kAll)) {
+    if (auto base = platform::RegistryKey::Open(kSettingsBaseKey, platform::KeyAccess::kAll)) {
         base.DeleteSubkey(kOldOwner);
     }
 }
@@ -75,8 +74,8 @@ i16 ReadSavedSetting(u16 commandID, i16 number, char16* name, u16* commandItem, 
         return 0;
     }
     if (name != nullptr) {
-        const std::u16string text = setting.Name().substr(0, kNameUnits);
-        std::fill(std::copy(text.begin(), text.end(), name), name + kNameUnits, u'\0');
+        const std::u16string text = setting.Name().substr(0, kStoredNameUnits);
+        std::fill(std::copy(text.begin(), text.end(), name), name + kStoredNameUnits, u'\0');
     }
     const SavedSettingHeader& header = setting.Header();
     Give(commandItem, header.commandItem);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/score/entry_times.h"
+
 namespace standin::desktop {
 
 namespace {
@@ -63,7 +65,7 @@ std::vector<StripItem> StripOf(const Frame& frame, i32 measureDuration) {
         item.kind = KindOf(entry);
         item.notes = entry.noteCount;
         item.begin = std::clamp(entry.elapsedTime / whole, 0.0, 1.0);
-        item.end = std::clamp((entry.elapsedTime + entry.actualDuration) / whole, item.begin, 1.0);
+        item.end = std::clamp(EndOf(entry) / whole, item.begin, 1.0);
         strip.push_back(item);
     }
     return strip;

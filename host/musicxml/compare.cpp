@@ -12,8 +12,6 @@
 namespace standin {
 namespace {
 
-using Kind = Attachment::Kind;
-
 // What two scores have in common or not: equal texts have equal values.
 class TextKeys {
 public:
@@ -131,7 +129,7 @@ private:
 
     // Look is no matter of a merge; a line to music that was cleared went with it.
     bool IsOfNoAccount(const Music& music, const Attachment& attachment) const {
-        const bool isLook = attachment.kind == Kind::kLook && m_options.merged;
+        const bool isLook = attachment.kind == Attachment::Kind::kLook && m_options.merged;
         return isLook ||
                (&music == &m_before && IsCleared(attachment.otherStaff, attachment.otherMeasure,
                                                  attachment.otherPosition, attachment.otherLayer));

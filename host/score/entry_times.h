@@ -20,4 +20,9 @@ namespace standin {
 // than four, is taken as none.
 void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records);
 
+// In duration units from the start of the measure.
+inline i32 EndOf(const EXENTRY& entry) {
+    return entry.elapsedTime + entry.actualDuration;
+}
+
 }  // namespace standin

@@ -6,16 +6,13 @@
 #include <utility>
 
 #include "host/score/detail_kinds.h"
+#include "host/score/entry_times.h"
 #include "host/verify/score_facts.h"
 
 namespace standin {
 namespace {
 
 constexpr i32 kRounding = 2;  // times inside tuplets are rounded to whole units
-
-i32 EndOf(const EXENTRY& entry) {
-    return entry.elapsedTime + entry.actualDuration;
-}
 
 bool IsVoice2(const EXENTRY& entry) {
     return (entry.flags & EntryFlag::kVoice2) != 0;

@@ -6,6 +6,7 @@
 #include <tuple>
 
 #include "host/score/application.h"
+#include "host/score/entry_times.h"
 #include "host/score/tags.h"
 #include "host/verify/frame_faults.h"
 #include "host/verify/score_facts.h"
@@ -18,10 +19,6 @@ constexpr std::size_t kHostsBytes = offsetof(MyExpressionAssign, hasPosition);
 
 using Facts = std::vector<EntryFacts>;
 using Lines = std::vector<std::string>;
-
-i32 EndOf(const EXENTRY& entry) {
-    return entry.elapsedTime + entry.actualDuration;
-}
 
 bool Includes(const Lines& all, const Lines& some) {
     return std::includes(all.begin(), all.end(), some.begin(), some.end());
