@@ -6,10 +6,8 @@
 #include "shell/host/detail_flags.h"
 #include "tests/unit/details_fixture.h"
 
+namespace standin {
 namespace {
-
-using standin::App;
-using standin::HostCall;
 
 enum class Onto { kAnyEntries, kSameKind };
 
@@ -20,9 +18,6 @@ struct KindCase {
     Onto onto;
     u32 noteFlag;  // of note kinds: the flag of notes that have such details
     bool ofNote;   // the record begins with the note's ID
-
-    // Belongs to what a merge copies onto a chord and deletes from its source.
-    bool IsInMerges() const { return (kOntoChord & kinds) == kinds; }
 };
 
 // Every kind with a record and one tag. What depends on the stem or on a shape has tests of its
@@ -89,53 +84,40 @@ TEST_P(Kind, IsLeftAloneUnlessSelected) {
     EXPECT_EQ(host.Attached(Source(), GetParam().tag), Content());
 }
 
-TEST_P(Kind, GoesWithItsMusicInAMerge) {
-    Prepare("q:c4 q:d4");
-    EXPECT_EQ(Copy(kOntoChord), 1);
-    EXPECT_EQ(Delete(kFromSource), GetParam().IsInMerges() ? 1 : 0);
-    EXPECT_EQ(host.Attached(Target(), GetParam().tag), GetParam().IsInMerges() ? Content() : "");
-    EXPECT_EQ(host.Attached(Source(), GetParam().tag), GetParam().IsInMerges() ? "" : Content());
-}
-
 INSTANTIATE_TEST_SUITE_P(Details, Kind, testing::ValuesIn(EveryKind()),
                          [](const auto& test) { return test.param.name; });
 
-struct FlagCase {
-    const char* name;
-    u32 kinds;
-    u32 flags;
-    u32 ontoNote;  // flags afterwards of a target note with its stem down
-    u32 ontoRest;
-};
-
-const FlagCase kFlagCases[] = {
-    {"PrimaryBeamBreak", DetailKind::kPrimaryBeamBreak, 0x800, 0x800, 0x800},
-    {"FirstFlag", DetailKind::kFlagDetails, 0x10, 0x10, 0},
-    {"SecondFlag", DetailKind::kFlagDetails, 0x08, 0x08, 0},
-    {"FrozenStemUp", DetailKind::kFrozenStem, 0x101, 0x100, 0},
-    {"FrozenStemDown", DetailKind::kFrozenStem, 0x100, 0x100, 0},
-    {"StemUpThatIsNotFrozen", DetailKind::kFrozenStem, 0x001, 0, 0},
-};
-
-class FlagKind : public Details, public testing::WithParamInterface<FlagCase> {};
-
-TEST_P(FlagKind, IsCopiedAndDeletedWithoutARecord) {
+TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
     constexpr u32 kAll = 0x800 | 0x101 | 0x10 | 0x08;
-    Write("q:c4 q:d4", "q:c4 q:r");
-    LoadBoth();
-    source.EntryAt(0)->flags |= GetParam().flags;
-    EXPECT_EQ(Copy(GetParam().kinds, 0, 0), 1);
-    EXPECT_EQ(Copy(GetParam().kinds, 0, 0), 1) << "again, onto the same";
-    EXPECT_EQ(Copy(GetParam().kinds, 0, 1), 1);
-    EXPECT_EQ(target.EntryAt(0)->flags & kAll, GetParam().ontoNote);
-    EXPECT_EQ(target.EntryAt(1)->flags & kAll, GetParam().ontoRest);
-    EXPECT_EQ(Delete(GetParam().kinds), GetParam().ontoNote != 0 ? 1 : 0);
-    EXPECT_EQ(source.EntryAt(0)->flags & GetParam().ontoNote, 0U);
-    EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U);
+    const struct {
+        const char* name;
+        u32 kinds;
+        u32 flags;
+        u32 ontoNote;  // flags afterwards of a target note with its stem down
+        u32 ontoRest;
+    } cases[] = {
+        {"PrimaryBeamBreak", DetailKind::kPrimaryBeamBreak, 0x800, 0x800, 0x800},
+        {"FirstFlag", DetailKind::kFlagDetails, 0x10, 0x10, 0},
+        {"SecondFlag", DetailKind::kFlagDetails, 0x08, 0x08, 0},
+        {"FrozenStemUp", DetailKind::kFrozenStem, 0x101, 0x100, 0},
+        {"FrozenStemDown", DetailKind::kFrozenStem, 0x100, 0x100, 0},
+        {"StemUpThatIsNotFrozen", DetailKind::kFrozenStem, 0x001, 0, 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        Write("q:c4 q:d4", "q:c4 q:r");
+        LoadBoth();
+        source.EntryAt(0)->flags |= c.flags;
+        EXPECT_EQ(Copy(c.kinds, 0, 0), 1);
+        EXPECT_EQ(Copy(c.kinds, 0, 0), 1) << "again, onto the same";
+        EXPECT_EQ(Copy(c.kinds, 0, 1), 1);
+        EXPECT_EQ(target.EntryAt(0)->flags & kAll, c.ontoNote);
+        EXPECT_EQ(target.EntryAt(1)->flags & kAll, c.ontoRest);
+        EXPECT_EQ(Delete(c.kinds), c.ontoNote != 0 ? 1 : 0);
+        EXPECT_EQ(source.EntryAt(0)->flags & c.ontoNote, 0U);
+        EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Details, FlagKind, testing::ValuesIn(kFlagCases),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
     Write("q:c4", "q:c4");
@@ -155,14 +137,6 @@ TEST_F(Details, KindsThatShareAFlagKeepItUntilTheLastIsGone) {
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
     EXPECT_EQ(Delete(DetailKind::kBeamStubDirection), 1);
     EXPECT_FALSE(source.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
-}
-
-TEST_F(Details, ATupletBringsTheDurationOfItsEntry) {
-    Write("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
-    LoadBoth();
-    EXPECT_EQ(Copy(DetailKind::kTuplet), 1);
-    EXPECT_EQ(target.EntryAt(0)->duration, 512);
-    EXPECT_TRUE(target.EntryAt(0).HasFlag(DetailFlag::kTuplet));
 }
 
 TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
@@ -187,11 +161,11 @@ TEST_F(Details, PositioningByHandRaisesTheModeOfTheMeasure) {
     for (const auto& [before, after] : modes) {
         EDTMeasureSpec2014 measure = host.Score().Measure(1);
         measure.positioning = before;
-        host.Score().Records().Save(standin::Tag::kMeasure, standin::RecordKey::Other(1),
-                                    standin::BytesOf(measure));
+        Put(Tag::kMeasure, RecordKey::Other(1), measure);
         EXPECT_EQ(Copy(DetailKind::kEntryField6), 1);
         EXPECT_EQ(host.Score().Measure(1).positioning, after) << before;
     }
 }
 
 }  // namespace
+}  // namespace standin

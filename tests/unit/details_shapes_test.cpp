@@ -5,13 +5,11 @@
 #include "shell/host/detail_flags.h"
 #include "tests/unit/details_fixture.h"
 
+namespace standin {
 namespace {
 
-using standin::App;
-using standin::FaultPlan;
-using standin::HostCall;
-using standin::Tag::kShapeOnEntry;
-using standin::Tag::kShapeOnLyric;
+using Tag::kShapeOnEntry;
+using Tag::kShapeOnLyric;
 
 constexpr u16 kShape = 1;  // the number of the first shape
 
@@ -20,8 +18,8 @@ protected:
     Shapes() { Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4"); }
 
     EDTSmartShape Shape(u16 number = kShape) {
-        return standin::FromBytes<EDTSmartShape>(*host.Score().Records().Find(
-            standin::Tag::kSmartShape, standin::RecordKey::Other(number)));
+        return FromBytes<EDTSmartShape>(
+            *host.Score().Records().Find(Tag::kSmartShape, RecordKey::Other(number)));
     }
 
     // The entries of a shape's ends, such as "s0 t1".
@@ -30,7 +28,7 @@ protected:
     }
 
     // How many marks of the tag the entry has.
-    int Marks(standin::EntryPlace place, u32 tag = kShapeOnEntry) {
+    int Marks(EntryPlace place, u32 tag = kShapeOnEntry) {
         return host.Score().Records().CountOfEntry(tag, host.EntryNumber(place));
     }
 
@@ -52,35 +50,24 @@ private:
     }
 };
 
-struct MoveCase {
-    const char* name;
-    int from;
-    int to;
-    const char* ends;
-};
-
-const MoveCase kMoveCases[] = {
-    {"ItsStart", 0, 2, "t0 s2"},
-    {"ItsEnd", 2, 0, "s2 t0"},
-    {"BothEnds", 0, 0, "t0 t0"},
-};
-
-class MovedShapes : public Shapes, public testing::WithParamInterface<MoveCase> {};
-
-TEST_P(MovedShapes, FollowTheEntry) {
-    host.Slur(Source(GetParam().from), Source(GetParam().to));
-    LoadBoth();
-    EXPECT_EQ(Move(), 1);
-    EXPECT_EQ(Ends(), GetParam().ends);
-    EXPECT_EQ(Marks(Source()), 0);
-    EXPECT_EQ(Marks(Target()), 1);
-    EXPECT_EQ(Move(kShapeOnLyric), 1);
-    SaveBoth();
-    EXPECT_EQ(Marks(Target()), 1) << "saving loses nothing";
+TEST_F(Shapes, FollowTheEntryTheyMoveTo) {
+    const struct {
+        int from;
+        int to;
+        const char* ends;
+    } cases[] = {{0, 2, "t0 s2"}, {2, 0, "s2 t0"}, {0, 0, "t0 t0"}};
+    for (u16 number = 1; const auto& c : cases) {
+        Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");
+        host.Slur(Source(c.from), Source(c.to));
+        LoadBoth();
+        EXPECT_EQ(Move(), 1);
+        EXPECT_EQ(Ends(number++), c.ends);
+        EXPECT_EQ(Marks(Source()), 0);
+        EXPECT_EQ(Move(kShapeOnLyric), 1);
+        SaveBoth();
+        EXPECT_EQ(Marks(Target()), 1) << "saving loses nothing";
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Details, MovedShapes, testing::ValuesIn(kMoveCases),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Shapes, BothMarksOfAShapeOnOneEntryMove) {
     host.Slur(Source(), Source());
@@ -96,7 +83,7 @@ TEST_F(Shapes, BothMarksOfAShapeOnOneEntryMove) {
 TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
     host.Slur(Source(), Source(1));
     EDTSmartShape shape = Shape();
-    standin::AddSmartShape(host.Score(), shape, kShapeOnLyric);
+    AddSmartShape(host.Score(), shape, kShapeOnLyric);
     LoadBoth();
     EXPECT_EQ(Move(kShapeOnEntry), 1);
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
@@ -106,46 +93,37 @@ TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
     EXPECT_EQ(Marks(Target(), kShapeOnLyric), 1);
 }
 
-struct RefusedMoveCase {
-    const char* name;
-    HostCall refused;
-    u64 call;  // from 1
-    const char* error;
-};
-
-const RefusedMoveCase kRefusedMoves[] = {
-    {"LoadOfTheMark", HostCall::kLoadEData, 1, "29998 FinPIEntryPtr::MoveSmartShapeAssigns: edEx"},
-    {"LoadOfTheShape", HostCall::kLoadEData, 2,
-     "29998 FinPIEntryPtr::MoveSmartShapeAssigns: O\x08Sx"},
-    {"SaveOfTheShape", HostCall::kSaveEData, 1, "29996 FinPIEnigmaData::Save: O\x08Sx"},
-    {"CreateOfTheMark", HostCall::kCreateEData, 1, "29997 FinPIEntryDetail::Create: edEx"},
-    {"DeleteOfTheMark", HostCall::kDeleteEData, 1, "29995 FinPIEntryDetail::Delete: edEx"},
-};
-
-class RefusedMoves : public Shapes, public testing::WithParamInterface<RefusedMoveCase> {};
-
-TEST_P(RefusedMoves, ArePosted) {
-    host.Slur(Source(), Source(1));
-    LoadBoth();
-    App().faults.refuseKind =
-        FaultPlan::OfKind{GetParam().refused, GetParam().call, GetParam().call};
-    EXPECT_EQ(Move(), 0);
-    EXPECT_EQ(TakePendingError(), GetParam().error);
+TEST_F(Shapes, RefusedMovesArePosted) {
+    const struct {
+        HostCall refused;
+        u64 call;  // from 1
+        const char* error;
+    } cases[] = {
+        {HostCall::kLoadEData, 1, "29998 FinPIEntryPtr::MoveSmartShapeAssigns: edEx"},
+        {HostCall::kLoadEData, 2, "29998 FinPIEntryPtr::MoveSmartShapeAssigns: O\x08Sx"},
+        {HostCall::kSaveEData, 1, "29996 FinPIEnigmaData::Save: O\x08Sx"},
+        {HostCall::kCreateEData, 1, "29997 FinPIEntryDetail::Create: edEx"},
+        {HostCall::kDeleteEData, 1, "29995 FinPIEntryDetail::Delete: edEx"},
+    };
+    for (const auto& c : cases) {
+        Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");
+        host.Slur(Source(), Source(1));
+        LoadBoth();
+        App().faults.refuseKind = FaultPlan::OfKind{c.refused, c.call, c.call};
+        EXPECT_EQ(ErrorOf(Move()), c.error);
+        App().faults = {};
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Host, RefusedMoves, testing::ValuesIn(kRefusedMoves),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Shapes, AMarkWhoseShapeIsGoneMovesWithTheOthers) {
     EDTSmartShapeEntMark orphan{};
     orphan.shapeNumber = 99;
-    host.Attach(Source(), HostTag("edEx"), standin::BytesOf(orphan));
+    host.Attach(Source(), HostTag("edEx"), BytesOf(orphan));
     host.Slur(Source(), Source(1));
     LoadBoth();
     EXPECT_EQ(Move(), 1);
     EXPECT_EQ(Marks(Target(), HostTag("edEx")), 2);
     EXPECT_EQ(Marks(Source(), HostTag("edEx")), 0);
-    EXPECT_EQ(TakePendingError(), "");
 }
 
 class CopiedShapes : public Shapes {
@@ -216,7 +194,7 @@ public:
         const bool deleted = Delete(DetailKind::kSmartShape) >= 0;
         EXPECT_EQ(TakePendingError().empty(), deleted) << "the delete";
         if (copied && deleted) {
-            const auto& shapes = host.Score().Records().OfTag(standin::Tag::kSmartShape);
+            const auto& shapes = host.Score().Records().OfTag(Tag::kSmartShape);
             EXPECT_EQ(Marks(Source(2)), static_cast<int>(shapes.size())) << "no end without shape";
         }
         m_anyRefused = App().calls.refusedByPlan != 0;
@@ -250,16 +228,13 @@ TEST_F(CopiedShapes, NeedTheirEndEntry) {
     EDTSmartShape shape = Shape();
     const auto store = [&](u32 endEntry) {
         shape.end.entryNumber = endEntry;
-        host.Score().Records().Save(standin::Tag::kSmartShape, standin::RecordKey::Other(kShape),
-                                    standin::BytesOf(shape));
+        host.Score().Records().Save(Tag::kSmartShape, RecordKey::Other(kShape), BytesOf(shape));
     };
     store(4711);
-    EXPECT_EQ(CopyWithin(1), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(CopyWithin(1)),
               "29999 FinPISmartShapeAssign::Commit: Can't find entnum in this TGF");
     store(0);
-    EXPECT_EQ(CopyWithin(1), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(CopyWithin(1)),
               "29999 FinPISmartShapeAssign::Commit: End entry for shape does not exist");
 }
 
@@ -271,27 +246,24 @@ TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
     FinPISmartShapeAssign assign{from};
     FinPISmartShapeAssign bare{target.EntryAt(0)};
     ASSERT_EQ(assign.Load(), 1);
-    EXPECT_EQ(bare.CopyAttributes(assign), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(bare.CopyAttributes(assign)),
               "29999 FinPISmartShapeAssign::CopyAttributes: Entry has no region pointer.");
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kSaveEData);
-    EXPECT_EQ(assign.Commit(), 0);
-    EXPECT_EQ(TakePendingError(), "29996 FinPISmartShapeAssign::Commit: O\x08Sx");
+    Refuse(HostCall::kSaveEData);
+    EXPECT_EQ(ErrorOf(assign.Commit()), "29996 FinPISmartShapeAssign::Commit: O\x08Sx");
     App().faults = {};
     assign.SelectRecord(FinPIEntryDetail::kNewRecord);
-    EXPECT_EQ(assign.Save(), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(assign.Save()),
               "29999 FinPISmartShapeAssign::Save: Attempted to Save with wrong Shape ID.");
     // The shape and the mark of its start are created; the third call is the end's.
     App().ResetCounts();
     App().faults.refuseKind = FaultPlan::OfKind{HostCall::kCreateEData, 3, 3};
-    EXPECT_EQ(assign.Create(), 0);
-    EXPECT_EQ(TakePendingError(), "29997 FinPISmartShapeAssign::Create (endpoint): edEx");
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadTGF);
+    EXPECT_EQ(ErrorOf(assign.Create()), "29997 FinPISmartShapeAssign::Create (endpoint): edEx");
+    Refuse(HostCall::kLoadTGF);
     assign.SelectRecord(FinPIEntryDetail::kNewRecord);
-    EXPECT_EQ(assign.Create(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
+    EXPECT_EQ(ErrorOf(assign.Create()),
+              "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
     App().faults = {};
 }
 
 }  // namespace
+}  // namespace standin

@@ -1,41 +1,32 @@
 // Loading, saving, reloading and giving back frames; inserting and deleting entries.
-#include <gtest/gtest.h>
 #include <optional>
 #include <utility>
 
 #include "Class Files/score/FinPIEntryPtr.h"
 #include "Class Files/score/FinPILayer.h"
 #include "Class Files/score/FinPIStaff.h"
-#include "tests/unit/support/pending_error.h"
-#include "tests/unit/support/stand_in.h"
+#include "tests/unit/support/library_test.h"
 
+namespace standin {
 namespace {
-
-using standin::App;
-using standin::FaultPlan;
-using standin::HostCall;
 
 constexpr char kNotCurrent[] =
     "29999 short __cdecl FinPITGFPtr::SaveTGF(void) const: Attempted to update a non-current "
     "document";
 
-class Frames : public testing::Test {
+class Frames : public LibraryTest {
 protected:
-    Frames() { host.Layer(1, 1, 0, "q:c4 q:d4 q:e4 e:f4 e:g4"); }
-    ~Frames() override { EXPECT_EQ(TakePendingError(), ""); }
+    Frames() : LibraryTest{2, 3} { host.Layer(1, 1, 0, "q:c4 q:d4 q:e4 e:f4 e:g4"); }
 
     FinPITGFPtr Load(u16 layer = 0) const { return {host.Staff(1), 1, layer}; }
-
-    standin::StandIn host{2, 3};
 };
 
 TEST_F(Frames, ExistOrNotAsTheHostHasThem) {
     EXPECT_TRUE(Load(3)) << "a frame that holds nothing is a frame";
-    EXPECT_EQ(Load(3).Count(), 0);
     EXPECT_FALSE(Load(4)) << "no such layer";
     EXPECT_FALSE((FinPITGFPtr{host.Staff(1), 4, 0})) << "no such measure";
     EXPECT_FALSE((FinPITGFPtr{1, 1, 0})) << "no such staff";
-    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 4U) << "the staff without a slot is not loaded";
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 3U) << "the staff without a slot is not loaded";
 }
 
 TEST_F(Frames, ACopyOfAnOwnerIsAFrameOfItsOwn) {
@@ -83,14 +74,16 @@ TEST_F(Frames, SavingStoresWhatIsHeldAndReloadingShowsWhatIsStored) {
 
 TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
     FinPITGFPtr frame = Load();
-    App().faults.refuseKind = {HostCall::kDeleteEXENTRY};
+    Refuse(HostCall::kDeleteEXENTRY);
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 0);
-    EXPECT_EQ(frame.SaveTGF(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 q:e4 e:f4 e:g4") << "a refusal changes nothing";
     App().faults = {};
+    EXPECT_EQ(frame.Count(), 5) << "a refusal changes nothing";
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 1);
     EXPECT_EQ(frame.SaveTGF(), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:g4");
+    const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(2).Number(), 4711};
+    EXPECT_EQ(frame.DeleteEntries(numbers), 1);
+    EXPECT_EQ(host.Layer(1, 1, 0), "e:f4");
 }
 
 TEST_F(Frames, InsertedEntriesWithoutContentAreReducedAway) {
@@ -102,19 +95,11 @@ TEST_F(Frames, InsertedEntriesWithoutContentAreReducedAway) {
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:r q:d4 q:e4 e:f4 e:g4");
 }
 
-TEST_F(Frames, EntriesAreDeletedByNumber) {
-    FinPITGFPtr frame = Load();
-    const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(3).Number(), 4711};
-    EXPECT_EQ(frame.DeleteEntries(numbers), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:d4 q:e4 e:g4");
-}
-
 TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
     FinPITGFPtr frame = Load();
     const u16 other = App().OpenDocument(u"other").Number();
     ASSERT_TRUE(App().SetCurrentDocument(other));
-    EXPECT_EQ(frame.SaveTGF(), 0);
-    EXPECT_EQ(TakePendingError(), kNotCurrent);
+    EXPECT_EQ(ErrorOf(frame.SaveTGF()), kNotCurrent);
     EXPECT_EQ(frame.ReloadTGF(), 1);
     EXPECT_EQ(frame.Duration(), 4096);
     EXPECT_TRUE(frame.NextFrame());
@@ -124,34 +109,31 @@ TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
     App().SetCurrentDocument(host.Score().Number());
 }
 
-const std::pair<HostCall, const char*> kRefusals[] = {
-    {HostCall::kSaveTGF, "29996 FinPITGFPtr::ReloadTGF: aTGF"},
-    {HostCall::kLoadTGF, "29999 FinPITGFPtr::ReloadTGF: Unable to reload."},
-    {HostCall::kGetCurrentEnigmaDocument, kNotCurrent},
-};
-
 TEST_F(Frames, ARefusedReloadIsPostedAndTheFrameStillHeld) {
     FinPITGFPtr frame = Load();
     const EXFRAME* const held = frame.Frame();
-    for (const auto& [refused, error] : kRefusals) {
-        App().faults.refuseKind = FaultPlan::AllOf(refused);
-        EXPECT_EQ(frame.ReloadTGF(), 0);
+    const std::pair<HostCall, const char*> refusals[] = {
+        {HostCall::kSaveTGF, "29996 FinPITGFPtr::ReloadTGF: aTGF"},
+        {HostCall::kLoadTGF, "29999 FinPITGFPtr::ReloadTGF: Unable to reload."},
+        {HostCall::kGetCurrentEnigmaDocument, kNotCurrent},
+    };
+    for (const auto& [refused, error] : refusals) {
+        Refuse(refused);
+        EXPECT_EQ(ErrorOf(frame.ReloadTGF()), error);
         App().faults = {};
-        EXPECT_EQ(TakePendingError(), error);
         EXPECT_EQ(frame.Frame(), held);
     }
 }
 
 TEST_F(Frames, OnlyAnOwnerWithAFrameReloads) {
     FinPITGFPtr none = Load(4);
-    EXPECT_EQ(none.ReloadTGF(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPITGFPtr::ReloadTGF: TGFPtr is not self-destroy.");
+    EXPECT_EQ(ErrorOf(none.ReloadTGF()),
+              "29999 FinPITGFPtr::ReloadTGF: TGFPtr is not self-destroy.");
     const FinPITGFPtr frame = Load();
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadTGF);
+    Refuse(HostCall::kLoadTGF);
     FinPITGFPtr copy{frame};
     App().faults = {};
-    EXPECT_EQ(copy.ReloadTGF(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPITGFPtr::ReloadTGF: TGFPtr is NULL.");
+    EXPECT_EQ(ErrorOf(copy.ReloadTGF()), "29999 FinPITGFPtr::ReloadTGF: TGFPtr is NULL.");
     EXPECT_EQ(FinPITGFPtr{}.SaveTGF(), 0);
 }
 
@@ -175,11 +157,10 @@ TEST_F(Frames, KnowTheStavesAtTheirMeasure) {
 TEST_F(Frames, OnlyLayersOfTheHostHavePreferences) {
     EXPECT_NE(FinPILayer{3}.IsLoaded(), 0);
     EXPECT_EQ(FinPILayer{3}.Name(), u"Layer 4");
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadEData);
-    EXPECT_EQ(FinPILayer{2}.IsLoaded(), 0);
-    EXPECT_EQ(TakePendingError(), "29998 FinPILayer::FinPILayer: pfLA");
-    EXPECT_EQ(FinPILayer{4}.IsLoaded(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPILayer::FinPILayer: Invalid layer.");
+    Refuse(HostCall::kLoadEData);
+    EXPECT_EQ(ErrorOf(FinPILayer{2}.IsLoaded()), "29998 FinPILayer::FinPILayer: pfLA");
+    EXPECT_EQ(ErrorOf(FinPILayer{4}.IsLoaded()), "29999 FinPILayer::FinPILayer: Invalid layer.");
 }
 
 }  // namespace
+}  // namespace standin

@@ -1,20 +1,10 @@
 // Notes that begin together and last as long become one chord.
-#include <gtest/gtest.h>
-
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/merge_table.h"
 
 namespace standin {
 namespace {
 
-struct ChordCase {
-    const char* name;
-    const char* destination;
-    const char* source;
-    const char* destinationAfterwards;
-    const char* sourceAfterwards;
-};
-
-constexpr ChordCase kCases[] = {
+constexpr MergeCase kChords[] = {
     {"OwnNotesComeFirst", "q:g4,c4 h.:r", "q:e4 h.:r", "q:g4,c4,e4 h.:r", "q:r h.:r"},
     {"OtherDurationsStayApart", "q:c4 q:d4 h:e4", "h:g4 h:a4", "q:c4 q:d4 h:e4,a4", "h:g4 h:r"},
     {"EqualPitchesAreBothKept", "w:c4", "w:c4", "w:c4,c4", "w:r"},
@@ -40,27 +30,11 @@ constexpr ChordCase kCases[] = {
     {"HiddenRestsAreNoNotes", "q:c4 q:x h:d4", "h:g4 h:g4", "q:c4 q:x h:d4,g4", "h:g4 h:r"},
 };
 
-class Chords : public testing::TestWithParam<ChordCase> {};
-
-TEST_P(Chords, FormOfWhatSoundsTogether) {
-    const ChordCase& c = GetParam();
-    StandIn host;
-    host.Layer(1, 1, 0, c.destination);
-    host.Layer(1, 1, 1, c.source);
-    host.SelectAll();
-    const auto music = Music(host.Score());
-
-    Plugin{}.Merge(host);
-
-    EXPECT_EQ(host.Layer(1, 1, 0), c.destinationAfterwards);
-    EXPECT_EQ(host.Layer(1, 1, 1), c.sourceAfterwards);
-    EXPECT_EQ(Music(host.Score()), music);
-    EXPECT_TRUE(App().alerts.empty());
-    EXPECT_EQ(App().calls.flagsOutOfStep, 0U);
+TEST(Chords, FormOfWhatSoundsTogether) {
+    for (const MergeCase& c : kChords) {
+        ExpectMerge(c);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rules, Chords, testing::ValuesIn(kCases),
-                         [](const auto& test) { return test.param.name; });
 
 TEST(ChordRegion, BothEndsAreInside) {
     StandIn host{1, 3};
@@ -74,19 +48,6 @@ TEST(ChordRegion, BothEndsAreInside) {
     EXPECT_EQ(host.Layer(1, 2, 0), "q:c4,e4 q:c4,e4 q:c4,e4 q:c4,e4");
     EXPECT_EQ(host.Layer(1, 3, 0), "q:c4,e4 q:c4,e4 q:c4,e4 q:c4");
     EXPECT_EQ(host.Layer(1, 3, 1), "q:r q:r q:r q:e4");
-}
-
-TEST(ChordRegion, OtherStavesStay) {
-    StandIn host{3, 1};
-    for (i16 slot = 1; slot <= 3; ++slot) {
-        host.Layer(slot, 1, 0, "w:c4");
-        host.Layer(slot, 1, 1, "w:e4");
-    }
-    host.Select(2, 1, 0, 2, 1, kEndOfMeasure);
-    Plugin{}.Merge(host);
-    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4");
-    EXPECT_EQ(host.Layer(2, 1, 0), "w:c4,e4");
-    EXPECT_EQ(host.Layer(3, 1, 0), "w:c4");
 }
 
 TEST(ChordRegion, StaffWithATimeOfItsOwn) {
@@ -110,18 +71,6 @@ TEST(Layers, AllGoInOrderIntoTheDestination) {
     Plugin{}.Merge(host, {.destination = 1});
     EXPECT_EQ(host.Layer(1, 1, 1), "w:d4,c4,e4,f4");
     EXPECT_EQ(host.Layer(1, 1, 0), "w:r");
-}
-
-TEST(Layers, OneSourceLeavesTheOthers) {
-    StandIn host;
-    host.Layer(1, 1, 0, "w:c4");
-    host.Layer(1, 1, 1, "w:d4");
-    host.Layer(1, 1, 2, "w:e4");
-    host.SelectAll();
-    Plugin{}.Merge(host, {.source = 2, .hideRests = 1});
-    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4,e4");
-    EXPECT_EQ(host.Layer(1, 1, 1), "w:d4");
-    EXPECT_EQ(host.Layer(1, 1, 2), "w:x");
 }
 
 }  // namespace

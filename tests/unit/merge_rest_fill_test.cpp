@@ -1,20 +1,10 @@
 // Runs of destination rests are filled by source music of exactly their time.
-#include <gtest/gtest.h>
-
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/merge_table.h"
 
 namespace standin {
 namespace {
 
-struct FillCase {
-    const char* name;
-    const char* destination;
-    const char* source;
-    const char* destinationAfterwards;
-    const char* sourceAfterwards;
-};
-
-constexpr FillCase kWholeMeasure[] = {
+constexpr MergeCase kWholeMeasure[] = {
     {"AfterAChord", "q:c4 q:r h:r", "q:e4 q:f4 q:g4 q:a4", "q:c4,e4 q:f4 q:g4 q:a4",
      "q:r q:r q:r q:r"},
     {"NoEntryEndsWithTheRun", "h:r h:c4", "q:e4 h:f4 q:g4", "h:r h:c4", "q:e4 h:f4 q:g4"},
@@ -56,85 +46,35 @@ constexpr FillCase kWholeMeasure[] = {
      "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r"},
 };
 
-class WholeMeasure : public testing::TestWithParam<FillCase> {};
-
-TEST_P(WholeMeasure, IsFilled) {
-    const FillCase& c = GetParam();
-    StandIn host;
-    host.Layer(1, 1, 0, c.destination);
-    host.Layer(1, 1, 1, c.source);
-    host.SelectAll();
-    const auto music = Music(host.Score());
-
-    Plugin{}.Merge(host);
-
-    EXPECT_EQ(host.Layer(1, 1, 0), c.destinationAfterwards);
-    EXPECT_EQ(host.Layer(1, 1, 1), c.sourceAfterwards);
-    EXPECT_EQ(Music(host.Score()), music);
-    EXPECT_TRUE(App().alerts.empty());
-    EXPECT_EQ(App().calls.flagsOutOfStep, 0U);
-}
-
-INSTANTIATE_TEST_SUITE_P(RestFill, WholeMeasure, testing::ValuesIn(kWholeMeasure),
-                         [](const auto& test) { return test.param.name; });
-
-struct PartialCase {
-    const char* name;
-    i32 firstPosition;
-    i32 lastPosition;
-    const char* destination;
-    const char* source;
-    const char* destinationAfterwards;
-    const char* sourceAfterwards;
+// Of a destination that does not reach as far, rests come first where the selection begins.
+constexpr MergeCase kPartOfAMeasure[] = {
+    {"SkeletonThenTheSecondHalf", "", "q:c4 q:d4 q:e4 q:f4", "q:r q:r q:e4 q:f4",
+     "q:c4 q:d4 q:r q:r", 2048},
+    {"SkeletonThenTheFirstHalf", "", "q:c4 q:d4 q:e4 q:f4", "q:c4 q:d4 q:r q:r",
+     "q:r q:r q:e4 q:f4", 0, 2047},
+    {"SkeletonWithTuplets", "", "h:c4 q:d4 (3:2 e:e4 e:f4 e:g4)", "h:r q:d4 (3:2 e:e4 e:f4 e:g4)",
+     "h:c4 q:r (3:2 e:r e:r e:r)", 2048},
+    {"SkeletonWithoutGraceNotes", "", "gs:c4 h:d4 gs:e4 h:f4", "h:r gs:e4 h:f4", "gs:c4 h:d4 h:r",
+     2048},
+    {"RestsOutsideStay", "q:r q:r q:r q:r", "q:c4 q:d4 q:e4 q:f4", "q:r q:d4 q:e4 q:r",
+     "q:c4 q:r q:r q:f4", 1024, 3071},
+    {"MissingTimeInsideOnly", "q:c4", "q:d4 q:e4 q:f4 q:g4", "q:c4", "q:d4 q:e4 q:f4 q:g4", 2048},
+    {"MissingTimeFromTheSelectionOn", "h:c4", "q:d4 q:e4 q:f4 q:g4", "h:c4 q:f4 q:g4",
+     "q:d4 q:e4 q:r q:r", 1024},
+    {"MissingTimeUpToTheSelectionsEnd", "h:c4", "q:d4 q:e4 q:f4 q:g4", "h:c4 q:f4",
+     "q:d4 q:e4 q:r q:g4", 0, 3071},
 };
 
-constexpr PartialCase kPartial[] = {
-    {"SkeletonThenTheSecondHalf", 2048, kEndOfMeasure, "", "q:c4 q:d4 q:e4 q:f4",
-     "q:r q:r q:e4 q:f4", "q:c4 q:d4 q:r q:r"},
-    {"SkeletonThenTheFirstHalf", 0, 2047, "", "q:c4 q:d4 q:e4 q:f4", "q:c4 q:d4 q:r q:r",
-     "q:r q:r q:e4 q:f4"},
-    {"SkeletonWithTuplets", 2048, kEndOfMeasure, "", "h:c4 q:d4 (3:2 e:e4 e:f4 e:g4)",
-     "h:r q:d4 (3:2 e:e4 e:f4 e:g4)", "h:c4 q:r (3:2 e:r e:r e:r)"},
-    {"SkeletonWithoutGraceNotes", 2048, kEndOfMeasure, "", "gs:c4 h:d4 gs:e4 h:f4",
-     "h:r gs:e4 h:f4", "gs:c4 h:d4 h:r"},
-    {"RestsOutsideStay", 1024, 3071, "q:r q:r q:r q:r", "q:c4 q:d4 q:e4 q:f4", "q:r q:d4 q:e4 q:r",
-     "q:c4 q:r q:r q:f4"},
-    {"MissingTimeInsideOnly", 2048, kEndOfMeasure, "q:c4", "q:d4 q:e4 q:f4 q:g4", "q:c4",
-     "q:d4 q:e4 q:f4 q:g4"},
-    {"MissingTimeFromTheSelectionOn", 1024, kEndOfMeasure, "h:c4", "q:d4 q:e4 q:f4 q:g4",
-     "h:c4 q:f4 q:g4", "q:d4 q:e4 q:r q:r"},
-    {"MissingTimeUpToTheSelectionsEnd", 0, 3071, "h:c4", "q:d4 q:e4 q:f4 q:g4", "h:c4 q:f4",
-     "q:d4 q:e4 q:r q:g4"},
-};
-
-class PartOfAMeasure : public testing::TestWithParam<PartialCase> {};
-
-TEST_P(PartOfAMeasure, IsFilled) {
-    const PartialCase& c = GetParam();
-    StandIn host;
-    host.Layer(1, 1, 0, c.destination);
-    host.Layer(1, 1, 1, c.source);
-    host.Select(1, 1, c.firstPosition, 1, 1, c.lastPosition);
-    const auto music = Music(host.Score());
-
-    Plugin{}.Merge(host);
-
-    EXPECT_EQ(host.Layer(1, 1, 0), c.destinationAfterwards);
-    EXPECT_EQ(host.Layer(1, 1, 1), c.sourceAfterwards);
-    EXPECT_EQ(Music(host.Score()), music);
-    EXPECT_TRUE(App().alerts.empty());
+TEST(RestFill, FillsRunsOfRests) {
+    for (const MergeCase& c : kWholeMeasure) {
+        ExpectMerge(c);
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(RestFill, PartOfAMeasure, testing::ValuesIn(kPartial),
-                         [](const auto& test) { return test.param.name; });
-
-TEST(RestFill, HidesWhatItLeaves) {
-    StandIn host;
-    host.Layer(1, 1, 1, "q:c4 q:d4 h:e4");
-    host.SelectAll();
-    Plugin{}.Merge(host, {.hideRests = 1});
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 h:e4");
-    EXPECT_EQ(host.Layer(1, 1, 1), "q:x q:x h:x");
+TEST(RestFill, FillsTheSelectedPartOfAMeasure) {
+    for (const MergeCase& c : kPartOfAMeasure) {
+        ExpectMerge(c);
+    }
 }
 
 TEST(RestFill, ASecondRunChangesNothing) {

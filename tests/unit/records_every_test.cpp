@@ -1,24 +1,19 @@
 // What holds for every line of the table of record classes: a record of it is created, loaded,
 // walked, changed and deleted in the host, and written to blocks of both serial versions.
+#include <array>
 #include <cstring>
-#include <gtest/gtest.h>
 #include <vector>
 
 #include "Class Files/score/AssembledPreference.h"
 #include "Class Files/score/EnigmaRecords.h"
-#include "host/score/application.h"
-#include "tests/unit/support/pending_error.h"
-#include "tests/unit/support/stand_in.h"
+#include "tests/unit/support/library_test.h"
 
+namespace standin {
 namespace {
-
-using standin::App;
-using standin::HostCall;
-using standin::RecordKey;
 
 constexpr u16 kItem = 5;
 
-// --- The lines of the table, as types and as names.
+// --- The lines of the table, as types.
 
 struct NoRecord;
 
@@ -32,19 +27,6 @@ using EveryLine = TypesAfter<NoRecord
 #include "Class Files/score/EnigmaRecords.inc"
                              >::Types;
 #undef ENIGMA_RECORD
-
-#define ENIGMA_RECORD(family, record, ...) #record,
-constexpr const char* kNames[] = {
-#include "Class Files/score/EnigmaRecords.inc"
-};
-#undef ENIGMA_RECORD
-
-struct Names {
-    template <typename Record>
-    static std::string GetName(int line) {
-        return kNames[line];
-    }
-};
 
 // --- A record of a line: the numbers it is given, and content that the host can keep.
 
@@ -96,34 +78,25 @@ std::vector<u8> DataOf(const Record& record) {
 }
 
 template <typename Record>
-class EveryRecord : public testing::Test {
+class EveryRecord : public LibraryTest {
 protected:
     // Preferences are there without being created; so are the option records of those that are
     // assembled from them.
     EveryRecord() {
-        standin::RecordStore& records = host.Score().Records();
         const Record record = Make<Record>();
         if (const PreferenceTable* rows = FindPreferenceTable(record.Tag())) {
             for (const PreferenceRow& row : *rows) {
                 const u32 tag = HostTag({'o', 't', row.option[0], row.option[1], '\0'});
-                for (u16 inci = 0; inci <= row.inci; ++inci) {
-                    const RecordKey key = RecordKey::Other(row.cmper, inci);
-                    if (records.Find(tag, key) == nullptr) {
-                        records.Create(tag, key, standin::Bytes(12, '\0'));
-                    }
-                }
+                Put(tag, RecordKey::Other(row.cmper, row.inci), std::array<u16, 6>{});
             }
-        } else if (standin::FamilyOf(record.Tag()) == standin::RecordFamily::kPreference) {
-            records.Save(record.Tag(), RecordKey::Preference(kItem),
-                         standin::Bytes(record.GetDataSize(), '\0'));
+        } else if (FamilyOf(record.Tag()) == RecordFamily::kPreference) {
+            host.Score().Records().Save(record.Tag(), RecordKey::Preference(kItem),
+                                        Bytes(record.GetDataSize(), '\0'));
         }
     }
-    ~EveryRecord() override { EXPECT_EQ(TakePendingError(), ""); }
-
-    standin::StandIn host;
 };
 
-TYPED_TEST_SUITE(EveryRecord, EveryLine, Names);
+TYPED_TEST_SUITE(EveryRecord, EveryLine);
 
 EnigmaKey KeyOf(const FinPIEnigmaData& record) {
     EnigmaKey key{};
@@ -168,11 +141,9 @@ TYPED_TEST(EveryRecord, IsStoredFoundChangedAndDeleted) {
         TypeParam gone = Make<TypeParam>();
         App().ResetCounts();
         if constexpr (kIsPref<TypeParam>) {
-            EXPECT_EQ(gone.Delete(), 0);
-            EXPECT_EQ(TakePendingError(),
+            EXPECT_EQ(ErrorOf(gone.Delete()),
                       "29999 FinPIEnigmaPref::Delete: An Enigma Pref cannot be deleted.");
-            EXPECT_EQ(gone.Create(), 0);
-            EXPECT_EQ(TakePendingError(),
+            EXPECT_EQ(ErrorOf(gone.Create()),
                       "29999 FinPIEnigmaPref::Create: An Enigma Pref cannot be created.");
             EXPECT_EQ(App().calls.Total(), 0U);
         } else if (std::is_same_v<TypeParam, FinPIPartPrefs>) {
@@ -224,6 +195,7 @@ void WriteAndRead() {
     EXPECT_TRUE(read.WasFilledFromCopy());
     EXPECT_EQ(read.IsLoaded(), 0);
     read.Reset(0);
+    EXPECT_EQ(read.GetDataSize(), Make<Record>().GetDataSize());
     const bool keepsData = std::is_same_v<Record, FinPIGfhold>;
     EXPECT_EQ(DataOf(read) == std::vector<u8>(read.GetDataSize()), !keepsData);
 }
@@ -234,3 +206,4 @@ TYPED_TEST(EveryRecord, IsWrittenAndReadInBothSerialVersions) {
 }
 
 }  // namespace
+}  // namespace standin
