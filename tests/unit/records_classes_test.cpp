@@ -37,7 +37,6 @@ TEST_F(RecordClasses, FinPIRawTextIsKeyedByItsNumberAlone) {
 
 TEST_F(RecordClasses, FinPIOtherStringUtf16HoldsATextWithItsTerminator) {
     FinPIOtherStringUtf16 name(HostTag("otmn"), 7);
-    EXPECT_EQ(name.Text(), u"");
     name.SetText(u"Compás");
     EXPECT_EQ(name.Count(), 7U);
     EXPECT_EQ(name.Commit(), 1);
@@ -138,6 +137,7 @@ TEST_F(RecordClasses, RecordsOfMeasuresCompareAndCopyWhatTheySay) {
 TEST_F(RecordClasses, ExpressionsAreDeletedInTheScoreOnly) {
     host.Score().AddPart(1, u"Flute");
     FinPIScoreExpr expression(1);
+    EXPECT_EQ(expression.IsPartSpecific(), 1);
     EXPECT_EQ(expression.ChooseLinkedPartHook(), 1);
     host.Score().currentPart = 1;
     EXPECT_EQ(expression.ChooseLinkedPartHook(), 0);

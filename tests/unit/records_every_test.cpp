@@ -33,17 +33,13 @@ using EveryLine = TypesAfter<NoRecord
 template <typename Record>
 constexpr bool kIsPseudo = std::is_base_of_v<FinPIPseudoPref, Record>;
 template <typename Record>
-constexpr bool kIsPref = std::is_base_of_v<FinPIEnigmaPref, Record>;
-template <typename Record>
-constexpr bool kIsDetail = std::is_base_of_v<FinPIDetail, Record>;
-template <typename Record>
 constexpr bool kIsVarLen = std::is_base_of_v<FinPIEnigmaVarLen, Record>;
 
 template <typename Record>
 Record Make() {
     if constexpr (kIsPseudo<Record>) {
         return Record();
-    } else if constexpr (kIsDetail<Record>) {
+    } else if constexpr (std::is_base_of_v<FinPIDetail, Record>) {
         if constexpr (std::is_constructible_v<Record, u16, u16>) {
             return Record(kItem, u16{1});
         } else {
@@ -140,7 +136,7 @@ TYPED_TEST(EveryRecord, IsStoredFoundChangedAndDeleted) {
         }
         TypeParam gone = Make<TypeParam>();
         App().ResetCounts();
-        if constexpr (kIsPref<TypeParam>) {
+        if constexpr (std::is_base_of_v<FinPIEnigmaPref, TypeParam>) {
             EXPECT_EQ(ErrorOf(gone.Delete()),
                       "29999 FinPIEnigmaPref::Delete: An Enigma Pref cannot be deleted.");
             EXPECT_EQ(ErrorOf(gone.Create()),
@@ -171,38 +167,37 @@ TYPED_TEST(EveryRecord, IsKnownByItsKey) {
     EXPECT_EQ(other.Inci(), 3);
 }
 
-// A record that writes and reads blocks of one serial version.
-template <typename Record, u16 kSerial>
+// A record that writes and reads blocks of this serial version.
+template <typename Record>
 struct OfSerial final : Record {
     using Record::Record;
-    u16 GetSerialVersion() const override { return kSerial; }
+    u16 GetSerialVersion() const override { return serial; }
+    u16 serial = 2;
 };
 
-template <u16 kSerial, typename Record>
-void WriteAndRead() {
-    auto written = Make<OfSerial<Record, kSerial>>();
-    Fill(written, Content(written, 0x1234));
-    std::vector<u8> block(written.GetSerialized(nullptr, 0));
-    const std::size_t data = (written.GetDataSize() + 1) / 2 * 2;
-    EXPECT_EQ(block.size(), 12 + 6 + data + (kSerial == 2 ? 6 + 4 : 0));
-    EXPECT_EQ(written.GetSerialized(block.data(), static_cast<u32>(block.size())), block.size());
-
-    auto read = Make<OfSerial<Record, 2>>();
-    read.SetVersion(1);
-    EXPECT_EQ(read.PutSerialized(block.data(), static_cast<u32>(block.size())), 1);
-    EXPECT_EQ(DataOf(read), DataOf(written));
-    EXPECT_EQ(read.Version(), kSerial == 2 ? written.Version() : 1);
-    EXPECT_TRUE(read.WasFilledFromCopy());
-    EXPECT_EQ(read.IsLoaded(), 0);
-    read.Reset(0);
-    EXPECT_EQ(read.GetDataSize(), Make<Record>().GetDataSize());
-    const bool keepsData = std::is_same_v<Record, FinPIGfhold>;
-    EXPECT_EQ(DataOf(read) == std::vector<u8>(read.GetDataSize()), !keepsData);
-}
-
 TYPED_TEST(EveryRecord, IsWrittenAndReadInBothSerialVersions) {
-    WriteAndRead<1, TypeParam>();
-    WriteAndRead<2, TypeParam>();
+    for (const u16 serial : {u16{1}, u16{2}}) {
+        auto written = Make<OfSerial<TypeParam>>();
+        written.serial = serial;
+        Fill(written, Content(written, 0x1234));
+        std::vector<u8> block(written.GetSerialized(nullptr, 0));
+        const auto size = static_cast<u32>(block.size());
+        const std::size_t data = (written.GetDataSize() + 1) / 2 * 2;
+        EXPECT_EQ(size, 12 + 6 + data + (serial == 2 ? 6 + 4 : 0));
+        EXPECT_EQ(written.GetSerialized(block.data(), size), size);
+
+        auto read = Make<OfSerial<TypeParam>>();
+        read.SetVersion(1);
+        EXPECT_EQ(read.PutSerialized(block.data(), size), 1);
+        EXPECT_EQ(DataOf(read), DataOf(written));
+        EXPECT_EQ(read.Version(), serial == 2 ? written.Version() : 1);
+        EXPECT_TRUE(read.WasFilledFromCopy());
+        EXPECT_EQ(read.IsLoaded(), 0);
+        read.Reset(0);
+        EXPECT_EQ(read.GetDataSize(), Make<TypeParam>().GetDataSize());
+        const bool keepsData = std::is_same_v<TypeParam, FinPIGfhold>;
+        EXPECT_EQ(DataOf(read) == std::vector<u8>(read.GetDataSize()), !keepsData);
+    }
 }
 
 }  // namespace
