@@ -14,62 +14,46 @@ constexpr u32 kNotehead = HostTag("E\002cn");
 constexpr u32 kVerse = HostTag("SdvE");
 
 TEST_F(Details, EqualRecordsAreOne) {
-    const struct {
-        const char* name;
-        u32 tag;
-        std::vector<std::string_view> source;
-        std::vector<std::string_view> target;
-        const char* after;
-    } cases[] = {
-        {"NotDoubled", kArticulation, {"dot", "line"}, {"dot"}, "dot,line"},
-        {"AsManyAsTheSourceHas", kArticulation, {"dot", "dot"}, {"dot"}, "dot,dot"},
-        {"OtherOnesAreAdded", kArticulation, {"a"}, {"b", "c"}, "b,c,a"},
-        // The first four bytes are the verse and the syllable.
-        {"ASyllableIsBroughtUpToDate", kVerse, {"\1\1\1\1new"}, {"\1\1\1\1old"}, "\1\1\1\1new"},
-        {"AnotherVerseIsAdded", kVerse, {"\2\1\1\1b"}, {"\1\1\1\1a"}, "\1\1\1\1a,\2\1\1\1b"},
-        {"AnAlterationWithoutValueIsNotStored", HostTag("edST"), {""}, {}, ""},
-    };
-    for (const auto& c : cases) {
+    using Contents = std::vector<std::string_view>;
+    const auto copied = [&](u32 tag, const Contents& onSource, const Contents& onTarget) {
         Write("q:c4", "q:c4");
-        for (const std::string_view content : c.source) {
-            host.Attach(Source(), c.tag, content);
+        for (const std::string_view content : onSource) {
+            host.Attach(Source(), tag, content);
         }
-        for (const std::string_view content : c.target) {
-            host.Attach(Target(), c.tag, content);
+        for (const std::string_view content : onTarget) {
+            host.Attach(Target(), tag, content);
         }
         LoadBoth();
-        EXPECT_EQ(Copy(kOntoChord), 1) << c.name;
-        EXPECT_EQ(host.Attached(Target(), c.tag), c.after) << c.name;
-    }
+        EXPECT_EQ(Copy(kOntoChord), 1);
+        return host.Attached(Target(), tag);
+    };
+    EXPECT_EQ(copied(kArticulation, {"dot", "line"}, {"dot"}), "dot,line");
+    EXPECT_EQ(copied(kArticulation, {"dot", "dot"}, {"dot"}), "dot,dot");
+    EXPECT_EQ(copied(kArticulation, {"a"}, {"b", "c"}), "b,c,a");
+    // The first four bytes are the verse and the syllable.
+    EXPECT_EQ(copied(kVerse, {"\1\1\1\1new"}, {"\1\1\1\1old"}), "\1\1\1\1new");
+    EXPECT_EQ(copied(kVerse, {"\2\1\1\1b"}, {"\1\1\1\1a"}), "\1\1\1\1a,\2\1\1\1b");
+    EXPECT_EQ(copied(HostTag("edST"), {""}, {}), "") << "an alteration without value";
 }
 
 TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
-    const struct {
-        const char* name;
-        u32 kinds;
-        const char* source;
-        const char* target;
-        char sourceNote;  // note IDs count from 1
-        char targetNote;  // 0 = not copied
-    } cases[] = {
-        {"ToTheSamePitch", kOntoChord, "q:e4,g4", "q:c4,e4,g4", 2, 3},
-        {"ToTheSameSpelling", kOntoChord, "q:d#4", "q:eb4,d#4", 1, 2},
-        {"ToTheFirstOfEqualPitches", kOntoChord, "q:g4", "q:g4,g4", 1, 1},
-        {"NotToAnotherPitch", kOntoChord, "q:g4", "q:c4,e4", 1, 0},
-        {"ToTheSamePlace", DetailKind::kNoteheadMods, "q:e4,g4", "q:c4,e4,g4", 2, 2},
-        {"NotPastTheLastNote", DetailKind::kNoteheadMods, "q:e4,g4", "q:e4", 2, 0},
-    };
-    for (const auto& c : cases) {
-        Write(c.source, c.target);
-        host.Attach(Source(), kNotehead, OfNote(c.sourceNote, "x"));
+    // Note IDs count from 1.
+    const auto copied = [&](u32 kinds, const char* from, const char* to, char noteID) {
+        Write(from, to);
+        host.Attach(Source(), kNotehead, OfNote(noteID, "x"));
         LoadBoth();
-        for (int time = 1; time <= 2; ++time) {
-            EXPECT_EQ(Copy(c.kinds), 1);
-            EXPECT_EQ(host.Attached(Target(), kNotehead),
-                      c.targetNote == 0 ? "" : OfNote(c.targetNote, "x"))
-                << c.name << ", time " << time;
-        }
-    }
+        EXPECT_EQ(Copy(kinds), 1);
+        const std::string once = host.Attached(Target(), kNotehead);
+        EXPECT_EQ(Copy(kinds), 1);
+        EXPECT_EQ(host.Attached(Target(), kNotehead), once) << "the second time";
+        return once;
+    };
+    EXPECT_EQ(copied(kOntoChord, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(3, "x"));
+    EXPECT_EQ(copied(kOntoChord, "q:d#4", "q:eb4,d#4", 1), OfNote(2, "x")) << "of its spelling";
+    EXPECT_EQ(copied(kOntoChord, "q:g4", "q:g4,g4", 1), OfNote(1, "x"));
+    EXPECT_EQ(copied(kOntoChord, "q:g4", "q:c4,e4", 1), "");
+    EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(2, "x"));
+    EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:e4", 2), "") << "no such place";
 }
 
 TEST_F(Details, WhatIsOfATieGoesToATiedNote) {
@@ -126,7 +110,6 @@ TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
     host.Attach(Source(), HostTag("edub"), "stub");
     LoadBoth();
     EXPECT_EQ(Copy(kOntoChord), 1) << "nothing asks for a stem";
-    EXPECT_EQ(TakePendingError(), "");
     host.Attach(Source(), HostTag("edSU"), "custom");
     EXPECT_EQ(Copy(kOntoChord), 1) << "the copy goes on";
     EXPECT_EQ(TakePendingError(), "29985 ");
@@ -137,30 +120,24 @@ TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
 }
 
 TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
-    const struct {
-        HostCall refused;
-        bool isDelete;
-        const char* onTarget;  // an equal one is saved rather than created
-        const char* error;
-    } cases[] = {
-        {HostCall::kCreateEData, false, "line", "29997 FinPIEntryDetail::Create: edIM"},
-        {HostCall::kSaveEData, false, "dot", "29996 FinPIEntryDetail::Save: edIM"},
-        {HostCall::kLoadEData, false, "line", "29998 FinPIEntryDetail::Load: edIM"},
-        {HostCall::kDeleteEData, true, "line", "29995 FinPIEntryDetail::Delete: edIM"},
-        {HostCall::kLoadEData, true, "line", "29998 FinPIEntryDetail::Load: edIM"},
-    };
-    for (const auto& c : cases) {
+    // The articulation on the target is equal to the source's or not.
+    const auto error = [&](HostCall refused, bool isDelete, const char* onTarget) {
         Write("q:c4", "q:c4");
         host.Attach(Source(), kArticulation, "dot");
         host.Attach(Source(), kVerse, "la");
-        host.Attach(Target(), kArticulation, c.onTarget);
+        host.Attach(Target(), kArticulation, onTarget);
         LoadBoth();
-        App().faults.refuseKind = FaultPlan::OfKind{c.refused, 1, 1};
-        EXPECT_EQ(c.isDelete ? Delete(kFromSource) : Copy(kOntoChord), c.isDelete ? -1 : 0);
-        EXPECT_EQ(TakePendingError(), c.error);
-        EXPECT_EQ(host.Attached(Source(), kVerse), c.isDelete ? "" : "la") << c.error;
-        EXPECT_EQ(host.Attached(Target(), kVerse), c.isDelete ? "" : "la") << c.error;
-    }
+        App().faults.refuseKind = FaultPlan::OfKind{refused, 1, 1};
+        EXPECT_EQ(isDelete ? Delete(kFromSource) : Copy(kOntoChord), isDelete ? -1 : 0);
+        EXPECT_EQ(host.Attached(Source(), kVerse), isDelete ? "" : "la");
+        EXPECT_EQ(host.Attached(Target(), kVerse), isDelete ? "" : "la");
+        return TakePendingError();
+    };
+    EXPECT_EQ(error(HostCall::kCreateEData, false, "-"), "29997 FinPIEntryDetail::Create: edIM");
+    EXPECT_EQ(error(HostCall::kSaveEData, false, "dot"), "29996 FinPIEntryDetail::Save: edIM");
+    EXPECT_EQ(error(HostCall::kLoadEData, false, "-"), "29998 FinPIEntryDetail::Load: edIM");
+    EXPECT_EQ(error(HostCall::kDeleteEData, true, "-"), "29995 FinPIEntryDetail::Delete: edIM");
+    EXPECT_EQ(error(HostCall::kLoadEData, true, "-"), "29998 FinPIEntryDetail::Load: edIM");
 }
 
 TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
@@ -170,20 +147,14 @@ TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
     const FinPIEntryPtr entry = source.EntryAt(0);
     App().SetCurrentDocument(App().OpenDocument(u"other").Number());
     const u8 data[12]{};
-    const std::string text = ": Attempted to update a non-current document";
-    EXPECT_EQ(
-        ErrorOf(entry.CreateEntryDetail(kArticulation, data, sizeof(data), 0, kInterfaceVersion)),
-        // The name of an operation is cut at 99 characters.
-        "29999 short __cdecl FinPIEntryPtr::CreateEntryDetail(const unsigned long,void *,"
-        "const long,const short,co" +
-            text);
-    EXPECT_EQ(
-        ErrorOf(entry.SaveEntryDetail(kArticulation, 0, data, sizeof(data), kInterfaceVersion)),
-        "29999 FinPIEntryPtr::SaveEntryDetail" + text);
-    EXPECT_EQ(ErrorOf(entry.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion)),
-              "29999 FinPIEntryPtr::DeleteEntryDetail" + text);
+    const auto isNotCurrent = [](i16 result) {
+        return ErrorOf(result).ends_with(": Attempted to update a non-current document");
+    };
+    EXPECT_TRUE(
+        isNotCurrent(entry.CreateEntryDetail(kArticulation, data, 12, 0, kInterfaceVersion)));
+    EXPECT_TRUE(isNotCurrent(entry.SaveEntryDetail(kArticulation, 0, data, 12, kInterfaceVersion)));
+    EXPECT_TRUE(isNotCurrent(entry.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion)));
     App().SetCurrentDocument(host.Score().Number());
-    EXPECT_EQ(FinPIEntryPtr{}.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion), 0);
 }
 
 // An articulation whose definition cannot be copied.
