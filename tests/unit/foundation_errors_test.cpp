@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <memory>
 #include <string>
-#include <tuple>
 
 #include "Class Files/foundation/AlertPrintf.h"
 #include "Class Files/foundation/DocumentScope.h"
@@ -29,11 +28,18 @@ protected:
     standin::StandIn host;
 };
 
-template <typename Error>
-std::unique_ptr<FinPIException> RecordError(const char* function) {
-    auto error = std::make_unique<Error>(function);
-    error->m_extag = HostTag("pfMS");
-    return error;
+TEST_F(Errors, OfRecordsNameTheOperationAndTheTag) {
+    const std::pair<void (*)(const char*, u32), std::u16string> cases[] = {
+        {PostRecordError<FinPILoadEDataFailed>, u"load"},
+        {PostRecordError<FinPICreateEDataFailed>, u"create"},
+        {PostRecordError<FinPISaveEDataFailed>, u"save"},
+        {PostRecordError<FinPIDeleteEDataFailed>, u"delete"},
+    };
+    for (const auto& [post, verb] : cases) {
+        post("Op", HostTag("O\x03OM"));
+        EXPECT_EQ(ReportPendingError(), 1);
+        EXPECT_EQ(LastAlert(), u"Op->Unable to " + verb + u" Enigma Data. EXTAG is 'O\x03OM'.");
+    }
 }
 
 // Of long texts the beginning.
@@ -41,14 +47,6 @@ TEST_F(Errors, EachSaysWhatFailed) {
     const std::pair<std::unique_ptr<FinPIException>, std::u16string> cases[] = {
         {std::make_unique<FinPIAppError>("FinPI::Invoke", "What."),
          u"Internal Application Error at FinPI::Invoke->What."},
-        {RecordError<FinPILoadEDataFailed>("Op"),
-         u"Op->Unable to load Enigma Data. EXTAG is 'pfMS'."},
-        {RecordError<FinPICreateEDataFailed>("Op"),
-         u"Op->Unable to create Enigma Data. EXTAG is 'pfMS'."},
-        {RecordError<FinPISaveEDataFailed>("Op"),
-         u"Op->Unable to save Enigma Data. EXTAG is 'pfMS'."},
-        {RecordError<FinPIDeleteEDataFailed>("Op"),
-         u"Op->Unable to delete Enigma Data. EXTAG is 'pfMS'."},
         {std::make_unique<FinPIConfigWriteError>("Op"), u"Op->Unable to write to config"},
         {std::make_unique<FinPISerialVersionError>("Op"), u"Op->Stored item is not compatible"},
         {std::make_unique<FinPISerialVersionFinaleError>("Op"), u"Op->Gespeichertes Objekt"},
@@ -61,12 +59,11 @@ TEST_F(Errors, EachSaysWhatFailed) {
         EXPECT_EQ(ReportPendingError(), 1);
         EXPECT_EQ(LastAlert().substr(0, beginning.size()), beginning);
     }
-    EXPECT_EQ(App().alerts.back().kind, 0);
-    EXPECT_EQ(App().alerts.back().stringId, 0);
+    EXPECT_EQ(App().alerts.back().kind + App().alerts.back().stringId, 0);
 }
 
 TEST_F(Errors, TheTextIsThatOfTheLanguageInWhichItIsShown) {
-    PostError(*RecordError<FinPISaveEDataFailed>("Op"));
+    PostRecordError<FinPISaveEDataFailed>("Op", HostTag("pfMS"));
     platform::headless::SetLanguage(Language::kSpanish);
     ReportPendingError();
     EXPECT_EQ(LastAlert(), u"Op -< No se pueden guardar los datos de Enigma. EXTAG es 'pfMS'.");
@@ -86,12 +83,6 @@ TEST_F(Errors, LongTextsAreCut) {
     const FinPIAppError error(std::string(150, 'f').c_str(), std::string(300, 'd').c_str());
     EXPECT_EQ(error.m_function, std::string(99, 'f'));
     EXPECT_EQ(error.m_detail, std::string(255, 'd'));
-}
-
-TEST_F(Errors, TagsKeepBytesThatDoNotPrint) {
-    PostRecordError<FinPILoadEDataFailed>("Op", HostTag("O\x03OM"));
-    ReportPendingError();
-    EXPECT_EQ(LastAlert(), u"Op->Unable to load Enigma Data. EXTAG is 'O\x03OM'.");
 }
 
 TEST_F(Errors, AnErrorWhoseTextCannotBeReadGivesItsPlaceToTheConversionError) {
@@ -115,17 +106,14 @@ TEST(DocumentScopes, SwitchForTheirLengthAndAskOnceWhenThereIsNothingToDo) {
     standin::StandIn host;
     const u16 first = App().CurrentNumber();
     const u16 second = App().OpenDocument(u"second").Number();
-    const std::tuple<u16, bool, u16> cases[] = {
-        {first, true, first}, {second, true, second}, {77, false, first}};
-    for (const auto& [wanted, isThere, current] : cases) {
+    for (const u16 wanted : {first, second, u16{77}}) {
+        App().ResetCounts();
         const DocumentScope scope(wanted);
-        EXPECT_EQ(static_cast<bool>(scope), isThere);
-        EXPECT_EQ(App().CurrentNumber(), current);
+        EXPECT_EQ(static_cast<bool>(scope), wanted != 77);
+        EXPECT_EQ(App().CurrentNumber(), wanted == second ? second : first);
+        EXPECT_EQ(App().calls.Total() == 1, wanted == first);
     }
     EXPECT_EQ(App().CurrentNumber(), first);
-    App().ResetCounts();
-    { const DocumentScope same(first); }
-    EXPECT_EQ(App().calls.Total(), 1U);
 }
 
 }  // namespace
