@@ -46,25 +46,9 @@ TEST(Failures, OfTheChangeOfARunLeaveItAlone) {
     }
 }
 
-TEST(Failures, OfTheDefinitionOfAnExpression) {
-    StandIn host;
-    host.Layer(1, 1, 0, "w:c4");
-    host.Layer(1, 1, 1, "w:e4");
-    host.Expression(1, 1, 0, 1);
-    host.Score().Records().Delete(Tag::kTextExpression, RecordKey::Other(1));
-    host.SelectAll();
-    const u64 before = host.Score().Digest();
-    Plugin{}.Merge(host);
-    ASSERT_EQ(App().alerts.size(), 1U);
-    EXPECT_EQ(App().alerts[0].text,
-              u"short __cdecl FinPIScoreExpr::LoadCachedItems(void)->Unable to load Enigma Data. "
-              u"EXTAG is 'SODT'.");
-    EXPECT_EQ(host.Score().Digest(), before);
-}
-
 TEST(Failures, AnotherDocumentBecomesCurrent) {
     u64 total = 0;
-    for (u64 call = 1; call == 1 || call <= total; ++call) {
+    for (u64 call = 1; (call == 1 || call <= total) && !HasFailure(); ++call) {
         StandIn host{1, 2};
         Write(host);
         const auto music = Music(host.Score());
@@ -79,9 +63,6 @@ TEST(Failures, AnotherDocumentBecomesCurrent) {
             host.Score().CancelEdit();  // the host's own affair: the edit was of this document
         }
         EXPECT_EQ(Music(host.Score()), music) << "before call " << call;
-        if (HasFailure()) {
-            return;
-        }
     }
 }
 
