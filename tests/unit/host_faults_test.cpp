@@ -55,5 +55,18 @@ TEST(HostFaults, NothingWorksWithoutADocument) {
     App().Reset();
 }
 
+TEST(HostFaults, CallsWithoutWhatTheyNeedAreRefused) {
+    const StandIn host;
+    EREGION region{};
+    EXPECT_EQ(FX_MassEditProgress(1, 11, 7, 1, -1, kInterfaceVersion), 0) << "no such display";
+    EXPECT_EQ(FX_EndMassEdit(1, 1, kInterfaceVersion), 0);
+    EXPECT_EQ(FX_RebeamRegion(nullptr, 0, kInterfaceVersion), 0);
+    EXPECT_EQ(FX_GetCurERegions(nullptr, &region, &region, kInterfaceVersion), 0);
+    EXPECT_EQ(FX_AlertMessage_UTF16(nullptr, 0, 0, nullptr, kInterfaceVersion), 0);
+    EXPECT_EQ(App().calls.refusedByRule, 5U);
+    EXPECT_EQ(FX_SetCurrentPartID(3, kInterfaceVersion), 0);
+    EXPECT_EQ(FX_GetPartName_UTF16(3, nullptr, 0, kInterfaceVersion), 0);
+}
+
 }  // namespace
 }  // namespace standin

