@@ -19,18 +19,20 @@ TEST_F(Details, OnlyThoseThatSuitAnyEntryAreCopiedOntoARest) {
     EXPECT_EQ(host.Attached(Target(), kBeamBreak), "break");
 }
 
+// The two kinds share a flag, which must tell of the one that stays.
 TEST_F(Details, AreLeftAloneUnlessTheirKindIsSelected) {
+    constexpr u32 kStem = HostTag("edST");
+    constexpr u32 kStub = HostTag("edub");
     Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    host.Attach(Source(), kBeamBreak, "break");
+    host.Attach(Source(), kStem, "stem");
+    host.Attach(Source(), kStub, "stub");
     LoadBoth();
-    EXPECT_EQ(Copy(kOntoPlaced & ~DetailKind::kArticulation), 1);
-    EXPECT_EQ(host.Attached(Target(), kArticulation), "");
-    EXPECT_EQ(host.Attached(Target(), kBeamBreak), "break");
-    EXPECT_EQ(Delete(kFromSource & ~DetailKind::kArticulation), 1);
-    EXPECT_EQ(host.Attached(Source(), kArticulation), "dot");
-    EXPECT_EQ(host.Attached(Source(), kBeamBreak), "");
-    EXPECT_EQ(Delete(kFromSource & ~DetailKind::kArticulation), 0) << "nothing is left";
+    EXPECT_EQ(Copy(kOntoPlaced & ~DetailKind::kStemAlt), 1);
+    EXPECT_EQ(host.Attached(Target(), kStem), "");
+    EXPECT_EQ(host.Attached(Target(), kStub), "stub");
+    EXPECT_EQ(Delete(kFromSource & ~DetailKind::kStemAlt), 1);
+    EXPECT_EQ(host.Attached(Source(), kStem), "stem");
+    EXPECT_EQ(host.Attached(Source(), kStub), "");
 }
 
 TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
@@ -62,6 +64,13 @@ TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
     EXPECT_EQ(Delete(kFromSource), 0);
     EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), HostTag("edEx")), 1);
     EXPECT_EQ(App().calls.Total(), 0U);
+}
+
+TEST_F(Details, ATupletBringsTheDurationOfItsEntry) {
+    Write("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
+    LoadBoth();
+    EXPECT_EQ(Copy(DetailKind::kTuplet), 1);
+    EXPECT_EQ(target.EntryAt(0)->duration, 512);
 }
 
 TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {

@@ -121,23 +121,25 @@ TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
 
 TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
     // The articulation on the target is equal to the source's or not.
-    const auto error = [&](HostCall refused, bool isDelete, const char* onTarget) {
+    const auto error = [&](HostCall refused, u64 nth, bool isDelete, const char* onTarget) {
         Write("q:c4", "q:c4");
         host.Attach(Source(), kArticulation, "dot");
         host.Attach(Source(), kVerse, "la");
         host.Attach(Target(), kArticulation, onTarget);
         LoadBoth();
-        App().faults.refuseKind = FaultPlan::OfKind{refused, 1, 1};
+        App().faults.refuseKind = FaultPlan::OfKind{refused, nth, nth};
         EXPECT_EQ(isDelete ? Delete(kFromSource) : Copy(kOntoChord), isDelete ? -1 : 0);
         EXPECT_EQ(host.Attached(Source(), kVerse), isDelete ? "" : "la");
         EXPECT_EQ(host.Attached(Target(), kVerse), isDelete ? "" : "la");
         return TakePendingError();
     };
-    EXPECT_EQ(error(HostCall::kCreateEData, false, "-"), "29997 FinPIEntryDetail::Create: edIM");
-    EXPECT_EQ(error(HostCall::kSaveEData, false, "dot"), "29996 FinPIEntryDetail::Save: edIM");
-    EXPECT_EQ(error(HostCall::kLoadEData, false, "-"), "29998 FinPIEntryDetail::Load: edIM");
-    EXPECT_EQ(error(HostCall::kDeleteEData, true, "-"), "29995 FinPIEntryDetail::Delete: edIM");
-    EXPECT_EQ(error(HostCall::kLoadEData, true, "-"), "29998 FinPIEntryDetail::Load: edIM");
+    EXPECT_EQ(error(HostCall::kCreateEData, 1, false, "-"), "29997 FinPIEntryDetail::Create: edIM");
+    EXPECT_EQ(error(HostCall::kSaveEData, 1, false, "dot"), "29996 FinPIEntryDetail::Save: edIM");
+    EXPECT_EQ(error(HostCall::kLoadEData, 1, false, "-"), "29998 FinPIEntryDetail::Load: edIM");
+    // Whether the target has the record is in doubt.
+    EXPECT_EQ(error(HostCall::kLoadEData, 2, false, "dot"), "29998 FinPIEntryDetail::Load: edIM");
+    EXPECT_EQ(error(HostCall::kDeleteEData, 1, true, "-"), "29995 FinPIEntryDetail::Delete: edIM");
+    EXPECT_EQ(error(HostCall::kLoadEData, 1, true, "-"), "29998 FinPIEntryDetail::Load: edIM");
 }
 
 TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {

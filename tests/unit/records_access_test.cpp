@@ -148,14 +148,6 @@ TEST_F(Records, CommitsDeleteSaveOrCreate) {
     }
 }
 
-TEST_F(Records, AppendedRecordsLearnTheirNumber) {
-    Add(1, 'a');
-    FinPIKeyFormat created(1, kNoInci);
-    created.opaque0[0] = 'b';
-    EXPECT_EQ(created.Create(), 1);
-    EXPECT_EQ(created.Inci(), 1);
-}
-
 TEST_F(Records, CommitsOfPartsReachTheScoreAndEachPart) {
     struct PartOwned final : FinPIKeyFormat {
         using FinPIKeyFormat::FinPIKeyFormat;

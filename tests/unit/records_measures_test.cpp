@@ -281,7 +281,7 @@ TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {
     EXPECT_TRUE(ErrorOf(lost.Load())
                     .starts_with("29998 short __cdecl FinPIScoreExpr::LoadCachedItems(void): O"));
     lost.Rewind();
-    EXPECT_NE(ErrorOf(lost.LoadNext()), "");
+    EXPECT_TRUE(ErrorOf(lost.LoadNext()).starts_with("29998"));
 }
 
 TEST_F(ScoreAccess, SpecialPartExtractionAsksTheHostOnce) {
