@@ -2,22 +2,19 @@
 // both frames held, and saved afterwards.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <string>
-#include <string_view>
-
 #include "Class Files/score/DetailKind.h"
 #include "Class Files/score/FinPIEntryPtr.h"
 #include "Class Files/score/FinPIMetricsCache.h"
-#include "tests/unit/support/pending_error.h"
-#include "tests/unit/support/stand_in.h"
+#include "tests/unit/support/library_test.h"
+
+namespace standin {
 
 // The sets a merge copies onto chords and onto placed entries, and deletes.
 inline constexpr u32 kOntoChord = 0x38F6FFFE;
 inline constexpr u32 kOntoPlaced = 0x38F6FFFF;
 inline constexpr u32 kFromSource = 0x30F6FFFE;
 
-class Details : public testing::Test {
+class Details : public LibraryTest {
 protected:
     static constexpr u16 kSourceLayer = 0;
     static constexpr u16 kTargetLayer = 1;
@@ -29,8 +26,7 @@ protected:
         if (source) {
             SaveBoth();
         }
-        EXPECT_EQ(standin::App().calls.flagsOutOfStep, 0U);
-        EXPECT_EQ(TakePendingError(), "");
+        EXPECT_EQ(App().calls.flagsOutOfStep, 0U);
     }
 
     void Write(std::string_view sourceNotation, std::string_view targetNotation) {
@@ -38,8 +34,8 @@ protected:
         host.Layer(1, 1, kTargetLayer, targetNotation);
     }
 
-    static standin::EntryPlace Source(int index = 0) { return {1, 1, kSourceLayer, index}; }
-    static standin::EntryPlace Target(int index = 0) { return {1, 1, kTargetLayer, index}; }
+    static EntryPlace Source(int index = 0) { return {1, 1, kSourceLayer, index}; }
+    static EntryPlace Target(int index = 0) { return {1, 1, kTargetLayer, index}; }
 
     // The content of a note's detail.
     static std::string OfNote(char noteID, std::string_view content) {
@@ -50,7 +46,7 @@ protected:
     void LoadBoth() {
         source = FinPITGFPtr{host.Staff(1), 1, kSourceLayer};
         target = FinPITGFPtr{host.Staff(1), 1, kTargetLayer};
-        standin::App().ResetCounts();
+        App().ResetCounts();
     }
 
     i16 Copy(u32 kinds, i16 from = 0, i16 to = 0) {
@@ -68,7 +64,8 @@ protected:
         EXPECT_EQ(target.ReloadTGF(), 1);
     }
 
-    standin::StandIn host;
     FinPITGFPtr source;
     FinPITGFPtr target;
 };
+
+}  // namespace standin

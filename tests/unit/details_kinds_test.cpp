@@ -1,141 +1,61 @@
 // What each kind of details does when it is copied and deleted.
-#include <vector>
+#include <utility>
 
-#include "Class Files/score/EntryDetailKinds.h"
-#include "Class Files/score/FinPISmartShapeAssign.h"
-#include "shell/host/detail_flags.h"
 #include "tests/unit/details_fixture.h"
 
+namespace standin {
 namespace {
 
-using standin::App;
-using standin::HostCall;
+constexpr u32 kArticulation = HostTag("edIM");
+constexpr u32 kBeamBreak = HostTag("edsB");
 
-enum class Onto { kAnyEntries, kSameKind };
-
-struct KindCase {
-    const char* name;
-    u32 kinds;
-    u32 tag;
-    Onto onto;
-    u32 noteFlag;  // of note kinds: the flag of notes that have such details
-    bool ofNote;   // the record begins with the note's ID
-
-    // Belongs to what a merge copies onto a chord and deletes from its source.
-    bool IsInMerges() const { return (kOntoChord & kinds) == kinds; }
-};
-
-// Every kind with a record and one tag. What depends on the stem or on a shape has tests of its
-// own.
-std::vector<KindCase> EveryKind() {
-    std::vector<KindCase> cases;
-    const auto addEntryDetail = [&]<typename Kind>(const char* name, u32 kinds, Onto onto) {
-        if constexpr (!std::is_base_of_v<FinPISmartShapeMark, Kind>) {
-            if (Kind::kSecondTag == 0) {
-                cases.push_back({name, kinds, Kind::kTag, onto, 0, false});
-            }
-        }
-    };
-#define FLAG_DETAIL(...)
-#define ENTRY_DETAIL(kind, selector, rule) \
-    addEntryDetail.template operator()<kind>(#kind, selector, Onto::rule);
-#define NOTE_DETAIL(kind, selector) \
-    cases.push_back({#kind, selector, kind::kTag, Onto::kSameKind, kind::kNoteFlags, true});
-#include "Class Files/score/EntryDetailKinds.inc"
-#undef FLAG_DETAIL
-#undef ENTRY_DETAIL
-#undef NOTE_DETAIL
-    return cases;
-}
-
-class Kind : public Details, public testing::WithParamInterface<KindCase> {
-protected:
-    std::string Content() const { return GetParam().ofNote ? OfNote(1, "one") : "one"; }
-
-    void Prepare(std::string_view targetNotation) {
-        Write("q:c4 q:d4", targetNotation);
-        host.Attach(Source(), GetParam().tag, Content());
-        LoadBoth();
-        source.Entries()[0].notes[0].flags |= GetParam().noteFlag;
-        if (target.EntryAt(0).IsNote()) {
-            target.Entries()[0].notes[0].flags |= GetParam().noteFlag;
-        }
-    }
-};
-
-TEST_P(Kind, IsCopiedOntoANoteAndDeleted) {
-    Prepare("q:c4 q:d4");
-    EXPECT_EQ(Copy(GetParam().kinds), 1);
-    EXPECT_EQ(host.Attached(Target(), GetParam().tag), Content());
-    SaveBoth();
-    EXPECT_EQ(Delete(GetParam().kinds), 1);
-    EXPECT_EQ(Delete(GetParam().kinds), 0) << "nothing is left";
-    EXPECT_EQ(host.Attached(Source(), GetParam().tag), "");
-    EXPECT_EQ(host.Attached(Target(), GetParam().tag), Content());
-}
-
-TEST_P(Kind, IsCopiedOntoARestOnlyWhenItSuitsAnyEntry) {
-    Prepare("q:r q:d4");
-    EXPECT_EQ(Copy(GetParam().kinds), 1);
-    EXPECT_EQ(host.Attached(Target(), GetParam().tag),
-              GetParam().onto == Onto::kAnyEntries ? Content() : "");
-}
-
-TEST_P(Kind, IsLeftAloneUnlessSelected) {
-    Prepare("q:c4 q:d4");
-    EXPECT_EQ(Copy(~GetParam().kinds & kOntoPlaced), 1);
-    EXPECT_EQ(Delete(~GetParam().kinds & kFromSource), 0);
-    EXPECT_EQ(host.Attached(Target(), GetParam().tag), "");
-    EXPECT_EQ(host.Attached(Source(), GetParam().tag), Content());
-}
-
-TEST_P(Kind, GoesWithItsMusicInAMerge) {
-    Prepare("q:c4 q:d4");
-    EXPECT_EQ(Copy(kOntoChord), 1);
-    EXPECT_EQ(Delete(kFromSource), GetParam().IsInMerges() ? 1 : 0);
-    EXPECT_EQ(host.Attached(Target(), GetParam().tag), GetParam().IsInMerges() ? Content() : "");
-    EXPECT_EQ(host.Attached(Source(), GetParam().tag), GetParam().IsInMerges() ? "" : Content());
-}
-
-INSTANTIATE_TEST_SUITE_P(Details, Kind, testing::ValuesIn(EveryKind()),
-                         [](const auto& test) { return test.param.name; });
-
-struct FlagCase {
-    const char* name;
-    u32 kinds;
-    u32 flags;
-    u32 ontoNote;  // flags afterwards of a target note with its stem down
-    u32 ontoRest;
-};
-
-const FlagCase kFlagCases[] = {
-    {"PrimaryBeamBreak", DetailKind::kPrimaryBeamBreak, 0x800, 0x800, 0x800},
-    {"FirstFlag", DetailKind::kFlagDetails, 0x10, 0x10, 0},
-    {"SecondFlag", DetailKind::kFlagDetails, 0x08, 0x08, 0},
-    {"FrozenStemUp", DetailKind::kFrozenStem, 0x101, 0x100, 0},
-    {"FrozenStemDown", DetailKind::kFrozenStem, 0x100, 0x100, 0},
-    {"StemUpThatIsNotFrozen", DetailKind::kFrozenStem, 0x001, 0, 0},
-};
-
-class FlagKind : public Details, public testing::WithParamInterface<FlagCase> {};
-
-TEST_P(FlagKind, IsCopiedAndDeletedWithoutARecord) {
-    constexpr u32 kAll = 0x800 | 0x101 | 0x10 | 0x08;
-    Write("q:c4 q:d4", "q:c4 q:r");
+TEST_F(Details, OnlyThoseThatSuitAnyEntryAreCopiedOntoARest) {
+    Write("q:c4", "q:r");
+    host.Attach(Source(), kArticulation, "dot");
+    host.Attach(Source(), kBeamBreak, "break");
     LoadBoth();
-    source.EntryAt(0)->flags |= GetParam().flags;
-    EXPECT_EQ(Copy(GetParam().kinds, 0, 0), 1);
-    EXPECT_EQ(Copy(GetParam().kinds, 0, 0), 1) << "again, onto the same";
-    EXPECT_EQ(Copy(GetParam().kinds, 0, 1), 1);
-    EXPECT_EQ(target.EntryAt(0)->flags & kAll, GetParam().ontoNote);
-    EXPECT_EQ(target.EntryAt(1)->flags & kAll, GetParam().ontoRest);
-    EXPECT_EQ(Delete(GetParam().kinds), GetParam().ontoNote != 0 ? 1 : 0);
-    EXPECT_EQ(source.EntryAt(0)->flags & GetParam().ontoNote, 0U);
-    EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U);
+    EXPECT_EQ(Copy(kOntoPlaced), 1);
+    EXPECT_EQ(host.Attached(Target(), kArticulation), "");
+    EXPECT_EQ(host.Attached(Target(), kBeamBreak), "break");
 }
 
-INSTANTIATE_TEST_SUITE_P(Details, FlagKind, testing::ValuesIn(kFlagCases),
-                         [](const auto& test) { return test.param.name; });
+// The two kinds share a flag, which must tell of the one that stays.
+TEST_F(Details, AreLeftAloneUnlessTheirKindIsSelected) {
+    constexpr u32 kStem = HostTag("edST");
+    constexpr u32 kStub = HostTag("edub");
+    Write("q:c4", "q:c4");
+    host.Attach(Source(), kStem, "stem");
+    host.Attach(Source(), kStub, "stub");
+    LoadBoth();
+    EXPECT_EQ(Copy(kOntoPlaced & ~DetailKind::kStemAlt), 1);
+    EXPECT_EQ(host.Attached(Target(), kStem), "");
+    EXPECT_EQ(host.Attached(Target(), kStub), "stub");
+    EXPECT_EQ(Delete(kFromSource & ~DetailKind::kStemAlt), 1);
+    EXPECT_EQ(host.Attached(Source(), kStem), "stem");
+    EXPECT_EQ(host.Attached(Source(), kStub), "");
+}
+
+TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
+    // The flags afterwards of a target note with its stem down and of a rest.
+    const auto copied = [&](u32 kinds, u32 flags) {
+        constexpr u32 kAll = 0x800 | 0x101 | 0x10 | 0x08;
+        Write("q:c4 q:d4", "q:c4 q:r");
+        LoadBoth();
+        source.EntryAt(0)->flags |= flags;
+        EXPECT_EQ(Copy(kinds, 0, 0) + Copy(kinds, 0, 0) + Copy(kinds, 0, 1), 3);
+        const u32 ontoNote = target.EntryAt(0)->flags & kAll;
+        EXPECT_EQ(Delete(kinds), ontoNote != 0 ? 1 : 0);
+        EXPECT_EQ(source.EntryAt(0)->flags & ontoNote, 0U);
+        EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U);
+        return std::pair<u32, u32>{ontoNote, target.EntryAt(1)->flags & kAll};
+    };
+    using Flags = std::pair<u32, u32>;
+    EXPECT_EQ(copied(DetailKind::kPrimaryBeamBreak, 0x800), (Flags{0x800, 0x800}));
+    EXPECT_EQ(copied(DetailKind::kFlagDetails, 0x10), (Flags{0x10, 0}));
+    EXPECT_EQ(copied(DetailKind::kFlagDetails, 0x08), (Flags{0x08, 0}));
+    EXPECT_EQ(copied(DetailKind::kFrozenStem, 0x101), (Flags{0x100, 0}));
+    EXPECT_EQ(copied(DetailKind::kFrozenStem, 0x001), (Flags{0, 0})) << "it is not frozen";
+}
 
 TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
     Write("q:c4", "q:c4");
@@ -146,23 +66,11 @@ TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
     EXPECT_EQ(App().calls.Total(), 0U);
 }
 
-TEST_F(Details, KindsThatShareAFlagKeepItUntilTheLastIsGone) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), HostTag("edST"), "stem");
-    host.Attach(Source(), HostTag("edub"), "stub");
-    LoadBoth();
-    EXPECT_EQ(Delete(DetailKind::kStemAlt), 1);
-    EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
-    EXPECT_EQ(Delete(DetailKind::kBeamStubDirection), 1);
-    EXPECT_FALSE(source.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
-}
-
 TEST_F(Details, ATupletBringsTheDurationOfItsEntry) {
     Write("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
     LoadBoth();
     EXPECT_EQ(Copy(DetailKind::kTuplet), 1);
     EXPECT_EQ(target.EntryAt(0)->duration, 512);
-    EXPECT_TRUE(target.EntryAt(0).HasFlag(DetailFlag::kTuplet));
 }
 
 TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
@@ -187,11 +95,11 @@ TEST_F(Details, PositioningByHandRaisesTheModeOfTheMeasure) {
     for (const auto& [before, after] : modes) {
         EDTMeasureSpec2014 measure = host.Score().Measure(1);
         measure.positioning = before;
-        host.Score().Records().Save(standin::Tag::kMeasure, standin::RecordKey::Other(1),
-                                    standin::BytesOf(measure));
+        Put(Tag::kMeasure, RecordKey::Other(1), measure);
         EXPECT_EQ(Copy(DetailKind::kEntryField6), 1);
         EXPECT_EQ(host.Score().Measure(1).positioning, after) << before;
     }
 }
 
 }  // namespace
+}  // namespace standin

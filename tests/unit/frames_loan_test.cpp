@@ -1,41 +1,34 @@
-// Loading, saving, reloading and giving back frames; inserting and deleting entries.
-#include <gtest/gtest.h>
-#include <optional>
+// Loading, saving, reloading and giving back frames; inserting and deleting entries; the form in
+// which entries go to the host.
 #include <utility>
+#include <vector>
 
 #include "Class Files/score/FinPIEntryPtr.h"
 #include "Class Files/score/FinPILayer.h"
 #include "Class Files/score/FinPIStaff.h"
-#include "tests/unit/support/pending_error.h"
-#include "tests/unit/support/stand_in.h"
+#include "Class Files/score/NormalizeFrame.h"
+#include "tests/unit/support/library_test.h"
 
+namespace standin {
 namespace {
-
-using standin::App;
-using standin::FaultPlan;
-using standin::HostCall;
 
 constexpr char kNotCurrent[] =
     "29999 short __cdecl FinPITGFPtr::SaveTGF(void) const: Attempted to update a non-current "
     "document";
 
-class Frames : public testing::Test {
+class Frames : public LibraryTest {
 protected:
-    Frames() { host.Layer(1, 1, 0, "q:c4 q:d4 q:e4 e:f4 e:g4"); }
-    ~Frames() override { EXPECT_EQ(TakePendingError(), ""); }
+    Frames() : LibraryTest{2, 3} { host.Layer(1, 1, 0, "q:c4 q:d4 q:e4 e:f4 e:g4"); }
 
     FinPITGFPtr Load(u16 layer = 0) const { return {host.Staff(1), 1, layer}; }
-
-    standin::StandIn host{2, 3};
 };
 
 TEST_F(Frames, ExistOrNotAsTheHostHasThem) {
     EXPECT_TRUE(Load(3)) << "a frame that holds nothing is a frame";
-    EXPECT_EQ(Load(3).Count(), 0);
     EXPECT_FALSE(Load(4)) << "no such layer";
     EXPECT_FALSE((FinPITGFPtr{host.Staff(1), 4, 0})) << "no such measure";
     EXPECT_FALSE((FinPITGFPtr{1, 1, 0})) << "no such staff";
-    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 4U) << "the staff without a slot is not loaded";
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 3U) << "the staff without a slot is not loaded";
 }
 
 TEST_F(Frames, ACopyOfAnOwnerIsAFrameOfItsOwn) {
@@ -43,31 +36,14 @@ TEST_F(Frames, ACopyOfAnOwnerIsAFrameOfItsOwn) {
     const FinPITGFPtr copy{frame};
     EXPECT_NE(copy.Frame(), frame.Frame());
     const FinPIEntryPtr shared = frame.EntryAt(2);
-    const FinPIEntryPtr sharedToo{shared};
-    EXPECT_EQ(sharedToo.Frame(), frame.Frame());
+    EXPECT_EQ(FinPIEntryPtr{shared}.Frame(), frame.Frame());
     const FinPIEntryPtr owner{frame, 2};
     EXPECT_NE(owner.Frame(), frame.Frame());
-    EXPECT_EQ(owner.Number(), shared.Number());
     FinPITGFPtr assigned = Load(1);
     assigned = frame;
     EXPECT_EQ(assigned.Count(), 5);
     const FinPITGFPtr moved{std::move(frame)};
     EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 5U);
-}
-
-TEST_F(Frames, PointersToEntriesAndStepsBetweenThemAskTheHostNothing) {
-    const FinPITGFPtr frame = Load();
-    App().ResetCounts();
-    int steps = 0;
-    for (FinPIEntryPtr entry = frame.EntryAt(0); entry; entry = entry.NextInVoice(true)) {
-        ++steps;
-    }
-    EXPECT_EQ(steps, 5);
-    EXPECT_EQ(frame.FindEntryByNumber(frame.EntryAt(3).Number()), 3);
-    EXPECT_EQ(frame.FindEntryByNumber(4711), -1);
-    EXPECT_FALSE(frame.EntryAt(5));
-    EXPECT_FALSE(frame.EntryAt(-1));
-    EXPECT_EQ(App().calls.Total(), 0U);
 }
 
 TEST_F(Frames, SavingStoresWhatIsHeldAndReloadingShowsWhatIsStored) {
@@ -83,14 +59,16 @@ TEST_F(Frames, SavingStoresWhatIsHeldAndReloadingShowsWhatIsStored) {
 
 TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
     FinPITGFPtr frame = Load();
-    App().faults.refuseKind = {HostCall::kDeleteEXENTRY};
+    Refuse(HostCall::kDeleteEXENTRY);
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 0);
-    EXPECT_EQ(frame.SaveTGF(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 q:e4 e:f4 e:g4") << "a refusal changes nothing";
     App().faults = {};
+    EXPECT_EQ(frame.Count(), 5) << "a refusal changes nothing";
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 1);
     EXPECT_EQ(frame.SaveTGF(), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:g4");
+    const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(2).Number(), 4711};
+    EXPECT_EQ(frame.DeleteEntries(numbers), 1);
+    EXPECT_EQ(host.Layer(1, 1, 0), "e:f4");
 }
 
 TEST_F(Frames, InsertedEntriesWithoutContentAreReducedAway) {
@@ -102,19 +80,11 @@ TEST_F(Frames, InsertedEntriesWithoutContentAreReducedAway) {
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:r q:d4 q:e4 e:f4 e:g4");
 }
 
-TEST_F(Frames, EntriesAreDeletedByNumber) {
-    FinPITGFPtr frame = Load();
-    const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(3).Number(), 4711};
-    EXPECT_EQ(frame.DeleteEntries(numbers), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:d4 q:e4 e:g4");
-}
-
 TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
     FinPITGFPtr frame = Load();
     const u16 other = App().OpenDocument(u"other").Number();
     ASSERT_TRUE(App().SetCurrentDocument(other));
-    EXPECT_EQ(frame.SaveTGF(), 0);
-    EXPECT_EQ(TakePendingError(), kNotCurrent);
+    EXPECT_EQ(ErrorOf(frame.SaveTGF()), kNotCurrent);
     EXPECT_EQ(frame.ReloadTGF(), 1);
     EXPECT_EQ(frame.Duration(), 4096);
     EXPECT_TRUE(frame.NextFrame());
@@ -124,41 +94,37 @@ TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
     App().SetCurrentDocument(host.Score().Number());
 }
 
-const std::pair<HostCall, const char*> kRefusals[] = {
-    {HostCall::kSaveTGF, "29996 FinPITGFPtr::ReloadTGF: aTGF"},
-    {HostCall::kLoadTGF, "29999 FinPITGFPtr::ReloadTGF: Unable to reload."},
-    {HostCall::kGetCurrentEnigmaDocument, kNotCurrent},
-};
-
 TEST_F(Frames, ARefusedReloadIsPostedAndTheFrameStillHeld) {
     FinPITGFPtr frame = Load();
     const EXFRAME* const held = frame.Frame();
-    for (const auto& [refused, error] : kRefusals) {
-        App().faults.refuseKind = FaultPlan::AllOf(refused);
-        EXPECT_EQ(frame.ReloadTGF(), 0);
+    const std::pair<HostCall, const char*> refusals[] = {
+        {HostCall::kSaveTGF, "29996 FinPITGFPtr::ReloadTGF: aTGF"},
+        {HostCall::kLoadTGF, "29999 FinPITGFPtr::ReloadTGF: Unable to reload."},
+        {HostCall::kGetCurrentEnigmaDocument, kNotCurrent},
+    };
+    for (const auto& [refused, error] : refusals) {
+        Refuse(refused);
+        EXPECT_EQ(ErrorOf(frame.ReloadTGF()), error);
         App().faults = {};
-        EXPECT_EQ(TakePendingError(), error);
         EXPECT_EQ(frame.Frame(), held);
     }
 }
 
 TEST_F(Frames, OnlyAnOwnerWithAFrameReloads) {
     FinPITGFPtr none = Load(4);
-    EXPECT_EQ(none.ReloadTGF(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPITGFPtr::ReloadTGF: TGFPtr is not self-destroy.");
+    EXPECT_EQ(ErrorOf(none.ReloadTGF()),
+              "29999 FinPITGFPtr::ReloadTGF: TGFPtr is not self-destroy.");
     const FinPITGFPtr frame = Load();
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadTGF);
+    Refuse(HostCall::kLoadTGF);
     FinPITGFPtr copy{frame};
     App().faults = {};
-    EXPECT_EQ(copy.ReloadTGF(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPITGFPtr::ReloadTGF: TGFPtr is NULL.");
+    EXPECT_EQ(ErrorOf(copy.ReloadTGF()), "29999 FinPITGFPtr::ReloadTGF: TGFPtr is NULL.");
     EXPECT_EQ(FinPITGFPtr{}.SaveTGF(), 0);
 }
 
 TEST_F(Frames, NeighboursAreTheSameLayerInTheNextMeasures) {
     host.Layer(1, 2, 0, "w:a4");
     const FinPITGFPtr next = Load().NextFrame();
-    EXPECT_EQ(next.Measure(), 2);
     EXPECT_EQ(next.EntryAt(0)->duration, 4096);
     EXPECT_EQ(next.NominalMeasureDuration(), 4096);
     EXPECT_EQ(next.PreviousFrame().Count(), 5);
@@ -175,11 +141,69 @@ TEST_F(Frames, KnowTheStavesAtTheirMeasure) {
 TEST_F(Frames, OnlyLayersOfTheHostHavePreferences) {
     EXPECT_NE(FinPILayer{3}.IsLoaded(), 0);
     EXPECT_EQ(FinPILayer{3}.Name(), u"Layer 4");
-    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadEData);
-    EXPECT_EQ(FinPILayer{2}.IsLoaded(), 0);
-    EXPECT_EQ(TakePendingError(), "29998 FinPILayer::FinPILayer: pfLA");
-    EXPECT_EQ(FinPILayer{4}.IsLoaded(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPILayer::FinPILayer: Invalid layer.");
+    Refuse(HostCall::kLoadEData);
+    EXPECT_EQ(ErrorOf(FinPILayer{2}.IsLoaded()), "29998 FinPILayer::FinPILayer: pfLA");
+    EXPECT_EQ(ErrorOf(FinPILayer{4}.IsLoaded()), "29999 FinPILayer::FinPILayer: Invalid layer.");
+}
+
+// A chord with these note IDs, and something in every note slot.
+EXENTRY Chord(const std::vector<u16>& noteIDs) {
+    EXENTRY chord{};
+    chord.flags = EntryFlag::kNote;
+    chord.noteCount = static_cast<i16>(noteIDs.size());
+    for (EXNOTE& note : chord.notes) {
+        note = {0x1234, 7, 0, NoteFlag::kTieStart | NoteFlag::kNoteIDCopy};
+    }
+    for (std::size_t i = 0; i < noteIDs.size(); ++i) {
+        chord.notes[i].noteID = noteIDs[i];
+    }
+    return chord;
+}
+
+void Normalize(EXENTRY& entry) {
+    EXFRAME frame{};
+    frame.entries = &entry;
+    frame.count = 1;
+    NormalizeFrame(frame);
+}
+
+TEST(NormalForm, NoteIDsAreUniqueAndCopiedToTheFlags) {
+    const std::pair<std::vector<u16>, std::vector<u16>> cases[] = {
+        {{5, 2, 9}, {5, 2, 9}},
+        {{1, 0}, {1, 2}},
+        {{3, 3, 0}, {4, 3, 5}},  // of equal IDs the last is kept
+        {{1, 1, 1}, {2, 3, 1}},
+        {{1, 2, 0, 0}, {1, 2, 3, 4}},
+        {std::vector<u16>(12), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
+        {{40}, {40}},  // more than the flags hold
+    };
+    for (const auto& [before, after] : cases) {
+        SCOPED_TRACE(testing::PrintToString(before));
+        EXENTRY chord = Chord(before);
+        Normalize(chord);
+        ASSERT_EQ(chord.noteCount, std::ssize(after));
+        for (std::size_t i = 0; i < kMaxNotesPerEntry; ++i) {
+            const EXNOTE& note = chord.notes[i];
+            const u16 noteID = i < after.size() ? after[i] : u16{0};
+            const u32 flags = NoteFlag::kTieStart | ((noteID & 0x1FU) << 16U);
+            EXPECT_EQ(note.noteID, noteID);
+            EXPECT_EQ(note.pitch, noteID != 0 ? 0x1234 : 0) << "slots past the notes are cleared";
+            EXPECT_EQ(+note.flags, noteID != 0 ? flags : 0);
+        }
+    }
+}
+
+TEST(NormalForm, ARestHasOnePlaceholderHoweverOftenItIsNormalized) {
+    EXENTRY rest = Chord({});
+    rest.flags = EntryFlag::kIgnore;
+    for (int time = 1; time <= 2; ++time) {
+        Normalize(rest);
+        EXPECT_EQ(rest.noteCount, 1);
+        EXPECT_EQ(+rest.flags, EntryFlag::kIgnore | EntryFlag::kNoNotes);
+        EXPECT_EQ(+rest.notes[0].flags, NoteFlag::kRestPlaceholder);
+        EXPECT_EQ(rest.notes[0].noteID, 0);
+    }
 }
 
 }  // namespace
+}  // namespace standin

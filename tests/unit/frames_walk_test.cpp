@@ -1,21 +1,18 @@
 // Steps from entry to entry, and where entries stand.
-#include <gtest/gtest.h>
-#include <string>
 
 #include "Class Files/score/FinPIEntryPtr.h"
 #include "Class Files/score/FinPIScoreExpr.h"
-#include "tests/unit/support/pending_error.h"
-#include "tests/unit/support/stand_in.h"
+#include "tests/unit/support/library_test.h"
 
+namespace standin {
 namespace {
 
-class Walks : public testing::Test {
+class Walks : public LibraryTest {
 protected:
-    Walks() {
+    Walks() : LibraryTest{1, 3} {
         host.Layer(1, 1, 0, kVoices);
         host.Layer(1, 2, 0, "h:c5");
     }
-    ~Walks() override { EXPECT_EQ(TakePendingError(), ""); }
 
     FinPITGFPtr Load(u16 measure = 1) const { return {host.Staff(1), measure, 0}; }
     // Its place, such as "1:3"; "-" for an invalid pointer.
@@ -25,35 +22,25 @@ protected:
 
     //                         0    1       2     3     4    5       6
     const char* kVoices = "q:c4 q:d4 v2{e:a3 e:b3} q:e4 q:f4 v2{q:g3}";
-    standin::StandIn host{1, 3};
-};
-
-struct StepCase {
-    i16 from;
-    const char* next;             // in the frame
-    const char* nextInVoice;      // in the frame
-    const char* nextOverBarline;  // in its voice
-    const char* previousInVoice;
-};
-
-const StepCase kSteps[] = {
-    {0, "1:1", "1:1", "1:1", "-"},    //
-    {1, "1:2", "1:4", "1:4", "1:0"},  // passes over the voice that it launches
-    {2, "1:3", "1:3", "1:3", "-"},    // voice 2 begins here
-    {3, "1:4", "-", "-", "1:2"},      // and ends here
-    {4, "1:5", "1:5", "1:5", "1:1"},  //
-    {5, "1:6", "-", "2:0", "1:4"},    // voice 2 is the last of the frame
-    {6, "-", "-", "-", "-"},          //
 };
 
 TEST_F(Walks, StepsStayInTheirVoice) {
+    // In the frame, in the frame and the voice, in the voice over the barline, and back in it.
+    const char* const steps[] = {
+        "1:1 1:1 1:1 -",    //
+        "1:2 1:4 1:4 1:0",  // passes over the voice that it launches
+        "1:3 1:3 1:3 -",    // voice 2 begins here
+        "1:4 - - 1:2",      // and ends here
+        "1:5 1:5 1:5 1:1",  //
+        "1:6 - 2:0 1:4",    // voice 2 is the last of the frame
+        "- - - -",          //
+    };
     const FinPITGFPtr frame = Load();
-    for (const StepCase& step : kSteps) {
-        const FinPIEntryPtr entry = frame.EntryAt(step.from);
-        EXPECT_EQ(PlaceOf(entry.Next(true)), step.next) << step.from;
-        EXPECT_EQ(PlaceOf(entry.NextInVoice(true)), step.nextInVoice) << step.from;
-        EXPECT_EQ(PlaceOf(entry.NextInVoice(false)), step.nextOverBarline) << step.from;
-        EXPECT_EQ(PlaceOf(entry.PreviousInVoice()), step.previousInVoice) << step.from;
+    for (i16 from = 0; const char* const expected : steps) {
+        const FinPIEntryPtr entry = frame.EntryAt(from++);
+        EXPECT_EQ(PlaceOf(entry.Next(true)) + " " + PlaceOf(entry.NextInVoice(true)) + " " +
+                      PlaceOf(entry.NextInVoice(false)) + " " + PlaceOf(entry.PreviousInVoice()),
+                  expected);
     }
 }
 
@@ -97,55 +84,39 @@ TEST_F(Walks, PositionsAreScaledToTheMeasureAndRounded) {
     EXPECT_EQ(frame.EntryAt(3).ScaledPosition(), 2219);  // 2218.67
 }
 
-// An expression that belongs to an entry, with one thing changed by each case.
-struct AttachCase {
-    const char* name;
-    void (*change)(FinPIScoreExpr&);
-    bool launchTest;
-    bool layerTest;
-    const char* attachedTo;  // indices of the entries
-};
-
-const AttachCase kAttachCases[] = {
-    {"AtItsTime", [](FinPIScoreExpr&) {}, false, false, "2"},
-    {"NoLayerIsEveryLayer", [](FinPIScoreExpr& e) { e.layer = 0; }, false, true, "2"},
-    {"TheOtherBitsAreNoLayer", [](FinPIScoreExpr& e) { e.layer = 0x19; }, false, true, "2"},
-    {"AnotherLayer", [](FinPIScoreExpr& e) { e.layer = 2; }, false, true, ""},
-    {"AnotherLayerWithoutTest", [](FinPIScoreExpr& e) { e.layer = 2; }, false, false, "2"},
-    {"FirstGrace", [](FinPIScoreExpr& e) { e.graceIndex = 1; }, false, false, "0"},
-    {"SecondGrace", [](FinPIScoreExpr& e) { e.graceIndex = 2; }, false, false, "1"},
-    {"StaffList", [](FinPIScoreExpr& e) { e.staffListMarker = 3; }, false, false, ""},
-    {"AnotherStaff", [](FinPIScoreExpr& e) { e.staff = 99; }, false, false, ""},
-    {"NoStaff", [](FinPIScoreExpr& e) { e.staff = -7; }, false, false, ""},
-    {"BelongsToTheMeasure", [](FinPIScoreExpr& e) { e.belongsToEntry = 0; }, false, false, ""},
-    {"BothVoicesAtOnce", [](FinPIScoreExpr& e) { e.positionLow = 1024; }, false, false, "3 4"},
-    {"NotOnTheLauncher", [](FinPIScoreExpr& e) { e.positionLow = 1024; }, true, false, "4"},
-    {"BetweenEntries", [](FinPIScoreExpr& e) { e.positionLow = 600; }, false, false, ""},
-    {"HighHalf", [](FinPIScoreExpr& e) { e.positionHigh = 1; }, false, false, ""},
-    {"WithoutPositionAtTheStart",
-     [](FinPIScoreExpr& e) {
-         e.positionLow = 1024;
-         e.hasPosition = 0;
-     },
-     false, false, "2"},
-};
-
 TEST_F(Walks, AnExpressionHangsOnTheEntryAtItsTimeInItsLayer) {
     host.Layer(1, 1, 0, "ge:d4 gs:e4 q:c4 q:d4 v2{h:a3} q:e4");
     const u16 number = host.Expression(1, 1, 0, 0);
     const FinPITGFPtr frame = Load();
-    for (const AttachCase& c : kAttachCases) {
+    // The indices of the entries with an expression of an entry in which one thing is changed.
+    const auto on = [&](auto change, bool launchTest, bool layerTest) {
         FinPIScoreExpr expression{1, number};
-        ASSERT_NE(expression.Load(), 0);
-        c.change(expression);
-        std::string attachedTo;
+        EXPECT_NE(expression.Load(), 0);
+        change(expression);
+        std::string entries;
         for (i16 i = 0; i < frame.Count(); ++i) {
-            if (frame.EntryAt(i).IsExpressionAttached(expression, c.launchTest, c.layerTest) != 0) {
-                attachedTo += (attachedTo.empty() ? "" : " ") + std::to_string(i);
+            if (frame.EntryAt(i).IsExpressionAttached(expression, launchTest, layerTest) != 0) {
+                entries += std::to_string(i);
             }
         }
-        EXPECT_EQ(attachedTo, c.attachedTo) << c.name;
-    }
+        return entries;
+    };
+    EXPECT_EQ(on([](auto&) {}, false, false), "2");
+    EXPECT_EQ(on([](auto& e) { e.layer = 0; }, false, true), "2") << "every layer";
+    EXPECT_EQ(on([](auto& e) { e.layer = 0x19; }, false, true), "2") << "its other bits";
+    EXPECT_EQ(on([](auto& e) { e.layer = 2; }, false, true), "");
+    EXPECT_EQ(on([](auto& e) { e.layer = 2; }, false, false), "2");
+    EXPECT_EQ(on([](auto& e) { e.graceIndex = 1; }, false, false), "0");
+    EXPECT_EQ(on([](auto& e) { e.graceIndex = 2; }, false, false), "1");
+    EXPECT_EQ(on([](auto& e) { e.staffListMarker = 3; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.staff = 99; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.staff = -7; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.belongsToEntry = 0; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.positionLow = 1024; }, false, false), "34") << "both voices";
+    EXPECT_EQ(on([](auto& e) { e.positionLow = 1024; }, true, false), "4") << "no launcher";
+    EXPECT_EQ(on([](auto& e) { e.positionHigh = 1; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.positionLow = 600; }, false, false), "");
+    EXPECT_EQ(on([](auto& e) { e.hasPosition = 0, e.positionLow = 600; }, false, false), "2");
 }
 
 TEST_F(Walks, AnExpressionHangsOnTheFirstOfSeveralEntries) {
@@ -156,10 +127,11 @@ TEST_F(Walks, AnExpressionHangsOnTheFirstOfSeveralEntries) {
     for (EXENTRY& entry : frame.Entries()) {
         entry.elapsedTime = 0;
     }
-    EXPECT_EQ(frame.EntryAt(0).IsExpressionAttached(expression, false, false), 1);
-    EXPECT_EQ(frame.EntryAt(1).IsExpressionAttached(expression, false, false), 0);
-    EXPECT_EQ(frame.EntryAt(2).IsExpressionAttached(expression, false, false), 0);
+    for (const i16 index : {i16{0}, i16{1}, i16{2}}) {
+        EXPECT_EQ(frame.EntryAt(index).IsExpressionAttached(expression, false, false), index == 0);
+    }
     EXPECT_EQ(FinPIEntryPtr{}.IsExpressionAttached(expression, false, false), 0);
 }
 
 }  // namespace
+}  // namespace standin

@@ -8,73 +8,17 @@ namespace {
 
 constexpr u32 kArticulation = HostTag("edIM");
 
-TEST(HostFrames, EveryLayerOfEveryStaffAndMeasureExists) {
-    StandIn host{2, 3};
-    host.Layer(2, 3, 3, "q:c4");
-    const Loan full{host.Key(2, 3, 3)};
-    ASSERT_TRUE(full);
-    EXPECT_EQ(full->slot, 2);
-    EXPECT_EQ(full->staff, host.Staff(2));
-    EXPECT_EQ(full->measure, 3);
-    EXPECT_EQ(full->layer, 3);
-    EXPECT_EQ(full->count, 1);
-    const Loan empty{host.Key(1, 1, 0)};
-    ASSERT_TRUE(empty);
-    EXPECT_EQ(empty->count, 0);
-    struct Missing {
-        i16 slot, measure;
-        u16 layer;
-    };
-    for (const auto [slot, measure, layer] :
-         {Missing{0, 1, 0}, {3, 1, 0}, {-1, 1, 0}, {1, 0, 0}, {1, 4, 0}, {1, -1, 0}, {1, 1, 4}}) {
-        EXPECT_EQ(FX_LoadTGF(0, slot, measure, layer, 1, kInterfaceVersion), nullptr);
-    }
-}
-
-TEST(HostFrames, SavedRestsLoadWithoutTheirPlaceholder) {
-    StandIn host;
-    host.Layer(1, 1, 0, "q:c4 q:d4");
-    {
-        const Loan loan{host.Key(1, 1, 0)};
-        EXENTRY& rest = loan[0];
-        rest.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes;
-        rest.notes[0] = {};
-        rest.notes[0].flags = NoteFlag::kRestPlaceholder;
-        ASSERT_EQ(loan.Save(), 1);
-        EXPECT_EQ(loan[0].noteCount, 1) << "the frame on loan stays as it is";
-    }
-    const Loan again{host.Key(1, 1, 0)};
-    EXPECT_EQ(again[0].noteCount, 0);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:r q:d4");
-}
-
-TEST(HostFrames, LoansAreCopiesAndTheLastSaveWins) {
-    StandIn host;
-    host.Layer(1, 1, 0, "q:c4 q:d4 h:e4");
-    const Loan first{host.Key(1, 1, 0)};
-    const Loan second{host.Key(1, 1, 0)};
-    ASSERT_EQ(first.Delete(0, 1), 1);
-    EXPECT_EQ(second->count, 3);
-    ASSERT_EQ(first.Save(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:d4 h:e4");
-    ASSERT_EQ(second.Save(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 h:e4");
-}
-
 TEST(HostFrames, InsertedEntriesAreZeroedAndNumbersNeverComeBack) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");
     const u32 last = host.EntryNumber({1, 1, 0, 1});
     const Loan loan{host.Key(1, 1, 0)};
     ASSERT_EQ(loan.Insert(1, 2), 1);
-    ASSERT_EQ(loan->count, 4);
     EXPECT_EQ(u32{loan[3].entryNumber}, last);
-    EXPECT_EQ(loan[1].duration, 0);
-    EXPECT_EQ(loan[1].noteCount, 0);
+    EXPECT_EQ(loan[1].duration + loan[1].noteCount, 0);
     const u32 fresh = loan[2].entryNumber;
     EXPECT_GT(fresh, last);
-    ASSERT_EQ(loan.Delete(1, 2), 1);
-    ASSERT_EQ(loan.Insert(2, 1), 1);
+    ASSERT_EQ(loan.Delete(1, 2) + loan.Insert(2, 1), 2);
     EXPECT_GT(u32{loan[2].entryNumber}, fresh);
     EXPECT_EQ(FX_ReduceEntries(loan.Get(), kInterfaceVersion), 1);
     EXPECT_EQ(loan->count, 2) << "an entry without notes and duration is dropped";
@@ -85,8 +29,6 @@ TEST(HostFrames, DurationIsThatOfVoiceOne) {
     host.Layer(1, 1, 0, "q:c5 v2{e:a4 e:b4} ge:c5 q.:d5");
     const Loan loan{host.Key(1, 1, 0)};
     EXPECT_EQ(FX_GetTGFDuration(loan.Get(), kInterfaceVersion), 2560);
-    const Loan empty{host.Key(1, 1, 1)};
-    EXPECT_EQ(FX_GetTGFDuration(empty.Get(), kInterfaceVersion), 0);
 }
 
 TEST(HostFrames, DetailsGoWithTheirEntryAndFlagsFollowTheDetails) {
@@ -111,54 +53,44 @@ TEST(HostFrames, DetailsGoWithTheirEntryAndFlagsFollowTheDetails) {
         << "the shape itself stays";
 }
 
-struct GarbageCase {
-    const char* name;
-    void (*spoil)(EXENTRY* entries);
-};
-
-class FrameGarbage : public ::testing::TestWithParam<GarbageCase> {};
-
-TEST_P(FrameGarbage, IsRefusedAndNothingChanges) {
-    StandIn host;
-    host.Layer(1, 1, 0, "q:c4,e4 q:d4 h:r");
-    host.Layer(1, 1, 1, "q:c4");
-    const auto before = host.Score().Content();
-    const Loan loan{host.Key(1, 1, 0)};
-    ASSERT_EQ(loan.Save(), 1);
-    GetParam().spoil(loan->entries);
-    EXPECT_EQ(loan.Save(), 0);
-    EXPECT_EQ(App().calls.refusedByRule, 1U);
-    EXPECT_EQ(host.Score().Content(), before);
+TEST(HostFrames, GarbageIsNotSaved) {
+    const std::pair<const char*, void (*)(EXENTRY*)> cases[] = {
+        {"TooManyNotes", [](EXENTRY* e) { e[0].noteCount = 13; }},
+        {"NegativeNoteCount", [](EXENTRY* e) { e[0].noteCount = -1; }},
+        {"NegativeDuration", [](EXENTRY* e) { e[0].duration = -1; }},
+        {"NoteWithoutDuration", [](EXENTRY* e) { e[0].duration = 0; }},
+        {"NoteIDZero", [](EXENTRY* e) { e[0].notes[1].noteID = 0; }},
+        {"NoteIDTwice", [](EXENTRY* e) { e[0].notes[1] = e[0].notes[0]; }},
+        {"NoteIDCopyWrong", [](EXENTRY* e) { e[0].notes[1].noteID = 9; }},
+        {"RestWithNotes", [](EXENTRY* e) { e[0].flags &= ~EntryFlag::kNote; }},
+        {"NoteFlagOnARest", [](EXENTRY* e) { e[2].flags |= EntryFlag::kNote; }},
+        {"Voice2WithoutLauncher", [](EXENTRY* e) { e[1].flags |= EntryFlag::kVoice2; }},
+        {"EntryTwice", [](EXENTRY* e) { e[1].entryNumber = e[0].entryNumber; }},
+        {"EntryOfAnotherFrame", [](EXENTRY* e) { e[1].entryNumber = 4; }},
+        {"EntryNeverIssued", [](EXENTRY* e) { e[1].entryNumber = 4711; }},
+        {"EntryNumberZero", [](EXENTRY* e) { e[1].entryNumber = 0; }},
+    };
+    for (const auto& [name, spoil] : cases) {
+        SCOPED_TRACE(name);
+        StandIn host;
+        host.Layer(1, 1, 0, "q:c4,e4 q:d4 h:r");
+        host.Layer(1, 1, 1, "q:c4");
+        const auto before = host.Score().Content();
+        const Loan loan{host.Key(1, 1, 0)};
+        ASSERT_EQ(loan.Save(), 1);
+        spoil(loan->entries);
+        EXPECT_EQ(loan.Save(), 0);
+        EXPECT_EQ(host.Score().Content(), before);
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Host, FrameGarbage,
-    ::testing::Values(
-        GarbageCase{"TooManyNotes", [](EXENTRY* e) { e[0].noteCount = 13; }},
-        GarbageCase{"NegativeNoteCount", [](EXENTRY* e) { e[0].noteCount = -1; }},
-        GarbageCase{"NegativeDuration", [](EXENTRY* e) { e[0].duration = -1; }},
-        GarbageCase{"NoteWithoutDuration", [](EXENTRY* e) { e[0].duration = 0; }},
-        GarbageCase{"NoteIDZero", [](EXENTRY* e) { e[0].notes[1].noteID = 0; }},
-        GarbageCase{"NoteIDTwice", [](EXENTRY* e) { e[0].notes[1] = e[0].notes[0]; }},
-        GarbageCase{"NoteIDCopyWrong", [](EXENTRY* e) { e[0].notes[1].noteID = 9; }},
-        GarbageCase{"RestWithNotes", [](EXENTRY* e) { e[0].flags &= ~EntryFlag::kNote; }},
-        GarbageCase{"NoteFlagOnARest", [](EXENTRY* e) { e[2].flags |= EntryFlag::kNote; }},
-        GarbageCase{"Voice2WithoutLauncher", [](EXENTRY* e) { e[1].flags |= EntryFlag::kVoice2; }},
-        GarbageCase{"EntryTwice", [](EXENTRY* e) { e[1].entryNumber = e[0].entryNumber; }},
-        GarbageCase{"EntryOfAnotherFrame", [](EXENTRY* e) { e[1].entryNumber = 4; }},
-        GarbageCase{"EntryNeverIssued", [](EXENTRY* e) { e[1].entryNumber = 4711; }},
-        GarbageCase{"EntryNumberZero", [](EXENTRY* e) { e[1].entryNumber = 0; }}),
-    [](const auto& test) { return test.param.name; });
 
 TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");
     Document& other = App().OpenDocument(u"other");
     Loan loan{host.Key(1, 1, 0)};
-    EXPECT_EQ(loan.Insert(3, 1), 0);
-    EXPECT_EQ(loan.Insert(0, 0), 0);
-    EXPECT_EQ(loan.Delete(1, 2), 0);
-    EXPECT_EQ(loan.Delete(-1, 1), 0);
+    EXPECT_EQ(loan.Insert(3, 1) + loan.Insert(0, 0), 0);
+    EXPECT_EQ(loan.Delete(1, 2) + loan.Delete(-1, 1), 0);
     App().SetCurrentDocument(other.Number());
     EXPECT_EQ(loan.Save(), 0) << "its document is not current";
     App().SetCurrentDocument(host.Score().Number());
@@ -169,7 +101,6 @@ TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
     EXPECT_EQ(loan.Save(), 0) << "a frame does not change its place";
     loan->layer = 0;
     EXPECT_EQ(FX_SaveTGF(loan.Get(), kInterfaceVersion - 1), 0) << "not the interface's version";
-    EXPECT_EQ(loan.Save(), 1);
 
     EXFRAME* const stale = loan.Get();
     loan.Return();
@@ -178,7 +109,6 @@ TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
     EXPECT_EQ(FX_SaveTGF(&strange, kInterfaceVersion), 0);
     EXPECT_EQ(App().calls.strangeFrames, 2U);
     App().calls.strangeFrames = 0;  // they were meant
-    EXPECT_EQ(App().calls.framesLent, App().calls.framesReturned);
 }
 
 #if !defined(_WIN32)
@@ -199,31 +129,30 @@ TEST(HostFramesDeathTest, GuardedFramesEndTheProgramAtAStrayAccess) {
 
 TEST(HostMetrics, TellStemsPagesAndWhatIsHidden) {
     StandIn host{1, 2};
-    host.Layer(1, 1, 0, "q:c5! q:r w:c4 q:c5 q:a4");
+    host.Layer(1, 1, 0, "q:c5! q:r w:c4 q:d4,c6 q:a4");
     host.Layer(1, 2, 1, "q:c5 q:c5");
     std::vector<EXENTRY> fixed = host.Score().FindFrame(host.Key(1, 2, 1))->entries;
     fixed[1].flags |= HostEntryFlag::kFixedStem | HostEntryFlag::kStemUp;
     host.Score().PutFrame(host.Key(1, 2, 1), fixed);
     host.Layer(1, 2, 0, "q:c5");
     host.Score().SetPageOfMeasure(2, 0);
-    const auto stem = [](const Loan& loan, i16 index) {
-        ENTRYMETRICS metrics{};
-        return FX_GetEntryMetrics(loan.Get(), index, &metrics, kInterfaceVersion) == 0
-                   ? 99
-                   : metrics.stemDirection * 10 + metrics.pageNumber;
+    // The stem's direction, 1 or -1, and the page.
+    const auto metrics = [&](u16 measure, u16 layer, i16 index) {
+        const Loan loan{host.Key(1, measure, layer)};
+        ENTRYMETRICS answer{};
+        return FX_GetEntryMetrics(loan.Get(), index, &answer, kInterfaceVersion) == 0
+                   ? "none"
+                   : std::to_string(answer.stemDirection) + " " + std::to_string(answer.pageNumber);
     };
-    const Loan alone{host.Key(1, 1, 0)};
-    const Loan second{host.Key(1, 2, 1)};
-    const Loan first{host.Key(1, 2, 0)};
-    EXPECT_EQ(stem(alone, 0), 99);  // hidden: no metrics
-    EXPECT_EQ(stem(alone, 1), 1);   // a rest
-    EXPECT_EQ(stem(alone, 2), 1);   // a whole note
-    EXPECT_EQ(stem(alone, 3), -9);  // above the middle line, page 1
-    EXPECT_EQ(stem(alone, 4), 11);
-    EXPECT_EQ(stem(alone, 5), 99);
-    EXPECT_EQ(stem(second, 0), -10);  // the lower of two layers, on no page
-    EXPECT_EQ(stem(second, 1), 10);   // its stem is set by hand
-    EXPECT_EQ(stem(first, 0), 10);    // the upper of two layers
+    EXPECT_EQ(metrics(1, 0, 0), "none") << "a hidden note";
+    EXPECT_EQ(metrics(1, 0, 1), "0 1") << "a rest";
+    EXPECT_EQ(metrics(1, 0, 2), "0 1") << "a whole note";
+    EXPECT_EQ(metrics(1, 0, 3), "-1 1") << "as a whole above the middle line";
+    EXPECT_EQ(metrics(1, 0, 4), "1 1") << "below it";
+    EXPECT_EQ(metrics(1, 0, 5), "none");
+    EXPECT_EQ(metrics(2, 1, 0), "-1 0") << "the lower of two layers, on no page";
+    EXPECT_EQ(metrics(2, 1, 1), "1 0") << "a stem that is set by hand";
+    EXPECT_EQ(metrics(2, 0, 0), "1 0") << "the upper of two layers";
 }
 
 }  // namespace

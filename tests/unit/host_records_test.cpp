@@ -31,121 +31,35 @@ std::string ItemContents(u32 tag, Words first) {
     }
 }
 
-struct NumberingCase {
-    const char* name;
-    char operation;  // create, save or delete
-    u16 inci;
-    i16 result;
-    u16 inciUsed;
-    const char* afterwards;
-};
-
-class RecordNumbers : public ::testing::TestWithParam<NumberingCase> {};
-
-TEST_P(RecordNumbers, MoveWithTheirItem) {
-    const NumberingCase& c = GetParam();
-    StandIn host;
-    for (u16 item = 4; item <= 6; ++item) {
-        for (const char content : {'a', 'b', 'c'}) {
-            Words key{item, kAppend};
-            ASSERT_EQ(Create(kKeyFormat, key, content), 1);
+TEST(HostRecords, NumbersMoveWithTheirItem) {
+    // Creates, saves or deletes: the result, the record number used and what the item has then.
+    const auto done = [](char operation, u16 inci) {
+        StandIn host;
+        for (const u16 item : {u16{4}, u16{5}, u16{6}}) {
+            for (const char content : {'a', 'b', 'c'}) {
+                Words key{item, kAppend};
+                EXPECT_EQ(Create(kKeyFormat, key, content), 1);
+            }
         }
-    }
-    Words key{5, c.inci};
-    const Bytes data(12, 'x');
-    i16 result = 0;
-    if (c.operation == 'c') {
-        result = Create(kKeyFormat, key, 'x');
-    } else if (c.operation == 's') {
-        result = FX_SaveEData(kKeyFormat, key.data(), data.data(), 12, kInterfaceVersion);
-    } else {
-        result = FX_DeleteEData(kKeyFormat, key.data(), kInterfaceVersion);
-    }
-    EXPECT_EQ(result, c.result);
-    EXPECT_EQ(key[1], c.inciUsed);
-    EXPECT_EQ(ItemContents(kKeyFormat, {5}), c.afterwards);
-    EXPECT_EQ(ItemContents(kKeyFormat, {4}), "abc");
-    EXPECT_EQ(ItemContents(kKeyFormat, {6}), "abc");
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Host, RecordNumbers,
-    ::testing::Values(NumberingCase{"CreateAppends", 'c', kAppend, 1, 3, "abcx"},
-                      NumberingCase{"CreateBeyondTheLastAppends", 'c', 9, 1, 3, "abcx"},
-                      NumberingCase{"CreateInserts", 'c', 1, 1, 1, "axbc"},
-                      NumberingCase{"SaveReplaces", 's', 1, 1, 1, "axc"},
-                      NumberingCase{"SaveOfNoneFails", 's', 3, 0, 3, "abc"},
-                      NumberingCase{"SaveWithoutNumberAppends", 's', kAppend, 1, 3, "abcx"},
-                      NumberingCase{"DeleteMovesTheLaterDown", 'd', 0, 1, 0, "bc"},
-                      NumberingCase{"DeleteOfNoneFails", 'd', 3, 0, 3, "abc"}),
-    [](const auto& test) { return test.param.name; });
-
-TEST(HostRecords, WalkInTheOrderOfTheirKeys) {
-    StandIn host;
-    const u32 detail = HostTag("SDFL");
-    constexpr std::array<Words, 4> kOrdered = {Words{1, 2, 0}, {1, 2, 1}, {1, 300, 0}, {2, 1, 0}};
-    for (const int i : {3, 0, 2, 1}) {
-        Words key = kOrdered[static_cast<std::size_t>(i)];
-        ASSERT_EQ(Create(detail, key, 'd'), 1);
-    }
-    Bytes data(12, '\0');
-    u32 size = 12;
-    Words key{};
-    for (const Words& expected : kOrdered) {
-        ASSERT_EQ(FX_NextEData(detail, key.data(), data.data(), &size, kInterfaceVersion), 1);
-        EXPECT_EQ(key, expected);
-    }
-    EXPECT_EQ(FX_NextEData(detail, key.data(), data.data(), &size, kInterfaceVersion), 0);
-    EXPECT_EQ(key, kOrdered[3]) << "a step that finds nothing leaves the key";
-    key = {2, 0, 0};
-    ASSERT_EQ(FX_PreviousEData(detail, key.data(), data.data(), &size, kInterfaceVersion), 1);
-    EXPECT_EQ(key, kOrdered[2]);
-}
-
-TEST(HostRecords, LoadCutsAndLeavesTheRestOfTheBuffer) {
-    StandIn host;
-    Words key{1, kAppend};
-    ASSERT_EQ(Create(kKeyFormat, key, 'x'), 1);
-    Bytes data(16, '-');
-    u32 size = 4;
-    ASSERT_EQ(FX_LoadEData(kKeyFormat, key.data(), data.data(), &size, kInterfaceVersion), 1);
-    EXPECT_EQ(data, "xxxx------------");
-    EXPECT_EQ(size, 12U);
-    size = 16;
-    ASSERT_EQ(FX_LoadEData(kKeyFormat, key.data(), data.data(), &size, kInterfaceVersion), 1);
-    EXPECT_EQ(data, "xxxxxxxxxxxx----");
-}
-
-TEST(HostRecords, PreferencesAreSavedButNeverCreatedOrDeleted) {
-    StandIn host;
-    const u32 tag = HostTag("pfgp");
-    Words key{0};
-    const Bytes data(76, 'p');
-    EXPECT_EQ(FX_CreateEData(tag, key.data(), data.data(), 76, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_SaveEData(tag, key.data(), data.data(), 76, kInterfaceVersion), 1);
-    EXPECT_EQ(FX_DeleteEData(tag, key.data(), kInterfaceVersion), 0);
-    Bytes loaded(76, '\0');
-    u32 size = 76;
-    EXPECT_EQ(FX_LoadEData(tag, key.data(), loaded.data(), &size, kInterfaceVersion), 1);
-    EXPECT_EQ(loaded, data);
-}
-
-TEST(HostRecords, StaffAtAMeasureIsTheStaffThatHoldsThere) {
-    StandIn host{2, 3};
-    EDTStaffSpec2014 staff{};
-    staff.flags = 0x1234;
-    ASSERT_TRUE(
-        host.Score().Records().Save(Tag::kStaff, RecordKey::Other(host.Staff(2)), BytesOf(staff)));
-    EDTStaffSpec2014 loaded{};
-    const auto load = [&](u16 staffNumber, u16 measure) {
-        const std::array<u16, 4> key{staffNumber, measure, 512, 0};
-        u32 size = sizeof(loaded);
-        return FX_LoadEData(Tag::kStaffAt, key.data(), &loaded, &size, 0x12000000);
+        Words key{5, inci};
+        const Bytes data(12, 'x');
+        const i16 result =
+            operation == 'c' ? Create(kKeyFormat, key, 'x')
+            : operation == 's'
+                ? FX_SaveEData(kKeyFormat, key.data(), data.data(), 12, kInterfaceVersion)
+                : FX_DeleteEData(kKeyFormat, key.data(), kInterfaceVersion);
+        EXPECT_EQ(ItemContents(kKeyFormat, {4}) + ItemContents(kKeyFormat, {6}), "abcabc");
+        return std::to_string(result) + " " + std::to_string(key[1]) + " " +
+               ItemContents(kKeyFormat, {5});
     };
-    EXPECT_EQ(load(host.Staff(2), 3), 1);
-    EXPECT_EQ(loaded.flags, 0x1234);
-    EXPECT_EQ(load(host.Staff(2), 4), 0);
-    EXPECT_EQ(load(99, 1), 0);
+    EXPECT_EQ(done('c', kAppend), "1 3 abcx");
+    EXPECT_EQ(done('c', 9), "1 3 abcx");
+    EXPECT_EQ(done('c', 1), "1 1 axbc");
+    EXPECT_EQ(done('s', 1), "1 1 axc");
+    EXPECT_EQ(done('s', 3), "0 3 abc");
+    EXPECT_EQ(done('s', kAppend), "1 3 abcx");
+    EXPECT_EQ(done('d', 0), "1 0 bc");
+    EXPECT_EQ(done('d', 3), "0 3 abc");
 }
 
 TEST(HostRecords, EntryDetailsNeedTheirEntryAndTheirSizeAndSetItsFlag) {
@@ -170,16 +84,18 @@ TEST(HostRecords, RefuseWhatIsNoRecordCall) {
     StandIn host;
     Words key{1, 0};
     Bytes data(12, '\0');
-    u32 size = 12;
-    EXPECT_EQ(FX_LoadEData(0, key.data(), data.data(), &size, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_LoadEData(kKeyFormat, nullptr, data.data(), &size, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_LoadEData(Tag::kMeasure, key.data(), nullptr, &size, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_LoadEData(Tag::kMeasure, key.data(), data.data(), &size, 0), 0);
-    EXPECT_EQ(FX_LoadEData(Tag::kMeasure, key.data(), data.data(), &size, 0x1B400001), 0);
+    const auto load = [&](u32 tag, const u16* words, char* bytes, u32 version) {
+        u32 size = 12;
+        return FX_LoadEData(tag, words, bytes, &size, version);
+    };
+    EXPECT_EQ(load(0, key.data(), data.data(), kInterfaceVersion), 0);
+    EXPECT_EQ(load(Tag::kMeasure, nullptr, data.data(), kInterfaceVersion), 0);
+    EXPECT_EQ(load(Tag::kMeasure, key.data(), nullptr, kInterfaceVersion), 0);
+    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0), 0);
+    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0x1B400001), 0);
     EXPECT_EQ(App().calls.refusedByRule, 5U);
-    EXPECT_EQ(FX_LoadEData(Tag::kMeasure, key.data(), data.data(), &size, 0x09000000), 1);
-    EXPECT_EQ(FX_CreateEData(Tag::kMeasure, key.data(), data.data(), 12, kInterfaceVersion), 0)
-        << "measure 1 exists, and a measure has one record";
+    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0x09000000), 1);
+    EXPECT_EQ(Create(Tag::kMeasure, key, 'x'), 0) << "a measure has one record";
 }
 
 }  // namespace

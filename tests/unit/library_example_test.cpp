@@ -24,10 +24,9 @@ TEST(LibraryExample, LeavesABookmarkInEachSelectedMeasure) {
     for (bookmark.Rewind(); bookmark.LoadNext() != 0;) {
         bookmarks.emplace_back(bookmark.GetCmper1(), bookmark.measure);
     }
-    const u16 first = host.Staff(1);
-    const u16 second = host.Staff(2);
-    EXPECT_EQ(bookmarks,
-              (std::vector<std::pair<u16, i16>>{{first, 2}, {first, 3}, {second, 2}, {second, 3}}));
+    const std::vector<std::pair<u16, i16>> expected{
+        {host.Staff(1), 2}, {host.Staff(1), 3}, {host.Staff(2), 2}, {host.Staff(2), 3}};
+    EXPECT_EQ(bookmarks, expected);
     EXPECT_EQ(host.Score().UndoTexts().size(), 1U) << "one undoable edit";
     EXPECT_TRUE(host.Score().Undo());
     EXPECT_TRUE(host.Score().Records().OfTag(HostTag("otBk")).empty());

@@ -1,42 +1,26 @@
 // Staves with the records that depend on them, and the clefs in effect.
-#include <gtest/gtest.h>
-#include <string>
+#include <tuple>
 
 #include "Class Files/score/FinPIStaff.h"
-#include "tests/unit/support/pending_error.h"
-#include "tests/unit/support/stand_in.h"
+#include "tests/unit/support/library_test.h"
 
+namespace standin {
 namespace {
 
-using standin::App;
-using standin::BytesOf;
-using standin::HostCall;
-using standin::RecordKey;
-
-class Staves : public testing::Test {
+class Staves : public LibraryTest {
 protected:
-    ~Staves() override { EXPECT_EQ(TakePendingError(), ""); }
+    Staves() : LibraryTest{2, 3} {}
 
     u16 Number() const { return host.Staff(1); }
-    EDTStaffSpec2014 Stored() {
-        const standin::Bytes* bytes =
-            host.Score().Records().Find(HostTag("SOIS"), RecordKey::Other(Number()));
-        return bytes == nullptr ? EDTStaffSpec2014{} : standin::FromBytes<EDTStaffSpec2014>(*bytes);
+    EDTStaffSpec2014 StoredStaff() {
+        const Bytes* bytes = Stored(HostTag("SOIS"), RecordKey::Other(Number()));
+        return bytes == nullptr ? EDTStaffSpec2014{} : FromBytes<EDTStaffSpec2014>(*bytes);
     }
     std::size_t Count(u32 tag) { return host.Score().Records().OfTag(tag).size(); }
-    void AddClef(u16 measure, EDTClefExtra clef) {
-        host.Score().Records().Create(HostTag("otCE"), RecordKey::Other(measure, 0xFFFF),
-                                      BytesOf(clef));
-    }
-
-    standin::StandIn host{2, 3};
 };
 
 TEST_F(Staves, AStaffAtAMeasureIsReadOnly) {
     FinPIStaff staff(Number(), 2, 0x12345);
-    EXPECT_EQ(staff.Tag(), HostTag("SOSC"));
-    EXPECT_FALSE(staff.IsRealStaff());
-    EXPECT_EQ(staff.IsLoaded(), 1);
     EnigmaKey key{};
     EXPECT_EQ(staff.GetKey(key), 8);
     EXPECT_EQ(key, (EnigmaKey{Number(), 2, 0x2345, 1}));
@@ -44,15 +28,9 @@ TEST_F(Staves, AStaffAtAMeasureIsReadOnly) {
     staff.GetKey(key);
     EXPECT_EQ(key, (EnigmaKey{Number(), 3, 7, 2}));
 
-    App().ResetCounts();
-    EXPECT_EQ(staff.Commit(), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPIStaff::Commit: Cannot modify a virtual staff.");
-    EXPECT_EQ(App().calls.Total(), 0U);
-
-    EXPECT_EQ(FinPIStaff(99).IsLoaded(), 0);
-    EXPECT_EQ(TakePendingError(), "29998 FinPIStaff::FinPIStaff: SOIS");
-    EXPECT_EQ(FinPIStaff(99, 1).IsLoaded(), 0);
-    EXPECT_EQ(TakePendingError(), "29998 FinPIStaff::FinPIStaff: SOSC");
+    EXPECT_EQ(ErrorOf(staff.Commit()), "29999 FinPIStaff::Commit: Cannot modify a virtual staff.");
+    EXPECT_EQ(ErrorOf(FinPIStaff(99).IsLoaded()), "29998 FinPIStaff::FinPIStaff: SOIS");
+    EXPECT_EQ(ErrorOf(FinPIStaff(99, 1).IsLoaded()), "29998 FinPIStaff::FinPIStaff: SOSC");
 }
 
 TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
@@ -67,9 +45,9 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     staff.SetCommitShapeNotes(true);
     ASSERT_EQ(staff.Commit(), 1);
 
-    EXPECT_EQ(Stored().fretInstrument, 3);
-    EXPECT_NE(Stored().fullNameText, 0);
-    EXPECT_EQ(Stored().abbreviatedNameText, 0) << "a text without data";
+    EXPECT_EQ(StoredStaff().fretInstrument, 3);
+    EXPECT_NE(StoredStaff().fullNameText, 0);
+    EXPECT_EQ(StoredStaff().abbreviatedNameText, 0) << "a text without data";
     FinPIStaff read(Number());
     EXPECT_EQ(read.FullName().IsSame(staff.FullName()), 1);
     EXPECT_EQ(read.FullNamePosition().IsSame(staff.FullNamePosition()), 1);
@@ -80,9 +58,9 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     // Without their flags, the fret instrument is no longer referred to and the shape notes go.
     read.flags = 0;
     ASSERT_EQ(read.Commit(), 1);
-    EXPECT_EQ(Stored().fretInstrument, 0);
+    EXPECT_EQ(StoredStaff().fretInstrument, 0);
     EXPECT_EQ(Count(HostTag("D\x15NI")), 0U);
-    EXPECT_NE(Stored().fullNameText, 0) << "name texts that are not to be saved stay";
+    EXPECT_NE(StoredStaff().fullNameText, 0) << "name texts that are not to be saved stay";
 }
 
 TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
@@ -91,8 +69,8 @@ TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
     staff.fretInstrument = 8;
     staff.SetCommitShapeNotes(true);
     ASSERT_EQ(staff.Commit(), 1);
-    EXPECT_EQ(Stored().flags, 1);
-    EXPECT_EQ(Stored().fretInstrument, 0);
+    EXPECT_EQ(StoredStaff().flags, 1);
+    EXPECT_EQ(StoredStaff().fretInstrument, 0);
 }
 
 TEST_F(Staves, ANameTextThatIsMissingFailsTheLoad) {
@@ -108,54 +86,45 @@ TEST_F(Staves, TheFirstFailureEndsACommit) {
     FinPIStaff staff(Number());
     staff.flags |= 1U;
     staff.FullNamePosition().SetData("p", 1);
-    App().faults.refuseKind = standin::FaultPlan::AllOf(HostCall::kSaveEData);
-    EXPECT_EQ(staff.Commit(), 0);
-    EXPECT_EQ(TakePendingError(), "29996 FinPIEnigmaData::Save: SOIS");
+    Refuse(HostCall::kSaveEData);
+    EXPECT_EQ(ErrorOf(staff.Commit()), "29996 FinPIEnigmaData::Save: SOIS");
     EXPECT_EQ(Count(HostTag("otNS")), 0U);
 }
 
-struct ClefCase {
-    const char* name;
-    i16 measure;
-    u32 position;
-    i16 clef;
-    u16 percent;
-};
-
 TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
     const u16 other = host.Staff(2);
-    AddClef(1, {1, Number(), 0, {}});
-    AddClef(1, {9, other, 0, {}});
-    AddClef(2, {3, Number(), 2048, {}});
-    AddClef(2, {8, other, 1024, {}});
+    const std::pair<u16, EDTClefExtra> clefs[] = {{1, {1, Number(), 0, {}}},
+                                                  {1, {9, other, 0, {}}},
+                                                  {2, {3, Number(), 2048, {}}},
+                                                  {2, {8, other, 1024, {}}}};
+    for (const auto& [measure, clef] : clefs) {
+        host.Score().Records().Create(HostTag("otCE"), RecordKey::Other(measure, kAppend),
+                                      BytesOf(clef));
+    }
     ClefPrefsRecord prefs;
     prefs.words[1] = 75;
     ASSERT_EQ(prefs.Commit(), 1);
-    const ClefCase cases[] = {
-        {"AtItsPlace", 1, 0, 1, 100},
-        {"StillBefore", 2, 2047, 1, 100},
-        {"AtTheChange", 2, 2048, 3, 75},
-        {"NextMeasure", 3, 0, 3, 75},
-    };
-    for (const ClefCase& c : cases) {
-        u16 percent = 0;
-        EXPECT_EQ(FinPIStaff(Number(), c.measure, c.position).CurrClef(&percent), c.clef) << c.name;
-        EXPECT_EQ(percent, c.percent) << c.name;
+    const std::tuple<i16, u32, i16, u16> cases[] = {
+        {1, 0, 1, 100}, {2, 2047, 1, 100}, {2, 2048, 3, 75}, {3, 0, 3, 75}};
+    for (const auto& [measure, position, clef, percent] : cases) {
+        u16 found = 0;
+        EXPECT_EQ(FinPIStaff(Number(), measure, position).CurrClef(&found), clef) << measure;
+        EXPECT_EQ(found, percent) << measure << ":" << position;
     }
 }
 
 TEST_F(Staves, ATransposingStaffMayShowAClefOfItsOwn) {
     FinPIStaff staff(Number(), 1);
-    EXPECT_EQ(staff.CurrClef(nullptr), 0);
-    EXPECT_EQ(TakePendingError(),
+    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)),
               "29999 short __cdecl FinPIStaff::CurrClef(unsigned short *const ) const: "
               "LoadEffectiveAt() failed to find a clef.");
     EDTPartPrefs inPart{};
     inPart.part = 1;
-    host.Score().Records().Save(HostTag("pfPG"), RecordKey::Preference(0xFFFE), BytesOf(inPart));
+    Put(HostTag("pfPG"), RecordKey::Preference(0xFFFE), inPart);
     staff.transposition = 0x8000;
     staff.transpositionClef = 6;
     EXPECT_EQ(staff.CurrClef(nullptr), 6);
 }
 
 }  // namespace
+}  // namespace standin

@@ -7,7 +7,6 @@ function(add_plugin_test name)
   add_dependencies(${name} plyweld_plugin)
 endfunction()
 
-add_plugin_test(test_merge merge_chords_test.cpp merge_rest_fill_test.cpp
-  merge_attachments_test.cpp merge_failures_test.cpp)
+add_plugin_test(test_merge merge_rules_test.cpp merge_failures_test.cpp)
 add_plugin_test(test_plugin plugin_entry_test.cpp plugin_run_test.cpp
   plugin_walk_test.cpp plugin_modeless_test.cpp support/dialog_desk.cpp)

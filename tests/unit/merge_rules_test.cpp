@@ -1,0 +1,224 @@
+// What a merge makes of two layers: notes that begin together and last as long become one chord,
+// and runs of destination rests are filled by source music of exactly their time.
+#include <gtest/gtest.h>
+#include <span>
+#include <tuple>
+
+#include "tests/unit/plugin_driver.h"
+
+namespace standin {
+namespace {
+
+struct MergeCase {
+    const char* name;
+    const char* destination;
+    const char* source;
+    const char* destinationAfterwards;
+    const char* sourceAfterwards;
+    i32 firstPosition = 0;  // of the selection
+    i32 lastPosition = kEndOfMeasure;
+};
+
+void ExpectMerges(std::span<const MergeCase> cases) {
+    for (const MergeCase& c : cases) {
+        SCOPED_TRACE(c.name);
+        StandIn host;
+        host.Layer(1, 1, 0, c.destination);
+        host.Layer(1, 1, 1, c.source);
+        host.Select(1, 1, c.firstPosition, 1, 1, c.lastPosition);
+        const auto music = Music(host.Score());
+        Plugin{}.Merge(host);
+        EXPECT_EQ(host.Layer(1, 1, 0), c.destinationAfterwards);
+        EXPECT_EQ(host.Layer(1, 1, 1), c.sourceAfterwards);
+        EXPECT_EQ(Music(host.Score()), music);
+        EXPECT_TRUE(App().alerts.empty());
+        EXPECT_EQ(App().calls.flagsOutOfStep, 0U);
+    }
+}
+
+constexpr MergeCase kChords[] = {
+    {"OwnNotesComeFirst", "q:g4,c4 h.:r", "q:e4 h.:r", "q:g4,c4,e4 h.:r", "q:r h.:r"},
+    {"OtherDurationsStayApart", "q:c4 q:d4 h:e4", "h:g4 h:a4", "q:c4 q:d4 h:e4,a4", "h:g4 h:r"},
+    {"EqualPitchesAreBothKept", "w:c4", "w:c4", "w:c4,c4", "w:r"},
+    {"TwelveNotesFit", "w:c4,d4,e4,f4,g4,a4,b4", "w:c5,d5,e5,f5,g5",
+     "w:c4,d4,e4,f4,g4,a4,b4,c5,d5,e5,f5,g5", "w:r"},
+    {"ThirteenAreLeftAlone", "w:c4,d4,e4,f4,g4,a4,b4,c5", "w:d5,e5,f5,g5,a5",
+     "w:c4,d4,e4,f4,g4,a4,b4,c5", "w:d5,e5,f5,g5,a5"},
+    {"GraceNotesWithTheirLike", "ge:c4 q:d4 h.:r", "ge:e4 q:f4 h.:r", "ge:c4,e4 q:d4,f4 h.:r",
+     "q:r h.:r"},
+    {"GraceNotesOfOtherPlacesStay", "gs:c4 ge:c4 q:d4 h.:r", "gs:e4 q:g4 h.:r",
+     "gs:c4 ge:c4 q:d4,g4 h.:r", "gs:e4 q:r h.:r"},
+    {"TupletsOfBothStay", "(3:2 e:c4 e:d4 e:e4) h.:r", "(3:2 e:e4 e:f4 e:g4) h.:r",
+     "(3:2 e:c4,e4 e:d4,f4 e:e4,g4) h.:r", "(3:2 e:r e:r e:r) h.:r"},
+    {"ATripletIsNoEighth", "(3:2 e:c4 e:d4 e:e4) h.:r", "e:e4 e:f4 h.:r",
+     "(3:2 e:c4 e:d4 e:e4) h.:r", "e:e4 e:f4 h.:r"},
+    {"VoiceTwoJoinsVoiceTwo", "h:c5 v2{q:a4 q:g4} h:r", "h:e5 v2{q:c4 q:b3} h:r",
+     "h:c5,e5 v2{q:a4,c4 q:g4,b3} h:r", "h:r v2{q:r q:r} h:r"},
+    {"VoiceTwoTakesVoiceOneWhenAlone", "h:c5 v2{q:a4 q:g4} h:r", "q:c4 q:b3 h:r",
+     "h:c5 v2{q:a4,c4 q:g4,b3} h:r", "q:r q:r h:r"},
+    {"OneOfTwoTakersGetsIt", "q:c5 v2{q:a4} h.:r", "q:e4 h.:r", "q:c5,e4 v2{q:a4} h.:r",
+     "q:r h.:r"},
+    {"HiddenRestsAreNoNotes", "q:c4 q:x h:d4", "h:g4 h:g4", "q:c4 q:x h:d4,g4", "h:g4 h:r"},
+};
+
+constexpr MergeCase kWholeMeasure[] = {
+    {"AfterAChord", "q:c4 q:r h:r", "q:e4 q:f4 q:g4 q:a4", "q:c4,e4 q:f4 q:g4 q:a4",
+     "q:r q:r q:r q:r"},
+    {"NoEntryEndsWithTheRun", "h:r h:c4", "q:e4 h:f4 q:g4", "h:r h:c4", "q:e4 h:f4 q:g4"},
+    {"EmptyReceivesEverything", "", "gs:c4 q:d4 v2{e:a3 e:b3} q:r h:f4",
+     "gs:c4 q:d4 v2{e:a3 e:b3} q:r h:f4", "q:r v2{e:r e:r} q:r h:r"},
+    {"LaunchingRestsStay", "h:r v2{q:c4 q:d4} h:r", "h:e4 h:g4", "h:r v2{q:c4 q:d4} h:g4",
+     "h:e4 h:r"},
+    {"VoiceTwoInsideASpanComesAlong", "h:r h:c4", "h:e5 v2{q:a4 q:g4} h:b4",
+     "h:e5 v2{q:a4 q:g4} h:c4,b4", "h:r v2{q:r q:r} h:r"},
+    // The first second voice lasts into the time of the one that is there.
+    {"SecondVoicesDoNotOverlap", "q:r q:c4 v2{q:a3} h:r", "q:e5 v2{h:a4} h.:b4",
+     "q:r q:c4 v2{q:a3} h:r", "q:e5 v2{h:a4} h.:b4"},
+    {"GraceNotesAtTheStartComeAlong", "h:c4 h:r", "h:e4 gs:f4 h:g4", "h:c4,e4 gs:f4 h:g4",
+     "h:r h:r"},
+    {"GraceNotesAtTheEndStay", "h:r h:c4", "h:e4 gs:f4 q:g4 q:a4", "h:e4 h:c4",
+     "h:r gs:f4 q:g4 q:a4"},
+    {"MissingTimeCountsAsRest", "h:c4", "q:e4 q:f4 q:g4 q:a4", "h:c4 q:g4 q:a4",
+     "q:e4 q:f4 q:r q:r"},
+    {"VoiceTwoBeforeMissingTime", "h:c5 v2{q:a4 q:g4}", "h:e5 h:f5", "h:c5,e5 v2{q:a4 q:g4} h:f5",
+     "h:r h:r"},
+    {"RestsDoNotReplaceRests", "q:c4 q:r h:r", "q:r q:x h:x", "q:c4 q:r h:r", "q:r q:x h:x"},
+    {"WholeTupletsForWholeTuplets", "(3:2 e:r e:r e:r) h.:c4", "(3:2 e:d4 e:e4 e:f4) h.:g4",
+     "(3:2 e:d4 e:e4 e:f4) h.:c4,g4", "(3:2 e:r e:r e:r) h.:r"},
+    {"PlainNotesForATuplet", "(3:2 e:r e:r e:r) h.:c4", "e:d4 e:e4 h.:g4", "e:d4 e:e4 h.:c4,g4",
+     "e:r e:r h.:r"},
+    {"ATupletForAPlainRest", "q:r h.:c4", "(3:2 e:d4 e:e4 e:f4) h.:g4",
+     "(3:2 e:d4 e:e4 e:f4) h.:c4,g4", "(3:2 e:r e:r e:r) h.:r"},
+    {"PartOfATupletInTheSamePartOfItsLike", "(3:2 e:c4 e:r e:r) h.:c4",
+     "(3:2 e:d4 e:e4 e:f4) h.:g4", "(3:2 e:c4,d4 e:e4 e:f4) h.:c4,g4", "(3:2 e:r e:r e:r) h.:r"},
+    {"NestedTuplets", "h:r h:c4", "(3:2 q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:b4",
+     "(3:2 q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:c4,b4", "(3:2 q:r (3:2 e:r e:r e:r) q:r) h:r"},
+    // Both runs are a quarter of the time; but of another tuplet than the source's.
+    {"NoPartOfADifferentTuplet", "(3:2 q:r q:c4 q:d4) h:c4",
+     "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r", "(3:2 q:r q:c4 q:d4) h:c4",
+     "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r"},
+};
+
+// Of a destination that does not reach as far, rests come first where the selection begins.
+constexpr MergeCase kPartOfAMeasure[] = {
+    {"SkeletonThenTheSecondHalf", "", "q:c4 q:d4 q:e4 q:f4", "q:r q:r q:e4 q:f4",
+     "q:c4 q:d4 q:r q:r", 2048},
+    {"SkeletonThenTheFirstHalf", "", "q:c4 q:d4 q:e4 q:f4", "q:c4 q:d4 q:r q:r",
+     "q:r q:r q:e4 q:f4", 0, 2047},
+    {"SkeletonWithTuplets", "", "h:c4 q:d4 (3:2 e:e4 e:f4 e:g4)", "h:r q:d4 (3:2 e:e4 e:f4 e:g4)",
+     "h:c4 q:r (3:2 e:r e:r e:r)", 2048},
+    {"SkeletonWithoutGraceNotes", "", "gs:c4 h:d4 gs:e4 h:f4", "h:r gs:e4 h:f4", "gs:c4 h:d4 h:r",
+     2048},
+    {"RestsOutsideStay", "q:r q:r q:r q:r", "q:c4 q:d4 q:e4 q:f4", "q:r q:d4 q:e4 q:r",
+     "q:c4 q:r q:r q:f4", 1024, 3071},
+    {"MissingTimeInsideOnly", "q:c4", "q:d4 q:e4 q:f4 q:g4", "q:c4", "q:d4 q:e4 q:f4 q:g4", 2048},
+    {"MissingTimeFromTheSelectionOn", "h:c4", "q:d4 q:e4 q:f4 q:g4", "h:c4 q:f4 q:g4",
+     "q:d4 q:e4 q:r q:r", 1024},
+    {"MissingTimeUpToTheSelectionsEnd", "h:c4", "q:d4 q:e4 q:f4 q:g4", "h:c4 q:f4",
+     "q:d4 q:e4 q:r q:g4", 0, 3071},
+};
+
+TEST(Merge, FormsChords) {
+    ExpectMerges(kChords);
+}
+
+TEST(Merge, FillsRunsOfRests) {
+    ExpectMerges(kWholeMeasure);
+}
+
+TEST(Merge, FillsTheSelectedPartOfAMeasure) {
+    ExpectMerges(kPartOfAMeasure);
+}
+
+TEST(Merge, ChangesNothingTheSecondTime) {
+    StandIn host;
+    host.Layer(1, 1, 0, "q:c4 q:r h:r");
+    host.Layer(1, 1, 1, "q:e4 q:f4 h:g4");
+    host.SelectAll();
+    Plugin{}.Merge(host);
+    const u64 digest = host.Score().Digest();
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Score().Digest(), digest);
+}
+
+TEST(ChordRegion, BothEndsAreInside) {
+    StandIn host{1, 3};
+    for (u16 measure = 1; measure <= 3; ++measure) {
+        host.Layer(1, measure, 0, "q:c4 q:c4 q:c4 q:c4");
+        host.Layer(1, measure, 1, "q:e4 q:e4 q:e4 q:e4");
+    }
+    host.Select(1, 1, 1024, 1, 3, 2048);
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:c4,e4 q:c4,e4 q:c4,e4");
+    EXPECT_EQ(host.Layer(1, 2, 0), "q:c4,e4 q:c4,e4 q:c4,e4 q:c4,e4");
+    EXPECT_EQ(host.Layer(1, 3, 0), "q:c4,e4 q:c4,e4 q:c4,e4 q:c4");
+    EXPECT_EQ(host.Layer(1, 3, 1), "q:r q:r q:r q:e4");
+}
+
+TEST(ChordRegion, StaffWithATimeOfItsOwn) {
+    // Twice as many units in the staff as in the measure: positions are scaled to compare.
+    StandIn host;
+    host.Score().SetMeasureDuration(host.Staff(1), 1, 8192);
+    host.Layer(1, 1, 0, "w:c4 w:c4");
+    host.Layer(1, 1, 1, "w:e4 w:e4");
+    host.Select(1, 1, 0, 1, 1, 2047);
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4,e4 w:c4");
+}
+
+TEST(Layers, AllGoInOrderIntoTheDestination) {
+    StandIn host;
+    for (u16 layer = 0; const char* const note : {"w:c4", "w:d4", "w:e4", "w:f4"}) {
+        host.Layer(1, 1, layer++, note);
+    }
+    host.SelectAll();
+    Plugin{}.Merge(host, {.destination = 1});
+    EXPECT_EQ(host.Layer(1, 1, 1), "w:d4,c4,e4,f4");
+    EXPECT_EQ(host.Layer(1, 1, 0), "w:r");
+}
+
+// Each of two equal pitches has a notehead of its own, which must not meet on one note.
+TEST(Details, OfEqualPitchesStayApart) {
+    constexpr u32 kNotehead = HostTag("E\002cn");
+    constexpr EntryPlace kDestination{1, 1, 0, 0};
+    StandIn host;
+    host.Layer(1, 1, 0, "w:c5");
+    host.Layer(1, 1, 1, "w:c5");
+    ASSERT_EQ(host.Entry(kDestination).notes[0].noteID, 1);
+    host.Attach(kDestination, kNotehead, {"\1\0x", 3});
+    host.Attach({1, 1, 1, 0}, kNotehead, {"\1\0o", 3});
+    host.SelectAll();
+    Plugin{}.Merge(host);
+    ASSERT_EQ(host.Layer(1, 1, 0), "w:c5,c5");
+    const EXENTRY chord = host.Entry(kDestination);
+    EXPECT_NE(chord.notes[0].noteID, chord.notes[1].noteID);
+    const auto of = [&](int note) {
+        return std::string{static_cast<char>(chord.notes[note].noteID)};
+    };
+    const std::string heads = host.Attached(kDestination, kNotehead);
+    EXPECT_NE(heads.find(of(0) + std::string{"\0x", 2}), heads.npos);
+    EXPECT_NE(heads.find(of(1) + std::string{"\0o", 2}), heads.npos);
+}
+
+TEST(Expressions, FollowTheMusicTheyHangOn) {
+    StandIn host;
+    host.Layer(1, 1, 0, "q:c4 q:r h:d4");
+    host.Layer(1, 1, 1, "q:e4 q:f4 q:g4 q:a4");
+    // Layers count from 1; none in particular is 0.
+    const std::tuple<i32, i16, u16> cases[] = {
+        {0, 2, 1}, {1024, 2, 1}, {3072, 2, 2}, {0, 0, 0}, {0, 3, 3}};
+    for (const auto& [position, layer, afterwards] : cases) {
+        host.Expression(1, 1, position, static_cast<i16>(layer - 1));
+    }
+    host.SelectAll();
+    Plugin{}.Merge(host);
+    for (u16 record = 0; const auto& [position, layer, afterwards] : cases) {
+        const Bytes* const bytes =
+            host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, record++));
+        ASSERT_NE(bytes, nullptr);
+        EXPECT_EQ(FromBytes<MyExpressionAssign>(*bytes).layer, afterwards) << position;
+    }
+}
+
+}  // namespace
+}  // namespace standin
