@@ -1,4 +1,6 @@
 // Writing back a score whose music changed.
+#include <sstream>
+
 #include "host/musicxml/beam_writer.h"
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/tuplet_brackets.h"
@@ -8,11 +10,6 @@
 namespace standin {
 namespace {
 
-std::vector<EXENTRY> Entries(const ImportedScore& score, u16 measure, u16 layer) {
-    const Frame* frame = score.document->FindFrame({1, measure, layer});
-    return frame == nullptr ? std::vector<EXENTRY>{} : frame->entries;
-}
-
 int Count(std::string_view text, std::string_view what) {
     int count = 0;
     for (std::size_t at = text.find(what); at != std::string_view::npos;
@@ -20,6 +17,17 @@ int Count(std::string_view text, std::string_view what) {
         ++count;
     }
     return count;
+}
+
+// The tags with the text behind each, sorted: children of <notations> may stand in any order.
+std::vector<std::string> Tags(const std::string& text) {
+    std::vector<std::string> tags;
+    std::istringstream stream{text};
+    for (std::string tag; std::getline(stream, tag, '<');) {
+        tags.push_back(tag.substr(0, tag.find_last_not_of(" \n") + 1));
+    }
+    std::sort(tags.begin(), tags.end());
+    return tags;
 }
 
 // Everything that a note can carry, on a note of a chord and on the chord itself.
@@ -51,41 +59,15 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
         "<barline location=\"right\"><bar-style>light-heavy</bar-style></barline>\n";
     const std::string text = ScoreText({measure});
     const auto score = Read(text);
-    ASSERT_NE(score, nullptr);
     EXPECT_EQ(WriteScore(*score), text);
-    std::string written = WriteScore(*score, {.rebuildAll = true});
-    std::string expected = text;
-    for (std::string* either : {&written, &expected}) {
-        for (std::size_t line = either->find('\n'); line != std::string::npos;
-             line = either->find('\n')) {
-            either->erase(
-                line, std::max<std::size_t>(either->find_first_not_of(" \n", line), line) - line);
-        }
-    }
-    // Children of <notations> may stand in any order.
-    for (const char* piece :
-         {"default-x=\"10\" color=\"#FF0000\"", "<alter>1</alter>", "<instrument id=\"I1\"/>",
-          "<type size=\"cue\">eighth</type><accidental cautionary=\"yes\">sharp</accidental>",
-          "<stem default-y=\"3\">up</stem><notehead parentheses=\"yes\">x</notehead>",
-          "<beam number=\"1\" fan=\"accel\">begin</beam>",
-          "<tied type=\"start\" orientation=\"over\"/>", "<fermata>normal</fermata>",
-          "<trill-mark/><accidental-mark>flat</accidental-mark>", "<fingering>1</fingering>",
-          "<elision/>", "<play><mute>on</mute></play>", "<alter>-0.5</alter>",
-          "<fingering>3</fingering>", "bezier-x=\"5\"", "<stem>none</stem>",
-          "<display-octave>4</display-octave></rest>", "<note print-object=\"no\"><rest/>",
-          "<bar-style>light-heavy</bar-style></barline></measure>"}) {
-        EXPECT_EQ(Count(written, piece), Count(expected, piece)) << piece;
-    }
-    EXPECT_EQ(Count(written, "default-y=\"3\""), 2);
+    EXPECT_EQ(Tags(Rebuilt(*score)), Tags(text));
 }
 
 // No score has text there, but files may.
 TEST(Rebuilt, TextBetweenNotesStaysText) {
     for (const char* text : {"text", "\x0e ", "<![CDATA[a]]>", "<!-- a -->", "<?a b?>"}) {
         const std::string note = Note({});
-        const ReadResult score = ReadScore(ScoreText({note + text + note}));
-        ASSERT_TRUE(score) << text;
-        const std::string written = WriteScore(*score.score, {.rebuildAll = true});
+        const std::string written = Rebuilt(*Read(ScoreText({note + text + note})));
         EXPECT_TRUE(ReadScore(written)) << text << '\n' << written;
         EXPECT_NE(written.find(text), std::string::npos) << text;
     }
@@ -97,7 +79,6 @@ TEST(Changed, OnlyItsOwnMeasureIsWrittenAnew) {
         "<duration>2</duration></note><!-- kept -->\r\n";
     const std::string text = ScoreText({odd, Note({}) + Note({.pitch = "E4"}), odd});
     const auto score = Read(text);
-    ASSERT_NE(score, nullptr);
     std::vector<EXENTRY> entries = Entries(*score, 2, 0);
     entries.pop_back();
     score->document->PutFrame({1, 2, 0}, entries);
@@ -111,20 +92,16 @@ TEST(Changed, OnlyItsOwnMeasureIsWrittenAnew) {
 TEST(Changed, AVoiceOfHiddenRestsVanishesButTheMeasureKeepsItsLength) {
     const auto score = Read(
         ScoreText({Note({}) + Backup(2) + Note({.duration = 8, .type = "whole", .voice = "2"})}));
-    ASSERT_NE(score, nullptr);
     std::vector<EXENTRY> entries = Entries(*score, 1, 1);
     ASSERT_EQ(entries.size(), 1U);
     EXENTRY& rest = entries.front();
-    rest.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes | EntryFlag::kIgnore;
-    rest.noteCount = 0;
-    rest.notes[0] = {};
+    MakeRest(rest);
+    rest.flags |= EntryFlag::kIgnore;
     score->document->PutFrame({1, 1, 1}, entries);
     const std::string written = WriteScore(*score);
     EXPECT_EQ(Count(written, "<voice>2</voice>"), 0);
     EXPECT_EQ(Count(written, "<rest/>"), 0);
-    const auto again = Read(written);
-    ASSERT_NE(again, nullptr);
-    EXPECT_EQ(again->document->MeasureDuration(0, 1), 4096);
+    EXPECT_EQ(Read(written)->document->MeasureDuration(0, 1), 4096);
 
     rest.flags &= ~EntryFlag::kIgnore;
     score->document->PutFrame({1, 1, 1}, entries);
@@ -136,7 +113,6 @@ TEST(Changed, NewRestsStandOnTheDivisionsOfTheirMeasure) {
     const auto score =
         Read(ScoreText({"<attributes><divisions>3</divisions></attributes>" +
                         Note({.duration = 1, .type = "eighth"}) + Note({.duration = 2})}));
-    ASSERT_NE(score, nullptr);
     std::vector<EXENTRY> entries = Entries(*score, 1, 0);
     for (EXENTRY& entry : entries) {
         entry.fieldAt12 = 0;
@@ -155,7 +131,6 @@ TEST(Changed, SpannersThatMeetGetDifferentNumbers) {
         return Note({.voice = name, .more = start}) + Note({.voice = name, .more = stop});
     };
     const auto score = Read(ScoreText({voice("1") + Backup(4) + voice("2")}));
-    ASSERT_NE(score, nullptr);
     EDTSmartShape shape = FromBytes<EDTSmartShape>(
         *score->document->Records().Find(Tag::kSmartShape, RecordKey::Other(2)));
     shape.start.entryNumber = Entries(*score, 1, 0)[0].entryNumber;
@@ -173,7 +148,6 @@ TEST(Changed, ASpannerWithoutItsOtherEndIsLeftOut) {
     const auto score =
         Read(ScoreText({Note({.more = "<notations><slur type=\"start\"/></notations>"}) +
                         Note({.more = "<notations><slur type=\"stop\"/></notations>"})}));
-    ASSERT_NE(score, nullptr);
     score->document->Records().DeleteDetails(Entries(*score, 1, 0)[1].entryNumber);
     EXPECT_EQ(Count(WriteScore(*score), "<slur"), 0);
 }
@@ -183,7 +157,6 @@ TEST(Changed, ADirectionsVoiceFollowsItsExpressionsLayer) {
         "<direction><direction-type><words>dolce</words></direction-type><voice>2</voice>"
         "</direction>";
     const auto score = Read(ScoreText({Note({}) + Backup(2) + direction + Note({.voice = "2"})}));
-    ASSERT_NE(score, nullptr);
     const Bytes* bytes = score->document->Records().Find(Tag::kExpression, RecordKey::Other(1));
     ASSERT_NE(bytes, nullptr);
     auto expression = FromBytes<MyExpressionAssign>(*bytes);
@@ -195,25 +168,20 @@ TEST(Changed, ADirectionsVoiceFollowsItsExpressionsLayer) {
     EXPECT_EQ(Count(written, "</direction-type><voice>1</voice></direction>"), 1);
 }
 
-struct BeamCase {
-    const char* name;
-    std::vector<const char*> before;  // first level of each entry; "-" = none, "r" = a rest
-    const char* after;
-};
-
-const BeamCase kBeams[] = {
-    {"Whole", {"begin", "continue", "end"}, "begin continue end"},
-    {"EndLost", {"begin", "continue", "-"}, "begin end -"},
-    {"BeginLost", {"-", "continue", "end"}, "- begin end"},
-    {"OneLeft", {"begin", "-", "-"}, "- - -"},
-    {"OverARest", {"begin", "r", "end"}, "begin r end"},
-    {"NewOneInside", {"begin", "begin", "end", "end"}, "- begin end -"},
-};
-
 TEST(Beams, BrokenOnesAreMadeWhole) {
-    for (const BeamCase& c : kBeams) {
+    // The first level of each entry; "-" = none, "r" = a rest.
+    const std::pair<const char*, const char*> cases[] = {
+        {"begin continue end", "begin continue end"},
+        {"begin continue -", "begin end -"},
+        {"- continue end", "- begin end"},
+        {"begin - -", "- - -"},
+        {"begin r end", "begin r end"},
+        {"begin begin end end", "- begin end -"},
+    };
+    for (const auto& [before, expected] : cases) {
         std::vector<BeamedEntry> entries;
-        for (const std::string mark : c.before) {
+        std::istringstream marks{before};
+        for (std::string mark; marks >> mark;) {
             BeamedEntry& entry = entries.emplace_back();
             entry.isRest = mark == "r";
             if (mark.size() > 1) {
@@ -230,7 +198,7 @@ TEST(Beams, BrokenOnesAreMadeWhole) {
                      : beam.empty() ? "-"
                                     : beam.substr(begin, beam.find("</") - begin);
         }
-        EXPECT_EQ(after, c.after) << c.name;
+        EXPECT_EQ(after, expected) << before;
     }
 }
 
@@ -257,22 +225,20 @@ TEST(Encodings, GoOutAsTheyCameIn) {
         "<attributes><divisions>1</divisions></attributes>"
         "<note><rest/><duration>1</duration></note></measure></part>"
         "</score-partwise>";
-    const std::string utf8 = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>" + body;
-    const std::string utf16 = "<?xml version=\"1.0\" encoding=\"UTF-16\"?>" + body;
-    const std::string latin1 = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>" + body;
+    const auto declared = [&body](const std::string& encoding) {
+        return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?>" + body;
+    };
     const std::string files[] = {
-        utf8,
-        EncodeXml(utf8, {Encoding::kUtf8, true}),
-        EncodeXml(utf16, {Encoding::kUtf16LittleEndian, true}),
-        EncodeXml(utf16, {Encoding::kUtf16BigEndian, true}),
-        EncodeXml(latin1, {Encoding::kLatin1, false}),
+        declared("UTF-8"),
+        EncodeXml(declared("UTF-8"), {Encoding::kUtf8, true}),
+        EncodeXml(declared("UTF-16"), {Encoding::kUtf16LittleEndian, true}),
+        EncodeXml(declared("UTF-16"), {Encoding::kUtf16BigEndian, true}),
+        EncodeXml(declared("ISO-8859-1"), {Encoding::kLatin1, false}),
     };
     for (const std::string& file : files) {
         const auto score = Read(file);
-        ASSERT_NE(score, nullptr);
         EXPECT_EQ(score->document->StaffName(1), u"Fl\u00F6te");
         EXPECT_EQ(WriteScore(*score), file);
-        EXPECT_EQ(Count(EncodeXml(DecodeXml(file).text, score->format), file), 1);
     }
 }
 
