@@ -1,6 +1,7 @@
 #include "tests/unit/plugin_driver.h"
 
 #include <algorithm>
+#include <cstring>
 #include <dlfcn.h>
 #include <sstream>
 
@@ -9,11 +10,7 @@
 
 namespace standin {
 
-namespace {
-
-const std::string kPreferences = "Software\\ZKW\\Finale Plugin Prefs\\";
-
-}  // namespace
+static const std::string kPreferences = "Software\\ZKW\\Finale Plugin Prefs\\";
 
 Plugin::Plugin(const std::string& path)
     : m_library{dlopen(path.empty() ? PLYWELD_PLUGIN : path.c_str(), RTLD_NOW | RTLD_LOCAL)} {
@@ -66,6 +63,20 @@ void Plugin::Store(const MergeOptions& options) {
     StoreBytes("Plyweld", "ZKCF22000", &options, sizeof(options));
 }
 
+void Plugin::StoreSetting(int number, const Setting& setting) {
+    constexpr std::size_t kHeader = 160;
+    std::vector<u8> record(kHeader + sizeof(MergeOptions));
+    record[0] = static_cast<u8>(record.size());
+    record[2] = kHeader;
+    std::copy(setting.name.begin(), setting.name.end(), record.begin() + 8);
+    record[138] = setting.skipsDialog ? 1 : 0;
+    record[140] = setting.identifier;
+    record[142] = setting.useSubmenu ? 1 : 0;
+    std::memcpy(record.data() + kHeader, &setting.options, sizeof(MergeOptions));
+    StoreBytes("Save Settings", "ZKSC" + std::to_string(22000 + number), record.data(),
+               static_cast<u32>(record.size()));
+}
+
 void Plugin::StoreBytes(const std::string& owner, const std::string& value, const void* data,
                         u32 size) {
     auto key = platform::RegistryKey::Create(kPreferences + owner);
@@ -102,6 +113,26 @@ std::vector<std::string> Music(const Document& document) {
     }
     std::sort(notes.begin(), notes.end());
     return notes;
+}
+
+std::string AlertTexts() {
+    std::string text;
+    for (const Alert& alert : App().alerts) {
+        text += "alert " + std::to_string(alert.stringId) + ' ';
+        for (const char16_t unit : alert.text) {
+            text += static_cast<char>(unit);
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+std::string Lines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + '\n';
+    }
+    return text;
 }
 
 }  // namespace standin

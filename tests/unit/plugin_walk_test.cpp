@@ -6,35 +6,29 @@
 namespace standin {
 namespace {
 
-struct ProgressCase {
-    int measures;
-    int staves;
-    i16 interval;  // steps between reports
-};
-
-class Progress : public testing::TestWithParam<ProgressCase> {};
-
-TEST_P(Progress, IsReportedOnceAnInterval) {
-    const ProgressCase& c = GetParam();
-    StandIn host{c.staves, c.measures};
-    host.SelectAll();
-    Plugin{}.Merge(host);
-    // Each staff and measure counts four layers.
-    const int stepsBetween = (c.interval + 3) / 4 * 4;
-    const int work = c.measures * c.staves * 4;
-    EXPECT_EQ(App().progress.size(), static_cast<std::size_t>(work / stepsBetween));
-    for (const ProgressReport& report : App().progress) {
-        EXPECT_EQ(report.steps, stepsBetween);
-        EXPECT_EQ(report.staff, 0);
-        EXPECT_EQ(report.layer, -1);
+TEST(Walk, ReportsProgressOnceAnInterval) {
+    const struct {
+        int measures;
+        int staves;
+        i16 interval;  // steps between reports
+    } cases[] = {{10, 6, 11}, {25, 6, 13}, {100, 30, 51}};
+    for (const auto& c : cases) {
+        StandIn host{c.staves, c.measures};
+        host.SelectAll();
+        Plugin{}.Merge(host);
+        // Each staff and measure counts four layers.
+        const int stepsBetween = (c.interval + 3) / 4 * 4;
+        const int work = c.measures * c.staves * 4;
+        EXPECT_EQ(App().progress.size(), static_cast<std::size_t>(work / stepsBetween));
+        for (const ProgressReport& report : App().progress) {
+            EXPECT_EQ(report.steps, stepsBetween);
+            EXPECT_EQ(report.staff, 0);
+            EXPECT_EQ(report.layer, -1);
+        }
+        EXPECT_EQ(App().progressDisplaysOpened, 1U);
+        EXPECT_EQ(App().lastProgressStopped, 0);
     }
-    EXPECT_EQ(App().progressDisplaysOpened, 1U);
-    EXPECT_EQ(App().lastProgressStopped, 0);
 }
-
-INSTANTIATE_TEST_SUITE_P(Walk, Progress,
-                         testing::Values(ProgressCase{10, 6, 11}, ProgressCase{25, 6, 13},
-                                         ProgressCase{100, 30, 51}));
 
 TEST(Walk, EndsAtTheDocumentsLastMeasure) {
     StandIn host{1, 2};
@@ -95,40 +89,34 @@ TEST(Rebeam, WholeMeasuresAfterEachStaffMeasure) {
     EXPECT_EQ(App().calls.Of(HostCall::kRebeamRegion), 6U);
 }
 
-struct ReplaceCase {
-    const char* name;
-    bool optionOn;
-    i16 active;
-    std::vector<u16> commands;
-};
-
-class Replace : public testing::TestWithParam<ReplaceCase> {};
-
-TEST_P(Replace, ClearsTheDestinationAndRestoresTheView) {
-    const ReplaceCase& c = GetParam();
-    StandIn host{1, 2};
-    host.Layer(1, 1, 2, "w:c4");
-    host.Layer(1, 2, 2, "w:d4");
-    host.Layer(1, 2, 0, "w:e4");
-    host.Select(1, 2, 0, 1, 2, kEndOfMeasure);
-    App().activeLayer = c.active;
-    if (c.optionOn) {
-        RunMenuCommand(MenuCommand::kShowActiveLayerOnly);
+TEST(Replace, ClearsTheDestinationAndRestoresTheView) {
+    const struct {
+        bool oneLayerShown;
+        i16 active;
+        std::vector<u16> commands;
+    } cases[] = {
+        {false, 1, {10632, 10635, 16048, 10634, 10632}},
+        {true, 1, {10635, 16048, 10634}},
+        {false, 2, {10632, 16048, 10632}},  // the destination is the active layer
+    };
+    for (const auto& c : cases) {
+        StandIn host{1, 2};
+        host.Layer(1, 1, 2, "w:c4");
+        host.Layer(1, 2, 2, "w:d4");
+        host.Layer(1, 2, 0, "w:e4");
+        host.Select(1, 2, 0, 1, 2, kEndOfMeasure);
+        App().activeLayer = c.active;
+        if (c.oneLayerShown) {
+            RunMenuCommand(MenuCommand::kShowActiveLayerOnly);
+        }
+        Plugin{}.Merge(host, {.source = 0, .destination = 2, .mode = 1});
+        EXPECT_EQ(host.Layer(1, 1, 2), "w:c4");
+        EXPECT_EQ(host.Layer(1, 2, 2), "w:e4");
+        EXPECT_EQ(App().menuCommands, c.commands);
+        EXPECT_EQ(App().activeLayer, c.active);
+        EXPECT_EQ(App().ShowsActiveLayerOnly(), c.oneLayerShown);
     }
-    Plugin{}.Merge(host, {.source = 0, .destination = 2, .mode = 1});
-    EXPECT_EQ(host.Layer(1, 1, 2), "w:c4");
-    EXPECT_EQ(host.Layer(1, 2, 2), "w:e4");
-    EXPECT_EQ(App().menuCommands, c.commands);
-    EXPECT_EQ(App().activeLayer, c.active);
-    EXPECT_EQ(App().ShowsActiveLayerOnly(), c.optionOn);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Walk, Replace,
-    testing::Values(ReplaceCase{"OptionOff", false, 1, {10632, 10635, 16048, 10634, 10632}},
-                    ReplaceCase{"OptionOn", true, 1, {10635, 16048, 10634}},
-                    ReplaceCase{"DestinationActive", false, 2, {10632, 16048, 10632}}),
-    [](const auto& test) { return test.param.name; });
 
 TEST(Replace, NeverClearsAnotherLayer) {
     StandIn host;

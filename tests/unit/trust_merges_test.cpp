@@ -11,14 +11,6 @@ namespace {
 
 constexpr u32 kGroups = 5;
 
-std::string Lines(const std::string& title, const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += title + line + '\n';
-    }
-    return text;
-}
-
 std::string LeftOver(StandIn& host) {
     const Application& app = App();
     std::string text;
@@ -26,14 +18,6 @@ std::string LeftOver(StandIn& host) {
     text += app.calls.flagsOutOfStep == 0 ? "" : "frames saved with flags out of step\n";
     text += app.progressDisplays.empty() ? "" : "a progress display is open\n";
     text += host.Score().IsEditOpen() ? "an edit is open\n" : "";
-    return text;
-}
-
-std::string TextOfAlert() {
-    std::string text;
-    for (const char16_t unit : App().alerts.front().text) {
-        text += static_cast<char>(unit);
-    }
     return text;
 }
 
@@ -53,17 +37,14 @@ struct Outcome {
     bool moved = false;   // music changed its layer
 };
 
-bool SomethingMoved(const DocumentContent& before, const DocumentContent& after) {
-    const auto notesByLayer = [](const DocumentContent& content) {
-        std::map<FrameKey, int> notes;
-        for (const auto& [key, frame] : content.frames) {
-            for (const EXENTRY& entry : frame.entries) {
-                notes[key] += entry.noteCount;
-            }
+std::map<FrameKey, int> NotesByLayer(const DocumentContent& content) {
+    std::map<FrameKey, int> notes;
+    for (const auto& [key, frame] : content.frames) {
+        for (const EXENTRY& entry : frame.entries) {
+            notes[key] += entry.noteCount;
         }
-        return notes;
-    };
-    return notesByLayer(before) != notesByLayer(after);
+    }
+    return notes;
 }
 
 // Merges twice.
@@ -81,21 +62,22 @@ Outcome MergeAndCheck(const Plugin& plugin, const WrittenScore& written) {
     const DocumentContent after = document.Content();
     if (!App().alerts.empty()) {
         // What the host cannot measure is a reason to stop; music about to be lost is none.
-        const std::string text = TextOfAlert();
+        const std::string text = AlertTexts();
         if (text.find("Cannot process notes that are invisible") == std::string::npos) {
-            problem += "an alert: " + text + '\n';
+            problem += text;
         }
         problem += after == before ? "" : "an alert, but the score changed\n";
         return outcome;
     }
-    outcome.moved = SomethingMoved(start, after);
-    problem += Lines("", FaultsOfMerge(document, start, after, written.options));
+    outcome.moved = NotesByLayer(start) != NotesByLayer(after);
+    problem += Lines(FaultsOfMerge(document, start, after, written.options));
     problem += UndoAndRedo(document, before, after);
     if (written.options.mode == 0) {
         App().faults.guardFrames = false;  // once is enough
         plugin.Merge(*host, written.options);
-        problem +=
-            Lines("again: ", FaultsOfMerge(document, after, document.Content(), written.options));
+        const std::string again =
+            Lines(FaultsOfMerge(document, after, document.Content(), written.options));
+        problem += again.empty() ? "" : "again: " + again;
     }
     return outcome;
 }
@@ -113,12 +95,6 @@ WrittenScore Shrunk(const Plugin& plugin, WrittenScore written) {
         }
     }
     return written;
-}
-
-void TellSmallest(const Plugin& plugin, u32 seed, const WrittenScore& written) {
-    const WrittenScore smallest = Shrunk(plugin, written);
-    ADD_FAILURE() << "PLYWELD_SEED=" << seed << '\n'
-                  << Print(smallest) << MergeAndCheck(plugin, smallest).problem;
 }
 
 class MadeUpScores : public testing::TestWithParam<u32> {};
@@ -142,7 +118,9 @@ TEST_P(MadeUpScores, LoseNothing) {
         moved += outcome.moved ? 1 : 0;
         if (!outcome.problem.empty()) {
             ++failed;
-            TellSmallest(plugin, chosen, written);
+            const WrittenScore smallest = Shrunk(plugin, written);
+            ADD_FAILURE() << "PLYWELD_SEED=" << chosen << '\n'
+                          << Print(smallest) << MergeAndCheck(plugin, smallest).problem;
         }
     }
     RecordProperty("merges", std::to_string(tried));

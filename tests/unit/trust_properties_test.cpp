@@ -40,9 +40,8 @@ std::vector<std::string> Merged(const Plugin& plugin, const WrittenScore& writte
     const EREGION whole = written.selection;
     if (!inPieces) {
         plugin.Merge(*host, written.options);
-        return App().alerts.empty() ? FactLines(host->Score(), kAll) : std::vector<std::string>{};
     }
-    for (i16 slot = whole.endSlot; slot >= whole.startSlot; --slot) {
+    for (i16 slot = whole.endSlot; inPieces && slot >= whole.startSlot; --slot) {
         for (i16 measure = whole.endMeasure; measure >= whole.startMeasure; --measure) {
             const i32 start = measure == whole.startMeasure ? i32{whole.startPosition} : 0;
             const i32 end = measure == whole.endMeasure ? i32{whole.endPosition} : kEndOfMeasure;
@@ -79,14 +78,9 @@ WrittenScore OneLayerOf(WrittenScore score) {
     std::erase_if(score.shapes,
                   [&](const auto& s) { return isElsewhere(s.from) || isElsewhere(s.to); });
     score.layers = 4;
-    score.selection = {0,
-                       1,
-                       1,
-                       0,
-                       0,
-                       static_cast<i16>(score.staves),
-                       static_cast<i16>(score.measures),
-                       kEndOfMeasure};
+    score.selection = EREGION{0, 1, 1, 0, 0, 1, 1, kEndOfMeasure};
+    score.selection.endSlot = static_cast<i16>(score.staves);
+    score.selection.endMeasure = static_cast<i16>(score.measures);
     return score;
 }
 

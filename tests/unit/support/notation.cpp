@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <stdexcept>
 
 #include "host/score/tags.h"
 #include "host/verify/note_name.h"
@@ -19,10 +20,12 @@ constexpr Value kValues[] = {{'b', 8192}, {'w', 4096}, {'h', 2048}, {'q', 1024},
 constexpr std::string_view kSteps = "cdefgab";
 
 i16 DurationOf(char letter) {
-    const auto* found =
-        std::find_if(std::begin(kValues), std::end(kValues),
-                     [letter](const Value& value) { return value.letter == letter; });
-    return found == std::end(kValues) ? i16{0} : found->duration;
+    for (const Value& value : kValues) {
+        if (value.letter == letter) {
+            return value.duration;
+        }
+    }
+    return 0;
 }
 
 std::string WrittenDuration(i32 duration) {
@@ -45,7 +48,7 @@ public:
     explicit Parser(std::string_view text) : m_rest{text} {}
 
     WrittenLayer Run() {
-        while (m_layer.error.empty() && SkipBlanks()) {
+        while (SkipBlanks()) {
             Item();
         }
         return std::move(m_layer);
@@ -63,9 +66,9 @@ private:
         return matches;
     }
 
-    void Fail() {
-        if (m_layer.error.empty()) {
-            m_layer.error = "not understood: " + std::string{m_rest};
+    void Require(bool understood) {
+        if (!understood) {
+            throw std::invalid_argument{"not understood: " + std::string{m_rest}};
         }
     }
 
@@ -73,20 +76,14 @@ private:
         int number = 0;
         const auto [end, error] =
             std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), number);
-        if (error != std::errc{}) {
-            Fail();
-            return 0;
-        }
+        Require(error == std::errc{});
         m_rest.remove_prefix(static_cast<std::size_t>(end - m_rest.data()));
         return number;
     }
 
     void Item() {
         if (Take("v2{")) {
-            if (m_layer.entries.empty()) {
-                Fail();
-                return;
-            }
+            Require(!m_layer.entries.empty());
             m_layer.entries.back().flags |= EntryFlag::kLaunchVoice2;
             m_voice = EntryFlag::kVoice2;
         } else if (Take("}")) {
@@ -101,10 +98,7 @@ private:
     void BeginTuplet() {
         WrittenTuplet written{m_layer.entries.size(), {}};
         written.tuplet.symbolicCount = static_cast<i16>(Number());
-        if (!Take(":")) {
-            Fail();
-            return;
-        }
+        Require(Take(":"));
         written.tuplet.referenceCount = static_cast<i16>(Number());
         if (!m_rest.empty() && DurationOf(m_rest.front()) != 0) {
             SetUnit(written.tuplet, DurationOf(m_rest.front()));
@@ -121,18 +115,13 @@ private:
     void Entry() {
         EXENTRY entry{};
         entry.flags = m_voice | (Take("g") ? EntryFlag::kGrace : 0);
-        const std::size_t colon = m_rest.find(':');
         i32 duration = m_rest.empty() ? 0 : DurationOf(m_rest.front());
-        if (duration == 0 || colon == std::string_view::npos ||
-            m_rest.substr(1, colon - 1).find_first_not_of('.') != std::string_view::npos) {
-            Fail();
-            return;
-        }
-        for (i32 dot = duration / 2; m_rest[1] == '.'; dot /= 2) {
+        Require(duration != 0);
+        m_rest.remove_prefix(1);
+        for (i32 dot = duration / 2; Take("."); dot /= 2) {
             duration += dot;
-            m_rest.remove_prefix(1);
         }
-        m_rest.remove_prefix(2);
+        Require(Take(":"));
         entry.duration = static_cast<i16>(duration);
         Content(entry);
         for (WrittenTuplet& written : m_layer.tuplets) {
@@ -155,25 +144,19 @@ private:
         entry.flags |= EntryFlag::kNote;
         do {
             Note(entry);
-        } while (m_layer.error.empty() && Take(","));
+        } while (Take(","));
         if (Take("!")) {
             entry.flags |= EntryFlag::kIgnore;
         }
     }
 
     void Note(EXENTRY& entry) {
-        if (entry.noteCount == kMaxNotesPerEntry) {
-            Fail();
-            return;
-        }
+        Require(entry.noteCount < kMaxNotesPerEntry);
         EXNOTE& note = entry.notes[entry.noteCount++];
         note.noteID = static_cast<u16>(entry.noteCount);
         note.flags = Take("~") ? NoteFlag::kTieEnd : 0;
         const std::size_t step = m_rest.empty() ? kSteps.npos : kSteps.find(m_rest.front());
-        if (step == kSteps.npos) {
-            Fail();
-            return;
-        }
+        Require(step != kSteps.npos);
         m_rest.remove_prefix(1);
         int alteration = 0;
         while (Take("#")) {
@@ -288,7 +271,11 @@ private:
 }  // namespace
 
 WrittenLayer ParseLayer(std::string_view notation) {
-    return Parser{notation}.Run();
+    try {
+        return Parser{notation}.Run();
+    } catch (const std::invalid_argument& problem) {
+        return {{}, {}, problem.what()};
+    }
 }
 
 std::string PrintLayer(const Document& document, FrameKey key) {

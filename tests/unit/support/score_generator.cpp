@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <tuple>
 
 #include "shell/host/detail_flags.h"
 
@@ -134,10 +135,9 @@ private:
     }
 
     static int SixteenthsOf(const std::string& value) {
-        const auto* found =
-            std::find_if(std::begin(kValues), std::end(kValues),
-                         [&value](const Value& known) { return value == known.word; });
-        return found->sixteenths;
+        return std::find_if(std::begin(kValues), std::end(kValues),
+                            [&value](const Value& known) { return value == known.word; })
+            ->sixteenths;
     }
 
     // Fills a rhythm with notes and rests, and puts grace notes and second voices into it.
@@ -242,18 +242,13 @@ private:
 
     // An entry that is no grace entry, if the first one met is not.
     EntryPlace SomePlace(i16 slot) {
-        std::vector<const WrittenScore::Frame*> frames;
-        for (const auto& frame : m_score.frames) {
-            if (slot == 0 || frame.slot == slot) {
-                frames.push_back(&frame);
-            }
-        }
+        std::vector<WrittenScore::Frame> frames = m_score.frames;
+        std::erase_if(frames, [slot](const auto& f) { return slot != 0 && f.slot != slot; });
         if (frames.empty()) {
             return {1, 1, 0, 0};
         }
-        const WrittenScore::Frame& frame = *OneOf(frames);
-        const int count = EntryCount(frame.words);
-        return {frame.slot, frame.measure, frame.layer, Below(count)};
+        const WrittenScore::Frame& frame = OneOf(frames);
+        return {frame.slot, frame.measure, frame.layer, Below(EntryCount(frame.words))};
     }
 
     void AddShapes() {
@@ -269,16 +264,12 @@ private:
 
     bool IsGrace(EntryPlace place) const {
         for (const auto& frame : m_score.frames) {
-            if (frame.slot != place.slot || frame.measure != place.measure ||
-                frame.layer != place.layer) {
-                continue;
-            }
-            int index = -1;
-            for (const std::string& word : frame.words) {
-                index += IsEntry(word) ? 1 : 0;
-                if (index == place.index) {
-                    return word.front() == 'g';
-                }
+            if (std::tie(frame.slot, frame.measure, frame.layer) ==
+                std::tie(place.slot, place.measure, place.layer)) {
+                Words entries;
+                std::copy_if(frame.words.begin(), frame.words.end(), std::back_inserter(entries),
+                             IsEntry);
+                return entries.at(static_cast<std::size_t>(place.index)).front() == 'g';
             }
         }
         return false;
@@ -323,9 +314,10 @@ std::vector<DetailToWrite> DetailsToWrite() {
     for (const u32 tag : kNoteTags) {
         details.push_back({tag, 0});
     }
-    const u32* const repeated = std::begin(kEntryTags) + 1;
-    for (const u32* tag = repeated; tag != std::end(kEntryTags); ++tag) {
-        details.push_back({*tag, 0});
+    for (const u32 tag : kEntryTags) {
+        if (tag != details.back().tag) {  // the first stands there twice
+            details.push_back({tag, 0});
+        }
     }
     for (const u32 flags : kFlagDetails) {
         details.push_back({0, flags});

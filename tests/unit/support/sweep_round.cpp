@@ -40,10 +40,6 @@ std::vector<MergeOptions> UsableOptions(const Scenario& scenario, const Refusal&
     return usable;
 }
 
-bool UsesStoredOptions(const Scenario& scenario) {
-    return scenario.way == Scenario::Way::kShift;
-}
-
 // Settings that could not be stored are told of, too, at each attempt.
 std::ptrdiff_t AlertsOfMusic() {
     const std::vector<Alert>& alerts = App().alerts;
@@ -64,26 +60,6 @@ bool MayBeSilent(const Scenario& scenario, const CallCounts& calls) {
            refused == HostCall::kDeleteEXENTRY ||
            (scenario.way != Scenario::Way::kShift &&
             (isOfDialogs || refused == HostCall::kGetCurERegions));
-}
-
-std::string TextOf(const std::vector<Alert>& alerts) {
-    std::string text;
-    for (const Alert& alert : alerts) {
-        text += "alert " + std::to_string(alert.stringId) + ' ';
-        for (const char16_t unit : alert.text) {
-            text += static_cast<char>(unit);
-        }
-        text += '\n';
-    }
-    return text;
-}
-
-std::string Lines(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line + '\n';
-    }
-    return text;
 }
 
 void Obey(const Refusal& refusal) {
@@ -117,15 +93,15 @@ std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCou
     return text;
 }
 
-// The user closes the dialogs that are left.
 // Asks first. A dialog that cannot end itself goes with its window, as when the host ends.
 void CloseDialogs(DialogDesk& desk) {
-    constexpr int kMostTries = 4;
-    for (int i = 0; i < kMostTries && desk.Newest() != nullptr; ++i) {
-        desk.Newest()->Send(kCloseMessage);
-    }
-    for (int i = 0; i < kMostTries && desk.Newest() != nullptr; ++i) {
-        desk.EndDialog(&desk.Newest()->window);
+    constexpr int kTimesAsked = 4;
+    for (int i = 0; desk.Newest() != nullptr && i < 2 * kTimesAsked; ++i) {
+        if (i < kTimesAsked) {
+            desk.Newest()->Send(kCloseMessage);
+        } else {
+            desk.EndDialog(&desk.Newest()->window);
+        }
     }
 }
 
@@ -218,7 +194,7 @@ std::string Sweep::ProblemsOf(StandIn& host, const Refusal& refusal, const Origi
     if (changed) {
         text += FaultsSince(host, from, UsableOptions(m_scenario, refusal));
     }
-    return text.empty() ? text : text + TextOf(App().alerts);
+    return text.empty() ? text : text + AlertTexts();
 }
 
 // None when the score is what one of the options may give.
@@ -243,10 +219,11 @@ std::string Sweep::ProblemsOfNextRun(StandIn& host, const Plugin& plugin, const 
     const Origin from = OriginOf(host, m_scenario);
     App().ResetCounts();
     Run(plugin, host, m_scenario);
-    const bool alertsFit = !UsesStoredOptions(m_scenario) || App().alerts.size() == m_alerts;
-    std::string text = alertsFit ? "" : TextOf(App().alerts);
+    const bool alertsFit =
+        m_scenario.way != Scenario::Way::kShift || App().alerts.size() == m_alerts;
+    std::string text = alertsFit ? "" : AlertTexts();
     text += FaultsSince(host, from, UsableOptions(m_scenario, {.firstRegistryCall = 1}));
-    const bool isFirst = from.before == first.before && UsesStoredOptions(m_scenario);
+    const bool isFirst = from.before == first.before && m_scenario.way == Scenario::Way::kShift;
     const std::vector<std::string> layers = LayersOf(host, m_scenario.score);
     text += isFirst && layers != m_layers ? "another result\n" + Lines(layers) : "";
     return text.empty() ? text : "next run: " + text;
