@@ -1,14 +1,12 @@
 // The whole command: from a file through the real plug-in to a file.
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
 #include "host/score/application.h"
+#include "tests/unit/support/files.h"
 
 namespace {
 
@@ -17,25 +15,12 @@ using namespace standin::cli;
 
 const std::string kCarol = std::string{PLYWELD_EXAMPLES} + "/adeste-fideles.musicxml";
 
-std::string Content(const fs::path& file) {
-    std::ostringstream text;
-    text << std::ifstream{file, std::ios::binary}.rdbuf();
-    return text.str();
-}
-
 class CommandRun : public testing::Test {
 protected:
-    void SetUp() override {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        folder = fs::temp_directory_path() / (std::string{"plyweld-command-"} + test->name());
-        fs::remove_all(folder);
-        fs::create_directory(folder);
-        standin::App().Reset();
-    }
-    void TearDown() override {
+    CommandRun() { standin::App().Reset(); }
+    ~CommandRun() override {
         EXPECT_EQ(standin::App().lent.Count(), 0U);
         EXPECT_EQ(standin::App().CurrentNumber(), 0);
-        fs::remove_all(folder);
     }
 
     std::string File(const std::string& name) const { return (folder / name).string(); }
@@ -54,7 +39,7 @@ protected:
         return exitCode;
     }
 
-    fs::path folder;
+    TemporaryFolder folder;
     std::string output;
     std::string errors;
 };

@@ -1,10 +1,7 @@
 // Every score of the collections at hand goes in and comes out again: unchanged byte for byte,
 // and the same music when every measure is written anew.
-#include <filesystem>
-#include <fstream>
-#include <iterator>
-
 #include "tests/unit/musicxml_support.h"
+#include "tests/unit/support/files.h"
 
 namespace standin {
 namespace {
@@ -14,11 +11,6 @@ namespace fs = std::filesystem;
 bool IsScore(const fs::path& file) {
     const std::string extension = file.extension().string();
     return extension == ".xml" || extension == ".musicxml" || extension == ".mxl";
-}
-
-std::string BytesOfFile(const fs::path& file) {
-    std::ifstream stream{file, std::ios::binary};
-    return {std::istreambuf_iterator<char>{stream}, {}};
 }
 
 class Collection : public testing::TestWithParam<const char*> {};
@@ -34,9 +26,9 @@ TEST_P(Collection, GoesInAndOut) {
             continue;
         }
         SCOPED_TRACE(file.filename().string());
-        const auto score = Read(BytesOfFile(file));
+        const auto score = Read(Content(file));
         if (score->archive.empty()) {
-            EXPECT_EQ(WriteScore(*score), BytesOfFile(file));
+            EXPECT_EQ(WriteScore(*score), Content(file));
         }
         const std::string written = Rebuilt(*score);
         const auto again = Read(written);

@@ -6,11 +6,9 @@
 #include <sstream>
 
 #include "platform/headless/session.h"
-#include "platform/registry.h"
+#include "tests/unit/support/registry_values.h"
 
 namespace standin {
-
-static const std::string kPreferences = "Software\\ZKW\\Finale Plugin Prefs\\";
 
 Plugin::Plugin(const std::string& path)
     : m_library{dlopen(path.empty() ? PLYWELD_PLUGIN : path.c_str(), RTLD_NOW | RTLD_LOCAL)} {
@@ -79,20 +77,12 @@ void Plugin::StoreSetting(int number, const Setting& setting) {
 
 void Plugin::StoreBytes(const std::string& owner, const std::string& value, const void* data,
                         u32 size) {
-    auto key = platform::RegistryKey::Create(kPreferences + owner);
-    EXPECT_EQ(key.SetBinaryValue(value, data, size), platform::RegistryResult::kSuccess);
+    StoreValue(kPreferences + '\\' + owner, value, {static_cast<const char*>(data), size});
 }
 
 std::vector<u8> Plugin::Stored(const std::string& owner, const std::string& value) {
-    const auto key = platform::RegistryKey::Open(kPreferences + owner, platform::KeyAccess::kRead);
-    platform::ValueType type{};
-    u32 size = 0;
-    if (key.QueryValue(value, &type, nullptr, &size) != platform::RegistryResult::kSuccess) {
-        return {};
-    }
-    std::vector<u8> bytes(size);
-    key.QueryValue(value, &type, bytes.data(), &size);
-    return bytes;
+    const std::string bytes = StoredValue(kPreferences + '\\' + owner, value).value_or("");
+    return {bytes.begin(), bytes.end()};
 }
 
 std::vector<std::string> Music(const Document& document) {

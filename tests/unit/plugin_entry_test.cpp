@@ -1,15 +1,13 @@
 // The plug-in's exports: version, start-up, menu items.
-#include <filesystem>
 #include <gtest/gtest.h>
-#include <unistd.h>
+#include <tuple>
 
 #include "platform/headless/session.h"
 #include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/files.h"
 
 namespace standin {
 namespace {
-
-namespace fs = std::filesystem;
 
 TEST(Version, IsTheSmallerWithinWhatThePluginKnows) {
     const Plugin plugin;
@@ -34,27 +32,23 @@ TEST(Init, SetsAFlagForHostsThatKnowIt) {
 }
 
 TEST(Init, FoldersBesideThePluginDecide) {
-    const struct {
-        const char* entry;
-        bool isFolder;
-        i16 loads;
-    } cases[] = {
+    // Each is a folder beside a copy of the plug-in's file, or that file's own name.
+    const std::tuple<const char*, bool, i16> cases[] = {
         {"Miscellaneous", true, 0}, {"Multimeasure Rests", true, 0}, {"Staff Sets", true, 0},
         {"Transpose", true, 0},     {"Transpose.old", true, 0},      {"transpose", true, 1},
         {"Transposer", true, 1},    {"Transpose", false, 1},
     };
-    const fs::path folder =
-        fs::temp_directory_path() / ("plyweld_folder_" + std::to_string(getpid()));
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.entry);
-        fs::create_directories(folder / (c.isFolder ? c.entry : "Other"));
-        fs::copy_file(PLYWELD_PLUGIN, folder / (c.isFolder ? "plyweld.so" : c.entry));
+    for (const auto& [name, isFolder, loads] : cases) {
+        SCOPED_TRACE(name);
+        const TemporaryFolder folder;
+        std::filesystem::create_directory(folder / (isFolder ? name : "Other"));
+        const std::string file = folder / (isFolder ? "plyweld.so" : name);
+        std::filesystem::copy_file(PLYWELD_PLUGIN, file);
         const StandIn host;
-        const Plugin plugin{(folder / (c.isFolder ? "plyweld.so" : c.entry)).string()};
+        const Plugin plugin{file};
         plugin.Version(kInterfaceVersion);
-        EXPECT_EQ(plugin.Init(), c.loads);
-        EXPECT_EQ(platform::headless::FireTimers(), c.loads);
-        fs::remove_all(folder);
+        EXPECT_EQ(plugin.Init(), loads);
+        EXPECT_EQ(platform::headless::FireTimers(), loads);
     }
 }
 
