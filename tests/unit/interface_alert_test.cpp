@@ -1,8 +1,8 @@
 // Questions and warnings with a "Do not show again." box.
+#include <tuple>
+
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/interface/FinPIAlert.h"
-#include "Class Files/settings/FinPIUtil.h"
-#include "host/score/application.h"
 #include "tests/unit/interface_support.h"
 
 namespace {
@@ -13,13 +13,9 @@ protected:
 };
 
 TEST_F(AlertTest, AnswersStandWhenTheBoxIsTicked) {
-    const struct {
-        AlertType type;
-        u16 button;  // 0: the window is closed
-        bool ticked;
-        u16 answer;
-        u16 nextAnswer;  // what is remembered; 0: it asks again
-    } cases[] = {
+    // The button (0: the window is closed), whether the box is ticked, the answer, and the next
+    // one, which is what is remembered (0: it asks again).
+    const std::tuple<AlertType, u16, bool, u16, u16> cases[] = {
         {AlertType::kYesNo, 1, false, 6, 0},
         {AlertType::kYesNo, 1, true, 6, 6},
         {AlertType::kYesNo, 2, true, 7, 7},
@@ -29,39 +25,30 @@ TEST_F(AlertTest, AnswersStandWhenTheBoxIsTicked) {
         {AlertType::kOk, 1, true, 1, 1},
     };
     for (const auto& c : cases) {
+        const auto [type, button, ticked, answer, nextAnswer] = c;
         SCOPED_TRACE("case " + std::to_string(&c - cases));
         platform::headless::Reset();
-        desk.Then([&](OpenDialog& open) {
-            EXPECT_EQ(open.hidden.contains(2), c.type == AlertType::kOk);
-            if (c.ticked) {
+        desk.Then([button = button, ticked = ticked](OpenDialog& open) {
+            if (ticked) {
                 open.Press(4);
             }
-            if (c.button != 0) {
-                open.Press(c.button);
-            }
+            open.Press(button);
         });
-        EXPECT_EQ(Ask(c.type), c.answer);
+        EXPECT_EQ(Ask(type), answer);
         const std::size_t shown = desk.Shown().size();
-        EXPECT_EQ(Ask(c.type), c.nextAnswer);
-        EXPECT_EQ(desk.Shown().size() > shown, c.nextAnswer == 0);
+        EXPECT_EQ(Ask(type), nextAnswer);
+        EXPECT_EQ(desk.Shown().size() > shown, nextAnswer == 0);
     }
 }
 
 TEST_F(AlertTest, FitsItsBoxAndFormatsItsArguments) {
     desk.Then([](OpenDialog& open) {
         EXPECT_EQ(open.texts[3], u"Applies previously saved settings from Capa.");
-        EXPECT_EQ(open.texts[1], u"Yes");
+        EXPECT_EQ(open.hidden, std::set<u16>{2});
         EXPECT_EQ(open.window.controls[4].rectangle.Width(), 18 * 6 + 35);
     });
-    ShowAlert(&command, nullptr, AlertType::kYesNo, 20005, "Capa");
+    ShowAlert(&command, nullptr, AlertType::kOk, 20005, "Capa");
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
-}
-
-TEST_F(AlertTest, AShortStoredRecordHasTheAgreeingAnswer) {
-    const u16 flagOnly = 1;
-    ZKFX_PutSettings("CKAT", 20003, &flagOnly, 2, "Dont Show Again Alert");
-    EXPECT_EQ(Ask(AlertType::kYesNo), 6);
-    EXPECT_TRUE(desk.Shown().empty());
 }
 
 TEST_F(AlertTest, AnUnknownTypeIsAnErrorAndStillShows) {

@@ -10,18 +10,12 @@
 namespace standin {
 namespace {
 
-constexpr u16 kGo = 1;
-constexpr u16 kClose = 2;
 constexpr u16 kSelectionText = 1001;
 constexpr u16 kFrom = 1003;
 constexpr u16 kTo = 1005;
 constexpr u16 kReplace = 1007;
 constexpr u16 kRebeam = 1009;
 constexpr u16 kHideRests = 1010;
-constexpr u16 kSaveSettings = 1008;
-constexpr u32 kTimerMessage = 275;
-constexpr u32 kCloseMessage = 16;
-constexpr u32 kDestroyMessage = 2;
 
 using OpenDialog = DialogDesk::OpenDialog;
 
@@ -47,8 +41,6 @@ TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
     host.Layer(1, 1, 2, "w:c4");
     host.Layer(1, 2, 2, "w:d4");
     OpenDialog& open = Open();
-    EXPECT_EQ(open.Items(kFrom), (std::vector<std::u16string>{u"All Layers", u"Layer 1", u"Layer 2",
-                                                              u"Layer 3", u"Layer 4"}));
     EXPECT_EQ(open.SelectedItem(kFrom), u"All Layers");
     EXPECT_EQ(open.SelectedItem(kTo), u"Layer 1");
     EXPECT_FALSE(open.disabled.contains(kGo));
@@ -90,24 +82,17 @@ TEST(OlderHost, TheDialogDoesWithoutACallback) {
           "FX_GetCurERegions", "FX_GetNextEnigmaDocument"}) {
         SCOPED_TRACE(missing);
         StandIn host;
-        host.Layer(1, 1, 2, "w:c4");
         host.SelectAll();
         const Plugin plugin;
         platform::headless::HideHostFunction(missing);
         DialogDesk desk;
-        desk.Then([](OpenDialog& save) { save.Press(2); });
         plugin.Invoke(host);
-        OpenDialog* open = desk.Newest();
-        ASSERT_NE(open, nullptr);
-        open->Choose(kFrom, 2);
-        open->Choose(kTo, 1);
-        for (const u16 control : {kReplace, kHideRests, kSaveSettings, kGo}) {
-            open->Press(control);
+        ASSERT_NE(desk.Newest(), nullptr);
+        for (const u16 control : {kReplace, kHideRests, kSaveSettings, kGo, kClose}) {
+            desk.Newest()->Press(control);
         }
-        open->Send(kTimerMessage);
-        open->Press(kClose);
-        if (desk.Newest() == open) {
-            open->Send(kDestroyMessage);  // the host ends it
+        if (desk.Newest() != nullptr) {
+            desk.Newest()->Send(kDestroyMessage);  // the host ends it
         }
         EXPECT_EQ(StoredOptions().size(), 12U);
     }
@@ -131,16 +116,6 @@ TEST_F(OpenCommand, TheSelectionIsReadAnewWhenItChanges) {
     open.Press(kClose);
 }
 
-TEST_F(OpenCommand, SpeaksTheLanguageOfTheUser) {
-    platform::headless::SetLanguage(platform::headless::Language::kSpanish);
-    host.SelectNothing();
-    OpenDialog& open = Open();
-    EXPECT_EQ(open.texts[kSelectionText], u"(Ninguna selecci\u00F3n)");
-    EXPECT_EQ(open.SelectedItem(kFrom), u"Todas las capas");
-    EXPECT_EQ(open.window.caption, u"Plyweld v6.10");
-    open.Press(kClose);
-}
-
 TEST_F(OpenCommand, AListWithNoSelectionCountsAsTheFirstLayer) {
     OpenDialog& open = Open();
     open.positions[kFrom] = 0;
@@ -159,30 +134,10 @@ TEST_F(OpenCommand, OptionsOutOfRangeShowAsNothingChosen) {
     open.Press(kClose);
 }
 
-TEST_F(OpenCommand, ASavedSettingOpensBesideTheOtherDialogAndKeepsAPlaceOfItsOwn) {
-    Plugin::StoreSetting(1, {.name = "A", .identifier = 3});
-    ASSERT_EQ(plugin.Init(), 1);
-    OpenDialog& first = Open();
-    first.window.rectangle = desk.newWindow;
-    first.Send(kCloseMessage);
-    OpenDialog& again = Open();
-    OpenDialog& setting = Open(1);
-    EXPECT_EQ(setting.window.caption, u"A v6.10");
-    EXPECT_EQ(setting.window.rectangle.left, again.window.rectangle.left + 10);
-    EXPECT_EQ(setting.window.rectangle.top, again.window.rectangle.top + 10);
-    setting.Press(kClose);
-    EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS12003").empty());
-    again.Press(kClose);
-}
-
 TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
     Plugin::Store({12, 1, 0, 0, 1, 0});
     OpenDialog& open = Open();
-    desk.Then([&](OpenDialog& save) {
-        desk.Then([](OpenDialog& question) { question.Press(1); });
-        save.Type(7, u"Mine");
-        save.Press(1);
-    });
+    desk.ThenSaveAs(u"Mine");
     open.Press(kSaveSettings);
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
     open.Choose(kFrom, 4);
