@@ -71,15 +71,15 @@ TEST(Endurance, ManyRunsLeaveNothingBehind) {
     DialogDesk desk;
     const Plugin plugin;
     const DocumentContent before = host.Score().Content();
+    const auto inUse = [] {
+        return std::pair{OpenFiles(), Plugin::Stored("Plyweld", "ZKCF22000")};
+    };
     u64 memory = 0;
-    u64 files = 0;
-    std::vector<u8> stored;
+    decltype(inUse()) warm;
     for (u32 run = 1; run <= runs; ++run) {
         if (run % 2 == 0) {
             plugin.Merge(host);
         } else {
-            constexpr u16 kGo = 1;
-            constexpr u16 kClose = 2;
             plugin.Invoke(host);
             ASSERT_NE(desk.Newest(), nullptr);
             desk.Newest()->Press(kGo);
@@ -89,15 +89,13 @@ TEST(Endurance, ManyRunsLeaveNothingBehind) {
         App().ResetCounts();
         if (run == kWarmUp) {
             memory = MemoryInUse();
-            files = OpenFiles();
-            stored = Plugin::Stored("Plyweld", "ZKCF22000");
+            warm = inUse();
         }
     }
     RecordProperty("runs", std::to_string(runs));
     EXPECT_TRUE(host.Score().Content() == before);
     EXPECT_LE(MemoryInUse(), memory + kMostBytesARun * (runs - kWarmUp));
-    EXPECT_EQ(OpenFiles(), files);
-    EXPECT_EQ(Plugin::Stored("Plyweld", "ZKCF22000"), stored);
+    EXPECT_EQ(inUse(), warm);
 }
 
 }  // namespace

@@ -6,8 +6,6 @@ namespace standin {
 
 namespace {
 
-constexpr u32 kDestroy = 2;
-constexpr u32 kClose = 16;
 constexpr u32 kInitDialog = 272;
 constexpr u32 kCommand = 273;
 constexpr u64 kSelectionEndOk = 9;
@@ -77,6 +75,14 @@ DialogDesk::~DialogDesk() {
     App().dialogs = m_previous;
 }
 
+void DialogDesk::ThenSaveAs(const std::u16string& name) {
+    Then([this, name](OpenDialog& save) {
+        Then([](OpenDialog& question) { question.Press(1); });
+        save.Type(7, name);
+        save.Press(1);
+    });
+}
+
 DialogDesk::OpenDialog* DialogDesk::Newest() {
     return m_open.empty() ? nullptr : &m_open.back();
 }
@@ -118,9 +124,9 @@ i16 DialogDesk::Dialog(u16 dialogNumber, DialogEventCallback callback, WindowHan
         script(open);
     }
     if (!open.ended) {
-        open.Send(kClose);
+        open.Send(kCloseMessage);
     }
-    open.Send(kDestroy);
+    open.Send(kDestroyMessage);
     m_open.remove_if([&open](const OpenDialog& other) { return &other == &open; });
     return 1;
 }
@@ -132,7 +138,7 @@ i16 DialogDesk::EndDialog(WindowHandle window) {
     }
     open->ended = true;
     if ((open->flags & 1U) == 0) {
-        open->Send(kDestroy);
+        open->Send(kDestroyMessage);
         m_open.remove_if([open](const OpenDialog& other) { return &other == open; });
     }
     return 1;

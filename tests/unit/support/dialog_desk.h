@@ -18,6 +18,14 @@
 
 namespace standin {
 
+// The command dialog's buttons, and what the system sends to any dialog.
+inline constexpr u16 kGo = 1;
+inline constexpr u16 kClose = 2;
+inline constexpr u16 kSaveSettings = 1008;
+inline constexpr u32 kTimerMessage = 275;
+inline constexpr u32 kCloseMessage = 16;
+inline constexpr u32 kDestroyMessage = 2;
+
 class DialogDesk final : public DialogService {
 public:
     struct OpenDialog {
@@ -53,6 +61,8 @@ public:
 
     // One for each modal dialog that will be shown, in order.
     void Then(Script script) { m_scripts.push_back(std::move(script)); }
+    // The next is that for saving settings, which takes this name, and the answer is Yes.
+    void ThenSaveAs(const std::u16string& name);
     std::size_t ScriptsLeft() const { return m_scripts.size(); }
     // The newest dialog on the desk; null when none is open.
     OpenDialog* Newest();

@@ -10,29 +10,20 @@
 namespace standin {
 namespace {
 
-struct Value {
-    char letter;
-    i16 duration;
-};
-
-constexpr Value kValues[] = {{'b', 8192}, {'w', 4096}, {'h', 2048}, {'q', 1024},
-                             {'e', 512},  {'s', 256},  {'t', 128},  {'i', 64}};
+constexpr std::string_view kLetters = "bwhqesti";  // each half of the one before
+constexpr i32 kBreve = 8192;
 constexpr std::string_view kSteps = "cdefgab";
 
-i16 DurationOf(char letter) {
-    for (const Value& value : kValues) {
-        if (value.letter == letter) {
-            return value.duration;
-        }
-    }
-    return 0;
+i32 DurationOf(char letter) {
+    const std::size_t at = kLetters.find(letter);
+    return at == kLetters.npos ? 0 : kBreve >> at;
 }
 
 std::string WrittenDuration(i32 duration) {
-    for (const Value& value : kValues) {
-        i32 dotted = value.duration;
-        std::string text{value.letter};
-        for (i32 dot = value.duration / 2; dotted < duration && dot > 0; dot /= 2) {
+    for (const char letter : kLetters) {
+        i32 dotted = DurationOf(letter);
+        std::string text{letter};
+        for (i32 dot = dotted / 2; dotted < duration && dot > 0; dot /= 2) {
             dotted += dot;
             text += '.';
         }
@@ -107,9 +98,8 @@ private:
         m_layer.tuplets.push_back(written);
     }
 
-    static void SetUnit(EDTTuplet2005& tuplet, i16 duration) {
-        tuplet.symbolicUnitDuration = duration;
-        tuplet.referenceUnitDuration = duration;
+    static void SetUnit(EDTTuplet2005& tuplet, i32 duration) {
+        tuplet.symbolicUnitDuration = tuplet.referenceUnitDuration = static_cast<i16>(duration);
     }
 
     void Entry() {
@@ -137,17 +127,16 @@ private:
         if (Take("r")) {
             return;
         }
-        if (Take("x")) {
-            entry.flags |= EntryFlag::kIgnore;
-            return;
+        if (!Take("x")) {
+            entry.flags |= EntryFlag::kNote;
+            do {
+                Note(entry);
+            } while (Take(","));
+            if (!Take("!")) {
+                return;
+            }
         }
-        entry.flags |= EntryFlag::kNote;
-        do {
-            Note(entry);
-        } while (Take(","));
-        if (Take("!")) {
-            entry.flags |= EntryFlag::kIgnore;
-        }
+        entry.flags |= EntryFlag::kIgnore;
     }
 
     void Note(EXENTRY& entry) {
@@ -158,17 +147,12 @@ private:
         const std::size_t step = m_rest.empty() ? kSteps.npos : kSteps.find(m_rest.front());
         Require(step != kSteps.npos);
         m_rest.remove_prefix(1);
-        int alteration = 0;
-        while (Take("#")) {
+        unsigned alteration = m_rest.starts_with('b') ? 8U : 0U;
+        while (Take("#") || Take("b")) {
             ++alteration;
         }
-        while (Take("b")) {
-            --alteration;
-        }
         const int steps = (Number() - 4) * 7 + static_cast<int>(step);
-        note.pitch =
-            static_cast<u16>(static_cast<unsigned>(steps) << 4U | (alteration < 0 ? 8U : 0U) |
-                             static_cast<unsigned>(std::abs(alteration)));
+        note.pitch = static_cast<u16>(static_cast<unsigned>(steps) << 4U | alteration);
         note.flags |= Take("~") ? NoteFlag::kTieStart : 0;
     }
 

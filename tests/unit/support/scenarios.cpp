@@ -1,5 +1,6 @@
 #include "tests/unit/support/scenarios.h"
 
+#include <iterator>
 #include <sstream>
 
 #include "tests/unit/support/dialog_desk.h"
@@ -7,11 +8,6 @@
 
 namespace standin {
 namespace {
-
-constexpr u16 kGo = 1;
-constexpr u16 kClose = 2;
-constexpr u16 kSaveSettings = 1008;
-constexpr u32 kTimerMessage = 275;
 
 using Way = Scenario::Way;
 
@@ -21,27 +17,18 @@ WrittenScore Staff(std::initializer_list<const char*> layers, const MergeOptions
     score.options = options;
     u16 layer = 0;
     for (const char* text : layers) {
-        std::istringstream words{text};
-        WrittenScore::Frame frame{1, 1, layer++, {}};
-        const auto flush = [&] {
-            if (!frame.words.empty()) {
-                score.frames.push_back(frame);
-                frame.words.clear();
-            }
-        };
-        for (std::string word; words >> word;) {
-            if (word == "|") {
-                flush();
-                score.measures = std::max(score.measures, int{++frame.measure});
-            } else {
-                frame.words.push_back(word);
-            }
+        std::istringstream measures{text};
+        u16 measure = 0;
+        for (std::string words; std::getline(measures, words, '|');) {
+            using Iterator = std::istream_iterator<std::string>;
+            std::istringstream stream{words};
+            score.frames.push_back({1, ++measure, layer, {Iterator{stream}, Iterator{}}});
         }
-        flush();
+        score.measures = std::max<int>(score.measures, measure);
+        ++layer;
     }
-    score.selection.endSlot = 1;
-    score.selection.endMeasure = static_cast<i16>(score.measures);
-    score.selection.startSlot = 1;
+    std::erase_if(score.frames, [](const auto& frame) { return frame.words.empty(); });
+    score.selection = EREGION{0, 1, 1, 0, 0, 1, static_cast<i16>(score.measures), kEndOfMeasure};
     return score;
 }
 
@@ -94,7 +81,8 @@ Scenario Slurred(const char* name, std::initializer_list<const char*> layers,
 
 std::vector<Scenario> OfAttachments() {
     constexpr u32 kArticulation = HostTag("edIM");
-    Scenario expressions = Of("Expressions", {"h:c4 h:r", "h:e4 h:f4"});
+    const std::initializer_list<const char*> halves = {"h:c4 h:r", "h:e4 h:f4"};
+    Scenario expressions = Of("Expressions", halves);
     expressions.score.expressions = {
         {{1, 1, 1, 0}, 1}, {{1, 1, 1, 1}, 1}, {{1, 1, 1, 0}, -1}, {{1, 1, 1, 0}, 0}};
     Scenario details = Of("DetailsOfAChordAndOfRests", {"h:c4 h:r", "h:e4 q:f4 q:r"});
@@ -103,9 +91,8 @@ std::vector<Scenario> OfAttachments() {
                              {{1, 1, 1, 0}, HostTag("SdvE"), 0, 0, 'c'},
                              {{1, 1, 1, 2}, kArticulation, 0, 0, 'd'},
                              {{1, 1, 0, 0}, kArticulation, 0, 0, 'a'}};
-    Scenario rest = Of("DetailOnARestToFill", {"h:c4 h:r", "h:e4 h:f4"});
+    Scenario rest = Of("DetailOnARestToFill", halves);
     rest.score.details = {{{1, 1, 0, 1}, kArticulation}};
-    const std::initializer_list<const char*> halves = {"h:c4 h:r", "h:e4 h:f4"};
     return {
         Slurred("SlurMoves", {"q:c4 q:r h:r", "q:e4 q:f4 h:g4"}, {{{1, 1, 1, 0}, {1, 1, 1, 2}}}),
         Slurred("SlurAcrossMeasures", {"h:c4 h:r | w:r", "h:e4 h:f4 | w:g4"},
@@ -117,8 +104,7 @@ std::vector<Scenario> OfAttachments() {
                 {{{1, 1, 1, 0}, {1, 1, 1, 1}}, {{1, 1, 1, 0}, {1, 1, 0, 0}}}),
         expressions,
         details,
-        rest,
-    };
+        rest};
 }
 
 void SelectPart(StandIn& host) {
@@ -165,24 +151,27 @@ std::vector<Scenario> OfSelections() {
 
 // Three staves, of which a list of the document's own names some.
 void AddStaffLists(std::vector<Scenario>& all) {
-    const auto threeStaves = [&](const char* name, void (*more)(StandIn&)) {
-        Scenario scenario = Of(name, {}, {}, more);
+    const std::pair<const char*, void (*)(StandIn&)> selections[] = {
+        {"ThreeStaves", [](StandIn& host) { host.SelectAll(); }},
+        {"StaffList",
+         [](StandIn& host) {
+             host.Score().SetStaffList(2, {host.Staff(3), host.Staff(1)});
+             host.Score().selection = EREGION{2, 1, 1, 0, 2, 2, 1, kEndOfMeasure};
+         }},
+        {"TwoStaffLists",
+         [](StandIn& host) {
+             host.Score().SetStaffList(65501, {host.Staff(2), host.Staff(3)});
+             host.Score().selection = EREGION{0, 1, 1, 0, 65501, 2, 1, kEndOfMeasure};
+         }},
+    };
+    for (const auto& [name, select] : selections) {
+        Scenario& scenario = all.emplace_back(Of(name, {}, {}, select));
         scenario.score.staves = 3;
         for (i16 slot = 1; slot <= 3; ++slot) {
             scenario.score.frames.push_back({slot, 1, 0, {"h:c4", "h:r"}});
             scenario.score.frames.push_back({slot, 1, 1, {"h:e4", "h:f4"}});
         }
-        all.push_back(scenario);
-    };
-    threeStaves("ThreeStaves", [](StandIn& host) { host.SelectAll(); });
-    threeStaves("StaffList", [](StandIn& host) {
-        host.Score().SetStaffList(2, {host.Staff(3), host.Staff(1)});
-        host.Score().selection = EREGION{2, 1, 1, 0, 2, 2, 1, kEndOfMeasure};
-    });
-    threeStaves("TwoStaffLists", [](StandIn& host) {
-        host.Score().SetStaffList(65501, {host.Staff(2), host.Staff(3)});
-        host.Score().selection = EREGION{0, 1, 1, 0, 65501, 2, 1, kEndOfMeasure};
-    });
+    }
 }
 
 // Each kind of detail, on an entry that joins a chord and on one that replaces a rest.
@@ -211,15 +200,6 @@ void AddMadeUp(std::vector<Scenario>& all) {
             ++added;
         }
     }
-}
-
-void SaveTheOptions(DialogDesk& desk, DialogDesk::OpenDialog& command) {
-    desk.Then([&desk](DialogDesk::OpenDialog& save) {
-        desk.Then([](DialogDesk::OpenDialog& question) { question.Press(kGo); });
-        save.Type(7, u"Mine");
-        save.Press(kGo);
-    });
-    command.Press(kSaveSettings);
 }
 
 }  // namespace
@@ -267,17 +247,16 @@ void Run(const Plugin& plugin, StandIn& host, const Scenario& scenario) {
     }
     auto& desk = dynamic_cast<DialogDesk&>(*App().dialogs);
     plugin.Invoke(host);
-    DialogDesk::OpenDialog* open = desk.Newest();
-    if (open != nullptr) {
-        open->Send(kTimerMessage);
+    if (desk.Newest() != nullptr) {
+        desk.Newest()->Send(kTimerMessage);
     }
-    if (open != nullptr && scenario.way == Way::kSaving) {
-        SaveTheOptions(desk, *open);
+    if (desk.Newest() != nullptr && scenario.way == Way::kSaving) {
+        desk.ThenSaveAs(u"Mine");
+        desk.Newest()->Press(kSaveSettings);
     }
     for (const u16 control : {kGo, kClose}) {
-        open = desk.Newest();
-        if (open != nullptr) {
-            open->Press(control);
+        if (desk.Newest() != nullptr) {
+            desk.Newest()->Press(control);
         }
     }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <sstream>
 #include <tuple>
 
 #include "shell/host/detail_flags.h"
@@ -12,27 +13,16 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-struct Value {
-    const char* word;
-    int sixteenths;
-};
-
-constexpr Value kValues[] = {{"w:", 16}, {"h.:", 12}, {"h:", 8}, {"q.:", 6}, {"q:", 4},
-                             {"q:", 4},  {"e.:", 3},  {"e:", 2}, {"e:", 2},  {"s:", 1}};
-
-struct Tuplet {
-    std::initializer_list<const char*> words;
-    int sixteenths;
-};
-
-const Tuplet kTuplets[] = {
-    {{"(3:2", "e:", "e:", "e:", ")"}, 4},
-    {{"(3:2e", "q:", "e:", ")"}, 4},
-    {{"(3:2", "q:", "q:", "q:", ")"}, 8},
-    {{"(5:4", "s:", "s:", "s:", "s:", "s:", ")"}, 4},
-    {{"(3:2q", "q:", "(3:2", "e:", "e:", "e:", ")", "q:", ")"}, 8},  // nested
-    {{"(2:3", "e:", "e:", ")"}, 6},
-};
+// Each with its sixteenths.
+using Values = std::pair<const char*, int>;
+constexpr Values kValues[] = {{"w:", 16}, {"h.:", 12}, {"h:", 8}, {"q.:", 6}, {"q:", 4},
+                              {"q:", 4},  {"e.:", 3},  {"e:", 2}, {"e:", 2},  {"s:", 1}};
+constexpr Values kTuplets[] = {{"(3:2 e: e: e: )", 4},
+                               {"(3:2e q: e: )", 4},
+                               {"(3:2 q: q: q: )", 8},
+                               {"(5:4 s: s: s: s: s: )", 4},
+                               {"(3:2q q: (3:2 e: e: e: ) q: )", 8},  // nested
+                               {"(2:3 e: e: )", 6}};
 
 constexpr const char* kPitches[] = {"c4",  "e4", "g4",  "c5", "d4", "f#4", "bb4", "a3",
                                     "eb5", "f5", "g#5", "b3", "d5", "a5",  "c6"};
@@ -119,16 +109,19 @@ private:
     Words Rhythm(int sixteenths) {
         Words words;
         while (sixteenths > 0) {
-            const Tuplet& tuplet = OneOf(kTuplets);
-            if (Chance(12) && tuplet.sixteenths <= sixteenths) {
-                words.insert(words.end(), tuplet.words.begin(), tuplet.words.end());
-                sixteenths -= tuplet.sixteenths;
+            const auto& [tuplet, length] = OneOf(kTuplets);
+            if (Chance(12) && length <= sixteenths) {
+                std::istringstream stream{tuplet};
+                for (std::string word; stream >> word;) {
+                    words.push_back(word);
+                }
+                sixteenths -= length;
                 continue;
             }
-            const Value& value = OneOf(kValues);
-            if (value.sixteenths <= sixteenths) {
-                words.emplace_back(value.word);
-                sixteenths -= value.sixteenths;
+            const auto& [word, value] = OneOf(kValues);
+            if (value <= sixteenths) {
+                words.emplace_back(word);
+                sixteenths -= value;
             }
         }
         return words;
@@ -136,8 +129,8 @@ private:
 
     static int SixteenthsOf(const std::string& value) {
         return std::find_if(std::begin(kValues), std::end(kValues),
-                            [&value](const Value& known) { return value == known.word; })
-            ->sixteenths;
+                            [&value](const Values& known) { return value == known.first; })
+            ->second;
     }
 
     // Fills a rhythm with notes and rests, and puts grace notes and second voices into it.

@@ -12,8 +12,6 @@
 namespace standin {
 namespace {
 
-constexpr u32 kCloseMessage = 16;
-
 std::vector<std::string> LayersOf(const StandIn& host, const WrittenScore& score) {
     std::vector<std::string> layers;
     for (i16 slot = 1; slot <= score.staves; ++slot) {
@@ -68,26 +66,23 @@ void Obey(const Refusal& refusal) {
     platform::headless::RefuseRegistryCalls(refusal.firstRegistryCall, refusal.lastRegistryCall);
 }
 
-bool Lacks(const Refusal& refusal, HostCall call) {
-    return std::count(refusal.missing.begin(), refusal.missing.end(), call) != 0;
-}
-
 // What the host itself would not close, though it was asked to.
 std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCounts& calls) {
+    const auto lacks = [&refusal](HostCall call) {
+        return std::count(refusal.missing.begin(), refusal.missing.end(), call) != 0;
+    };
     std::string text;
     if (host.Score().IsEditOpen()) {
-        const bool asked = calls.Of(HostCall::kCancelFinaleEdit) > 0 ||
-                           Lacks(refusal, HostCall::kCancelFinaleEdit);
-        text += asked ? "" : "an edit is open\n";
+        const HostCall cancel = HostCall::kCancelFinaleEdit;
+        text += calls.Of(cancel) > 0 || lacks(cancel) ? "" : "an edit is open\n";
         host.Score().CancelEdit();
     }
     if (!App().progressDisplays.empty()) {
-        const bool asked = calls.Of(HostCall::kEndMassEdit) >= App().progressDisplaysOpened ||
-                           Lacks(refusal, HostCall::kEndMassEdit);
-        text += asked ? "" : "a progress display is open\n";
+        const bool asked = calls.Of(HostCall::kEndMassEdit) >= App().progressDisplaysOpened;
+        text += asked || lacks(HostCall::kEndMassEdit) ? "" : "a progress display is open\n";
         App().progressDisplays.clear();
     }
-    if (Lacks(refusal, HostCall::kFreeTGF)) {
+    if (lacks(HostCall::kFreeTGF)) {
         App().lent.Clear();
     }
     return text;
@@ -123,18 +118,13 @@ Sweep::Sweep(const Scenario& scenario) : m_scenario{scenario} {
     m_calls = App().calls;
     m_alerts = App().alerts.size();
     m_layers = LayersOf(*host, m_scenario.score);
-    m_changes = m_layers != m_layersBefore;
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
 Sweep::~Sweep() {
-    const auto tell = [](const char* what, u64 count) {
+    for (const auto& [what, count] : m_tally) {
         testing::Test::RecordProperty(what, std::to_string(count));
-    };
-    tell("rounds", m_tally.rounds);
-    tell("refusals", m_tally.refused);
-    tell("kept", m_tally.kept);
-    tell("untouched", m_tally.untouched);
+    }
 }
 
 bool Sweep::Round(const Plugin& plugin, const Refusal& refusal) {
@@ -160,8 +150,8 @@ bool Sweep::Round(const Plugin& plugin, const Refusal& refusal) {
         problems += ProblemsOfNextRun(*host, plugin, from);
     }
     CloseDialogs(desk);
-    ++m_tally.rounds;
-    m_tally.refused += calls.refusedByPlan;
+    ++m_tally["rounds"];
+    m_tally["refusals"] += calls.refusedByPlan;
     if (!problems.empty()) {
         ADD_FAILURE() << m_scenario.name << ", call " << refusal.call << ", from " << refusal.from
                       << ", registry " << refusal.firstRegistryCall << ", without "
@@ -179,7 +169,7 @@ std::string Sweep::ProblemsOf(StandIn& host, const Refusal& refusal, const Origi
                               const CallCounts& calls) {
     const DocumentContent after = host.Score().Content();
     const bool changed = after != from.before;
-    ++(changed ? m_tally.kept : m_tally.untouched);
+    ++m_tally[changed ? "kept" : "untouched"];
     std::string text;
     text += App().lent.Count() == 0 ? "" : "frames on loan\n";
     text += calls.strangeFrames == 0 ? "" : "frames handed over that were not on loan\n";
@@ -189,7 +179,8 @@ std::string Sweep::ProblemsOf(StandIn& host, const Refusal& refusal, const Origi
     text += alerts <= 1 ? "" : "several alerts\n";
     text += changed && alerts > 0 ? "an alert, but the score changed\n" : "";
     const bool nothingDone = LayersOf(host, m_scenario.score) == m_layersBefore;
-    const bool silent = nothingDone && m_changes && App().alerts.empty() && refusal.call != 0;
+    const bool silent =
+        nothingDone && m_layers != m_layersBefore && App().alerts.empty() && refusal.call != 0;
     text += silent && !MayBeSilent(m_scenario, calls) ? "nothing done, nothing said\n" : "";
     if (changed) {
         text += FaultsSince(host, from, UsableOptions(m_scenario, refusal));

@@ -125,25 +125,14 @@ void WithoutEach(const WrittenScore& score, std::vector<Item> WrittenScore::*ite
     }
 }
 
-// A rest for the entry, one note less, nothing tied or hidden.
-std::vector<std::string> SimplerThan(const std::string& word) {
-    std::vector<std::string> simpler{word, word.substr(0, word.rfind(','))};
-    std::erase_if(simpler[0], [](char mark) { return mark == '~' || mark == '!'; });
-    simpler.push_back(word.substr(0, word.find(':')) + ":r");
-    std::erase(simpler, word);
-    return simpler;
-}
-
-void WithSimplerEntries(const WrittenScore& score, std::vector<WrittenScore>& smaller) {
+// A rest for each entry.
+void WithRests(const WrittenScore& score, std::vector<WrittenScore>& smaller) {
     for (std::size_t f = 0; f < score.frames.size(); ++f) {
-        const std::vector<std::string>& words = score.frames[f].words;
-        for (std::size_t w = 0; w < words.size(); ++w) {
-            if (!IsEntry(words[w])) {
-                continue;
-            }
-            for (const std::string& word : SimplerThan(words[w])) {
-                smaller.push_back(score);
-                smaller.back().frames[f].words[w] = word;
+        for (std::size_t w = 0; w < score.frames[f].words.size(); ++w) {
+            const std::string& word = score.frames[f].words[w];
+            if (IsEntry(word) && word.back() != 'r') {
+                std::string& rest = smaller.emplace_back(score).frames[f].words[w];
+                rest.replace(rest.find(':') + 1, std::string::npos, "r");
             }
         }
     }
@@ -219,12 +208,12 @@ std::string Print(const WrittenScore& score) {
 
 std::vector<WrittenScore> SmallerThan(const WrittenScore& score) {
     std::vector<WrittenScore> smaller;
-    WithoutEach(score, &WrittenScore::frames, smaller);
-    WithoutEach(score, &WrittenScore::durations, smaller);
-    WithoutEach(score, &WrittenScore::details, smaller);
-    WithoutEach(score, &WrittenScore::shapes, smaller);
+    WithRests(score, smaller);
     WithoutEach(score, &WrittenScore::expressions, smaller);
-    WithSimplerEntries(score, smaller);
+    WithoutEach(score, &WrittenScore::shapes, smaller);
+    WithoutEach(score, &WrittenScore::details, smaller);
+    WithoutEach(score, &WrittenScore::durations, smaller);
+    WithoutEach(score, &WrittenScore::frames, smaller);
     return smaller;
 }
 

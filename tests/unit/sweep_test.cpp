@@ -1,0 +1,96 @@
+// Runs that are repeated with each of their calls refused, until a run meets no refusal, and in
+// hosts that lack an export; and what all of them together use.
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <set>
+
+#include "tests/unit/support/sweep_round.h"
+
+namespace standin {
+namespace {
+
+class Calls : public testing::TestWithParam<Scenario> {
+protected:
+    template <typename NthRefusal>
+    void RefuseEach(NthRefusal nth) {
+        const Plugin plugin;
+        Sweep sweep{GetParam()};
+        for (int call = 1; !HasFailure() && sweep.Round(plugin, nth(call)); ++call) {
+        }
+    }
+};
+
+TEST_P(Calls, RefusedOneAtATime) {
+    RefuseEach([](int call) { return Refusal{.call = static_cast<u64>(call)}; });
+}
+
+TEST_P(Calls, RefusedFromOneOn) {
+    RefuseEach([](int call) { return Refusal{.from = static_cast<u64>(call)}; });
+}
+
+TEST_P(Calls, OfTheRegistryRefused) {
+    RefuseEach(
+        [](int call) { return Refusal{.firstRegistryCall = call, .lastRegistryCall = call}; });
+    constexpr int kAll = 1 << 30;
+    RefuseEach(
+        [](int call) { return Refusal{.firstRegistryCall = call, .lastRegistryCall = kAll}; });
+}
+
+INSTANTIATE_TEST_SUITE_P(Sweep, Calls, testing::ValuesIn(Scenarios()),
+                         [](const auto& test) { return test.param.name; });
+
+std::vector<HostCall> AllCalls() {
+    std::vector<HostCall> all;
+    for (std::size_t i = 0; i < kHostCallCount; ++i) {
+        all.push_back(static_cast<HostCall>(i));
+    }
+    return all;
+}
+
+// Each round loads the plug-in afresh, which looks each export up once: a third of the scenarios
+// unless all are asked for.
+std::vector<Scenario> SomeScenarios() {
+    std::vector<Scenario> some;
+    const std::size_t step = std::getenv("PLYWELD_LONG") != nullptr ? 1 : 3;
+    for (std::size_t i = 0; i < Scenarios().size(); i += step) {
+        some.push_back(Scenarios()[i]);
+    }
+    return some;
+}
+
+class Exports : public testing::TestWithParam<Scenario> {};
+
+TEST_P(Exports, Missing) {
+    Sweep sweep{GetParam()};
+    for (const HostCall call : AllCalls()) {
+        if (sweep.Calls().Of(call) > 0 && !HasFailure()) {
+            sweep.Round(Plugin{}, {.missing = {call}});
+        }
+    }
+    sweep.Round(Plugin{}, {.missing = AllCalls()});
+}
+
+INSTANTIATE_TEST_SUITE_P(Sweep, Exports, testing::ValuesIn(SomeScenarios()),
+                         [](const auto& test) { return test.param.name; });
+
+TEST(Scenarios, UseEveryCallOfARun) {
+    // What only failures need, and what the class library offers beyond this command.
+    const std::set<std::string> unused{
+        "FX_CancelFinaleEdit", "FX_FreeMeasureMetrics",       "FX_GetDlgItemUser",
+        "FX_GetKeySig",        "FX_GetEntryMetrics2014",      "FX_GetNextPartID",
+        "FX_NextEData",        "FX_SetCurrentEnigmaDocument", "FX_SetCurrentPartID",
+        "FX_SetDlgItemUser",   "FX_SetCurrentPartInView"};
+    std::map<std::string, u64> calls;
+    for (const Scenario& scenario : Scenarios()) {
+        const Sweep sweep{scenario};
+        for (const HostCall call : AllCalls()) {
+            calls[NameOf(call)] += sweep.Calls().Of(call);
+        }
+    }
+    for (const auto& [name, count] : calls) {
+        EXPECT_EQ(count == 0, unused.contains(name)) << name;
+    }
+}
+
+}  // namespace
+}  // namespace standin
