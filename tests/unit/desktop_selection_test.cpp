@@ -5,8 +5,6 @@
 
 #include "host/desktop/grid_layout.h"
 #include "host/desktop/selection_editor.h"
-#include "host/desktop/selection_text.h"
-#include "tests/unit/support/stand_in.h"
 
 namespace standin::desktop {
 namespace {
@@ -26,12 +24,8 @@ std::string Text(const std::optional<EREGION>& region) {
     }
     std::ostringstream text;
     text << region->startSlot << '-' << region->endSlot << ' ' << region->startMeasure << ':'
-         << region->startPosition << '-' << region->endMeasure << ':';
-    if (region->endPosition == kEndOfMeasure) {
-        text << '|';
-    } else {
-        text << region->endPosition;
-    }
+         << region->startPosition << '-' << region->endMeasure << ':'
+         << (region->endPosition == kEndOfMeasure ? "|" : std::to_string(region->endPosition));
     return text.str();
 }
 
@@ -140,20 +134,6 @@ TEST(Grid, HitsWhatItDraws) {
     EXPECT_EQ(beyond.measure, 3);
     EXPECT_LT(beyond.position, 3072);
     EXPECT_FALSE(GridLayout{ScoreShape{}}.Nearest(200, 60));
-}
-
-TEST(SelectionInWords, SaysNoMoreThanNeeded) {
-    StandIn host{2, 6};
-    Document& score = host.Score();
-    const auto text = [&](EREGION region) {
-        score.selection = region;
-        return SelectionText(score);
-    };
-    const std::u16string one = score.AutoNumberedName(host.Staff(1));
-    EXPECT_EQ(SelectionText(score), u"Nothing is selected");
-    EXPECT_EQ(text({0, 1, 2, 0, 0, 1, 2, kEndOfMeasure}), one + u", measure 2");
-    EXPECT_EQ(text({0, 1, 2, 0, 0, 1, 5, kEndOfMeasure}), one + u", measure 2 to 5");
-    EXPECT_EQ(text({0, 1, 2, 1024, 0, 1, 2, 3071}), one + u", measure 2 beat 2 to 2 beat 3");
 }
 
 }  // namespace

@@ -24,7 +24,6 @@ const struct {
     std::size_t line;
 } kRefused[] = {
     {"NotXml", "hello", "no well-formed XML", 1},
-    {"Empty", "", "no well-formed XML", 1},
     {"EndTagMissing", "<score-partwise>\n<part>\n</score-partwise>", "no well-formed XML", 3},
     {"AnotherFormat", "<?xml version=\"1.0\"?>\n<opus/>", "root element is <opus>", 2},
     {"Timewise", "\n\n<score-timewise/>", "timewise", 3},
@@ -32,14 +31,11 @@ const struct {
     {"NoMeasure", "<score-partwise><part/></score-partwise>", "no measure", 1},
     {"NoteOutsideParts", "<score-partwise>\n<note/></score-partwise>", "outside any part", 2},
     {"EncodingOfTwoLines", "<?xml version=\"1.0\" encoding=\"A\nB\"?><a/>", "encoding a b", 1},
-    {"UnknownEncoding", "<?xml version=\"1.0\" encoding=\"EBCDIC\"?><a/>", "encoding ebcdic", 1},
     {"NegativeDuration", NoteWith("<rest/><duration>-1</duration>"), "<duration>", 7},
-    {"DurationIsNoNumber", NoteWith("<rest/><duration>1e9</duration>"), "<duration>", 7},
     {"EndlessNote", NoteWith("<rest/><duration>99999999</duration>"), "longer than any note", 7},
     {"NoteWithoutDuration", NoteWith("<rest/>"), "needs a <duration>", 7},
     {"NoteWithoutPitch", NoteWith("<duration>1</duration>"), "needs a pitch", 7},
     {"NoSuchStep", NoteWith("<pitch><step>H</step><octave>4</octave></pitch>"), "step", 7},
-    {"BackupTooFar", ScoreText({Note({}), Backup(3)}), "before the measure's start", 10},
     {"BackupBeforeStart", ScoreText({"<backup><duration>1</duration></backup>"}),
      "before the measure's start", 7},
     {"BackupWithoutDuration", ScoreText({"<backup/>"}), "<backup>", 7},

@@ -1,4 +1,5 @@
 // Writing back a score whose music changed.
+#include <functional>
 #include <sstream>
 
 #include "host/musicxml/beam_writer.h"
@@ -32,32 +33,29 @@ std::vector<std::string> Tags(const std::string& text) {
 
 // Everything that a note can carry, on a note of a chord and on the chord itself.
 TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
-    const std::string measure =
-        "<direction><direction-type><words>a</words></direction-type></direction>\n"
-        "<note default-x=\"10\" color=\"#FF0000\"><pitch><step>C</step><alter>1</alter>"
-        "<octave>4</octave></pitch><duration>1</duration><tie type=\"start\"/>"
-        "<instrument id=\"I1\"/><voice>1</voice><type size=\"cue\">eighth</type>"
-        "<accidental cautionary=\"yes\">sharp</accidental><stem default-y=\"3\">up</stem>"
-        "<notehead parentheses=\"yes\">x</notehead><beam number=\"1\" fan=\"accel\">begin</beam>"
-        "<notations><tied type=\"start\" orientation=\"over\"/><fermata>normal</fermata>"
-        "<ornaments><trill-mark/><accidental-mark>flat</accidental-mark></ornaments>"
-        "<technical><fingering>1</fingering></technical></notations>"
-        "<lyric number=\"1\"><syllabic>begin</syllabic><text>la</text><elision/><text>lo</text>"
-        "</lyric><play><mute>on</mute></play></note>\n"
-        "<note print-object=\"no\"><chord/><pitch><step>E</step><alter>-0.5</alter>"
-        "<octave>4</octave></pitch><duration>1</duration><voice>1</voice><type>eighth</type>"
-        "<stem default-y=\"3\">up</stem><notations><technical><fingering>3</fingering></technical>"
-        "<slur type=\"start\" number=\"2\" bezier-x=\"5\"/></notations></note>\n"
-        "<note><unpitched><display-step>E</display-step><display-octave>4</display-octave>"
-        "</unpitched><duration>1</duration><voice>1</voice><type>eighth</type>"
-        "<stem>none</stem><beam number=\"1\">end</beam><notations><slur type=\"stop\" "
-        "number=\"2\"/></notations></note>\n"
-        "<note><rest><display-step>B</display-step><display-octave>4</display-octave></rest>"
-        "<duration>2</duration><voice>1</voice><type>quarter</type></note>\n"
-        "<note print-object=\"no\"><rest/><duration>2</duration><voice>1</voice>"
-        "<type>quarter</type></note>\n"
-        "<barline location=\"right\"><bar-style>light-heavy</bar-style></barline>\n";
-    const std::string text = ScoreText({measure});
+    const std::string text = ScoreText({
+        R"(<direction><direction-type><words>a</words></direction-type></direction>
+<note default-x="10" color="#FF0000"><pitch><step>C</step><alter>1</alter><octave>4</octave></pitch>
+<duration>1</duration><tie type="start"/><instrument id="I1"/><voice>1</voice>
+<type size="cue">eighth</type><accidental cautionary="yes">sharp</accidental>
+<stem default-y="3">up</stem><notehead parentheses="yes">x</notehead>
+<beam number="1" fan="accel">begin</beam><notations><tied type="start" orientation="over"/>
+<fermata>normal</fermata><ornaments><trill-mark/><accidental-mark>flat</accidental-mark></ornaments>
+<technical><fingering>1</fingering></technical></notations><lyric number="1">
+<syllabic>begin</syllabic><text>la</text><elision/><text>lo</text></lyric>
+<play><mute>on</mute></play></note>
+<note print-object="no"><chord/><pitch><step>E</step><alter>-0.5</alter><octave>4</octave></pitch>
+<duration>1</duration><voice>1</voice><type>eighth</type><stem default-y="3">up</stem><notations>
+<technical><fingering>3</fingering></technical><slur type="start" number="2" bezier-x="5"/>
+</notations></note>
+<note><unpitched><display-step>E</display-step><display-octave>4</display-octave></unpitched>
+<duration>1</duration><voice>1</voice><type>eighth</type><stem>none</stem>
+<beam number="1">end</beam><notations><slur type="stop" number="2"/></notations></note>
+<note><rest><display-step>B</display-step><display-octave>4</display-octave></rest>
+<duration>2</duration><voice>1</voice><type>quarter</type></note>
+<note print-object="no"><rest/><duration>2</duration><voice>1</voice><type>quarter</type></note>
+<barline location="right"><bar-style>light-heavy</bar-style></barline>
+)"});
     const auto score = Read(text);
     EXPECT_EQ(WriteScore(*score), text);
     EXPECT_EQ(Tags(Rebuilt(*score)), Tags(text));
@@ -123,6 +121,16 @@ TEST(Changed, NewRestsStandOnTheDivisionsOfTheirMeasure) {
     EXPECT_EQ(Count(written, "<duration>2</duration>"), 1);
 }
 
+// A record of the score by its number.
+template <typename Record>
+void Change(const ImportedScore& score, u32 tag, u16 number,
+            const std::function<void(Record&)>& change) {
+    RecordStore& records = score.document->Records();
+    auto record = FromBytes<Record>(*records.Find(tag, RecordKey::Other(number)));
+    change(record);
+    records.Save(tag, RecordKey::Other(number), BytesOf(record));
+}
+
 // A slur that comes into a voice where another one has its number.
 TEST(Changed, SpannersThatMeetGetDifferentNumbers) {
     const std::string start = "<notations><slur type=\"start\" number=\"1\"/></notations>";
@@ -131,13 +139,12 @@ TEST(Changed, SpannersThatMeetGetDifferentNumbers) {
         return Note({.voice = name, .more = start}) + Note({.voice = name, .more = stop});
     };
     const auto score = Read(ScoreText({voice("1") + Backup(4) + voice("2")}));
-    EDTSmartShape shape = FromBytes<EDTSmartShape>(
-        *score->document->Records().Find(Tag::kSmartShape, RecordKey::Other(2)));
-    shape.start.entryNumber = Entries(*score, 1, 0)[0].entryNumber;
-    score->document->Records().Save(Tag::kSmartShape, RecordKey::Other(2), BytesOf(shape));
+    const u32 first = Entries(*score, 1, 0)[0].entryNumber;
+    Change<EDTSmartShape>(*score, Tag::kSmartShape, 2,
+                          [first](EDTSmartShape& shape) { shape.start.entryNumber = first; });
     const EDTSmartShapeEntMark mark{2, {}};
-    score->document->Records().Create(
-        Tag::kShapeOnEntry, RecordKey::OfEntry(shape.start.entryNumber, kAppend), BytesOf(mark));
+    score->document->Records().Create(Tag::kShapeOnEntry, RecordKey::OfEntry(first, kAppend),
+                                      BytesOf(mark));
     const std::string written = WriteScore(*score);
     EXPECT_EQ(Count(written, "type=\"start\" number=\"1\""), 1);
     EXPECT_EQ(Count(written, "type=\"start\" number=\"2\""), 1);
@@ -157,15 +164,12 @@ TEST(Changed, ADirectionsVoiceFollowsItsExpressionsLayer) {
         "<direction><direction-type><words>dolce</words></direction-type><voice>2</voice>"
         "</direction>";
     const auto score = Read(ScoreText({Note({}) + Backup(2) + direction + Note({.voice = "2"})}));
-    const Bytes* bytes = score->document->Records().Find(Tag::kExpression, RecordKey::Other(1));
-    ASSERT_NE(bytes, nullptr);
-    auto expression = FromBytes<MyExpressionAssign>(*bytes);
-    EXPECT_EQ(expression.staff, 1);
-    EXPECT_EQ(expression.layer, 2);
-    expression.layer = 1;
-    score->document->Records().Save(Tag::kExpression, RecordKey::Other(1), BytesOf(expression));
-    const std::string written = WriteScore(*score);
-    EXPECT_EQ(Count(written, "</direction-type><voice>1</voice></direction>"), 1);
+    Change<MyExpressionAssign>(*score, Tag::kExpression, 1, [](MyExpressionAssign& expression) {
+        EXPECT_EQ(expression.staff, 1);
+        EXPECT_EQ(expression.layer, 2);
+        expression.layer = 1;
+    });
+    EXPECT_EQ(Count(WriteScore(*score), "</direction-type><voice>1</voice></direction>"), 1);
 }
 
 TEST(Beams, BrokenOnesAreMadeWhole) {
@@ -219,14 +223,10 @@ TEST(Brackets, OnlyPairsAroundSomethingShownAreKept) {
 }
 
 TEST(Encodings, GoOutAsTheyCameIn) {
-    const std::string body =
-        "<score-partwise><part-list><score-part id=\"P1\"><part-name>Fl\xC3\xB6te"
-        "</part-name></score-part></part-list><part id=\"P1\"><measure>"
-        "<attributes><divisions>1</divisions></attributes>"
-        "<note><rest/><duration>1</duration></note></measure></part>"
-        "</score-partwise>";
-    const auto declared = [&body](const std::string& encoding) {
-        return "<?xml version=\"1.0\" encoding=\"" + encoding + "\"?>" + body;
+    const auto declared = [](const char* encoding) {
+        std::string text = ScoreText({Note({})});
+        text.replace(text.find("UTF-8"), 5, encoding);
+        return text.replace(text.find("Piano"), 5, "Fl\xC3\xB6te");
     };
     const std::string files[] = {
         declared("UTF-8"),

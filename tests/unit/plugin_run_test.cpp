@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <tuple>
 
 #include "tests/unit/plugin_driver.h"
 
@@ -34,49 +35,42 @@ TEST(Edit, IsOneAndCanBeUndone) {
 
 TEST(Region, InStaffLists) {
     constexpr u16 kList = 65501;
-    const struct {
-        std::vector<i16> list;  // slots of the score's three staves
-        EREGION selection;
-        std::vector<i16> merged;
-    } cases[] = {
-        {{3, 1}, {kList, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 3}},
+    // The list, the selection, the staves merged; all by their slots in the score.
+    const std::tuple<std::vector<i16>, EREGION, std::vector<i16>> cases[] = {
+        {{3, 1}, EREGION{kList, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 3}},
         // The last staff has a slot in the start's list, the score's own.
-        {{2, 3}, {0, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 2, 3}},
-        {{3, 1, 2}, {0, 1, 1, 0, kList, 3, 1, kEndOfMeasure}, {1, 2}},
+        {{2, 3}, EREGION{0, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 2, 3}},
+        {{3, 1, 2}, EREGION{0, 1, 1, 0, kList, 3, 1, kEndOfMeasure}, {1, 2}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [list, selection, mergedSlots] : cases) {
         StandIn host{3, 1};
         TwoLayers(host, 3);
         std::vector<u16> staves;
-        for (const i16 slot : c.list) {
+        for (const i16 slot : list) {
             staves.push_back(host.Staff(slot));
         }
         host.Score().SetStaffList(kList, staves);
-        host.Score().selection = c.selection;
+        host.Score().selection = selection;
         Plugin{}.Merge(host);
         for (i16 slot = 1; slot <= 3; ++slot) {
-            const bool merged = std::count(c.merged.begin(), c.merged.end(), slot) != 0;
+            const bool merged = std::count(mergedSlots.begin(), mergedSlots.end(), slot) != 0;
             EXPECT_EQ(host.Layer(slot, 1, 0), merged ? "w:c4,e4" : "w:c4") << slot;
         }
     }
 }
 
 TEST(Run, NothingToDoIsSaidAndChangesNothing) {
-    const struct {
-        MergeOptions options;
-        bool selected;
-        u16 alert;
-    } cases[] = {{{.source = 1, .destination = 1}, true, 22002}, {{}, false, 22003}};
-    for (const auto& c : cases) {
+    for (const u16 alert : {u16{22002}, u16{22003}}) {
+        const bool selected = alert == 22002;  // and the same layer in both lists
         StandIn host;
         TwoLayers(host);
-        if (c.selected) {
+        if (selected) {
             host.SelectAll();
         }
         const u64 before = host.Score().Digest();
-        Plugin{}.Merge(host, c.options);
+        Plugin{}.Merge(host, {.source = selected ? u16{0} : kAllLayers});
         ASSERT_EQ(App().alerts.size(), 1U);
-        EXPECT_EQ(App().alerts[0].stringId, c.alert);
+        EXPECT_EQ(App().alerts[0].stringId, alert);
         EXPECT_EQ(host.Score().Digest(), before);
         EXPECT_TRUE(App().redrawn.empty());
         EXPECT_EQ(App().calls.Of(HostCall::kEndFinaleEdit), 1U);
@@ -95,27 +89,24 @@ TEST(Run, WithoutADocument) {
 }
 
 TEST(Run, ReadsItsSettingsAndWritesThemBack) {
-    const struct {
-        std::vector<u8> stored;
-        MergeOptions used;
-    } cases[] = {
+    const std::pair<std::vector<u8>, MergeOptions> cases[] = {
         {{}, {}},
         {{0xFF, 0xFF, 2, 0, 3, 0, 0, 0, 0, 0, 1, 0},
          {.source = 2, .destination = 3, .rebeam = 0, .hideRests = 1}},
         {{12, 0, 2, 0, 3}, {.source = 2, .destination = 3, .rebeam = 0}},  // too short
     };
-    for (const auto& c : cases) {
+    for (const auto& [stored, used] : cases) {
         StandIn host;
         host.SelectAll();
         const Plugin plugin;
-        if (!c.stored.empty()) {
-            Plugin::StoreBytes("Plyweld", "ZKCF22000", c.stored.data(),
-                               static_cast<u32>(c.stored.size()));
+        if (!stored.empty()) {
+            Plugin::StoreBytes("Plyweld", "ZKCF22000", stored.data(),
+                               static_cast<u32>(stored.size()));
         }
         plugin.InvokeWithShift(host);
         const std::vector<u8> bytes = Plugin::Stored("Plyweld", "ZKCF22000");
         ASSERT_EQ(bytes.size(), sizeof(MergeOptions));
-        EXPECT_EQ(std::memcmp(bytes.data(), &c.used, sizeof(MergeOptions)), 0);
+        EXPECT_EQ(std::memcmp(bytes.data(), &used, sizeof(MergeOptions)), 0);
     }
 }
 
