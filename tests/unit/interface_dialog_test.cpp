@@ -141,6 +141,20 @@ void StorePlace(i16 left, i16 top) {
     ASSERT_EQ(ZKFX_PutSettings("WPOS", 22000, record, sizeof(record), "Plyweld"), 1);
 }
 
+TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
+    for (const bool restored : {false, true}) {
+        NotingDialog placed{&command, nullptr, nullptr};
+        placed.keyOffset = 3;
+        OpenDialog& open = Show(placed);
+        open.Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
+        if (restored) {
+            open.Send(WindowMessage::kSystemCommand, SystemCommand::kRestore);
+        }
+        open.Send(WindowMessage::kSystemCommand, SystemCommand::kClose);
+        EXPECT_EQ(ZKFX_GetSettings("WPOS", 12003, nullptr, 0, "Plyweld") != 0, restored);
+    }
+}
+
 TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
     StorePlace(50, 60);
     OpenDialog& open = Show(dialog);

@@ -71,7 +71,7 @@ TEST_F(SettingsStore, TheLayoutInUseComesBeforeTheOlderOnes) {
 }
 
 TEST_F(SettingsStore, ReadingRememberedAnswersDeletesTheirLegacyKey) {
-    StoreValue(kOldAnswers, "CKAT20003", "x");
+    StoreValue(kOldAnswers, "CKAT20004", "x");
     StoreValue(kAnswers, "CKAT20003", "y");
     char byte = 0;
     EXPECT_EQ(ZKFX_GetSettings("CKAT", 20003, &byte, 1, "Dont Show Again Alert"), 1U);
