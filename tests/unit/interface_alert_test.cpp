@@ -3,6 +3,7 @@
 
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/interface/FinPIAlert.h"
+#include "Class Files/settings/FinPIUtil.h"
 #include "tests/unit/interface_support.h"
 
 namespace {
@@ -49,6 +50,13 @@ TEST_F(AlertTest, FitsItsBoxAndFormatsItsArguments) {
     });
     ShowAlert(&command, nullptr, AlertType::kOk, 20005, "Capa");
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
+}
+
+TEST_F(AlertTest, AShortStoredRecordHasTheAgreeingAnswer) {
+    const u16 flagOnly = 1;
+    ZKFX_PutSettings("CKAT", 20003, &flagOnly, 2, "Dont Show Again Alert");
+    EXPECT_EQ(Ask(AlertType::kYesNo), 6);
+    EXPECT_TRUE(desk.Shown().empty());
 }
 
 TEST_F(AlertTest, AnUnknownTypeIsAnErrorAndStillShows) {

@@ -27,12 +27,13 @@ std::string Together(std::initializer_list<const char*> voices) {
     return measure;
 }
 
-TEST(Voices, AFifthTakesALayerFreeInItsMeasureAndKeepsItsName) {
-    const auto score =
-        Read(ScoreText({Together({"1", "2", "3", "4"}),
-                        Note({}) + Backup(2) + Note({.pitch = "G4", .voice = "5"})}));
-    EXPECT_EQ(Layers(*score, 1, 2), "q:c4 | q:g4");
-    EXPECT_NE(Rebuilt(*score).find("<voice>5</voice>"), std::string::npos);
+TEST(Voices, FurtherOnesTakeLayersFreeInTheirMeasureAndKeepTheirNames) {
+    const auto score = Read(ScoreText({Together({"1", "2", "3", "4"}), Together({"1", "5", "6"})}));
+    EXPECT_EQ(Layers(*score, 1, 2), "q:c4 | q:c4");
+    EXPECT_EQ(Layer(*score, 1, 2, 2), "q:c4");
+    const std::string written = Rebuilt(*score);
+    EXPECT_NE(written.find("<voice>5</voice>"), std::string::npos);
+    EXPECT_NE(written.find("<voice>6</voice>"), std::string::npos);
 }
 
 TEST(Voices, FiveAtOnceAreRefusedByPartStaffAndMeasure) {
