@@ -1,5 +1,6 @@
 // Any entries in any layers, any selection and options: the plug-in merges them without losing a
 // note, or leaves the score as it was and says so.
+#include <cstddef>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <iostream>
 #include <memory>
@@ -36,12 +37,9 @@ EXENTRY EntryFrom(FuzzedDataProvider& input) {
 }
 
 void AddTuplet(FuzzedDataProvider& input, Document& document, u32 entry) {
-    EDTTuplet2005 tuplet{};
-    tuplet.symbolicCount = input.ConsumeIntegral<i16>();
-    tuplet.symbolicUnitDuration = input.ConsumeIntegral<i16>();
-    tuplet.referenceCount = input.ConsumeIntegral<i16>();
-    tuplet.referenceUnitDuration = input.ConsumeIntegral<i16>();
-    document.Records().Create(Tag::kTuplet, RecordKey::OfEntry(entry, kAppend), BytesOf(tuplet));
+    Bytes bytes = input.ConsumeBytesAsString(offsetof(EDTTuplet2005, opaque8));
+    bytes.resize(sizeof(EDTTuplet2005));
+    document.Records().Create(Tag::kTuplet, RecordKey::OfEntry(entry, kAppend), bytes);
 }
 
 void FillLayer(FuzzedDataProvider& input, StandIn& host, u16 measure, u16 layer) {

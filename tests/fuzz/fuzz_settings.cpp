@@ -14,42 +14,23 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
 namespace {
 
-struct StoredValue {
-    const char* owner;
-    const char* name;
-};
-
-constexpr StoredValue kValues[] = {
-    {"Plyweld", "ZKCF22000"},
-    {"Plyweld", "WPOS22000"},
-    {"Save Settings", "ZKSC22001"},
-    {"Save Settings", "ZKSC22002"},
-    {"Save Settings", "ZKSC22003"},
-    {"Save Settings", "WPOS20003"},
-    {"Dont Show Again Alert", "CKAT20003"},
-};
+constexpr std::pair<const char*, const char*> kValues[] = {{"Plyweld", "ZKCF22000"},
+                                                           {"Plyweld", "WPOS22000"},
+                                                           {"Save Settings", "ZKSC22001"},
+                                                           {"Save Settings", "ZKSC22002"},
+                                                           {"Save Settings", "ZKSC22003"},
+                                                           {"Save Settings", "WPOS20003"},
+                                                           {"Dont Show Again Alert", "CKAT20003"}};
 
 void Store(FuzzedDataProvider& input) {
     constexpr std::size_t kMostBytes = 400;
-    for (const StoredValue& value : kValues) {
+    for (const auto& [owner, name] : kValues) {
         if (input.ConsumeBool()) {
             const auto bytes =
                 input.ConsumeBytes<u8>(input.ConsumeIntegralInRange<std::size_t>(0, kMostBytes));
-            Plugin::StoreBytes(value.owner, value.name, bytes.data(),
-                               static_cast<u32>(bytes.size()));
+            Plugin::StoreBytes(owner, name, bytes.data(), static_cast<u32>(bytes.size()));
         }
     }
-}
-
-void SaveAndDelete(DialogDesk& desk, DialogDesk::OpenDialog& command) {
-    constexpr u16 kDelete = 9;
-    desk.Then([&desk](DialogDesk::OpenDialog& save) {
-        desk.Then([](DialogDesk::OpenDialog& question) { question.Press(1); });
-        save.Press(kDelete);
-        save.Type(7, u"Mine");
-        save.Press(1);
-    });
-    command.Press(1008);
 }
 
 void RunEachItem(const Plugin& plugin, StandIn& host, DialogDesk& desk) {
@@ -61,9 +42,16 @@ void RunEachItem(const Plugin& plugin, StandIn& host, DialogDesk& desk) {
     for (i16 i = 0; i < count; ++i) {
         plugin.Invoke(host, static_cast<u16>(i));
         if (DialogDesk::OpenDialog* open = desk.Newest()) {
-            open->Press(1);
-            SaveAndDelete(desk, *open);
-            open->Press(2);
+            open->Press(kGo);
+            desk.Then([&desk](DialogDesk::OpenDialog& save) {
+                constexpr u16 kDelete = 9;
+                desk.Then([](DialogDesk::OpenDialog& question) { question.Press(1); });
+                save.Press(kDelete);
+                save.Type(7, u"Mine");
+                save.Press(1);
+            });
+            open->Press(kSaveSettings);
+            open->Press(kClose);
         }
         plugin.InvokeWithShift(host);
     }
@@ -87,7 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         RunEachItem(*plugin, host, desk);
     }
     while (desk.Newest() != nullptr) {
-        desk.Newest()->Send(16);
+        desk.Newest()->Send(kCloseMessage);
     }
     if (App().menuCommands.empty() && Music(host.Score()) != music) {
         std::cerr << "music was lost\n";

@@ -22,37 +22,29 @@ Function* Export(const Library& library, const char* name) {
     return reinterpret_cast<Function*>(library.FindExport(name));
 }
 
-MenuItemDescriptor CommandItem() {
-    MenuItemDescriptor item{};
+void ExpectTexts(const char16_t* description, u32 id, const char16_t* text) {
     std::string problem;
+    const auto plugin = Plugin::Start(problem);
+    ASSERT_TRUE(plugin) << problem;
     const auto library = Library::Open(ProgramFolder() / kPluginFile, problem);
+    MenuItemDescriptor item{};
     Export<FinaleExtensionEnumerateFunction>(*library, "FinaleExtensionEnumerate_UTF16")(nullptr, 0,
                                                                                          &item);
-    return item;
+    EXPECT_TRUE(std::u16string{item.text} == u"Plyweld...");
+    EXPECT_TRUE(std::u16string{item.description} == description);
+    EXPECT_TRUE(platform::ResourceString(id) == text);
 }
 
 // Run with the user's language set to English.
 TEST(Texts, EnglishUserReadsEnglish) {
-    std::string problem;
-    const auto plugin = Plugin::Start(problem);
-    ASSERT_TRUE(plugin) << problem;
-    const MenuItemDescriptor item = CommandItem();
-    EXPECT_TRUE(std::u16string{item.text} == u"Plyweld...");
-    EXPECT_TRUE(std::u16string{item.description} ==
-                u"Merges contents of two or more layers into a single layer.");
-    EXPECT_TRUE(platform::ResourceString(22003) == u"No Selection Exists.");
+    ExpectTexts(u"Merges contents of two or more layers into a single layer.", 22003,
+                u"No Selection Exists.");
 }
 
 // Run with the user's language set to Spanish.
 TEST(Texts, SpanishUserReadsSpanish) {
-    std::string problem;
-    const auto plugin = Plugin::Start(problem);
-    ASSERT_TRUE(plugin) << problem;
-    const MenuItemDescriptor item = CommandItem();
-    EXPECT_TRUE(std::u16string{item.text} == u"Plyweld...");
-    EXPECT_TRUE(std::u16string{item.description} ==
-                u"Unir el contenido de dos o m\u00e1s capas en una \u00fanica capa.");
-    EXPECT_TRUE(platform::ResourceString(20075) == u"Todas las capas");
+    ExpectTexts(u"Unir el contenido de dos o m\u00e1s capas en una \u00fanica capa.", 20075,
+                u"Todas las capas");
 }
 
 TEST(PluginFile, CarriesItsVersion) {

@@ -12,14 +12,12 @@ namespace {
 using standin::cli::Plugin;
 using system_test::ClearSettings;
 using system_test::kBaseKey;
-using system_test::KeyExists;
 using system_test::ReadValue;
 using system_test::WriteValue;
 
 using Bytes = std::vector<std::uint8_t>;
 
 const std::wstring kCurrentKey = kBaseKey + L"\\Plyweld";
-const std::wstring kLegacyKey = kBaseKey + L"\\ZKW Plyweld";
 const std::wstring kValue = L"ZKCF22000";
 
 const Bytes kDefaults{12, 0, 0xFF, 0xFF, 0, 0, 0, 0, 1, 0, 0, 0};
@@ -27,11 +25,10 @@ const Bytes kFirstIntoSecond{12, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0};
 
 constexpr const char* kTwoVoices = R"(<score-partwise version="4.0">
 <part-list><score-part id="P1"><part-name>Choir</part-name></score-part></part-list>
-<part id="P1"><measure number="1">
-<attributes><divisions>1</divisions><time><beats>4</beats><beat-type>4</beat-type></time></attributes>
-<note><pitch><step>G</step><octave>4</octave></pitch><duration>4</duration><voice>1</voice><type>whole</type></note>
+<part id="P1"><measure number="1"><attributes><divisions>1</divisions></attributes>
+<note><pitch><step>G</step><octave>4</octave></pitch><duration>4</duration><voice>1</voice></note>
 <backup><duration>4</duration></backup>
-<note><pitch><step>E</step><octave>4</octave></pitch><duration>4</duration><voice>2</voice><type>whole</type></note>
+<note><pitch><step>E</step><octave>4</octave></pitch><duration>4</duration><voice>2</voice></note>
 </measure></part></score-partwise>)";
 
 class Settings : public testing::Test {
@@ -91,14 +88,6 @@ TEST_F(Settings, StoredOptionsDecideTheRun) {
     ExpectStored(kFirstIntoSecond);
 }
 
-TEST_F(Settings, ValueOfTheLegacyKeyMovesToTheCurrentOne) {
-    WriteValue(kLegacyKey, kValue, kFirstIntoSecond);
-    Run();
-    EXPECT_EQ(NotesIn(1), 2);
-    ExpectStored(kFirstIntoSecond);
-    EXPECT_FALSE(KeyExists(kLegacyKey));
-}
-
 TEST_F(Settings, ValueOfTheBaseKeyMovesToTheCurrentOne) {
     WriteValue(kBaseKey, L"Plyweld", kFirstIntoSecond);
     WriteValue(kBaseKey, L"Neighbour", {7});
@@ -107,15 +96,6 @@ TEST_F(Settings, ValueOfTheBaseKeyMovesToTheCurrentOne) {
     ExpectStored(kFirstIntoSecond);
     EXPECT_FALSE(ReadValue(kBaseKey, L"Plyweld"));
     EXPECT_TRUE(ReadValue(kBaseKey, L"Neighbour"));
-}
-
-TEST_F(Settings, EqualLayersAreRefusedWithTheAlert) {
-    WriteValue(kCurrentKey, kValue, Bytes{12, 0, 1, 0, 1, 0, 0, 0, 1, 0, 0, 0});
-    Run();
-    ASSERT_EQ(standin::App().alerts.size(), 1U);
-    EXPECT_EQ(standin::App().alerts[0].stringId, 22002);
-    EXPECT_EQ(NotesIn(0), 1);
-    EXPECT_EQ(NotesIn(1), 1);
 }
 
 }  // namespace

@@ -24,15 +24,6 @@ void WriteValue(const std::wstring& key, const std::wstring& name,
                     static_cast<DWORD>(bytes.size()));
 }
 
-bool KeyExists(const std::wstring& key) {
-    HKEY opened = nullptr;
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, key.c_str(), 0, KEY_READ, &opened) != ERROR_SUCCESS) {
-        return false;
-    }
-    RegCloseKey(opened);
-    return true;
-}
-
 void ClearSettings() {
     RegDeleteTreeW(HKEY_CURRENT_USER, kBaseKey.c_str());
 }

@@ -21,7 +21,6 @@ struct Value {
 std::optional<Value> ReadValue(const std::wstring& key, const std::wstring& name);
 void WriteValue(const std::wstring& key, const std::wstring& name,
                 const std::vector<std::uint8_t>& bytes);
-bool KeyExists(const std::wstring& key);
 // Removes the base key and all below it.
 void ClearSettings();
 

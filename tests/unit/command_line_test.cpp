@@ -20,38 +20,31 @@ MergeCommand ParseMerge(std::vector<std::string> arguments) {
     return std::get<MergeCommand>(std::get<Command>(parsed));
 }
 
-TEST(CommandLine, DefaultsAreThePluginsOwn) {
-    const MergeCommand merge = ParseMerge({});
-    const std::array<u8, 12> expected{12, 0, 0xFF, 0xFF, 0, 0, 0, 0, 1, 0, 0, 0};
-    EXPECT_EQ((std::bit_cast<std::array<u8, 12>>(merge.options)), expected);
-    EXPECT_FALSE(merge.selection.lastMeasure);
-    EXPECT_FALSE(merge.selection.lastBeat);
-}
-
-TEST(CommandLine, EveryOptionReachesTheRecord) {
+TEST(CommandLine, OptionsReachTheRecord) {
+    using Record = std::array<u8, 12>;
+    EXPECT_EQ(std::bit_cast<Record>(ParseMerge({}).options),
+              (Record{12, 0, 0xFF, 0xFF, 0, 0, 0, 0, 1, 0, 0, 0}));
     const MergeCommand merge = ParseMerge({"--from", "3", "--to", "4", "--replace", "--hide-rests",
                                            "--no-rebeam", "--verify", "--json"});
-    const std::array<u8, 12> expected{12, 0, 2, 0, 3, 0, 1, 0, 0, 0, 1, 0};
-    EXPECT_EQ((std::bit_cast<std::array<u8, 12>>(merge.options)), expected);
+    EXPECT_EQ(std::bit_cast<Record>(merge.options), (Record{12, 0, 2, 0, 3, 0, 1, 0, 0, 0, 1, 0}));
     EXPECT_TRUE(merge.verify);
     EXPECT_TRUE(merge.json);
 }
 
 TEST(CommandLine, WrongUsageIsRefused) {
-    const std::vector<std::string> cases[] = {
-        {},
-        {"unite", "in.xml"},
-        {"merge", "in.xml"},                                      // no output
-        {"merge", "-o", "out.xml"},                               // no input
-        {"merge", "in.xml", "-o", "o", "--from", "5"},            // no such layer
-        {"merge", "in.xml", "-o", "o", "--to", "all"},            // one destination only
-        {"merge", "in.xml", "-o", "o", "--measures", "7-5"},      // backwards
-        {"merge", "in.xml", "-o", "o", "--measures", "0-5"},      // counted from 1
-        {"merge", "in.xml", "-o", "o", "--measures", "5-12x"},    // not a number
-        {"merge", "in.xml", "-o", "o", "--measures", "1-99999"},  // beyond any score
-        {"merge", "in.xml", "-o", "o", "--from-beat", "0.5"},
-        {"compare", "a.xml"},
-    };
+    using Words = std::vector<std::string>;
+    std::vector<Words> cases = {{}, {"unite", "in.xml"}, {"compare", "a.xml"}};
+    cases.push_back({"merge", "in.xml"});         // no output
+    cases.push_back({"merge", "-o", "out.xml"});  // no input
+    for (const Words& option : {Words{"--from", "5"},
+                                {"--to", "all"},
+                                {"--measures", "7-5"},
+                                {"--measures", "0-5"},
+                                {"--measures", "5-12x"},
+                                {"--measures", "1-99999"},
+                                {"--from-beat", "0.5"}}) {
+        cases.push_back({"merge", "in.xml", "-o", "o", option[0], option[1]});
+    }
     for (const auto& arguments : cases) {
         testing::internal::CaptureStderr();
         const auto parsed = ParseCommandLine(arguments);
@@ -62,25 +55,18 @@ TEST(CommandLine, WrongUsageIsRefused) {
     }
 }
 
-struct SelectionCase {
-    const char* name;
+// The score has three measures, the second in 6/8, and two staves.
+const struct {
     std::vector<std::string> arguments;
     EREGION expected;
-};
-
-// The score has three measures, the second in 6/8, and two staves.
-const SelectionCase kSelections[] = {
-    {"Everything", {}, {0, 1, 1, 0, 0, 2, 3, kEndOfMeasure}},
-    {"OneMeasure", {"--measures", "2"}, {0, 1, 2, 0, 0, 2, 2, kEndOfMeasure}},
-    {"OpenEnd", {"--measures", "2-"}, {0, 1, 2, 0, 0, 2, 3, kEndOfMeasure}},
-    {"EndBeyondTheScore", {"--measures", "2-9"}, {0, 1, 2, 0, 0, 2, 3, kEndOfMeasure}},
-    {"Staff", {"--staves", "2-2"}, {0, 2, 1, 0, 0, 2, 3, kEndOfMeasure}},
-    {"Beats",
-     {"--measures", "1-1", "--from-beat", "2", "--to-beat", "3"},
-     {0, 1, 1, 1024, 0, 2, 1, 3071}},
-    {"BeatsOfBothMeters",
-     {"--measures", "1-2", "--from-beat", "2.5", "--to-beat", "2"},
-     {0, 1, 1, 1536, 0, 2, 2, 1023}},
+} kSelections[] = {
+    {{}, {0, 1, 1, 0, 0, 2, 3, kEndOfMeasure}},
+    {{"--measures", "2"}, {0, 1, 2, 0, 0, 2, 2, kEndOfMeasure}},
+    {{"--measures", "2-"}, {0, 1, 2, 0, 0, 2, 3, kEndOfMeasure}},
+    {{"--measures", "2-9"}, {0, 1, 2, 0, 0, 2, 3, kEndOfMeasure}},
+    {{"--staves", "2-2"}, {0, 2, 1, 0, 0, 2, 3, kEndOfMeasure}},
+    {{"--measures", "1-1", "--from-beat", "2", "--to-beat", "3"}, {0, 1, 1, 1024, 0, 2, 1, 3071}},
+    {{"--measures", "1-2", "--from-beat", "2.5", "--to-beat", "2"}, {0, 1, 1, 1536, 0, 2, 2, 1023}},
 };
 
 TEST(Selection, FollowsMeasuresBeatsAndStaves) {
@@ -90,16 +76,17 @@ TEST(Selection, FollowsMeasuresBeatsAndStaves) {
     document.AddMeasure(4, 1024);
     document.AddMeasure(6, 512);
     document.AddMeasure(4, 1024);
-    for (const SelectionCase& c : kSelections) {
+    for (const auto& c : kSelections) {
+        SCOPED_TRACE(testing::PrintToString(c.arguments));
         const auto found = SelectionIn(document, ParseMerge(c.arguments).selection);
-        ASSERT_TRUE(std::holds_alternative<EREGION>(found)) << c.name;
+        ASSERT_TRUE(std::holds_alternative<EREGION>(found));
         const auto& region = std::get<EREGION>(found);
-        EXPECT_EQ(std::memcmp(&region, &c.expected, sizeof region), 0) << c.name;
+        EXPECT_EQ(std::memcmp(&region, &c.expected, sizeof region), 0);
     }
-    for (const std::vector<std::string>& nothing :
-         {std::vector<std::string>{"--measures", "4-5"},
-          {"--staves", "3"},
-          {"--measures", "1-1", "--from-beat", "3", "--to-beat", "1"}}) {
+    using Words = std::vector<std::string>;
+    for (const Words& nothing : {Words{"--measures", "4-5"},
+                                 {"--staves", "3"},
+                                 {"--measures", "1-1", "--from-beat", "3", "--to-beat", "1"}}) {
         EXPECT_TRUE(std::holds_alternative<std::string>(
             SelectionIn(document, ParseMerge(nothing).selection)));
     }

@@ -1,14 +1,12 @@
 // The whole command: from a file through the real plug-in to a file.
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
 #include "host/score/application.h"
+#include "tests/unit/support/files.h"
 
 namespace {
 
@@ -17,25 +15,12 @@ using namespace standin::cli;
 
 const std::string kCarol = std::string{PLYWELD_EXAMPLES} + "/adeste-fideles.musicxml";
 
-std::string Content(const fs::path& file) {
-    std::ostringstream text;
-    text << std::ifstream{file, std::ios::binary}.rdbuf();
-    return text.str();
-}
-
 class CommandRun : public testing::Test {
 protected:
-    void SetUp() override {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        folder = fs::temp_directory_path() / (std::string{"plyweld-command-"} + test->name());
-        fs::remove_all(folder);
-        fs::create_directory(folder);
-        standin::App().Reset();
-    }
-    void TearDown() override {
+    CommandRun() { standin::App().Reset(); }
+    ~CommandRun() override {
         EXPECT_EQ(standin::App().lent.Count(), 0U);
         EXPECT_EQ(standin::App().CurrentNumber(), 0);
-        fs::remove_all(folder);
     }
 
     std::string File(const std::string& name) const { return (folder / name).string(); }
@@ -54,7 +39,7 @@ protected:
         return exitCode;
     }
 
-    fs::path folder;
+    TemporaryFolder folder;
     std::string output;
     std::string errors;
 };
@@ -88,19 +73,15 @@ TEST_F(CommandRun, OnlyTheSelectionChanges) {
     EXPECT_EQ(after.substr(after.find(fifth)), before.substr(before.find(fifth)));
 }
 
-TEST_F(CommandRun, ZippedOutputHoldsTheSameMusic) {
+TEST_F(CommandRun, EveryFormOfOutputHoldsTheSameMusic) {
     ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--quiet"}), kDone);
     EXPECT_EQ(output, "");
-    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.mxl")}), kDone);
-    EXPECT_EQ(Content(File("out.mxl")).substr(0, 2), "PK");
-    EXPECT_EQ(Run({"compare", File("out.musicxml"), File("out.mxl")}), kDone) << output;
-}
-
-TEST_F(CommandRun, StandardOutputCarriesTheScoreAlone) {
-    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--quiet"}), kDone);
     ASSERT_EQ(Run({"merge", kCarol, "-o", "-"}), kDone);
     EXPECT_EQ(output, Content(File("out.musicxml")));
     EXPECT_NE(errors, "");
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.mxl")}), kDone);
+    EXPECT_EQ(Content(File("out.mxl")).substr(0, 2), "PK");
+    EXPECT_EQ(Run({"compare", File("out.musicxml"), File("out.mxl")}), kDone) << output;
 }
 
 TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
@@ -119,53 +100,18 @@ TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
     EXPECT_EQ(Content(target), "kept");
 }
 
-struct DamagedFile {
-    const char* name;
-    std::string content;
-    const char* says;  // part of the line
-};
-
-std::string Score(const std::string& measure) {
-    return "<score-partwise version=\"4.0\">\n<part-list><score-part id=\"P1\"><part-name/>"
-           "</score-part></part-list>\n<part id=\"P1\">\n<measure number=\"1\">\n" +
-           measure + "\n</measure></part></score-partwise>\n";
-}
-
-std::string Nested(int levels) {
-    std::string text = "<score-partwise>";
-    for (int i = 0; i < levels; ++i) {
-        text += "<a>";
-    }
-    return text;
-}
-
-const DamagedFile kDamaged[] = {
-    {"Missing", "", ""},
-    {"NotXml", "a piano piece", ":1: "},
-    {"NoScore", "<html/>", ""},
-    {"CutShort", Score("").substr(0, 150), ""},
-    {"BrokenZip", "PK\x03\x04 and nothing more", "archive"},
-    {"NegativeDuration",
-     Score("<attributes><divisions>1</divisions></attributes>\n"
-           "<note><rest/><duration>-4</duration></note>"),
-     ":6: "},
-    {"BackupBeforeTheStart",
-     Score("<attributes><divisions>1</divisions></attributes>\n"
-           "<backup><duration>4</duration></backup>"),
-     ":6: "},
-    {"TenThousandLevels", Nested(10'000), ""},
-};
-
 TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {
-    for (const DamagedFile& file : kDamaged) {
-        SCOPED_TRACE(file.name);
-        const std::string input = std::string{file.name} == "Missing"
-                                      ? File("no such file")
-                                      : Write(std::string{file.name} + ".xml", file.content);
+    const std::pair<std::string, const char*> cases[] = {
+        {File("no such file"), ""},
+        {Write("text.xml", "a piano piece"), ":1: "},
+        {Write("zip.xml", "PK\x03\x04 and nothing more"), "archive"},
+        {Write("late.xml", "<score-partwise>\n\n<note/></score-partwise>"), ":3: "},
+    };
+    for (const auto& [input, says] : cases) {
         EXPECT_EQ(Run({"merge", input, "-o", File("out.xml")}), kUnreadable);
         EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
         EXPECT_EQ(errors.substr(0, input.size() + 1), input + ":");
-        EXPECT_NE(errors.find(file.says), std::string::npos) << errors;
+        EXPECT_NE(errors.find(says), std::string::npos) << errors;
         EXPECT_FALSE(fs::exists(File("out.xml")));
     }
 }

@@ -1,11 +1,10 @@
 // Selecting in the grid: what mouse and keyboard make of a score's staves, measures and beats.
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 
 #include "host/desktop/grid_layout.h"
 #include "host/desktop/selection_editor.h"
-#include "host/desktop/selection_text.h"
-#include "tests/unit/support/stand_in.h"
 
 namespace standin::desktop {
 namespace {
@@ -23,11 +22,11 @@ std::string Text(const std::optional<EREGION>& region) {
     if (!region) {
         return "nothing";
     }
-    const auto end = region->endPosition == kEndOfMeasure ? std::string{"|"}
-                                                          : std::to_string(region->endPosition);
-    return std::to_string(region->startSlot) + "-" + std::to_string(region->endSlot) + " " +
-           std::to_string(region->startMeasure) + ":" + std::to_string(region->startPosition) +
-           "-" + std::to_string(region->endMeasure) + ":" + end;
+    std::ostringstream text;
+    text << region->startSlot << '-' << region->endSlot << ' ' << region->startMeasure << ':'
+         << region->startPosition << '-' << region->endMeasure << ':'
+         << (region->endPosition == kEndOfMeasure ? "|" : std::to_string(region->endPosition));
+    return text.str();
 }
 
 class Selecting : public testing::Test {
@@ -102,17 +101,11 @@ TEST_F(Selecting, KeysMoveByBeatAcrossBarlines) {
 }
 
 TEST_F(Selecting, TakesOverARegionAndGivesItBack) {
-    for (const char* text : {"1-3 1:0-3:|", "2-2 1:1024-2:1023", "1-1 3:1536-3:|"}) {
-        SelectionEditor other;
-        other.SetShape(Shape());
-        EREGION region{};
-        char end[8] = {};
-        ASSERT_EQ(std::sscanf(text, "%hd-%hd %hd:%d-%hd:%7s", &region.startSlot, &region.endSlot,
-                              &region.startMeasure, &region.startPosition, &region.endMeasure, end),
-                  6);
-        region.endPosition = end[0] == '|' ? kEndOfMeasure : std::stoi(end);
-        other.Adopt(region);
-        EXPECT_EQ(Text(other.Region()), text);
+    for (const EREGION& region :
+         {EREGION{0, 1, 1, 0, 0, 3, 3, kEndOfMeasure}, EREGION{0, 2, 1, 1024, 0, 2, 2, 1023},
+          EREGION{0, 1, 3, 1536, 0, 1, 3, kEndOfMeasure}}) {
+        editor.Adopt(region);
+        EXPECT_EQ(Now(), Text(region));
     }
     editor.SelectAll();
     editor.SetShape({1, {{4096, 1024}}});
@@ -125,41 +118,22 @@ TEST_F(Selecting, TakesOverARegionAndGivesItBack) {
 
 TEST(Grid, HitsWhatItDraws) {
     const GridLayout layout{Shape()};
-    for (int slot = 1; slot <= 3; ++slot) {
-        for (int measure = 1; measure <= 3; ++measure) {
-            const PixelRect cell = layout.Cell(slot, measure);
-            for (const i32 position : {0, 1024, 2048}) {
-                const auto hit = layout.Hit(layout.XOf(measure, position) + 1, cell.bottom - 1);
-                ASSERT_TRUE(hit);
-                EXPECT_EQ(hit->slot, slot);
-                EXPECT_EQ(hit->measure, measure);
-                EXPECT_NEAR(hit->position, position, 110);
-            }
-        }
+    for (const auto& [slot, measure, position] :
+         {std::tuple{1, 1, 0}, {1, 1, 1024}, {2, 2, 1024}, {3, 3, 0}, {3, 3, 2048}}) {
+        const int bottom = layout.Cell(slot, measure).bottom - 1;
+        const auto hit = layout.Hit(layout.XOf(measure, position) + 1, bottom);
+        ASSERT_TRUE(hit);
+        EXPECT_EQ(hit->slot, slot);
+        EXPECT_EQ(hit->measure, measure);
+        EXPECT_NEAR(hit->position, position, 110);
     }
     EXPECT_FALSE(layout.Hit(10, 60)) << "staff names";
     EXPECT_FALSE(layout.Hit(300, 10)) << "measure numbers";
-    const auto beyond = layout.Nearest(100000, 100000);
-    ASSERT_TRUE(beyond);
-    EXPECT_EQ(beyond->slot, 3);
-    EXPECT_EQ(beyond->measure, 3);
-    EXPECT_LT(beyond->position, 3072);
+    const GridPoint beyond = layout.Nearest(100000, 100000).value();
+    EXPECT_EQ(beyond.slot, 3);
+    EXPECT_EQ(beyond.measure, 3);
+    EXPECT_LT(beyond.position, 3072);
     EXPECT_FALSE(GridLayout{ScoreShape{}}.Nearest(200, 60));
-}
-
-TEST(SelectionInWords, SaysNoMoreThanNeeded) {
-    StandIn host{2, 6};
-    Document& score = host.Score();
-    const auto text = [&](EREGION region) {
-        score.selection = region;
-        return SelectionText(score);
-    };
-    const std::u16string first = score.AutoNumberedName(host.Staff(1));
-    const std::u16string one = first.empty() ? u"staff 1" : first;
-    EXPECT_EQ(SelectionText(score), u"Nothing is selected");
-    EXPECT_EQ(text({0, 1, 2, 0, 0, 1, 2, kEndOfMeasure}), one + u", measure 2");
-    EXPECT_EQ(text({0, 1, 2, 0, 0, 1, 5, kEndOfMeasure}), one + u", measure 2 to 5");
-    EXPECT_EQ(text({0, 1, 2, 1024, 0, 1, 2, 3071}), one + u", measure 2 beat 2 to 2 beat 3");
 }
 
 }  // namespace

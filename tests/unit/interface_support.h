@@ -13,6 +13,9 @@
 #include "tests/unit/support/dialog_desk.h"
 #include "tests/unit/support/stand_in.h"
 
+using OpenDialog = standin::DialogDesk::OpenDialog;
+using Names = std::vector<std::u16string>;
+
 // A command that only has settings.
 class SettingsCommand final : public FinPI {
 public:
@@ -82,7 +85,7 @@ protected:
     InterfaceTest() { platform::headless::Reset(); }
     ~InterfaceTest() override { EXPECT_EQ(platform::headless::OpenRegistryKeys(), 0); }
 
-    standin::DialogDesk::OpenDialog& Show(FinPIDialog& dialog) {
+    OpenDialog& Show(FinPIDialog& dialog) {
         dialog.ShowDialogWindow(nullptr, 0);
         return *desk.Newest();
     }

@@ -5,12 +5,6 @@
 namespace standin {
 namespace {
 
-void MakeRest(EXENTRY& entry) {
-    entry.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes;
-    entry.noteCount = 0;
-    std::fill(std::begin(entry.notes), std::end(entry.notes), EXNOTE{});
-}
-
 // Layer 2 gives its first note to a chord, its second fills a rest; a half and a note without a
 // rest for it stay.
 TEST(Report, TellsWhatMovedAndWhyTheRestStayed) {
@@ -23,10 +17,9 @@ TEST(Report, TellsWhatMovedAndWhyTheRestStayed) {
             layer2("F4") + layer2("G4", 4, "half"),
         Note({.duration = 4, .type = "half"}) + Backup(4) + Forward(2) + layer2("A4"),
     }));
-    ASSERT_NE(score, nullptr);
     Document& document = *score->document;
-    std::vector<EXENTRY> destination = document.FindFrame({1, 1, 0})->entries;
-    std::vector<EXENTRY> source = document.FindFrame({1, 1, 1})->entries;
+    std::vector<EXENTRY> destination = Entries(*score, 1, 0);
+    std::vector<EXENTRY> source = Entries(*score, 1, 1);
     destination[0].notes[1] = source[0].notes[0];
     destination[0].notes[1].noteID = 2;
     destination[0].noteCount = 2;

@@ -1,7 +1,9 @@
 // Scores for tests, from a few characters.
 #pragma once
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -39,20 +41,15 @@ struct NoteOf {
     std::string_view voice = "1";
     std::string_view more = {};   // what follows the type
     std::string_view first = {};  // what precedes the pitch
-    std::string_view attributes = {};
 };
 
 inline std::string Note(const NoteOf& note) {
-    std::string text = "<note" + std::string{note.attributes} + ">" + std::string{note.first};
-    if (note.pitch == "r") {
-        text += "<rest/>";
-    } else {
-        text.append("<pitch><step>").append(1, note.pitch[0]).append("</step><octave>");
-        text.append(1, note.pitch[1]).append("</octave></pitch>");
-    }
-    if (note.duration > 0) {
-        text += "<duration>" + std::to_string(note.duration) + "</duration>";
-    }
+    const std::string pitch{note.pitch};
+    std::string text = "<note>" + std::string{note.first};
+    text += pitch == "r" ? "<rest/>"
+                         : "<pitch><step>" + pitch.substr(0, 1) + "</step><octave>" +
+                               pitch.substr(1) + "</octave></pitch>";
+    text += note.duration > 0 ? "<duration>" + std::to_string(note.duration) + "</duration>" : "";
     text.append("<voice>").append(note.voice).append("</voice><type>").append(note.type);
     return text.append("</type>").append(note.more).append("</note>\n");
 }
@@ -65,21 +62,38 @@ inline std::string Forward(int duration) {
     return "<forward><duration>" + std::to_string(duration) + "</duration></forward>\n";
 }
 
-// A score read; the test fails when it is refused.
+// A score read; the test ends when it is refused.
 inline std::unique_ptr<ImportedScore> Read(std::string bytes) {
     ReadResult result = ReadScore(std::move(bytes));
-    EXPECT_TRUE(result) << result.message << " (line " << result.line << ")";
+    if (!result) {
+        throw std::runtime_error{result.message + " (line " + std::to_string(result.line) + ")"};
+    }
     return std::move(result.score);
+}
+
+// Every measure written anew.
+inline std::string Rebuilt(const ImportedScore& score) {
+    return WriteScore(score, {.rebuildAll = true});
 }
 
 inline std::string Layer(const ImportedScore& score, u16 staff, u16 measure, u16 layer) {
     return PrintLayer(*score.document, {staff, measure, layer});
 }
 
+// Of the first staff; none in a layer without a frame.
+inline std::vector<EXENTRY> Entries(const ImportedScore& score, u16 measure, u16 layer) {
+    const Frame* frame = score.document->FindFrame({1, measure, layer});
+    return frame == nullptr ? std::vector<EXENTRY>{} : frame->entries;
+}
+
+inline void MakeRest(EXENTRY& entry) {
+    entry.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes;
+    entry.noteCount = 0;
+    std::fill(std::begin(entry.notes), std::end(entry.notes), EXNOTE{});
+}
+
 inline CompareOptions Merged() {
-    CompareOptions options;
-    options.merged = true;
-    return options;
+    return {.merged = true, .replaced = {}};
 }
 
 // The differences between two scores, joined by line breaks.

@@ -1,19 +1,14 @@
 #include "tests/unit/plugin_driver.h"
 
 #include <algorithm>
+#include <cstring>
 #include <dlfcn.h>
 #include <sstream>
 
 #include "platform/headless/session.h"
-#include "platform/registry.h"
+#include "tests/unit/support/registry_values.h"
 
 namespace standin {
-
-namespace {
-
-const std::string kPreferences = "Software\\ZKW\\Finale Plugin Prefs\\";
-
-}  // namespace
 
 Plugin::Plugin(const std::string& path)
     : m_library{dlopen(path.empty() ? PLYWELD_PLUGIN : path.c_str(), RTLD_NOW | RTLD_LOCAL)} {
@@ -66,22 +61,28 @@ void Plugin::Store(const MergeOptions& options) {
     StoreBytes("Plyweld", "ZKCF22000", &options, sizeof(options));
 }
 
+void Plugin::StoreSetting(int number, const Setting& setting) {
+    constexpr std::size_t kHeader = 160;
+    std::vector<u8> record(kHeader + sizeof(MergeOptions));
+    record[0] = static_cast<u8>(record.size());
+    record[2] = kHeader;
+    std::copy(setting.name.begin(), setting.name.end(), record.begin() + 8);
+    record[138] = setting.skipsDialog ? 1 : 0;
+    record[140] = setting.identifier;
+    record[142] = setting.useSubmenu ? 1 : 0;
+    std::memcpy(record.data() + kHeader, &setting.options, sizeof(MergeOptions));
+    StoreBytes("Save Settings", "ZKSC" + std::to_string(22000 + number), record.data(),
+               static_cast<u32>(record.size()));
+}
+
 void Plugin::StoreBytes(const std::string& owner, const std::string& value, const void* data,
                         u32 size) {
-    auto key = platform::RegistryKey::Create(kPreferences + owner);
-    EXPECT_EQ(key.SetBinaryValue(value, data, size), platform::RegistryResult::kSuccess);
+    StoreValue(kPreferences + '\\' + owner, value, {static_cast<const char*>(data), size});
 }
 
 std::vector<u8> Plugin::Stored(const std::string& owner, const std::string& value) {
-    const auto key = platform::RegistryKey::Open(kPreferences + owner, platform::KeyAccess::kRead);
-    platform::ValueType type{};
-    u32 size = 0;
-    if (key.QueryValue(value, &type, nullptr, &size) != platform::RegistryResult::kSuccess) {
-        return {};
-    }
-    std::vector<u8> bytes(size);
-    key.QueryValue(value, &type, bytes.data(), &size);
-    return bytes;
+    const std::string bytes = StoredValue(kPreferences + '\\' + owner, value).value_or("");
+    return {bytes.begin(), bytes.end()};
 }
 
 std::vector<std::string> Music(const Document& document) {
@@ -102,6 +103,26 @@ std::vector<std::string> Music(const Document& document) {
     }
     std::sort(notes.begin(), notes.end());
     return notes;
+}
+
+std::string AlertTexts() {
+    std::string text;
+    for (const Alert& alert : App().alerts) {
+        text += "alert " + std::to_string(alert.stringId) + ' ';
+        for (const char16_t unit : alert.text) {
+            text += static_cast<char>(unit);
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+std::string Lines(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const std::string& line : lines) {
+        text += line + '\n';
+    }
+    return text;
 }
 
 }  // namespace standin

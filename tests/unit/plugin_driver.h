@@ -33,6 +33,15 @@ public:
     void Merge(StandIn& host, const MergeOptions& options = {}) const;
 
     static void Store(const MergeOptions& options);
+    struct Setting {
+        std::string name;
+        bool skipsDialog = false;
+        bool useSubmenu = false;
+        u8 identifier = 1;
+        MergeOptions options = {};
+    };
+    // As a saved setting is stored.
+    static void StoreSetting(int number, const Setting& setting);
     static std::vector<u8> Stored(const std::string& owner, const std::string& value);
     static void StoreBytes(const std::string& owner, const std::string& value, const void* data,
                            u32 size);
@@ -53,5 +62,10 @@ private:
 // Everything that sounds, over all layers: what no merge may change. One line a note: staff,
 // measure, onset, actual duration, pitch, ties.
 std::vector<std::string> Music(const Document& document);
+
+// The alerts shown, each with its number and a line break.
+std::string AlertTexts();
+// Each with a line break.
+std::string Lines(const std::vector<std::string>& lines);
 
 }  // namespace standin

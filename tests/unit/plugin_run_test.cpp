@@ -1,8 +1,9 @@
 // One run: region, edit, errors, settings.
+#include <algorithm>
 #include <cstring>
 #include <gtest/gtest.h>
+#include <tuple>
 
-#include "platform/headless/session.h"
 #include "tests/unit/plugin_driver.h"
 
 namespace standin {
@@ -32,121 +33,82 @@ TEST(Edit, IsOneAndCanBeUndone) {
     EXPECT_EQ(host.Score().Digest(), before);
 }
 
-TEST(Region, WithEndsInTwoStaffLists) {
-    struct {
-        std::vector<u16> endList;  // slots of StandIn's three staves
-        i16 endSlot;
-        std::vector<i16> merged;
-    } const cases[] = {
+TEST(Region, InStaffLists) {
+    constexpr u16 kList = 65501;
+    // The list, the selection, the staves merged; all by their slots in the score.
+    const std::tuple<std::vector<i16>, EREGION, std::vector<i16>> cases[] = {
+        {{3, 1}, EREGION{kList, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 3}},
         // The last staff has a slot in the start's list, the score's own.
-        {{2, 3}, 2, {1, 2, 3}},
-        {{3, 1, 2}, 3, {1, 2}},
+        {{2, 3}, EREGION{0, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 2, 3}},
+        {{3, 1, 2}, EREGION{0, 1, 1, 0, kList, 3, 1, kEndOfMeasure}, {1, 2}},
     };
-    for (const auto& c : cases) {
+    for (const auto& [list, selection, mergedSlots] : cases) {
         StandIn host{3, 1};
         TwoLayers(host, 3);
         std::vector<u16> staves;
-        for (const u16 slot : c.endList) {
-            staves.push_back(host.Staff(static_cast<i16>(slot)));
+        for (const i16 slot : list) {
+            staves.push_back(host.Staff(slot));
         }
-        host.Score().SetStaffList(65501, staves);
-        host.SelectAll();
-        host.Score().selection->endStaffList = 65501;
-        host.Score().selection->endSlot = c.endSlot;
+        host.Score().SetStaffList(kList, staves);
+        host.Score().selection = selection;
         Plugin{}.Merge(host);
         for (i16 slot = 1; slot <= 3; ++slot) {
-            const bool merged = std::count(c.merged.begin(), c.merged.end(), slot) != 0;
+            const bool merged = std::count(mergedSlots.begin(), mergedSlots.end(), slot) != 0;
             EXPECT_EQ(host.Layer(slot, 1, 0), merged ? "w:c4,e4" : "w:c4") << slot;
         }
     }
 }
 
-TEST(Region, InAStaffListOfItsOwn) {
-    StandIn host{3, 1};
-    TwoLayers(host, 3);
-    host.Score().SetStaffList(2, {host.Staff(3), host.Staff(1)});
-    host.Score().selection = EREGION{2, 1, 1, 0, 2, 2, 1, kEndOfMeasure};
-    Plugin{}.Merge(host);
-    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4,e4");
-    EXPECT_EQ(host.Layer(2, 1, 0), "w:c4");
-    EXPECT_EQ(host.Layer(3, 1, 0), "w:c4,e4");
-}
-
-struct RefusedRun {
-    const char* name;
-    MergeOptions options;
-    bool selected;
-    u16 alert;
-};
-
-class NothingToDo : public testing::TestWithParam<RefusedRun> {};
-
-TEST_P(NothingToDo, IsSaidAndChangesNothing) {
-    StandIn host;
-    TwoLayers(host);
-    if (GetParam().selected) {
-        host.SelectAll();
+TEST(Run, NothingToDoIsSaidAndChangesNothing) {
+    for (const u16 alert : {u16{22002}, u16{22003}}) {
+        const bool selected = alert == 22002;  // and the same layer in both lists
+        StandIn host;
+        TwoLayers(host);
+        if (selected) {
+            host.SelectAll();
+        }
+        const u64 before = host.Score().Digest();
+        Plugin{}.Merge(host, {.source = selected ? u16{0} : kAllLayers});
+        ASSERT_EQ(App().alerts.size(), 1U);
+        EXPECT_EQ(App().alerts[0].stringId, alert);
+        EXPECT_EQ(host.Score().Digest(), before);
+        EXPECT_TRUE(App().redrawn.empty());
+        EXPECT_EQ(App().calls.Of(HostCall::kEndFinaleEdit), 1U);
+        EXPECT_EQ(App().calls.Of(HostCall::kCancelFinaleEdit), 0U);
     }
-    const u64 before = host.Score().Digest();
-    Plugin{}.Merge(host, GetParam().options);
-    ASSERT_EQ(App().alerts.size(), 1U);
-    EXPECT_EQ(App().alerts[0].stringId, GetParam().alert);
-    EXPECT_EQ(host.Score().Digest(), before);
-    EXPECT_TRUE(App().redrawn.empty());
-    EXPECT_EQ(App().calls.Of(HostCall::kEndFinaleEdit), 1U);
-    EXPECT_EQ(App().calls.Of(HostCall::kCancelFinaleEdit), 0U);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Run, NothingToDo,
-    testing::Values(RefusedRun{"SameLayers", {.source = 1, .destination = 1}, true, 22002},
-                    RefusedRun{"NoSelection", {}, false, 22003}),
-    [](const auto& test) { return test.param.name; });
 
 TEST(Run, WithoutADocument) {
     StandIn host;
-    const EREGION whole = host.Score().WholeRegion();
     const Plugin plugin;
     App().faults.refuseKind = FaultPlan::AllOf(HostCall::kGetCurrentEnigmaDocument);
     plugin.Merge(host);
     ASSERT_EQ(App().alerts.size(), 1U);
     EXPECT_EQ(App().alerts[0].text, u"No open document.");
     EXPECT_EQ(App().calls.Of(HostCall::kStartFinaleEdit), 0U);
-    EXPECT_EQ(whole.startMeasure, 1);
 }
 
-struct StoredCase {
-    const char* name;
-    std::vector<u8> stored;
-    MergeOptions used;
-};
-
-class Settings : public testing::TestWithParam<StoredCase> {};
-
-TEST_P(Settings, AreReadAndWrittenBack) {
-    StandIn host;
-    host.SelectAll();
-    const Plugin plugin;
-    if (!GetParam().stored.empty()) {
-        Plugin::StoreBytes("Plyweld", "ZKCF22000", GetParam().stored.data(),
-                           static_cast<u32>(GetParam().stored.size()));
+TEST(Run, ReadsItsSettingsAndWritesThemBack) {
+    const std::pair<std::vector<u8>, MergeOptions> cases[] = {
+        {{}, {}},
+        {{0xFF, 0xFF, 2, 0, 3, 0, 0, 0, 0, 0, 1, 0},
+         {.source = 2, .destination = 3, .rebeam = 0, .hideRests = 1}},
+        {{12, 0, 2, 0, 3}, {.source = 2, .destination = 3, .rebeam = 0}},  // too short
+    };
+    for (const auto& [stored, used] : cases) {
+        StandIn host;
+        host.SelectAll();
+        const Plugin plugin;
+        if (!stored.empty()) {
+            Plugin::StoreBytes("Plyweld", "ZKCF22000", stored.data(),
+                               static_cast<u32>(stored.size()));
+        }
+        plugin.InvokeWithShift(host);
+        const std::vector<u8> bytes = Plugin::Stored("Plyweld", "ZKCF22000");
+        ASSERT_EQ(bytes.size(), sizeof(MergeOptions));
+        EXPECT_EQ(std::memcmp(bytes.data(), &used, sizeof(MergeOptions)), 0);
     }
-    platform::headless::HoldShift(true);
-    plugin.Invoke(host);
-    const std::vector<u8> bytes = Plugin::Stored("Plyweld", "ZKCF22000");
-    ASSERT_EQ(bytes.size(), sizeof(MergeOptions));
-    EXPECT_EQ(std::memcmp(bytes.data(), &GetParam().used, sizeof(MergeOptions)), 0);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Run, Settings,
-    testing::Values(
-        StoredCase{"NothingStored", {}, {}},
-        StoredCase{"Stored",
-                   {0xFF, 0xFF, 2, 0, 3, 0, 0, 0, 0, 0, 1, 0},
-                   {.source = 2, .destination = 3, .rebeam = 0, .hideRests = 1}},
-        StoredCase{"TooShort", {12, 0, 2, 0, 3}, {.source = 2, .destination = 3, .rebeam = 0}}),
-    [](const auto& test) { return test.param.name; });
 
 }  // namespace
 }  // namespace standin

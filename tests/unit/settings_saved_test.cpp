@@ -1,31 +1,24 @@
 // Saved settings: the stored record, the move from the older owner, and the dialog.
 #include <cstring>
 
-#include "Class Files/foundation/FinPIException.h"
 #include "Class Files/settings/FinPISaveSettingsDlg.h"
-#include "Class Files/settings/FinPIUtil.h"
 #include "Class Files/settings/SaveSettingsControls.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "host/score/application.h"
-#include "platform/registry.h"
 #include "tests/unit/interface_support.h"
+#include "tests/unit/support/registry_values.h"
 
 namespace {
 
 namespace Control = SaveSettingsControl;
-using OpenDialog = standin::DialogDesk::OpenDialog;
-using Names = std::vector<std::u16string>;
-
 constexpr u16 kCommand = 22000;
-constexpr char kOwner[] = "Save Settings";
 
 // The command dialog: what it shows is put into the settings record when asked.
-class CommandDialog final : public FinPIDialog {
+class CommandDialog final : public NotingDialog {
 public:
     explicit CommandDialog(SettingsCommand& command)
-        : FinPIDialog{&command, kCommand, u"Plyweld", nullptr, nullptr}, m_command{command} {}
+        : NotingDialog{&command, nullptr, nullptr}, m_command{command} {}
 
-    i16 HandleCommand(WindowHandle, u16, u8*) override { return 0; }
     void CopyDialogToConfigData(WindowHandle) override {
         std::memcpy(m_command.settings, "dlg!", 4);
     }
@@ -99,49 +92,28 @@ TEST_F(SavedSettingsTest, ReadsTheHeaderOfANumberInRange) {
     u16 submenu = 0;
     ASSERT_EQ(ReadSavedSetting(kCommand, 1, name, &item, &skip, &identifier, &submenu), 1);
     EXPECT_EQ(std::u16string(name, 128), u"Slow" + std::u16string(124, u'\0'));
-    EXPECT_EQ(item, 0);
-    EXPECT_EQ(skip, 1);
-    EXPECT_EQ(identifier, 7);
-    EXPECT_EQ(submenu, 1);
-    EXPECT_EQ(ReadSavedSetting(kCommand, 2, name, nullptr, nullptr, nullptr, nullptr), 0);
-    EXPECT_EQ(ReadSavedSetting(kCommand, 0, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
-    EXPECT_EQ(ReadSavedSetting(kCommand, 100, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ((std::vector<u16>{item, skip, identifier, submenu}), (std::vector<u16>{0, 1, 7, 1}));
+    for (const i16 number : std::vector<i16>{0, 2, 100}) {
+        EXPECT_EQ(ReadSavedSetting(kCommand, number, nullptr, nullptr, nullptr, nullptr, nullptr),
+                  0);
+    }
     char settings[4];
     EXPECT_EQ(ReadSavedSettingRecord(kCommand, 1, settings, 4), 4U);
     EXPECT_EQ(std::string(settings, 4), "abcd");
     EXPECT_EQ(ReadSavedSettingRecord(kCommand, 2, settings, 4), 0U);
 }
 
-TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
-    SavedSettingPtr record{4};
-    record.Header().headerSize = 150;
-    ASSERT_EQ(record.PutToFile(22001), 1);
-    EXPECT_EQ(ReadSavedSetting(kCommand, 1, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
-    ASSERT_EQ(standin::App().alerts.size(), 1U);
-    EXPECT_EQ(standin::App().alerts.front().text,
-              u"Internal Application Error at long __cdecl SavedSettingPtr::GetFromFile(const "
-              u"short)->The stored settings are not compatible with the current version of the "
-              u"plugin.");
-    EXPECT_EQ(g_pendingError, nullptr);
-}
-
 TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
-    const std::string base = "Software\\ZKW\\Finale Plugin Prefs";
-    const std::string old = base + "\\Einstellungen speichern";
-    const auto store = [&](const char* name, const std::string& bytes) {
-        platform::RegistryKey::Create(old).SetBinaryValue(name, bytes.data(),
-                                                          static_cast<u32>(bytes.size()));
-    };
-    store("ZKSC22001", "first");
-    store("ZKSC22002", "second");
-    store("ZKSC22004", "behind a gap");
+    const std::string old = kPreferences + "\\Einstellungen speichern";
+    const std::string owner = kPreferences + "\\Save Settings";
+    for (const char* name : {"ZKSC22001", "ZKSC22002", "ZKSC22004"}) {
+        StoreValue(old, name, name);
+    }
     SavedSettings::MoveFromOldOwner(kCommand);
-    char bytes[8]{};
-    EXPECT_EQ(ZKFX_GetSettings("ZKSC", 22001, bytes, 8, kOwner), 5U);
-    EXPECT_STREQ(bytes, "first");
-    EXPECT_EQ(ZKFX_GetSettings("ZKSC", 22002, nullptr, 0, kOwner), 6U);
-    EXPECT_EQ(ZKFX_GetSettings("ZKSC", 22004, nullptr, 0, kOwner), 0U);
-    EXPECT_FALSE(platform::RegistryKey::Open(old, platform::KeyAccess::kRead));
+    EXPECT_EQ(StoredValue(owner, "ZKSC22001"), "ZKSC22001");
+    EXPECT_EQ(StoredValue(owner, "ZKSC22002"), "ZKSC22002");
+    EXPECT_EQ(StoredValue(owner, "ZKSC22004"), std::nullopt) << "behind a gap";
+    EXPECT_FALSE(KeyExists(old));
 }
 
 TEST_F(SavedSettingsTest, RewritesTheSettingsPartAlone) {
@@ -149,48 +121,24 @@ TEST_F(SavedSettingsTest, RewritesTheSettingsPartAlone) {
     FinPISaveSettingsDlg::PutSavedSettings(kCommand, 1, "wxyz", 4);
     EXPECT_EQ(Stored(), (std::vector<std::string>{"Slow 7 1 wxyz"}));
     FinPISaveSettingsDlg::PutSavedSettings(kCommand, 2, "wxyz", 4);
-    ASSERT_EQ(standin::App().alerts.size(), 1U);
-    EXPECT_EQ(standin::App().alerts.front().text,
-              u"Internal Application Error at FinPISaveSettingsDlg::PutSavedSettings->Can't find "
-              u"specified saved setting.");
+    EXPECT_EQ(standin::App().alerts.size(), 1U) << "there is none to rewrite";
 }
 
-TEST_F(SavedSettingsTest, AFirstSettingTakesWhatTheDialogShows) {
+TEST_F(SavedSettingsTest, TakeWhatTheDialogShowsInTheOrderOfTheirNames) {
     Run([](OpenDialog& open) {
-        EXPECT_EQ(open.window.caption, u"Save Settings");
         EXPECT_EQ(open.Items(Control::kList), (Names{u"Plyweld/Saved Setting 1"}));
-        EXPECT_EQ(open.texts[Control::kName], u"Plyweld/Saved Setting 1");
-        EXPECT_EQ(open.focus, Control::kName);
-        EXPECT_EQ(open.values[Control::kSkipDialog], 1U);
-        EXPECT_EQ(open.values[Control::kUseSubmenu], 1U);
-        EXPECT_TRUE(open.disabled.contains(Control::kDelete));
         EXPECT_EQ(open.window.rectangle.left, 310);
-        EXPECT_EQ(open.window.rectangle.top, 230);
-        open.Type(Control::kName, u"Mine");
-        open.Press(Control::kOk);
-    });
-    EXPECT_EQ(Stored(), (std::vector<std::string>{"Mine 1 1 dlg!"}));
-    EXPECT_STREQ(command.settings, "....") << "the command's own settings stay";
-    EXPECT_EQ(command.SavedSettingNumber(), 1);
-    EXPECT_EQ(command.SavedSettingIdentifier(), 1);
-    EXPECT_EQ(command.added, (std::vector<u16>{1}));
-    u16 submenu = 0;
-    ReadSavedSetting(kCommand, 1, nullptr, nullptr, nullptr, nullptr, &submenu);
-    EXPECT_EQ(submenu, 1);
-}
-
-TEST_F(SavedSettingsTest, AreNumberedInTheOrderOfTheirNames) {
-    Run([](OpenDialog& open) {
-        for (const char16* name : {u"b", u"a"}) {
-            open.Type(Control::kName, name);
-            open.Press(Control::kAdd);
-        }
-        open.Type(Control::kName, u"c");
+        open.Type(Control::kName, u"b");
+        open.Press(Control::kAdd);
+        open.Type(Control::kName, u"a");
         open.Press(Control::kSkipDialog);
         open.Press(Control::kOk);
     });
-    EXPECT_EQ(Stored(), (std::vector<std::string>{"a 1 1 dlg!", "b 2 1 dlg!", "c 3 0 dlg!"}));
-    EXPECT_EQ(command.SavedSettingNumber(), 3);
+    EXPECT_EQ(Stored(), (std::vector<std::string>{"a 1 0 dlg!", "b 2 1 dlg!"}));
+    EXPECT_STREQ(command.settings, "....") << "the command's own settings stay";
+    EXPECT_EQ(command.SavedSettingNumber(), 1);
+    EXPECT_EQ(command.SavedSettingIdentifier(), 1);
+    EXPECT_EQ(command.added.size(), 2U);
 }
 
 TEST_F(SavedSettingsTest, ANameInUseGetsACounter) {
@@ -245,7 +193,6 @@ TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
 TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
     StoreLetters(99);
     Run([](OpenDialog& open) {
-        EXPECT_EQ(open.SelectedItem(Control::kList), u"a");
         EXPECT_TRUE(open.disabled.contains(Control::kAdd));
         open.Press(Control::kDelete);
         EXPECT_FALSE(open.disabled.contains(Control::kAdd));
@@ -256,32 +203,6 @@ TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
     EXPECT_EQ(command.forgotten.size(), 99U);
 }
 
-// The host cannot show the dialog, or the user leaves it.
-TEST_F(SavedSettingsTest, WithoutAnAnswerNothingIsStored) {
-    OpenDialog& open = Show(dialog);
-    desk.Then([](OpenDialog& save) { save.Press(Control::kCancel); });
-    dialog.RunSaveSettingsDialog(&open.window);
-    standin::App().dialogs = nullptr;
-    dialog.RunSaveSettingsDialog(&open.window);
-    standin::App().dialogs = &desk;
-    EXPECT_EQ(desk.Shown(), (std::vector<u16>{kCommand, 20003}));
-    EXPECT_EQ(Stored(), std::vector<std::string>{});
-    EXPECT_STREQ(command.settings, "....");
-    EXPECT_EQ(command.SavedSettingNumber(), 0);
-}
-
-TEST_F(SavedSettingsTest, AFailedWriteKeepsTheDialogOpen) {
-    Run([](OpenDialog& open) {
-        platform::headless::RefuseRegistryCall(platform::headless::RegistryCall::kSetValue, 1);
-        open.Press(Control::kOk);
-        EXPECT_FALSE(open.ended);
-    });
-    ASSERT_EQ(standin::App().alerts.size(), 1U);
-    EXPECT_EQ(standin::App().alerts.front().text,
-              u"SavedSettingPtr::PutToFile->Unable to write to configuration data.");
-    EXPECT_EQ(command.SavedSettingNumber(), 0);
-}
-
 TEST_F(SavedSettingsTest, ASettingThatCannotBeLoadedLeavesTheDialogDead) {
     SavedSettingPtr record{4};
     record.Header().totalSize = 100;
@@ -290,27 +211,23 @@ TEST_F(SavedSettingsTest, ASettingThatCannotBeLoadedLeavesTheDialogDead) {
         open.Press(Control::kOk);
         EXPECT_FALSE(open.ended);
     });
-    ASSERT_EQ(standin::App().alerts.size(), 1U);
-    EXPECT_EQ(standin::App().alerts.front().text,
-              u"Internal Application Error at FinPISaveSettingsDlg::OnInitializeWindow->Unable to "
-              u"allocate memory for array element. Try adding memory to Finale.");
+    EXPECT_EQ(standin::App().alerts.size(), 1U);
 }
 
 // A command whose saved settings never skip its dialog, and are never gathered.
-class PlainDialog final : public FinPISaveSettingsDlg {
-public:
-    PlainDialog(FinPI* owner, bool hideSkip, bool hideSubmenu)
-        : FinPISaveSettingsDlg{owner, u"Plain"} {
-        m_hideSkipOption = hideSkip;
-        m_hideSubmenuOption = hideSubmenu;
-    }
+struct PlainDialog final : FinPISaveSettingsDlg {
+    using FinPISaveSettingsDlg::FinPISaveSettingsDlg;
+    using FinPISaveSettingsDlg::m_hideSkipOption;
+    using FinPISaveSettingsDlg::m_hideSubmenuOption;
 };
 
 TEST_F(SavedSettingsTest, OptionRowsThatAreLeftOutTakeNoRoom) {
     for (const bool withoutSkip : {true, false}) {
         const u16 gone = withoutSkip ? Control::kSkipDialog : Control::kUseSubmenu;
         const u16 kept = withoutSkip ? Control::kUseSubmenu : Control::kSkipDialog;
-        PlainDialog plain{&command, withoutSkip, !withoutSkip};
+        PlainDialog plain{&command, u"Plain"};
+        plain.m_hideSkipOption = withoutSkip;
+        plain.m_hideSubmenuOption = !withoutSkip;
         desk.Then([&](OpenDialog& open) {
             EXPECT_EQ(open.hidden, std::set<u16>{gone});
             EXPECT_EQ(open.values[gone], 0U);

@@ -1,47 +1,21 @@
 // The settings store against a registry in memory.
-#include <array>
 #include <gtest/gtest.h>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "Class Files/settings/FinPIUtil.h"
 #include "platform/headless/session.h"
-#include "platform/registry.h"
+#include "tests/unit/support/registry_values.h"
 
 namespace {
 
-using platform::KeyAccess;
-using platform::RegistryKey;
-using platform::RegistryResult;
 namespace headless = platform::headless;
 
-const std::string kBase = "Software\\ZKW\\Finale Plugin Prefs";
+const std::string kBase = kPreferences;
 const std::string kCurrent = kBase + "\\Plyweld";
 const std::string kLegacy = kBase + "\\ZKW Plyweld";
-
-void Store(const std::string& path, const std::string& name, const std::string& bytes) {
-    ASSERT_EQ(RegistryKey::Create(path).SetBinaryValue(name, bytes.data(),
-                                                       static_cast<u32>(bytes.size())),
-              RegistryResult::kSuccess);
-}
-
-// The value's bytes; nothing when the key or the value is missing.
-std::optional<std::string> Stored(const std::string& path, const std::string& name) {
-    const RegistryKey key = RegistryKey::Open(path, KeyAccess::kRead);
-    std::array<char, 256> bytes{};
-    auto size = static_cast<u32>(bytes.size());
-    platform::ValueType type{};
-    if (key.QueryValue(name, &type, bytes.data(), &size) != RegistryResult::kSuccess) {
-        return std::nullopt;
-    }
-    EXPECT_EQ(type, platform::ValueType::kBinary);
-    return std::string{bytes.data(), size};
-}
-
-bool KeyExists(const std::string& path) {
-    return static_cast<bool>(RegistryKey::Open(path, KeyAccess::kRead));
-}
+const std::string kAnswers = kBase + "\\Dont Show Again Alert";
+const std::string kOldAnswers = kBase + "\\ZKW Dont Show Again Alert";
 
 class SettingsStore : public testing::Test {
 protected:
@@ -53,84 +27,76 @@ TEST_F(SettingsStore, ReadingFillsTheBufferAndGivesTheStoredSize) {
     const std::string zeros(8, '\0');
     const std::string padded("abc\0\0\0\0\0", 8);
     const std::string full = "abcdefgh";
-    const char* const answers = "Dont Show Again Alert";
     const struct {
-        std::string path;
-        std::string valueName;
+        std::string key;
+        std::string name;
         std::string value;
         i16 asked;
-        const char* pluginKey;
         u32 result;
         std::string buffer;  // eight bytes, filled with "........" before
     } cases[] = {
-        {kBase, "Nothing", "", 22000, "Plyweld", 0, zeros},
-        {kCurrent, "ZKCF22000", full, 22000, "Plyweld", 8, full},
-        {kCurrent, "ZKCF22000", "abc", 22000, "Plyweld", 3, padded},
-        {kCurrent, "ZKCF22000", full + "ij", 22000, "Plyweld", 10, full},
-        {kCurrent, "ZKCF22000", "", 22000, "Plyweld", 0, zeros},
-        {kCurrent, "ZKCF22001", full, 22000, "Plyweld", 0, zeros},
-        {kCurrent, "ZKCF-5", full, -5, "Plyweld", 8, full},
-        {kLegacy, "ZKCF22000", "abc", 22000, "Plyweld", 3, padded},
-        {kLegacy, "ZKCF22000", full + "ij", 22000, "Plyweld", 10, full},
-        {kBase, "Plyweld", full, 17, "Plyweld", 8, full},  // the oldest answers any number
-        {kBase, "Other", full, 17, "Plyweld", 0, zeros},
-        {kCurrent, "ZKCF20700", full, 21600, "Plyweld", 8, full},  // renumbered
-        {kCurrent, "ZKCF21600", full, 20700, "Plyweld", 0, zeros},
-        {kBase + "\\ZKW Dont Show Again Alert", "ZKCF22000", full, 22000, answers, 0, zeros},
+        {kBase, "Nothing", "", 22000, 0, zeros},
+        {kCurrent, "ZKCF22000", full, 22000, 8, full},
+        {kCurrent, "ZKCF22000", "abc", 22000, 3, padded},
+        {kCurrent, "ZKCF22000", full + "ij", 22000, 10, full},
+        {kCurrent, "ZKCF22001", full, 22000, 0, zeros},
+        {kCurrent, "ZKCF-5", full, -5, 8, full},
+        {kLegacy, "ZKCF22000", "abc", 22000, 3, padded},
+        {kLegacy, "ZKCF22000", full + "ij", 22000, 10, full},
+        {kBase, "Plyweld", full, 17, 8, full},  // the oldest answers any number
+        {kBase, "Other", full, 17, 0, zeros},
+        {kCurrent, "ZKCF20700", full, 21600, 8, full},  // renumbered
+        {kCurrent, "ZKCF21600", full, 20700, 0, zeros},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.path + ' ' + c.valueName + ' ' + c.value);
+        SCOPED_TRACE(c.key + ' ' + c.name + ' ' + c.value);
         headless::Reset();
-        Store(c.path, c.valueName, c.value);
+        StoreValue(c.key, c.name, c.value);
         std::string buffer = "........";
-        EXPECT_EQ(ZKFX_GetSettings("ZKCF", c.asked, buffer.data(), 8, c.pluginKey), c.result);
+        EXPECT_EQ(ZKFX_GetSettings("ZKCF", c.asked, buffer.data(), 8, "Plyweld"), c.result);
         EXPECT_EQ(buffer, c.buffer);
-        EXPECT_EQ(ZKFX_GetSettings("ZKCF", c.asked, nullptr, 0, c.pluginKey), c.result);
+        EXPECT_EQ(ZKFX_GetSettings("ZKCF", c.asked, nullptr, 0, "Plyweld"), c.result);
     }
 }
 
 TEST_F(SettingsStore, TheLayoutInUseComesBeforeTheOlderOnes) {
-    Store(kBase, "Plyweld", "oldest");
-    Store(kLegacy, "ZKCF1", "legacy");
+    StoreValue(kBase, "Plyweld", "oldest");
+    StoreValue(kLegacy, "ZKCF1", "legacy");
     std::string buffer(6, '.');
     EXPECT_EQ(ZKFX_GetSettings("ZKCF", 1, buffer.data(), 6, "Plyweld"), 6U);
     EXPECT_EQ(buffer, "legacy");
-    Store(kCurrent, "ZKCF1", "in use");
-    EXPECT_EQ(ZKFX_GetSettings("ZKCF", 1, buffer.data(), 6, "Plyweld"), 6U);
-    EXPECT_EQ(buffer, "in use");
-    // An empty value ends the search too.
-    Store(kCurrent, "ZKCF1", "");
+    // Also an empty value ends the search.
+    StoreValue(kCurrent, "ZKCF1", "");
     EXPECT_EQ(ZKFX_GetSettings("ZKCF", 1, buffer.data(), 6, "Plyweld"), 0U);
 }
 
 TEST_F(SettingsStore, ReadingRememberedAnswersDeletesTheirLegacyKey) {
-    const std::string legacy = kBase + "\\ZKW Dont Show Again Alert";
-    Store(legacy, "CKAT20003", "x");
-    Store(kBase + "\\Dont Show Again Alert", "CKAT20003", "y");
+    StoreValue(kOldAnswers, "CKAT20004", "x");
+    StoreValue(kAnswers, "CKAT20003", "y");
     char byte = 0;
     EXPECT_EQ(ZKFX_GetSettings("CKAT", 20003, &byte, 1, "Dont Show Again Alert"), 1U);
-    EXPECT_TRUE(KeyExists(legacy)) << "a value in use ends the search before the legacy key";
+    EXPECT_TRUE(KeyExists(kOldAnswers)) << "a value in use ends the search before the legacy key";
     EXPECT_EQ(ZKFX_GetSettings("CKAT", 20004, &byte, 1, "Dont Show Again Alert"), 0U);
-    EXPECT_FALSE(KeyExists(legacy));
+    EXPECT_FALSE(KeyExists(kOldAnswers));
 }
 
 TEST_F(SettingsStore, WritingMovesASettingOutOfBothOlderLayouts) {
-    Store(kLegacy, "ZKCF22000", "old");
-    Store(kLegacy, "WPOS22000", "stays");
-    Store(kBase, "Plyweld", "oldest");
-    Store(kBase, "Other", "stays");
+    StoreValue(kLegacy, "ZKCF22000", "old");
+    StoreValue(kLegacy, "WPOS22000", "stays");
+    StoreValue(kBase, "Plyweld", "oldest");
+    StoreValue(kBase, "Other", "stays");
     EXPECT_EQ(ZKFX_PutSettings("ZKCF", 22000, "new", 3, "Plyweld"), 1);
-    EXPECT_EQ(Stored(kCurrent, "ZKCF22000"), "new");
-    EXPECT_EQ(Stored(kLegacy, "ZKCF22000"), std::nullopt);
-    EXPECT_EQ(Stored(kLegacy, "WPOS22000"), "stays");
-    EXPECT_EQ(Stored(kBase, "Plyweld"), std::nullopt);
-    EXPECT_EQ(Stored(kBase, "Other"), "stays");
+    EXPECT_EQ(StoredValue(kCurrent, "ZKCF22000"), "new");
+    EXPECT_EQ(StoredValue(kLegacy, "ZKCF22000"), std::nullopt);
+    EXPECT_EQ(StoredValue(kLegacy, "WPOS22000"), "stays");
+    EXPECT_EQ(StoredValue(kBase, "Plyweld"), std::nullopt);
+    EXPECT_EQ(StoredValue(kBase, "Other"), "stays");
     EXPECT_EQ(ZKFX_PutSettings("WPOS", 22000, "new", 3, "Plyweld"), 1);
     EXPECT_FALSE(KeyExists(kLegacy)) << "the legacy key goes with its last value";
-    Store(kLegacy, "ZKCF22000", "old");
-    Store(kLegacy + "\\Inner", "a", "b");
+    StoreValue(kLegacy, "ZKCF22000", "old");
+    StoreValue(kLegacy + "\\Inner", "a", "b");
     EXPECT_EQ(ZKFX_PutSettings("ZKCF", 22000, "new", 3, "Plyweld"), 1);
-    EXPECT_EQ(Stored(kLegacy + "\\Inner", "a"), "b") << "a legacy key that holds keys stays";
+    EXPECT_EQ(StoredValue(kLegacy + "\\Inner", "a"), "b") << "a legacy key that holds keys stays";
 }
 
 TEST_F(SettingsStore, RefusedWritesClearTheOlderCopiesAllTheSame) {
@@ -143,55 +109,47 @@ TEST_F(SettingsStore, RefusedWritesClearTheOlderCopiesAllTheSame) {
                                        {Call::kDeleteKey, 1}}) {
         SCOPED_TRACE(static_cast<int>(call));
         headless::Reset();
-        Store(kBase, "Plyweld", "oldest");
-        Store(kLegacy, "ZKCF22000", "old");
+        StoreValue(kBase, "Plyweld", "oldest");
+        StoreValue(kLegacy, "ZKCF22000", "old");
         headless::RefuseRegistryCall(call, 1);
         EXPECT_EQ(ZKFX_PutSettings("ZKCF", 22000, "new", 3, "Plyweld"), result);
-        EXPECT_EQ(Stored(kCurrent, "ZKCF22000").has_value(), result == 1);
-        EXPECT_EQ(Stored(kBase, "Plyweld"), std::nullopt);
+        EXPECT_EQ(StoredValue(kCurrent, "ZKCF22000").has_value(), result == 1);
+        EXPECT_EQ(StoredValue(kBase, "Plyweld"), std::nullopt);
     }
 }
 
 TEST_F(SettingsStore, DeletesOneValueOrAllThatBeginWithAName) {
+    StoreValue(kCurrent, "AAAA" + std::string(300, 'x'), "too long to be ours");
     for (const char* name : {"AAAA1", "WPOS12003", "WPOS22000", "ZKCF22000", "wpos1"}) {
-        Store(kCurrent, name, "x");
+        StoreValue(kCurrent, name, "x");
     }
-    Store(kBase + "\\Other", "WPOS22000", "x");
     ZKFX_DeleteSettings("WPOS", -1, "Plyweld");
-    EXPECT_EQ(Stored(kCurrent, "WPOS12003"), std::nullopt);
-    EXPECT_EQ(Stored(kCurrent, "WPOS22000"), std::nullopt);
+    EXPECT_EQ(StoredValue(kCurrent, "WPOS12003"), std::nullopt);
+    EXPECT_EQ(StoredValue(kCurrent, "WPOS22000"), std::nullopt);
     for (const char* name : {"AAAA1", "ZKCF22000", "wpos1"}) {
-        EXPECT_EQ(Stored(kCurrent, name), "x") << name;
+        EXPECT_EQ(StoredValue(kCurrent, name), "x") << name;
     }
-    EXPECT_EQ(Stored(kBase + "\\Other", "WPOS22000"), "x");
     ZKFX_DeleteSettings("ZKCF", 22000, "Plyweld");
-    EXPECT_EQ(Stored(kCurrent, "ZKCF22000"), std::nullopt);
-    EXPECT_EQ(Stored(kCurrent, "AAAA1"), "x");
+    EXPECT_EQ(StoredValue(kCurrent, "ZKCF22000"), std::nullopt);
+    EXPECT_EQ(StoredValue(kCurrent, "AAAA1"), "x");
 }
 
 TEST_F(SettingsStore, AFailedDeleteEndsTheOthers) {
     for (const char* name : {"WPOS1", "WPOS2", "WPOS3"}) {
-        Store(kCurrent, name, "x");
+        StoreValue(kCurrent, name, "x");
     }
     headless::RefuseRegistryCall(headless::RegistryCall::kDeleteValue, 2);
     ZKFX_DeleteSettings("WPOS", -1, "Plyweld");
-    EXPECT_EQ(Stored(kCurrent, "WPOS1"), std::nullopt);
-    EXPECT_EQ(Stored(kCurrent, "WPOS2"), "x");
-    EXPECT_EQ(Stored(kCurrent, "WPOS3"), "x");
-}
-
-TEST_F(SettingsStore, DeletingPassesOverNamesTooLongToBeOurs) {
-    Store(kCurrent, "AAAA" + std::string(300, 'x'), "x");
-    Store(kCurrent, "WPOS1", "x");
-    ZKFX_DeleteSettings("WPOS", -1, "Plyweld");
-    EXPECT_EQ(Stored(kCurrent, "WPOS1"), std::nullopt);
+    EXPECT_EQ(StoredValue(kCurrent, "WPOS1"), std::nullopt);
+    EXPECT_EQ(StoredValue(kCurrent, "WPOS2"), "x");
+    EXPECT_EQ(StoredValue(kCurrent, "WPOS3"), "x");
 }
 
 TEST_F(SettingsStore, DeletingClearsTheLegacyCopyAndItsEmptyKey) {
-    Store(kLegacy, "ZKCF22000", "x");
+    StoreValue(kLegacy, "ZKCF22000", "x");
     ZKFX_DeleteSettings("ZKCF", 22000, "Plyweld");
     EXPECT_FALSE(KeyExists(kLegacy));
-    RegistryKey::Create(kLegacy);
+    platform::RegistryKey::Create(kLegacy);
     headless::RefuseRegistryCall(headless::RegistryCall::kCreateKey, 1);
     ZKFX_DeleteSettings("CKAT", -1, "Plyweld");
     EXPECT_FALSE(KeyExists(kLegacy)) << "also when the key in use cannot be opened";

@@ -14,5 +14,5 @@ add_executable(test_musicxml
 target_compile_definitions(test_musicxml PRIVATE
   PLYWELD_CORPUS="${PLYWELD_CORPUS}" PLYWELD_SUITE="${PLYWELD_SUITE}")
 target_link_libraries(test_musicxml PRIVATE
-  test_support standin_musicxml plyweld_zip GTest::gtest_main plyweld_options)
+  test_support standin_musicxml GTest::gtest_main plyweld_options)
 add_test(NAME test_musicxml COMMAND test_musicxml)

@@ -18,6 +18,14 @@
 
 namespace standin {
 
+// The command dialog's buttons, and what the system sends to any dialog.
+inline constexpr u16 kGo = 1;
+inline constexpr u16 kClose = 2;
+inline constexpr u16 kSaveSettings = 1008;
+inline constexpr u32 kTimerMessage = 275;
+inline constexpr u32 kCloseMessage = 16;
+inline constexpr u32 kDestroyMessage = 2;
+
 class DialogDesk final : public DialogService {
 public:
     struct OpenDialog {
@@ -53,6 +61,8 @@ public:
 
     // One for each modal dialog that will be shown, in order.
     void Then(Script script) { m_scripts.push_back(std::move(script)); }
+    // The next is that for saving settings, which takes this name, and the answer is Yes.
+    void ThenSaveAs(const std::u16string& name);
     std::size_t ScriptsLeft() const { return m_scripts.size(); }
     // The newest dialog on the desk; null when none is open.
     OpenDialog* Newest();
@@ -64,25 +74,55 @@ public:
     i16 Dialog(u16 dialogNumber, DialogEventCallback callback, WindowHandle owner, u16 flags,
                void* dialogObject) override;
     i16 EndDialog(WindowHandle window) override;
-    u32 GetItemVal(WindowHandle window, u16 control, i16 kind) override;
-    i16 SetItemVal(WindowHandle window, u16 control, i16 kind, u32 value) override;
-    u32 GetCntlVal(WindowHandle window, u16 control) override;
-    i16 SetCntlVal(WindowHandle window, u16 control, u32 value) override;
-    std::u16string GetString(WindowHandle window, u16 control) override;
-    i16 SetString(WindowHandle window, u16 control, const std::u16string& text) override;
-    i16 Enable(WindowHandle window, u16 control, bool enabled) override;
-    i16 Show(WindowHandle window, u16 control, bool shown) override;
-    i16 SetFocus(WindowHandle window, u16 control) override;
-    i16 GetItemUser(WindowHandle window, u16 control, i16 kind, double* out) override;
-    i16 SetItemUser(WindowHandle window, u16 control, i16 kind, double value) override;
-    i16 SetTimer(WindowHandle window, u64 timer, u32 milliseconds) override;
-    i16 KillTimer(WindowHandle window, u64 timer) override;
+    u32 GetItemVal(WindowHandle window, u16 id, i16) override { return Of(window).values[id]; }
+    i16 SetItemVal(WindowHandle window, u16 id, i16, u32 value) override {
+        return With(window, [&](OpenDialog& open) { open.values[id] = value; });
+    }
+    u32 GetCntlVal(WindowHandle window, u16 id) override { return Of(window).positions[id]; }
+    i16 SetCntlVal(WindowHandle window, u16 id, u32 value) override {
+        return With(window, [&](OpenDialog& open) { open.positions[id] = value; });
+    }
+    std::u16string GetString(WindowHandle window, u16 id) override { return Of(window).texts[id]; }
+    i16 SetString(WindowHandle window, u16 id, const std::u16string& text) override {
+        return With(window, [&](OpenDialog& open) { open.texts[id] = text; });
+    }
+    i16 Enable(WindowHandle window, u16 id, bool enabled) override {
+        return With(window, [&](OpenDialog& open) { Put(open.disabled, id, !enabled); });
+    }
+    i16 Show(WindowHandle window, u16 id, bool shown) override {
+        return With(window, [&](OpenDialog& open) { Put(open.hidden, id, !shown); });
+    }
+    i16 SetFocus(WindowHandle window, u16 id) override {
+        return With(window, [&](OpenDialog& open) { open.focus = id; });
+    }
+    i16 GetItemUser(WindowHandle window, u16 id, i16, double* out) override {
+        return With(window, [&](OpenDialog& open) { *out = open.userValues[id]; });
+    }
+    i16 SetItemUser(WindowHandle window, u16 id, i16, double value) override {
+        return With(window, [&](OpenDialog& open) { open.userValues[id] = value; });
+    }
+    i16 SetTimer(WindowHandle window, u64 timer, u32 milliseconds) override {
+        return With(window, [&](OpenDialog& open) { open.timers[timer] = milliseconds; });
+    }
+    i16 KillTimer(WindowHandle window, u64 timer) override {
+        return With(window, [&](OpenDialog& open) { open.timers.erase(timer); });
+    }
 
 private:
     OpenDialog* Find(WindowHandle window);
+    // The dialog of the window, or one in which nothing stands.
+    OpenDialog& Of(WindowHandle window) {
+        OpenDialog* open = Find(window);
+        return open != nullptr ? *open : m_none = {};
+    }
     template <typename Routine>
-    i16 With(WindowHandle window, Routine routine);
+    i16 With(WindowHandle window, Routine routine) {
+        routine(Of(window));
+        return Find(window) != nullptr ? 1 : 0;
+    }
+    static void Put(std::set<u16>& controls, u16 control, bool isIn);
 
+    OpenDialog m_none;
     std::list<OpenDialog> m_open;
     std::deque<Script> m_scripts;
     std::vector<u16> m_shown;

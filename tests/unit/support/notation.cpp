@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <stdexcept>
 
 #include "host/score/tags.h"
 #include "host/verify/note_name.h"
@@ -9,27 +10,20 @@
 namespace standin {
 namespace {
 
-struct Value {
-    char letter;
-    i16 duration;
-};
-
-constexpr Value kValues[] = {{'b', 8192}, {'w', 4096}, {'h', 2048}, {'q', 1024},
-                             {'e', 512},  {'s', 256},  {'t', 128},  {'i', 64}};
+constexpr std::string_view kLetters = "bwhqesti";  // each half of the one before
+constexpr i32 kBreve = 8192;
 constexpr std::string_view kSteps = "cdefgab";
 
-i16 DurationOf(char letter) {
-    const auto* found =
-        std::find_if(std::begin(kValues), std::end(kValues),
-                     [letter](const Value& value) { return value.letter == letter; });
-    return found == std::end(kValues) ? i16{0} : found->duration;
+i32 DurationOf(char letter) {
+    const std::size_t at = kLetters.find(letter);
+    return at == kLetters.npos ? 0 : kBreve >> at;
 }
 
 std::string WrittenDuration(i32 duration) {
-    for (const Value& value : kValues) {
-        i32 dotted = value.duration;
-        std::string text{value.letter};
-        for (i32 dot = value.duration / 2; dotted < duration && dot > 0; dot /= 2) {
+    for (const char letter : kLetters) {
+        i32 dotted = DurationOf(letter);
+        std::string text{letter};
+        for (i32 dot = dotted / 2; dotted < duration && dot > 0; dot /= 2) {
             dotted += dot;
             text += '.';
         }
@@ -45,7 +39,7 @@ public:
     explicit Parser(std::string_view text) : m_rest{text} {}
 
     WrittenLayer Run() {
-        while (m_layer.error.empty() && SkipBlanks()) {
+        while (SkipBlanks()) {
             Item();
         }
         return std::move(m_layer);
@@ -63,9 +57,9 @@ private:
         return matches;
     }
 
-    void Fail() {
-        if (m_layer.error.empty()) {
-            m_layer.error = "not understood: " + std::string{m_rest};
+    void Require(bool understood) {
+        if (!understood) {
+            throw std::invalid_argument{"not understood: " + std::string{m_rest}};
         }
     }
 
@@ -73,20 +67,14 @@ private:
         int number = 0;
         const auto [end, error] =
             std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), number);
-        if (error != std::errc{}) {
-            Fail();
-            return 0;
-        }
+        Require(error == std::errc{});
         m_rest.remove_prefix(static_cast<std::size_t>(end - m_rest.data()));
         return number;
     }
 
     void Item() {
         if (Take("v2{")) {
-            if (m_layer.entries.empty()) {
-                Fail();
-                return;
-            }
+            Require(!m_layer.entries.empty());
             m_layer.entries.back().flags |= EntryFlag::kLaunchVoice2;
             m_voice = EntryFlag::kVoice2;
         } else if (Take("}")) {
@@ -101,10 +89,7 @@ private:
     void BeginTuplet() {
         WrittenTuplet written{m_layer.entries.size(), {}};
         written.tuplet.symbolicCount = static_cast<i16>(Number());
-        if (!Take(":")) {
-            Fail();
-            return;
-        }
+        Require(Take(":"));
         written.tuplet.referenceCount = static_cast<i16>(Number());
         if (!m_rest.empty() && DurationOf(m_rest.front()) != 0) {
             SetUnit(written.tuplet, DurationOf(m_rest.front()));
@@ -113,26 +98,20 @@ private:
         m_layer.tuplets.push_back(written);
     }
 
-    static void SetUnit(EDTTuplet2005& tuplet, i16 duration) {
-        tuplet.symbolicUnitDuration = duration;
-        tuplet.referenceUnitDuration = duration;
+    static void SetUnit(EDTTuplet2005& tuplet, i32 duration) {
+        tuplet.symbolicUnitDuration = tuplet.referenceUnitDuration = static_cast<i16>(duration);
     }
 
     void Entry() {
         EXENTRY entry{};
         entry.flags = m_voice | (Take("g") ? EntryFlag::kGrace : 0);
-        const std::size_t colon = m_rest.find(':');
         i32 duration = m_rest.empty() ? 0 : DurationOf(m_rest.front());
-        if (duration == 0 || colon == std::string_view::npos ||
-            m_rest.substr(1, colon - 1).find_first_not_of('.') != std::string_view::npos) {
-            Fail();
-            return;
-        }
-        for (i32 dot = duration / 2; m_rest[1] == '.'; dot /= 2) {
+        Require(duration != 0);
+        m_rest.remove_prefix(1);
+        for (i32 dot = duration / 2; Take("."); dot /= 2) {
             duration += dot;
-            m_rest.remove_prefix(1);
         }
-        m_rest.remove_prefix(2);
+        Require(Take(":"));
         entry.duration = static_cast<i16>(duration);
         Content(entry);
         for (WrittenTuplet& written : m_layer.tuplets) {
@@ -148,44 +127,32 @@ private:
         if (Take("r")) {
             return;
         }
-        if (Take("x")) {
-            entry.flags |= EntryFlag::kIgnore;
-            return;
+        if (!Take("x")) {
+            entry.flags |= EntryFlag::kNote;
+            do {
+                Note(entry);
+            } while (Take(","));
+            if (!Take("!")) {
+                return;
+            }
         }
-        entry.flags |= EntryFlag::kNote;
-        do {
-            Note(entry);
-        } while (m_layer.error.empty() && Take(","));
-        if (Take("!")) {
-            entry.flags |= EntryFlag::kIgnore;
-        }
+        entry.flags |= EntryFlag::kIgnore;
     }
 
     void Note(EXENTRY& entry) {
-        if (entry.noteCount == kMaxNotesPerEntry) {
-            Fail();
-            return;
-        }
+        Require(entry.noteCount < kMaxNotesPerEntry);
         EXNOTE& note = entry.notes[entry.noteCount++];
         note.noteID = static_cast<u16>(entry.noteCount);
         note.flags = Take("~") ? NoteFlag::kTieEnd : 0;
         const std::size_t step = m_rest.empty() ? kSteps.npos : kSteps.find(m_rest.front());
-        if (step == kSteps.npos) {
-            Fail();
-            return;
-        }
+        Require(step != kSteps.npos);
         m_rest.remove_prefix(1);
-        int alteration = 0;
-        while (Take("#")) {
+        unsigned alteration = m_rest.starts_with('b') ? 8U : 0U;
+        while (Take("#") || Take("b")) {
             ++alteration;
         }
-        while (Take("b")) {
-            --alteration;
-        }
         const int steps = (Number() - 4) * 7 + static_cast<int>(step);
-        note.pitch =
-            static_cast<u16>(static_cast<unsigned>(steps) << 4U | (alteration < 0 ? 8U : 0U) |
-                             static_cast<unsigned>(std::abs(alteration)));
+        note.pitch = static_cast<u16>(static_cast<unsigned>(steps) << 4U | alteration);
         note.flags |= Take("~") ? NoteFlag::kTieStart : 0;
     }
 
@@ -288,7 +255,11 @@ private:
 }  // namespace
 
 WrittenLayer ParseLayer(std::string_view notation) {
-    return Parser{notation}.Run();
+    try {
+        return Parser{notation}.Run();
+    } catch (const std::invalid_argument& problem) {
+        return {{}, {}, problem.what()};
+    }
 }
 
 std::string PrintLayer(const Document& document, FrameKey key) {

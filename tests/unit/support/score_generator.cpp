@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <sstream>
+#include <tuple>
 
 #include "shell/host/detail_flags.h"
 
@@ -11,27 +13,16 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-struct Value {
-    const char* word;
-    int sixteenths;
-};
-
-constexpr Value kValues[] = {{"w:", 16}, {"h.:", 12}, {"h:", 8}, {"q.:", 6}, {"q:", 4},
-                             {"q:", 4},  {"e.:", 3},  {"e:", 2}, {"e:", 2},  {"s:", 1}};
-
-struct Tuplet {
-    std::initializer_list<const char*> words;
-    int sixteenths;
-};
-
-const Tuplet kTuplets[] = {
-    {{"(3:2", "e:", "e:", "e:", ")"}, 4},
-    {{"(3:2e", "q:", "e:", ")"}, 4},
-    {{"(3:2", "q:", "q:", "q:", ")"}, 8},
-    {{"(5:4", "s:", "s:", "s:", "s:", "s:", ")"}, 4},
-    {{"(3:2q", "q:", "(3:2", "e:", "e:", "e:", ")", "q:", ")"}, 8},  // nested
-    {{"(2:3", "e:", "e:", ")"}, 6},
-};
+// Each with its sixteenths.
+using Values = std::pair<const char*, int>;
+constexpr Values kValues[] = {{"w:", 16}, {"h.:", 12}, {"h:", 8}, {"q.:", 6}, {"q:", 4},
+                              {"q:", 4},  {"e.:", 3},  {"e:", 2}, {"e:", 2},  {"s:", 1}};
+constexpr Values kTuplets[] = {{"(3:2 e: e: e: )", 4},
+                               {"(3:2e q: e: )", 4},
+                               {"(3:2 q: q: q: )", 8},
+                               {"(5:4 s: s: s: s: s: )", 4},
+                               {"(3:2q q: (3:2 e: e: e: ) q: )", 8},  // nested
+                               {"(2:3 e: e: )", 6}};
 
 constexpr const char* kPitches[] = {"c4",  "e4", "g4",  "c5", "d4", "f#4", "bb4", "a3",
                                     "eb5", "f5", "g#5", "b3", "d5", "a5",  "c6"};
@@ -118,26 +109,28 @@ private:
     Words Rhythm(int sixteenths) {
         Words words;
         while (sixteenths > 0) {
-            const Tuplet& tuplet = OneOf(kTuplets);
-            if (Chance(12) && tuplet.sixteenths <= sixteenths) {
-                words.insert(words.end(), tuplet.words.begin(), tuplet.words.end());
-                sixteenths -= tuplet.sixteenths;
+            const auto& [tuplet, length] = OneOf(kTuplets);
+            if (Chance(12) && length <= sixteenths) {
+                std::istringstream stream{tuplet};
+                for (std::string word; stream >> word;) {
+                    words.push_back(word);
+                }
+                sixteenths -= length;
                 continue;
             }
-            const Value& value = OneOf(kValues);
-            if (value.sixteenths <= sixteenths) {
-                words.emplace_back(value.word);
-                sixteenths -= value.sixteenths;
+            const auto& [word, value] = OneOf(kValues);
+            if (value <= sixteenths) {
+                words.emplace_back(word);
+                sixteenths -= value;
             }
         }
         return words;
     }
 
     static int SixteenthsOf(const std::string& value) {
-        const auto* found =
-            std::find_if(std::begin(kValues), std::end(kValues),
-                         [&value](const Value& known) { return value == known.word; });
-        return found->sixteenths;
+        return std::find_if(std::begin(kValues), std::end(kValues),
+                            [&value](const Values& known) { return value == known.first; })
+            ->second;
     }
 
     // Fills a rhythm with notes and rests, and puts grace notes and second voices into it.
@@ -242,18 +235,13 @@ private:
 
     // An entry that is no grace entry, if the first one met is not.
     EntryPlace SomePlace(i16 slot) {
-        std::vector<const WrittenScore::Frame*> frames;
-        for (const auto& frame : m_score.frames) {
-            if (slot == 0 || frame.slot == slot) {
-                frames.push_back(&frame);
-            }
-        }
+        std::vector<WrittenScore::Frame> frames = m_score.frames;
+        std::erase_if(frames, [slot](const auto& f) { return slot != 0 && f.slot != slot; });
         if (frames.empty()) {
             return {1, 1, 0, 0};
         }
-        const WrittenScore::Frame& frame = *OneOf(frames);
-        const int count = EntryCount(frame.words);
-        return {frame.slot, frame.measure, frame.layer, Below(count)};
+        const WrittenScore::Frame& frame = OneOf(frames);
+        return {frame.slot, frame.measure, frame.layer, Below(EntryCount(frame.words))};
     }
 
     void AddShapes() {
@@ -269,16 +257,12 @@ private:
 
     bool IsGrace(EntryPlace place) const {
         for (const auto& frame : m_score.frames) {
-            if (frame.slot != place.slot || frame.measure != place.measure ||
-                frame.layer != place.layer) {
-                continue;
-            }
-            int index = -1;
-            for (const std::string& word : frame.words) {
-                index += IsEntry(word) ? 1 : 0;
-                if (index == place.index) {
-                    return word.front() == 'g';
-                }
+            if (std::tie(frame.slot, frame.measure, frame.layer) ==
+                std::tie(place.slot, place.measure, place.layer)) {
+                Words entries;
+                std::copy_if(frame.words.begin(), frame.words.end(), std::back_inserter(entries),
+                             IsEntry);
+                return entries.at(static_cast<std::size_t>(place.index)).front() == 'g';
             }
         }
         return false;
@@ -323,9 +307,10 @@ std::vector<DetailToWrite> DetailsToWrite() {
     for (const u32 tag : kNoteTags) {
         details.push_back({tag, 0});
     }
-    const u32* const repeated = std::begin(kEntryTags) + 1;
-    for (const u32* tag = repeated; tag != std::end(kEntryTags); ++tag) {
-        details.push_back({*tag, 0});
+    for (const u32 tag : kEntryTags) {
+        if (tag != details.back().tag) {  // the first stands there twice
+            details.push_back({tag, 0});
+        }
     }
     for (const u32 flags : kFlagDetails) {
         details.push_back({0, flags});

@@ -12,8 +12,6 @@
 namespace standin {
 namespace {
 
-constexpr u32 kCloseMessage = 16;
-
 std::vector<std::string> LayersOf(const StandIn& host, const WrittenScore& score) {
     std::vector<std::string> layers;
     for (i16 slot = 1; slot <= score.staves; ++slot) {
@@ -40,10 +38,6 @@ std::vector<MergeOptions> UsableOptions(const Scenario& scenario, const Refusal&
     return usable;
 }
 
-bool UsesStoredOptions(const Scenario& scenario) {
-    return scenario.way == Scenario::Way::kShift;
-}
-
 // Settings that could not be stored are told of, too, at each attempt.
 std::ptrdiff_t AlertsOfMusic() {
     const std::vector<Alert>& alerts = App().alerts;
@@ -66,66 +60,43 @@ bool MayBeSilent(const Scenario& scenario, const CallCounts& calls) {
             (isOfDialogs || refused == HostCall::kGetCurERegions));
 }
 
-std::string TextOf(const std::vector<Alert>& alerts) {
-    std::string text;
-    for (const Alert& alert : alerts) {
-        text += "alert " + std::to_string(alert.stringId) + ' ';
-        for (const char16_t unit : alert.text) {
-            text += static_cast<char>(unit);
-        }
-        text += '\n';
-    }
-    return text;
-}
-
-std::string Lines(const std::vector<std::string>& lines) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line + '\n';
-    }
-    return text;
-}
-
 void Obey(const Refusal& refusal) {
     App().faults.refuseCall = refusal.call;
     App().faults.refuseFrom = refusal.from;
     platform::headless::RefuseRegistryCalls(refusal.firstRegistryCall, refusal.lastRegistryCall);
 }
 
-bool Lacks(const Refusal& refusal, HostCall call) {
-    return std::count(refusal.missing.begin(), refusal.missing.end(), call) != 0;
-}
-
 // What the host itself would not close, though it was asked to.
 std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCounts& calls) {
+    const auto lacks = [&refusal](HostCall call) {
+        return std::count(refusal.missing.begin(), refusal.missing.end(), call) != 0;
+    };
     std::string text;
     if (host.Score().IsEditOpen()) {
-        const bool asked = calls.Of(HostCall::kCancelFinaleEdit) > 0 ||
-                           Lacks(refusal, HostCall::kCancelFinaleEdit);
-        text += asked ? "" : "an edit is open\n";
+        const HostCall cancel = HostCall::kCancelFinaleEdit;
+        text += calls.Of(cancel) > 0 || lacks(cancel) ? "" : "an edit is open\n";
         host.Score().CancelEdit();
     }
     if (!App().progressDisplays.empty()) {
-        const bool asked = calls.Of(HostCall::kEndMassEdit) >= App().progressDisplaysOpened ||
-                           Lacks(refusal, HostCall::kEndMassEdit);
-        text += asked ? "" : "a progress display is open\n";
+        const bool asked = calls.Of(HostCall::kEndMassEdit) >= App().progressDisplaysOpened;
+        text += asked || lacks(HostCall::kEndMassEdit) ? "" : "a progress display is open\n";
         App().progressDisplays.clear();
     }
-    if (Lacks(refusal, HostCall::kFreeTGF)) {
+    if (lacks(HostCall::kFreeTGF)) {
         App().lent.Clear();
     }
     return text;
 }
 
-// The user closes the dialogs that are left.
 // Asks first. A dialog that cannot end itself goes with its window, as when the host ends.
 void CloseDialogs(DialogDesk& desk) {
-    constexpr int kMostTries = 4;
-    for (int i = 0; i < kMostTries && desk.Newest() != nullptr; ++i) {
-        desk.Newest()->Send(kCloseMessage);
-    }
-    for (int i = 0; i < kMostTries && desk.Newest() != nullptr; ++i) {
-        desk.EndDialog(&desk.Newest()->window);
+    constexpr int kTimesAsked = 4;
+    for (int i = 0; desk.Newest() != nullptr && i < 2 * kTimesAsked; ++i) {
+        if (i < kTimesAsked) {
+            desk.Newest()->Send(kCloseMessage);
+        } else {
+            desk.EndDialog(&desk.Newest()->window);
+        }
     }
 }
 
@@ -147,18 +118,13 @@ Sweep::Sweep(const Scenario& scenario) : m_scenario{scenario} {
     m_calls = App().calls;
     m_alerts = App().alerts.size();
     m_layers = LayersOf(*host, m_scenario.score);
-    m_changes = m_layers != m_layersBefore;
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
 Sweep::~Sweep() {
-    const auto tell = [](const char* what, u64 count) {
+    for (const auto& [what, count] : m_tally) {
         testing::Test::RecordProperty(what, std::to_string(count));
-    };
-    tell("rounds", m_tally.rounds);
-    tell("refusals", m_tally.refused);
-    tell("kept", m_tally.kept);
-    tell("untouched", m_tally.untouched);
+    }
 }
 
 bool Sweep::Round(const Plugin& plugin, const Refusal& refusal) {
@@ -184,8 +150,8 @@ bool Sweep::Round(const Plugin& plugin, const Refusal& refusal) {
         problems += ProblemsOfNextRun(*host, plugin, from);
     }
     CloseDialogs(desk);
-    ++m_tally.rounds;
-    m_tally.refused += calls.refusedByPlan;
+    ++m_tally["rounds"];
+    m_tally["refusals"] += calls.refusedByPlan;
     if (!problems.empty()) {
         ADD_FAILURE() << m_scenario.name << ", call " << refusal.call << ", from " << refusal.from
                       << ", registry " << refusal.firstRegistryCall << ", without "
@@ -203,7 +169,7 @@ std::string Sweep::ProblemsOf(StandIn& host, const Refusal& refusal, const Origi
                               const CallCounts& calls) {
     const DocumentContent after = host.Score().Content();
     const bool changed = after != from.before;
-    ++(changed ? m_tally.kept : m_tally.untouched);
+    ++m_tally[changed ? "kept" : "untouched"];
     std::string text;
     text += App().lent.Count() == 0 ? "" : "frames on loan\n";
     text += calls.strangeFrames == 0 ? "" : "frames handed over that were not on loan\n";
@@ -213,12 +179,13 @@ std::string Sweep::ProblemsOf(StandIn& host, const Refusal& refusal, const Origi
     text += alerts <= 1 ? "" : "several alerts\n";
     text += changed && alerts > 0 ? "an alert, but the score changed\n" : "";
     const bool nothingDone = LayersOf(host, m_scenario.score) == m_layersBefore;
-    const bool silent = nothingDone && m_changes && App().alerts.empty() && refusal.call != 0;
+    const bool silent =
+        nothingDone && m_layers != m_layersBefore && App().alerts.empty() && refusal.call != 0;
     text += silent && !MayBeSilent(m_scenario, calls) ? "nothing done, nothing said\n" : "";
     if (changed) {
         text += FaultsSince(host, from, UsableOptions(m_scenario, refusal));
     }
-    return text.empty() ? text : text + TextOf(App().alerts);
+    return text.empty() ? text : text + AlertTexts();
 }
 
 // None when the score is what one of the options may give.
@@ -243,10 +210,11 @@ std::string Sweep::ProblemsOfNextRun(StandIn& host, const Plugin& plugin, const 
     const Origin from = OriginOf(host, m_scenario);
     App().ResetCounts();
     Run(plugin, host, m_scenario);
-    const bool alertsFit = !UsesStoredOptions(m_scenario) || App().alerts.size() == m_alerts;
-    std::string text = alertsFit ? "" : TextOf(App().alerts);
+    const bool alertsFit =
+        m_scenario.way != Scenario::Way::kShift || App().alerts.size() == m_alerts;
+    std::string text = alertsFit ? "" : AlertTexts();
     text += FaultsSince(host, from, UsableOptions(m_scenario, {.firstRegistryCall = 1}));
-    const bool isFirst = from.before == first.before && UsesStoredOptions(m_scenario);
+    const bool isFirst = from.before == first.before && m_scenario.way == Scenario::Way::kShift;
     const std::vector<std::string> layers = LayersOf(host, m_scenario.score);
     text += isFirst && layers != m_layers ? "another result\n" + Lines(layers) : "";
     return text.empty() ? text : "next run: " + text;

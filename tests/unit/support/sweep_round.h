@@ -1,6 +1,7 @@
 // One run of a scenario in which something is refused, and what must hold after it.
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,14 +16,6 @@ struct Refusal {
     int firstRegistryCall = 0;
     int lastRegistryCall = 0;
     std::vector<HostCall> missing = {};  // exports that the host lacks
-};
-
-// Counts over all rounds of a test, printed at its end.
-struct Tally {
-    u64 rounds = 0;
-    u64 refused = 0;    // calls
-    u64 kept = 0;       // runs that changed the score
-    u64 untouched = 0;  // runs that left it as it was
 };
 
 class Sweep {
@@ -55,10 +48,9 @@ private:
     const Scenario& m_scenario;
     CallCounts m_calls;
     std::vector<std::string> m_layersBefore;
-    bool m_changes = false;             // the undisturbed run changes the score
-    std::size_t m_alerts = 0;           // that it shows
-    std::vector<std::string> m_layers;  // after it
-    Tally m_tally;
+    std::size_t m_alerts = 0;            // that it shows
+    std::vector<std::string> m_layers;   // after it
+    std::map<std::string, u64> m_tally;  // over all rounds, printed at the end
 };
 
 }  // namespace standin

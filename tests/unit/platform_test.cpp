@@ -1,0 +1,132 @@
+// The headless platform behaves like the system it stands for: registry, timers, code pages, texts.
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <string>
+#include <tuple>
+
+#include "platform/headless/session.h"
+#include "platform/registry.h"
+#include "platform/resources.h"
+#include "platform/text.h"
+#include "platform/timer.h"
+
+namespace {
+
+using platform::CodePage;
+using platform::KeyAccess;
+using platform::RegistryKey;
+using platform::RegistryResult;
+namespace headless = platform::headless;
+
+class Session : public testing::Test {
+protected:
+    Session() { headless::Reset(); }
+};
+
+TEST_F(Session, AValueIsFoundInAnyLetterCaseAndFitsOrLeavesTheBufferAlone) {
+    RegistryKey::Create("Software\\Test").SetBinaryValue("Name", "abcd", 4);
+    const RegistryKey key = RegistryKey::Open("SOFTWARE\\test\\", KeyAccess::kRead);
+    platform::ValueType type{};
+    char bytes[] = "..";
+    std::uint32_t size = 2;
+    EXPECT_EQ(key.QueryValue("nAME", &type, bytes, &size), RegistryResult::kMoreData);
+    EXPECT_EQ(size, 4U);
+    EXPECT_STREQ(bytes, "..");
+    size = 0;
+    EXPECT_EQ(key.QueryValue("nAME", &type, nullptr, &size), RegistryResult::kSuccess);
+    EXPECT_EQ(size, 4U);
+    EXPECT_EQ(key.QueryValue("other", &type, bytes, &size), RegistryResult::kNotFound);
+}
+
+TEST_F(Session, KeysRefuseWhatTheirAccessDoesNotAllow) {
+    RegistryKey::Create("Test\\Inner");
+    RegistryKey reader = RegistryKey::Open("Test", KeyAccess::kRead);
+    EXPECT_EQ(reader.SetBinaryValue("v", "a", 1), RegistryResult::kAccessDenied);
+    EXPECT_EQ(reader.DeleteSubkey("Inner"), RegistryResult::kAccessDenied);
+    RegistryKey none = RegistryKey::Open("Missing", KeyAccess::kAll);
+    EXPECT_FALSE(none);
+    EXPECT_EQ(none.DeleteValue("v"), RegistryResult::kInvalidHandle);
+}
+
+TEST_F(Session, AKeyThatHoldsKeysIsNotDeletedAndADeletedOneIsDead) {
+    RegistryKey outer = RegistryKey::Create("Outer");
+    RegistryKey middle = RegistryKey::Create("Outer\\Middle");
+    RegistryKey::Create("Outer\\Middle\\Inner");
+    EXPECT_EQ(outer.DeleteSubkey("Middle"), RegistryResult::kAccessDenied);
+    EXPECT_EQ(middle.DeleteSubkey("Inner"), RegistryResult::kSuccess);
+    EXPECT_EQ(outer.DeleteSubkey("Middle"), RegistryResult::kSuccess);
+    EXPECT_EQ(outer.DeleteSubkey("Middle"), RegistryResult::kNotFound);
+    EXPECT_EQ(middle.SetBinaryValue("v", "a", 1), RegistryResult::kKeyDeleted);
+}
+
+TEST_F(Session, TimersRunUntilTheyAreStopped) {
+    const auto stopItself = [](std::uintptr_t timer) {
+        EXPECT_TRUE(platform::StopThreadTimer(timer));
+        EXPECT_FALSE(platform::StopThreadTimer(timer));
+    };
+    EXPECT_NE(platform::StartThreadTimer(10, stopItself), 0U);
+    EXPECT_EQ(headless::FireTimers(), 1);
+    EXPECT_EQ(headless::FireTimers(), 0);
+    headless::RefuseTimers();
+    EXPECT_EQ(platform::StartThreadTimer(10, stopItself), 0U);
+}
+
+TEST(Utf8, IsReadStrictlyAndComesBack) {
+    const std::pair<const char*, const char16_t*> cases[] = {
+        {"abc", u"abc"},
+        {"S\xC3\xAD", u"S\u00ED"},
+        {"\xE2\x82\xAC", u"\u20AC"},
+        {"\xF0\x9D\x84\x9E", u"\U0001D11E"},
+    };
+    for (const auto& [bytes, text] : cases) {
+        EXPECT_EQ(platform::MultiByteToUtf16(bytes, CodePage::kUtf8), text);
+        EXPECT_EQ(platform::Utf16ToMultiByte(text, CodePage::kUtf8), bytes);
+    }
+    for (const char* bad : {"Comp\xE1s", "\x80", "\xE2\x82", "\xC3(", "\xC0\xAF", "\xED\xA0\x80",
+                            "\xF4\x90\x80\x80", "\xFF"}) {
+        EXPECT_FALSE(platform::MultiByteToUtf16(bad, CodePage::kUtf8)) << bad;
+    }
+    const std::u16string lone{u'a', char16_t{0xD834}, u'b', char16_t{0xDD1E}};
+    EXPECT_EQ(platform::Utf16ToMultiByte(lone, CodePage::kUtf8),
+              "a\xEF\xBF\xBD"
+              "b\xEF\xBF\xBD");
+}
+
+TEST(AnsiText, HasNoBestFit) {
+    EXPECT_EQ(platform::Utf16ToMultiByte(u"Comp\u00E1s \u20AC \u0101", CodePage::kAnsi),
+              "Comp\xE1s \x80 ?");
+    EXPECT_EQ(platform::MultiByteToUtf16("Comp\xE1s \x80", CodePage::kAnsi), u"Comp\u00E1s \u20AC");
+}
+
+TEST(StringTable, HasBothLanguagesWithTheirOddQuotes) {
+    platform::headless::Reset();
+    platform::headless::SetLanguage(platform::headless::Language::kEnglish);
+    EXPECT_EQ(platform::ResourceString(29991), u"%s->Out of Memory.");
+    platform::headless::SetLanguage(platform::headless::Language::kSpanish);
+    EXPECT_EQ(platform::ResourceString(29991), u"\"%s-< Sin memoria\".");
+    EXPECT_EQ(platform::ResourceString(1), u"");
+    std::array<char16_t, 5> buffer;
+    EXPECT_EQ(platform::LoadResourceString(20075, buffer.data(), 5), 4U);
+    EXPECT_EQ(std::u16string{buffer.data()}, u"Toda");
+    EXPECT_EQ(platform::LoadResourceString(1, buffer.data(), 5), 0U);
+    EXPECT_EQ(std::u16string{buffer.data()}, u"");
+}
+
+TEST(StringTable, IsInTheLanguageOfTheEnvironment) {
+    // LC_ALL, LANG, the word for yes.
+    const std::tuple<const char*, const char*, const char16_t*> cases[] = {
+        {"", "", u"Yes"},          {"C", "es_ES", u"Yes"}, {"es_ES.UTF-8", "en_US", u"S\u00ED"},
+        {"", "es_MX", u"S\u00ED"}, {"", "de_DE", u"Yes"},
+    };
+    for (const auto& [all, lang, yes] : cases) {
+        setenv("LC_ALL", all, 1);
+        setenv("LC_MESSAGES", "", 1);
+        setenv("LANG", lang, 1);
+        platform::headless::Reset();
+        EXPECT_EQ(platform::ResourceString(20001), yes) << all << ' ' << lang;
+    }
+}
+
+}  // namespace
