@@ -6,7 +6,6 @@
 namespace standin {
 namespace {
 
-constexpr u32 kArticulation = HostTag("edIM");
 constexpr u32 kBeamBreak = HostTag("edsB");
 
 TEST_F(Details, OnlyThoseThatSuitAnyEntryAreCopiedOntoARest) {

@@ -9,7 +9,6 @@
 namespace standin {
 namespace {
 
-constexpr u32 kArticulation = HostTag("edIM");
 constexpr u32 kNotehead = HostTag("E\002cn");
 constexpr u32 kVerse = HostTag("SdvE");
 

@@ -37,8 +37,6 @@ TEST(HostStaves, NamesThatAreSharedAreNumbered) {
     EXPECT_EQ(names, u"Violin 1;Viola;Violin 2;;");
 }
 
-constexpr u32 kArticulation = HostTag("edIM");
-
 using Places = std::set<std::pair<u16, u16>>;
 
 class HostChanges : public ::testing::Test {

@@ -6,8 +6,6 @@
 namespace standin {
 namespace {
 
-constexpr u32 kArticulation = HostTag("edIM");
-
 TEST(HostFrames, InsertedEntriesAreZeroedAndNumbersNeverComeBack) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");

@@ -55,16 +55,16 @@ TEST(HostMenu, ClearingEmptiesWholeMeasuresAndLeavesRestsInParts) {
 TEST(HostMenu, ClearedEntriesLoseTheirDetailsButTuplets) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 (3:2 e:d4 e:e4 e:f4)");
-    host.Attach({1, 1, 0, 1}, HostTag("edIM"), "a");
-    host.Attach({1, 1, 0, 0}, HostTag("edIM"), "c");
+    host.Attach({1, 1, 0, 1}, kArticulation, "a");
+    host.Attach({1, 1, 0, 0}, kArticulation, "c");
     host.Select(1, 1, 1024, 1, 1, kEndOfMeasure);
     ASSERT_EQ(Execute(MenuCommand::kClearLayer), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 (3:2 e:r e:r e:r)");
     EXPECT_EQ(host.Times(1, 1, 0), "0+1024 1024+341 1365+342 1707+341");
-    EXPECT_EQ(host.Attached({1, 1, 0, 1}, HostTag("edIM")), "");
-    EXPECT_EQ(host.Attached({1, 1, 0, 0}, HostTag("edIM")), "c");
+    EXPECT_EQ(host.Attached({1, 1, 0, 1}, kArticulation), "");
+    EXPECT_EQ(host.Attached({1, 1, 0, 0}, kArticulation), "c");
     ASSERT_TRUE(host.Score().Undo());
-    EXPECT_EQ(host.Attached({1, 1, 0, 1}, HostTag("edIM")), "a");
+    EXPECT_EQ(host.Attached({1, 1, 0, 1}, kArticulation), "a");
 
     host.SelectNothing();
     EXPECT_EQ(Execute(MenuCommand::kClearLayer), 0);

@@ -8,7 +8,6 @@
 namespace standin {
 namespace {
 
-constexpr u32 kArticulation = HostTag("edIM");
 constexpr u32 kKeyFormat = HostTag("otKF");  // an 'other' record of 12 bytes
 
 using Words = std::array<u16, 3>;

@@ -80,7 +80,6 @@ Scenario Slurred(const char* name, std::initializer_list<const char*> layers,
 }
 
 std::vector<Scenario> OfAttachments() {
-    constexpr u32 kArticulation = HostTag("edIM");
     const std::initializer_list<const char*> halves = {"h:c4 h:r", "h:e4 h:f4"};
     Scenario expressions = Of("Expressions", halves);
     expressions.score.expressions = {

@@ -21,6 +21,9 @@
 
 namespace standin {
 
+// A kind of detail of which an entry may have several.
+inline constexpr u32 kArticulation = HostTag("edIM");
+
 // An entry by its place in a StandIn's score.
 struct EntryPlace {
     i16 slot = 1;
