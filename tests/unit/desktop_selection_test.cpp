@@ -5,6 +5,8 @@
 
 #include "host/desktop/grid_layout.h"
 #include "host/desktop/selection_editor.h"
+#include "host/desktop/selection_text.h"
+#include "tests/unit/support/stand_in.h"
 
 namespace standin::desktop {
 namespace {
@@ -134,6 +136,19 @@ TEST(Grid, HitsWhatItDraws) {
     EXPECT_EQ(beyond.measure, 3);
     EXPECT_LT(beyond.position, 3072);
     EXPECT_FALSE(GridLayout{ScoreShape{}}.Nearest(200, 60));
+}
+
+TEST(SelectionInWords, SaysNoMoreThanNeeded) {
+    StandIn host{2, 6};
+    const auto text = [&host](i16 lastMeasure, i32 from, i32 to) {
+        host.Select(1, 2, from, 1, lastMeasure, to);
+        return SelectionText(host.Score());
+    };
+    const std::u16string one = host.Score().AutoNumberedName(host.Staff(1));
+    EXPECT_EQ(SelectionText(host.Score()), u"Nothing is selected");
+    EXPECT_EQ(text(2, 0, kEndOfMeasure), one + u", measure 2");
+    EXPECT_EQ(text(5, 0, kEndOfMeasure), one + u", measure 2 to 5");
+    EXPECT_EQ(text(2, 1024, 3071), one + u", measure 2 beat 2 to 2 beat 3");
 }
 
 }  // namespace

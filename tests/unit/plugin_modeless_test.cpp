@@ -134,6 +134,19 @@ TEST_F(OpenCommand, OptionsOutOfRangeShowAsNothingChosen) {
     open.Press(kClose);
 }
 
+TEST_F(OpenCommand, ASavedSettingOpensBesideTheOtherDialogAndKeepsAPlaceOfItsOwn) {
+    Plugin::StoreSetting(1, {.name = "A", .identifier = 3});
+    ASSERT_EQ(plugin.Init(), 1);
+    Open().Send(kCloseMessage);
+    OpenDialog& again = Open();
+    OpenDialog& setting = Open(1);
+    EXPECT_EQ(setting.window.caption, u"A v6.10");
+    EXPECT_EQ(setting.window.rectangle.left, again.window.rectangle.left + 10);
+    setting.Press(kClose);
+    EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS12003").empty());
+    again.Press(kClose);
+}
+
 TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
     Plugin::Store({12, 1, 0, 0, 1, 0});
     OpenDialog& open = Open();

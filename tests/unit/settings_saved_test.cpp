@@ -103,6 +103,14 @@ TEST_F(SavedSettingsTest, ReadsTheHeaderOfANumberInRange) {
     EXPECT_EQ(ReadSavedSettingRecord(kCommand, 2, settings, 4), 0U);
 }
 
+TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
+    SavedSettingPtr record{4};
+    record.Header().headerSize = 150;
+    ASSERT_EQ(record.PutToFile(22001), 1);
+    EXPECT_EQ(ReadSavedSetting(kCommand, 1, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
+    EXPECT_EQ(standin::App().alerts.size(), 1U);
+}
+
 TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
     const std::string old = kPreferences + "\\Einstellungen speichern";
     const std::string owner = kPreferences + "\\Save Settings";
