@@ -108,6 +108,10 @@ void NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
         std::string_view attributes = tag.substr(begin, TagEnd(tag, begin) - begin - 1);
         attributes.remove_prefix(std::strlen("<note"));
         m_extras = Trimmed(attributes);
+        // What follows the attributes begins with "<", which a careless file has in a value, too.
+        for (std::size_t at = m_extras.find('<'); at < m_extras.size(); at = m_extras.find('<')) {
+            m_extras.replace(at, 1, "&lt;");
+        }
     }
     for (const pugi::xml_node child : note.node.children()) {
         ReadChild(child);

@@ -61,6 +61,14 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
     EXPECT_EQ(Tags(Rebuilt(*score)), Tags(text));
 }
 
+TEST(Rebuilt, AnUnescapedSignInAnAttributeIsEscaped) {
+    std::string text = ScoreText({Note({})});
+    text.replace(text.find("<note>"), 6, "<note id=\"a<b>\">");
+    const std::string written = Rebuilt(*Read(text));
+    EXPECT_TRUE(ReadScore(written)) << written;
+    EXPECT_NE(written.find("<note id=\"a&lt;b>\">"), std::string::npos) << written;
+}
+
 // No score has text there, but files may.
 TEST(Rebuilt, TextBetweenNotesStaysText) {
     for (const char* text : {"text", "\x0e ", "<![CDATA[a]]>", "<!-- a -->", "<?a b?>"}) {
