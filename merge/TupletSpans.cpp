@@ -1,8 +1,8 @@
 #include "merge/TupletSpans.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
-#include <numeric>
 
 #include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/score/FinPIEntryPtr.h"
@@ -23,21 +23,6 @@ struct EntryDetailKey {
 };
 #pragma pack(pop)
 static_assert(sizeof(EntryDetailKey) == 6);
-
-struct Ratio {
-    i64 numerator = 1;
-    i64 denominator = 1;
-
-    Ratio Times(i64 above, i64 below) const {
-        const i64 n = numerator * above;
-        const i64 d = denominator * below;
-        const i64 divisor = std::max<i64>(std::gcd(n, d), 1);
-        return {n / divisor, d / divisor};
-    }
-    i32 Of(i64 duration) const {
-        return static_cast<i32>((duration * numerator + denominator / 2) / denominator);
-    }
-};
 
 i64 SymbolicLength(const EDTTuplet2005& tuplet) {
     return i64{tuplet.symbolicCount} * tuplet.symbolicUnitDuration;
@@ -71,8 +56,15 @@ std::vector<EDTTuplet2005> LoadTuplets(u32 entryNumber) {
 
 struct OpenTuplet {
     i32 end;
-    Ratio inside;  // what a duration inside is worth
+    double inside;  // what a duration unit inside is worth
 };
+
+// Tuplets that no score has may last longer than any number tells.
+i32 EndOf(const EDTTuplet2005& tuplet, i32 start, double outside) {
+    constexpr double kLatest = 1 << 30;
+    const double length = static_cast<double>(ReferenceLength(tuplet)) * outside;
+    return static_cast<i32>(std::lround(std::min(start + length, kLatest)));
+}
 
 }  // namespace
 
@@ -92,12 +84,13 @@ std::vector<TupletSpan> TupletsOf(const FinPITGFPtr& frame) {
             continue;
         }
         for (const EDTTuplet2005& tuplet : LoadTuplets(entry.entryNumber)) {
-            const Ratio outside = open.empty() ? Ratio{} : open.back().inside;
-            const i32 end = entry.elapsedTime + outside.Of(ReferenceLength(tuplet));
+            const double outside = open.empty() ? 1 : open.back().inside;
+            const i32 end = EndOf(tuplet, entry.elapsedTime, outside);
             spans.push_back({entry.elapsedTime, end, tuplet.symbolicCount,
                              tuplet.symbolicUnitDuration, tuplet.referenceCount,
                              tuplet.referenceUnitDuration});
-            open.push_back({end, outside.Times(ReferenceLength(tuplet), SymbolicLength(tuplet))});
+            open.push_back({end, outside * static_cast<double>(ReferenceLength(tuplet)) /
+                                     static_cast<double>(SymbolicLength(tuplet))});
         }
     }
     return spans;

@@ -19,15 +19,19 @@ constexpr char kSaveTGF[] = "short __cdecl FinPITGFPtr::SaveTGF(void) const";
 constexpr char kReloadTGF[] = "FinPITGFPtr::ReloadTGF";
 constexpr u32 kFrameTag = HostTag("aTGF");
 constexpr i16 kAlwaysOne = 1;
+constexpr i32 kLatestTime = 1 << 28;  // duration units: longer than any frame
 
 EXFRAME* LoadFrame(u16 firstKey, u16 slot, u16 measure, u16 layer) {
     EXFRAME* const frame = Host::LoadTGF(firstKey, static_cast<i16>(slot),
                                          static_cast<i16>(measure), layer, kAlwaysOne);
     if (frame != nullptr && frame->entries != nullptr) {
-        // An entry has twelve slots for notes, whatever count comes with it.
+        // An entry has twelve slots for notes, whatever count comes with it; and times are added
+        // up, so none may be longer than music can be.
         for (i16 i = 0; i < frame->count; ++i) {
             EXENTRY& entry = frame->entries[i];
             entry.noteCount = std::clamp<i16>(entry.noteCount, 0, kMaxNotesPerEntry);
+            entry.elapsedTime = std::clamp(i32{entry.elapsedTime}, 0, kLatestTime);
+            entry.actualDuration = std::clamp(i32{entry.actualDuration}, 0, kLatestTime);
         }
     }
     return frame;
@@ -40,11 +44,11 @@ EXFRAME* LoadAgain(const EXFRAME& frame) {
 
 // What the host would answer, from the entries as they are held.
 i32 DurationOf(std::span<const EXENTRY> entries) {
-    i32 duration = 0;
+    i64 duration = 0;
     for (const EXENTRY& entry : entries) {
-        duration += (entry.flags & EntryFlag::kVoice2) == 0 ? i32{entry.actualDuration} : 0;
+        duration += (entry.flags & EntryFlag::kVoice2) == 0 ? entry.actualDuration : 0;
     }
-    return duration;
+    return static_cast<i32>(std::min<i64>(duration, kLatestTime));
 }
 
 // What the host may respell while it deletes entries.
@@ -177,7 +181,7 @@ i32 FinPITGFPtr::Duration() const {
     }
     const DocumentScope scope{m_document};
     const i32 duration = scope ? Host::GetTGFDuration(m_frame) : 0;
-    return duration != 0 ? duration : DurationOf(Entries());
+    return duration != 0 ? std::clamp(duration, 0, kLatestTime) : DurationOf(Entries());
 }
 
 i16 FinPITGFPtr::SaveTGF() const {

@@ -1,4 +1,5 @@
 // Entry frames on loan, and measure durations.
+#include <limits>
 #include <span>
 
 #include "host/callbacks/serve.h"
@@ -49,6 +50,17 @@ bool OwnsAll(const Document& document, FrameKey key, std::span<const EXENTRY> en
     return true;
 }
 
+void MakeWild(std::span<EXENTRY> entries) {
+    constexpr i32 kMost = std::numeric_limits<i32>::max();
+    i32 time = kMost;
+    for (EXENTRY& entry : entries) {
+        entry.elapsedTime = time;
+        entry.actualDuration = time;
+        entry.noteCount = static_cast<i16>(time >> 16);
+        time = -time;
+    }
+}
+
 void CountFlagsOutOfStep(Application& app, const Document& document,
                          std::span<const EXENTRY> entries) {
     for (const EXENTRY& entry : entries) {
@@ -90,9 +102,13 @@ EXFRAME* FX_LoadTGF(u16 firstKey, i16 slot, i16 measure, u16 layer, i16 alwaysOn
             const FrameKey key{staff, static_cast<u16>(measure), layer};
             const Frame* frame = document.FindFrame(key);
             ++app.calls.framesLent;
-            return app.lent.Lend(std::make_unique<LentFrame>(
+            EXFRAME* const lent = app.lent.Lend(std::make_unique<LentFrame>(
                 document.Number(), key, firstKey, static_cast<u16>(slot),
                 frame == nullptr ? nullptr : &frame->entries, app.EntryMemoryForFrames()));
+            if (app.faults.wildEntries) {
+                MakeWild(EntriesOf(*lent));
+            }
+            return lent;
         });
 }
 

@@ -31,6 +31,7 @@ struct FaultPlan {
 
     u64 stopAtProgress = 0;    // this progress report is answered by "stop"; 0 = none
     bool guardFrames = false;  // lent entries end at a page that must not be touched
+    bool wildEntries = false;  // lent entries have times and note counts that no music has
 
     static OfKind AllOf(HostCall call) noexcept { return {call, 1, ~u64{0}}; }
 };

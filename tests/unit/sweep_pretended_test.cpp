@@ -1,4 +1,4 @@
-// Runs on a host that says that it did what it did not.
+// Runs on a host that says that it did what it did not, or lends what no music is.
 #include <gtest/gtest.h>
 
 #include "platform/headless/session.h"
@@ -41,6 +41,20 @@ TEST_P(PretendedCalls, LetTheRunEnd) {
         host->Score().CancelEdit();
         App().progressDisplays.clear();
     }
+}
+
+TEST_P(PretendedCalls, WildEntriesDoNotBreakTheRun) {
+    platform::headless::Reset();
+    const Plugin plugin;
+    const auto host = Build(GetParam());
+    const DialogDesk desk;
+    Prepare(plugin, GetParam());
+    App().faults.guardFrames = true;
+    App().faults.wildEntries = true;
+    standin::Run(plugin, *host, GetParam());
+    App().faults = {};
+    EXPECT_LE(App().alerts.size(), 1U);
+    EXPECT_EQ(platform::headless::OpenRegistryKeys(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Sweep, PretendedCalls, testing::ValuesIn(Scenarios()),
