@@ -99,10 +99,7 @@ ExitCode Merge(const MergeCommand& command) {
         return Fail(kFailed, run.problem);
     }
     const std::string bytes = BytesFor(command.output, open.Score());
-    if (bytes.empty()) {
-        return Fail(kFailed, command.output + ": cannot be put together");
-    }
-    if (original) {
+    if (original && !bytes.empty()) {
         const std::vector<std::string> losses = original->Losses(bytes);
         for (const std::string& loss : losses) {
             std::cerr << loss << '\n';

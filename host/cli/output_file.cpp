@@ -53,6 +53,9 @@ private:
 }  // namespace
 
 std::string WriteWhole(const std::string& target, std::string_view bytes) {
+    if (bytes.empty()) {
+        return "cannot be put together";
+    }
     if (target == kStandardStream) {
         std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         std::cout.flush();

@@ -12,7 +12,8 @@ inline constexpr std::string_view kStandardStream = "-";
 
 // Writes the bytes to a new file beside the target and renames it, so that whatever goes wrong
 // leaves the target as it was. Links are followed; what is no regular file (a pipe, a device)
-// is written to directly. Returns what went wrong; empty when nothing did.
+// is written to directly. No bytes are an error: they stand for a score that could not be put
+// together. Returns what went wrong; empty when nothing did.
 std::string WriteWhole(const std::string& target, std::string_view bytes);
 
 // A path from its UTF-8 text, and back.

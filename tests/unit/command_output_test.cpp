@@ -44,6 +44,9 @@ TEST_F(OutputFile, WhatCannotBeWrittenIsSaidAndLeavesNothing) {
     EXPECT_NE(WriteWhole(folder.Path().string(), "new"), "");
     EXPECT_NE(WriteWhole((folder / "missing/score.xml").string(), "new"), "");
     EXPECT_EQ(FilesInFolder(), 0U);
+    std::ofstream{folder / "score.mxl"} << "old";
+    EXPECT_NE(WriteWhole((folder / "score.mxl").string(), ""), "") << "could not be put together";
+    EXPECT_EQ(Content(folder / "score.mxl"), "old");
 }
 
 const std::string kKey = kPreferences + "\\Plyweld";

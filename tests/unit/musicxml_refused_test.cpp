@@ -102,6 +102,15 @@ TEST(Archives, DamagedOnesAreRefusedWithAReason) {
     }
 }
 
+// A member that claims more bytes than the file has can be read, but not carried over.
+TEST(Archives, OneThatCannotTakeTheResultGivesNone) {
+    std::string archive = MakeArchive("music.xml", ScoreText({Note({})}));
+    constexpr std::size_t kPackedSize = 20;  // in a member's entry of the directory
+    const std::size_t entry = archive.find("PK\1\2", archive.find("PK\1\2") + 1);
+    archive.replace(entry + kPackedSize, 2, "\xFF\xFF");
+    EXPECT_EQ(WriteScore(*Read(archive), {.rebuildAll = true}), "");
+}
+
 TEST(Archives, OtherMembersAreKept) {
     const auto score = Read(MakeArchive("music.xml", ScoreText({Note({})})));
     const std::string written = Rebuilt(*score);
