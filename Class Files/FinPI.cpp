@@ -63,6 +63,10 @@ void FinPI::ResetAlerts() {
     }
 }
 
+i16 FinPI::SavedSettingNumber() const {
+    return SavedSettings::CurrentNumber(GetCommandID(), m_savedSetting, m_savedSettingID);
+}
+
 void FinPI::UseSavedSetting(i16 number, u16 identifier) {
     m_savedSetting = number;
     m_savedSettingID = identifier;

@@ -72,9 +72,10 @@ public:
     u16 ItemIndex() const noexcept { return m_item; }
     const EREGION& ProcessingRegion() const noexcept { return m_region; }
 
-    // The saved setting in use: its number (0 = none) and the identifier stored with it. The
-    // Save Settings dialog moves the command to another one.
-    i16 SavedSettingNumber() const noexcept { return m_savedSetting; }
+    // The saved setting in use: the number it has now (0 = none is, or it is gone and another has
+    // its number) and the identifier stored with it. The Save Settings dialog moves the command to
+    // another one.
+    i16 SavedSettingNumber() const;
     u16 SavedSettingIdentifier() const noexcept { return m_savedSettingID; }
     u16 CommandItem() const noexcept { return m_commandItem; }
     void UseSavedSetting(i16 number, u16 identifier);

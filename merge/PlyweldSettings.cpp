@@ -36,7 +36,7 @@ i32 Plyweld::LoadSettings() {
 
 void Plyweld::SaveSettings() {
     if (m_savedSetting != 0) {
-        FinPISaveSettingsDlg::PutSavedSettings(GetCommandID(), m_savedSetting, GetSettings(),
+        FinPISaveSettingsDlg::PutSavedSettings(GetCommandID(), SavedSettingNumber(), GetSettings(),
                                                GetSettingsSize());
         return;
     }

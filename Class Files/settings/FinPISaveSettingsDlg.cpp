@@ -182,7 +182,7 @@ void FinPISaveSettingsDlg::PutSavedSettings(u16 commandID, i16 number, const voi
                                             u32 size) {
     SavedSettingPtr setting{size};
     const i16 storedNumber = SavedSettings::StoredNumber(commandID, number);
-    if (setting.GetFromFile(storedNumber) == 0) {
+    if (number == 0 || setting.GetFromFile(storedNumber) == 0) {
         PostError(FinPIAppError("FinPISaveSettingsDlg::PutSavedSettings",
                                 "Can't find specified saved setting."));
         ReportPendingError();

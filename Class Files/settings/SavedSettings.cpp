@@ -1,6 +1,7 @@
 #include "Class Files/settings/SavedSettings.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -35,6 +36,14 @@ bool CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number) {
     return true;
 }
 
+// Nothing when no record that is compatible stands there.
+std::optional<u16> IdentifierAt(u16 commandID, i16 number) {
+    SavedSettingHeader header{};
+    ZKFX_GetSettings(SavedSettings::kName, SavedSettings::StoredNumber(commandID, number), &header,
+                     sizeof(header), SavedSettings::kOwner);
+    return header.headerSize == sizeof(header) ? std::optional{header.identifier} : std::nullopt;
+}
+
 void Give(u16* output, u16 value) {
     if (output != nullptr) {
         *output = value;
@@ -42,6 +51,22 @@ void Give(u16* output, u16 value) {
 }
 
 }  // namespace
+
+i16 SavedSettings::CurrentNumber(u16 commandID, i16 number, u16 identifier) {
+    if (number == 0) {
+        return 0;
+    }
+    const std::optional<u16> there = IdentifierAt(commandID, number);
+    if (there == identifier) {
+        return number;
+    }
+    for (i16 other = 1; other <= kMostPerCommand; ++other) {
+        if (IdentifierAt(commandID, other) == identifier) {
+            return other;
+        }
+    }
+    return there ? i16{0} : number;
+}
 
 void SavedSettings::MoveFromOldOwner(u16 commandID) {
     platform::RegistryKey oldKey = platform::RegistryKey::Open(

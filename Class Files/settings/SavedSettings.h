@@ -18,6 +18,11 @@ constexpr i16 StoredNumber(u16 commandID, i16 number) noexcept {
     return static_cast<i16>(commandID + number);
 }
 
+// The number of the saved setting that stood under this one and has this identifier: others that
+// were saved or deleted since have moved it. Without one of the identifier the number itself, or 0
+// when another setting stands there.
+i16 CurrentNumber(u16 commandID, i16 number, u16 identifier);
+
 // Moves what older versions kept under another owner; that owner's key goes.
 void MoveFromOldOwner(u16 commandID);
 

@@ -167,6 +167,38 @@ TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
+// Two dialogs: what is saved or deleted in one moves the setting that the other works on.
+TEST_F(OpenCommand, ASettingThatOthersMovedIsWrittenWhereItIsNow) {
+    for (u8 i = 0; i < 3; ++i) {
+        Plugin::StoreSetting(i + 1, {.name = std::string(1, static_cast<char>('a' + i)),
+                                     .identifier = static_cast<u8>(i + 1),
+                                     .options = {.source = i}});
+    }
+    ASSERT_EQ(plugin.Init(), 1);
+    OpenDialog& b = Open(2);
+    OpenDialog& own = Open();
+    desk.ThenSaveAs(u"A new one");
+    own.Press(kSaveSettings);
+    own.Press(kClose);
+    desk.Then([](OpenDialog& save) { EXPECT_EQ(save.texts[7], u"b"); });
+    b.Press(kSaveSettings);
+    b.Choose(kFrom, 5);
+    b.Press(kClose);
+    EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22002")[162], 0) << "a";
+    EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22003")[162], 3) << "b";
+    EXPECT_EQ(AlertTexts(), "");
+}
+
+TEST_F(OpenCommand, ADeletedSettingIsNotWrittenOverAnother) {
+    Plugin::StoreSetting(1, {.name = "a", .identifier = 1});
+    ASSERT_EQ(plugin.Init(), 1);
+    OpenDialog& a = Open(1);
+    Plugin::StoreSetting(1, {.name = "b", .identifier = 2, .options = {.source = 2}});
+    a.Press(kClose);
+    EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22001")[162], 2);
+    EXPECT_EQ(App().alerts.size(), 1U);
+}
+
 TEST_F(OpenCommand, TakesTheMenuMessageAndNoOther) {
     OpenDialog& open = Open();
     const u32 message = platform::RegisterMessage("FinaleMenuEventForOrvandelPlugins");
