@@ -190,5 +190,7 @@ void FinPISaveSettingsDlg::PutSavedSettings(u16 commandID, i16 number, const voi
     }
     std::copy_n(static_cast<const u8*>(settings), size, static_cast<u8*>(setting.Settings()));
     setting.StampHeader();
-    setting.PutToFile(storedNumber);
+    if (setting.PutToFile(storedNumber) == 0) {
+        ReportPendingError();
+    }
 }

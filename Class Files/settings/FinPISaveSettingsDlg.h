@@ -25,8 +25,8 @@ public:
     i16 SelectedNumber() const noexcept { return m_selectedNumber; }
     u16 SelectedIdentifier() const noexcept { return m_selectedIdentifier; }
 
-    // Rewrites the settings part of a saved setting; reports an error when there is none, as under
-    // number 0.
+    // Rewrites the settings part of a saved setting; reports an error when it cannot be written,
+    // and when there is none, as under number 0.
     static void PutSavedSettings(u16 commandID, i16 number, const void* settings, u32 size);
 
 protected:

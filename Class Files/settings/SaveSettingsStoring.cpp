@@ -38,6 +38,7 @@ bool FinPISaveSettingsDlg::CommitSavedSettings() {
     if (!ConfirmStaleMenu()) {
         return false;
     }
+    g_pendingError.reset();  // a selection that could not be described, for example
     for (SavedSettingPtr& setting : m_storedSettings) {
         setting.written = false;
     }

@@ -1,6 +1,7 @@
 // Saved settings: the stored record, the move from the older owner, and the dialog.
 #include <cstring>
 
+#include "Class Files/foundation/FinPIException.h"
 #include "Class Files/settings/FinPISaveSettingsDlg.h"
 #include "Class Files/settings/SaveSettingsControls.h"
 #include "Class Files/settings/SavedSettings.h"
@@ -130,6 +131,19 @@ TEST_F(SavedSettingsTest, RewritesTheSettingsPartAlone) {
     EXPECT_EQ(Stored(), (std::vector<std::string>{"Slow 7 1 wxyz"}));
     FinPISaveSettingsDlg::PutSavedSettings(kCommand, 2, "wxyz", 4);
     EXPECT_EQ(standin::App().alerts.size(), 1U) << "there is none to rewrite";
+}
+
+TEST_F(SavedSettingsTest, ARefusedWriteIsToldThenAndNoOtherErrorIsTakenForOne) {
+    Store(1, u"Slow", 7);
+    platform::headless::RefuseRegistryCall(platform::headless::RegistryCall::kSetValue, 1);
+    FinPISaveSettingsDlg::PutSavedSettings(kCommand, 1, "wxyz", 4);
+    EXPECT_EQ(standin::App().alerts.size(), 1U);
+    PostError(FinPIAppError{"elsewhere", "before"});
+    Run([](OpenDialog& open) {
+        open.Press(Control::kOk);
+        EXPECT_TRUE(open.ended);
+    });
+    EXPECT_EQ(standin::App().alerts.size(), 1U);
 }
 
 TEST_F(SavedSettingsTest, TakeWhatTheDialogShowsInTheOrderOfTheirNames) {
