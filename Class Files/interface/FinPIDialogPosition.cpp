@@ -79,5 +79,8 @@ void FinPIDialog::SaveWindowPosition(WindowHandle window, u64 eventWord, i64 eve
 }
 
 void FinPIDialog::ForgetStoredPosition(u16 keyOffset) const {
-    ZKFX_DeleteSettings(kSettingName, PositionNumber(keyOffset), PositionOwner().c_str());
+    const i16 number = PositionNumber(keyOffset);
+    if (number >= 0) {  // a negative one stands for every number
+        ZKFX_DeleteSettings(kSettingName, number, PositionOwner().c_str());
+    }
 }

@@ -108,6 +108,9 @@ bool FinPISaveSettingsDlg::LoadStoredSettings() {
             return false;
         }
     }
+    for (SavedSettingPtr& setting : m_storedSettings) {
+        GiveIdentifier(setting.Header());
+    }
     return true;
 }
 
@@ -128,15 +131,24 @@ bool FinPISaveSettingsDlg::LoadStoredSetting(i16 number) {
         ReportOpeningError("Unable to get array element from preferences.");
         return false;
     }
-    GiveIdentifier(setting.Header());
     m_storedSettings.push_back(std::move(setting));
     return true;
 }
 
 void FinPISaveSettingsDlg::GiveIdentifier(SavedSettingHeader& header) {
-    if (header.identifier == 0) {
-        header.identifier = ++m_nextIdentifier;
+    if (header.identifier != 0) {
+        return;
     }
+    const auto isTaken = [this](u16 identifier) {
+        return std::any_of(m_storedSettings.begin(), m_storedSettings.end(),
+                           [identifier](const SavedSettingPtr& setting) {
+                               return setting.Header().identifier == identifier;
+                           });
+    };
+    do {
+        ++m_nextIdentifier;  // behind the highest number come the lowest
+    } while (m_nextIdentifier == 0 || isTaken(m_nextIdentifier));
+    header.identifier = m_nextIdentifier;
 }
 
 void FinPISaveSettingsDlg::SetUpOptionRows(WindowHandle window) {

@@ -64,7 +64,7 @@ private:
     i16 m_loadedCount = 0;
     i16 m_selectedNumber;
     i16 m_currentPosition = 0;  // the list position that the controls show
-    u16 m_nextIdentifier = 0;   // the highest one met
+    u16 m_nextIdentifier = 0;   // the highest one met, or the last one given
     u16 m_selectedIdentifier = 0;
     std::vector<SavedSettingPtr> m_storedSettings;  // as loaded, by number
     FinPIEditUnicodeText m_nameField;

@@ -155,6 +155,20 @@ TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
     }
 }
 
+struct ForgettingDialog final : NotingDialog {
+    using FinPIDialog::ForgetStoredPosition;
+    using NotingDialog::NotingDialog;
+};
+
+TEST_F(DialogTest, ForgetsNoOtherPlaceThanThatOfItsKeyOffset) {
+    StorePlace(50, 60);
+    const ForgettingDialog placed{&command, nullptr, nullptr};
+    placed.ForgetStoredPosition(21000);  // 33000 as a signed number
+    EXPECT_NE(ZKFX_GetSettings("WPOS", 22000, nullptr, 0, "Plyweld"), 0U);
+    placed.ForgetStoredPosition(0);
+    EXPECT_EQ(ZKFX_GetSettings("WPOS", 22000, nullptr, 0, "Plyweld"), 0U);
+}
+
 TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
     StorePlace(50, 60);
     OpenDialog& open = Show(dialog);

@@ -212,6 +212,18 @@ TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
     EXPECT_EQ(command.SavedSettingNumber(), 3);
 }
 
+TEST_F(SavedSettingsTest, BehindTheHighestIdentifierComesTheLowestFreeOne) {
+    Store(1, u"a", 65535);
+    Store(2, u"b", 0);
+    Store(3, u"c", 1);
+    Run([](OpenDialog& open) {
+        open.Type(Control::kName, u"d");
+        open.Press(Control::kOk);
+    });
+    EXPECT_EQ(Stored(), (std::vector<std::string>{"a 65535 0 abcd", "b 2 0 abcd", "c 1 0 abcd",
+                                                  "d 3 1 dlg!"}));
+}
+
 TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
     StoreLetters(99);
     Run([](OpenDialog& open) {
