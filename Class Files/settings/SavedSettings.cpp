@@ -12,6 +12,8 @@
 
 u16 g_savedSettingsChanged = 0;
 
+using platform::RegistryResult;
+
 namespace {
 
 constexpr char kOldOwner[] = "Einstellungen speichern";
@@ -19,21 +21,22 @@ constexpr std::size_t kStoredNameUnits = 128;
 
 bool g_movedFromOldOwner = false;
 
-// False: there is no such value.
-bool CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number) {
+// kNotFound: there is no such value.
+RegistryResult CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number) {
     const std::string name = SavedSettings::kName + std::to_string(number);
     platform::ValueType type{};
     u32 size = 0;
-    if (GetRegValue(oldKey, name, &type, nullptr, &size) != platform::RegistryResult::kSuccess) {
-        return false;
-    }
+    RegistryResult result = GetRegValue(oldKey, name, &type, nullptr, &size);
     std::vector<u8> record(size);
-    if (GetRegValue(oldKey, name, &type, record.data(), &size) !=
-        platform::RegistryResult::kSuccess) {
-        return false;
+    if (result == RegistryResult::kSuccess) {
+        result = GetRegValue(oldKey, name, &type, record.data(), &size);
     }
-    ZKFX_PutSettings(SavedSettings::kName, number, record.data(), size, SavedSettings::kOwner);
-    return true;
+    if (result == RegistryResult::kSuccess &&
+        ZKFX_PutSettings(SavedSettings::kName, number, record.data(), size,
+                         SavedSettings::kOwner) == 0) {
+        result = RegistryResult::kAccessDenied;
+    }
+    return result;
 }
 
 // Nothing when no record that is compatible stands there.
@@ -74,10 +77,17 @@ void SavedSettings::MoveFromOldOwner(u16 commandID) {
     if (!oldKey) {
         return;
     }
-    CopyFromOldOwner(oldKey, StoredNumber(commandID, 0));
-    i16 number = 1;
-    while (number <= kMostPerCommand && CopyFromOldOwner(oldKey, StoredNumber(commandID, number))) {
-        ++number;
+    bool allMoved = true;
+    for (i16 number = 0; number <= kMostPerCommand; ++number) {
+        const RegistryResult result = CopyFromOldOwner(oldKey, StoredNumber(commandID, number));
+        if (result == RegistryResult::kNotFound && number > 0) {
+            break;
+        }
+        allMoved =
+            allMoved && (result == RegistryResult::kSuccess || result == RegistryResult::kNotFound);
+    }
+    if (!allMoved) {
+        return;
     }
     oldKey.Close();
     if (auto base = platform::RegistryKey::Open(kSettingsBaseKey, platform::KeyAccess::kAll)) {

@@ -23,7 +23,8 @@ constexpr i16 StoredNumber(u16 commandID, i16 number) noexcept {
 // when another setting stands there.
 i16 CurrentNumber(u16 commandID, i16 number, u16 identifier);
 
-// Moves what older versions kept under another owner; that owner's key goes.
+// Moves what older versions kept under another owner; that owner's key goes, unless a
+// setting could not be moved.
 void MoveFromOldOwner(u16 commandID);
 
 }  // namespace SavedSettings

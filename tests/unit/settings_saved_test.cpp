@@ -115,10 +115,14 @@ TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
 TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
     const std::string old = kPreferences + "\\Einstellungen speichern";
     const std::string owner = kPreferences + "\\Save Settings";
-    for (const char* name : {"ZKSC22001", "ZKSC22002", "ZKSC22004"}) {
+    for (const char* name : {"ZKSC22000", "ZKSC22001", "ZKSC22002", "ZKSC22004"}) {
         StoreValue(old, name, name);
     }
+    platform::headless::RefuseRegistryCall(platform::headless::RegistryCall::kSetValue, 2);
     SavedSettings::MoveFromOldOwner(kCommand);
+    EXPECT_EQ(StoredValue(old, "ZKSC22001"), "ZKSC22001") << "it could not be written";
+    SavedSettings::MoveFromOldOwner(kCommand);
+    EXPECT_EQ(StoredValue(owner, "ZKSC22000"), "ZKSC22000");
     EXPECT_EQ(StoredValue(owner, "ZKSC22001"), "ZKSC22001");
     EXPECT_EQ(StoredValue(owner, "ZKSC22002"), "ZKSC22002");
     EXPECT_EQ(StoredValue(owner, "ZKSC22004"), std::nullopt) << "behind a gap";
