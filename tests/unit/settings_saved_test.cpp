@@ -131,8 +131,14 @@ TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
 
 TEST_F(SavedSettingsTest, RewritesTheSettingsPartAlone) {
     Store(1, u"Slow", 7, 1, "abcd", 1);
+    SavedSettingPtr record{4};
+    record.GetFromFile(22001);
+    record.Header().hostVersion = 1;
+    record.PutToFile(22001);
     FinPISaveSettingsDlg::PutSavedSettings(kCommand, 1, "wxyz", 4);
     EXPECT_EQ(Stored(), (std::vector<std::string>{"Slow 7 1 wxyz"}));
+    record.GetFromFile(22001);
+    EXPECT_EQ(record.Header().hostVersion, SavedSettingPtr{0}.Header().hostVersion);
     FinPISaveSettingsDlg::PutSavedSettings(kCommand, 2, "wxyz", 4);
     EXPECT_EQ(standin::App().alerts.size(), 1U) << "there is none to rewrite";
 }
