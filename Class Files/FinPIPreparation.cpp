@@ -1,6 +1,5 @@
 // What comes before a run: the saved setting, the Shift key, the region.
 #include "Class Files/FinPI.h"
-#include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIMetricsCache.h"
 #include "Class Files/score/FinPIRegion.h"
 #include "Class Files/settings/SavedSettings.h"
@@ -44,8 +43,8 @@ bool FinPI::ResolveSavedSetting() {
     m_savedSetting = static_cast<i16>(m_item - GetLastCommandItem());
     if (ReadSavedSetting(GetCommandID(), m_savedSetting, m_savedSettingName, &m_commandItem,
                          &m_skipDialog, &m_savedSettingID, nullptr) == 0) {
-        PostError(FinPIAppError{"FinPI::Invoke", "Saved settings for menu item not found."});
-        ReportPendingError();
+        SavedSettings::ReportMissing(GetCommandID(), m_savedSetting, "FinPI::Invoke",
+                                     "Saved settings for menu item not found.");
         return false;
     }
     return true;

@@ -195,9 +195,8 @@ void FinPISaveSettingsDlg::PutSavedSettings(u16 commandID, i16 number, const voi
     SavedSettingPtr setting{size};
     const i16 storedNumber = SavedSettings::StoredNumber(commandID, number);
     if (number == 0 || setting.GetFromFile(storedNumber) == 0) {
-        PostError(FinPIAppError("FinPISaveSettingsDlg::PutSavedSettings",
-                                "Can't find specified saved setting."));
-        ReportPendingError();
+        SavedSettings::ReportMissing(commandID, number, "FinPISaveSettingsDlg::PutSavedSettings",
+                                     "Can't find specified saved setting.");
         return;
     }
     std::copy_n(static_cast<const u8*>(settings), size, static_cast<u8*>(setting.Settings()));

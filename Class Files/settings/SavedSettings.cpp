@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "Class Files/foundation/FinPIException.h"
 #include "Class Files/settings/FinPIUtil.h"
 #include "Class Files/settings/GetRegValue.h"
 #include "Class Files/settings/SavedSettingPtr.h"
@@ -39,11 +40,16 @@ RegistryResult CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number)
     return result;
 }
 
+// The bytes that stand there, compatible or not.
+u32 ReadHeader(u16 commandID, i16 number, SavedSettingHeader& header) {
+    return ZKFX_GetSettings(SavedSettings::kName, SavedSettings::StoredNumber(commandID, number),
+                            &header, sizeof(header), SavedSettings::kOwner);
+}
+
 // Nothing when no record that is compatible stands there.
 std::optional<u16> IdentifierAt(u16 commandID, i16 number) {
     SavedSettingHeader header{};
-    ZKFX_GetSettings(SavedSettings::kName, SavedSettings::StoredNumber(commandID, number), &header,
-                     sizeof(header), SavedSettings::kOwner);
+    ReadHeader(commandID, number, header);
     return header.headerSize == sizeof(header) ? std::optional{header.identifier} : std::nullopt;
 }
 
@@ -54,6 +60,16 @@ void Give(u16* output, u16 value) {
 }
 
 }  // namespace
+
+void SavedSettings::ReportMissing(u16 commandID, i16 number, const char* function,
+                                  const char* detail) {
+    SavedSettingHeader header{};
+    const bool stored = number != 0 && ReadHeader(commandID, number, header) != 0;
+    if (!stored || header.headerSize == sizeof(header)) {
+        PostError(FinPIAppError{function, detail});
+        ReportPendingError();
+    }
+}
 
 i16 SavedSettings::CurrentNumber(u16 commandID, i16 number, u16 identifier) {
     if (number == 0) {

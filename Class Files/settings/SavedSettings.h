@@ -18,6 +18,10 @@ constexpr i16 StoredNumber(u16 commandID, i16 number) noexcept {
     return static_cast<i16>(commandID + number);
 }
 
+// Reports that a saved setting cannot be had; not when its record is incompatible, which was
+// reported when it was read.
+void ReportMissing(u16 commandID, i16 number, const char* function, const char* detail);
+
 // The number of the saved setting that stood under this one and has this identifier: others that
 // were saved or deleted since have moved it. Without one of the identifier the number itself, or 0
 // when another setting stands there.

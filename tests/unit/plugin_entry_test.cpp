@@ -132,6 +132,10 @@ TEST_F(Items, ASavedSettingRunsWithItsOptions) {
     EXPECT_EQ(App().alerts[0].text,
               u"Internal Application Error at FinPI::Invoke->Saved settings for menu item not "
               u"found.");
+    const std::vector<u8> ofAnotherBuild(172, 1);
+    Plugin::StoreBytes("Save Settings", "ZKSC22002", ofAnotherBuild.data(), 172);
+    plugin.Invoke(host, 2);
+    EXPECT_EQ(App().alerts.size(), 2U) << "not found, too";
 }
 
 }  // namespace

@@ -110,6 +110,8 @@ TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
     ASSERT_EQ(record.PutToFile(22001), 1);
     EXPECT_EQ(ReadSavedSetting(kCommand, 1, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
     EXPECT_EQ(standin::App().alerts.size(), 1U);
+    FinPISaveSettingsDlg::PutSavedSettings(kCommand, 1, "wxyz", 4);
+    EXPECT_EQ(standin::App().alerts.size(), 2U);
 }
 
 TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
