@@ -118,7 +118,13 @@ i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u
     // A command event may arrive while another one is being handled.
     const u16 outerCommand = std::exchange(m_inCommand, u16{1});
     u8 final = 0;
-    const i16 result = HandleCommand(window, static_cast<u16>(control), &final);
+    i16 result = 0;
+    try {
+        result = HandleCommand(window, static_cast<u16>(control), &final);
+    } catch (...) {
+        m_inCommand = outerCommand;
+        throw;
+    }
     // A handler that ended the dialog may have destroyed this object too.
     if (final == 0) {
         m_inCommand = outerCommand;

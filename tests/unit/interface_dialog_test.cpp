@@ -80,6 +80,9 @@ TEST_F(DialogTest, EventsOfAnotherWindowAreRefusedAndExceptionsEndHere) {
     EXPECT_EQ(dialog.TakeNotes(), Notes{});
     dialog.whileHandling = [] { throw std::bad_alloc{}; };
     EXPECT_EQ(open.Press(1009), 0);
+    dialog.TakeNotes();
+    open.Send(WindowMessage::kTimer);
+    EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "that command is over";
 }
 
 TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
