@@ -116,6 +116,8 @@ protected:
     i16 m_top;
 
 private:
+    // False also for an object that has gone: a host may send events of its window still.
+    static bool Exists(const void* dialogObject);
     i16 HandleEvent(WindowHandle window, u32 message, u64 eventWord, i64 eventLong);
     i16 HandleCreation(WindowHandle window, u64 eventWord, i64 eventLong);
     i16 HandleControlEvent(WindowHandle window, u64 notificationCode, u64 control);

@@ -35,10 +35,10 @@ unsigned Traced(const void* pointer) noexcept {
 
 i16 FinPIDialog::DialogEventCallback(WindowHandle window, u32 message, u64 eventWord, i64 eventLong,
                                      void* dialogObject) noexcept {
-    auto* dialog = static_cast<FinPIDialog*>(dialogObject);
-    if (dialog == nullptr) {
+    if (!Exists(dialogObject)) {
         return 0;
     }
+    auto* dialog = static_cast<FinPIDialog*>(dialogObject);
     if (dialog->m_window != nullptr && dialog->m_window != window) {
         FinPITrace(kTracedFile, __LINE__,
                    message == WindowMessage::kCommand

@@ -1,4 +1,5 @@
 // The dialog framework: events, titles, remembered places, the timer, layout.
+#include <optional>
 #include <tuple>
 
 #include "Class Files/interface/DialogLayout.h"
@@ -83,6 +84,13 @@ TEST_F(DialogTest, EventsOfAnotherWindowAreRefusedAndExceptionsEndHere) {
     dialog.TakeNotes();
     open.Send(WindowMessage::kTimer);
     EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "that command is over";
+}
+
+TEST_F(DialogTest, EventsAfterItsEndFindNoDialog) {
+    std::optional<NotingDialog> gone{std::in_place, &command, nullptr, nullptr};
+    OpenDialog& open = Show(*gone);
+    gone.reset();
+    EXPECT_EQ(open.Send(WindowMessage::kTimer), 0);
 }
 
 TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
