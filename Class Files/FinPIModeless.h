@@ -24,7 +24,7 @@ public:
     // Without a stored place the dialog appears beside the one that was opened before it.
     i16 LoadWindowPosition(u16 keyOffset) override;
     u16 GetPositionKeyOffset(WindowHandle window, u64 eventWord, i64 eventLong) override;
-    // Saves place and settings, and destroys this object.
+    // Saves place and settings, and destroys this object at the end of the event in hand.
     i16 OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) override;
     void OnTimer(WindowHandle window) override;
     i16 OnOtherMessage(WindowHandle window, u32 message, u64 eventWord, i64 eventLong) override;

@@ -39,6 +39,9 @@ i16 FinPIDialog::DialogEventCallback(WindowHandle window, u32 message, u64 event
         return 0;
     }
     auto* dialog = static_cast<FinPIDialog*>(dialogObject);
+    if (dialog->m_ended) {
+        return 0;
+    }
     if (dialog->m_window != nullptr && dialog->m_window != window) {
         FinPITrace(kTracedFile, __LINE__,
                    message == WindowMessage::kCommand
@@ -49,11 +52,17 @@ i16 FinPIDialog::DialogEventCallback(WindowHandle window, u32 message, u64 event
                    Traced(window), Traced(dialog->m_window), Traced(dialogObject));
         return 0;
     }
+    i16 result = 0;
+    ++dialog->m_eventsInHand;
     try {
-        return dialog->HandleEvent(window, message, eventWord, eventLong);
+        result = dialog->HandleEvent(window, message, eventWord, eventLong);
     } catch (...) {
-        return 0;
+        result = 0;
     }
+    if (--dialog->m_eventsInHand == 0 && dialog->m_ended) {
+        delete dialog;
+    }
+    return result;
 }
 
 i16 FinPIDialog::HandleEvent(WindowHandle window, u32 message, u64 eventWord, i64 eventLong) {
@@ -125,7 +134,7 @@ i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u
         m_inCommand = outerCommand;
         throw;
     }
-    // A handler that ended the dialog may have destroyed this object too.
+    // Ticks that arrive while an ended dialog goes away are passed over.
     if (final == 0) {
         m_inCommand = outerCommand;
     }
