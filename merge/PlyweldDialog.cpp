@@ -55,6 +55,11 @@ i16 Plyweld::OnInitializeWindow(WindowHandle window) {
 }
 
 i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
+    const bool usesOptions =
+        control == Control::kGo || control == Control::kClose || control == Control::kSaveSettings;
+    if (usesOptions && IsRunning()) {
+        return 0;
+    }
     switch (control) {
         case Control::kFrom:
             if (m_fromList.SelectionChanged(m_notificationCode)) {

@@ -17,6 +17,8 @@ constexpr u16 kReplace = 1007;
 constexpr u16 kRebeam = 1009;
 constexpr u16 kHideRests = 1010;
 
+constexpr u16 kMeasures = 40;  // enough for reports of a run's progress
+
 using OpenDialog = DialogDesk::OpenDialog;
 
 std::vector<u8> StoredOptions() {
@@ -32,7 +34,7 @@ protected:
         return *desk.Newest();
     }
 
-    StandIn host{1, 2};
+    StandIn host{1, kMeasures};
     DialogDesk desk;
     const Plugin plugin;
 };
@@ -165,6 +167,25 @@ TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
     ASSERT_EQ(App().alerts.size(), 1U);
     EXPECT_EQ(App().alerts.front().stringId, 20004);
     EXPECT_EQ(desk.Newest(), nullptr);
+}
+
+TEST_F(OpenCommand, ARunKeepsTheOptionsItBeganWith) {
+    host.Layer(1, kMeasures, 1, "w:c4");
+    OpenDialog& open = Open();
+    App().progressListener = [&](const ProgressReport&) {
+        open.Choose(kTo, 4);
+        for (const u16 control : {kGo, kSaveSettings, kClose}) {
+            open.Press(control);
+        }
+        return true;
+    };
+    open.Press(kGo);
+    App().progressListener = nullptr;
+    EXPECT_EQ(host.Layer(1, kMeasures, 0), "w:c4");
+    EXPECT_EQ(StoredOptions()[4], 0);
+    EXPECT_EQ(desk.Shown().size(), 1U);
+    ASSERT_EQ(desk.Newest(), &open);
+    open.Press(kClose);
 }
 
 TEST_F(OpenCommand, TakesTheMenuMessageAndNoOther) {
