@@ -188,6 +188,31 @@ TEST_F(OpenCommand, ARunKeepsTheOptionsItBeganWith) {
     open.Press(kClose);
 }
 
+TEST_F(OpenCommand, NothingElseBeginsOrEndsWhileARunShowsItsAlert) {
+    Plugin::StoreSetting(1, {.name = "A"});
+    ASSERT_EQ(plugin.Init(), 1);
+    host.Layer(1, 1, 2, "w:c4");
+    OpenDialog& other = Open(1);
+    OpenDialog& open = Open();
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kSaveTGF);
+    App().alertListener = [&](const Alert&) {
+        App().alertListener = nullptr;
+        for (const u16 control : {kGo, kSaveSettings, kClose}) {
+            open.Press(control);
+        }
+        other.Press(kGo);
+    };
+    open.Press(kGo);
+    EXPECT_EQ(App().alerts.size(), 1U);
+    EXPECT_EQ(desk.Shown(), (std::vector<u16>{22000, 22000}));
+    ASSERT_EQ(desk.Newest(), &open);
+    App().faults = {};
+    open.Press(kGo);
+    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4");
+    open.Press(kClose);
+    other.Press(kClose);
+}
+
 TEST_F(OpenCommand, TakesTheMenuMessageAndNoOther) {
     OpenDialog& open = Open();
     const u32 message = platform::RegisterMessage("FinaleMenuEventForOrvandelPlugins");
