@@ -169,6 +169,23 @@ TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
+TEST_F(OpenCommand, HoweverItIsClosedItStoresWhatItShows) {
+    constexpr u32 kSystemCommand = 274;
+    constexpr u64 kCloseCommand = 0xF060;
+    Plugin::Store({12, 0, 3, 0, 1, 0});
+    OpenDialog& open = Open();
+    open.Choose(kFrom, 3);
+    desk.ThenSaveAs(u"Mine");
+    open.Press(kSaveSettings);
+    open.Send(kCloseMessage);
+    EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22001").at(162), 1);
+    EXPECT_EQ(StoredOptions()[2], 0) << "the command's own stay";
+    OpenDialog& again = Open();
+    again.Choose(kFrom, 4);
+    again.Send(kSystemCommand, kCloseCommand);
+    EXPECT_EQ(StoredOptions()[2], 2);
+}
+
 TEST_F(OpenCommand, ARunKeepsTheOptionsItBeganWith) {
     host.Layer(1, kMeasures, 1, "w:c4");
     OpenDialog& open = Open();
