@@ -11,8 +11,6 @@
 
 namespace {
 
-using Notes = std::vector<std::string>;
-
 class DialogTest : public InterfaceTest {
 protected:
     // Shows the dialog and forgets what its creation noted.
@@ -153,16 +151,17 @@ void StorePlace(i16 left, i16 top) {
 }
 
 TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
-    for (const bool restored : {false, true}) {
+    for (const u64 next :
+         {SystemCommand::kMinimize, SystemCommand::kRestore, SystemCommand::kMaximize}) {
+        platform::headless::Reset();
         NotingDialog placed{&command, nullptr, nullptr};
         placed.keyOffset = 3;
         OpenDialog& open = Show(placed);
         open.Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
-        if (restored) {
-            open.Send(WindowMessage::kSystemCommand, SystemCommand::kRestore);
-        }
+        open.Send(WindowMessage::kSystemCommand, next);
         open.Send(WindowMessage::kSystemCommand, SystemCommand::kClose);
-        EXPECT_EQ(ZKFX_GetSettings("WPOS", 12003, nullptr, 0, "Plyweld") != 0, restored);
+        EXPECT_EQ(ZKFX_GetSettings("WPOS", 12003, nullptr, 0, "Plyweld") != 0,
+                  next != SystemCommand::kMinimize);
     }
 }
 
