@@ -69,9 +69,10 @@ i16 FinPIModeless::Start(const EREGION* selection, const EREGION* wholeDocument)
 }
 
 void FinPIModeless::RunModeless() {
-    if (m_stop != 0 || IsRunning()) {
+    if (m_stop != 0 || IsAnyRunning()) {
         return;
     }
+    const FlagScope running{m_running};
     if (Host::GetCurrentEnigmaDocument() == 0) {
         PostError(FinPINoOpenDocumentError{});
         ReportPendingError();
@@ -98,7 +99,6 @@ bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& whole
     UndoableEdit edit{undoText};
     bool changed = false;
     if (edit) {
-        const FlagScope running{m_running};
         changed = Execute(selection, &wholeDocument) != 0;
     } else {
         PostError(FinPIAppError{"FinPIModeless::RunModeless", "Unable to start an edit."});

@@ -24,7 +24,7 @@ public:
     // Without a stored place the dialog appears beside the one that was opened before it.
     i16 LoadWindowPosition(u16 keyOffset) override;
     u16 GetPositionKeyOffset(WindowHandle window, u64 eventWord, i64 eventLong) override;
-    // Saves place and settings, and destroys this object.
+    // Saves place and settings, and destroys this object at the end of the event in hand.
     i16 OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) override;
     void OnTimer(WindowHandle window) override;
     i16 OnOtherMessage(WindowHandle window, u32 message, u64 eventWord, i64 eventLong) override;
@@ -48,12 +48,13 @@ public:
     virtual i16 NeedsLayoutUpdate() const { return 0; }
 
     FinPIModeless* NextLive() const noexcept { return m_nextLive; }
+    // Until its errors are reported, its edit has ended and its settings are saved.
     bool IsRunning() const noexcept { return m_running != 0; }
 
 protected:
     // One run over the current selection, as one undoable edit of the host. Reports the error
     // that is pending afterwards; the edit is rolled back when there is one, or when the user
-    // stopped. Saves the settings.
+    // stopped. Saves the settings. Does nothing while any command is running.
     void RunModeless();
 
 private:

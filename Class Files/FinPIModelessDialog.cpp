@@ -81,7 +81,8 @@ u16 FinPIModeless::GetPositionKeyOffset(WindowHandle /*window*/, u64 /*eventWord
 i16 FinPIModeless::OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) {
     FinPIDialog::OnDestroyWindow(window, eventWord, eventLong);
     SaveSettings();
-    delete this;
+    // The host may end its windows while a run, or a dialog of this one, is on the stack.
+    DeleteWhenIdle();
     return 1;
 }
 

@@ -21,3 +21,12 @@ inline FinPIModeless* FindLiveCommand(u16 item) noexcept {
     }
     return live;
 }
+
+// The dialogs of other commands can be used while a run shows its progress, or an alert.
+inline bool IsAnyRunning() noexcept {
+    const FinPIModeless* live = g_module.firstLive;
+    while (live != nullptr && !live->IsRunning()) {
+        live = live->NextLive();
+    }
+    return live != nullptr;
+}

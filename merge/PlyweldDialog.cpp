@@ -55,6 +55,11 @@ i16 Plyweld::OnInitializeWindow(WindowHandle window) {
 }
 
 i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
+    const bool usesOptions =
+        control == Control::kGo || control == Control::kClose || control == Control::kSaveSettings;
+    if (usesOptions && IsRunning()) {
+        return 0;
+    }
     switch (control) {
         case Control::kFrom:
             if (m_fromList.SelectionChanged(m_notificationCode)) {
@@ -84,8 +89,6 @@ i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
             RunModeless();
             break;
         case Control::kClose:
-            CopyDialogToConfigData(window);
-            // Closing destroys this object.
             *final = 1;
             CloseDialog(window);
             break;
@@ -93,6 +96,13 @@ i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
             break;
     }
     return 0;
+}
+
+i16 Plyweld::CloseDialog(WindowHandle window) {
+    if (m_initialized != 0 && !IsRunning()) {
+        CopyDialogToConfigData(window);
+    }
+    return FinPIModeless::CloseDialog(window);
 }
 
 void Plyweld::UpdateGoButton(WindowHandle window) {

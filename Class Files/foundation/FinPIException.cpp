@@ -1,5 +1,7 @@
 #include "Class Files/foundation/FinPIException.h"
 
+#include <utility>
+
 #include "Class Files/foundation/AlertPrintf.h"
 #include "Class Files/foundation/FinPITrace.h"
 #include "Class Files/foundation/FinPIUniStringUtil.h"
@@ -75,8 +77,9 @@ u16 ReportPendingError() {
     if (!g_pendingError) {
         return 0;
     }
-    g_pendingError->Report();
-    const u16 stop = g_pendingError->m_stop;
+    // While its alert is up the user may start what empties the slot.
+    const std::unique_ptr<FinPIException> error = std::move(g_pendingError);
+    error->Report();
     g_pendingError.reset();
-    return stop;
+    return error->m_stop;
 }

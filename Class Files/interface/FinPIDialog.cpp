@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/interface/WatchedPreference.h"
@@ -20,6 +21,11 @@ void CopyCut(char16 (&field)[kUnits], std::u16string_view text) {
     *std::copy(cut.begin(), cut.end(), field) = u'\0';
 }
 
+std::set<const void*>& ExistingDialogs() {
+    static std::set<const void*> dialogs;
+    return dialogs;
+}
+
 }  // namespace
 
 FinPIDialog::FinPIDialog(FinPI* owner, u16 dialogNumber, const char16* positionKey,
@@ -33,9 +39,16 @@ FinPIDialog::FinPIDialog(FinPI* owner, u16 dialogNumber, const char16* positionK
     if (title != nullptr) {
         SetTitle(title);
     }
+    ExistingDialogs().insert(this);
 }
 
-FinPIDialog::~FinPIDialog() = default;
+FinPIDialog::~FinPIDialog() {
+    ExistingDialogs().erase(this);
+}
+
+bool FinPIDialog::Exists(const void* dialogObject) {
+    return ExistingDialogs().contains(dialogObject);
+}
 
 void FinPIDialog::SetTitle(const char16* title) {
     m_titleGiven = title != nullptr ? 1 : 0;

@@ -91,6 +91,9 @@ protected:
 
     // Deletes the stored place that belongs to a key offset.
     void ForgetStoredPosition(u16 keyOffset) const;
+    // For an object that owns itself, while it handles an event: it is deleted once no event is
+    // being handled any more, and hears of no other.
+    void DeleteWhenIdle() noexcept { m_ended = true; }
     // Takes left and top from the window; false: the system does not tell.
     bool RememberWindowPlace(WindowHandle window);
 
@@ -116,6 +119,11 @@ protected:
     i16 m_top;
 
 private:
+    int m_eventsInHand = 0;  // one within another
+    bool m_ended = false;
+
+    // False also for an object that has gone: a host may send events of its window still.
+    static bool Exists(const void* dialogObject);
     i16 HandleEvent(WindowHandle window, u32 message, u64 eventWord, i64 eventLong);
     i16 HandleCreation(WindowHandle window, u64 eventWord, i64 eventLong);
     i16 HandleControlEvent(WindowHandle window, u64 notificationCode, u64 control);

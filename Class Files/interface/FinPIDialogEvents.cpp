@@ -35,8 +35,11 @@ unsigned Traced(const void* pointer) noexcept {
 
 i16 FinPIDialog::DialogEventCallback(WindowHandle window, u32 message, u64 eventWord, i64 eventLong,
                                      void* dialogObject) noexcept {
+    if (!Exists(dialogObject)) {
+        return 0;
+    }
     auto* dialog = static_cast<FinPIDialog*>(dialogObject);
-    if (dialog == nullptr) {
+    if (dialog->m_ended) {
         return 0;
     }
     if (dialog->m_window != nullptr && dialog->m_window != window) {
@@ -49,11 +52,17 @@ i16 FinPIDialog::DialogEventCallback(WindowHandle window, u32 message, u64 event
                    Traced(window), Traced(dialog->m_window), Traced(dialogObject));
         return 0;
     }
+    i16 result = 0;
+    ++dialog->m_eventsInHand;
     try {
-        return dialog->HandleEvent(window, message, eventWord, eventLong);
+        result = dialog->HandleEvent(window, message, eventWord, eventLong);
     } catch (...) {
-        return 0;
+        result = 0;
     }
+    if (--dialog->m_eventsInHand == 0 && dialog->m_ended) {
+        delete dialog;
+    }
+    return result;
 }
 
 i16 FinPIDialog::HandleEvent(WindowHandle window, u32 message, u64 eventWord, i64 eventLong) {
@@ -118,8 +127,14 @@ i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u
     // A command event may arrive while another one is being handled.
     const u16 outerCommand = std::exchange(m_inCommand, u16{1});
     u8 final = 0;
-    const i16 result = HandleCommand(window, static_cast<u16>(control), &final);
-    // A handler that ended the dialog may have destroyed this object too.
+    i16 result = 0;
+    try {
+        result = HandleCommand(window, static_cast<u16>(control), &final);
+    } catch (...) {
+        m_inCommand = outerCommand;
+        throw;
+    }
+    // Ticks that arrive while an ended dialog goes away are passed over.
     if (final == 0) {
         m_inCommand = outerCommand;
     }

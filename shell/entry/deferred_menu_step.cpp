@@ -1,15 +1,21 @@
 #include "shell/entry/deferred_menu_step.h"
 
+#include <iterator>
+
 #include "Class Files/interface/HostMenu.h"
 #include "shell/entry/menu_items.h"
 #include "shell/module/ModuleState.h"
 
 namespace {
 
+// The host lists no more of an item's text.
+constexpr std::size_t kListedUnits = std::size(MenuItemDescriptor{}.text) - 1;
+
 void MoveSavedSettings(platform::Menu submenu) {
     const std::u16string prefix = VersionedPluginTitle() + u" ";
     for (i16 item = 1; item < g_module.itemCount; ++item) {
-        const std::u16string label = SavedSettingLabel(item);
+        const std::u16string label =
+            SavedSettingLabel(item).substr(0, kListedUnits - prefix.size());
         if (!label.empty()) {
             MoveSettingItem(g_module.hostMainWindow, submenu, label, prefix);
         }

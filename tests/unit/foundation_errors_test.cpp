@@ -79,6 +79,19 @@ TEST_F(Errors, OnlyTheFirstIsKeptAndShownOnce) {
     EXPECT_EQ(App().alerts.size(), 1U);
 }
 
+TEST_F(Errors, OneMayBeReportedWhileAnotherIsShown) {
+    App().alertListener = [](const standin::Alert&) {
+        App().alertListener = nullptr;
+        PostError(FinPINoOpenDocumentError());
+        EXPECT_EQ(ReportPendingError(), 1);
+    };
+    PostError(FinPIAppError("first", "1"));
+    EXPECT_EQ(ReportPendingError(), 1);
+    EXPECT_EQ(App().alerts.size(), 2U);
+    EXPECT_EQ(LastAlert(), u"No open document.");
+    EXPECT_EQ(g_pendingError, nullptr);
+}
+
 TEST_F(Errors, LongTextsAreCut) {
     const FinPIAppError error(std::string(150, 'f').c_str(), std::string(300, 'd').c_str());
     EXPECT_EQ(error.m_function, std::string(99, 'f'));

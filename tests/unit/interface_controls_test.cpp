@@ -116,4 +116,24 @@ TEST_F(ControlTest, ChoosingAnItemAgainCountsAsAChange) {
     EXPECT_TRUE(list.SelectionChanged(9));
 }
 
+// Choosing the same item again changes nothing, and Layer 3 is no choice.
+struct PickyList final : FinPIPopupLayerList {
+    explicit PickyList(u16 control) : FinPIPopupLayerList{control} {
+        m_reselectionIsNoChange = 1;
+        m_hasSkipValue = 1;
+        m_skipValue = 2;
+    }
+};
+
+TEST_F(ControlTest, AListMayPassOverChoices) {
+    PickyList list{1003};
+    list.Attach(window, 0, 1);
+    list.FillLayers(0, false);
+    for (const auto& [position, changed] :
+         {std::pair{1U, false}, {2U, true}, {2U, false}, {3U, false}, {2U, false}, {4U, true}}) {
+        open.positions[1003] = position;
+        EXPECT_EQ(list.SelectionChanged(9), changed) << position;
+    }
+}
+
 }  // namespace

@@ -1,4 +1,5 @@
 // The dialog framework: events, titles, remembered places, the timer, layout.
+#include <optional>
 #include <tuple>
 
 #include "Class Files/interface/DialogLayout.h"
@@ -9,8 +10,6 @@
 #include "tests/unit/interface_support.h"
 
 namespace {
-
-using Notes = std::vector<std::string>;
 
 class DialogTest : public InterfaceTest {
 protected:
@@ -80,6 +79,16 @@ TEST_F(DialogTest, EventsOfAnotherWindowAreRefusedAndExceptionsEndHere) {
     EXPECT_EQ(dialog.TakeNotes(), Notes{});
     dialog.whileHandling = [] { throw std::bad_alloc{}; };
     EXPECT_EQ(open.Press(1009), 0);
+    dialog.TakeNotes();
+    open.Send(WindowMessage::kTimer);
+    EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "that command is over";
+}
+
+TEST_F(DialogTest, EventsAfterItsEndFindNoDialog) {
+    std::optional<NotingDialog> gone{std::in_place, &command, nullptr, nullptr};
+    OpenDialog& open = Show(*gone);
+    gone.reset();
+    EXPECT_EQ(open.Send(WindowMessage::kTimer), 0);
 }
 
 TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
@@ -142,16 +151,17 @@ void StorePlace(i16 left, i16 top) {
 }
 
 TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
-    for (const bool restored : {false, true}) {
+    for (const u64 next :
+         {SystemCommand::kMinimize, SystemCommand::kRestore, SystemCommand::kMaximize}) {
+        platform::headless::Reset();
         NotingDialog placed{&command, nullptr, nullptr};
         placed.keyOffset = 3;
         OpenDialog& open = Show(placed);
         open.Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
-        if (restored) {
-            open.Send(WindowMessage::kSystemCommand, SystemCommand::kRestore);
-        }
+        open.Send(WindowMessage::kSystemCommand, next);
         open.Send(WindowMessage::kSystemCommand, SystemCommand::kClose);
-        EXPECT_EQ(ZKFX_GetSettings("WPOS", 12003, nullptr, 0, "Plyweld") != 0, restored);
+        EXPECT_EQ(ZKFX_GetSettings("WPOS", 12003, nullptr, 0, "Plyweld") != 0,
+                  next != SystemCommand::kMinimize);
     }
 }
 

@@ -15,6 +15,7 @@
 
 using OpenDialog = standin::DialogDesk::OpenDialog;
 using Names = std::vector<std::u16string>;
+using Notes = std::vector<std::string>;
 
 // A command that only has settings.
 class SettingsCommand final : public FinPI {
@@ -65,7 +66,7 @@ public:
         return 16;
     }
 
-    std::vector<std::string> TakeNotes() { return std::exchange(m_notes, {}); }
+    Notes TakeNotes() { return std::exchange(m_notes, {}); }
 
     u16 keyOffset = 0;
     i16 initializes = 1;
@@ -77,7 +78,7 @@ private:
         return result;
     }
 
-    std::vector<std::string> m_notes;
+    Notes m_notes;
 };
 
 class InterfaceTest : public testing::Test {

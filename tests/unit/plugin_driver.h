@@ -20,7 +20,9 @@ public:
     Plugin& operator=(const Plugin&) = delete;
 
     u32 Version(u32 hostVersion) const { return m_version(hostVersion); }
-    i16 Init(u32* flags = nullptr) const { return m_init(nullptr, flags); }
+    i16 Init(u32* flags = nullptr, WindowHandle hostWindow = nullptr) const {
+        return m_init(hostWindow, flags);
+    }
     i16 Enumerate(i16 item, MenuItemDescriptor* out) const {
         return m_enumerate(nullptr, item, out);
     }

@@ -3,6 +3,7 @@
 #include <tuple>
 
 #include "platform/headless/session.h"
+#include "platform/headless/window_model.h"
 #include "tests/unit/plugin_driver.h"
 #include "tests/unit/support/files.h"
 
@@ -112,6 +113,26 @@ TEST_F(Items, ForASubmenuHaveAPrefix) {
     Plugin::StoreSetting(1, {.name = "Slow", .useSubmenu = true});
     EXPECT_EQ(List(), (std::vector<Listed>{{u"Plyweld 6.10...", 0, 0x81},
                                            {u"Plyweld 6.10 Slow...", 0, 0x81}}));
+}
+
+TEST_F(Items, MoveIntoTheSubmenuAlsoUnderALongName) {
+    const std::string name(127, 'n');
+    Plugin::StoreSetting(1, {.name = name, .useSubmenu = true});
+    HWND__ hostWindow;
+    hostWindow.menuBar.reset(new HMENU__);
+    for (u32 top = 1; top <= 6; ++top) {
+        hostWindow.menuBar->items.push_back({u"Menu", top, platform::OwnedMenu{new HMENU__}});
+    }
+    const platform::Menu menu = hostWindow.menuBar->items.back().submenu.get();
+    ASSERT_EQ(plugin.Init(nullptr, &hostWindow), 1);
+    MenuItemDescriptor out{};
+    for (i16 item = 0; plugin.Enumerate(item, &out) != 0; ++item) {
+        menu->items.push_back({out.text, 40 + static_cast<u32>(item)});
+    }
+    platform::headless::FireTimers();
+    ASSERT_EQ(menu->items.size(), 1U);
+    EXPECT_EQ(menu->items[0].submenu->items.back().text,
+              std::u16string(127 - std::u16string_view{u"Plyweld 6.10 "}.size(), u'n'));
 }
 
 TEST_F(Items, ASavedSettingRunsWithItsOptions) {

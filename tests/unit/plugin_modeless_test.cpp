@@ -17,6 +17,8 @@ constexpr u16 kReplace = 1007;
 constexpr u16 kRebeam = 1009;
 constexpr u16 kHideRests = 1010;
 
+constexpr u16 kMeasures = 40;  // enough for reports of a run's progress
+
 using OpenDialog = DialogDesk::OpenDialog;
 
 std::vector<u8> StoredOptions() {
@@ -32,7 +34,7 @@ protected:
         return *desk.Newest();
     }
 
-    StandIn host{1, 2};
+    StandIn host{1, kMeasures};
     DialogDesk desk;
     const Plugin plugin;
 };
@@ -197,6 +199,67 @@ TEST_F(OpenCommand, ADeletedSettingIsNotWrittenOverAnother) {
     a.Press(kClose);
     EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22001")[162], 2);
     EXPECT_EQ(App().alerts.size(), 1U);
+}
+
+TEST_F(OpenCommand, HoweverItIsClosedItStoresWhatItShows) {
+    constexpr u32 kSystemCommand = 274;
+    constexpr u64 kCloseCommand = 0xF060;
+    Plugin::Store({12, 0, 3, 0, 1, 0});
+    OpenDialog& open = Open();
+    open.Choose(kFrom, 3);
+    desk.ThenSaveAs(u"Mine");
+    open.Press(kSaveSettings);
+    open.Send(kCloseMessage);
+    EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22001").at(162), 1);
+    EXPECT_EQ(StoredOptions()[2], 0) << "the command's own stay";
+    OpenDialog& again = Open();
+    again.Choose(kFrom, 4);
+    again.Send(kSystemCommand, kCloseCommand);
+    EXPECT_EQ(StoredOptions()[2], 2);
+}
+
+TEST_F(OpenCommand, ARunKeepsTheOptionsItBeganWith) {
+    host.Layer(1, kMeasures, 1, "w:c4");
+    OpenDialog& open = Open();
+    App().progressListener = [&](const ProgressReport&) {
+        open.Choose(kTo, 4);
+        for (const u16 control : {kGo, kSaveSettings, kClose}) {
+            open.Press(control);
+        }
+        return true;
+    };
+    open.Press(kGo);
+    App().progressListener = nullptr;
+    EXPECT_EQ(host.Layer(1, kMeasures, 0), "w:c4");
+    EXPECT_EQ(StoredOptions()[4], 0);
+    EXPECT_EQ(desk.Shown().size(), 1U);
+    ASSERT_EQ(desk.Newest(), &open);
+    open.Press(kClose);
+}
+
+TEST_F(OpenCommand, NothingElseBeginsOrEndsWhileARunShowsItsAlert) {
+    Plugin::StoreSetting(1, {.name = "A"});
+    ASSERT_EQ(plugin.Init(), 1);
+    host.Layer(1, 1, 2, "w:c4");
+    OpenDialog& other = Open(1);
+    OpenDialog& open = Open();
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kSaveTGF);
+    App().alertListener = [&](const Alert&) {
+        App().alertListener = nullptr;
+        for (const u16 control : {kGo, kSaveSettings, kClose}) {
+            open.Press(control);
+        }
+        other.Press(kGo);
+    };
+    open.Press(kGo);
+    EXPECT_EQ(App().alerts.size(), 1U);
+    EXPECT_EQ(desk.Shown(), (std::vector<u16>{22000, 22000}));
+    ASSERT_EQ(desk.Newest(), &open);
+    App().faults = {};
+    open.Press(kGo);
+    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4");
+    open.Press(kClose);
+    other.Press(kClose);
 }
 
 TEST_F(OpenCommand, TakesTheMenuMessageAndNoOther) {
