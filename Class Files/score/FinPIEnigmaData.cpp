@@ -88,6 +88,9 @@ i16 FinPIEnigmaData::LoadNext() {
         return 0;
     }
     m_loaded = 0;
+    if (m_clearOnReset != 0) {
+        ClearData();  // the host leaves what a shorter record does not fill
+    }
     EnigmaKey key{};
     GetKey(key);
     u32 size = GetDataSize();

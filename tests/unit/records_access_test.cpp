@@ -45,6 +45,15 @@ TEST_F(Records, WalkingVisitsAllOfATagInTheHostsOrder) {
     EXPECT_EQ(record.IsEmpty(), 1) << "the data of the last find is gone";
 }
 
+TEST_F(Records, AWalkLeavesNothingOfALongerRecordInAShorterOne) {
+    host.Score().Records().Create(kKeyFormat, RecordKey::Other(1), Bytes(12, 'l'));
+    host.Score().Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(2, 's'));
+    FinPIKeyFormat record(0);
+    EXPECT_EQ(record.LoadNext() + record.LoadNext(), 2);
+    EXPECT_EQ(record.opaque0[1], 's');
+    EXPECT_EQ(record.opaque0[2], 0);
+}
+
 TEST_F(Records, TheLastOfAnItemOrOfALowerOneIsFound) {
     Add(2, 'a');
     Add(2, 'b');
