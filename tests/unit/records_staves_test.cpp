@@ -73,6 +73,18 @@ TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
     EXPECT_EQ(StoredStaff().fretInstrument, 0);
 }
 
+TEST_F(Staves, EachHasAFretInstrumentOfItsOwn) {
+    for (const i16 slot : {i16{1}, i16{2}}) {
+        FinPIStaff staff(host.Staff(slot));
+        staff.flags |= StaffFlag::kFretInstrument;
+        staff.FretInstrument().SetData(slot == 1 ? "1" : "2", 1);
+        ASSERT_EQ(staff.Commit(), 1);
+        EXPECT_EQ(staff.fretInstrument, slot);
+    }
+    EXPECT_EQ(FinPIStaff(host.Staff(1)).FretInstrument().opaque0[0], '1');
+    EXPECT_EQ(FinPIStaff(host.Staff(2)).FretInstrument().opaque0[0], '2');
+}
+
 TEST_F(Staves, ANameTextThatIsMissingFailsTheLoad) {
     FinPIStaff staff(Number());
     staff.fullNameText = 12;
