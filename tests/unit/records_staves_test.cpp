@@ -126,10 +126,14 @@ TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
 }
 
 TEST_F(Staves, ATransposingStaffMayShowAClefOfItsOwn) {
+    constexpr char kNoClef[] =
+        "29999 short __cdecl FinPIStaff::CurrClef(unsigned short *const ) const: "
+        "LoadEffectiveAt() failed to find a clef.";
     FinPIStaff staff(Number(), 1);
-    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)),
-              "29999 short __cdecl FinPIStaff::CurrClef(unsigned short *const ) const: "
-              "LoadEffectiveAt() failed to find a clef.");
+    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)), kNoClef);
+    App().faults.pretendKind = HostCall::kPreviousEData;
+    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)), kNoClef) << "each find is the same again";
+    App().faults = {};
     EDTPartPrefs inPart{};
     inPart.part = 1;
     Put(HostTag("pfPG"), RecordKey::Preference(0xFFFE), inPart);
