@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/HostRecordCalls.h"
 #include "shell/host/callbacks.h"
@@ -88,6 +89,9 @@ i16 FinPIEnigmaData::LoadNext() {
         return 0;
     }
     m_loaded = 0;
+    if (m_clearOnReset != 0) {
+        ClearData();  // the host leaves what a shorter record does not fill
+    }
     EnigmaKey key{};
     GetKey(key);
     u32 size = GetDataSize();
@@ -160,9 +164,10 @@ i16 FinPIEnigmaData::Create() {
 }
 
 i16 FinPIEnigmaData::Delete() {
+    const DocumentScope scope{m_docID};
     EnigmaKey key{};
     GetKey(key);
-    const i16 deleted = Host::DeleteEData(m_tag, key.data(), m_version);
+    const i16 deleted = scope ? Host::DeleteEData(m_tag, key.data(), m_version) : i16{0};
     if (deleted != 0) {
         Reset(kNoInci);
     }

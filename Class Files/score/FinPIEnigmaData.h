@@ -15,7 +15,8 @@ using EnigmaKey = std::array<u16, 4>;
 // An inci of this value addresses no record; creating with it appends.
 inline constexpr u16 kNoInci = 0xFFFF;
 
-// Records are read and written in the host's current document. Results are nonzero for success.
+// Records are read and written in the host's current document, and deleted in the one that they
+// were read in. Results are nonzero for success.
 // A failure posts an error where the operation says so and leaves key and data as they were.
 class FinPIEnigmaData : public FinPISerializableObject, public FinPIDoc {
 public:

@@ -2,6 +2,7 @@
 #include <set>
 #include <vector>
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/PartScope.h"
 #include "Class Files/score/FinPIEnigmaData.h"
 #include "shell/host/callbacks.h"
@@ -41,6 +42,7 @@ i16 FinPIEnigmaData::ChooseLinkedPartHook() {
 }
 
 i16 FinPIEnigmaData::DeleteAndRecreateInScore() {
+    const DocumentScope scope{m_docID};
     std::vector<u8> data(GetDataSize());
     GetDataCopy(data.data(), GetDataSize());
     EnigmaKey key{};

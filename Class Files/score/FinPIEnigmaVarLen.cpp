@@ -41,9 +41,8 @@ void FinPIEnigmaVarLen::TakeSize(u32 size) {
     }
 }
 
-// The step finds the record; its whole body then takes a load.
-i16 FinPIEnigmaVarLen::LoadNext() {
-    if (FinPIEnigmaData::LoadNext() == 0) {
+i16 FinPIEnigmaVarLen::LoadFound(i16 found) {
+    if (found == 0) {
         return 0;
     }
     m_loaded = 0;

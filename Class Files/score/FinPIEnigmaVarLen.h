@@ -10,7 +10,10 @@ class FinPIEnigmaVarLen : public FinPIEnigmaData, public FinPIVarLenStruct<void>
 public:
     // The buffer takes the stored size.
     i16 Load() override;
-    i16 LoadNext() override;
+    i16 LoadNext() override { return LoadFound(FinPIEnigmaData::LoadNext()); }
+    i16 LoadLast() override { return LoadFound(FinPIEnigmaData::LoadLast()); }
+    i16 LoadLastInci() override { return LoadFound(FinPIEnigmaData::LoadLastInci()); }
+    i16 LoadLastCmper1(u16 cmper1) { return LoadFound(FinPIEnigmaData::LoadLastCmper1(cmper1)); }
     void SetData(const void* bytes, u32 size) override;  // the buffer takes this size
     void Reset(u16 inci) override;                       // the buffer takes the least size
     const void* GetData() const override { return Elements(); }
@@ -27,6 +30,8 @@ protected:
     ~FinPIEnigmaVarLen() override = default;
 
 private:
+    // The whole body of what a step found, which filled the buffer as far as it goes.
+    i16 LoadFound(i16 found);
     bool HasTwoCmpers() const noexcept;
     void TakeSize(u32 size);
 };

@@ -51,6 +51,7 @@ i16 FinPIEntryDetail::Delete() {
         return 0;
     }
     m_loaded = 0;
+    m_flagsOfDeleted = m_entryFlags;
     return 1;
 }
 

@@ -64,6 +64,8 @@ public:
     };
     // Deletes every record that is not skipped. The entry's flags stay.
     Removal DeleteAll();
+    // The kind's entry flags, once a record was deleted; 0 until then.
+    u32 FlagsOfDeleted() const noexcept { return m_flagsOfDeleted; }
     // Whether a record is stored for the entry, under either tag; loads none.
     bool HasRecord();
     // Whether a record that did not load is not there because the records end before it: the
@@ -105,6 +107,7 @@ protected:
     mutable i16 m_stemDirection;
     u16 m_recordNumber = 0;
     i16 m_loaded = 0;
+    u32 m_flagsOfDeleted = 0;
 
 private:
     i16 LoadFrom(u32 tag);

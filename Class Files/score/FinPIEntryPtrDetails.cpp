@@ -32,12 +32,18 @@ bool HasRecordOfKind(const FinPIEntryPtr& entry) {
     return Kind{entry}.HasRecord();
 }
 
+// Clears those of the flags that no stored detail asks for any more.
+void ClearFlags(const FinPIEntryPtr& entry, u32 flags);
+
 template <typename Kind, CopyRule rule>
 i16 CopyKind(const FinPIEntryPtr& target, const FinPIEntryPtr& source, u32 /*kinds*/) {
     Kind to{target};
     Kind from{source};
     i16 anyCopied = 0;
-    return FinPIEntryDetail::CopyDetail(to, from, rule == CopyRule::kSameKind, anyCopied);
+    const i16 result =
+        FinPIEntryDetail::CopyDetail(to, from, rule == CopyRule::kSameKind, anyCopied);
+    ClearFlags(target, to.FlagsOfDeleted());
+    return result;
 }
 
 template <typename Kind>
@@ -128,8 +134,7 @@ constexpr KindRow kKinds[] = {
 
 using KindMarks = std::array<bool, std::size(kKinds)>;
 
-// Clears those of the flags that no stored detail asks for any more. emptied marks the kinds
-// that are known to have none.
+// The same; emptied marks the kinds that are known to have none.
 void ClearFlags(const FinPIEntryPtr& entry, u32 flags, const KindMarks& emptied) {
     for (std::size_t i = 0; i < std::size(kKinds) && flags != 0; ++i) {
         if ((kKinds[i].entryFlags & flags) != 0 && !emptied[i] && kKinds[i].hasRecord(entry)) {
@@ -137,6 +142,10 @@ void ClearFlags(const FinPIEntryPtr& entry, u32 flags, const KindMarks& emptied)
         }
     }
     entry->flags &= ~flags;
+}
+
+void ClearFlags(const FinPIEntryPtr& entry, u32 flags) {
+    ClearFlags(entry, flags, {});
 }
 
 }  // namespace

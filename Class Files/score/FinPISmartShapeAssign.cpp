@@ -11,6 +11,10 @@ namespace {
 
 constexpr char kCommit[] = "FinPISmartShapeAssign::Commit";
 
+FinPIAppError NoEndEntry() {
+    return {"FinPISmartShapeAssign::Create", "Can't get end entry."};
+}
+
 u16 NextShapeNumber() {
     FinPISmartShape last{0};
     return last.LoadLast() != 0 ? static_cast<u16>(last.GetCmper1() + 1) : u16{1};
@@ -44,7 +48,7 @@ i16 FinPISmartShapeAssign::IsShapeInEntryRegion() const {
             FinPIAppError{"FinPISmartShapeAssign::IsShapeInEntryRegion", "Entry has no region."});
         return 0;
     }
-    return IsInRegion(m_shape->start, *region) && IsInRegion(m_shape->end, *region);
+    return m_shape && IsInRegion(m_shape->start, *region) && IsInRegion(m_shape->end, *region);
 }
 
 i16 FinPISmartShapeAssign::IsApplicable(const FinPIEntryDetail& source) const {
@@ -61,6 +65,9 @@ i16 FinPISmartShapeAssign::CopyAttributes(const FinPIEntryDetail& source) {
         return 0;
     }
     m_shape = static_cast<const FinPISmartShapeAssign&>(source).m_shape;
+    if (!m_shape) {
+        return 0;
+    }
     MoveSmartShapeEnds(*m_shape, source.Entry(), m_entry);
     return 1;
 }
@@ -79,8 +86,8 @@ FinPIEntryPtr FinPISmartShapeAssign::FindEndEntry() const {
 }
 
 i16 FinPISmartShapeAssign::Commit() {
-    if (!EndsHere() && !FindEndEntry()) {
-        PostError(FinPIAppError{kCommit, m_shape->end.entryNumber == 0
+    if (!m_shape || (!EndsHere() && !FindEndEntry())) {
+        PostError(FinPIAppError{kCommit, !m_shape || m_shape->end.entryNumber == 0
                                              ? "End entry for shape does not exist"
                                              : "Can't find entnum in this TGF"});
         return 0;
@@ -108,6 +115,13 @@ i16 FinPISmartShapeAssign::Save() {
 }
 
 i16 FinPISmartShapeAssign::Create() {
+    if (m_loaded != 0) {
+        return FinPISmartShapeMark::Create();  // refuses
+    }
+    if (!m_shape) {
+        PostError(NoEndEntry());
+        return 0;
+    }
     Shape created{NextShapeNumber()};
     created.SetData(m_shape->GetData(), m_shape->GetDataSize());
     if (created.Create() == 0) {
@@ -121,7 +135,7 @@ i16 FinPISmartShapeAssign::Create() {
 bool FinPISmartShapeAssign::CreateEndMark() {
     const FinPIEntryPtr end = FindEndEntry();
     if (!end) {
-        PostError(FinPIAppError{"FinPISmartShapeAssign::Create", "Can't get end entry."});
+        PostError(NoEndEntry());
         return false;
     }
     if (end.CreateEntryDetail(Tag(), GetData(), GetDataSize(), kNewRecord, m_version) == 0) {
@@ -147,11 +161,11 @@ bool FinPISmartShapeAssign::DeleteEndMark() {
 }
 
 i16 FinPISmartShapeAssign::Delete() {
-    if (!EndsHere() && !DeleteEndMark()) {
+    if (m_shape && !EndsHere() && !DeleteEndMark()) {
         return 0;
     }
     FinPISmartShape shape{ShapeNumber()};
-    if (shape.Delete() == 0) {
+    if (!m_shape || shape.Delete() == 0) {
         PostRecordError<FinPIDeleteEDataFailed>("FinPISmartShapeAssign::Delete", shape.Tag());
         return 0;
     }

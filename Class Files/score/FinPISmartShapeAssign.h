@@ -16,18 +16,19 @@ public:
 
     // The mark and its shape; a mark without a shape is skipped.
     i16 Load() override;
-    // Fails, and posts, when the shape's end is at no entry.
+    // Fails, and posts, when there is no shape, or its end is at no entry.
     i16 Commit() override;
-    // The shape goes with its start.
+    // The shape goes with its start. Fails, and posts, when there is no shape.
     i16 Delete() override;
     i16 CopyAttributes(const FinPIEntryDetail& source) override;
     i16 IsSkipped() const override;
     i16 IsApplicable(const FinPIEntryDetail& source) const override;
     i16 Save() override;
-    // Creates the shape under the next free number, and the marks of both its ends.
+    // Creates the shape under the next free number, and the marks of both its ends. Fails, and
+    // posts, when loaded already or when there is no shape.
     i16 Create() override;
 
-    // Whether both ends lie in the entry's region. Posts when it has none.
+    // Whether there is a shape with both ends in the entry's region. Posts when it has none.
     i16 IsShapeInEntryRegion() const;
 
 protected:

@@ -9,7 +9,7 @@ constexpr u32 kStaffAtMeasure = HostTag("SOSC");
 constexpr u32 kNameText = HostTag("txbl");
 constexpr u32 kFullNamePosition = HostTag("otNS");
 constexpr u32 kAbbreviatedNamePosition = HostTag("otns");
-constexpr u16 kNoItem = 0xFFFF;  // a create with it takes the next free item
+constexpr u16 kNoItem = 0xFFFF;  // a create of a text with it takes the next free item
 
 // Dependent structures of the serialized form, in order.
 enum DependentStruct : u16 {
@@ -41,6 +41,11 @@ i16 CommitText(FinPIText& text, u16& item) {
     }
     item = hasData ? text.GetCmper1() : u16{0};
     return 1;
+}
+
+u16 NextFretInstrument() {
+    FinPIFretInstrument last{0};
+    return last.LoadLast() != 0 ? static_cast<u16>(last.GetCmper1() + 1) : u16{1};
 }
 
 }  // namespace
@@ -124,6 +129,11 @@ i16 FinPIStaff::CommitFretInstrument() {
     if ((flags & StaffFlag::kFretInstrument) == 0) {
         fretInstrument = 0;
         return 1;
+    }
+    // Created at a number in use, it would take the place of another staff's.
+    if (m_fretInstrument.IsLoaded() == 0 && m_fretInstrument.IsEmpty() == 0 &&
+        m_fretInstrument.GetCmper1() == kNoItem) {
+        m_fretInstrument.SetCmpers(NextFretInstrument());
     }
     if (m_fretInstrument.Commit() == 0) {
         return 0;

@@ -9,11 +9,13 @@ namespace {
 constexpr u16 kFullSize = 100;
 
 // The last clef change of the staff at or before the place, searched back measure by measure;
-// nothing when there is none.
+// nothing when there is none. Ends also when the host finds a measure that is no earlier one.
 std::optional<EDTClefExtra> LoadEffectiveAt(u16 staff, u16 measure, i32 position) {
     FinPIClefChange last(measure);
-    for (i16 found = last.LoadLastInci(); found != 0;
+    u32 before = measure + 1U;
+    for (i16 found = last.LoadLastInci(); found != 0 && last.GetCmper1() < before;
          found = last.LoadLastCmper1(last.GetCmper1())) {
+        before = last.GetCmper1();
         for (u32 next = last.Inci() + 1U; next > 0; --next) {
             FinPIClefChange change(last.GetCmper1(), static_cast<u16>(next - 1));
             if (change.Load() != 0 && change.staff == staff &&

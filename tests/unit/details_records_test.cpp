@@ -33,6 +33,8 @@ TEST_F(Details, EqualRecordsAreOne) {
     EXPECT_EQ(copied(kVerse, {"\1\1\1\1new"}, {"\1\1\1\1old"}), "\1\1\1\1new");
     EXPECT_EQ(copied(kVerse, {"\2\1\1\1b"}, {"\1\1\1\1a"}), "\1\1\1\1a,\2\1\1\1b");
     EXPECT_EQ(copied(HostTag("edST"), {""}, {}), "") << "an alteration without value";
+    EXPECT_EQ(copied(HostTag("edST"), {""}, {""}), "") << "and its flag goes with it";
+    EXPECT_FALSE(target.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
 }
 
 TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {

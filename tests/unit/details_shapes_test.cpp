@@ -225,6 +225,9 @@ TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
     FinPISmartShapeAssign assign{from};
     FinPISmartShapeAssign bare{target.EntryAt(0)};
     ASSERT_EQ(assign.Load(), 1);
+    EXPECT_EQ(ErrorOf(assign.Create()),
+              "29999 FinPIEntryDetail::Create: Attempted to Create but already Loaded.");
+    EXPECT_EQ(host.Score().Records().OfTag(Tag::kSmartShape).size(), 1U);
     EXPECT_EQ(ErrorOf(bare.CopyAttributes(assign)),
               "29999 FinPISmartShapeAssign::CopyAttributes: Entry has no region pointer.");
     Refuse(HostCall::kSaveEData);
@@ -242,6 +245,27 @@ TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
     EXPECT_EQ(ErrorOf(assign.Create()),
               "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
     App().faults = {};
+}
+
+TEST_F(CopiedShapes, AreNothingWithoutTheirShape) {
+    EDTSmartShapeEntMark orphan{};
+    orphan.shapeNumber = 99;
+    host.Attach(Source(), kShapeOnEntry, BytesOf(orphan));
+    LoadBoth();
+    FinPIEntryPtr from = source.EntryAt(0);
+    from.AttachRegion(&region);
+    for (const bool isLoaded : {true, false}) {
+        FinPISmartShapeAssign assign{from};
+        FinPISmartShapeAssign to{from};
+        ASSERT_TRUE(!isLoaded || assign.Load() != 0);
+        EXPECT_EQ(assign.IsShapeInEntryRegion() + to.CopyAttributes(assign), 0);
+        EXPECT_EQ(ErrorOf(assign.Commit()),
+                  "29999 FinPISmartShapeAssign::Commit: End entry for shape does not exist");
+        EXPECT_EQ(ErrorOf(assign.Delete()), "29995 FinPISmartShapeAssign::Delete: O\x08Sx");
+    }
+    FinPISmartShapeAssign assign{from};
+    EXPECT_EQ(ErrorOf(assign.Create()),
+              "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
 }
 
 }  // namespace

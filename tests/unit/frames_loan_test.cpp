@@ -90,6 +90,13 @@ TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
     EXPECT_TRUE(frame.NextFrame());
     EXPECT_FALSE((FinPITGFPtr{host.Staff(1), 1, 0}));
     EXPECT_TRUE((FinPITGFPtr{host.Staff(1), 1, 0, host.Score().Number()}));
+    EXPECT_NE(frame.Staff(host.Staff(1), 0).IsLoaded(), 0);
+    App().CurrentDocument()->AddStaff(host.Staff(1));
+    App().CurrentDocument()->AddMeasure(4, 1024);
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(ErrorOf(frame.Staff(host.Staff(1), 0).IsLoaded()),
+              "29998 FinPIStaff::FinPIStaff: SOSC");
+    App().faults = {};
     EXPECT_EQ(App().CurrentNumber(), other);
     App().SetCurrentDocument(host.Score().Number());
 }
@@ -175,7 +182,8 @@ TEST(NormalForm, NoteIDsAreUniqueAndCopiedToTheFlags) {
         {{1, 1, 1}, {2, 3, 1}},
         {{1, 2, 0, 0}, {1, 2, 3, 4}},
         {std::vector<u16>(12), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
-        {{40}, {40}},  // more than the flags hold
+        {{40}, {40}},                                            // more than the flags hold
+        {{0xFFFE, 1, 0, 0, 0xFFFE}, {0xFFFF, 1, 2, 3, 0xFFFE}},  // none above the last ID
     };
     for (const auto& [before, after] : cases) {
         SCOPED_TRACE(testing::PrintToString(before));

@@ -45,6 +45,15 @@ TEST_F(Records, WalkingVisitsAllOfATagInTheHostsOrder) {
     EXPECT_EQ(record.IsEmpty(), 1) << "the data of the last find is gone";
 }
 
+TEST_F(Records, AWalkLeavesNothingOfALongerRecordInAShorterOne) {
+    host.Score().Records().Create(kKeyFormat, RecordKey::Other(1), Bytes(12, 'l'));
+    host.Score().Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(2, 's'));
+    FinPIKeyFormat record(0);
+    EXPECT_EQ(record.LoadNext() + record.LoadNext(), 2);
+    EXPECT_EQ(record.opaque0[1], 's');
+    EXPECT_EQ(record.opaque0[2], 0);
+}
+
 TEST_F(Records, TheLastOfAnItemOrOfALowerOneIsFound) {
     Add(2, 'a');
     Add(2, 'b');
@@ -117,13 +126,26 @@ TEST_F(Records, WhatTheHostRefusesIsPostedWithTheTag) {
     EXPECT_EQ(Marks(1), "a");
 }
 
-TEST_F(Records, ARecordIsSavedInItsOwnDocumentOnly) {
+TEST_F(Records, ARecordIsSavedAndDeletedInItsOwnDocumentOnly) {
     Add(1, 'a');
+    Add(2, 'b');
     FinPIKeyFormat record(1);
     ASSERT_EQ(record.Load(), 1);
-    App().SetCurrentDocument(App().OpenDocument(u"other").Number());
+    FinPIKeyFormat emptied(2);
+    ASSERT_EQ(emptied.Load(), 1);
+    Document& other = App().OpenDocument(u"other");
+    other.Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(12, 'o'));
+    App().SetCurrentDocument(other.Number());
     EXPECT_EQ(ErrorOf(record.Save()),
               "29999 FinPIEnigmaData::Save: Attempted to update a non-current document");
+    emptied.ClearData();
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(emptied.Commit(), 0);
+    App().faults = {};
+    EXPECT_EQ(record.DeleteAndRecreateInScore(), 1);
+    EXPECT_EQ(emptied.Commit(), 1);
+    EXPECT_EQ(Marks(1) + Marks(2), "a");
+    EXPECT_EQ(other.Records().OfTag(kKeyFormat).size(), 1U);
     App().SetCurrentDocument(host.Score().Number());
     EXPECT_EQ(record.Save(), 1);
 }

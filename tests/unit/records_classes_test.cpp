@@ -43,6 +43,14 @@ TEST_F(RecordClasses, FinPIOtherStringUtf16HoldsATextWithItsTerminator) {
     FinPIOtherStringUtf16 read(HostTag("otmn"), 7);
     EXPECT_EQ(read.Load(), 1);
     EXPECT_EQ(read.Text(), u"Compás");
+    for (const int way : {0, 1, 2}) {
+        FinPIOtherStringUtf16 last(HostTag("otmn"), 7);
+        EXPECT_EQ(way == 0   ? last.LoadLast()
+                  : way == 1 ? last.LoadLastInci()
+                             : last.LoadLastCmper1(8),
+                  1);
+        EXPECT_EQ(last.Text(), u"Compás") << way;
+    }
     read.SetText(u"b");
     read.Values()[1] = u'c';
     EXPECT_EQ(read.Text(), u"bc") << "without a terminator, up to the end";

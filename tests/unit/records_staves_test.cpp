@@ -73,6 +73,18 @@ TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
     EXPECT_EQ(StoredStaff().fretInstrument, 0);
 }
 
+TEST_F(Staves, EachHasAFretInstrumentOfItsOwn) {
+    for (const i16 slot : {i16{1}, i16{2}}) {
+        FinPIStaff staff(host.Staff(slot));
+        staff.flags |= StaffFlag::kFretInstrument;
+        staff.FretInstrument().SetData(slot == 1 ? "1" : "2", 1);
+        ASSERT_EQ(staff.Commit(), 1);
+        EXPECT_EQ(staff.fretInstrument, slot);
+    }
+    EXPECT_EQ(FinPIStaff(host.Staff(1)).FretInstrument().opaque0[0], '1');
+    EXPECT_EQ(FinPIStaff(host.Staff(2)).FretInstrument().opaque0[0], '2');
+}
+
 TEST_F(Staves, ANameTextThatIsMissingFailsTheLoad) {
     FinPIStaff staff(Number());
     staff.fullNameText = 12;
@@ -114,10 +126,14 @@ TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
 }
 
 TEST_F(Staves, ATransposingStaffMayShowAClefOfItsOwn) {
+    constexpr char kNoClef[] =
+        "29999 short __cdecl FinPIStaff::CurrClef(unsigned short *const ) const: "
+        "LoadEffectiveAt() failed to find a clef.";
     FinPIStaff staff(Number(), 1);
-    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)),
-              "29999 short __cdecl FinPIStaff::CurrClef(unsigned short *const ) const: "
-              "LoadEffectiveAt() failed to find a clef.");
+    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)), kNoClef);
+    App().faults.pretendKind = HostCall::kPreviousEData;
+    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)), kNoClef) << "each find is the same again";
+    App().faults = {};
     EDTPartPrefs inPart{};
     inPart.part = 1;
     Put(HostTag("pfPG"), RecordKey::Preference(0xFFFE), inPart);

@@ -137,6 +137,28 @@ TEST_F(Region, ChangesToAnotherStaffList) {
     EXPECT_EQ(ends.endSlot, 2);
 }
 
+TEST_F(Region, AsksItsOwnDocumentOrNone) {
+    FinPIRegion region = Of({0, 2, 1, 0, 0, 2, 1, kEndOfMeasure});
+    Document& other = App().OpenDocument(u"other");
+    other.AddStaff(50);
+    other.SetStaffList(kStaffSet, {50});
+    App().SetCurrentDocument(other.Number());
+    EXPECT_EQ(region.StaffOfSlot(2), host.Staff(2));
+    EXPECT_EQ(region.SlotOfStaff(host.Staff(2)), 2);
+    EXPECT_EQ(region.Description(), u"score Staff 2 Bar 1 - Bar 1 End");
+    region.ChangeToIUList(kStaffSet);
+    EXPECT_EQ(region.startSlot, 1);
+    EXPECT_EQ(region.endSlot, 1);
+
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(region.Description(), u"");
+    EXPECT_EQ(region.StaffOfSlot(1) + region.SlotOfStaff(host.Staff(2)), 0);
+    region.ChangeToIUList(0);
+    EXPECT_TRUE(TakePendingError().ends_with("New first slot is zero."));
+    App().faults = {};
+    App().SetCurrentDocument(host.Score().Number());
+}
+
 TEST_F(Region, IsTheSameOnlyInTheSameViewOfTheSameDocument) {
     const EREGION span = Span(1, 0, 2, kEndOfMeasure);
     FinPIRegion region;
@@ -212,6 +234,10 @@ TEST_F(Region, CountsBeatsInTheGroupsOfACompositeSignature) {
     Put(HostTag("otTU"), RecordKey::Other(5), std::array<i16, 6>{3, 2});
     EXPECT_EQ(Of({0, 1, 1, 768, 0, 1, 1, 2048}).Description(),
               u"score Staff 1 Bar 1 Beat 1.5 - Bar 1 Beat 2.5");
+    measure.beatDuration = 0;
+    Put(Tag::kMeasure, RecordKey::Other(1), measure);
+    EXPECT_EQ(Of({0, 1, 1, 768, 0, 1, 1, 2048}).Description(), u"score Staff 1 Bar 1 - Bar 1")
+        << "groups that last no time hold no beat";
 }
 
 }  // namespace
