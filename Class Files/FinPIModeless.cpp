@@ -69,7 +69,8 @@ i16 FinPIModeless::Start(const EREGION* selection, const EREGION* wholeDocument)
 }
 
 void FinPIModeless::RunModeless() {
-    if (m_stop != 0 || IsRunning()) {
+    // The pending error and the edit are those of one run: there is none inside another's.
+    if (m_stop != 0 || AnyIsRunning()) {
         return;
     }
     if (Host::GetCurrentEnigmaDocument() == 0) {

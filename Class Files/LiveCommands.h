@@ -13,6 +13,14 @@ inline bool IsLive(const FinPIModeless* command) noexcept {
     return live != nullptr;
 }
 
+inline bool AnyIsRunning() noexcept {
+    const FinPIModeless* live = g_module.firstLive;
+    while (live != nullptr && !live->IsRunning()) {
+        live = live->NextLive();
+    }
+    return live != nullptr;
+}
+
 // Null = none was made for this menu item.
 inline FinPIModeless* FindLiveCommand(u16 item) noexcept {
     FinPIModeless* live = g_module.firstLive;
