@@ -167,6 +167,19 @@ TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
+TEST_F(OpenCommand, WhatItCouldNotShowIsNoFailureOfARun) {
+    host.Layer(1, 2, 1, "w:c4");
+    OpenDialog& open = Open();
+    host.Select(1, 1, 1024, 1, 2, kEndOfMeasure);
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadEData);
+    open.Send(kTimerMessage);
+    App().faults = {};
+    open.Press(kGo);
+    EXPECT_EQ(AlertTexts(), "");
+    EXPECT_EQ(host.Layer(1, 2, 0), "w:c4");
+    open.Press(kClose);
+}
+
 // What the first run met would be forgotten, and its edit kept.
 TEST(TwoDialogs, NoRunBeginsInsideAnother) {
     StandIn host{1, 8};
