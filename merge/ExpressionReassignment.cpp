@@ -22,7 +22,7 @@ u16 LayerField(u16 layer) {
 
 // Only expressions of the frame's own staff can hang on its entries.
 bool IsCandidate(const FinPIScoreExpr& expression, const FramePair& frames, u16 layer) {
-    return expression.staffListMarker == 0 &&
+    return expression.staffListMarker == 0 && LayerField(layer) != 0 &&
            (expression.layer & ExpressionLayer::kLayerMask) == LayerField(layer) &&
            std::max<i16>(expression.staff, 0) == frames.destination.StaffNumber() &&
            frames.staffSelected &&

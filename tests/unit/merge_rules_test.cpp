@@ -220,5 +220,18 @@ TEST(Expressions, FollowTheMusicTheyHangOn) {
     }
 }
 
+// Records name seven layers: none can be of the eighth.
+TEST(Expressions, OfNoLayerAreNotOfTheEighth) {
+    StandIn host;
+    App().maxLayers = 8;
+    host.Layer(1, 1, 7, "w:e4");
+    const RecordKey key = RecordKey::Other(1, host.Expression(1, 1, 0, -1));
+    host.SelectAll();
+    Plugin{}.Merge(host, {.source = 7, .destination = 2});
+    EXPECT_EQ(host.Layer(1, 1, 2), "w:e4");
+    const Bytes& bytes = *host.Score().Records().Find(Tag::kExpression, key);
+    EXPECT_EQ(FromBytes<MyExpressionAssign>(bytes).layer, 0);
+}
+
 }  // namespace
 }  // namespace standin
