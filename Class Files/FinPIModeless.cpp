@@ -1,6 +1,7 @@
 #include "Class Files/FinPIModeless.h"
 
 #include <memory>
+#include <utility>
 
 #include "Class Files/LiveCommands.h"
 #include "Class Files/UndoableEdit.h"
@@ -69,10 +70,12 @@ i16 FinPIModeless::Start(const EREGION* selection, const EREGION* wholeDocument)
 }
 
 void FinPIModeless::RunModeless() {
+    // The pending error and the edit are those of one run: there is none inside another's.
     if (m_stop != 0 || IsAnyRunning()) {
         return;
     }
     const FlagScope running{m_running};
+    g_pendingError.reset();  // of what the dialog could not show, and not of this run
     if (Host::GetCurrentEnigmaDocument() == 0) {
         PostError(FinPINoOpenDocumentError{});
         ReportPendingError();
@@ -94,8 +97,9 @@ void FinPIModeless::RunModeless() {
 
 bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& wholeDocument) {
     char16 undoText[kUndoTextUnits];
+    std::unique_ptr<FinPIException> ofTheRun = std::move(g_pendingError);
     GetUndoText(undoText, kUndoTextUnits, m_region);
-    g_pendingError.reset();  // the text does without what cannot be read
+    g_pendingError = std::move(ofTheRun);  // the text does without what cannot be read
     UndoableEdit edit{undoText};
     bool changed = false;
     if (edit) {

@@ -1,4 +1,6 @@
 // What comes before a run: the saved setting, the Shift key, the region.
+#include <utility>
+
 #include "Class Files/FinPI.h"
 #include "Class Files/score/FinPIMetricsCache.h"
 #include "Class Files/score/FinPIRegion.h"
@@ -18,6 +20,9 @@ EREGION InOneStaffList(const EREGION& selection) {
     const bool fits = Host::InstToSlot(lastStaff, selection.startStaffList) != 0;
     FinPIRegion region{selection, Host::GetCurrentEnigmaDocument()};
     region.ChangeToIUList(fits ? selection.startStaffList : kScoreStaffList);
+    if (region.startSlot > region.endSlot) {  // staves have another order in another list
+        std::swap(region.startSlot, region.endSlot);
+    }
     return region;
 }
 

@@ -44,10 +44,14 @@ i16 FindActiveLayer(const FinPIDoc& document, bool optionOn) {
     return layer;
 }
 
+void PostNotActivated() {
+    PostError(FinPIAppError{"Plyweld::PrepareDocument", "Unable to activate the layer."});
+}
+
 // The command acts on whatever layer is active: never on another than the destination.
-void ReplaceInLayer(i16 destination, bool optionOn) {
-    if (optionOn && ShownLayer() != destination) {
-        PostError(FinPIAppError{"Plyweld::PrepareDocument", "Unable to activate the layer."});
+void ReplaceInLayer(const FinPIDoc& document, i16 destination, bool optionOn) {
+    if (FindActiveLayer(document, optionOn) != destination) {
+        PostNotActivated();
         return;
     }
     Host::ExecuteMenuItem(kReplaceInLayer);
@@ -57,6 +61,11 @@ void ReplaceInLayer(i16 destination, bool optionOn) {
 
 i16 Plyweld::PrepareDocument() {
     if (m_configData.mode != MergeMode::kReplaceInTarget) {
+        return 1;
+    }
+    // Beyond the layers, activating one would be another command of the host's.
+    if (m_configData.destinationLayer >= Host::GetMaxLayers()) {
+        PostNotActivated();
         return 1;
     }
     const CurrentDocument document;
@@ -70,7 +79,7 @@ i16 Plyweld::PrepareDocument() {
     if (active != destination) {
         ActivateLayer(destination);
     }
-    ReplaceInLayer(destination, optionOn);
+    ReplaceInLayer(document, destination, optionOn);
     if (active != destination) {
         ActivateLayer(std::max<i16>(active, 0));
     }

@@ -261,8 +261,8 @@ i16 FinPITGFPtr::DeleteEntriesAt(i16 index, i16 count) {
 i16 FinPITGFPtr::DeleteEntries(const std::set<u32>& entryNumbers) {
     for (const u32 entryNumber : entryNumbers) {
         const i16 index = FindEntryByNumber(entryNumber);
-        if (index >= 0) {
-            DeleteEntriesAt(index, 1);
+        if (index >= 0 && DeleteEntriesAt(index, 1) == 0) {
+            PostError(FinPIAppError{"FinPITGFPtr::DeleteEntries", "Unable to delete entries."});
         }
     }
     return ReduceEntries(true);

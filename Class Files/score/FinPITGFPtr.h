@@ -61,7 +61,8 @@ public:
     // The host's result. Entries that remain keep the first two fields of their notes, which
     // the host may respell.
     i16 DeleteEntriesAt(i16 index, i16 count);
-    // Deletes the entries that are found, reduces and reloads.
+    // Deletes the entries that are found, reduces and reloads. A refused deletion is posted, and
+    // the others go on; 0 = not reloaded.
     i16 DeleteEntries(const std::set<u32>& entryNumbers);
     // Lets the host drop entries without notes and duration, then saves and reloads if asked.
     i16 ReduceEntries(bool save);

@@ -46,6 +46,18 @@ TEST(Failures, OfTheChangeOfARunLeaveItAlone) {
     }
 }
 
+TEST(Failures, OfDroppingAGraceRestFailTheRun) {
+    StandIn host;
+    host.Layer(1, 1, 0, "gs:c5 w:c4");
+    host.Layer(1, 1, 1, "gs:e5 w:e4");
+    host.SelectAll();
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kDeleteEXENTRY);
+    const u64 before = host.Score().Digest();
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Score().Digest(), before);
+    EXPECT_EQ(App().alerts.size(), 1U);
+}
+
 TEST(Failures, AnotherDocumentBecomesCurrent) {
     u64 total = 0;
     for (u64 call = 1; (call == 1 || call <= total) && !HasFailure(); ++call) {

@@ -274,6 +274,49 @@ TEST_F(OpenCommand, NothingElseBeginsOrEndsWhileARunShowsItsAlert) {
     other.Press(kClose);
 }
 
+TEST_F(OpenCommand, WhatItCouldNotShowIsNoFailureOfARun) {
+    host.Layer(1, 2, 1, "w:c4");
+    OpenDialog& open = Open();
+    host.Select(1, 1, 1024, 1, 2, kEndOfMeasure);
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadEData);
+    open.Send(kTimerMessage);
+    App().faults = {};
+    open.Press(kGo);
+    EXPECT_EQ(AlertTexts(), "");
+    EXPECT_EQ(host.Layer(1, 2, 0), "w:c4");
+    open.Press(kClose);
+}
+
+// What the first run met would be forgotten, and its edit kept.
+TEST(TwoDialogs, NoRunBeginsInsideAnother) {
+    StandIn host{1, 8};
+    for (u16 measure = 1; measure <= 8; ++measure) {
+        host.Layer(1, measure, 0, "w:c4");
+        host.Layer(1, measure, 1, "w:e4");
+    }
+    host.Attach({1, 3, 1, 0}, kArticulation, "accent");
+    host.SelectAll();
+    DialogDesk desk;
+    const Plugin plugin;
+    Plugin::StoreSetting(1, {.name = "A"});
+    plugin.Init();
+    plugin.Invoke(host, 1);
+    OpenDialog& other = *desk.Newest();
+    plugin.Invoke(host);
+    App().progressListener = [&other](const ProgressReport&) {
+        other.Press(kGo);
+        return true;
+    };
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kDeleteEData);
+    const u64 before = host.Score().Digest();
+    desk.Newest()->Press(kGo);
+    EXPECT_EQ(App().alerts.size(), 1U);
+    EXPECT_EQ(host.Score().Digest(), before);
+    App().progressListener = nullptr;
+    desk.Newest()->Press(kClose);
+    other.Press(kClose);
+}
+
 TEST_F(OpenCommand, TakesTheMenuMessageAndNoOther) {
     OpenDialog& open = Open();
     const u32 message = platform::RegisterMessage("FinaleMenuEventForOrvandelPlugins");

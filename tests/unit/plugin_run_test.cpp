@@ -41,6 +41,8 @@ TEST(Region, InStaffLists) {
         // The last staff has a slot in the start's list, the score's own.
         {{2, 3}, EREGION{0, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 2, 3}},
         {{3, 1, 2}, EREGION{0, 1, 1, 0, kList, 3, 1, kEndOfMeasure}, {1, 2}},
+        // The last staff stands above the first.
+        {{3, 1}, EREGION{0, 2, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 2}},
     };
     for (const auto& [list, selection, mergedSlots] : cases) {
         StandIn host{3, 1};

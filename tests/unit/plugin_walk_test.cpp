@@ -95,6 +95,34 @@ TEST(Replace, ClearsTheDestinationAndRestoresTheView) {
     }
 }
 
+// The host refuses to show one layer alone, and maybe to activate another one.
+TEST(Replace, ClearsNoOtherLayerThanTheDestination) {
+    for (const u64 refused : {1U, 2U}) {
+        StandIn host;
+        host.Layer(1, 1, 0, "w:c4");
+        host.Layer(1, 1, 1, "w:e4");
+        host.Layer(1, 1, 2, "w:g4");
+        host.SelectAll();
+        App().activeLayer = 2;
+        App().faults.refuseKind = FaultPlan::OfKind{HostCall::kExecuteMenuItem, 1, refused};
+        Plugin{}.Merge(host, {.source = 1, .mode = 1});
+        EXPECT_EQ(host.Layer(1, 1, 0), refused == 1 ? "w:e4" : "w:c4");
+        EXPECT_EQ(host.Layer(1, 1, 2), "w:g4");
+        EXPECT_EQ(App().alerts.size(), refused - 1);
+        EXPECT_EQ(App().activeLayer, 2);
+        EXPECT_FALSE(App().ShowsActiveLayerOnly());
+    }
+}
+
+TEST(Replace, RunsNoCommandForALayerThatIsNone) {
+    StandIn host;
+    host.Layer(1, 1, 0, "w:c4");
+    host.SelectAll();
+    Plugin{}.Merge(host, {.source = 0, .destination = 4, .mode = 1});
+    EXPECT_TRUE(App().menuCommands.empty());
+    EXPECT_EQ(App().alerts.size(), 1U);
+}
+
 // Host calls grow with the staff measures, not with what the score holds beside them.
 TEST(Cost, IsFlatPerStaffMeasure) {
     const auto callsFor = [](int measures) {

@@ -160,7 +160,7 @@ void AddStaffLists(std::vector<Scenario>& all) {
         {"TwoStaffLists",
          [](StandIn& host) {
              host.Score().SetStaffList(65501, {host.Staff(2), host.Staff(3)});
-             host.Score().selection = EREGION{0, 1, 1, 0, 65501, 2, 1, kEndOfMeasure};
+             host.Score().selection = EREGION{0, 2, 1, 0, 65501, 2, 1, kEndOfMeasure};
          }},
     };
     for (const auto& [name, select] : selections) {
