@@ -6,6 +6,7 @@
 #include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
 #include "host/score/application.h"
+#include "tests/unit/musicxml_support.h"
 #include "tests/unit/support/files.h"
 
 namespace {
@@ -98,6 +99,48 @@ TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
     EXPECT_EQ(Run({"merge", kCarol, "-o", target}), kFailed);
     EXPECT_NE(errors, "");
     EXPECT_EQ(Content(target), "kept");
+}
+
+using standin::Backup;
+using standin::Note;
+
+std::string Notations(const std::string& inner, const std::string& attributes = "") {
+    return "<notations" + attributes + ">" + inner + "</notations>";
+}
+
+std::string Half(std::string_view pitch, std::string_view voice = "1", std::string_view more = "") {
+    return Note({.pitch = pitch, .duration = 4, .type = "half", .voice = voice, .more = more});
+}
+
+const std::string kSlurStart = Notations("<slur type=\"start\" number=\"1\"/>");
+const std::string kSlurStop = Notations("<slur type=\"stop\" number=\"1\"/>");
+const std::string kSecondVoice = Backup(8) + Half("A4", "2") + Half("B4", "2");
+
+// Merges that lose nothing, although what belongs to notes and rests goes elsewhere.
+const struct {
+    const char* name;
+    std::vector<std::string> measures;
+    std::vector<std::string> options = {};
+} kLossless[] = {
+    {"TheStartOfASlurIsCleared",
+     {Half("C5") + Half("D5", "1", kSlurStart) + kSecondVoice, Half("E5", "1", kSlurStop)},
+     {"--replace", "--measures", "1"}},
+    {"TheEndOfASlurIsCleared",
+     {Half("E5", "1", kSlurStart), Half("C5", "1", kSlurStop) + Half("D5") + kSecondVoice},
+     {"--replace", "--measures", "2"}},
+};
+
+TEST_F(CommandRun, WhatLosesNothingIsVerified) {
+    for (const auto& c : kLossless) {
+        SCOPED_TRACE(c.name);
+        const std::vector<std::string_view> measures{c.measures.begin(), c.measures.end()};
+        std::vector<std::string> arguments{"merge",   Write("in.xml", standin::ScoreText(measures)),
+                                           "-o",      File("out.xml"),
+                                           "--from",  "2",
+                                           "--verify"};
+        arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+        EXPECT_EQ(Run(arguments), kDone) << errors;
+    }
 }
 
 TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {
