@@ -218,17 +218,17 @@ private:
         return static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
     }
 
-    // The entries at the expression's time in the layer that it is assigned to.
+    // The entries at the expression's time in the layer that it is assigned to: grace entries for
+    // one that belongs to any of them.
     std::vector<const EntryFacts*> Under(const Facts& facts, u16 measure,
                                          const MyExpressionAssign& expression) const {
         std::vector<const EntryFacts*> under;
-        const i32 position =
-            static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
         for (const EntryFacts& fact : facts) {
             const bool isGrace = (fact.entry->flags & EntryFlag::kGrace) != 0;
             if (fact.key.staff == static_cast<u16>(expression.staff) &&
-                fact.key.measure == measure && fact.key.layer == LayerOf(expression) && !isGrace &&
-                fact.entry->elapsedTime == position) {
+                fact.key.measure == measure && fact.key.layer == LayerOf(expression) &&
+                isGrace == (expression.graceIndex != 0) &&
+                fact.entry->elapsedTime == PositionOf(expression)) {
                 under.push_back(&fact);
             }
         }

@@ -128,6 +128,10 @@ const struct {
     {"TheEndOfASlurIsCleared",
      {Half("E5", "1", kSlurStart), Half("C5", "1", kSlurStop) + Half("D5") + kSecondVoice},
      {"--replace", "--measures", "2"}},
+    {"AnExpressionStaysWithItsGraceNote",
+     {Half("C5") + Half("D5") + Backup(8) + Half("E4", "2") +
+      "<direction><direction-type><words>p</words></direction-type><voice>2</voice></direction>" +
+      Note({.duration = 0, .voice = "2", .first = "<grace/>"}) + Half("G4", "2")}},
 };
 
 TEST_F(CommandRun, WhatLosesNothingIsVerified) {
