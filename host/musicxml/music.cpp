@@ -118,7 +118,8 @@ private:
         const FrameKey home = m_document.HomeOf(end.other.entryNumber);
         const i16 slot = m_document.SlotOfStaff(home.staff, 0);
         m_music.attachments.push_back({kind, static_cast<u16>(slot), home.measure, home.layer,
-                                       position, m_score.fragments[end.fragment]});
+                                       position, m_score.fragments[end.fragment],
+                                       other != nullptr && other->noteCount == 0});
     }
 
     void AddNote(const EXNOTE& note) {

@@ -28,6 +28,11 @@ bool IsShapeEnd(const std::string& attachment) {
     return attachment.find(" of shape ") != std::string::npos;
 }
 
+// The look of a rest, which goes with it when it is filled.
+bool IsStemOrBeam(const std::string& attachment) {
+    return attachment.starts_with("edST ") || attachment.starts_with("edub ");
+}
+
 // Its last staff is found in the list of its start, when it stands there, else in the score's own.
 EREGION InOneStaffList(const Document& document, EREGION region) {
     if (region.startStaffList != region.endStaffList) {
@@ -170,13 +175,14 @@ private:
     bool RestKeepsAll(const EntryFacts& fact) {
         const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
         const auto isKept = [&](const std::string& attachment) {
-            return std::any_of(candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
-                const bool fits = IsShapeEnd(attachment)
-                                      ? FitsShapeEnd(*fact.entry, *other->entry)
-                                      : !other->IsNote() && other->time == fact.time;
-                return fits && std::binary_search(other->attachments.begin(),
-                                                  other->attachments.end(), attachment);
-            });
+            return IsStemOrBeam(attachment) ||
+                   std::any_of(candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
+                       const bool fits = IsShapeEnd(attachment)
+                                             ? FitsShapeEnd(*fact.entry, *other->entry)
+                                             : !other->IsNote() && other->time == fact.time;
+                       return fits && std::binary_search(other->attachments.begin(),
+                                                         other->attachments.end(), attachment);
+                   });
         };
         return std::all_of(fact.attachments.begin(), fact.attachments.end(), isKept);
     }

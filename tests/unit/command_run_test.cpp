@@ -114,6 +114,7 @@ std::string Half(std::string_view pitch, std::string_view voice = "1", std::stri
 
 const std::string kSlurStart = Notations("<slur type=\"start\" number=\"1\"/>");
 const std::string kSlurStop = Notations("<slur type=\"stop\" number=\"1\"/>");
+const std::string kFermata = Notations("<fermata/>");
 const std::string kSecondVoice = Backup(8) + Half("A4", "2") + Half("B4", "2");
 
 // Merges that lose nothing, although what belongs to notes and rests goes elsewhere.
@@ -132,6 +133,15 @@ const struct {
      {Half("C5") + Half("D5") + Backup(8) + Half("E4", "2") +
       "<direction><direction-type><words>p</words></direction-type><voice>2</voice></direction>" +
       Note({.duration = 0, .voice = "2", .first = "<grace/>"}) + Half("G4", "2")}},
+    {"ASlurToAFilledRest",
+     {Half("A5", "1", kSlurStart) + Half("r", "1", kSlurStop) + Backup(8) + Half("r", "2") +
+      Half("C5", "2", kFermata)}},
+    {"ASlurToRestsFilledWithALongerNote",
+     {Half("C4", "1", kSlurStart), Half("r") + Half("r", "1", kSlurStop) + Backup(8) +
+                                       Note({.duration = 8, .type = "whole", .voice = "2"})}},
+    {"AFilledRestHadAStemAndABeam",
+     {Half("A5") + Half("r", "1", "<stem>none</stem><beam>continue</beam>") + Backup(8) +
+      Half("r", "2") + Half("C5", "2")}},
 };
 
 TEST_F(CommandRun, WhatLosesNothingIsVerified) {
