@@ -115,6 +115,8 @@ std::string Half(std::string_view pitch, std::string_view voice = "1", std::stri
 const std::string kSlurStart = Notations("<slur type=\"start\" number=\"1\"/>");
 const std::string kSlurStop = Notations("<slur type=\"stop\" number=\"1\"/>");
 const std::string kFermata = Notations("<fermata/>");
+const std::string kStem = "<stem default-y=\"5\">up</stem>";
+const std::string kFinger = "<technical><fingering>1</fingering></technical>";
 const std::string kSecondVoice = Backup(8) + Half("A4", "2") + Half("B4", "2");
 
 // Merges that lose nothing, although what belongs to notes and rests goes elsewhere.
@@ -142,6 +144,22 @@ const struct {
     {"AFilledRestHadAStemAndABeam",
      {Half("A5") + Half("r", "1", "<stem>none</stem><beam>continue</beam>") + Backup(8) +
       Half("r", "2") + Half("C5", "2")}},
+    {"AStemOfALaterNoteOfAChord",
+     {Half("A5", "1", kStem) + Backup(4) + Half("A5", "2") +
+      Note({.pitch = "E4",
+            .duration = 4,
+            .type = "half",
+            .voice = "2",
+            .more = kStem,
+            .first = "<chord/>"})}},
+    {"ANotesNotationsChangeOrder",
+     {Half("A5") +
+      Note({.pitch = "C6",
+            .duration = 4,
+            .type = "half",
+            .more = Notations(kFinger, " print-object=\"no\"") + Notations(kFinger),
+            .first = "<chord/>"}) +
+      Backup(4) + Half("C5", "2")}},
 };
 
 TEST_F(CommandRun, WhatLosesNothingIsVerified) {
