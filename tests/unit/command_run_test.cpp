@@ -101,6 +101,16 @@ TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
     EXPECT_EQ(Content(target), "kept");
 }
 
+TEST_F(CommandRun, WhatCannotBeToldIsAFailure) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"show", kCarol}, {"compare", kCarol, kCarol}}) {
+        std::cout.setstate(std::ios::badbit);
+        EXPECT_EQ(Run(arguments), kFailed);
+        std::cout.clear();
+        EXPECT_NE(errors, "");
+    }
+}
+
 using standin::Backup;
 using standin::Note;
 
