@@ -66,6 +66,11 @@ const struct {
      SlurNote("start", "2") + SlurNote("stop", "2"), "", nullptr},
     {"DirectionLost", kTempo + Note({}), Note({}),
      "part 1, measure 1: <direction><sound tempo=\"60\"/></direction> lost\n", nullptr},
+    {"LongTextIsCutBetweenCharacters",
+     Note({.more = "<lyric><text>éééééééééééééééééééééééé</text></lyric>"}), Note({}),
+     "1: <lyric><text>ééééééééééééééééééééééé... lost\n",
+     "1: <lyric><text>ééééééééééééééééééééééé... lost\n"
+     "1: C4 quarter parted from what belongs to it\n"},
     {"SpaceBetweenTagsDoesNotCount", Note({.more = kStaccato}),
      Note({.more = "<notations>\n <articulations>\n  <staccato />\n </articulations></notations>"}),
      "", nullptr},
