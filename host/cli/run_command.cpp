@@ -33,7 +33,7 @@ int Run(std::vector<std::string> arguments) {
 }  // namespace
 
 int RunCommandLine(std::vector<std::string> arguments) {
-    MakeStreamsBinary();
+    PrepareStreams();
     const int exitCode = Run(std::move(arguments));
     std::cout.flush();
     if (std::cout.fail() && exitCode == kDone) {
