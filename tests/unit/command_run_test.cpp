@@ -185,6 +185,23 @@ TEST_F(CommandRun, WhatLosesNothingIsVerified) {
     }
 }
 
+TEST_F(CommandRun, OneEndOfWhatCrossesABarlineStaysInEachMeasure) {
+    const std::string ends[] = {"<beam number=\"1\">begin</beam>", "<tuplet type=\"start\"/>",
+                                "<beam number=\"1\">end</beam>", "<tuplet type=\"stop\"/>"};
+    const auto eighth = [](std::string_view voice, std::string_view more = "") {
+        return Note({.duration = 1, .type = "eighth", .voice = voice, .more = more});
+    };
+    const std::string text = standin::ScoreText(
+        {Half("C5") + eighth("1", ends[0] + Notations(ends[1])) + Backup(5) + Half("C4", "2"),
+         eighth("1", ends[2] + Notations(ends[3])) + Half("C5") + Backup(5) + eighth("2")});
+    ASSERT_EQ(Run({"merge", Write("in.xml", text), "-o", File("out.xml"), "--no-rebeam"}), kDone)
+        << errors;
+    const std::string merged = Content(File("out.xml"));
+    for (const std::string& end : ends) {
+        EXPECT_NE(merged.find(end), std::string::npos) << end << " in " << merged;
+    }
+}
+
 TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {
     const std::pair<std::string, const char*> cases[] = {
         {File("no such file"), ""},
