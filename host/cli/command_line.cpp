@@ -51,6 +51,19 @@ CLI::Validator RangeCheck() {
             "FIRST-LAST"};
 }
 
+// From 1 on; a range would let what is no number pass.
+CLI::Validator BeatCheck() {
+    return {[](const std::string& text) {
+                double beat = 0;
+                const char* last = text.data() + text.size();
+                const auto [end, error] = std::from_chars(text.data(), last, beat);
+                const bool isBeat =
+                    error == std::errc{} && end == last && beat >= 1 && beat <= 1000;
+                return isBeat ? std::string{} : "\"" + text + "\" is no beat such as 2.5";
+            },
+            ""};
+}
+
 void AddMerge(CLI::App& app, MergeCommand& merge, std::string& from, std::string& measures,
               std::string& staves) {
     CLI::App* command = app.add_subcommand("merge", "Merge layers into one");
@@ -87,12 +100,12 @@ void AddMerge(CLI::App& app, MergeCommand& merge, std::string& from, std::string
         ->add_option("--from-beat", merge.selection.firstBeat,
                      "Start at this beat of the first measure")
         ->type_name("BEAT")
-        ->check(CLI::Range(1.0, 1000.0));
+        ->check(BeatCheck());
     command
         ->add_option("--to-beat", merge.selection.lastBeat,
                      "End with this beat of the last measure")
         ->type_name("BEAT")
-        ->check(CLI::Range(1.0, 1000.0));
+        ->check(BeatCheck());
     command->add_option("--staves", staves, "Staves, counted from the top")->check(RangeCheck());
     command->add_flag("--verify", merge.verify, "Write only when no music was lost");
     command->add_flag("--json", merge.json, "Report as JSON");

@@ -4,6 +4,8 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <system_error>
 
 namespace standin::cli {
 
@@ -41,8 +43,15 @@ public:
 // Lets the timers that the plug-in started run, as a program does between two commands.
 void RunTimers();
 
-// Standard input and output carry bytes, not lines.
-void MakeStreamsBinary();
+// Standard input and output carry bytes, not lines. A file that would outgrow what is allowed is
+// an error for who writes it, not the program's end.
+void PrepareStreams();
+
+// Makes the file, or empties it, and brings the bytes to the disk. Returns what failed.
+std::error_code WriteThrough(const std::filesystem::path& file, std::string_view bytes);
+
+// Brings the names in a folder to the disk, where the system can do that.
+void FlushFolder(const std::filesystem::path& folder);
 
 bool ErrorsGoToTerminal();
 

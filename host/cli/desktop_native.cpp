@@ -1,10 +1,35 @@
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
 #include <dlfcn.h>
+#include <fcntl.h>
 #include <unistd.h>
 
 #include "host/cli/desktop.h"
 #include "platform/headless/session.h"
 
 namespace standin::cli {
+
+namespace {
+
+// Closed when the scope ends.
+struct OpenFile {
+    explicit OpenFile(int opened) : descriptor{opened} {}
+    ~OpenFile() {
+        if (descriptor >= 0) {
+            close(descriptor);
+        }
+    }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+    const int descriptor;
+};
+
+std::error_code LastError() {
+    return {errno, std::generic_category()};
+}
+
+}  // namespace
 
 const char* const kPluginFile = "plyweld.so";
 
@@ -42,7 +67,34 @@ void RunTimers() {
     platform::headless::FireTimers();
 }
 
-void MakeStreamsBinary() {}
+void PrepareStreams() {
+    std::signal(SIGXFSZ, SIG_IGN);
+}
+
+std::error_code WriteThrough(const std::filesystem::path& file, std::string_view bytes) {
+    const OpenFile out{open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666)};
+    if (out.descriptor < 0) {
+        return LastError();
+    }
+    while (!bytes.empty()) {
+        const ssize_t written = write(out.descriptor, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return LastError();
+        }
+        bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
+    }
+    // A pipe or a device has nothing to bring to a disk.
+    const bool failed = fsync(out.descriptor) != 0 && errno != EINVAL && errno != EROFS;
+    return failed ? LastError() : std::error_code{};
+}
+
+void FlushFolder(const std::filesystem::path& folder) {
+    const std::filesystem::path name = folder.empty() ? "." : folder;
+    const OpenFile opened{open(name.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)};
+    if (opened.descriptor >= 0) {
+        fsync(opened.descriptor);
+    }
+}
 
 bool ErrorsGoToTerminal() {
     return isatty(STDERR_FILENO) == 1;

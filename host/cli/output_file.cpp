@@ -1,8 +1,10 @@
 #include "host/cli/output_file.h"
 
-#include <fstream>
 #include <iostream>
 #include <random>
+#include <system_error>
+
+#include "host/cli/desktop.h"
 
 namespace standin::cli {
 
@@ -10,11 +12,15 @@ namespace fs = std::filesystem;
 
 namespace {
 
-bool Write(const fs::path& file, std::string_view bytes) {
-    std::ofstream stream{file, std::ios::binary | std::ios::trunc};
-    stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    stream.close();
-    return !stream.fail();
+constexpr int kMostLinks = 40;
+
+// Where links lead, also when nothing is there yet.
+fs::path Followed(fs::path file) {
+    std::error_code failed;
+    for (int i = 0; i < kMostLinks && fs::is_symlink(fs::symlink_status(file, failed)); ++i) {
+        file = file.parent_path() / fs::read_symlink(file, failed);
+    }
+    return file;
 }
 
 fs::path NameBeside(const fs::path& target) {
@@ -50,6 +56,29 @@ private:
     bool m_kept = false;
 };
 
+std::error_code Replace(const fs::path& file, const fs::file_status& status,
+                        std::string_view bytes) {
+    const fs::path part = NameBeside(file);
+    Leftover leftover{part};
+    std::error_code failed = WriteThrough(part, bytes);
+    if (failed) {
+        return failed;
+    }
+    if (fs::exists(status)) {
+        fs::permissions(part, status.permissions(), failed);
+    }
+    fs::rename(part, file, failed);
+    if (!failed) {
+        leftover.Keep();
+        FlushFolder(file.parent_path());
+    }
+    return failed;
+}
+
+std::string Unwritten(const std::error_code& failed) {
+    return failed ? "cannot be written: " + failed.message() : std::string{};
+}
+
 }  // namespace
 
 std::string WriteWhole(const std::string& target, std::string_view bytes) {
@@ -62,31 +91,18 @@ std::string WriteWhole(const std::string& target, std::string_view bytes) {
         return std::cout.fail() ? "standard output takes no more" : "";
     }
     std::error_code failed;
-    fs::path file = PathOf(target);
+    const fs::path file = Followed(PathOf(target));
     const fs::file_status status = fs::status(file, failed);
     if (fs::is_directory(status)) {
         return "is a folder";
     }
+    if (!fs::status_known(status)) {
+        return Unwritten(failed);
+    }
     if (fs::exists(status) && !fs::is_regular_file(status)) {
-        return Write(file, bytes) ? "" : "cannot be written";
+        return Unwritten(WriteThrough(file, bytes));
     }
-    if (fs::exists(status)) {
-        file = fs::canonical(file, failed);
-    }
-    const fs::path part = NameBeside(file);
-    Leftover leftover{part};
-    if (!Write(part, bytes)) {
-        return "cannot be written";
-    }
-    if (fs::exists(status)) {
-        fs::permissions(part, status.permissions(), failed);
-    }
-    fs::rename(part, file, failed);
-    if (failed) {
-        return "cannot be written: " + failed.message();
-    }
-    leftover.Keep();
-    return {};
+    return Unwritten(Replace(file, status, bytes));
 }
 
 fs::path PathOf(const std::string& text) {

@@ -11,9 +11,9 @@ namespace standin::cli {
 inline constexpr std::string_view kStandardStream = "-";
 
 // Writes the bytes to a new file beside the target and renames it, so that whatever goes wrong
-// leaves the target as it was. Links are followed; what is no regular file (a pipe, a device)
-// is written to directly. No bytes are an error: they stand for a score that could not be put
-// together. Returns what went wrong; empty when nothing did.
+// leaves the target as it was, a power cut too. Links are followed; what is no regular file (a
+// pipe, a device) is written to directly. No bytes are an error: they stand for a score that could
+// not be put together. Returns what went wrong; empty when nothing did.
 std::string WriteWhole(const std::string& target, std::string_view bytes);
 
 // A path from its UTF-8 text, and back.

@@ -17,10 +17,7 @@ struct Runner {
     ExitCode operator()(const CompareCommand& command) const { return CompareScores(command); }
 };
 
-}  // namespace
-
-int RunCommandLine(std::vector<std::string> arguments) {
-    MakeStreamsBinary();
+int Run(std::vector<std::string> arguments) {
     try {
         const auto parsed = ParseCommandLine(std::move(arguments));
         if (const auto* exitCode = std::get_if<ExitCode>(&parsed)) {
@@ -31,6 +28,19 @@ int RunCommandLine(std::vector<std::string> arguments) {
         std::cerr << "plyweld: " << error.what() << '\n';
         return kFailed;
     }
+}
+
+}  // namespace
+
+int RunCommandLine(std::vector<std::string> arguments) {
+    PrepareStreams();
+    const int exitCode = Run(std::move(arguments));
+    std::cout.flush();
+    if (std::cout.fail() && exitCode == kDone) {
+        std::cerr << "plyweld: standard output takes no more\n";
+        return kFailed;
+    }
+    return exitCode;
 }
 
 }  // namespace standin::cli

@@ -31,6 +31,10 @@ std::variant<EREGION, std::string> SelectionIn(const Document& document,
     region.startSlot = static_cast<i16>(options.firstStaff);
     region.startMeasure = static_cast<i16>(options.firstMeasure);
     region.startPosition = StartOfBeat(document, options.firstMeasure, options.firstBeat);
+    if (region.startPosition >= document.MeasureDuration(0, options.firstMeasure)) {
+        return "measure " + std::to_string(options.firstMeasure) +
+               " ends before the first beat asked for";
+    }
     region.endSlot = static_cast<i16>(lastStaff);
     region.endMeasure = static_cast<i16>(lastMeasure);
     region.endPosition = kEndOfMeasure;

@@ -12,18 +12,20 @@ constexpr std::array<std::string_view, 6> kNames{"",    "begin",        "continu
 // One level of the beams of one voice.
 class BeamLine {
 public:
-    void Take(Beam& beam) {
+    void Take(BeamedEntry& entry, std::size_t level) {
+        Beam& beam = entry.levels[level];
+        const bool isOpen = m_last != nullptr || entry.comesIn;
         switch (beam) {
             case Beam::kBegin:
                 Close();
                 m_last = &beam;
                 break;
             case Beam::kContinue:
-                beam = m_last == nullptr ? Beam::kBegin : beam;
+                beam = isOpen ? beam : Beam::kBegin;
                 m_last = &beam;
                 break;
             case Beam::kEnd:
-                beam = m_last == nullptr ? Beam::kNone : beam;
+                beam = isOpen ? beam : Beam::kNone;
                 m_last = nullptr;
                 break;
             case Beam::kNone:
@@ -32,8 +34,16 @@ public:
                 Close();
                 break;
         }
+        m_goesOn = entry.goesOn;
     }
 
+    void EndMeasure() {
+        if (!m_goesOn) {
+            Close();
+        }
+    }
+
+private:
     // The beam ends with the entry that it reached last.
     void Close() {
         if (m_last != nullptr) {
@@ -42,8 +52,8 @@ public:
         m_last = nullptr;
     }
 
-private:
     Beam* m_last = nullptr;  // the open beam's latest mark
+    bool m_goesOn = false;   // the latest entry's beams
 };
 
 }  // namespace
@@ -84,10 +94,10 @@ void MakeBeamsWhole(std::vector<BeamedEntry>& entries) {
             for (BeamedEntry& entry : entries) {
                 const bool isPassed = entry.isRest && entry.levels[level] == Beam::kNone;
                 if (entry.isGrace == grace && !isPassed) {
-                    line.Take(entry.levels[level]);
+                    line.Take(entry, level);
                 }
             }
-            line.Close();
+            line.EndMeasure();
         }
         for (BeamedEntry& entry : entries) {
             if (entry.levels.front() == Beam::kNone) {

@@ -36,13 +36,23 @@ struct Fact {
     std::array<i64, 4> key{};
     const MusicEntry* entry = nullptr;
     const MusicNote* note = nullptr;
-    std::string_view text;
+    const Attachment* attachment = nullptr;
 
     bool operator<(const Fact& other) const { return key < other.key; }
     bool operator==(const Fact& other) const { return key == other.key; }
 };
 
 using Group = std::span<const MusicEntry>;
+
+bool IsSpannerEnd(const Attachment& attachment) {
+    return attachment.kind == Attachment::Kind::kSpannerStart ||
+           attachment.kind == Attachment::Kind::kSpannerEnd;
+}
+
+// A line may end on what sounds now where its rest was, or on what begins earlier.
+bool MayBeAt(bool wasRest, i32 was, i32 is) {
+    return wasRest ? is <= was : is == was;
+}
 
 class Comparison {
 public:
@@ -51,6 +61,7 @@ public:
 
     std::vector<std::string> Run() {
         CompareEntries();
+        ReportSpannerEnds();
         CompareItems();
         return std::move(m_differences);
     }
@@ -100,11 +111,12 @@ private:
         }
     }
 
-    // Equal attachments of notes that joined may be one, so once is often enough.
+    // Equal attachments of notes that joined may be one, so once is often enough. Rests never join.
     void JoinEqualAttachments() {
         const auto join = [](std::vector<Fact>& facts) {
             const auto isJoined = [](const Fact& a, const Fact& b) {
-                return a == b && !a.text.empty();
+                return a == b && a.attachment != nullptr &&
+                       (!a.entry->rest || IsSpannerEnd(*a.attachment));
             };
             facts.erase(std::unique(facts.begin(), facts.end(), isJoined), facts.end());
         };
@@ -138,11 +150,11 @@ private:
     void CollectFacts(const Music& music, Group group, bool isBefore, std::vector<Fact>& facts) {
         facts.clear();
         for (const MusicEntry& entry : group) {
-            if (!Counts(entry) || (isBefore && IsExcepted(entry))) {
+            if (entry.filler || (isBefore && IsExcepted(entry))) {
                 continue;
             }
-            if (entry.rest) {
-                facts.push_back({{1, entry.length, entry.hidden ? 1 : 0, 0}, &entry, nullptr, {}});
+            if (entry.rest && !m_options.merged) {
+                facts.push_back({{1, entry.length, entry.hidden ? 1 : 0, 0}, &entry});
             }
             for (u32 i = 0; i < entry.noteCount; ++i) {
                 AddNoteFacts(music, entry, music.notes[entry.firstNote + i], facts);
@@ -150,10 +162,6 @@ private:
             AddAttachments(music, entry, nullptr, entry.firstAttachment, entry.attachmentCount,
                            facts);
         }
-    }
-
-    bool Counts(const MusicEntry& entry) const {
-        return !entry.filler && !(entry.rest && m_options.merged);
     }
 
     i64 PitchKey(const MusicNote& note) {
@@ -166,7 +174,7 @@ private:
                       std::vector<Fact>& facts) {
         const i64 ties = (note.tieStart ? 2 : 0) + (note.tieEnd ? 1 : 0);
         const i64 length = i64{entry.length} << 18 | i64{entry.duration} << 2 | ties;
-        facts.push_back({{2, PitchKey(note), length, 0}, &entry, &note, {}});
+        facts.push_back({{2, PitchKey(note), length, 0}, &entry, &note});
         AddAttachments(music, entry, &note, note.firstAttachment, note.attachmentCount, facts);
     }
 
@@ -177,7 +185,7 @@ private:
             if (IsOfNoAccount(music, attachment)) {
                 continue;
             }
-            facts.push_back({KeyOf(attachment, entry, note), &entry, note, attachment.text});
+            facts.push_back({KeyOf(attachment, entry, note), &entry, note, &attachment});
         }
     }
 
@@ -185,9 +193,10 @@ private:
                              const MusicNote* note) {
         const i64 kind = 3 + static_cast<i64>(attachment.kind);
         const i64 other = i64{attachment.otherMeasure} << 32 | attachment.otherPosition;
-        const i64 pitch = note != nullptr ? PitchKey(*note) : 0;
+        const bool staysOnRest = entry.rest && !IsSpannerEnd(attachment);
+        const i64 owner = note != nullptr ? PitchKey(*note) : staysOnRest ? -1 : 0;
         const i64 text = m_texts.Of(attachment.text);
-        return {kind, i64{entry.length} << 32 | text, other, pitch};
+        return {kind, i64{entry.length} << 32 | text, other, owner};
     }
 
     // Tells every fact of the one side that the other lacks.
@@ -202,19 +211,55 @@ private:
                 ++other;
                 continue;
             }
-            if (!IsFull()) {
-                m_differences.push_back(WordsForPlace(*fact.entry) + ": " + WordsFor(fact) + ' ' +
-                                        std::string{verb});
+            if (m_options.merged && fact.attachment != nullptr && IsSpannerEnd(*fact.attachment)) {
+                (verb == "lost" ? m_lostEnds : m_addedEnds).push_back(fact);
+            } else {
+                Tell(fact, verb);
             }
         }
     }
 
+    void Tell(const Fact& fact, std::string_view verb) {
+        if (!IsFull()) {
+            m_differences.push_back(WordsForPlace(*fact.entry) + ": " + WordsFor(fact) + ' ' +
+                                    std::string{verb});
+        }
+    }
+
+    // Of lines that ended on a rest, each end that is not where it was may have been moved.
+    void ReportSpannerEnds() {
+        for (const Fact& lost : m_lostEnds) {
+            const auto moved =
+                std::find_if(m_addedEnds.begin(), m_addedEnds.end(),
+                             [&](const Fact& added) { return IsMoved(lost, added); });
+            if (moved != m_addedEnds.end()) {
+                m_addedEnds.erase(moved);
+            } else {
+                Tell(lost, "lost");
+            }
+        }
+        for (const Fact& added : m_addedEnds) {
+            Tell(added, "added");
+        }
+    }
+
+    bool IsMoved(const Fact& was, const Fact& is) {
+        const Attachment& before = *was.attachment;
+        const Attachment& after = *is.attachment;
+        return before.kind == after.kind && was.entry->staff == is.entry->staff &&
+               was.entry->measure == is.entry->measure && before.otherStaff == after.otherStaff &&
+               before.otherMeasure == after.otherMeasure &&
+               MayBeAt(was.entry->rest, was.entry->onset, is.entry->onset) &&
+               MayBeAt(before.otherIsRest, before.otherPosition, after.otherPosition) &&
+               m_texts.Of(before.text) == m_texts.Of(after.text);
+    }
+
     static std::string WordsFor(const Fact& fact) {
-        if (!fact.text.empty()) {
+        if (fact.attachment != nullptr) {
             const std::string owner = fact.note != nullptr
                                           ? " of " + WordsForNote(*fact.entry, *fact.note)
                                           : std::string{};
-            return WordsForText(fact.text) + owner;
+            return WordsForText(fact.attachment->text) + owner;
         }
         if (fact.note == nullptr) {
             return (fact.entry->hidden ? "hidden " : "") + WordsForLength(*fact.entry) + " rest";
@@ -226,7 +271,7 @@ private:
     // Each entry's notes must be in one entry afterwards, with all that hung on it.
     void CheckCompany(Group before, Group after) {
         for (const MusicEntry& entry : before) {
-            const bool checks = Counts(entry) && !IsExcepted(entry) &&
+            const bool checks = !entry.rest && !IsExcepted(entry) &&
                                 (entry.noteCount > 1 || entry.attachmentCount > 0);
             if (!checks || IsFull()) {
                 continue;
@@ -258,7 +303,7 @@ private:
             std::vector<std::array<i64, 4>> keys;
             for (u32 i = 0; i < entry.attachmentCount; ++i) {
                 const Attachment& attachment = music.attachments[entry.firstAttachment + i];
-                if (!IsOfNoAccount(music, attachment)) {
+                if (!IsOfNoAccount(music, attachment) && !attachment.otherIsRest) {
                     keys.push_back(KeyOf(attachment, entry, nullptr));
                 }
             }
@@ -308,6 +353,8 @@ private:
     TextKeys m_texts;
     std::vector<Fact> m_factsBefore;
     std::vector<Fact> m_factsAfter;
+    std::vector<Fact> m_lostEnds;  // of lines between two notes or rests
+    std::vector<Fact> m_addedEnds;
     std::vector<std::string> m_differences;
 };
 

@@ -60,6 +60,7 @@ MeasureWriter::MeasureWriter(const ImportedScore& score, std::size_t part, std::
       m_unit{IndentUnit(score, m_original, m_indent)},
       m_closing{LineIndent(score.text, m_original.bodyEnd)},
       m_notes{score, numbers, m_indent, m_unit},
+      m_crossing{CrossingEndsOf(score, m_part, m_measure)},
       m_divisions{m_original.divisions} {}
 
 std::string MeasureWriter::Write() {
@@ -197,11 +198,14 @@ void MeasureWriter::MendLine(Line line) {
     MendBeams(line);
 }
 
-void MeasureWriter::MendBrackets(const Line& line) {
+void MeasureWriter::MendBrackets(const Line& line) const {
     std::vector<EntryBrackets> brackets;
     brackets.reserve(line.size());
     for (Event* event : line) {
         brackets.push_back(std::move(event->brackets));
+        for (const CrossingEnds& ends : m_crossing) {
+            brackets.back().crossing += ends.time == event->time.start ? ends.brackets : "";
+        }
     }
     DropUnpairedBrackets(brackets);
     for (std::size_t i = 0; i < brackets.size(); ++i) {
@@ -209,13 +213,18 @@ void MeasureWriter::MendBrackets(const Line& line) {
     }
 }
 
-void MeasureWriter::MendBeams(const Line& line) {
+void MeasureWriter::MendBeams(const Line& line) const {
     std::vector<BeamedEntry> beamed;
     beamed.reserve(line.size());
     for (const Event* event : line) {
         const EXENTRY& entry = *event->time.entry;
         beamed.push_back({ReadBeams(event->beams), entry.noteCount == 0,
                           (entry.flags & EntryFlag::kGrace) != 0});
+        for (const CrossingEnds& ends : m_crossing) {
+            const bool isThis = ends.time == event->time.start && ends.beams == event->beams;
+            beamed.back().comesIn |= isThis && ends.beamsCome;
+            beamed.back().goesOn |= isThis && ends.beamsGo;
+        }
     }
     std::vector<BeamedEntry> whole = beamed;
     MakeBeamsWhole(whole);

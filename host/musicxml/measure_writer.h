@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/musicxml/crossing_ends.h"
 #include "host/musicxml/entry_texts.h"
 #include "host/musicxml/note_writer.h"
 #include "host/musicxml/timed_entries.h"
@@ -44,8 +45,8 @@ private:
     std::string VoiceName(std::size_t staff, u16 layer) const;
     void MendLines();
     void MendLine(Line line);
-    static void MendBeams(const Line& line);
-    static void MendBrackets(const Line& line);
+    void MendBeams(const Line& line) const;
+    void MendBrackets(const Line& line) const;
     void CollectItems();
     void WriteStream(const Stream& stream);
     void WriteItemsUntil(Rational time);
@@ -63,6 +64,7 @@ private:
     std::string m_unit;     // one step of indentation
     std::string m_closing;  // before the measure's end tag
     NoteWriter m_notes;
+    std::vector<CrossingEnds> m_crossing;
     std::vector<Stream> m_streams;
     std::vector<const MeasureItem*> m_items;  // by time
     std::size_t m_nextItem = 0;

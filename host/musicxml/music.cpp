@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "host/musicxml/entry_texts.h"
+#include "host/musicxml/xml_node.h"
 
 namespace standin {
 namespace {
@@ -64,10 +65,29 @@ private:
         return offset;
     }
 
+    void Attach(Attachment::Kind kind, std::string_view text) {
+        m_music.attachments.emplace_back().kind = kind;
+        m_music.attachments.back().text = text;
+    }
+
     void Attach(Attachment::Kind kind, FragmentId fragment) {
         if (fragment != 0) {
-            m_music.attachments.push_back({kind, 0, 0, 0, 0, m_score.fragments[fragment]});
+            Attach(kind, m_score.fragments[fragment]);
         }
+    }
+
+    // A bundle is written in the order of the format, and the notes of a chord in that of their
+    // pitches: what counts is each of its elements.
+    void AttachBundle(Attachment::Kind kind, FragmentId bundle) {
+        const std::string_view text = m_score.fragments[bundle];
+        if (const std::string_view attributes = BundleAttributes(text); !attributes.empty()) {
+            Attach(kind, attributes);
+        }
+        ForEachElement(text, [&](std::string_view element) {
+            const std::string_view name = ElementName(element);
+            const bool isLook = name == "stem" || name == "beam";
+            Attach(isLook ? Attachment::Kind::kLook : kind, element);
+        });
     }
 
     u32 AttachmentCount() const { return static_cast<u32>(m_music.attachments.size()); }
@@ -78,7 +98,11 @@ private:
         const WrittenForm& form = m_score.forms[entry.fieldAt12];
         result.firstAttachment = AttachmentCount();
         for (const EntryText& text : m_texts.texts) {
-            Attach(Kind::kEntry, text.fragment);
+            if (text.kind == EntryTextKind::kRestExtras) {
+                AttachBundle(Kind::kEntry, text.fragment);
+            } else {
+                Attach(Kind::kEntry, text.fragment);
+            }
         }
         for (const FragmentId lyric : m_texts.lyrics) {
             Attach(Kind::kLyric, lyric);
@@ -105,8 +129,8 @@ private:
         if (m_texts.stem == 0 && (entry.flags & HostEntryFlag::kFixedStem) != 0 &&
             entry.noteCount > 0) {
             const bool up = (entry.flags & HostEntryFlag::kStemUp) != 0;
-            m_music.attachments.push_back({Attachment::Kind::kLook, 0, 0, 0, 0,
-                                           up ? "<stem>up</stem>" : "<stem>down</stem>"});
+            Attach(Attachment::Kind::kLook,
+                   std::string_view{up ? "<stem>up</stem>" : "<stem>down</stem>"});
         }
     }
 
@@ -118,7 +142,8 @@ private:
         const FrameKey home = m_document.HomeOf(end.other.entryNumber);
         const i16 slot = m_document.SlotOfStaff(home.staff, 0);
         m_music.attachments.push_back({kind, static_cast<u16>(slot), home.measure, home.layer,
-                                       position, m_score.fragments[end.fragment]});
+                                       position, m_score.fragments[end.fragment],
+                                       other != nullptr && other->noteCount == 0});
     }
 
     void AddNote(const EXNOTE& note) {
@@ -129,7 +154,9 @@ private:
         result.tieEnd = (note.flags & NoteFlag::kTieEnd) != 0;
         result.firstAttachment = AttachmentCount();
         for (const NoteDetail& detail : m_texts.notes) {
-            if (detail.noteID == note.noteID) {
+            if (detail.noteID == note.noteID && detail.tag == DetailTag::kNoteExtras) {
+                AttachBundle(Attachment::Kind::kNote, detail.fragment);
+            } else if (detail.noteID == note.noteID) {
                 Attach(Attachment::Kind::kNote, detail.fragment);
                 Attach(Attachment::Kind::kNote, detail.second);
             }

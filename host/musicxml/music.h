@@ -19,6 +19,7 @@ struct Attachment {
     u16 otherLayer = 0;
     i32 otherPosition = 0;
     std::string_view text;
+    bool otherIsRest = false;
 };
 
 struct MusicNote {

@@ -95,7 +95,14 @@ std::string WordsForNote(const MusicEntry& entry, const MusicNote& note) {
 
 std::string WordsForText(std::string_view xml) {
     const std::string text = CanonicalText(xml);
-    return text.size() <= kLongestText ? text : text.substr(0, kLongestText) + "...";
+    if (text.size() <= kLongestText) {
+        return text;
+    }
+    std::size_t end = kLongestText;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {
+        --end;  // a character of several bytes is not cut
+    }
+    return text.substr(0, end) + "...";
 }
 
 }  // namespace standin

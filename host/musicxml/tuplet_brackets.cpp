@@ -41,6 +41,10 @@ bool IsShownBetween(const std::vector<EntryBrackets>& entries, std::size_t first
                        [](const EntryBrackets& entry) { return !entry.hidden; });
 }
 
+bool CrossesBarline(const Bracket& bracket, const EntryBrackets& entry) {
+    return !entry.hidden && entry.crossing.find(bracket.element) != std::string::npos;
+}
+
 }  // namespace
 
 void DropUnpairedBrackets(std::vector<EntryBrackets>& entries) {
@@ -58,7 +62,12 @@ void DropUnpairedBrackets(std::vector<EntryBrackets>& entries) {
             bracket.kept = IsShownBetween(entries, (*start)->entry, bracket.entry);
             (*start)->kept = bracket.kept;
             open.erase(std::next(start).base());
+        } else {
+            bracket.kept = CrossesBarline(bracket, entries[bracket.entry]);
         }
+    }
+    for (Bracket* start : open) {
+        start->kept = CrossesBarline(*start, entries[start->entry]);
     }
     for (EntryBrackets& entry : entries) {
         entry.stops.clear();

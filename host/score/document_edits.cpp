@@ -28,20 +28,33 @@ private:
 
 using Place = std::pair<u16, u16>;  // staff and measure
 
-// Where a record's content shows; nothing for records that show nowhere in particular.
+void AddEndsOf(const Bytes& record, std::set<Place>& places) {
+    const auto shape = FromBytes<EDTSmartShape>(record);
+    places.emplace(u16{shape.start.staff}, u16{shape.start.measure});
+    places.emplace(u16{shape.end.staff}, u16{shape.end.measure});
+}
+
+// Where a record's content shows; nothing for records that show nowhere in particular. Without
+// one of its marks a line is drawn at neither end.
 void AddPlacesOf(u32 tag, RecordKey key, const Bytes& bytes, const Document& document,
                  std::set<Place>& places) {
     if (tag == Tag::kExpression) {
         const i16 staff = FromBytes<MyExpressionAssign>(bytes).staff;
         places.emplace(static_cast<u16>(std::max<i16>(staff, 0)), key.OtherItem());
     } else if (tag == Tag::kSmartShape) {
-        const auto shape = FromBytes<EDTSmartShape>(bytes);
-        places.emplace(u16{shape.start.staff}, u16{shape.start.measure});
-        places.emplace(u16{shape.end.staff}, u16{shape.end.measure});
+        AddEndsOf(bytes, places);
     } else if (FamilyOf(tag) == RecordFamily::kEntryDetail) {
         const FrameKey home = document.HomeOf(key.Entry());
         if (home.staff != 0) {  // an entry that is gone changed its frame
             places.emplace(home.staff, home.measure);
+        }
+        const Bytes* shape = nullptr;
+        if (tag == Tag::kShapeOnEntry) {
+            const u16 number = FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber;
+            shape = document.Records().Find(Tag::kSmartShape, RecordKey::Other(number));
+        }
+        if (shape != nullptr) {
+            AddEndsOf(*shape, places);
         }
     }
 }

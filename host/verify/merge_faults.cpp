@@ -28,6 +28,11 @@ bool IsShapeEnd(const std::string& attachment) {
     return attachment.find(" of shape ") != std::string::npos;
 }
 
+// The look of a rest, which goes with it when it is filled.
+bool IsStemOrBeam(const std::string& attachment) {
+    return attachment.starts_with("edST ") || attachment.starts_with("edub ");
+}
+
 // Its last staff is found in the list of its start, when it stands there, else in the score's own.
 EREGION InOneStaffList(const Document& document, EREGION region) {
     if (region.startStaffList != region.endStaffList) {
@@ -170,13 +175,14 @@ private:
     bool RestKeepsAll(const EntryFacts& fact) {
         const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
         const auto isKept = [&](const std::string& attachment) {
-            return std::any_of(candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
-                const bool fits = IsShapeEnd(attachment)
-                                      ? FitsShapeEnd(*fact.entry, *other->entry)
-                                      : !other->IsNote() && other->time == fact.time;
-                return fits && std::binary_search(other->attachments.begin(),
-                                                  other->attachments.end(), attachment);
-            });
+            return IsStemOrBeam(attachment) ||
+                   std::any_of(candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
+                       const bool fits = IsShapeEnd(attachment)
+                                             ? FitsShapeEnd(*fact.entry, *other->entry)
+                                             : !other->IsNote() && other->time == fact.time;
+                       return fits && std::binary_search(other->attachments.begin(),
+                                                         other->attachments.end(), attachment);
+                   });
         };
         return std::all_of(fact.attachments.begin(), fact.attachments.end(), isKept);
     }
@@ -218,17 +224,17 @@ private:
         return static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
     }
 
-    // The entries at the expression's time in the layer that it is assigned to.
+    // The entries at the expression's time in the layer that it is assigned to: grace entries for
+    // one that belongs to any of them.
     std::vector<const EntryFacts*> Under(const Facts& facts, u16 measure,
                                          const MyExpressionAssign& expression) const {
         std::vector<const EntryFacts*> under;
-        const i32 position =
-            static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
         for (const EntryFacts& fact : facts) {
             const bool isGrace = (fact.entry->flags & EntryFlag::kGrace) != 0;
             if (fact.key.staff == static_cast<u16>(expression.staff) &&
-                fact.key.measure == measure && fact.key.layer == LayerOf(expression) && !isGrace &&
-                fact.entry->elapsedTime == position) {
+                fact.key.measure == measure && fact.key.layer == LayerOf(expression) &&
+                isGrace == (expression.graceIndex != 0) &&
+                fact.entry->elapsedTime == PositionOf(expression)) {
                 under.push_back(&fact);
             }
         }

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <fcntl.h>
 #include <io.h>
@@ -15,6 +16,12 @@ namespace {
 
 // The plug-in shapes the host's menu 10 milliseconds after it was started.
 constexpr DWORD kTimersAreDue = 50;
+
+constexpr std::size_t kMostAtOnce = 1U << 30U;  // bytes written in one call
+
+std::error_code LastError() {
+    return {static_cast<int>(GetLastError()), std::system_category()};
+}
 
 void SetShift(BYTE state) {
     std::array<BYTE, 256> keys{};
@@ -77,10 +84,33 @@ void RunTimers() {
     }
 }
 
-void MakeStreamsBinary() {
+void PrepareStreams() {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
 }
+
+std::error_code WriteThrough(const std::filesystem::path& file, std::string_view bytes) {
+    HANDLE out = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (out == INVALID_HANDLE_VALUE) {
+        return LastError();
+    }
+    std::error_code failed;
+    while (!failed && !bytes.empty()) {
+        const auto part = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
+        DWORD written = 0;
+        failed = WriteFile(out, bytes.data(), part, &written, nullptr) == 0 ? LastError() : failed;
+        bytes.remove_prefix(written);
+    }
+    // What is no file on a disk has nothing to flush.
+    if (!failed && GetFileType(out) == FILE_TYPE_DISK && FlushFileBuffers(out) == 0) {
+        failed = LastError();
+    }
+    CloseHandle(out);
+    return failed;
+}
+
+void FlushFolder(const std::filesystem::path&) {}
 
 bool ErrorsGoToTerminal() {
     return _isatty(_fileno(stderr)) != 0;

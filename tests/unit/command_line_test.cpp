@@ -42,7 +42,9 @@ TEST(CommandLine, WrongUsageIsRefused) {
                                 {"--measures", "0-5"},
                                 {"--measures", "5-12x"},
                                 {"--measures", "1-99999"},
-                                {"--from-beat", "0.5"}}) {
+                                {"--from-beat", "0.5"},
+                                {"--from-beat", "nan"},
+                                {"--to-beat", "1001"}}) {
         cases.push_back({"merge", "in.xml", "-o", "o", option[0], option[1]});
     }
     for (const auto& arguments : cases) {
@@ -86,6 +88,8 @@ TEST(Selection, FollowsMeasuresBeatsAndStaves) {
     using Words = std::vector<std::string>;
     for (const Words& nothing : {Words{"--measures", "4-5"},
                                  {"--staves", "3"},
+                                 {"--measures", "1-3", "--from-beat", "5"},
+                                 {"--measures", "2-2", "--from-beat", "7"},
                                  {"--measures", "1-1", "--from-beat", "3", "--to-beat", "1"}}) {
         EXPECT_TRUE(std::holds_alternative<std::string>(
             SelectionIn(document, ParseMerge(nothing).selection)));

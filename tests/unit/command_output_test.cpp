@@ -1,6 +1,8 @@
 // What the program leaves behind: its output file, and the user's stored options.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
+#include "host/cli/desktop.h"
 #include "host/cli/output_file.h"
 #include "host/cli/stored_options.h"
 #include "platform/headless/session.h"
@@ -38,11 +40,40 @@ TEST_F(OutputFile, ALinkStaysALink) {
     EXPECT_EQ(WriteWhole((folder / "link").string(), "new"), "");
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
     EXPECT_EQ(Content(folder / "real"), "new");
+    fs::remove(folder / "real");
+    EXPECT_EQ(WriteWhole((folder / "link").string(), "anew"), "") << "with nothing at its end yet";
+    EXPECT_EQ(Content(folder / "real"), "anew");
+    EXPECT_EQ(FilesInFolder(), 2U);
+}
+
+TEST_F(OutputFile, AnErrorSaysItsReason) {
+    fs::create_symlink("a", folder / "b");
+    fs::create_symlink("b", folder / "a");
+    for (const auto& [target, reason] :
+         {std::pair{(folder / "missing/score.xml").string(), std::errc::no_such_file_or_directory},
+          {(folder / "a").string(), std::errc::too_many_symbolic_link_levels},
+          {"/dev/full", std::errc::no_space_on_device}}) {
+        EXPECT_EQ(WriteWhole(target, "new"),
+                  "cannot be written: " + std::make_error_code(reason).message());
+    }
+    EXPECT_EQ(FilesInFolder(), 2U);
+}
+
+TEST_F(OutputFile, AFileThatWouldBeTooLargeIsAnErrorAndLeavesNothing) {
+    PrepareStreams();
+    rlimit before{};
+    getrlimit(RLIMIT_FSIZE, &before);
+    rlimit small = before;
+    small.rlim_cur = 1000;
+    setrlimit(RLIMIT_FSIZE, &small);
+    const std::string problem = WriteWhole((folder / "score.xml").string(), std::string(2000, 'a'));
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_NE(problem, "");
+    EXPECT_EQ(FilesInFolder(), 0U);
 }
 
 TEST_F(OutputFile, WhatCannotBeWrittenIsSaidAndLeavesNothing) {
     EXPECT_NE(WriteWhole(folder.Path().string(), "new"), "");
-    EXPECT_NE(WriteWhole((folder / "missing/score.xml").string(), "new"), "");
     EXPECT_EQ(FilesInFolder(), 0U);
     std::ofstream{folder / "score.mxl"} << "old";
     EXPECT_NE(WriteWhole((folder / "score.mxl").string(), ""), "") << "could not be put together";

@@ -6,6 +6,7 @@
 #include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
 #include "host/score/application.h"
+#include "tests/unit/musicxml_support.h"
 #include "tests/unit/support/files.h"
 
 namespace {
@@ -98,6 +99,107 @@ TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
     EXPECT_EQ(Run({"merge", kCarol, "-o", target}), kFailed);
     EXPECT_NE(errors, "");
     EXPECT_EQ(Content(target), "kept");
+}
+
+TEST_F(CommandRun, WhatCannotBeToldIsAFailure) {
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"show", kCarol}, {"compare", kCarol, kCarol}}) {
+        std::cout.setstate(std::ios::badbit);
+        EXPECT_EQ(Run(arguments), kFailed);
+        std::cout.clear();
+        EXPECT_NE(errors, "");
+    }
+}
+
+using standin::Backup;
+using standin::Note;
+
+std::string Notations(const std::string& inner, const std::string& attributes = "") {
+    return "<notations" + attributes + ">" + inner + "</notations>";
+}
+
+std::string Half(std::string_view pitch, std::string_view voice = "1", std::string_view more = "") {
+    return Note({.pitch = pitch, .duration = 4, .type = "half", .voice = voice, .more = more});
+}
+
+const std::string kSlurStart = Notations("<slur type=\"start\" number=\"1\"/>");
+const std::string kSlurStop = Notations("<slur type=\"stop\" number=\"1\"/>");
+const std::string kFermata = Notations("<fermata/>");
+const std::string kStem = "<stem default-y=\"5\">up</stem>";
+const std::string kFinger = "<technical><fingering>1</fingering></technical>";
+const std::string kSecondVoice = Backup(8) + Half("A4", "2") + Half("B4", "2");
+
+// Merges that lose nothing, although what belongs to notes and rests goes elsewhere.
+const struct {
+    const char* name;
+    std::vector<std::string> measures;
+    std::vector<std::string> options = {};
+} kLossless[] = {
+    {"TheStartOfASlurIsCleared",
+     {Half("C5") + Half("D5", "1", kSlurStart) + kSecondVoice, Half("E5", "1", kSlurStop)},
+     {"--replace", "--measures", "1"}},
+    {"TheEndOfASlurIsCleared",
+     {Half("E5", "1", kSlurStart), Half("C5", "1", kSlurStop) + Half("D5") + kSecondVoice},
+     {"--replace", "--measures", "2"}},
+    {"AnExpressionStaysWithItsGraceNote",
+     {Half("C5") + Half("D5") + Backup(8) + Half("E4", "2") +
+      "<direction><direction-type><words>p</words></direction-type><voice>2</voice></direction>" +
+      Note({.duration = 0, .voice = "2", .first = "<grace/>"}) + Half("G4", "2")}},
+    {"ASlurToAFilledRest",
+     {Half("A5", "1", kSlurStart) + Half("r", "1", kSlurStop) + Backup(8) + Half("r", "2") +
+      Half("C5", "2", kFermata)}},
+    {"ASlurToRestsFilledWithALongerNote",
+     {Half("C4", "1", kSlurStart), Half("r") + Half("r", "1", kSlurStop) + Backup(8) +
+                                       Note({.duration = 8, .type = "whole", .voice = "2"})}},
+    {"AFilledRestHadAStemAndABeam",
+     {Half("A5") + Half("r", "1", "<stem>none</stem><beam>continue</beam>") + Backup(8) +
+      Half("r", "2") + Half("C5", "2")}},
+    {"AStemOfALaterNoteOfAChord",
+     {Half("A5", "1", kStem) + Backup(4) + Half("A5", "2") +
+      Note({.pitch = "E4",
+            .duration = 4,
+            .type = "half",
+            .voice = "2",
+            .more = kStem,
+            .first = "<chord/>"})}},
+    {"ANotesNotationsChangeOrder",
+     {Half("A5") +
+      Note({.pitch = "C6",
+            .duration = 4,
+            .type = "half",
+            .more = Notations(kFinger, " print-object=\"no\"") + Notations(kFinger),
+            .first = "<chord/>"}) +
+      Backup(4) + Half("C5", "2")}},
+};
+
+TEST_F(CommandRun, WhatLosesNothingIsVerified) {
+    for (const auto& c : kLossless) {
+        SCOPED_TRACE(c.name);
+        const std::vector<std::string_view> measures{c.measures.begin(), c.measures.end()};
+        std::vector<std::string> arguments{"merge",   Write("in.xml", standin::ScoreText(measures)),
+                                           "-o",      File("out.xml"),
+                                           "--from",  "2",
+                                           "--verify"};
+        arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+        EXPECT_EQ(Run(arguments), kDone) << errors;
+    }
+}
+
+TEST_F(CommandRun, OneEndOfWhatCrossesABarlineStaysInEachMeasure) {
+    const std::string ends[] = {"<beam number=\"1\">begin</beam>", "<tuplet type=\"start\"/>",
+                                "<beam number=\"1\">end</beam>", "<tuplet type=\"stop\"/>"};
+    const auto eighth = [](std::string_view voice, std::string_view more = "") {
+        return Note({.duration = 1, .type = "eighth", .voice = voice, .more = more});
+    };
+    const std::string text = standin::ScoreText(
+        {Half("C5") + eighth("1", ends[0] + Notations(ends[1])) + Backup(5) + Half("C4", "2"),
+         eighth("1", ends[2] + Notations(ends[3])) + Half("C5") + Backup(5) + eighth("2")});
+    ASSERT_EQ(Run({"merge", Write("in.xml", text), "-o", File("out.xml"), "--no-rebeam"}), kDone)
+        << errors;
+    const std::string merged = Content(File("out.xml"));
+    for (const std::string& end : ends) {
+        EXPECT_NE(merged.find(end), std::string::npos) << end << " in " << merged;
+    }
 }
 
 TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {

@@ -6,6 +6,8 @@ namespace {
 
 const std::string kStaccato = "<notations><articulations><staccato/></articulations></notations>";
 const std::string kTie = "<notations><tied type=\"start\"/></notations>";
+const std::string kLyric = "<lyric><text>a</text></lyric>";
+const std::string kSlurStart = "<notations><slur type=\"start\"/></notations>";
 const std::string kTempo = "<direction><sound tempo=\"60\"/></direction>";
 const std::string kSecondE = Backup(2) + Note({.pitch = "E4", .voice = "2"});
 const std::string kSecondEStaccato =
@@ -43,13 +45,32 @@ const struct {
      SlurNote("start") + Note({}) + SlurNote("stop"),
      "1: <slur type=\"start\"/> lost\n1: <slur type=\"start\"/> added\n"
      "2: <slur type=\"stop\"/> lost\n3: <slur type=\"stop\"/> added\n",
-     "1: <slur type=\"start\"/> lost\n1: <slur type=\"start\"/> added\n"
-     "1: C4 quarter parted from what belongs to it\n2: <slur type=\"stop\"/> lost\n"
-     "2: C4 quarter parted from what belongs to it\n3: <slur type=\"stop\"/> added\n"},
+     "1: C4 quarter parted from what belongs to it\n2: C4 quarter parted from what belongs to it\n"
+     "1: <slur type=\"start\"/> lost\n2: <slur type=\"stop\"/> lost\n"
+     "1: <slur type=\"start\"/> added\n3: <slur type=\"stop\"/> added\n"},
+    {"SlurFromARestLost", Note({.pitch = "r", .more = kSlurStart}) + SlurNote("stop"),
+     Note({.pitch = "r"}) + SlurNote("stop"),
+     "1: <slur type=\"start\"/> lost\n2: <slur type=\"stop\"/> lost\n"
+     "2: <slur type=\"stop\"/> added\n",
+     "1: <slur type=\"start\"/> lost\n2: <slur type=\"stop\"/> lost\n"
+     "2: <slur type=\"stop\"/> added\n"},
+    {"OnceOfTwoRestsIsNotEnough",
+     Note({.pitch = "r", .more = kStaccato}) + Backup(2) +
+         Note({.pitch = "r", .voice = "2", .more = kStaccato}),
+     Note({.pitch = "r", .more = kStaccato}) + Backup(2) + Note({.pitch = "r", .voice = "2"}),
+     "1: <staccato/> lost\n", nullptr},
+    {"LyricOfARestOnANote", Note({.pitch = "r", .more = kLyric}) + kSecondE,
+     Note({.pitch = "r"}) + Backup(2) + Note({.pitch = "E4", .voice = "2", .more = kLyric}),
+     "1: <lyric><text>a</text></lyric> lost\n1: <lyric><text>a</text></lyric> added\n", nullptr},
     {"SlursNumberDoesNotCount", SlurNote("start") + SlurNote("stop"),
      SlurNote("start", "2") + SlurNote("stop", "2"), "", nullptr},
     {"DirectionLost", kTempo + Note({}), Note({}),
      "part 1, measure 1: <direction><sound tempo=\"60\"/></direction> lost\n", nullptr},
+    {"LongTextIsCutBetweenCharacters",
+     Note({.more = "<lyric><text>éééééééééééééééééééééééé</text></lyric>"}), Note({}),
+     "1: <lyric><text>ééééééééééééééééééééééé... lost\n",
+     "1: <lyric><text>ééééééééééééééééééééééé... lost\n"
+     "1: C4 quarter parted from what belongs to it\n"},
     {"SpaceBetweenTagsDoesNotCount", Note({.more = kStaccato}),
      Note({.more = "<notations>\n <articulations>\n  <staccato />\n </articulations></notations>"}),
      "", nullptr},

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -15,7 +16,7 @@
 namespace standin {
 
 // A score of one part with these measures. The first begins with 2 divisions a quarter, 4/4.
-inline std::string ScoreText(std::initializer_list<std::string_view> measures,
+inline std::string ScoreText(std::span<const std::string_view> measures,
                              std::string_view attributes = {}) {
     std::string text =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<score-partwise version=\"4.0\">\n"
@@ -32,6 +33,11 @@ inline std::string ScoreText(std::initializer_list<std::string_view> measures,
         text.append(measure).append("</measure>\n");
     }
     return text + "</part>\n</score-partwise>\n";
+}
+
+inline std::string ScoreText(std::initializer_list<std::string_view> measures,
+                             std::string_view attributes = {}) {
+    return ScoreText(std::span{measures.begin(), measures.size()}, attributes);
 }
 
 struct NoteOf {
