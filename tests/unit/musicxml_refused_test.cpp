@@ -85,6 +85,9 @@ TEST(Archives, DamagedOnesAreRefusedWithAReason) {
     const std::string container = "META-INF/container.xml";
     const std::string whole = MakeArchive("music.xml", ScoreText({Note({})}));
     const std::string large((1U << 20U) + 1, ' ');
+    constexpr std::size_t kChecksum = 16;  // in a member's entry of the directory
+    std::string altered = whole;
+    altered[altered.rfind("PK\1\2") + kChecksum] ^= 1;
     const struct {
         const char* message;
         std::string bytes;
@@ -94,6 +97,7 @@ TEST(Archives, DamagedOnesAreRefusedWithAReason) {
         {"names no score", ReplaceArchivedScore(whole, container, "<container/>")},
         {"no member music.xml", Renamed(whole, "music.xml", "other.xml")},
         {"too large", ReplaceArchivedScore(whole, container, large)},
+        {"music.xml cannot be unpacked", altered},
     };
     for (const auto& c : cases) {
         const ReadResult result = ReadScore(c.bytes);
