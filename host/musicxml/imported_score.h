@@ -23,6 +23,7 @@ struct MeasureItem {
     std::size_t end = 0;
     Rational time{};
     bool closesMeasure = false;  // the right barline
+    Rational divisions{};        // that it sets; 0 = none
 };
 
 // One <measure> of one part.

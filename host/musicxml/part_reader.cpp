@@ -19,6 +19,10 @@ bool IsRightBarline(pugi::xml_node node) {
            std::string_view{node.attribute("location").as_string("right")} == "right";
 }
 
+bool SetsDivisions(pugi::xml_node node) {
+    return std::strcmp(node.name(), "attributes") == 0 && node.child("divisions");
+}
+
 // Where no <divisions> were given, a note's type still tells what its duration means.
 Rational ImpliedDivisions(pugi::xml_node note) {
     const NoteType type = NoteTypeOf(Trimmed(note.child_value("type")));
@@ -118,7 +122,6 @@ Problem PartReader::ReadChild(pugi::xml_node child) {
         if (Problem problem = ReadAttributes(child, m_context)) {
             return problem;
         }
-        m_part.namesDivisions = m_part.namesDivisions || child.child("divisions");
     }
     return ReadItem(child);
 }
@@ -177,7 +180,10 @@ Problem PartReader::ReadItem(pugi::xml_node item) {
     if (std::strcmp(item.name(), "direction") == 0 && item.child("voice")) {
         m_directions.push_back({item, m_time, static_cast<u32>(measure.items.size())});
     }
-    measure.items.push_back({begin, end, m_time, IsRightBarline(item)});
+    const bool setsDivisions = SetsDivisions(item);
+    m_part.namesDivisions = m_part.namesDivisions || setsDivisions;
+    measure.items.push_back({begin, end, m_time, IsRightBarline(item),
+                             setsDivisions ? m_context.divisions : Rational{}});
     return {};
 }
 

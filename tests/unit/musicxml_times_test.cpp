@@ -50,6 +50,11 @@ const struct {
     {"DivisionsChangeWithinTheMeasure",
      Note({}) + "<attributes><divisions>10</divisions></attributes>" + Note({.duration = 10}),
      "0+1024 1024+1024", 2048},
+    {"DivisionsBetweenComments",
+     "<attributes><!-- <divisions>480</divisions> --><divisions ><!-- "
+     "-->4</divisions></attributes>" +
+         Note({.duration = 4}),
+     "0+1024", 1024},
 };
 
 TEST(Times, AreKeptInAndOut) {
