@@ -30,9 +30,10 @@ struct MeasureItem {
 struct PartMeasure {
     std::size_t bodyBegin = 0;  // its text between the measure's tags, in the score's text
     std::size_t bodyEnd = 0;
-    Rational divisions{1, 1};  // a quarter note, in force where the measure starts
-    Rational grid{1, 1};       // likewise, where it ends
-    Rational length{};         // the farthest time that its content reaches
+    Rational divisions{1, 1};       // a quarter note, in force where the measure starts
+    Rational grid{1, 1};            // likewise, where it ends
+    Rational length{};              // the farthest time that its content reaches
+    bool changesDivisions = false;  // by <attributes> that say nothing else and are no item
     std::vector<MeasureItem> items;
 };
 

@@ -81,6 +81,9 @@ std::string MeasureWriter::Write() {
     CollectStreams();
     MendLines();
     CollectItems();
+    if (m_original.changesDivisions) {
+        SetDivisions(m_original.grid);
+    }
     for (const Stream& stream : m_streams) {
         WriteStream(stream);
     }
@@ -89,6 +92,9 @@ std::string MeasureWriter::Write() {
     }
     if (m_reached < m_original.length) {
         MoveTo(m_original.length);
+    }
+    if (!(m_divisions == m_original.grid)) {
+        SetDivisions(m_original.grid);
     }
     m_out += m_closing;
     return std::move(m_out);
@@ -256,6 +262,7 @@ void MeasureWriter::WriteStream(const Stream& stream) {
     for (const Event& event : stream.events) {
         WriteItemsUntil(event.time.start);
         MoveTo(event.time.start);
+        MakeRoomFor(event.time.length);
         NoteContext context;
         context.time = event.time;
         context.divisions = m_divisions;
@@ -330,7 +337,22 @@ void MeasureWriter::MoveTo(Rational time) {
     m_reached = m_reached < m_time ? m_time : m_reached;
 }
 
+// Music moves to where other divisions hold, which may not tell its length.
+void MeasureWriter::MakeRoomFor(Rational length) {
+    if (DurationText(length, m_divisions).empty()) {
+        const bool fits = !DurationText(length, m_original.grid).empty();
+        SetDivisions(fits ? m_original.grid : Rational{length.den, 1});
+    }
+}
+
+void MeasureWriter::SetDivisions(Rational divisions) {
+    m_divisions = divisions;
+    m_out.append(m_indent).append("<attributes><divisions>");
+    m_out.append(DurationText(divisions, {1, 1})).append("</divisions></attributes>");
+}
+
 void MeasureWriter::WriteMove(std::string_view name, Rational length) {
+    MakeRoomFor(length);
     const std::string inner = m_indent.empty() ? m_indent : m_indent + m_unit;
     m_out.append(m_indent).append(1, '<').append(name).append(1, '>').append(inner);
     m_out.append("<duration>").append(DurationText(length, m_divisions)).append("</duration>");

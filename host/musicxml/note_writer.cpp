@@ -10,6 +10,7 @@ namespace standin {
 
 namespace {
 
+constexpr std::size_t kMostDigits = 12;  // that reading takes, too
 constexpr std::array<char, 7> kSteps{'C', 'D', 'E', 'F', 'G', 'A', 'B'};
 
 }  // namespace
@@ -21,13 +22,13 @@ std::string DurationText(Rational length, Rational divisions) {
     num %= den;
     if (num != 0) {
         text += '.';
-        for (int digit = 0; digit < 6 && num != 0; ++digit) {
+        while (num != 0 && text.size() <= kMostDigits) {
             num *= 10;
             text += static_cast<char>('0' + num / den);
             num %= den;
         }
     }
-    return text;
+    return num == 0 ? text : std::string{};
 }
 
 void NoteWriter::Write(const NoteContext& context, const EntryTexts& texts, std::string& out) {

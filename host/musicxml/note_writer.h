@@ -99,7 +99,7 @@ private:
     std::deque<std::string> m_made;  // texts that the score does not hold
 };
 
-// A number of divisions as the format writes it.
+// A number of divisions as the format writes it; empty when that takes more than 12 digits.
 std::string DurationText(Rational length, Rational divisions);
 
 }  // namespace standin

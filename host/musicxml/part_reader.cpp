@@ -19,8 +19,11 @@ bool IsRightBarline(pugi::xml_node node) {
            std::string_view{node.attribute("location").as_string("right")} == "right";
 }
 
-bool SetsDivisions(pugi::xml_node node) {
-    return std::strcmp(node.name(), "attributes") == 0 && node.child("divisions");
+// Of <attributes>: that they are plain <divisions>, which the writer chooses as it needs them.
+bool SaysNothingElse(pugi::xml_node attributes) {
+    const pugi::xml_node child = attributes.first_child();
+    return !attributes.first_attribute() && child == attributes.last_child() &&
+           !child.first_attribute() && !child.first_child();
 }
 
 // Where no <divisions> were given, a note's type still tells what its duration means.
@@ -180,8 +183,13 @@ Problem PartReader::ReadItem(pugi::xml_node item) {
     if (std::strcmp(item.name(), "direction") == 0 && item.child("voice")) {
         m_directions.push_back({item, m_time, static_cast<u32>(measure.items.size())});
     }
-    const bool setsDivisions = SetsDivisions(item);
+    const bool setsDivisions =
+        std::strcmp(item.name(), "attributes") == 0 && item.child("divisions");
     m_part.namesDivisions = m_part.namesDivisions || setsDivisions;
+    if (setsDivisions && SaysNothingElse(item)) {
+        measure.changesDivisions = true;
+        return {};
+    }
     measure.items.push_back({begin, end, m_time, IsRightBarline(item),
                              setsDivisions ? m_context.divisions : Rational{}});
     return {};
