@@ -66,6 +66,8 @@ struct ImportedScore {
     Fragments fragments;
     Fragments pitches;  // unpitched and microtonal notes, by the second field of a note
     WrittenForms forms;
+    // Text expression definitions, by text and whether they stand at an entry.
+    std::map<std::pair<FragmentId, bool>, u16> definitions;
     Document* document = nullptr;
     std::unique_ptr<Document> ownDocument;  // when it was imported into none that was there
 };

@@ -62,7 +62,7 @@ bool IsOfOneNote(std::string_view name) {
 template <typename Record>
 void NoteAttachments::Create(u32 tag, const Record& record) {
     const RecordKey key = RecordKey::OfEntry(m_place.entry->entryNumber, kAppend);
-    m_records.Create(tag, key, BytesOf(record));
+    m_fits = m_records.Create(tag, key, BytesOf(record)).has_value() && m_fits;
 }
 
 void NoteAttachments::CreateEntryText(u32 tag, EntryTextKind kind, FragmentId fragment) {
@@ -84,7 +84,7 @@ void NoteAttachments::AddExtra(std::string_view element) {
     m_extras += element;
 }
 
-void NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
+bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     m_place = place;
     m_voice = note.voice;
     m_extras.clear();
@@ -123,6 +123,7 @@ void NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     }
     StoreExtras(note);
     StoreTies();
+    return m_fits;
 }
 
 void NoteAttachments::ReadChild(pugi::xml_node child) {

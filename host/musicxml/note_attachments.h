@@ -29,7 +29,8 @@ public:
           m_records{score.document->Records()},
           m_spanners{spanners} {}
 
-    void Read(const NoteElement& note, const EntryPlace& place);
+    // False when the entry's records cannot hold all that hangs on it.
+    [[nodiscard]] bool Read(const NoteElement& note, const EntryPlace& place);
 
     // The brackets that start and stop at the entry read last with its first note.
     FragmentId TupletStarts() const noexcept { return m_tupletStarts; }
@@ -76,6 +77,7 @@ private:
     bool m_dotsArePlain = true;
     TieElements m_tieStart;
     TieElements m_tieEnd;
+    bool m_fits = true;
     FragmentId m_tupletStarts = 0;
     FragmentId m_tupletStops = 0;
 };

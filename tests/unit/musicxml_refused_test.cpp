@@ -62,6 +62,33 @@ TEST(Refused, SaysWhatIsWrongAndWhere) {
     }
 }
 
+std::string Repeated(int count, std::string_view element) {
+    std::string all;
+    for (int i = 0; i < count; ++i) {
+        all += element;
+    }
+    return all;
+}
+
+// The host's records have numbers of 16 bits.
+TEST(Refused, MoreThanTheHostsRecordsHold) {
+    const std::pair<const char*, std::string> cases[] = {
+        {"more slurs and other lines",
+         Repeated(256, Note({.more = "<notations>" + Repeated(256, "<slur type=\"start\"/>") +
+                                     "</notations>"}))},
+        {"more things at one note",
+         Note({.more = "<notations><articulations>" + Repeated(0x10000, "<accent/>") +
+                       "</articulations></notations>"})},
+        {"more directions",
+         Note({}) + Repeated(0x10000, "<direction><voice>1</voice></direction>")},
+    };
+    for (const auto& [message, measure] : cases) {
+        const ReadResult result = ReadScore(ScoreText({measure}));
+        EXPECT_NE(result.message.find(message), std::string::npos) << result.message;
+        EXPECT_GT(result.line, 1U);
+    }
+}
+
 // A file cut anywhere is refused or read, never a crash.
 TEST(Damaged, AnyPrefixOfAScoreIsSafe) {
     const std::string whole = ScoreText(

@@ -33,7 +33,7 @@ std::string Divisions(int count) {
     return "<attributes><divisions>" + std::to_string(count) + "</divisions></attributes>";
 }
 
-const std::string third = Note({.duration = 4, .voice = "2"});
+const std::string kThird = Note({.duration = 4, .voice = "2"});
 
 const struct {
     const char* name;
@@ -62,7 +62,7 @@ const struct {
      "0+1024", 1024},
     {"DivisionsOfALaterVoice",
      Divisions(3) + Note({.duration = 6}) + Divisions(1) + Note({}) + Backup(4) + Divisions(3) +
-         third + third + third,
+         kThird + kThird + kThird,
      "0+2048 2048+2048", 4096},
 };
 
