@@ -51,6 +51,11 @@ NoteChild ChildOf(std::string_view name) {
     return found == kChildren.end() ? NoteChild::kExtra : found->second;
 }
 
+bool IsMarkup(pugi::xml_node node) {
+    return node.type() == pugi::node_element || node.type() == pugi::node_comment ||
+           node.type() == pugi::node_pi;
+}
+
 // Notations that belong to the one note even in a chord.
 bool IsOfOneNote(std::string_view name) {
     return name == "technical" || name == "arpeggiate" || name == "non-arpeggiate" ||
@@ -80,14 +85,17 @@ void NoteAttachments::CreateNoteText(u32 tag, FragmentId fragment) {
     }
 }
 
+// What is written last is kept last, so that a note written anew reads the same.
 void NoteAttachments::AddExtra(std::string_view element) {
-    m_extras += element;
+    const bool isComment = element.starts_with("<!") || element.starts_with("<?");
+    (isComment ? m_comments : m_extras) += element;
 }
 
 bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     m_place = place;
     m_voice = note.voice;
     m_extras.clear();
+    m_comments.clear();
     m_notehead.clear();
     m_dots.clear();
     m_beams.clear();
@@ -149,7 +157,11 @@ void NoteAttachments::ReadChild(pugi::xml_node child) {
             ReadTie(child, TextOf(m_text, child));
             break;
         case NoteChild::kAccidental:
-            CreateNoteText(DetailTag::kAccidental, Slice(child));
+            if (IsRest()) {
+                AddExtra(TextOf(m_text, child));
+            } else {
+                CreateNoteText(DetailTag::kAccidental, Slice(child));
+            }
             break;
         case NoteChild::kNotehead:
             m_notehead += TextOf(m_text, child);
@@ -167,7 +179,7 @@ void NoteAttachments::ReadChild(pugi::xml_node child) {
             ReadNotations(child);
             break;
         case NoteChild::kExtra:
-            if (child.type() == pugi::node_element) {
+            if (IsMarkup(child)) {
                 AddExtra(TextOf(m_text, child));
             }
             break;
@@ -213,7 +225,7 @@ void NoteAttachments::ReadTie(pugi::xml_node node, std::string_view element) {
     const std::string_view type = node.attribute("type").value();
     TieElements& tie = type == "start" ? m_tieStart : m_tieEnd;
     FragmentId& kept = std::strcmp(node.name(), "tied") == 0 ? tie.tied : tie.tie;
-    if ((type != "start" && type != "stop") || kept != 0) {
+    if ((type != "start" && type != "stop") || kept != 0 || IsRest()) {
         AddExtra(element);
         return;
     }
@@ -225,7 +237,7 @@ void NoteAttachments::ReadTie(pugi::xml_node node, std::string_view element) {
 
 void NoteAttachments::ReadNotations(pugi::xml_node notations) {
     for (const pugi::xml_node notation : notations.children()) {
-        if (notation.type() == pugi::node_element) {
+        if (IsMarkup(notation)) {
             ReadNotation(notation, notations);
         }
     }
@@ -262,7 +274,7 @@ void NoteAttachments::ReadNotation(pugi::xml_node notation, pugi::xml_node notat
 
 void NoteAttachments::ReadArticulations(pugi::xml_node articulations) {
     for (const pugi::xml_node child : articulations.children()) {
-        if (child.type() == pugi::node_element) {
+        if (IsMarkup(child)) {
             CreateEntryText(DetailTag::kArticulation, EntryTextKind::kArticulation, Slice(child));
         }
     }
@@ -270,7 +282,7 @@ void NoteAttachments::ReadArticulations(pugi::xml_node articulations) {
 
 void NoteAttachments::ReadOrnaments(pugi::xml_node ornaments) {
     for (pugi::xml_node child = ornaments.first_child(); child; child = child.next_sibling()) {
-        if (child.type() != pugi::node_element) {
+        if (!IsMarkup(child)) {
             continue;
         }
         if (IsSpanner(child.name()) && ReadSpanner(child, TextOf(m_text, child))) {
@@ -312,10 +324,10 @@ void NoteAttachments::ReadTuplet(pugi::xml_node tuplet, std::string_view element
 }
 
 void NoteAttachments::StoreExtras(const NoteElement& note) {
+    m_extras += m_comments;
     if (note.rest) {
-        if (!m_notehead.empty()) {
-            m_extras += m_notehead;
-        }
+        m_extras += m_notehead;
+        m_extras += m_dotsArePlain ? "" : m_dots;
         if (!m_extras.empty()) {
             CreateEntryText(DetailTag::kArticulation, EntryTextKind::kRestExtras,
                             m_fragments.InternCopy(m_extras));

@@ -44,6 +44,7 @@ private:
     };
 
     bool IsFirst() const noexcept { return m_place.noteIndex == 0; }
+    bool IsRest() const noexcept { return m_place.entry->noteCount == 0; }
     FragmentId Slice(pugi::xml_node node) { return m_fragments.Intern(TextOf(m_text, node)); }
     void ReadChild(pugi::xml_node child);
     void ReadStem(pugi::xml_node stem);
@@ -71,6 +72,7 @@ private:
     EntryPlace m_place;  // of the note being read
     std::string_view m_voice;
     std::string m_extras;
+    std::string m_comments;  // and instructions
     std::string m_notehead;
     std::string m_dots;
     std::string m_beams;

@@ -59,18 +59,21 @@ void NoteWriter::AddExtras(FragmentId id) {
     }
     ForEachElement(bundle, [this](std::string_view element) {
         const std::string_view name = ElementName(element);
-        const Slot slot = name == "grace"                                 ? kGrace
-                          : name == "cue"                                 ? kCue
-                          : name == "tie"                                 ? kTie
-                          : name == "instrument"                          ? kInstrument
-                          : name == "footnote" || name == "level"         ? kEditorial
-                          : name == "type"                                ? kType
-                          : name == "stem"                                ? kStem
-                          : name == "notehead" || name == "notehead-text" ? kNotehead
-                          : name == "beam"                                ? kBeam
-                          : name == "play"                                ? kPlay
-                          : name == "listen"                              ? kListen
-                                                                          : kNotations;
+        const Slot slot = name == "grace"                                  ? kGrace
+                          : name == "cue"                                  ? kCue
+                          : name == "tie"                                  ? kTie
+                          : name == "instrument"                           ? kInstrument
+                          : name == "footnote" || name == "level"          ? kEditorial
+                          : name == "type"                                 ? kType
+                          : name == "dot"                                  ? kDot
+                          : name == "accidental"                           ? kAccidental
+                          : name == "stem"                                 ? kStem
+                          : name == "notehead" || name == "notehead-text"  ? kNotehead
+                          : name == "beam"                                 ? kBeam
+                          : name == "play"                                 ? kPlay
+                          : name == "listen"                               ? kListen
+                          : name.starts_with('!') || name.starts_with('?') ? kLast
+                                                                           : kNotations;
         m_extras.push_back({slot, element});
     });
 }
@@ -158,7 +161,6 @@ void NoteWriter::Ties(const EXNOTE& note) {
     };
     write(NoteFlag::kTieEnd, DetailTag::kTieEnd, "<tie type=\"stop\"/>");
     write(NoteFlag::kTieStart, DetailTag::kTieStart, "<tie type=\"start\"/>");
-    Extras(Slot::kTie);
 }
 
 void NoteWriter::TypeAndDots(u16 noteID, bool isRest) {
@@ -176,7 +178,8 @@ void NoteWriter::TypeAndDots(u16 noteID, bool isRest) {
         ForEachElement(dots, [this](std::string_view dot) { Element(dot); });
         return;
     }
-    for (int i = 0; i < value.dots; ++i) {
+    const bool areKept = Extras(Slot::kDot);
+    for (int i = 0; i < value.dots && !areKept; ++i) {
         Element("<dot/>");
     }
 }
@@ -247,6 +250,7 @@ void NoteWriter::WriteNote(int index) {
     if (!isRest) {
         Ties(note);
     }
+    Extras(Slot::kTie);
     Extras(Slot::kInstrument);
     Extras(Slot::kEditorial);
     if (!m_context->voice.empty()) {
@@ -258,6 +262,7 @@ void NoteWriter::WriteNote(int index) {
         has && !isRest) {
         Element(accidental);
     }
+    Extras(Slot::kAccidental);
     TimeModification();
     Stem(index == 0);
     if (const std::string_view heads = DetailOfNote(DetailTag::kNotehead, note.noteID, has);
@@ -277,6 +282,7 @@ void NoteWriter::WriteNote(int index) {
     }
     Extras(Slot::kPlay);
     Extras(Slot::kListen);
+    Extras(Slot::kLast);
     m_out->append(m_indent).append("</note>");
 }
 

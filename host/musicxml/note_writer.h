@@ -47,12 +47,15 @@ private:
         kInstrument,
         kEditorial,
         kType,
+        kDot,
+        kAccidental,
         kStem,
         kNotehead,
         kBeam,
         kNotations,
         kPlay,
         kListen,
+        kLast,
     };
     struct Extra {
         Slot slot;

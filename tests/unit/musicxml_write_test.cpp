@@ -52,7 +52,9 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
 <duration>1</duration><voice>1</voice><type>eighth</type><stem>none</stem>
 <beam number="1">end</beam><notations><slur type="stop" number="2"/></notations></note>
 <note><rest><display-step>B</display-step><display-octave>4</display-octave></rest>
-<duration>2</duration><voice>1</voice><type>quarter</type></note>
+<duration>2</duration><tie type="start"/><voice>1</voice><type>quarter</type>
+<dot placement="above"/><accidental>flat</accidental>
+<notations><tied type="start"/><!-- in --></notations><!-- a --><?b c?></note>
 <note print-object="no"><rest/><duration>2</duration><voice>1</voice><type>quarter</type></note>
 <barline location="right"><bar-style>light-heavy</bar-style></barline>
 )"});
