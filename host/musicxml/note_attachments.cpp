@@ -56,6 +56,17 @@ bool IsMarkup(pugi::xml_node node) {
            node.type() == pugi::node_pi;
 }
 
+std::string NotationsTag(std::string_view attributes) {
+    return "<notations" + (attributes.empty() ? "" : ' ' + std::string{attributes}) + '>';
+}
+
+// An id stands once in a file, so that of several pieces only the first can have it.
+std::string WithoutId(std::string_view attributes) {
+    const std::string tag = WithAttribute(NotationsTag(attributes), "id", {});
+    const std::size_t name = std::string_view{"<notations"}.size();
+    return std::string{Trimmed(std::string_view{tag}.substr(name, tag.size() - name - 1))};
+}
+
 // Notations that belong to the one note even in a chord.
 bool IsOfOneNote(std::string_view name) {
     return name == "technical" || name == "arpeggiate" || name == "non-arpeggiate" ||
@@ -88,13 +99,15 @@ void NoteAttachments::CreateNoteText(u32 tag, FragmentId fragment) {
 // What is written last is kept last, so that a note written anew reads the same.
 void NoteAttachments::AddExtra(std::string_view element) {
     const bool isComment = element.starts_with("<!") || element.starts_with("<?");
-    (isComment ? m_comments : m_extras) += element;
+    const bool isSeparate = ElementName(element) == "notations";
+    (isComment ? m_comments : isSeparate ? m_separateNotations : m_extras) += element;
 }
 
 bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     m_place = place;
     m_voice = note.voice;
     m_extras.clear();
+    m_separateNotations.clear();
     m_comments.clear();
     m_notehead.clear();
     m_dots.clear();
@@ -236,20 +249,24 @@ void NoteAttachments::ReadTie(pugi::xml_node node, std::string_view element) {
 }
 
 void NoteAttachments::ReadNotations(pugi::xml_node notations) {
+    std::string attributes{AttributesOf(m_text, notations)};
     for (const pugi::xml_node notation : notations.children()) {
         if (IsMarkup(notation)) {
-            ReadNotation(notation, notations);
+            ReadNotation(notation, attributes);
+            attributes = WithoutId(attributes);
         }
     }
 }
 
-void NoteAttachments::ReadNotation(pugi::xml_node notation, pugi::xml_node notations) {
+void NoteAttachments::ReadNotation(pugi::xml_node notation, std::string_view attributes) {
     const std::string_view name = notation.name();
     std::string wrapped;
     std::string_view element = TextOf(m_text, notation);
-    if (const std::string_view attributes = AttributesOf(m_text, notations); !attributes.empty()) {
-        wrapped.append("<notations ").append(attributes).append(">").append(element);
-        element = wrapped.append("</notations>");
+    // A footnote stands first, which it would not behind notations of other notes.
+    const bool isEditorial = name == "footnote" || name == "level";
+    if (!attributes.empty() || isEditorial) {
+        wrapped = NotationsTag(attributes);
+        element = wrapped.append(element).append("</notations>");
     }
     if (name == "tied") {
         ReadTie(notation, element);
@@ -324,7 +341,7 @@ void NoteAttachments::ReadTuplet(pugi::xml_node tuplet, std::string_view element
 }
 
 void NoteAttachments::StoreExtras(const NoteElement& note) {
-    m_extras += m_comments;
+    m_extras += m_separateNotations + m_comments;
     if (note.rest) {
         m_extras += m_notehead;
         m_extras += m_dotsArePlain ? "" : m_dots;

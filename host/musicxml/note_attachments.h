@@ -50,7 +50,8 @@ private:
     void ReadStem(pugi::xml_node stem);
     void ReadLyric(pugi::xml_node lyric);
     void ReadNotations(pugi::xml_node notations);
-    void ReadNotation(pugi::xml_node notation, pugi::xml_node notations);
+    // attributes: of the <notations> around it.
+    void ReadNotation(pugi::xml_node notation, std::string_view attributes);
     void ReadArticulations(pugi::xml_node articulations);
     void ReadOrnaments(pugi::xml_node ornaments);
     void ReadTie(pugi::xml_node node, std::string_view element);
@@ -72,6 +73,7 @@ private:
     EntryPlace m_place;  // of the note being read
     std::string_view m_voice;
     std::string m_extras;
+    std::string m_separateNotations;
     std::string m_comments;  // and instructions
     std::string m_notehead;
     std::string m_dots;

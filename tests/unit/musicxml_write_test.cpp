@@ -63,6 +63,30 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
     EXPECT_EQ(Tags(Rebuilt(*score)), Tags(text));
 }
 
+TEST(Rebuilt, PiecesOfNotationsKeepWhatTheyNeed) {
+    const struct {
+        const char* notations;
+        const char* expected;  // once
+    } cases[] = {
+        {"<notations id=\"a\" print-object=\"no\"><fermata/><technical/></notations>", "id=\"a\""},
+        {"<notations id=\"a\" print-object=\"no\"><fermata/><technical/></notations>",
+         "<notations print-object=\"no\"><technical/></notations>"},
+        {"<notations id=\"a\"><footnote>b</footnote><slur type=\"start\"/><fermata/></notations>",
+         "<notations id=\"a\"><footnote>b</footnote></notations>"},
+        {"<notations><level>b</level><slur type=\"start\"/><fermata/></notations>",
+         "<notations><level>b</level></notations>"},
+    };
+    for (const char* first : {"", "<chord/>"}) {
+        for (const auto& c : cases) {
+            const auto score = Read(
+                ScoreText({Note({.pitch = "E4"}) + Note({.more = c.notations, .first = first})}));
+            const std::string written = Rebuilt(*score);
+            EXPECT_EQ(Count(written, c.expected), 1) << written;
+            EXPECT_EQ(Differences(*score, *Read(written)), "");
+        }
+    }
+}
+
 TEST(Rebuilt, AnUnescapedSignInAnAttributeIsEscaped) {
     std::string text = ScoreText({Note({})});
     text.replace(text.find("<note>"), 6, "<note id=\"a<b>\">");
