@@ -302,16 +302,17 @@ void NoteAttachments::ReadOrnaments(pugi::xml_node ornaments) {
         if (!IsMarkup(child)) {
             continue;
         }
-        if (IsSpanner(child.name()) && ReadSpanner(child, TextOf(m_text, child))) {
-            continue;
-        }
+        const pugi::xml_node ornament = child;
         const std::size_t begin = OffsetOf(child);
         while (std::strcmp(child.next_sibling().name(), "accidental-mark") == 0) {
             child = child.next_sibling();
         }
         const std::size_t end = NodeEnd(m_text, OffsetOf(child));
-        CreateEntryText(DetailTag::kArticulation, EntryTextKind::kOrnament,
-                        m_fragments.Intern(m_text.substr(begin, end - begin)));
+        const std::string_view text = m_text.substr(begin, end - begin);
+        if (!IsSpanner(ornament.name()) || !ReadSpanner(ornament, text)) {
+            CreateEntryText(DetailTag::kArticulation, EntryTextKind::kOrnament,
+                            m_fragments.Intern(text));
+        }
     }
 }
 

@@ -75,6 +75,9 @@ TEST(Rebuilt, PiecesOfNotationsKeepWhatTheyNeed) {
          "<notations id=\"a\"><footnote>b</footnote></notations>"},
         {"<notations><level>b</level><slur type=\"start\"/><fermata/></notations>",
          "<notations><level>b</level></notations>"},
+        {"<notations><ornaments><turn/><wavy-line type=\"start\"/><accidental-mark/></ornaments>"
+         "</notations>",
+         "<wavy-line type=\"start\"/><accidental-mark/>"},
     };
     for (const char* first : {"", "<chord/>"}) {
         for (const auto& c : cases) {
