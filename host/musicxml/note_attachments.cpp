@@ -116,8 +116,8 @@ bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     m_tieStart = {};
     m_tieEnd = {};
     if (IsFirst()) {
-        m_tupletStarts = 0;
-        m_tupletStops = 0;
+        m_tupletStarts.clear();
+        m_tupletStops.clear();
     }
     if (note.node.first_attribute()) {
         const bool hiddenRest = note.rest && note.hidden;
@@ -128,10 +128,9 @@ bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
         const std::size_t begin = hiddenRest ? 0 : OffsetOf(note.node);
         std::string_view attributes = tag.substr(begin, TagEnd(tag, begin) - begin - 1);
         attributes.remove_prefix(std::strlen("<note"));
-        m_extras = Trimmed(attributes);
         // What follows the attributes begins with "<", which a careless file has in a value, too.
-        for (std::size_t at = m_extras.find('<'); at < m_extras.size(); at = m_extras.find('<')) {
-            m_extras.replace(at, 1, "&lt;");
+        for (const char sign : Trimmed(attributes)) {
+            m_extras += sign == '<' ? std::string_view{"&lt;"} : std::string_view{&sign, 1};
         }
     }
     for (const pugi::xml_node child : note.node.children()) {
@@ -336,9 +335,7 @@ bool NoteAttachments::ReadSpanner(pugi::xml_node spanner, std::string_view eleme
 
 void NoteAttachments::ReadTuplet(pugi::xml_node tuplet, std::string_view element) {
     const bool isStart = std::strcmp(tuplet.attribute("type").value(), "start") == 0;
-    FragmentId& brackets = isStart ? m_tupletStarts : m_tupletStops;
-    std::string all{m_fragments[brackets]};
-    brackets = m_fragments.InternCopy(all.append(element));
+    (isStart ? m_tupletStarts : m_tupletStops) += element;
 }
 
 void NoteAttachments::StoreExtras(const NoteElement& note) {

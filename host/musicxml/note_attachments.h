@@ -33,8 +33,8 @@ public:
     [[nodiscard]] bool Read(const NoteElement& note, const EntryPlace& place);
 
     // The brackets that start and stop at the entry read last with its first note.
-    FragmentId TupletStarts() const noexcept { return m_tupletStarts; }
-    FragmentId TupletStops() const noexcept { return m_tupletStops; }
+    FragmentId TupletStarts() { return m_fragments.InternCopy(m_tupletStarts); }
+    FragmentId TupletStops() { return m_fragments.InternCopy(m_tupletStops); }
 
 private:
     struct TieElements {
@@ -82,8 +82,8 @@ private:
     TieElements m_tieStart;
     TieElements m_tieEnd;
     bool m_fits = true;
-    FragmentId m_tupletStarts = 0;
-    FragmentId m_tupletStops = 0;
+    std::string m_tupletStarts;
+    std::string m_tupletStops;
 };
 
 }  // namespace standin

@@ -89,6 +89,12 @@ TEST(Refused, MoreThanTheHostsRecordsHold) {
     }
 }
 
+TEST(Growth, TheBracketsOfANoteAreOneText) {
+    const auto score = Read(ScoreText({Note(
+        {.more = "<notations>" + Repeated(100, "<tuplet type=\"start\"/>") + "</notations>"})}));
+    EXPECT_LT(score->fragments.InternCopy("the next text"), 10U);
+}
+
 // A file cut anywhere is refused or read, never a crash.
 TEST(Damaged, AnyPrefixOfAScoreIsSafe) {
     const std::string whole = ScoreText(
@@ -124,6 +130,7 @@ TEST(Archives, DamagedOnesAreRefusedWithAReason) {
         {"names no score", ReplaceArchivedScore(whole, container, "<container/>")},
         {"no member music.xml", Renamed(whole, "music.xml", "other.xml")},
         {"too large", ReplaceArchivedScore(whole, container, large)},
+        {"too large", ReplaceArchivedScore(whole, "music.xml", std::string((64U << 20U) + 1, ' '))},
         {"music.xml cannot be unpacked", altered},
     };
     for (const auto& c : cases) {
