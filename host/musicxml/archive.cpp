@@ -7,7 +7,9 @@
 namespace standin {
 namespace {
 
-constexpr zip_uint64_t kLargestMember = zip_uint64_t{256} << 20U;
+// A small archive can hold any size, and a score takes up to 30 times its text in memory: this
+// bounds it at 2 GB. Larger scores can still be read unpacked.
+constexpr zip_uint64_t kLargestMember = zip_uint64_t{64} << 20U;
 constexpr zip_uint64_t kLargestContainer = zip_uint64_t{1} << 20U;
 
 struct Discard {
@@ -39,8 +41,10 @@ ArchiveMember ReadMember(zip_t* archive, const std::string& name, zip_uint64_t l
     }
     const MemberHandle member{zip_fopen(archive, name.c_str(), 0)};
     std::string bytes(static_cast<std::size_t>(about.size), '\0');
+    char beyond = 0;  // only a read that meets the end compares the checksum
     if (!member ||
-        zip_fread(member.get(), bytes.data(), about.size) != static_cast<zip_int64_t>(about.size)) {
+        zip_fread(member.get(), bytes.data(), about.size) != static_cast<zip_int64_t>(about.size) ||
+        zip_fread(member.get(), &beyond, 1) != 0) {
         return {name, {}, "the archive's member " + name + " cannot be unpacked"};
     }
     return {name, std::move(bytes), {}};

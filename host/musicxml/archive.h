@@ -14,7 +14,7 @@ struct ArchiveMember {
 
 bool IsArchive(std::string_view bytes);
 
-// The score that META-INF/container.xml names first. Members larger than 256 MiB are refused.
+// The score that META-INF/container.xml names first. Members larger than 64 MiB are refused.
 ArchiveMember ReadArchivedScore(std::string_view archive);
 
 // The archive with that member replaced and all others as they are; empty on failure. The

@@ -16,8 +16,9 @@ struct ExpressionPlace {
 };
 
 // Creates the assignment and, when it is new, the text expression definition. item: the
-// direction's index in its measure of the part.
-void AddExpression(Document& document, const ExpressionPlace& place, FragmentId text, u32 item);
+// direction's index in its measure of the part. False when the score cannot hold one more.
+[[nodiscard]] bool AddExpression(ImportedScore& score, const ExpressionPlace& place,
+                                 FragmentId text, u32 item);
 
 // The item that an assignment stands for.
 u32 ItemOfExpression(const Bytes& record);

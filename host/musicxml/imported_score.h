@@ -23,15 +23,17 @@ struct MeasureItem {
     std::size_t end = 0;
     Rational time{};
     bool closesMeasure = false;  // the right barline
+    Rational divisions{};        // that it sets; 0 = none
 };
 
 // One <measure> of one part.
 struct PartMeasure {
     std::size_t bodyBegin = 0;  // its text between the measure's tags, in the score's text
     std::size_t bodyEnd = 0;
-    Rational divisions{1, 1};  // a quarter note, in force where the measure starts
-    Rational grid{1, 1};       // likewise, where it ends
-    Rational length{};         // the farthest time that its content reaches
+    Rational divisions{1, 1};       // a quarter note, in force where the measure starts
+    Rational grid{1, 1};            // likewise, where it ends
+    Rational length{};              // the farthest time that its content reaches
+    bool changesDivisions = false;  // by <attributes> that say nothing else and are no item
     std::vector<MeasureItem> items;
 };
 
@@ -64,6 +66,8 @@ struct ImportedScore {
     Fragments fragments;
     Fragments pitches;  // unpitched and microtonal notes, by the second field of a note
     WrittenForms forms;
+    // Text expression definitions, by text and whether they stand at an entry.
+    std::map<std::pair<FragmentId, bool>, u16> definitions;
     Document* document = nullptr;
     std::unique_ptr<Document> ownDocument;  // when it was imported into none that was there
 };

@@ -237,6 +237,10 @@ Problem MeasureLayers::AppendEntry(EntryDraft& draft, u32 flags, std::vector<EXE
     EXENTRY& entry = draft.entry;
     entry.flags |= flags;
     const i64 actual = RoundToUnits(draft.End()) - RoundToUnits(draft.start);
+    if (actual == 0 && !draft.Grace() && entry.noteCount > 0) {
+        return {"a note lasts less than 1/1024 of a quarter note, the shortest that the host knows",
+                draft.offset};
+    }
     const auto length =
         LengthOfEntry(NotatedLength(draft.form.type, draft.form.dots), actual, draft.Grace());
     if (!length) {

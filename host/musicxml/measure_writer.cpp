@@ -41,6 +41,21 @@ std::string IndentUnit(const ImportedScore& score, const PartMeasure& measure,
     return isDeeper ? std::string{indent.substr(outer.size())} : std::string{"  "};
 }
 
+// The text of the element's first child of that name, past comments; empty when there is none.
+std::string_view ValueOfChild(std::string_view element, std::string_view name) {
+    std::size_t at = element.find('<', TagEnd(element, 0));
+    while (at < element.size() && ElementName(element.substr(at)) != name) {
+        at = element.find('<', NodeEnd(element, at));
+    }
+    if (at >= element.size()) {
+        return {};
+    }
+    for (at = TagEnd(element, at); element.substr(at).starts_with("<!--");) {
+        at = NodeEnd(element, at);
+    }
+    return element.substr(at, element.find('<', at) - at);
+}
+
 // A hidden rest that nobody needs to see written when its voice holds nothing else.
 bool IsFiller(const EXENTRY& entry, const WrittenForm& form) {
     const bool hidden = entry.noteCount == 0 && (entry.flags & EntryFlag::kIgnore) != 0;
@@ -67,6 +82,9 @@ std::string MeasureWriter::Write() {
     CollectStreams();
     MendLines();
     CollectItems();
+    if (m_original.changesDivisions) {
+        SetDivisions(m_original.grid);
+    }
     for (const Stream& stream : m_streams) {
         WriteStream(stream);
     }
@@ -75,6 +93,9 @@ std::string MeasureWriter::Write() {
     }
     if (m_reached < m_original.length) {
         MoveTo(m_original.length);
+    }
+    if (!(m_divisions == m_original.grid)) {
+        SetDivisions(m_original.grid);
     }
     m_out += m_closing;
     return std::move(m_out);
@@ -250,6 +271,7 @@ void MeasureWriter::WriteStream(const Stream& stream) {
     for (const Event& event : stream.events) {
         WriteItemsUntil(event.time.start);
         MoveTo(event.time.start);
+        MakeRoomFor(event.time.length);
         NoteContext context;
         context.time = event.time;
         context.divisions = m_divisions;
@@ -284,25 +306,15 @@ void MeasureWriter::WriteItem(const MeasureItem& item) {
         return;
     }
     m_out += element;
-    if (ElementName(element) != "attributes") {
-        return;
-    }
-    constexpr std::string_view kDivisions = "<divisions>";
-    const std::size_t divisions = element.find(kDivisions);
-    if (divisions != std::string_view::npos) {
-        const std::size_t begin = divisions + kDivisions.size();
-        const auto value = DecimalOf(element.substr(begin, element.find('<', begin) - begin));
-        m_divisions = value.value_or(m_divisions);
-    }
+    m_divisions = item.divisions.IsZero() ? m_divisions : item.divisions;
 }
 
 // The direction with the voice of the layer that its expression is assigned to.
 std::string MeasureWriter::WithVoiceOf(std::size_t item, std::string_view element) const {
-    constexpr std::string_view kVoice = "<voice>";
-    const std::size_t voice = element.find(kVoice);
+    const std::string_view voice = ValueOfChild(element, "voice");
     const RecordStore::Table& expressions = m_score.document->Records().OfTag(Tag::kExpression);
     std::string result{element};
-    if (voice == std::string_view::npos) {
+    if (voice.empty()) {
         return result;
     }
     for (auto at = expressions.lower_bound(RecordKey::Other(m_measure));
@@ -313,9 +325,8 @@ std::string MeasureWriter::WithVoiceOf(std::size_t item, std::string_view elemen
             const bool isThis = m_part.staves[staff].staff == static_cast<u16>(expression.staff) &&
                                 ItemOfExpression(at->second) == item && layer > 0;
             if (isThis) {
-                const std::size_t begin = voice + kVoice.size();
-                return result.replace(begin, element.find('<', begin) - begin,
-                                      VoiceName(staff, static_cast<u16>(layer - 1)));
+                return result.replace(static_cast<std::size_t>(voice.data() - element.data()),
+                                      voice.size(), VoiceName(staff, static_cast<u16>(layer - 1)));
             }
         }
     }
@@ -335,7 +346,22 @@ void MeasureWriter::MoveTo(Rational time) {
     m_reached = m_reached < m_time ? m_time : m_reached;
 }
 
+// Music moves to where other divisions hold, which may not tell its length.
+void MeasureWriter::MakeRoomFor(Rational length) {
+    if (DurationText(length, m_divisions).empty()) {
+        const bool fits = !DurationText(length, m_original.grid).empty();
+        SetDivisions(fits ? m_original.grid : Rational{length.den, 1});
+    }
+}
+
+void MeasureWriter::SetDivisions(Rational divisions) {
+    m_divisions = divisions;
+    m_out.append(m_indent).append("<attributes><divisions>");
+    m_out.append(DurationText(divisions, {1, 1})).append("</divisions></attributes>");
+}
+
 void MeasureWriter::WriteMove(std::string_view name, Rational length) {
+    MakeRoomFor(length);
     const std::string inner = m_indent.empty() ? m_indent : m_indent + m_unit;
     m_out.append(m_indent).append(1, '<').append(name).append(1, '>').append(inner);
     m_out.append("<duration>").append(DurationText(length, m_divisions)).append("</duration>");

@@ -53,6 +53,8 @@ private:
     void WriteItem(const MeasureItem& item);
     std::string WithVoiceOf(std::size_t item, std::string_view element) const;
     void MoveTo(Rational time);
+    void MakeRoomFor(Rational length);
+    void SetDivisions(Rational divisions);
     void WriteMove(std::string_view name, Rational length);
 
     const ImportedScore& m_score;

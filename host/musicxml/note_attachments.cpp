@@ -51,6 +51,22 @@ NoteChild ChildOf(std::string_view name) {
     return found == kChildren.end() ? NoteChild::kExtra : found->second;
 }
 
+bool IsMarkup(pugi::xml_node node) {
+    return node.type() == pugi::node_element || node.type() == pugi::node_comment ||
+           node.type() == pugi::node_pi;
+}
+
+std::string NotationsTag(std::string_view attributes) {
+    return "<notations" + (attributes.empty() ? "" : ' ' + std::string{attributes}) + '>';
+}
+
+// An id stands once in a file, so that of several pieces only the first can have it.
+std::string WithoutId(std::string_view attributes) {
+    const std::string tag = WithAttribute(NotationsTag(attributes), "id", {});
+    const std::size_t name = std::string_view{"<notations"}.size();
+    return std::string{Trimmed(std::string_view{tag}.substr(name, tag.size() - name - 1))};
+}
+
 // Notations that belong to the one note even in a chord.
 bool IsOfOneNote(std::string_view name) {
     return name == "technical" || name == "arpeggiate" || name == "non-arpeggiate" ||
@@ -62,7 +78,7 @@ bool IsOfOneNote(std::string_view name) {
 template <typename Record>
 void NoteAttachments::Create(u32 tag, const Record& record) {
     const RecordKey key = RecordKey::OfEntry(m_place.entry->entryNumber, kAppend);
-    m_records.Create(tag, key, BytesOf(record));
+    m_fits = m_records.Create(tag, key, BytesOf(record)).has_value() && m_fits;
 }
 
 void NoteAttachments::CreateEntryText(u32 tag, EntryTextKind kind, FragmentId fragment) {
@@ -80,14 +96,19 @@ void NoteAttachments::CreateNoteText(u32 tag, FragmentId fragment) {
     }
 }
 
+// What is written last is kept last, so that a note written anew reads the same.
 void NoteAttachments::AddExtra(std::string_view element) {
-    m_extras += element;
+    const bool isComment = element.starts_with("<!") || element.starts_with("<?");
+    const bool isSeparate = ElementName(element) == "notations";
+    (isComment ? m_comments : isSeparate ? m_separateNotations : m_extras) += element;
 }
 
-void NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
+bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     m_place = place;
     m_voice = note.voice;
     m_extras.clear();
+    m_separateNotations.clear();
+    m_comments.clear();
     m_notehead.clear();
     m_dots.clear();
     m_beams.clear();
@@ -95,8 +116,8 @@ void NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     m_tieStart = {};
     m_tieEnd = {};
     if (IsFirst()) {
-        m_tupletStarts = 0;
-        m_tupletStops = 0;
+        m_tupletStarts.clear();
+        m_tupletStops.clear();
     }
     if (note.node.first_attribute()) {
         const bool hiddenRest = note.rest && note.hidden;
@@ -107,10 +128,9 @@ void NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
         const std::size_t begin = hiddenRest ? 0 : OffsetOf(note.node);
         std::string_view attributes = tag.substr(begin, TagEnd(tag, begin) - begin - 1);
         attributes.remove_prefix(std::strlen("<note"));
-        m_extras = Trimmed(attributes);
         // What follows the attributes begins with "<", which a careless file has in a value, too.
-        for (std::size_t at = m_extras.find('<'); at < m_extras.size(); at = m_extras.find('<')) {
-            m_extras.replace(at, 1, "&lt;");
+        for (const char sign : Trimmed(attributes)) {
+            m_extras += sign == '<' ? std::string_view{"&lt;"} : std::string_view{&sign, 1};
         }
     }
     for (const pugi::xml_node child : note.node.children()) {
@@ -123,6 +143,7 @@ void NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     }
     StoreExtras(note);
     StoreTies();
+    return m_fits;
 }
 
 void NoteAttachments::ReadChild(pugi::xml_node child) {
@@ -148,7 +169,11 @@ void NoteAttachments::ReadChild(pugi::xml_node child) {
             ReadTie(child, TextOf(m_text, child));
             break;
         case NoteChild::kAccidental:
-            CreateNoteText(DetailTag::kAccidental, Slice(child));
+            if (IsRest()) {
+                AddExtra(TextOf(m_text, child));
+            } else {
+                CreateNoteText(DetailTag::kAccidental, Slice(child));
+            }
             break;
         case NoteChild::kNotehead:
             m_notehead += TextOf(m_text, child);
@@ -166,7 +191,7 @@ void NoteAttachments::ReadChild(pugi::xml_node child) {
             ReadNotations(child);
             break;
         case NoteChild::kExtra:
-            if (child.type() == pugi::node_element) {
+            if (IsMarkup(child)) {
                 AddExtra(TextOf(m_text, child));
             }
             break;
@@ -212,7 +237,7 @@ void NoteAttachments::ReadTie(pugi::xml_node node, std::string_view element) {
     const std::string_view type = node.attribute("type").value();
     TieElements& tie = type == "start" ? m_tieStart : m_tieEnd;
     FragmentId& kept = std::strcmp(node.name(), "tied") == 0 ? tie.tied : tie.tie;
-    if ((type != "start" && type != "stop") || kept != 0) {
+    if ((type != "start" && type != "stop") || kept != 0 || IsRest()) {
         AddExtra(element);
         return;
     }
@@ -223,20 +248,24 @@ void NoteAttachments::ReadTie(pugi::xml_node node, std::string_view element) {
 }
 
 void NoteAttachments::ReadNotations(pugi::xml_node notations) {
+    std::string attributes{AttributesOf(m_text, notations)};
     for (const pugi::xml_node notation : notations.children()) {
-        if (notation.type() == pugi::node_element) {
-            ReadNotation(notation, notations);
+        if (IsMarkup(notation)) {
+            ReadNotation(notation, attributes);
+            attributes = WithoutId(attributes);
         }
     }
 }
 
-void NoteAttachments::ReadNotation(pugi::xml_node notation, pugi::xml_node notations) {
+void NoteAttachments::ReadNotation(pugi::xml_node notation, std::string_view attributes) {
     const std::string_view name = notation.name();
     std::string wrapped;
     std::string_view element = TextOf(m_text, notation);
-    if (const std::string_view attributes = AttributesOf(m_text, notations); !attributes.empty()) {
-        wrapped.append("<notations ").append(attributes).append(">").append(element);
-        element = wrapped.append("</notations>");
+    // A footnote stands first, which it would not behind notations of other notes.
+    const bool isEditorial = name == "footnote" || name == "level";
+    if (!attributes.empty() || isEditorial) {
+        wrapped = NotationsTag(attributes);
+        element = wrapped.append(element).append("</notations>");
     }
     if (name == "tied") {
         ReadTie(notation, element);
@@ -261,7 +290,7 @@ void NoteAttachments::ReadNotation(pugi::xml_node notation, pugi::xml_node notat
 
 void NoteAttachments::ReadArticulations(pugi::xml_node articulations) {
     for (const pugi::xml_node child : articulations.children()) {
-        if (child.type() == pugi::node_element) {
+        if (IsMarkup(child)) {
             CreateEntryText(DetailTag::kArticulation, EntryTextKind::kArticulation, Slice(child));
         }
     }
@@ -269,19 +298,20 @@ void NoteAttachments::ReadArticulations(pugi::xml_node articulations) {
 
 void NoteAttachments::ReadOrnaments(pugi::xml_node ornaments) {
     for (pugi::xml_node child = ornaments.first_child(); child; child = child.next_sibling()) {
-        if (child.type() != pugi::node_element) {
+        if (!IsMarkup(child)) {
             continue;
         }
-        if (IsSpanner(child.name()) && ReadSpanner(child, TextOf(m_text, child))) {
-            continue;
-        }
+        const pugi::xml_node ornament = child;
         const std::size_t begin = OffsetOf(child);
         while (std::strcmp(child.next_sibling().name(), "accidental-mark") == 0) {
             child = child.next_sibling();
         }
         const std::size_t end = NodeEnd(m_text, OffsetOf(child));
-        CreateEntryText(DetailTag::kArticulation, EntryTextKind::kOrnament,
-                        m_fragments.Intern(m_text.substr(begin, end - begin)));
+        const std::string_view text = m_text.substr(begin, end - begin);
+        if (!IsSpanner(ornament.name()) || !ReadSpanner(ornament, text)) {
+            CreateEntryText(DetailTag::kArticulation, EntryTextKind::kOrnament,
+                            m_fragments.Intern(text));
+        }
     }
 }
 
@@ -305,16 +335,14 @@ bool NoteAttachments::ReadSpanner(pugi::xml_node spanner, std::string_view eleme
 
 void NoteAttachments::ReadTuplet(pugi::xml_node tuplet, std::string_view element) {
     const bool isStart = std::strcmp(tuplet.attribute("type").value(), "start") == 0;
-    FragmentId& brackets = isStart ? m_tupletStarts : m_tupletStops;
-    std::string all{m_fragments[brackets]};
-    brackets = m_fragments.InternCopy(all.append(element));
+    (isStart ? m_tupletStarts : m_tupletStops) += element;
 }
 
 void NoteAttachments::StoreExtras(const NoteElement& note) {
+    m_extras += m_separateNotations + m_comments;
     if (note.rest) {
-        if (!m_notehead.empty()) {
-            m_extras += m_notehead;
-        }
+        m_extras += m_notehead;
+        m_extras += m_dotsArePlain ? "" : m_dots;
         if (!m_extras.empty()) {
             CreateEntryText(DetailTag::kArticulation, EntryTextKind::kRestExtras,
                             m_fragments.InternCopy(m_extras));

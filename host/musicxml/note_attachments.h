@@ -29,11 +29,12 @@ public:
           m_records{score.document->Records()},
           m_spanners{spanners} {}
 
-    void Read(const NoteElement& note, const EntryPlace& place);
+    // False when the entry's records cannot hold all that hangs on it.
+    [[nodiscard]] bool Read(const NoteElement& note, const EntryPlace& place);
 
     // The brackets that start and stop at the entry read last with its first note.
-    FragmentId TupletStarts() const noexcept { return m_tupletStarts; }
-    FragmentId TupletStops() const noexcept { return m_tupletStops; }
+    FragmentId TupletStarts() { return m_fragments.InternCopy(m_tupletStarts); }
+    FragmentId TupletStops() { return m_fragments.InternCopy(m_tupletStops); }
 
 private:
     struct TieElements {
@@ -43,12 +44,14 @@ private:
     };
 
     bool IsFirst() const noexcept { return m_place.noteIndex == 0; }
+    bool IsRest() const noexcept { return m_place.entry->noteCount == 0; }
     FragmentId Slice(pugi::xml_node node) { return m_fragments.Intern(TextOf(m_text, node)); }
     void ReadChild(pugi::xml_node child);
     void ReadStem(pugi::xml_node stem);
     void ReadLyric(pugi::xml_node lyric);
     void ReadNotations(pugi::xml_node notations);
-    void ReadNotation(pugi::xml_node notation, pugi::xml_node notations);
+    // attributes: of the <notations> around it.
+    void ReadNotation(pugi::xml_node notation, std::string_view attributes);
     void ReadArticulations(pugi::xml_node articulations);
     void ReadOrnaments(pugi::xml_node ornaments);
     void ReadTie(pugi::xml_node node, std::string_view element);
@@ -70,14 +73,17 @@ private:
     EntryPlace m_place;  // of the note being read
     std::string_view m_voice;
     std::string m_extras;
+    std::string m_separateNotations;
+    std::string m_comments;  // and instructions
     std::string m_notehead;
     std::string m_dots;
     std::string m_beams;
     bool m_dotsArePlain = true;
     TieElements m_tieStart;
     TieElements m_tieEnd;
-    FragmentId m_tupletStarts = 0;
-    FragmentId m_tupletStops = 0;
+    bool m_fits = true;
+    std::string m_tupletStarts;
+    std::string m_tupletStops;
 };
 
 }  // namespace standin

@@ -10,6 +10,7 @@ namespace standin {
 
 namespace {
 
+constexpr std::size_t kMostDigits = 12;  // that reading takes, too
 constexpr std::array<char, 7> kSteps{'C', 'D', 'E', 'F', 'G', 'A', 'B'};
 
 }  // namespace
@@ -21,13 +22,13 @@ std::string DurationText(Rational length, Rational divisions) {
     num %= den;
     if (num != 0) {
         text += '.';
-        for (int digit = 0; digit < 6 && num != 0; ++digit) {
+        while (num != 0 && text.size() <= kMostDigits) {
             num *= 10;
             text += static_cast<char>('0' + num / den);
             num %= den;
         }
     }
-    return text;
+    return num == 0 ? text : std::string{};
 }
 
 void NoteWriter::Write(const NoteContext& context, const EntryTexts& texts, std::string& out) {
@@ -58,18 +59,21 @@ void NoteWriter::AddExtras(FragmentId id) {
     }
     ForEachElement(bundle, [this](std::string_view element) {
         const std::string_view name = ElementName(element);
-        const Slot slot = name == "grace"                                 ? kGrace
-                          : name == "cue"                                 ? kCue
-                          : name == "tie"                                 ? kTie
-                          : name == "instrument"                          ? kInstrument
-                          : name == "footnote" || name == "level"         ? kEditorial
-                          : name == "type"                                ? kType
-                          : name == "stem"                                ? kStem
-                          : name == "notehead" || name == "notehead-text" ? kNotehead
-                          : name == "beam"                                ? kBeam
-                          : name == "play"                                ? kPlay
-                          : name == "listen"                              ? kListen
-                                                                          : kNotations;
+        const Slot slot = name == "grace"                                  ? kGrace
+                          : name == "cue"                                  ? kCue
+                          : name == "tie"                                  ? kTie
+                          : name == "instrument"                           ? kInstrument
+                          : name == "footnote" || name == "level"          ? kEditorial
+                          : name == "type"                                 ? kType
+                          : name == "dot"                                  ? kDot
+                          : name == "accidental"                           ? kAccidental
+                          : name == "stem"                                 ? kStem
+                          : name == "notehead" || name == "notehead-text"  ? kNotehead
+                          : name == "beam"                                 ? kBeam
+                          : name == "play"                                 ? kPlay
+                          : name == "listen"                               ? kListen
+                          : name.starts_with('!') || name.starts_with('?') ? kLast
+                                                                           : kNotations;
         m_extras.push_back({slot, element});
     });
 }
@@ -157,7 +161,6 @@ void NoteWriter::Ties(const EXNOTE& note) {
     };
     write(NoteFlag::kTieEnd, DetailTag::kTieEnd, "<tie type=\"stop\"/>");
     write(NoteFlag::kTieStart, DetailTag::kTieStart, "<tie type=\"start\"/>");
-    Extras(Slot::kTie);
 }
 
 void NoteWriter::TypeAndDots(u16 noteID, bool isRest) {
@@ -175,7 +178,8 @@ void NoteWriter::TypeAndDots(u16 noteID, bool isRest) {
         ForEachElement(dots, [this](std::string_view dot) { Element(dot); });
         return;
     }
-    for (int i = 0; i < value.dots; ++i) {
+    const bool areKept = Extras(Slot::kDot);
+    for (int i = 0; i < value.dots && !areKept; ++i) {
         Element("<dot/>");
     }
 }
@@ -246,6 +250,7 @@ void NoteWriter::WriteNote(int index) {
     if (!isRest) {
         Ties(note);
     }
+    Extras(Slot::kTie);
     Extras(Slot::kInstrument);
     Extras(Slot::kEditorial);
     if (!m_context->voice.empty()) {
@@ -257,6 +262,7 @@ void NoteWriter::WriteNote(int index) {
         has && !isRest) {
         Element(accidental);
     }
+    Extras(Slot::kAccidental);
     TimeModification();
     Stem(index == 0);
     if (const std::string_view heads = DetailOfNote(DetailTag::kNotehead, note.noteID, has);
@@ -276,6 +282,7 @@ void NoteWriter::WriteNote(int index) {
     }
     Extras(Slot::kPlay);
     Extras(Slot::kListen);
+    Extras(Slot::kLast);
     m_out->append(m_indent).append("</note>");
 }
 

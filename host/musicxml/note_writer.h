@@ -47,12 +47,15 @@ private:
         kInstrument,
         kEditorial,
         kType,
+        kDot,
+        kAccidental,
         kStem,
         kNotehead,
         kBeam,
         kNotations,
         kPlay,
         kListen,
+        kLast,
     };
     struct Extra {
         Slot slot;
@@ -99,7 +102,7 @@ private:
     std::deque<std::string> m_made;  // texts that the score does not hold
 };
 
-// A number of divisions as the format writes it.
+// A number of divisions as the format writes it; empty when that takes more than 12 digits.
 std::string DurationText(Rational length, Rational divisions);
 
 }  // namespace standin

@@ -19,6 +19,17 @@ bool IsRightBarline(pugi::xml_node node) {
            std::string_view{node.attribute("location").as_string("right")} == "right";
 }
 
+Problem NoRoomFor(const std::string& what, pugi::xml_node node) {
+    return {"there are more " + what + " than a score of the host can hold", OffsetOf(node)};
+}
+
+// Of <attributes>: that they are plain <divisions>, which the writer chooses as it needs them.
+bool SaysNothingElse(pugi::xml_node attributes) {
+    const pugi::xml_node child = attributes.first_child();
+    return !attributes.first_attribute() && child == attributes.last_child() &&
+           !child.first_attribute() && !child.first_child();
+}
+
 // Where no <divisions> were given, a note's type still tells what its duration means.
 Rational ImpliedDivisions(pugi::xml_node note) {
     const NoteType type = NoteTypeOf(Trimmed(note.child_value("type")));
@@ -53,8 +64,7 @@ Problem PartReader::Read(pugi::xml_node part) {
         }
         NameMeasure(measure.attribute("number").value());
     }
-    m_spanners.KeepUnpaired();
-    return {};
+    return m_spanners.KeepUnpaired() ? Problem{} : NoRoomFor("slurs and other lines", part);
 }
 
 // A measure is called by its number in the file, which need not be its place.
@@ -75,6 +85,7 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
     m_measureExists = false;
     m_chord.clear();
     m_directions.clear();
+    m_directionsBefore = 0;
     m_layers.Begin(m_measure);
     measure.divisions = m_context.divisions.IsZero() ? Rational{1, 1} : m_context.divisions;
 
@@ -93,8 +104,14 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
     if (Problem problem = m_layers.Store()) {
         return problem;
     }
-    m_spanners.EndMeasure();
-    StoreDirections();
+    if (!m_spanners.EndMeasure()) {
+        return NoRoomFor("slurs and other lines", node);
+    }
+    for (const VoicedDirection& direction : m_directions) {
+        if (!StoreDirection(direction)) {
+            return NoRoomFor("directions", direction.node);
+        }
+    }
     const i32 length = static_cast<i32>(RoundToUnits(measure.length));
     if (length > 0 &&
         (m_document.MeasureDuration(0, m_measure) < length || &m_part == &m_score.parts.front())) {
@@ -118,7 +135,6 @@ Problem PartReader::ReadChild(pugi::xml_node child) {
         if (Problem problem = ReadAttributes(child, m_context)) {
             return problem;
         }
-        m_part.namesDivisions = m_part.namesDivisions || child.child("divisions");
     }
     return ReadItem(child);
 }
@@ -175,9 +191,17 @@ Problem PartReader::ReadItem(pugi::xml_node item) {
     const std::size_t begin = OffsetOf(item);
     const std::size_t end = NodeEnd(m_score.text, begin);
     if (std::strcmp(item.name(), "direction") == 0 && item.child("voice")) {
-        m_directions.push_back({item, m_time, static_cast<u32>(measure.items.size())});
+        m_directions.push_back({item, m_time, static_cast<u32>(measure.items.size()), false});
     }
-    measure.items.push_back({begin, end, m_time, IsRightBarline(item)});
+    const bool setsDivisions =
+        std::strcmp(item.name(), "attributes") == 0 && item.child("divisions");
+    m_part.namesDivisions = m_part.namesDivisions || setsDivisions;
+    if (setsDivisions && SaysNothingElse(item)) {
+        measure.changesDivisions = true;
+        return {};
+    }
+    measure.items.push_back({begin, end, m_time, IsRightBarline(item),
+                             setsDivisions ? m_context.divisions : Rational{}});
     return {};
 }
 
@@ -194,13 +218,18 @@ Problem PartReader::ReadNote(pugi::xml_node node) {
     if (static_cast<std::size_t>(note.staff) > m_part.staves.size()) {
         return {"<staff> names a staff that the part does not have", OffsetOf(node)};
     }
+    for (; m_directionsBefore < m_directions.size(); ++m_directionsBefore) {
+        m_directions[m_directionsBefore].beforeGrace = note.grace;
+    }
     m_part.namesVoices = m_part.namesVoices || !note.voice.empty();
     if (note.voice.empty()) {
         note.voice = kDefaultVoice;
     }
     bool isNew = false;
     EntryDraft& draft = EntryFor(note, isNew);
-    AddNote(draft, note, isNew);
+    if (!AddNote(draft, note, isNew)) {
+        return NoRoomFor("things at one note", node);
+    }
     if (!draft.End().IsValid()) {
         return {"the measure's times do not go together", OffsetOf(node)};
     }
@@ -237,7 +266,7 @@ EntryDraft& PartReader::EntryFor(const NoteElement& note, bool& isNew) {
     return draft;
 }
 
-void PartReader::AddNote(EntryDraft& draft, const NoteElement& note, bool isNew) {
+bool PartReader::AddNote(EntryDraft& draft, const NoteElement& note, bool isNew) {
     EXENTRY& entry = draft.entry;
     if (isNew) {
         draft.form.length = note.length;
@@ -259,34 +288,27 @@ void PartReader::AddNote(EntryDraft& draft, const NoteElement& note, bool isNew)
         head.noteID = static_cast<u16>(entry.noteCount);
         head.flags = u32{head.noteID} << 16U;
     }
-    m_attachments.Read(note, place);
+    const bool fits = m_attachments.Read(note, place);
     if (isNew) {
         draft.tupletStarts = m_attachments.TupletStarts();
         draft.tupletStops = m_attachments.TupletStops();
     }
+    return fits;
 }
 
-void PartReader::StoreDirections() {
-    for (const VoicedDirection& direction : m_directions) {
-        StoreDirection(direction);
-    }
-}
-
-void PartReader::StoreDirection(const VoicedDirection& direction) {
+bool PartReader::StoreDirection(const VoicedDirection& direction) {
     const int staff = IntegerOf(direction.node.child_value("staff")).value_or(1) - 1;
     const std::string_view voice = Trimmed(direction.node.child_value("voice"));
     const int layer = m_layers.LayerOf(staff, voice);
     if (layer < 0) {
-        return;
+        return true;
     }
     ExpressionPlace place;
     place.staff = m_part.staves[static_cast<std::size_t>(staff)].staff;
     place.measure = m_measure;
     place.layer = static_cast<u16>(layer);
     place.position = static_cast<i32>(RoundToUnits(direction.time));
-    if (direction.node.next_sibling("note").child("grace")) {
-        place.graceIndex = 1;
-    }
+    place.graceIndex = direction.beforeGrace ? i16{1} : i16{0};
     const Frame* frame = m_document.FindFrame({place.staff, m_measure, place.layer});
     if (frame != nullptr) {
         place.atEntry =
@@ -294,7 +316,7 @@ void PartReader::StoreDirection(const VoicedDirection& direction) {
                         [&](const EXENTRY& entry) { return entry.elapsedTime == place.position; });
     }
     const FragmentId text = m_score.fragments.Intern(TextOf(m_score.text, direction.node));
-    AddExpression(m_document, place, text, direction.item);
+    return AddExpression(m_score, place, text, direction.item);
 }
 
 }  // namespace standin

@@ -25,6 +25,7 @@ private:
         pugi::xml_node node;
         Rational time{};
         u32 item = 0;
+        bool beforeGrace = false;  // the next note is one
     };
 
     void NameMeasure(std::string_view number);
@@ -35,10 +36,9 @@ private:
     Problem ReadForward(pugi::xml_node forward);
     Problem ReadItem(pugi::xml_node item);
     EntryDraft& EntryFor(const NoteElement& note, bool& isNew);
-    void AddNote(EntryDraft& draft, const NoteElement& note, bool isNew);
+    bool AddNote(EntryDraft& draft, const NoteElement& note, bool isNew);
     void EnsureMeasure();
-    void StoreDirections();
-    void StoreDirection(const VoicedDirection& direction);
+    bool StoreDirection(const VoicedDirection& direction);
     void Reach(Rational time);
 
     ImportedScore& m_score;
@@ -60,6 +60,7 @@ private:
     };
     std::vector<ChordMember> m_chord;  // what further notes of the chord join
     std::vector<VoicedDirection> m_directions;
+    std::size_t m_directionsBefore = 0;  // how many of them stand before the note read last
 };
 
 }  // namespace standin

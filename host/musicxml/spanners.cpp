@@ -46,7 +46,7 @@ bool IsSpanner(std::string_view elementName) {
            elementName == "wavy-line";
 }
 
-void Spanners::EndMeasure() {
+bool Spanners::EndMeasure() {
     std::stable_sort(m_measure.begin(), m_measure.end(), ComesBefore);
     for (SpannerEnding& ending : m_measure) {
         if (ending.isStart) {
@@ -56,6 +56,7 @@ void Spanners::EndMeasure() {
         }
     }
     m_measure.clear();
+    return m_fits;
 }
 
 void Spanners::Stop(SpannerEnding stop) {
@@ -83,7 +84,7 @@ void Spanners::Join(const SpannerEnding& start, const SpannerEnding& stop) {
 }
 
 // Both ends are at the one entry, so that the shape goes wherever that goes.
-void Spanners::KeepUnpaired() {
+bool Spanners::KeepUnpaired() {
     for (const SpannerEnding& ending : m_starts) {
         AddShape(ending, ending,
                  {ending.fragment, 0, ending.pitch, 0,
@@ -96,6 +97,7 @@ void Spanners::KeepUnpaired() {
     }
     m_starts.clear();
     m_stops.clear();
+    return m_fits;
 }
 
 void Spanners::AddShape(const SpannerEnding& start, const SpannerEnding& stop,
@@ -104,7 +106,7 @@ void Spanners::AddShape(const SpannerEnding& start, const SpannerEnding& stop,
     shape.start = EndOf(start);
     shape.end = EndOf(stop);
     std::memcpy(reinterpret_cast<char*>(&shape) + kSpannerTextOffset, &text, sizeof(text));
-    AddSmartShape(m_document, shape);
+    m_fits = AddSmartShape(m_document, shape) != 0 && m_fits;
 }
 
 }  // namespace standin

@@ -37,11 +37,11 @@ public:
     void Add(SpannerEnding ending) { m_measure.push_back(std::move(ending)); }
 
     // Pairs the ends added since the last measure, in order of time, whichever voice was
-    // written first.
-    void EndMeasure();
+    // written first. False when the score cannot hold as many lines.
+    [[nodiscard]] bool EndMeasure();
 
-    // Makes shapes of one end each of those that found no other end.
-    void KeepUnpaired();
+    // Makes shapes of one end each of those that found no other end. False as above.
+    [[nodiscard]] bool KeepUnpaired();
 
 private:
     void Stop(SpannerEnding stop);
@@ -52,6 +52,7 @@ private:
     std::vector<SpannerEnding> m_measure;  // of the measure being read
     std::vector<SpannerEnding> m_starts;   // waiting for their stop, in order of time
     std::vector<SpannerEnding> m_stops;    // without a start
+    bool m_fits = true;
 };
 
 }  // namespace standin

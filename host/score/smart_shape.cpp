@@ -3,11 +3,14 @@
 namespace standin {
 namespace {
 
-void MarkEnd(Document& document, u32 tag, u32 entry, u16 shapeNumber) {
+bool MarkEnd(Document& document, u32 tag, u32 entry, u16 shapeNumber) {
     EDTSmartShapeEntMark mark{};
     mark.shapeNumber = shapeNumber;
-    document.Records().Create(tag, RecordKey::OfEntry(entry, kAppend), BytesOf(mark));
+    const bool fits = document.Records()
+                          .Create(tag, RecordKey::OfEntry(entry, kAppend), BytesOf(mark))
+                          .has_value();
     document.RefreshDetailFlags(entry);
+    return fits;
 }
 
 }  // namespace
@@ -15,14 +18,16 @@ void MarkEnd(Document& document, u32 tag, u32 entry, u16 shapeNumber) {
 u16 AddSmartShape(Document& document, EDTSmartShape shape, u32 markTag) {
     RecordStore& records = document.Records();
     const RecordStore::Table& shapes = records.OfTag(Tag::kSmartShape);
-    const u16 number =
-        shapes.empty() ? u16{1} : static_cast<u16>(shapes.rbegin()->first.OtherItem() + 1);
-    records.Create(Tag::kSmartShape, RecordKey::Other(number), BytesOf(shape));
-    MarkEnd(document, markTag, shape.start.entryNumber, number);
-    if (shape.end.entryNumber != shape.start.entryNumber) {
-        MarkEnd(document, markTag, shape.end.entryNumber, number);
+    const u16 last = shapes.empty() ? u16{0} : shapes.rbegin()->first.OtherItem();
+    if (last >= kAppend - 1) {
+        return 0;
     }
-    return number;
+    const u16 number = static_cast<u16>(last + 1);
+    records.Create(Tag::kSmartShape, RecordKey::Other(number), BytesOf(shape));
+    const bool fits = MarkEnd(document, markTag, shape.start.entryNumber, number) &&
+                      (shape.end.entryNumber == shape.start.entryNumber ||
+                       MarkEnd(document, markTag, shape.end.entryNumber, number));
+    return fits ? number : u16{0};
 }
 
 }  // namespace standin

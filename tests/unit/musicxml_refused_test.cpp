@@ -33,6 +33,9 @@ const struct {
     {"EncodingOfTwoLines", "<?xml version=\"1.0\" encoding=\"A\nB\"?><a/>", "encoding a b", 1},
     {"NegativeDuration", NoteWith("<rest/><duration>-1</duration>"), "<duration>", 7},
     {"EndlessNote", NoteWith("<rest/><duration>99999999</duration>"), "longer than any note", 7},
+    {"NoteThatTakesNoTime",
+     NoteWith("<pitch><step>C</step><octave>4</octave></pitch><duration>0</duration>"),
+     "lasts less than", 7},
     {"NoteWithoutDuration", NoteWith("<rest/>"), "needs a <duration>", 7},
     {"NoteWithoutPitch", NoteWith("<duration>1</duration>"), "needs a pitch", 7},
     {"NoSuchStep", NoteWith("<pitch><step>H</step><octave>4</octave></pitch>"), "step", 7},
@@ -62,6 +65,39 @@ TEST(Refused, SaysWhatIsWrongAndWhere) {
     }
 }
 
+std::string Repeated(int count, std::string_view element) {
+    std::string all;
+    for (int i = 0; i < count; ++i) {
+        all += element;
+    }
+    return all;
+}
+
+// The host's records have numbers of 16 bits.
+TEST(Refused, MoreThanTheHostsRecordsHold) {
+    const std::pair<const char*, std::string> cases[] = {
+        {"more slurs and other lines",
+         Repeated(256, Note({.more = "<notations>" + Repeated(256, "<slur type=\"start\"/>") +
+                                     "</notations>"}))},
+        {"more things at one note",
+         Note({.more = "<notations><articulations>" + Repeated(0x10000, "<accent/>") +
+                       "</articulations></notations>"})},
+        {"more directions",
+         Note({}) + Repeated(0x10000, "<direction><voice>1</voice></direction>")},
+    };
+    for (const auto& [message, measure] : cases) {
+        const ReadResult result = ReadScore(ScoreText({measure}));
+        EXPECT_NE(result.message.find(message), std::string::npos) << result.message;
+        EXPECT_GT(result.line, 1U);
+    }
+}
+
+TEST(Growth, TheBracketsOfANoteAreOneText) {
+    const auto score = Read(ScoreText({Note(
+        {.more = "<notations>" + Repeated(100, "<tuplet type=\"start\"/>") + "</notations>"})}));
+    EXPECT_LT(score->fragments.InternCopy("the next text"), 10U);
+}
+
 // A file cut anywhere is refused or read, never a crash.
 TEST(Damaged, AnyPrefixOfAScoreIsSafe) {
     const std::string whole = ScoreText(
@@ -85,6 +121,9 @@ TEST(Archives, DamagedOnesAreRefusedWithAReason) {
     const std::string container = "META-INF/container.xml";
     const std::string whole = MakeArchive("music.xml", ScoreText({Note({})}));
     const std::string large((1U << 20U) + 1, ' ');
+    constexpr std::size_t kChecksum = 16;  // in a member's entry of the directory
+    std::string altered = whole;
+    altered[altered.rfind("PK\1\2") + kChecksum] ^= 1;
     const struct {
         const char* message;
         std::string bytes;
@@ -94,6 +133,8 @@ TEST(Archives, DamagedOnesAreRefusedWithAReason) {
         {"names no score", ReplaceArchivedScore(whole, container, "<container/>")},
         {"no member music.xml", Renamed(whole, "music.xml", "other.xml")},
         {"too large", ReplaceArchivedScore(whole, container, large)},
+        {"too large", ReplaceArchivedScore(whole, "music.xml", std::string((64U << 20U) + 1, ' '))},
+        {"music.xml cannot be unpacked", altered},
     };
     for (const auto& c : cases) {
         const ReadResult result = ReadScore(c.bytes);

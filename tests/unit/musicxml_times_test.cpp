@@ -29,6 +29,12 @@ TEST(Times, TripletsOfDifferentVoicesStandAtTheSameTimes) {
     EXPECT_EQ(Times(*score, 1), Times(*score, 0));
 }
 
+std::string Divisions(int count) {
+    return "<attributes><divisions>" + std::to_string(count) + "</divisions></attributes>";
+}
+
+const std::string kThird = Note({.duration = 4, .voice = "2"});
+
 const struct {
     const char* name;
     std::string measure;
@@ -47,15 +53,23 @@ const struct {
      "0+28672 28672+4096 32768+1024", 41472},
     {"LaterLineOfAVoiceWrittenFirst", Forward(2) + Note({}) + Backup(4) + Note({.pitch = "E4"}),
      "0+1024 1024+1024", 2048},
-    {"DivisionsChangeWithinTheMeasure",
-     Note({}) + "<attributes><divisions>10</divisions></attributes>" + Note({.duration = 10}),
+    {"DivisionsChangeWithinTheMeasure", Note({}) + Divisions(10) + Note({.duration = 10}),
      "0+1024 1024+1024", 2048},
+    {"DivisionsBetweenComments",
+     "<attributes><!-- <divisions>480</divisions> --><divisions ><!-- "
+     "-->4</divisions></attributes>" +
+         Note({.duration = 4}),
+     "0+1024", 1024},
+    {"DivisionsOfALaterVoice",
+     Divisions(3) + Note({.duration = 6}) + Divisions(1) + Note({}) + Backup(4) + Divisions(3) +
+         kThird + kThird + kThird,
+     "0+2048 2048+2048", 4096},
 };
 
 TEST(Times, AreKeptInAndOut) {
     for (const auto& c : kTimes) {
         SCOPED_TRACE(c.name);
-        const auto score = Read(ScoreText({c.measure}));
+        const auto score = Read(ScoreText({c.measure, Note({})}));
         const auto again = Read(Rebuilt(*score));
         for (const auto* either : {&score, &again}) {
             EXPECT_EQ(Times(**either), c.times);

@@ -52,13 +52,42 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
 <duration>1</duration><voice>1</voice><type>eighth</type><stem>none</stem>
 <beam number="1">end</beam><notations><slur type="stop" number="2"/></notations></note>
 <note><rest><display-step>B</display-step><display-octave>4</display-octave></rest>
-<duration>2</duration><voice>1</voice><type>quarter</type></note>
+<duration>2</duration><tie type="start"/><voice>1</voice><type>quarter</type>
+<dot placement="above"/><accidental>flat</accidental>
+<notations><tied type="start"/><!-- in --></notations><!-- a --><?b c?></note>
 <note print-object="no"><rest/><duration>2</duration><voice>1</voice><type>quarter</type></note>
 <barline location="right"><bar-style>light-heavy</bar-style></barline>
 )"});
     const auto score = Read(text);
     EXPECT_EQ(WriteScore(*score), text);
     EXPECT_EQ(Tags(Rebuilt(*score)), Tags(text));
+}
+
+TEST(Rebuilt, PiecesOfNotationsKeepWhatTheyNeed) {
+    const struct {
+        const char* notations;
+        const char* expected;  // once
+    } cases[] = {
+        {"<notations id=\"a\" print-object=\"no\"><fermata/><technical/></notations>", "id=\"a\""},
+        {"<notations id=\"a\" print-object=\"no\"><fermata/><technical/></notations>",
+         "<notations print-object=\"no\"><technical/></notations>"},
+        {"<notations id=\"a\"><footnote>b</footnote><slur type=\"start\"/><fermata/></notations>",
+         "<notations id=\"a\"><footnote>b</footnote></notations>"},
+        {"<notations><level>b</level><slur type=\"start\"/><fermata/></notations>",
+         "<notations><level>b</level></notations>"},
+        {"<notations><ornaments><turn/><wavy-line type=\"start\"/><accidental-mark/></ornaments>"
+         "</notations>",
+         "<wavy-line type=\"start\"/><accidental-mark/>"},
+    };
+    for (const char* first : {"", "<chord/>"}) {
+        for (const auto& c : cases) {
+            const auto score = Read(
+                ScoreText({Note({.pitch = "E4"}) + Note({.more = c.notations, .first = first})}));
+            const std::string written = Rebuilt(*score);
+            EXPECT_EQ(Count(written, c.expected), 1) << written;
+            EXPECT_EQ(Differences(*score, *Read(written)), "");
+        }
+    }
 }
 
 TEST(Rebuilt, AnUnescapedSignInAnAttributeIsEscaped) {
@@ -169,15 +198,15 @@ TEST(Changed, ASpannerWithoutItsOtherEndIsLeftOut) {
 
 TEST(Changed, ADirectionsVoiceFollowsItsExpressionsLayer) {
     const std::string direction =
-        "<direction><direction-type><words>dolce</words></direction-type><voice>2</voice>"
-        "</direction>";
+        "<direction><direction-type><words>dolce</words></direction-type>"
+        "<!-- <voice>3</voice> --><voice ><!-- -->2</voice></direction>";
     const auto score = Read(ScoreText({Note({}) + Backup(2) + direction + Note({.voice = "2"})}));
     Change<MyExpressionAssign>(*score, Tag::kExpression, 1, [](MyExpressionAssign& expression) {
         EXPECT_EQ(expression.staff, 1);
         EXPECT_EQ(expression.layer, 2);
         expression.layer = 1;
     });
-    EXPECT_EQ(Count(WriteScore(*score), "</direction-type><voice>1</voice></direction>"), 1);
+    EXPECT_EQ(Count(WriteScore(*score), " --><voice ><!-- -->1</voice></direction>"), 1);
 }
 
 TEST(Beams, BrokenOnesAreMadeWhole) {
