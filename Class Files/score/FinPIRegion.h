@@ -76,7 +76,8 @@ public:
     // region then starts at the list's first or ends at its last slot.
     void ChangeToIUList(u16 staffList);
 
-    // The selection in words, in the user's language.
+    // The selection in words, in the user's language. Empty when its document cannot be made
+    // current.
     std::u16string Description() const;
     // The same, kept with the region until the next call.
     const char16* DescriptionText() { return m_text.Set(Description().c_str()); }
