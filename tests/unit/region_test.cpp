@@ -147,6 +147,7 @@ TEST_F(Region, AsksItsOwnDocumentOrNone) {
     EXPECT_EQ(region.SlotOfStaff(host.Staff(2)), 2);
     EXPECT_EQ(region.Description(), u"score Staff 2 Bar 1 - Bar 1 End");
     region.ChangeToIUList(kStaffSet);
+    EXPECT_EQ(TakePendingError(), "");
     EXPECT_EQ(region.startSlot, 1);
     EXPECT_EQ(region.endSlot, 1);
 
