@@ -1,6 +1,7 @@
 #include "merge/ExpressionReassignment.h"
 
 #include <algorithm>
+#include <set>
 
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIEntryPtr.h"
@@ -58,16 +59,36 @@ std::set<u16> Collect(const FramePair& frames, u16 layer) {
     return candidates;
 }
 
+// Whether the expression hung on what is this entry now; its grace index then follows the entry's
+// place among the grace notes.
+bool Follows(FinPIScoreExpr& expression, const FinPIEntryPtr& entry, i16 graceIndexBefore) {
+    if (expression.graceIndex != graceIndexBefore) {
+        return false;
+    }
+    expression.graceIndex = entry.GraceIndex();
+    const bool isAttached = entry.IsExpressionAttached(expression, false, false) != 0;
+    if (!isAttached) {
+        expression.graceIndex = graceIndexBefore;
+    }
+    return isAttached;
+}
+
+bool FollowsOneOf(FinPIScoreExpr& expression, const FinPITGFPtr& frame,
+                  const std::map<u32, i16>& entries) {
+    return std::any_of(entries.begin(), entries.end(), [&](const auto& entry) {
+        const auto& [number, graceIndexBefore] = entry;
+        return Follows(expression, frame.EntryAt(frame.FindEntryByNumber(number)),
+                       graceIndexBefore);
+    });
+}
+
 void Reassign(FinPIScoreExpr& expression, const FramePair& frames, u16 layer) {
-    for (const u32 entryNumber : frames.moved) {
-        const FinPIEntryPtr entry =
-            frames.destination.EntryAt(frames.destination.FindEntryByNumber(entryNumber));
-        if (entry.IsExpressionAttached(expression, false, false) != 0) {
-            expression.layer = static_cast<u16>((expression.layer & ~ExpressionLayer::kLayerMask) |
-                                                LayerField(layer));
-            expression.Save();
-            return;
-        }
+    if (FollowsOneOf(expression, frames.destination, frames.moved)) {
+        expression.layer =
+            static_cast<u16>((expression.layer & ~ExpressionLayer::kLayerMask) | LayerField(layer));
+        expression.Save();
+    } else if (FollowsOneOf(expression, frames.source, frames.sourceGraces)) {
+        expression.Save();
     }
 }
 

@@ -1,6 +1,7 @@
 // The merge of one layer into another, for one staff in one measure.
 #include <algorithm>
 #include <map>
+#include <set>
 
 #include "Class Files/foundation/FinPIException.h"
 #include "merge/EntryTools.h"
@@ -59,6 +60,18 @@ void AppendNotes(EXENTRY& chord, const EXENTRY& source) {
     }
 }
 
+std::map<u32, i16> GraceIndices(const FinPITGFPtr& frame) {
+    std::map<u32, i16> indices;
+    const i16 count = frame.Count();
+    for (i16 i = 0; i < count; ++i) {
+        const FinPIEntryPtr entry = frame.EntryAt(i);
+        if (entry.IsGrace()) {
+            indices.emplace(entry.Number(), entry.GraceIndex());
+        }
+    }
+    return indices;
+}
+
 PairMap PairCoincidingEntries(const FramePair& frames) {
     PairMap pairs;
     const i16 count = frames.destination.Count();
@@ -98,7 +111,7 @@ void MovePairedEntries(FramePair& frames, const PairMap& pairs) {
             continue;
         }
         MoveAttachmentsOfPair(source, destination);
-        frames.moved.insert(destination.Number());
+        frames.AddMoved(source, destination);
         MakeRest(source, source->duration, frames.hideRests);
         if (source.IsGrace()) {
             graceRests.insert(source.Number());
@@ -131,6 +144,7 @@ i16 Plyweld::MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destination
         return 0;
     }
     frames.staffSelected = frames.region.ContainsSlot(slot);
+    frames.sourceGraces = GraceIndices(frames.source);
     frames.hideRests = m_configData.hideAddedRests != 0;
 
     const PairMap pairs = PairCoincidingEntries(frames);

@@ -2,10 +2,11 @@
 // measure, and what moved between them.
 #pragma once
 
+#include <map>
 #include <optional>
-#include <set>
 #include <vector>
 
+#include "Class Files/score/FinPIEntryPtr.h"
 #include "Class Files/score/FinPIRegion.h"
 #include "Class Files/score/FinPITGFPtr.h"
 #include "merge/TupletSpans.h"
@@ -16,7 +17,15 @@ struct FramePair {
     FinPITGFPtr destination;
     bool hideRests = false;      // hide the rests that are left in the source
     bool staffSelected = false;  // the staff lies between the region's slots
-    std::set<u32> moved{};       // numbers of the destination entries that received music
-    bool preFilled = false;      // the destination was given rests that mirror the source
+    // By number, with the grace index as it was before the merge: the source's grace entries, and
+    // the destination entries that received music, with that of the source entry it came from.
+    std::map<u32, i16> sourceGraces{};
+    std::map<u32, i16> moved{};
+    bool preFilled = false;  // the destination was given rests that mirror the source
     std::optional<std::vector<TupletSpan>> sourceTuplets{};  // read when first needed
+
+    void AddMoved(const FinPIEntryPtr& from, const FinPIEntryPtr& to) {
+        const auto grace = sourceGraces.find(from.Number());
+        moved.emplace(to.Number(), grace == sourceGraces.end() ? i16{0} : grace->second);
+    }
 };

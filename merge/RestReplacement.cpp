@@ -159,7 +159,7 @@ bool MoveMusic(FramePair& frames, const RestRun& run, const SourceSpan& span,
         }
         MatchTieEnds(target, source);
         MoveAttachments(source, target, kPlacedEntryDetails);
-        frames.moved.insert(target.Number());
+        frames.AddMoved(source, target);
         MakeRest(source, source->duration, frames.hideRests);
         if (source.IsGrace()) {
             graceRests.insert(source.Number());

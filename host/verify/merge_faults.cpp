@@ -258,6 +258,7 @@ private:
                                  std::to_string(LayerOf(before));
         MyExpressionAssign otherwise = before;
         otherwise.layer = after.layer;
+        otherwise.graceIndex = after.graceIndex;  // graces of another layer may come before
         if (BytesOf(otherwise).substr(0, kHostsBytes) != BytesOf(after).substr(0, kHostsBytes)) {
             m_faults.push_back(name + " changed");
         }

@@ -220,6 +220,36 @@ TEST(Expressions, FollowTheMusicTheyHangOn) {
     }
 }
 
+TEST(Expressions, OfGraceNotesStayWithTheirNote) {
+    struct Place {
+        i16 layer;  // from 0
+        i16 graceIndex;
+    };
+    // Of layer 2: afterwards, those of its first grace note, of its second, of the note itself.
+    const std::tuple<const char*, const char*, std::vector<Place>> cases[] = {
+        {"ge:c5 q:c4 h.:r", "gs:d5 ge:e5 q:e4 h.:r", {{1, 1}, {0, 1}, {0, 0}}},
+        {"ge:c5 q:r h.:r", "gs:d5 ge:e5 q:e4 h.:r", {{0, 2}, {0, 1}, {0, 0}}},
+        {"ge:c5 q:r h.:r", "gs:d5 gs:e5 q:e4 h.:r", {{0, 2}, {0, 3}, {0, 0}}},
+        {"gs:c5 gs:c5 gs:c5 q:c4 h.:r", "gs:d5 ge:e5 h:e4 h:r", {{0, 1}, {1, 1}, {1, 0}}},
+    };
+    for (const auto& [destination, source, afterwards] : cases) {
+        SCOPED_TRACE(testing::Message() << destination << " / " << source);
+        StandIn host;
+        host.Layer(1, 1, 0, destination);
+        host.Layer(1, 1, 1, source);
+        const u16 ofNotes[] = {host.Expression(1, 1, 0, 1, 1), host.Expression(1, 1, 0, 1, 2),
+                               host.Expression(1, 1, 0, 1, 0)};
+        host.SelectAll();
+        Plugin{}.Merge(host);
+        for (std::size_t i = 0; i < afterwards.size(); ++i) {
+            const auto expression = FromBytes<MyExpressionAssign>(
+                *host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, ofNotes[i])));
+            EXPECT_EQ(expression.layer, afterwards[i].layer + 1) << i;
+            EXPECT_EQ(expression.graceIndex, afterwards[i].graceIndex) << i;
+        }
+    }
+}
+
 // Records name seven layers: none can be of the eighth.
 TEST(Expressions, OfNoLayerAreNotOfTheEighth) {
     StandIn host;

@@ -121,13 +121,14 @@ u16 StandIn::Slur(EntryPlace from, EntryPlace to) {
     return AddSmartShape(*m_document, shape);
 }
 
-u16 StandIn::Expression(i16 slot, u16 measure, i32 position, i16 layer) {
+u16 StandIn::Expression(i16 slot, u16 measure, i32 position, i16 layer, i16 graceIndex) {
     MyExpressionAssign expression{};
     expression.definition = kEntryExpression;
     expression.staff = static_cast<i16>(Staff(slot));
     expression.layer = static_cast<u16>(layer + 1);
     expression.positionLow = static_cast<u16>(position);
     expression.positionHigh = static_cast<u16>(position >> 16);
+    expression.graceIndex = graceIndex;
     const auto used = m_document->Records().Create(
         Tag::kExpression, RecordKey::Other(measure, kAppend), BytesOf(expression));
     return used.value_or(RecordKey{}).Inci();

@@ -63,8 +63,8 @@ public:
     // A smart shape between two entries; returns its number.
     u16 Slur(EntryPlace from, EntryPlace to);
     // An expression of a measure that belongs to an entry at this time; layer -1 = none in
-    // particular. Returns its record number.
-    u16 Expression(i16 slot, u16 measure, i32 position, i16 layer);
+    // particular; graceIndex 1 = of the first grace note there. Returns its record number.
+    u16 Expression(i16 slot, u16 measure, i32 position, i16 layer, i16 graceIndex = 0);
 
     void SelectAll();
     void SelectNothing() { Score().selection.reset(); }
