@@ -77,14 +77,16 @@ i16 FX_RebeamRegion(const EREGION* region, i16, u32 version) {
                              if (region == nullptr) {
                                  return RefuseByRule(app, i16{0});
                              }
+                             app.lastRebeamed = *region;
                              app.calls.framesBeamed += static_cast<u64>(document.Rebeam(*region));
                              return 1;
                          });
 }
 
-i16 FX_UpdateLayout(i16, u32 version) {
+i16 FX_UpdateLayout(i16 page, u32 version) {
     return ServeDocument(HostCall::kUpdateLayout, version, i16{0},
-                         [](Application&, Document& document) -> i16 {
+                         [page](Application& app, Document& document) -> i16 {
+                             app.lastLayoutPage = page;
                              document.UpdateLayout();
                              return 1;
                          });

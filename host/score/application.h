@@ -64,6 +64,8 @@ public:
     u64 progressDisplaysOpened = 0;
     i16 lastProgressStopped = 0;  // what the last display was closed with
     std::vector<EREGION> redrawn;
+    EREGION lastRebeamed{};
+    i16 lastLayoutPage = -1;        // that the last update of the layout was asked with
     std::vector<u16> menuCommands;  // as run by the plug-in
     DialogService* dialogs = nullptr;
 

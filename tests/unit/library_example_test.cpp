@@ -33,6 +33,21 @@ TEST(LibraryExample, LeavesABookmarkInEachSelectedMeasure) {
     EXPECT_EQ(TakePendingError(), "");
 }
 
+class WithoutReports final : public BookmarkMeasures {
+public:
+    using BookmarkMeasures::BookmarkMeasures;
+    i16 AllowProgress(u64, i16) override { return 0; }
+};
+
+TEST(LibraryExample, ACommandMayDoWithoutProgressReports) {
+    standin::StandIn host(6, 10);
+    host.SelectAll();
+    const EREGION whole = host.Score().WholeRegion();
+    (new WithoutReports(nullptr, 0))->Start(&*host.Score().selection, &whole);
+    EXPECT_EQ(standin::App().progressDisplaysOpened, 1U);
+    EXPECT_TRUE(standin::App().progress.empty());
+}
+
 TEST(LibraryExample, ACommandForgetsTheAnswersToItsQuestions) {
     const standin::StandIn host;
     constexpr i16 kQuestion = 20003;

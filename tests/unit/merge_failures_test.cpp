@@ -1,6 +1,7 @@
 // Refusals that a run goes on after, and those that it does not.
 #include <gtest/gtest.h>
 
+#include "host/score/smart_shape.h"
 #include "platform/headless/session.h"
 #include "tests/unit/plugin_driver.h"
 
@@ -56,6 +57,26 @@ TEST(Failures, OfDroppingAGraceRestFailTheRun) {
     Plugin{}.Merge(host);
     EXPECT_EQ(host.Score().Digest(), before);
     EXPECT_EQ(App().alerts.size(), 1U);
+}
+
+// Seen while the failure is told, before the edit is taken back.
+TEST(Failures, OfMovingAShapeKeepTheLyricsMarks) {
+    StandIn host;
+    host.Layer(1, 1, 0, "h:c4 h:r");
+    host.Layer(1, 1, 1, "h:e4 h:f4");
+    const u16 slur = host.Slur({1, 1, 1, 0}, {1, 1, 1, 1});
+    const Bytes* shape = host.Score().Records().Find(Tag::kSmartShape, RecordKey::Other(slur));
+    AddSmartShape(host.Score(), FromBytes<EDTSmartShape>(*shape), Tag::kShapeOnLyric);
+    host.SelectAll();
+    App().faults.refuseKind = FaultPlan::OfKind{HostCall::kSaveEData};  // the first end's
+    const u32 first = host.EntryNumber({1, 1, 1, 0});
+    int marks = 0;
+    App().alertListener = [&](const Alert&) {
+        marks = host.Score().Records().CountOfEntry(Tag::kShapeOnLyric, first);
+    };
+    Plugin{}.Merge(host);
+    App().alertListener = nullptr;
+    EXPECT_EQ(marks, 1);
 }
 
 TEST(Failures, AnotherDocumentBecomesCurrent) {

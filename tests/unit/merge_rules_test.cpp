@@ -130,6 +130,16 @@ TEST(Merge, FillsTheSelectedPartOfAMeasure) {
     ExpectMerges(kPartOfAMeasure);
 }
 
+TEST(Merge, HidesItsRestsWhenAsked) {
+    StandIn host;
+    host.Layer(1, 1, 1, "h:c4 h:d4");
+    host.Select(1, 1, 2048, 1, 1, kEndOfMeasure);
+    Plugin{}.Merge(host, {.hideRests = 1});
+    EXPECT_EQ(host.Layer(1, 1, 0), "h:x h:d4");
+    EXPECT_EQ(host.Layer(1, 1, 1), "h:c4 h:x");
+    EXPECT_NE(host.Entry({1, 1, 1, 1}).flags & EntryFlag::kMadeRest, 0U);
+}
+
 TEST(Merge, ChangesNothingTheSecondTime) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:r h:r");
@@ -217,6 +227,23 @@ TEST(Expressions, FollowTheMusicTheyHangOn) {
             host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, record++));
         ASSERT_NE(bytes, nullptr);
         EXPECT_EQ(FromBytes<MyExpressionAssign>(*bytes).layer, afterwards) << position;
+    }
+}
+
+// The rest begins inside and is filled as a whole.
+TEST(Expressions, BeyondTheSelectionStay) {
+    StandIn host;
+    host.Layer(1, 1, 0, "w:r");
+    host.Layer(1, 1, 1, "h:c4 h:d4");
+    host.Expression(1, 1, 0, 1);
+    host.Expression(1, 1, 2048, 1);
+    host.Select(1, 1, 0, 1, 1, 1023);
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "h:c4 h:d4");
+    for (const auto& [record, layer] : {std::pair{u16{0}, 1}, {u16{1}, 2}}) {
+        const Bytes* bytes =
+            host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, record));
+        EXPECT_EQ(FromBytes<MyExpressionAssign>(*bytes).layer, layer);
     }
 }
 

@@ -45,6 +45,17 @@ TEST(Walk, BringsAStaleLayoutUpToDate) {
     EXPECT_TRUE(App().alerts.empty());
 }
 
+TEST(Walk, HasAMissingLayoutMadeUpToTheLastPage) {
+    StandIn host;
+    host.Layer(1, 1, 1, "w:c4");
+    host.SelectAll();
+    host.Score().Records().Delete(Tag::kStaffSystem, RecordKey::Other(1));
+    host.Score().Records().Create(Tag::kPage, RecordKey::Other(2), BytesOf(EDTPageSpec{}));
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4");
+    EXPECT_EQ(App().lastLayoutPage, 2);
+}
+
 TEST(Walk, GivesUpOnALayoutThatCannotBeRead) {
     StandIn host{1, 2};
     host.Layer(1, 1, 1, "w:c4");
@@ -65,6 +76,8 @@ TEST(Rebeam, WholeMeasuresAfterEachStaffMeasure) {
     const Plugin plugin;
     plugin.Merge(host);
     EXPECT_EQ(App().calls.Of(HostCall::kRebeamRegion), 6U);
+    EXPECT_EQ(App().lastRebeamed.startPosition, 0);
+    EXPECT_EQ(App().lastRebeamed.endPosition, kEndOfMeasure);
     plugin.Merge(host, {.rebeam = 0});
     EXPECT_EQ(App().calls.Of(HostCall::kRebeamRegion), 6U);
 }
