@@ -165,7 +165,7 @@ ReadResult Import(std::string bytes, Document* into) {
     }
     DecodedText decoded = DecodeXml(std::move(bytes));
     if (!decoded.problem.empty()) {
-        return Refused(std::move(decoded.problem), 1);
+        return Refused(std::move(decoded.problem), decoded.line);
     }
     score->text = std::move(decoded.text);
     score->format = decoded.format;

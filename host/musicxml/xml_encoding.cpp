@@ -128,9 +128,22 @@ DecodedText FromMarkedUtf16(std::string_view bytes, bool bigEndian, bool mark) {
     return {FromUtf16(bytes.substr(mark ? 2 : 0), bigEndian), {encoding, mark}, {}};
 }
 
-}  // namespace
+// Where the text holds what is no character in UTF-8; its size when it does not.
+std::size_t FindInvalid(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t begin = at;
+        const u32 code = NextCode(text, at);
+        std::string written;
+        AppendUtf8(written, code);
+        const bool isSurrogate = code >= 0xD800 && code < 0xE000;
+        if (isSurrogate || code > 0x10FFFF || text.substr(begin, at - begin) != written) {
+            return begin;
+        }
+    }
+    return text.size();
+}
 
-DecodedText DecodeXml(std::string bytes) {
+DecodedText Decode(std::string bytes) {
     using namespace std::string_view_literals;
     const std::string_view view{bytes};
     if (view.starts_with("\xFF\xFE"sv)) {
@@ -158,6 +171,18 @@ DecodedText DecodeXml(std::string bytes) {
         return {FromLatin1(bytes), {Encoding::kLatin1, false}, {}};
     }
     return {{}, {}, "the encoding " + declared + " is not supported"};
+}
+
+}  // namespace
+
+DecodedText DecodeXml(std::string bytes) {
+    DecodedText decoded = Decode(std::move(bytes));
+    const std::size_t invalid = FindInvalid(decoded.text);
+    if (invalid < decoded.text.size()) {
+        decoded.problem = "the file holds bytes that are no text in its encoding";
+        decoded.line = LineAt(decoded.text, invalid);
+    }
+    return decoded;
 }
 
 std::string EncodeXml(std::string text, TextFormat format) {

@@ -17,9 +17,10 @@ struct TextFormat {
 };
 
 struct DecodedText {
-    std::string text;     // UTF-8, without a byte order mark
-    TextFormat format;    // how the bytes were written
-    std::string problem;  // why the bytes are no text; empty when they are
+    std::string text;      // UTF-8, without a byte order mark
+    TextFormat format;     // how the bytes were written
+    std::string problem;   // why the bytes are no text; empty when they are
+    std::size_t line = 1;  // where, from 1
 };
 
 // Takes the bytes of an XML file to UTF-8, by byte order mark or by the XML declaration.
