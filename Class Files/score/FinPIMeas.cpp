@@ -87,7 +87,7 @@ FinPITimeSig FinPIMeas::GetTimeSig() const {
 
 i32 FinPIMeas::MeasureDuration(const FinPIDoc& record, u16 staff, i16 measure) {
     const DocumentScope document(record.DocumentID());
-    return Host::GetMeasureDuration(staff, measure);
+    return document ? Host::GetMeasureDuration(staff, measure) : 0;
 }
 
 void FinPIMeas::MeasureNumberString(i16 measure, char16* buffer, u32 size) {

@@ -74,6 +74,9 @@ u16 SpecPartExtractionCmper(u16 document, u16 staff) {
         return last.result;
     }
     const DocumentScope scope(document);
+    if (!scope) {
+        return 0;
+    }
     if (!sameDocument || last.staffList == kUnknown) {
         last.staffList = LoadStaffList();
     }

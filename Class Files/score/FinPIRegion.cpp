@@ -236,6 +236,11 @@ void FinPIRegion::ChangeToIUList(u16 staffList) {
     constexpr char kOrigin[] = "void __cdecl FinPIRegion::ChangeToIUList(const int)";
     const DocumentScope scope{m_docID};
     m_staffList.clear();
+    if (!scope) {
+        PostError(FinPIAppError{kOrigin, "New first slot is zero."});
+        startSlot = endSlot = 0;
+        return;
+    }
     const u16 firstStaff = Host::SlotToInst(startSlot, startStaffList);
     const u16 lastStaff = Host::SlotToInst(endSlot, endStaffList);
     startStaffList = staffList;

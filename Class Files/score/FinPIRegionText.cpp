@@ -124,6 +124,9 @@ void FinPIRegion::AppendStaffList(std::u16string& text) const {
 
 std::u16string FinPIRegion::Description() const {
     const DocumentScope scope{m_docID};
+    if (!scope) {
+        return {};
+    }
     std::u16string text;
     const u16 document = Host::GetCurrentEnigmaDocument();
     if (document != 0) {

@@ -19,6 +19,7 @@ constexpr char kSaveTGF[] = "short __cdecl FinPITGFPtr::SaveTGF(void) const";
 constexpr char kReloadTGF[] = "FinPITGFPtr::ReloadTGF";
 constexpr u32 kFrameTag = HostTag("aTGF");
 constexpr i16 kAlwaysOne = 1;
+constexpr u16 kNoStaff = 0;           // does not load, in any document
 constexpr i32 kLatestTime = 1 << 28;  // duration units: longer than any frame
 
 EXFRAME* LoadFrame(u16 firstKey, u16 slot, u16 measure, u16 layer) {
@@ -305,5 +306,5 @@ FinPIStaff FinPITGFPtr::Staff(u16 staff, u32 position) const {
         return FinPIStaff{1};
     }
     const DocumentScope scope{m_document};
-    return FinPIStaff{staff, static_cast<i16>(Measure()), position};
+    return FinPIStaff{scope ? staff : kNoStaff, static_cast<i16>(Measure()), position};
 }

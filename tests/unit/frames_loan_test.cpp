@@ -90,6 +90,13 @@ TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
     EXPECT_TRUE(frame.NextFrame());
     EXPECT_FALSE((FinPITGFPtr{host.Staff(1), 1, 0}));
     EXPECT_TRUE((FinPITGFPtr{host.Staff(1), 1, 0, host.Score().Number()}));
+    EXPECT_NE(frame.Staff(host.Staff(1), 0).IsLoaded(), 0);
+    App().CurrentDocument()->AddStaff(host.Staff(1));
+    App().CurrentDocument()->AddMeasure(4, 1024);
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(ErrorOf(frame.Staff(host.Staff(1), 0).IsLoaded()),
+              "29998 FinPIStaff::FinPIStaff: SOSC");
+    App().faults = {};
     EXPECT_EQ(App().CurrentNumber(), other);
     App().SetCurrentDocument(host.Score().Number());
 }

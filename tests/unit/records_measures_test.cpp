@@ -103,9 +103,14 @@ TEST_F(ScoreAccess, MeasuresLoadByNumber) {
 TEST_F(ScoreAccess, MeasureDurationsAreThoseOfTheRecordsDocument) {
     host.Score().SetMeasureDuration(host.Staff(2), 2, 3072);
     const FinPIMeas measure(2);
-    App().SetCurrentDocument(App().OpenDocument(u"other").Number());
+    Document& other = App().OpenDocument(u"other");
+    other.AddMeasure(3, 1024);
+    App().SetCurrentDocument(other.Number());
     EXPECT_EQ(FinPIMeas::MeasureDuration(measure, 0, 2), 4096);
     EXPECT_EQ(FinPIMeas::MeasureDuration(measure, host.Staff(2), 2), 3072);
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(FinPIMeas::MeasureDuration(measure, 0, 1), 0) << "not the other document's";
+    App().faults = {};
     EXPECT_NE(App().CurrentDocument(), &host.Score());
     App().SetCurrentDocument(host.Score().Number());
 }
@@ -290,6 +295,10 @@ TEST_F(ScoreAccess, SpecialPartExtractionAsksTheHostOnce) {
     Put(HostTag("otPG"), RecordKey::Other(65534), std::array<u16, 6>{0, 0, 0, 5, 0, 0});
     const u16 document = App().CurrentNumber();
     App().SetCurrentDocument(App().OpenDocument(u"other").Number());
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(SpecPartExtractionCmper(document, host.Staff(2)), 0);
+    App().faults = {};
+    App().ResetCounts();
     for (int time = 1; time <= 2; ++time) {
         EXPECT_EQ(SpecPartExtractionCmper(document, host.Staff(2)), 1);
         EXPECT_EQ(App().calls.Of(HostCall::kInstToSlot), 1U);

@@ -137,6 +137,30 @@ TEST_F(Region, ChangesToAnotherStaffList) {
     EXPECT_EQ(ends.endSlot, 2);
 }
 
+TEST_F(Region, AsksItsOwnDocumentOrNone) {
+    FinPIRegion region = Of({0, 2, 1, 0, 0, 2, 1, kEndOfMeasure});
+    Document& other = App().OpenDocument(u"other");
+    other.AddStaff(50);
+    other.SetStaffList(kStaffSet, {50});
+    App().SetCurrentDocument(other.Number());
+    EXPECT_EQ(region.StaffOfSlot(2), host.Staff(2));
+    EXPECT_EQ(region.SlotOfStaff(host.Staff(2)), 2);
+    EXPECT_EQ(region.Description(), u"score Staff 2 Bar 1 - Bar 1 End");
+    region.ChangeToIUList(kStaffSet);
+    EXPECT_EQ(TakePendingError(), "");
+    EXPECT_EQ(region.startSlot, 1);
+    EXPECT_EQ(region.endSlot, 1);
+
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(region.Description(), u"");
+    EXPECT_EQ(region.StaffOfSlot(1) + region.SlotOfStaff(host.Staff(2)), 0);
+    region.ChangeToIUList(0);
+    EXPECT_TRUE(TakePendingError().ends_with("New first slot is zero."));
+    EXPECT_EQ(region.startSlot + region.endSlot, 0);
+    App().faults = {};
+    App().SetCurrentDocument(host.Score().Number());
+}
+
 TEST_F(Region, IsTheSameOnlyInTheSameViewOfTheSameDocument) {
     const EREGION span = Span(1, 0, 2, kEndOfMeasure);
     FinPIRegion region;
