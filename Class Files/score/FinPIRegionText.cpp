@@ -34,6 +34,7 @@ std::u16string HostText(Ask ask) {
     return buffer.data();
 }
 
+// 0 = the signature has no beats to count.
 double BeatNumber(i32 position, const FinPITimeSig& timeSig) {
     i32 before = 0;
     for (std::size_t group = 0; group < timeSig.groupDurations.size(); ++group) {
@@ -45,7 +46,7 @@ double BeatNumber(i32 position, const FinPITimeSig& timeSig) {
         }
         before += duration;
     }
-    return static_cast<double>(position) / timeSig.beatDuration + 1;
+    return timeSig.beatDuration > 0 ? static_cast<double>(position) / timeSig.beatDuration + 1 : 0;
 }
 
 // With four decimals at most, and no zeros or point that say nothing.
@@ -63,13 +64,14 @@ std::u16string BeatText(double beat) {
 void AppendBeat(std::u16string& text, i16 measure, i32 position) {
     const FinPIMeas record{static_cast<u16>(measure)};
     const FinPITimeSig timeSig = record.IsLoaded() != 0 ? record.GetTimeSig() : FinPITimeSig{};
-    if (timeSig.groupDurations.empty() && timeSig.beatDuration <= 0) {
+    const double beat = BeatNumber(position, timeSig);
+    if (beat <= 0) {
         return;
     }
     text += u' ';
     text += platform::ResourceString(kBeatText);
     text += u' ';
-    text += BeatText(BeatNumber(position, timeSig));
+    text += BeatText(beat);
 }
 
 void AppendPartName(std::u16string& text) {

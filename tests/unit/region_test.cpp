@@ -236,6 +236,10 @@ TEST_F(Region, CountsBeatsInTheGroupsOfACompositeSignature) {
     Put(HostTag("otTU"), RecordKey::Other(5), std::array<i16, 6>{3, 2});
     EXPECT_EQ(Of({0, 1, 1, 768, 0, 1, 1, 2048}).Description(),
               u"score Staff 1 Bar 1 Beat 1.5 - Bar 1 Beat 2.5");
+    measure.beatDuration = 0;
+    Put(Tag::kMeasure, RecordKey::Other(1), measure);
+    EXPECT_EQ(Of({0, 1, 1, 768, 0, 1, 1, 2048}).Description(), u"score Staff 1 Bar 1 - Bar 1")
+        << "groups that last no time hold no beat";
 }
 
 }  // namespace
