@@ -18,6 +18,14 @@ bool IsUniqueID(std::span<const EXNOTE> notes, u16 noteID) {
                          [noteID](const EXNOTE& note) { return note.noteID == noteID; }) == 1;
 }
 
+u16 LowestFreeID(std::span<const EXNOTE> notes) {
+    u16 noteID = 1;
+    while (std::ranges::find(notes, noteID, &EXNOTE::noteID) != notes.end()) {
+        ++noteID;
+    }
+    return noteID;
+}
+
 // Of two notes with the same ID the later one keeps it.
 void AssignNoteIDs(std::span<EXNOTE> notes) {
     u16 highest = 0;
@@ -26,7 +34,7 @@ void AssignNoteIDs(std::span<EXNOTE> notes) {
     }
     for (EXNOTE& note : notes) {
         if (note.noteID == 0 || !IsUniqueID(notes, note.noteID)) {
-            note.noteID = ++highest;
+            note.noteID = highest < UINT16_MAX ? ++highest : LowestFreeID(notes);
         }
         note.flags = (note.flags & ~NoteFlag::kNoteIDCopy) |
                      ((note.noteID & kNoteIDCopyBits) << kNoteIDCopyShift);

@@ -182,7 +182,8 @@ TEST(NormalForm, NoteIDsAreUniqueAndCopiedToTheFlags) {
         {{1, 1, 1}, {2, 3, 1}},
         {{1, 2, 0, 0}, {1, 2, 3, 4}},
         {std::vector<u16>(12), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
-        {{40}, {40}},  // more than the flags hold
+        {{40}, {40}},                                            // more than the flags hold
+        {{0xFFFE, 1, 0, 0, 0xFFFE}, {0xFFFF, 1, 2, 3, 0xFFFE}},  // none above the last ID
     };
     for (const auto& [before, after] : cases) {
         SCOPED_TRACE(testing::PrintToString(before));
