@@ -1,6 +1,7 @@
 // The command's dialog: its controls to and from the options, the selection in words.
 #include <algorithm>
 
+#include "Class Files/foundation/FinPIException.h"
 #include "merge/Plyweld.h"
 #include "merge/PlyweldControls.h"
 #include "platform/resources.h"
@@ -25,7 +26,12 @@ std::u16string SelectionText() {
     if (ReadSelection(selection)) {
         FinPIRegion region;
         region.SetRegion(&selection);
-        return region.Description();
+        const bool wasPending = g_pendingError != nullptr;
+        std::u16string text = region.Description();
+        if (!wasPending) {
+            g_pendingError.reset();  // the text does without what cannot be read
+        }
+        return text;
     }
     // As the system's code page can show it.
     const auto text = platform::Utf16ToMultiByte(platform::ResourceString(kNoSelectionLabel),

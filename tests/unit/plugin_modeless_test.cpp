@@ -116,6 +116,18 @@ TEST_F(OpenCommand, TheSelectionIsReadAnewWhenItChanges) {
     open.Press(kClose);
 }
 
+TEST_F(OpenCommand, WhatTheSelectionsTextCannotReadIsNotToldLater) {
+    OpenDialog& open = Open();
+    host.Select(1, 1, 1024, 1, 2, kEndOfMeasure);
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kLoadEData);
+    open.Send(kTimerMessage);
+    App().faults = {};
+    plugin.Invoke(host, 1);
+    EXPECT_NE(AlertTexts().find("Saved settings for menu item not found."), std::string::npos)
+        << AlertTexts();
+    open.Press(kClose);
+}
+
 TEST_F(OpenCommand, AListWithNoSelectionCountsAsTheFirstLayer) {
     OpenDialog& open = Open();
     open.positions[kFrom] = 0;
