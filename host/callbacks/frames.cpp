@@ -61,6 +61,15 @@ void MakeWild(std::span<EXENTRY> entries) {
     }
 }
 
+void Respell(std::span<EXENTRY> entries) {
+    for (EXENTRY& entry : entries) {
+        for (EXNOTE& note : entry.notes) {
+            note.pitch ^= 1U;
+            note.second ^= 1U;
+        }
+    }
+}
+
 void CountFlagsOutOfStep(Application& app, const Document& document,
                          std::span<const EXENTRY> entries) {
     for (const EXENTRY& entry : entries) {
@@ -174,6 +183,9 @@ i16 FX_DeleteEXENTRY(EXFRAME* frame, i16 index, i16 count, u32 version) {
                              return RefuseByRule(app, i16{0});
                          }
                          loan.Delete(index, count);
+                         if (app.faults.respellsNotes) {
+                             Respell(EntriesOf(loan.View()));
+                         }
                          return 1;
                      });
 }

@@ -122,7 +122,8 @@ i16 FX_LoadEData(u32 tag, const void* key, void* data, u32* size, u32 version) {
                            const Bytes* found = call.family == RecordFamily::kStaffAt
                                                     ? FindStaffAt(call, key)
                                                     : call.records.Find(call.tag, call.key);
-                           return found == nullptr ? i16{0} : Hand(*found, data, size);
+                           const bool loaded = found != nullptr && Hand(*found, data, size) != 0;
+                           return loaded && !app.faults.failsWhenLoaded ? i16{1} : i16{0};
                        });
 }
 

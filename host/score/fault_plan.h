@@ -29,9 +29,11 @@ struct FaultPlan {
     };
     std::optional<Switch> switchDocument{};
 
-    u64 stopAtProgress = 0;    // this progress report is answered by "stop"; 0 = none
-    bool guardFrames = false;  // lent entries end at a page that must not be touched
-    bool wildEntries = false;  // lent entries have times and note counts that no music has
+    u64 stopAtProgress = 0;        // this progress report is answered by "stop"; 0 = none
+    bool guardFrames = false;      // lent entries end at a page that must not be touched
+    bool wildEntries = false;      // lent entries have times and note counts that no music has
+    bool respellsNotes = false;    // deleting entries respells the notes of the others
+    bool failsWhenLoaded = false;  // records are loaded, and said not to be
 
     static OfKind AllOf(HostCall call) noexcept { return {call, 1, ~u64{0}}; }
 };

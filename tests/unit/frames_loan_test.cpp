@@ -63,7 +63,12 @@ TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 0);
     App().faults = {};
     EXPECT_EQ(frame.Count(), 5) << "a refusal changes nothing";
+    App().faults.respellsNotes = true;
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 1);
+    App().faults = {};
+    for (const EXENTRY& entry : frame.Entries()) {
+        EXPECT_EQ(entry.notes[0].second, 0) << "goes with the spelling";
+    }
     EXPECT_EQ(frame.SaveTGF(), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:g4");
     const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(2).Number(), 4711};

@@ -150,6 +150,16 @@ TEST_F(Records, ARecordIsSavedAndDeletedInItsOwnDocumentOnly) {
     EXPECT_EQ(record.Save(), 1);
 }
 
+TEST_F(Records, ASaveThatAppendsGivesTheNewNumber) {
+    Add(1, 'a');
+    FinPIKeyFormat record(1);
+    ASSERT_EQ(record.Load(), 1);
+    record.SetKey({1, kNoInci});
+    EXPECT_EQ(record.Save(), 1);
+    EXPECT_EQ(record.Inci(), 1);
+    EXPECT_EQ(Marks(1), "aa");
+}
+
 TEST_F(Records, CommitsDeleteSaveOrCreate) {
     const std::tuple<char, bool, std::string> cases[] = {
         {'\0', false, ""}, {'n', false, "n"}, {'\0', true, std::string(1, '\0')}};

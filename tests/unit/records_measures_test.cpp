@@ -256,6 +256,16 @@ TEST_F(ScoreAccess, StaffSystemsAreFoundByMeasure) {
     App().ResetCounts();
     EXPECT_EQ(FinPIStaffSystem(4, 1).GetCmper1(), 2);
     EXPECT_EQ(App().calls.Of(HostCall::kUpdateLayout), 1U);
+    const std::pair<i16, i16> stale[] = {{i16{0}, i16{4}}, {i16{1}, i16{0}}};
+    for (const auto& [first, next] : stale) {
+        EDTStaffSystemSpec2005 record{};
+        record.firstMeasure = first;
+        record.nextSystemFirstMeasure = next;
+        Put(Tag::kStaffSystem, RecordKey::Other(1), record);
+        App().ResetCounts();
+        EXPECT_EQ(FinPIStaffSystem(2, 1).GetCmper1(), 1) << first;
+        EXPECT_EQ(App().calls.Of(HostCall::kUpdateLayout), 1U) << first;
+    }
 }
 
 TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {

@@ -111,11 +111,18 @@ TEST_F(Preferences, ABufferThatIsTooSmallIsNotOverrun) {
     EXPECT_EQ(size, 106U) << "without a buffer the record is only measured";
 }
 
-TEST_F(Preferences, ARefusedLoadOfAFretInstrumentLeavesNoOldData) {
-    FinPIFretInstrument none(1);
-    none.opaque0[0] = 9;
-    EXPECT_EQ(none.Load(), 0);
-    EXPECT_EQ(none.opaque0[0], 0);
+TEST_F(Preferences, ARefusedFretInstrumentIsLoadedWhenTheHostFilledIt) {
+    FinPIFretInstrument instrument(1);
+    instrument.opaque0[0] = 9;
+    EXPECT_EQ(instrument.Load(), 0);
+    EXPECT_EQ(instrument.opaque0[0], 0) << "no old data";
+    Put(instrument.Tag(), RecordKey::Other(1), Words{7});
+    Put(HostTag("otKF"), RecordKey::Other(1), Words{7});
+    App().faults.failsWhenLoaded = true;
+    EXPECT_EQ(instrument.Load(), 1);
+    EXPECT_EQ(instrument.opaque0[0], 7);
+    EXPECT_EQ(FinPIKeyFormat(1).Load(), 0) << "any other record is not";
+    App().faults = {};
 }
 
 // Loads a preference in an order of its own; each word of the host's holds its offset + 100.
