@@ -236,8 +236,13 @@ void FinPIRegion::ChangeToIUList(u16 staffList) {
     constexpr char kOrigin[] = "void __cdecl FinPIRegion::ChangeToIUList(const int)";
     const DocumentScope scope{m_docID};
     m_staffList.clear();
-    const u16 firstStaff = scope ? Host::SlotToInst(startSlot, startStaffList) : u16{0};
-    const u16 lastStaff = scope ? Host::SlotToInst(endSlot, endStaffList) : u16{0};
+    if (!scope) {
+        PostError(FinPIAppError{kOrigin, "New first slot is zero."});
+        startSlot = endSlot = 0;
+        return;
+    }
+    const u16 firstStaff = Host::SlotToInst(startSlot, startStaffList);
+    const u16 lastStaff = Host::SlotToInst(endSlot, endStaffList);
     startStaffList = staffList;
     endStaffList = staffList;
     startSlot = Host::InstToSlot(firstStaff, staffList);

@@ -73,7 +73,8 @@ public:
     i16 NormalizeEndpoints(bool startEqualAllowed, bool endEqualAllowed, bool clamp);
 
     // Re-expresses the slots in another staff list. A staff that is not in it is posted; the
-    // region then starts at the list's first or ends at its last slot.
+    // region then starts at the list's first or ends at its last slot. When its document cannot
+    // be made current, which is posted, the region is left with no slot.
     void ChangeToIUList(u16 staffList);
 
     // The selection in words, in the user's language. Empty when its document cannot be made

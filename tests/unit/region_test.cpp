@@ -156,6 +156,7 @@ TEST_F(Region, AsksItsOwnDocumentOrNone) {
     EXPECT_EQ(region.StaffOfSlot(1) + region.SlotOfStaff(host.Staff(2)), 0);
     region.ChangeToIUList(0);
     EXPECT_TRUE(TakePendingError().ends_with("New first slot is zero."));
+    EXPECT_EQ(region.startSlot + region.endSlot, 0);
     App().faults = {};
     App().SetCurrentDocument(host.Score().Number());
 }
