@@ -76,8 +76,8 @@ TEST(Rebeam, WholeMeasuresAfterEachStaffMeasure) {
     const Plugin plugin;
     plugin.Merge(host);
     EXPECT_EQ(App().calls.Of(HostCall::kRebeamRegion), 6U);
-    EXPECT_EQ(App().lastRebeamed.startPosition, 0);
-    EXPECT_EQ(App().lastRebeamed.endPosition, kEndOfMeasure);
+    EXPECT_EQ(+App().lastRebeamed.startPosition, 0);
+    EXPECT_EQ(+App().lastRebeamed.endPosition, kEndOfMeasure);
     plugin.Merge(host, {.rebeam = 0});
     EXPECT_EQ(App().calls.Of(HostCall::kRebeamRegion), 6U);
 }
