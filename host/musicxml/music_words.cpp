@@ -94,7 +94,7 @@ std::string WordsForNote(const MusicEntry& entry, const MusicNote& note) {
 }
 
 std::string WordsForText(std::string_view xml) {
-    const std::string text = CanonicalText(xml);
+    std::string text = CanonicalText(xml);
     if (text.size() <= kLongestText) {
         return text;
     }
