@@ -6,26 +6,18 @@
 namespace standin {
 namespace {
 
-constexpr u32 kBeamBreak = HostTag("edsB");
-
 TEST_F(Details, OnlyThoseThatSuitAnyEntryAreCopiedOntoARest) {
-    Write("q:c4", "q:r");
-    host.Attach(Source(), kArticulation, "dot");
-    host.Attach(Source(), kBeamBreak, "break");
-    LoadBoth();
+    WriteAndLoad("q:c4", "q:r", {{kArticulation, "dot"}, {HostTag("edsB"), "break"}});
     EXPECT_EQ(Copy(kOntoPlaced), 1);
     EXPECT_EQ(host.Attached(Target(), kArticulation), "");
-    EXPECT_EQ(host.Attached(Target(), kBeamBreak), "break");
+    EXPECT_EQ(host.Attached(Target(), HostTag("edsB")), "break");
 }
 
 // The two kinds share a flag, which must tell of the one that stays.
 TEST_F(Details, AreLeftAloneUnlessTheirKindIsSelected) {
     constexpr u32 kStem = HostTag("edST");
     constexpr u32 kStub = HostTag("edub");
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kStem, "stem");
-    host.Attach(Source(), kStub, "stub");
-    LoadBoth();
+    WriteAndLoad("q:c4", "q:c4", {{kStem, "stem"}, {kStub, "stub"}});
     EXPECT_EQ(Copy(kOntoPlaced & ~DetailKind::kStemAlt), 1);
     EXPECT_EQ(host.Attached(Target(), kStem), "");
     EXPECT_EQ(host.Attached(Target(), kStub), "stub");
@@ -38,8 +30,7 @@ TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
     // The flags afterwards of a target note with its stem down and of a rest.
     const auto copied = [&](u32 kinds, u32 flags) {
         constexpr u32 kAll = 0x800 | 0x101 | 0x10 | 0x08;
-        Write("q:c4 q:d4", "q:c4 q:r");
-        LoadBoth();
+        WriteAndLoad("q:c4 q:d4", "q:c4 q:r");
         source.EntryAt(0)->flags |= flags;
         EXPECT_EQ(Copy(kinds, 0, 0) + Copy(kinds, 0, 0) + Copy(kinds, 0, 1), 3);
         const u32 ontoNote = target.EntryAt(0)->flags & kAll;
@@ -57,8 +48,7 @@ TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
 }
 
 TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
-    Write("q:c4", "q:c4");
-    LoadBoth();
+    WriteAndLoad("q:c4", "q:c4");
     EXPECT_EQ(Copy(kOntoPlaced), 1);
     EXPECT_EQ(Delete(kFromSource), 0);
     EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), HostTag("edEx")), 1);
@@ -66,30 +56,25 @@ TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
 }
 
 TEST_F(Details, ATupletBringsTheDurationOfItsEntry) {
-    Write("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
-    LoadBoth();
+    WriteAndLoad("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
     EXPECT_EQ(Copy(DetailKind::kTuplet), 1);
     EXPECT_EQ(target.EntryAt(0)->duration, 512);
 }
 
 TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
-    Write("q:c4 q:d4", "h:c4 h:r");
-    LoadBoth();
+    WriteAndLoad("q:c4 q:d4", "h:c4 h:r");
     source.EntryAt(0)->fieldAt6 = 77;
     for (const i16 to : {i16{0}, i16{1}}) {
         EXPECT_EQ(Copy(DetailKind::kDuration | DetailKind::kEntryField6, 0, to), 1);
+        EXPECT_EQ(target.EntryAt(to)->duration, to == 0 ? 1024 : 2048) << "a rest is no note";
+        EXPECT_EQ(target.EntryAt(to)->fieldAt6, to == 0 ? 77 : 0);
     }
-    EXPECT_EQ(target.EntryAt(0)->duration, 1024);
-    EXPECT_EQ(target.EntryAt(0)->fieldAt6, 77);
-    EXPECT_EQ(target.EntryAt(1)->duration, 2048) << "a rest is no note";
-    EXPECT_EQ(target.EntryAt(1)->fieldAt6, 0);
     EXPECT_EQ(Delete(DetailKind::kEntryField6), 1);
     EXPECT_EQ(source.EntryAt(0)->fieldAt6, 0);
 }
 
 TEST_F(Details, PositioningByHandRaisesTheModeOfTheMeasure) {
-    Write("q:c4", "q:c4");
-    LoadBoth();
+    WriteAndLoad("q:c4", "q:c4");
     const u16 modes[][2] = {{0, 0}, {1, 4}, {2, 6}, {3, 3}, {0x19, 0x1C}};
     for (const auto& [before, after] : modes) {
         EDTMeasureSpec2014 measure = host.Score().Measure(1);

@@ -26,8 +26,7 @@ TEST_F(Details, EqualRecordsAreOne) {
         EXPECT_EQ(Copy(kOntoChord), 1);
         return host.Attached(Target(), tag);
     };
-    EXPECT_EQ(copied(kArticulation, {"dot", "line"}, {"dot"}), "dot,line");
-    EXPECT_EQ(copied(kArticulation, {"dot", "dot"}, {"dot"}), "dot,dot");
+    EXPECT_EQ(copied(kArticulation, {"dot", "dot", "line"}, {"dot"}), "dot,dot,line");
     EXPECT_EQ(copied(kArticulation, {"a"}, {"b", "c"}), "b,c,a");
     // The first four bytes are the verse and the syllable.
     EXPECT_EQ(copied(kVerse, {"\1\1\1\1new"}, {"\1\1\1\1old"}), "\1\1\1\1new");
@@ -40,14 +39,10 @@ TEST_F(Details, EqualRecordsAreOne) {
 TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
     // Note IDs count from 1.
     const auto copied = [&](u32 kinds, const char* from, const char* to, char noteID) {
-        Write(from, to);
-        host.Attach(Source(), kNotehead, OfNote(noteID, "x"));
-        LoadBoth();
-        EXPECT_EQ(Copy(kinds), 1);
-        const std::string once = host.Attached(Target(), kNotehead);
-        EXPECT_EQ(Copy(kinds), 1);
-        EXPECT_EQ(host.Attached(Target(), kNotehead), once) << "the second time";
-        return once;
+        const std::string content = OfNote(noteID, "x");
+        WriteAndLoad(from, to, {{kNotehead, content}});
+        EXPECT_EQ(Copy(kinds) + Copy(kinds), 2) << "the second time nothing is added";
+        return host.Attached(Target(), kNotehead);
     };
     EXPECT_EQ(copied(kOntoChord, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(3, "x"));
     EXPECT_EQ(copied(kOntoChord, "q:d#4", "q:eb4,d#4", 1), OfNote(2, "x")) << "of its spelling";
@@ -59,9 +54,7 @@ TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
 
 TEST_F(Details, WhatIsOfATieGoesToATiedNote) {
     constexpr u32 kTieStart = HostTag("E\003Ts");
-    Write("q:g4~", "q:g4,g4~");
-    host.Attach(Source(), kTieStart, OfNote(1, "tie"));
-    LoadBoth();
+    WriteAndLoad("q:g4~", "q:g4,g4~", {{kTieStart, {"\1\0tie", 5}}});
     EXPECT_EQ(Copy(kOntoChord), 1);
     EXPECT_EQ(host.Attached(Target(), kTieStart), OfNote(2, "tie"));
     source.EntryAt(0)->notes[0].flags &= ~NoteFlag::kTieStart;
@@ -72,11 +65,10 @@ TEST_F(Details, WhatIsOfATieGoesToATiedNote) {
 
 // Of two layers with music the first has its stems up, the second down.
 TEST_F(Details, AVariantForStemsUpBecomesTheOneForStemsDown) {
-    Write("e:c4 e:d4 h.:r", "e:c4 e:d4 h.:r");
-    host.Attach(Source(), HostTag("edSU"), "up");
-    host.Attach(Source(), HostTag("edDE"), "of no use with the stem up");
-    host.Attach(Source(), HostTag("edUE"), "longer");
-    LoadBoth();
+    WriteAndLoad("e:c4 e:d4 h.:r", "e:c4 e:d4 h.:r",
+                 {{HostTag("edSU"), "up"},
+                  {HostTag("edDE"), "of no use with the stem up"},
+                  {HostTag("edUE"), "longer"}});
     EXPECT_EQ(Copy(kOntoChord), 1);
     EXPECT_EQ(host.Attached(Target(), HostTag("edsl")), "up");
     EXPECT_EQ(host.Attached(Target(), HostTag("edDE")), "longer");
@@ -88,13 +80,11 @@ TEST_F(Details, AVariantForStemsUpBecomesTheOneForStemsDown) {
 }
 
 TEST_F(Details, ARestUnderABeamHasTheStemOfItsNeighbours) {
-    Write("e:r h.:r e:r", "e:r e:c4 e:r e:d4 h:r");
-    LoadBoth();
+    WriteAndLoad("e:r h.:r e:r", "e:r e:c4 e:r e:d4 h:r");
     EXPECT_EQ(target.EntryAt(0).StemDirection(), -1) << "the first under the beam";
     EXPECT_EQ(target.EntryAt(2).StemDirection(), -1);
     for (const i16 note : {i16{1}, i16{3}}) {
-        target.EntryAt(note)->flags |= HostEntryFlag::kFixedStem;
-        target.EntryAt(note)->flags |= HostEntryFlag::kStemUp;
+        target.EntryAt(note)->flags |= HostEntryFlag::kFixedStem | HostEntryFlag::kStemUp;
     }
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(target.EntryAt(2).StemDirection(), 1);
@@ -107,9 +97,7 @@ TEST_F(Details, ARestUnderABeamHasTheStemOfItsNeighbours) {
 }
 
 TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
-    Write("q:c4!", "q:c4");
-    host.Attach(Source(), HostTag("edub"), "stub");
-    LoadBoth();
+    WriteAndLoad("q:c4!", "q:c4", {{HostTag("edub"), "stub"}});
     EXPECT_EQ(Copy(kOntoChord), 1) << "nothing asks for a stem";
     host.Attach(Source(), HostTag("edSU"), "custom");
     EXPECT_EQ(Copy(kOntoChord), 1) << "the copy goes on";
@@ -124,11 +112,11 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
     // The articulation on the target is equal to the source's or not.
     const auto error = [&](HostCall refused, u64 nth, bool isDelete, const char* onTarget) {
         Write("q:c4", "q:c4");
+        host.Attach(Target(), kArticulation, onTarget);
         host.Attach(Source(), kArticulation, "dot");
         host.Attach(Source(), kVerse, "la");
-        host.Attach(Target(), kArticulation, onTarget);
         LoadBoth();
-        App().faults.refuseKind = FaultPlan::OfKind{refused, nth, nth};
+        RefuseOnly(refused, nth);
         EXPECT_EQ(isDelete ? Delete(kFromSource) : Copy(kOntoChord), isDelete ? -1 : 0);
         EXPECT_EQ(host.Attached(Source(), kVerse), isDelete ? "" : "la");
         EXPECT_EQ(host.Attached(Target(), kVerse), isDelete ? "" : "la");
@@ -144,11 +132,9 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
 }
 
 TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    LoadBoth();
+    WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     const FinPIEntryPtr entry = source.EntryAt(0);
-    App().SetCurrentDocument(App().OpenDocument(u"other").Number());
+    const OtherDocument other;
     const u8 data[12]{};
     const auto isNotCurrent = [](i16 result) {
         return ErrorOf(result).ends_with(": Attempted to update a non-current document");
@@ -157,7 +143,6 @@ TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
         isNotCurrent(entry.CreateEntryDetail(kArticulation, data, 12, 0, kInterfaceVersion)));
     EXPECT_TRUE(isNotCurrent(entry.SaveEntryDetail(kArticulation, 0, data, 12, kInterfaceVersion)));
     EXPECT_TRUE(isNotCurrent(entry.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion)));
-    App().SetCurrentDocument(host.Score().Number());
 }
 
 // An articulation whose definition cannot be copied.
@@ -168,10 +153,8 @@ public:
 };
 
 TEST_F(Details, ARecordOfAnotherDocumentComesWithWhatItRefersToOrNotAtAll) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    LoadBoth();
-    App().SetCurrentDocument(App().OpenDocument(u"other").Number());
+    WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
+    const OtherDocument other;
     const FinPIEntryPtr elsewhere{target.Frame(), 0};  // of the current document
     LostDefinition to{elsewhere};
     LostDefinition from{source.EntryAt(0)};
@@ -179,13 +162,10 @@ TEST_F(Details, ARecordOfAnotherDocumentComesWithWhatItRefersToOrNotAtAll) {
     EXPECT_EQ(ErrorOf(FinPIEntryDetail::CopyDetail(to, from, true, anyCopied)),
               "29999 FinPIEntryDetail::CopyDetail: CopyDependentStructs() failed.");
     EXPECT_EQ(anyCopied, 0);
-    App().SetCurrentDocument(host.Score().Number());
 }
 
 TEST_F(Details, RecordsAreLoadedBeforeTheyAreSaved) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    LoadBoth();
+    WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     FinPIArticulation articulation{source.EntryAt(0)};
     EXPECT_EQ(ErrorOf(articulation.Save()),
               "29999 FinPIEntryDetail::Save: Attempted to Save but never Loaded.");
