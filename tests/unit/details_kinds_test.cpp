@@ -55,12 +55,6 @@ TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
     EXPECT_EQ(App().calls.Total(), 0U);
 }
 
-TEST_F(Details, ATupletBringsTheDurationOfItsEntry) {
-    WriteAndLoad("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
-    EXPECT_EQ(Copy(DetailKind::kTuplet), 1);
-    EXPECT_EQ(target.EntryAt(0)->duration, 512);
-}
-
 TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
     WriteAndLoad("q:c4 q:d4", "h:c4 h:r");
     source.EntryAt(0)->fieldAt6 = 77;

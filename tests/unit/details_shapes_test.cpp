@@ -62,21 +62,6 @@ private:
     }
 };
 
-TEST_F(Shapes, FollowTheEntryTheyMoveTo) {
-    const auto moved = [&](int from, int to) {
-        Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");
-        const u16 number = host.Slur(Source(from), Source(to));
-        LoadBoth();
-        EXPECT_EQ(Move(), 1);
-        EXPECT_EQ(Marks(Source()), 0);
-        SaveBoth();
-        EXPECT_EQ(Marks(Target()), 1) << "saving loses nothing";
-        return Ends(number);
-    };
-    EXPECT_EQ(moved(0, 2), "t0 s2");
-    EXPECT_EQ(moved(2, 0), "s2 t0");
-}
-
 TEST_F(Shapes, AllMarksOfAnEntryMoveAlsoTwoOfOneShapeAndThoseWhoseShapeIsGone) {
     host.Slur(Source(), Source());
     host.Attach(Source(), kShapeOnEntry, std::string_view{"\1", 1});
@@ -167,36 +152,6 @@ TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     EXPECT_EQ(Marks(Source(2)), 0);
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
     source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
-}
-
-// Whether a call of the kind was refused while a slur was copied and deleted.
-class FaultySlur final : public CopiedShapes {
-public:
-    bool IsRefused(HostCall call, u64 nth) {
-        SlurAndLoad(0, 2);
-        RefuseOnly(call, nth);
-        const bool copied = CopyWithin(1) != 0;
-        EXPECT_EQ(TakePendingError().empty(), copied) << NameOf(call) << " " << nth;
-        const bool deleted = Delete(DetailKind::kSmartShape) >= 0;
-        EXPECT_EQ(TakePendingError().empty(), deleted) << NameOf(call) << " " << nth;
-        const auto& shapes = host.Score().Records().OfTag(Tag::kSmartShape);
-        EXPECT_TRUE(!copied || !deleted || Marks(Source(2)) == std::ssize(shapes))
-            << "no end without shape";
-        const bool isRefused = App().calls.refusedByPlan != 0;
-        App().faults = {};
-        App().calls.flagsOutOfStep = 0;
-        source = {};
-        return isRefused;
-    }
-    void TestBody() override {}
-};
-
-TEST(ShapeFaults, WhatFailsIsTold) {
-    for (const HostCall call : {HostCall::kLoadEData, HostCall::kPreviousEData,
-                                HostCall::kCreateEData, HostCall::kDeleteEData}) {
-        for (u64 nth = 1; FaultySlur{}.IsRefused(call, nth); ++nth) {
-        }
-    }
 }
 
 TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {

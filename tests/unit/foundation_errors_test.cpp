@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 
 #include "Class Files/foundation/DocumentScope.h"
@@ -25,38 +24,6 @@ protected:
 
     standin::StandIn host;
 };
-
-TEST_F(Errors, OfRecordsNameTheOperationAndTheTag) {
-    const std::pair<void (*)(const char*, u32), std::u16string> cases[] = {
-        {PostRecordError<FinPILoadEDataFailed>, u"load"},
-        {PostRecordError<FinPICreateEDataFailed>, u"create"},
-        {PostRecordError<FinPISaveEDataFailed>, u"save"},
-        {PostRecordError<FinPIDeleteEDataFailed>, u"delete"},
-    };
-    for (const auto& [post, verb] : cases) {
-        post("Op", HostTag("O\x03OM"));
-        EXPECT_EQ(ReportPendingError(), 1);
-        EXPECT_EQ(LastAlert(), u"Op->Unable to " + verb + u" Enigma Data. EXTAG is 'O\x03OM'.");
-    }
-}
-
-// Of long texts the beginning.
-TEST_F(Errors, EachSaysWhatFailed) {
-    const std::pair<std::unique_ptr<FinPIException>, std::u16string> cases[] = {
-        {std::make_unique<FinPIConfigWriteError>("Op"), u"Op->Unable to write to config"},
-        {std::make_unique<FinPISerialVersionError>("Op"), u"Op->Stored item is not compatible"},
-        {std::make_unique<FinPISerialVersionFinaleError>("Op"), u"Op->Gespeichertes Objekt"},
-        {std::make_unique<FinPINoOpenDocumentError>(), u"No open document."},
-        {std::make_unique<FinPINotPageViewVisibleError>(), u"Cannot process measures that"},
-        {std::make_unique<FinPIEntryNotVisibleError>(), u"Cannot process notes that are invis"},
-    };
-    for (const auto& [error, beginning] : cases) {
-        PostError(*error);
-        EXPECT_EQ(ReportPendingError(), 1);
-        EXPECT_EQ(LastAlert().substr(0, beginning.size()), beginning);
-    }
-    EXPECT_EQ(App().alerts.back().kind + App().alerts.back().stringId, 0);
-}
 
 TEST_F(Errors, OnlyTheFirstIsKeptAndShownOnceInTheLanguageOfThen) {
     PostRecordError<FinPISaveEDataFailed>("Op", HostTag("pfMS"));

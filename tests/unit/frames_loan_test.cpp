@@ -45,16 +45,6 @@ TEST_F(Frames, ACopyOfAnOwnerIsAFrameOfItsOwn) {
     EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 5U);
 }
 
-TEST_F(Frames, SavingStoresWhatIsHeldAndReloadingShowsWhatIsStored) {
-    FinPITGFPtr frame = Load();
-    frame.EntryAt(0)->duration = 2048;
-    EXPECT_EQ(frame.SaveTGF(), 1);
-    EXPECT_EQ(+frame.EntryAt(1)->elapsedTime, 1024) << "the held frame stays as it is";
-    EXPECT_EQ(frame.ReloadTGF(), 1);
-    EXPECT_EQ(+frame.EntryAt(1)->elapsedTime, 2048);
-    EXPECT_EQ(frame.Duration(), 2048 + 3 * 1024);
-}
-
 TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
     FinPITGFPtr frame = Load();
     Refuse(HostCall::kDeleteEXENTRY);

@@ -57,17 +57,6 @@ TEST_F(Walks, EndAtAMeasureThatHoldsNothing) {
     EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), 7}));
 }
 
-TEST_F(Walks, GraceEntriesKnowTheirPlaceBeforeTheMainNote) {
-    host.Layer(1, 1, 0, "q:c4 ge:d4 gs:e4 q:f4 ge:g4");
-    const FinPITGFPtr frame = Load();
-    const i32 offsets[] = {0, -768, -256, 0, -512};
-    const i16 indices[] = {0, 1, 2, 0, 1};
-    for (i16 i = 0; i < frame.Count(); ++i) {
-        EXPECT_EQ(frame.EntryAt(i).GraceOffset(), offsets[i]) << i;
-        EXPECT_EQ(frame.EntryAt(i).GraceIndex(), indices[i]) << i;
-    }
-}
-
 TEST_F(Walks, PositionsAreScaledToTheMeasureAndRounded) {
     host.Score().SetMeasureDuration(host.Staff(1), 1, 3072);
     host.Layer(1, 1, 0, "q:c4 e:d4 t:e4 q:f4");

@@ -35,22 +35,6 @@ protected:
     }
 };
 
-TEST_F(Records, WalkingVisitsAllOfATagInTheHostsOrder) {
-    Add(7, 'c');
-    Add(2, 'a');
-    Add(2, 'b');
-    FinPIKeyFormat record(99);
-    record.Rewind();
-    std::string visited;
-    while (record.LoadNext() != 0) {
-        visited += static_cast<char>(record.opaque0[0]);
-        visited += std::to_string(record.GetCmper1()) + "/" + std::to_string(record.Inci()) + " ";
-    }
-    EXPECT_EQ(visited, "a2/0 b2/1 c7/0 ");
-    EXPECT_EQ(record.IsLoaded(), 0);
-    EXPECT_EQ(record.IsEmpty(), 1) << "the data of the last find is gone";
-}
-
 TEST_F(Records, AWalkLeavesNothingOfALongerRecordInAShorterOne) {
     host.Score().Records().Create(kKeyFormat, RecordKey::Other(1), Bytes(12, 'l'));
     host.Score().Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(2, 's'));
@@ -58,21 +42,6 @@ TEST_F(Records, AWalkLeavesNothingOfALongerRecordInAShorterOne) {
     EXPECT_EQ(record.LoadNext() + record.LoadNext(), 2);
     EXPECT_EQ(record.opaque0[1], 's');
     EXPECT_EQ(record.opaque0[2], 0);
-}
-
-TEST_F(Records, TheLastOfAnItemOrOfALowerOneIsFound) {
-    Add(2, 'a');
-    Add(2, 'b');
-    Add(7, 'c');
-    FinPIKeyFormat record(2);
-    EXPECT_EQ(record.LoadLastInci(), 1);
-    EXPECT_EQ(record.opaque0[0], 'b');
-    record.SetCmpers(5);
-    EXPECT_EQ(record.LoadLastInci(), 1);
-    EXPECT_EQ(record.GetCmper1(), 2) << "item 5 has none";
-    EXPECT_EQ(record.LoadLast(), 1);
-    EXPECT_EQ(record.opaque0[0], 'c');
-    EXPECT_EQ(record.LoadLastCmper1(1), 0);
 }
 
 TEST_F(Records, OperationsOutOfTurnAreRefusedWithoutAHostCall) {

@@ -1,10 +1,9 @@
 // Record classes that do more than their line of the table says.
-#include "Class Files/score/FinPILyricBaseline.h"
+#include "Class Files/score/EnigmaRecords.h"
 #include "Class Files/score/FinPILyricText.h"
 #include "Class Files/score/FinPIOtherStringUtf16.h"
 #include "Class Files/score/FinPIScoreExpr.h"
 #include "Class Files/score/FinPIScoreView.h"
-#include "Class Files/score/FinPIShapeNote.h"
 #include "Class Files/score/FinPIStaffView.h"
 #include "tests/unit/support/library_test.h"
 
@@ -53,42 +52,23 @@ TEST_F(RecordClasses, StringsEndAtTheirTerminatorAndAreDeletedWhenEmpty) {
     EXPECT_EQ(Stored(HostTag("otmn"), RecordKey::Other(7)), nullptr);
 }
 
-TEST_F(RecordClasses, FinPIKeyAttributesKeepTheirFirstValues) {
-    FinPIKeyAttributes attributes(3);
-    attributes.SetCount(3);
-    attributes.Values()[1] = 9;
-    attributes.SetCount(2);
-    EXPECT_EQ(attributes.Count(), 2U);
-    EXPECT_EQ(attributes.Values()[1], 9);
-    attributes.SetCount(0);
-    EXPECT_EQ(attributes.Count(), 1U) << "one at least";
+TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
+    FinPIShape shape(HostTag("dtXX"), 4, 9);
+    shape.Body().opaque0[131] = 1;
+    EXPECT_EQ(shape.Create(), 1);
+    EXPECT_NE(Stored(HostTag("dtXX"), RecordKey::Detail(4, 9)), nullptr);
+    EXPECT_EQ(shape.IsSameKey(FinPIShape(HostTag("dtXX"), 4, 8)), 0);
 }
 
-TEST_F(RecordClasses, DetailsHaveKeysOfTheirOwn) {
-    const auto keeps = [&](auto&& record, u32 tag, u16 second) {
-        record.SetData("x", 1);
-        EXPECT_EQ(record.Commit(), 1);
-        return Stored(tag, RecordKey::Detail(8, second)) != nullptr;
-    };
-    constexpr u32 kShapeNotes = HostTag("D\x15NI");
-    EXPECT_TRUE(keeps(FinPIShapeNoteDoubleWhole(8), kShapeNotes, 0));
-    EXPECT_TRUE(keeps(FinPIShapeNoteWhole(8), kShapeNotes, 1));
-    EXPECT_TRUE(keeps(FinPIShapeNoteHalf(8), kShapeNotes, 2));
-    EXPECT_TRUE(keeps(FinPIShapeNoteQuarter(8), kShapeNotes, 3));
-    EXPECT_TRUE(keeps(FinPILyricBaseline(LyricBaselineTag::kVerse, 8, 2), HostTag("dtBv"), 2));
-    EXPECT_TRUE(keeps(FinPILyricBaseline(LyricBaselineTag::kChorus, 8, 2), HostTag("dtBc"), 2));
-    FinPIShape shape(HostTag("dtXX"), 8, 9);
-    EXPECT_TRUE(keeps(shape, HostTag("dtXX"), 9)) << "of variable size";
-    EXPECT_EQ(shape.IsSameKey(FinPIShape(HostTag("dtXX"), 8, 8)), 0);
-}
-
-TEST_F(RecordClasses, FinPIScoreViewShowsTheScoreWhileItLives) {
+TEST_F(RecordClasses, FinPIScoreViewShowsTheScoreWhereExpressionsAreDeleted) {
     host.Score().AddPart(1, u"Flute");
     host.Score().currentPart = 1;
+    FinPIScoreExpr expression(1);
+    EXPECT_EQ(expression.ChooseLinkedPartHook(), 0);
+    EXPECT_EQ(FinPIClefChange(1).ChooseLinkedPartHook(), 1);
     {
-        FinPIScoreView view;
-        EXPECT_EQ(host.Score().currentPart, 0);
-        EXPECT_EQ(view.Load(), 0) << "this score has no record of itself";
+        const FinPIScoreView view;
+        EXPECT_EQ(expression.ChooseLinkedPartHook(), 1);
     }
     EXPECT_EQ(host.Score().currentPart, 1);
 }
@@ -127,15 +107,6 @@ TEST_F(RecordClasses, RecordsOfMeasuresCompareAndCopyWhatTheySay) {
     EXPECT_EQ(clef.IsSameMeasOther(first), 0);
     EXPECT_EQ(ErrorOf(clef.CopyMeasOtherAttributes(first)),
               "29999 FinPIMeasOther::CopyMeasOtherAttributes: dynamic_cast failed.");
-}
-
-TEST_F(RecordClasses, ExpressionsAreDeletedInTheScoreOnly) {
-    host.Score().AddPart(1, u"Flute");
-    FinPIScoreExpr expression(1);
-    EXPECT_EQ(expression.ChooseLinkedPartHook(), 1);
-    host.Score().currentPart = 1;
-    EXPECT_EQ(expression.ChooseLinkedPartHook(), 0);
-    EXPECT_EQ(FinPIClefChange(1).ChooseLinkedPartHook(), 1);
 }
 
 }  // namespace

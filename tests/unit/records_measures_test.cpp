@@ -28,35 +28,15 @@ protected:
     }
 };
 
-TEST_F(ScoreAccess, TheActiveLayerOptionIsReadAndChanged) {
-    const FinPIDoc document;
-    CurrEDTMiscPrefs prefs{};
-    prefs.opaque10[0] = 7;
-    Put(kMiscPrefs, RecordKey::Other(0), prefs);
-    EXPECT_EQ(document.ShowActiveLayerOnlyOption(), 0);
-    EXPECT_NE(document.SetShowActiveLayerOnlyOption(1), 0);
-    EXPECT_EQ(document.ShowActiveLayerOnlyOption(), 1);
-    EXPECT_TRUE(App().ShowsActiveLayerOnly());
-    FinPIMiscPrefs stored;
-    ASSERT_EQ(stored.Load(), 1);
-    EXPECT_EQ(stored.opaque10[0], 7) << "the record's other bytes stay";
-    g_module.hostVersion = kInterfaceVersion - 1;
-    EXPECT_EQ(FinPIMiscPrefs().Tag(), HostTag("O\x02OM")) << "of older hosts";
-}
-
-TEST_F(ScoreAccess, PreferencesThatDoNotLoadAreNamed) {
+TEST_F(ScoreAccess, OptionsAreReadFromTheirPreferences) {
     const FinPIDoc document;
     EDTBeamPrefs26_2 beams{};
     beams.words[5] = 3;
     Put(HostTag("pfOb"), RecordKey::Preference(0), beams);
     EXPECT_EQ(document.BeamFlagOption(), 1);
-    Refuse(HostCall::kLoadEData);
     EXPECT_EQ(ErrorOf(document.ClefChangePercent()), "29998 FinPIDoc::ClefChangePercent: pfOZ");
-    EXPECT_EQ(ErrorOf(document.BeamFlagOption()), "29998 FinPIDoc::BeamFlagOption: pfOb");
-    EXPECT_EQ(ErrorOf(document.ShowActiveLayerOnlyOption()),
-              "29998 short __cdecl FinPIDoc::ShowActiveLayerOnlyOption(void) const: O\x03OM");
-    EXPECT_EQ(ErrorOf(document.SetShowActiveLayerOnlyOption(0)),
-              "29998 short __cdecl FinPIDoc::SetShowActiveLayerOnlyOption(const short): O\x03OM");
+    g_module.hostVersion = kInterfaceVersion - 1;
+    EXPECT_EQ(FinPIMiscPrefs().Tag(), HostTag("O\x02OM")) << "of older hosts";
 }
 
 TEST_F(ScoreAccess, OctaveTranspositionsFollowThePreference) {
@@ -178,19 +158,6 @@ TEST_F(Signatures, OfStavesWithoutAKeyHaveAttributes) {
     Put(HostTag("otTp"), RecordKey::Other(7), std::array<u16, 3>{1, 2, 3});
     EXPECT_EQ(FinPIMeas(3).GetKeylessAttributes(staff, attributes), 1);
     EXPECT_EQ(attributes.Count(), 3U);
-}
-
-TEST_F(Signatures, OfAStaffThatDoesNotLoadAreNamed) {
-    const FinPIMeas measure(1);
-    FinPITimeSig signature;
-    FinPIKeyAttributes attributes(0);
-    Refuse(HostCall::kLoadEData);
-    measure.VisibleTimeSig(1, signature);
-    EXPECT_TRUE(TakePendingError().ends_with("FinPITimeSig &) const: SOIS"));
-    measure.InstHasVisibleKeySig(1);
-    EXPECT_TRUE(TakePendingError().ends_with("InstHasVisibleKeySig(const short) const: SOIS"));
-    EXPECT_EQ(ErrorOf(measure.GetKeylessAttributes(1, attributes)),
-              "29998 FinPIMeas::GetKeylessAttributes: SOIS");
 }
 
 TEST_F(ScoreAccess, CommonAndCutTimeFollowThePreferences) {

@@ -1,6 +1,5 @@
 // The serialized form of records.
 #include <array>
-#include <cstring>
 #include <vector>
 
 #include "Class Files/score/EnigmaRecords.h"
@@ -44,13 +43,10 @@ struct WithDependent final : FinPIFont {
     i16 AcceptsVersion(u32 /*version*/) const override { return acceptsVersion; }
     u32 GetSerializedDependentStruct(u16 index, u16 /*serialVersion*/, void* out,
                                      u32 size) const override {
-        if (index != 2) {
-            return 0;
+        if (out != nullptr) {
+            dependent.copy(static_cast<char*>(out), size);
         }
-        if (out != nullptr && size >= 3) {
-            std::memcpy(out, dependent.data(), 3);
-        }
-        return 3;
+        return index == 2 ? 3 : 0;
     }
     i16 PutSerializedDependentStruct(u16 index, u16 /*serialVersion*/, const void* bytes,
                                      u32 size) override {

@@ -87,25 +87,6 @@ TEST_F(SavedSettingsTest, LongNamesAreCutBetweenCharacters) {
     EXPECT_EQ(record.Name(), std::u16string(128, u'z')) << "a stored name without its end";
 }
 
-TEST_F(SavedSettingsTest, ReadsTheHeaderOfANumberInRange) {
-    Store(1, u"Slow", 7, 1);
-    const auto read = [](i16 number) {
-        char16 name[128];
-        u16 out[4] = {9, 9, 9, 9};
-        EXPECT_EQ(ReadSavedSetting(kCommand, number, name, &out[0], &out[1], &out[2], &out[3]),
-                  number == 1);
-        return std::u16string(out, out + 4) + (number == 1 ? name : u"");
-    };
-    EXPECT_EQ(read(1), std::u16string(u"\0\1\7\1Slow", 8));
-    for (const i16 number : {i16{0}, i16{2}, i16{100}}) {
-        EXPECT_EQ(read(number), u"\x9\x9\x9\x9");
-    }
-    char settings[] = "....";
-    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 1, settings, 4), 4U);
-    EXPECT_STREQ(settings, "abcd");
-    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 2, settings, 4), 0U);
-}
-
 TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
     SavedSettingPtr record{4};
     record.Header().headerSize = 150;

@@ -92,25 +92,6 @@ TEST_F(SettingsStore, WritingMovesASettingOutOfBothOlderLayouts) {
     EXPECT_FALSE(KeyExists(kLegacy)) << "the legacy key goes with its last value";
 }
 
-TEST_F(SettingsStore, RefusedWritesClearTheOlderCopiesAllTheSame) {
-    using Call = headless::RegistryCall;
-    for (const auto& [call, result] : {std::pair{Call::kCreateKey, 0},
-                                       {Call::kSetValue, 0},
-                                       {Call::kOpenKey, 1},
-                                       {Call::kDeleteValue, 1},
-                                       {Call::kQueryInfo, 1},
-                                       {Call::kDeleteKey, 1}}) {
-        SCOPED_TRACE(static_cast<int>(call));
-        headless::Reset();
-        StoreValue(kBase, "Plyweld", "oldest");
-        StoreValue(kLegacy, "ZKCF22000", "old");
-        headless::RefuseRegistryCall(call, 1);
-        EXPECT_EQ(ZKFX_PutSettings("ZKCF", 22000, "new", 3, "Plyweld"), result);
-        EXPECT_EQ(StoredValue(kCurrent, "ZKCF22000").has_value(), result == 1);
-        EXPECT_EQ(StoredValue(kBase, "Plyweld"), std::nullopt);
-    }
-}
-
 TEST_F(SettingsStore, DeletesOneValueOrAllThatBeginWithANameUntilOneStays) {
     const std::string names[] = {"AAAA" + std::string(300, 'x'),
                                  "WPOS12003",
