@@ -23,13 +23,6 @@ protected:
     FinPITGFPtr Load(u16 layer = 0) const { return {host.Staff(1), 1, layer}; }
 };
 
-TEST_F(Frames, ExistOrNotAsTheHostHasThem) {
-    EXPECT_TRUE(Load(3)) << "a frame that holds nothing is a frame";
-    EXPECT_FALSE(Load(4)) << "no such layer";
-    EXPECT_FALSE((FinPITGFPtr{1, 1, 0})) << "no such staff";
-    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 2U) << "the staff without a slot is not loaded";
-}
-
 TEST_F(Frames, ACopyOfAnOwnerIsAFrameOfItsOwn) {
     FinPITGFPtr frame = Load();
     const FinPITGFPtr copy{frame};
@@ -122,17 +115,9 @@ TEST_F(Frames, NeighboursAreTheSameLayerInTheNextMeasures) {
     EXPECT_FALSE(next.NextFrame().NextFrame()) << "past the last measure";
 }
 
-TEST_F(Frames, WithoutAFrameThereIsNothing) {
-    EXPECT_EQ(FinPITGFPtr{}.SaveTGF() + FinPITGFPtr{}.Duration(), 0);
-    FinPITGFPtr{}.Staff(host.Staff(2), 0);
-    EXPECT_EQ(TakePendingError(), "29999 FinPITGFPtr::Staff: TGF is null.");
-}
-
 TEST_F(Frames, OnlyLayersOfTheHostHavePreferences) {
     EXPECT_NE(FinPILayer{3}.IsLoaded(), 0);
     EXPECT_EQ(ErrorOf(FinPILayer{4}.IsLoaded()), "29999 FinPILayer::FinPILayer: Invalid layer.");
-    Refuse(HostCall::kLoadEData);
-    EXPECT_EQ(ErrorOf(FinPILayer{2}.IsLoaded()), "29998 FinPILayer::FinPILayer: pfLA");
 }
 
 // A chord with these note IDs, and something in every note slot.

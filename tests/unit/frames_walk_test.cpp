@@ -50,8 +50,6 @@ TEST_F(Walks, EndAtAMeasureThatHoldsNothing) {
     EXPECT_EQ(PlaceOf(entry), "2:0");
     EXPECT_TRUE(entry.IsOwner());
     EXPECT_EQ(PlaceOf(entry.Next(false)), "-");
-    EXPECT_EQ(PlaceOf(FinPIEntryPtr{}.Next(false)), "-");
-    EXPECT_EQ(PlaceOf(FinPIEntryPtr{}.PreviousInVoice()), "-");
     EXPECT_EQ((FinPIEntryPtr{frame.Frame(), 4}.ScaledPosition()), 2048) << "asks for durations";
     EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), -1}));
     EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), 7}));

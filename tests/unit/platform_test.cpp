@@ -3,7 +3,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <gtest/gtest.h>
-#include <string>
 #include <tuple>
 
 #include "platform/headless/session.h"

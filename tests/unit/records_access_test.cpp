@@ -3,7 +3,6 @@
 #include <tuple>
 
 #include "Class Files/score/EnigmaRecords.h"
-#include "Class Files/score/FinPITextExpression.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {
@@ -14,13 +13,10 @@ constexpr char kSaveRefused[] = "29996 FinPIEnigmaData::Save: otKF";
 
 class Records : public LibraryTest {
 protected:
-    // A key format record of the item whose first byte tells it apart.
-    void Add(u16 item, char mark) {
-        host.Score().Records().Create(kKeyFormat, RecordKey::Other(item, kAppend),
-                                      Bytes(1, mark) + Bytes(11, '\0'));
-    }
+    // A stored key format record of the item, whose first byte tells it apart.
     FinPIKeyFormat Added(u16 item, char mark) {
-        Add(item, mark);
+        host.Score().Records().Create(kKeyFormat, RecordKey::Other(item),
+                                      Bytes(1, mark) + Bytes(11, '\0'));
         FinPIKeyFormat record(item);
         EXPECT_EQ(record.Load(), 1);
         return record;
@@ -44,7 +40,7 @@ TEST_F(Records, AWalkLeavesNothingOfALongerRecordInAShorterOne) {
     EXPECT_EQ(record.opaque0[2], 0);
 }
 
-TEST_F(Records, OperationsOutOfTurnAreRefusedWithoutAHostCall) {
+TEST_F(Records, OperationsOutOfTurnAreRefused) {
     FinPIKeyFormat record(1);
     record.opaque0[0] = 'x';
     EXPECT_EQ(record.Create(), 1);
@@ -54,18 +50,8 @@ TEST_F(Records, OperationsOutOfTurnAreRefusedWithoutAHostCall) {
     EXPECT_EQ(ErrorOf(record.Create()),
               "29999 FinPIEnigmaData::Create: Attempted to Create but already Loaded.");
     record.Reset(0);
-    App().ResetCounts();
     EXPECT_EQ(ErrorOf(record.Save()),
               "29999 FinPIEnigmaData::Save: Attempted to Save but never Loaded.");
-    FinPITextExpression empty(1);
-    empty.SetSize(0);
-    App().ResetCounts();
-    for (const auto operation : {&FinPIEnigmaData::Save, &FinPIEnigmaData::Create,
-                                 &FinPIEnigmaData::LoadLastInci, &FinPIEnigmaData::LoadLast}) {
-        EXPECT_TRUE(ErrorOf((empty.*operation)()).ends_with(": No data buffer exists."));
-    }
-    EXPECT_EQ(empty.Load() + empty.LoadNext(), 0);
-    EXPECT_EQ(App().calls.Total(), 0U);
 }
 
 TEST_F(Records, WhatTheHostRefusesIsPostedWithTheTag) {

@@ -68,12 +68,6 @@ TEST_F(ScoreAccess, OctaveTranspositionsFollowThePreference) {
                     .ends_with("ConcertPitchOption(void) const: pfPG"));
 }
 
-TEST_F(ScoreAccess, MeasuresLoadByNumber) {
-    EXPECT_EQ(FinPIMeas(2).beats, 4);
-    EXPECT_EQ(ErrorOf(FinPIMeas(0xFFFF).IsLoaded()), "");
-    EXPECT_EQ(ErrorOf(FinPIMeas(8).IsLoaded()), "29998 FinPIMeas::FinPIMeas: SOMS");
-}
-
 TEST_F(ScoreAccess, MeasureDurationsAreThoseOfTheRecordsDocument) {
     host.Score().SetMeasureDuration(host.Staff(2), 2, 3072);
     const FinPIMeas measure(2);

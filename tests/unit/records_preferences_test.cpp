@@ -75,7 +75,6 @@ TEST_F(Preferences, TablesConvertInBothDirections) {
     EXPECT_EQ(Option(HostTag("ot:a"), 0, 0)[1], 51);
     EXPECT_EQ(Option(HostTag("ot5a"), 9, 0)[1], 61);
 
-    EXPECT_EQ(SaveAssembledPreference(rows, nullptr, size, kInterfaceVersion), 0);
     EXPECT_EQ(SaveAssembledPreference(rows, fields.data(), 11, kInterfaceVersion), 0);
 }
 

@@ -12,6 +12,7 @@
 namespace {
 
 namespace Control = SaveSettingsControl;
+namespace headless = platform::headless;
 constexpr u16 kCommand = 22000;
 
 // The command dialog: what it shows is put into the settings record when asked.
@@ -98,18 +99,20 @@ TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
 }
 
 TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
+    const std::string owner = kPreferences + "\\Save Settings";
     const std::string old = kPreferences + "\\Einstellungen speichern";
     for (const char* name : {"ZKSC22000", "ZKSC22001", "ZKSC22002", "ZKSC22004"}) {
         StoreValue(old, name, name);
     }
-    RefuseRegistryCall(platform::headless::RegistryCall::kSetValue, 2);
+    headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 2);
     SavedSettings::MoveFromOldOwner(kCommand);
     EXPECT_EQ(StoredValue(old, "ZKSC22001"), "ZKSC22001") << "it could not be written";
     SavedSettings::MoveFromOldOwner(kCommand);
     for (const std::string name : {"ZKSC22000", "ZKSC22001", "ZKSC22002"}) {
-        EXPECT_EQ(StoredValue(kPreferences + "\\Save Settings", name), name);
+        EXPECT_EQ(StoredValue(owner, name), name);
     }
-    EXPECT_FALSE(KeyExists(old)) << "what is behind a gap goes";
+    EXPECT_EQ(StoredValue(owner, "ZKSC22004"), std::nullopt) << "behind a gap";
+    EXPECT_FALSE(KeyExists(old));
 }
 
 TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
@@ -121,7 +124,7 @@ TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
     EXPECT_EQ(record.Header().hostVersion, SavedSettingPtr{0}.Header().hostVersion);
     PutSettings(2);
     EXPECT_EQ(Alerts(), 1U) << "there is none to rewrite";
-    RefuseRegistryCall(platform::headless::RegistryCall::kSetValue, 1);
+    headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 1);
     PutSettings(1);
     EXPECT_EQ(Alerts(), 2U);
     // No other error is taken for that of a refused write.

@@ -1,6 +1,5 @@
 // The settings store against a registry in memory.
 #include <gtest/gtest.h>
-#include <optional>
 #include <string>
 
 #include "Class Files/settings/FinPIUtil.h"
