@@ -47,11 +47,9 @@ TEST_F(Records, OperationsOutOfTurnAreRefused) {
     record.opaque0[0] = 'y';
     EXPECT_EQ(record.Load(), 1);
     EXPECT_EQ(record.opaque0[0], 'y') << "it is loaded already";
-    EXPECT_EQ(ErrorOf(record.Create()),
-              "29999 FinPIEnigmaData::Create: Attempted to Create but already Loaded.");
+    EXPECT_TRUE(ErrorOf(record.Create()).ends_with("Attempted to Create but already Loaded."));
     record.Reset(0);
-    EXPECT_EQ(ErrorOf(record.Save()),
-              "29999 FinPIEnigmaData::Save: Attempted to Save but never Loaded.");
+    EXPECT_TRUE(ErrorOf(record.Save()).ends_with("Attempted to Save but never Loaded."));
 }
 
 TEST_F(Records, WhatTheHostRefusesIsPostedWithTheTag) {
@@ -76,8 +74,7 @@ TEST_F(Records, ARecordIsSavedAndDeletedInItsOwnDocumentOnly) {
     emptied.ClearData();
     const OtherDocument other;
     other->Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(12, 'o'));
-    EXPECT_EQ(ErrorOf(record.Save()),
-              "29999 FinPIEnigmaData::Save: Attempted to update a non-current document");
+    EXPECT_TRUE(ErrorOf(record.Save()).ends_with("Attempted to update a non-current document"));
     Refuse(HostCall::kSetCurrentEnigmaDocument);
     EXPECT_EQ(emptied.Commit(), 0);
     App().faults = {};

@@ -63,9 +63,6 @@ TEST_F(ScoreAccess, OctaveTranspositionsFollowThePreference) {
     EXPECT_EQ(keeps(0, kOctaveUp, kInterfaceVersion, 1), 0);
     EXPECT_EQ(keeps(0, 0x2000 | 0xF9, kInterfaceVersion, 1), 0) << "an octave in the low byte";
     EXPECT_EQ(keeps(0, kOctaveDown, kInterfaceVersion, 0), 1);
-    Refuse(HostCall::kLoadEData);
-    EXPECT_TRUE(ErrorOf(staff.KeepOctaveTranspositionInConcertPitchOption(staff))
-                    .ends_with("ConcertPitchOption(void) const: pfPG"));
 }
 
 TEST_F(ScoreAccess, MeasureDurationsAreThoseOfTheRecordsDocument) {
@@ -235,8 +232,7 @@ TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {
     }
     host.Score().Records().Delete(kShapeExpression, RecordKey::Other(60));
     FinPIScoreExpr lost(2, record);
-    EXPECT_TRUE(ErrorOf(lost.Load())
-                    .starts_with("29998 short __cdecl FinPIScoreExpr::LoadCachedItems(void): O"));
+    EXPECT_TRUE(ErrorOf(lost.Load()).starts_with("29998"));
     lost.Rewind();
     EXPECT_TRUE(ErrorOf(lost.LoadNext()).starts_with("29998"));
 }

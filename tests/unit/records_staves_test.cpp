@@ -112,13 +112,12 @@ TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
 }
 
 TEST_F(Staves, ATransposingStaffMayShowAClefOfItsOwn) {
-    constexpr char kNoClef[] =
-        "29999 short __cdecl FinPIStaff::CurrClef(unsigned short *const ) const: "
-        "LoadEffectiveAt() failed to find a clef.";
+    constexpr char kNoClef[] = "LoadEffectiveAt() failed to find a clef.";
     FinPIStaff staff(Number(), 1);
-    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)), kNoClef);
+    EXPECT_TRUE(ErrorOf(staff.CurrClef(nullptr)).ends_with(kNoClef));
     App().faults.pretendKind = HostCall::kPreviousEData;
-    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)), kNoClef) << "each find is the same again";
+    EXPECT_TRUE(ErrorOf(staff.CurrClef(nullptr)).ends_with(kNoClef))
+        << "each find is the same again";
     App().faults = {};
     EDTPartPrefs inPart{};
     inPart.part = 1;
