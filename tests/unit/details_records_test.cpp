@@ -1,5 +1,7 @@
-// Which records of the target a copy meets: equal ones, those of the same note, and the
-// variants for stems up and down. What is posted when the host refuses.
+// Which details are copied and deleted, and which records of the target a copy meets: equal
+// ones, those of the same note, and the variants for stems up and down. What is posted when the
+// host refuses.
+#include <utility>
 #include <vector>
 
 #include "Class Files/score/EntryDetailKinds.h"
@@ -46,7 +48,6 @@ TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
     };
     EXPECT_EQ(copied(kOntoChord, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(3, "x"));
     EXPECT_EQ(copied(kOntoChord, "q:d#4", "q:eb4,d#4", 1), OfNote(2, "x")) << "of its spelling";
-    EXPECT_EQ(copied(kOntoChord, "q:g4", "q:g4,g4", 1), OfNote(1, "x"));
     EXPECT_EQ(copied(kOntoChord, "q:g4", "q:c4,e4", 1), "");
     EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(2, "x"));
     EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:e4", 2), "") << "no such place";
@@ -93,7 +94,6 @@ TEST_F(Details, ARestUnderABeamHasTheStemOfItsNeighbours) {
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(target.EntryAt(2).StemDirection(), -1) << "the beam begins at the rest";
     EXPECT_EQ(target.EntryAt(0).StemDirection(), 1);
-    EXPECT_EQ(source.EntryAt(1).StemDirection(), 1) << "no stem anywhere";
 }
 
 TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
@@ -169,6 +169,85 @@ TEST_F(Details, RecordsAreLoadedBeforeTheyAreSavedAndAreNoOtherKind) {
     EXPECT_TRUE(ErrorOf(articulation.Save()).ends_with("Attempted to Save but never Loaded."));
     EXPECT_EQ(ErrorOf(FinPIBeamStubDirection{source.EntryAt(0)}.CopyAttributes(articulation)),
               "29999 FinPIEntryDetail::CopyAttributes: dynamic_cast failed.");
+}
+
+TEST_F(Details, OnlyThoseThatSuitAnyEntryAreCopiedOntoARest) {
+    WriteAndLoad("q:c4", "q:r", {{kArticulation, "dot"}, {HostTag("edsB"), "break"}});
+    EXPECT_EQ(Copy(kOntoPlaced), 1);
+    EXPECT_EQ(host.Attached(Target(), kArticulation), "");
+    EXPECT_EQ(host.Attached(Target(), HostTag("edsB")), "break");
+}
+
+// The two kinds share a flag, which must tell of the one that stays.
+TEST_F(Details, AreLeftAloneUnlessTheirKindIsSelected) {
+    constexpr u32 kStem = HostTag("edST");
+    constexpr u32 kStub = HostTag("edub");
+    WriteAndLoad("q:c4", "q:c4", {{kStem, "stem"}, {kStub, "stub"}});
+    EXPECT_EQ(Copy(kOntoPlaced & ~DetailKind::kStemAlt), 1);
+    EXPECT_EQ(host.Attached(Target(), kStem), "");
+    EXPECT_EQ(host.Attached(Target(), kStub), "stub");
+    EXPECT_EQ(Delete(kFromSource & ~DetailKind::kStemAlt), 1);
+    EXPECT_EQ(host.Attached(Source(), kStem), "stem");
+    EXPECT_EQ(host.Attached(Source(), kStub), "");
+}
+
+TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
+    // The flags afterwards of a target note with its stem down and of a rest.
+    const auto copied = [&](u32 kinds, u32 flags) {
+        constexpr u32 kAll = 0x800 | 0x101 | 0x10 | 0x08;
+        WriteAndLoad("q:c4 q:d4", "q:c4 q:r");
+        source.EntryAt(0)->flags |= flags;
+        EXPECT_EQ(Copy(kinds, 0, 0) + Copy(kinds, 0, 0) + Copy(kinds, 0, 1), 3);
+        const u32 ontoNote = target.EntryAt(0)->flags & kAll;
+        EXPECT_EQ(Delete(kinds), ontoNote != 0 ? 1 : 0);
+        EXPECT_EQ(source.EntryAt(0)->flags & ontoNote, 0U);
+        EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U);
+        return std::pair<u32, u32>{ontoNote, target.EntryAt(1)->flags & kAll};
+    };
+    using Flags = std::pair<u32, u32>;
+    EXPECT_EQ(copied(DetailKind::kPrimaryBeamBreak, 0x800), (Flags{0x800, 0x800}));
+    EXPECT_EQ(copied(DetailKind::kFlagDetails, 0x10), (Flags{0x10, 0}));
+    EXPECT_EQ(copied(DetailKind::kFlagDetails, 0x08), (Flags{0x08, 0}));
+    EXPECT_EQ(copied(DetailKind::kFrozenStem, 0x101), (Flags{0x100, 0}));
+    EXPECT_EQ(copied(DetailKind::kFrozenStem, 0x001), (Flags{0, 0})) << "it is not frozen";
+}
+
+TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
+    WriteAndLoad("q:c4", "q:c4");
+    EXPECT_EQ(Copy(kOntoPlaced), 1);
+    EXPECT_EQ(Delete(kFromSource), 0);
+    EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), HostTag("edEx")), 1);
+    EXPECT_EQ(App().calls.Total(), 0U);
+}
+
+TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
+    WriteAndLoad("q:c4 q:d4", "h:c4 h:r");
+    source.EntryAt(0)->fieldAt6 = 77;
+    for (const i16 to : {i16{0}, i16{1}}) {
+        EXPECT_EQ(Copy(DetailKind::kDuration | DetailKind::kEntryField6, 0, to), 1);
+        EXPECT_EQ(target.EntryAt(to)->duration, to == 0 ? 1024 : 2048) << "a rest is no note";
+        EXPECT_EQ(target.EntryAt(to)->fieldAt6, to == 0 ? 77 : 0);
+    }
+    EXPECT_EQ(Delete(DetailKind::kEntryField6), 1);
+    EXPECT_EQ(source.EntryAt(0)->fieldAt6, 0);
+}
+
+TEST_F(Details, PositioningByHandRaisesTheModeOfTheMeasure) {
+    WriteAndLoad("q:c4", "q:c4");
+    const u16 modes[][2] = {{0, 0}, {1, 4}, {2, 6}, {3, 3}, {0x19, 0x1C}};
+    for (const auto& [before, after] : modes) {
+        EDTMeasureSpec2014 measure = host.Score().Measure(1);
+        measure.positioning = before;
+        Put(Tag::kMeasure, RecordKey::Other(1), measure);
+        EXPECT_EQ(Copy(DetailKind::kEntryField6), 1);
+        EXPECT_EQ(host.Score().Measure(1).positioning, after) << before;
+    }
+}
+
+TEST_F(Details, ATupletBringsTheDurationOfItsEntry) {
+    WriteAndLoad("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
+    EXPECT_EQ(Copy(DetailKind::kTuplet), 1);
+    EXPECT_EQ(target.EntryAt(0)->duration, 512);
 }
 
 }  // namespace

@@ -145,6 +145,13 @@ TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
 }
 
+TEST_F(CopiedShapes, StayWhenTheMarkOfTheirEndDoesNotLoad) {
+    SlurAndLoad(0, 2);
+    RefuseOnly(HostCall::kLoadEData, 3);
+    EXPECT_EQ(Delete(DetailKind::kSmartShape), -1);
+    EXPECT_EQ(TakePendingError(), "29998 FinPIEntryDetail::Load: edEx");
+}
+
 TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
     SlurAndLoad(0, 2);
     FinPIEntryPtr from = source.EntryAt(0);

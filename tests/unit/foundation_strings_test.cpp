@@ -57,6 +57,15 @@ TEST_F(Strings, TextThatIsNotUtf8IsReadAsAnsi) {
     EXPECT_EQ(decoded("Compás", 4), u"Com");
 }
 
+TEST_F(Strings, AFailedConversionLeavesAnEmptyText) {
+    platform::headless::RefuseTextConversions(true);
+    char out8[] = "###";
+    char16 out16[] = u"###";
+    EXPECT_EQ(*Util::UniChar_Utf8encode(out8, u"abc", 4), '\0');
+    EXPECT_EQ(*Util::UniChar_Utf16encode(out16, "abc", 4), u'\0');
+    EXPECT_TRUE(TakePendingError().ends_with("UTF8 conversion failed."));
+}
+
 TEST_F(Strings, SearchesUnitsTheTerminatorIncluded) {
     char16 text[] = u"a-b-";
     EXPECT_EQ(Util::UniChar_strchr(text, u'-'), text + 1);

@@ -23,21 +23,6 @@ protected:
     FinPITGFPtr Load(u16 layer = 0) const { return {host.Staff(1), 1, layer}; }
 };
 
-TEST_F(Frames, ACopyOfAnOwnerIsAFrameOfItsOwn) {
-    FinPITGFPtr frame = Load();
-    const FinPITGFPtr copy{frame};
-    EXPECT_NE(copy.Frame(), frame.Frame());
-    const FinPIEntryPtr shared = frame.EntryAt(2);
-    EXPECT_EQ(FinPIEntryPtr{shared}.Frame(), frame.Frame());
-    const FinPIEntryPtr owner{frame, 2};
-    EXPECT_NE(owner.Frame(), frame.Frame());
-    FinPITGFPtr assigned = Load(1);
-    assigned = frame;
-    EXPECT_EQ(assigned.Count(), 5);
-    const FinPITGFPtr moved{std::move(frame)};
-    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 5U);
-}
-
 TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
     FinPITGFPtr frame = Load();
     Refuse(HostCall::kDeleteEXENTRY);
@@ -147,7 +132,6 @@ TEST(NormalForm, NoteIDsAreUniqueAndCopiedToTheFlags) {
         {{1, 0}, {1, 2}},
         {{3, 3, 0}, {4, 3, 5}},  // of equal IDs the last is kept
         {{1, 1, 1}, {2, 3, 1}},
-        {{1, 2, 0, 0}, {1, 2, 3, 4}},
         {std::vector<u16>(12), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
         {{40}, {40}},                                            // more than the flags hold
         {{0xFFFE, 1, 0, 0, 0xFFFE}, {0xFFFF, 1, 2, 3, 0xFFFE}},  // none above the last ID

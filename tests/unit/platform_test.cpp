@@ -45,6 +45,7 @@ TEST_F(Session, KeysRefuseWhatTheirAccessDoesNotAllowAndDeletedOnesAreDead) {
     EXPECT_EQ(outer.DeleteSubkey("Middle"), RegistryResult::kAccessDenied) << "it holds a key";
     EXPECT_EQ(middle.DeleteSubkey("Inner"), RegistryResult::kSuccess);
     EXPECT_EQ(outer.DeleteSubkey("Middle"), RegistryResult::kSuccess);
+    EXPECT_EQ(outer.DeleteSubkey("Middle"), RegistryResult::kNotFound);
     EXPECT_EQ(middle.SetBinaryValue("v", "a", 1), RegistryResult::kKeyDeleted);
     EXPECT_EQ(RegistryKey::Open("Outer\\Middle", KeyAccess::kAll).DeleteValue("v"),
               RegistryResult::kInvalidHandle);
@@ -77,10 +78,8 @@ TEST(Utf8, IsReadStrictlyAndComesBack) {
                             "\xF4\x90\x80\x80", "\xFF"}) {
         EXPECT_FALSE(platform::MultiByteToUtf16(bad, CodePage::kUtf8)) << bad;
     }
-    const std::u16string lone{u'a', char16_t{0xD834}, u'b', char16_t{0xDD1E}};
-    EXPECT_EQ(platform::Utf16ToMultiByte(lone, CodePage::kUtf8),
-              "a\xEF\xBF\xBD"
-              "b\xEF\xBF\xBD");
+    const std::u16string lone{u'x', char16_t{0xD834}, u'z', char16_t{0xDD1E}};
+    EXPECT_EQ(platform::Utf16ToMultiByte(lone, CodePage::kUtf8), "x\xEF\xBF\xBDz\xEF\xBF\xBD");
 }
 
 TEST(AnsiText, HasNoBestFit) {

@@ -157,6 +157,8 @@ TYPED_TEST(EveryRecord, IsKnownByItsKey) {
     TypeParam record = Make<TypeParam>();
     TypeParam other = Make<TypeParam>();
     other.NextCmper1();
+    EXPECT_EQ(other.GetCmper1() == record.GetCmper1(), (std::is_base_of_v<FinPIDetail, TypeParam>))
+        << "of a detail, the item is the pair of numbers";
     EXPECT_EQ(record.IsSameKey(other), kIsPseudo<TypeParam> ? 1 : 0);
     other.SetKey(KeyOf(record));
     EXPECT_EQ(record.IsSameKey(other), 1);

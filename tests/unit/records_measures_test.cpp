@@ -149,6 +149,9 @@ TEST_F(Signatures, OfStavesWithoutAKeyHaveAttributes) {
     Put(HostTag("otTp"), RecordKey::Other(7), std::array<u16, 3>{1, 2, 3});
     EXPECT_EQ(FinPIMeas(3).GetKeylessAttributes(staff, attributes), 1);
     EXPECT_EQ(attributes.Count(), 3U);
+    Refuse(HostCall::kLoadEData);
+    EXPECT_TRUE(
+        ErrorOf(FinPIMeas(0xFFFF).GetKeylessAttributes(staff, attributes)).ends_with("SOIS"));
 }
 
 TEST_F(ScoreAccess, CommonAndCutTimeFollowThePreferences) {
@@ -195,6 +198,7 @@ TEST_F(ScoreAccess, StaffSystemsAreFoundByMeasure) {
     EXPECT_EQ(FinPIStaffSystem::FindSystemForMeasure(8, 2), 4) << "after the last";
     EXPECT_EQ(ErrorOf(FinPIStaffSystem(8, 1).IsLoaded()),
               "29998 FinPIStaffSystem::FinPIStaffSystem: SOSS");
+    EXPECT_EQ(ErrorOf(FinPIStaffSystem(1, FinPIStaffSystem::kNoSystem).IsLoaded()), "");
     const std::pair<i16, i16> stale[] = {{i16{0}, i16{4}}, {i16{1}, i16{0}}};
     for (const auto& [first, next] : stale) {
         EDTStaffSystemSpec2005 record{};

@@ -122,6 +122,8 @@ TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
     SavedSettingPtr record{4};
     record.GetFromFile(22001);
     EXPECT_EQ(record.Header().hostVersion, SavedSettingPtr{0}.Header().hostVersion);
+    char settings[4];
+    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 1, settings, 4), 4U);
     PutSettings(2);
     EXPECT_EQ(Alerts(), 1U) << "there is none to rewrite";
     headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 1);
