@@ -2,6 +2,8 @@
 // both frames held, and saved afterwards.
 #pragma once
 
+#include <map>
+
 #include "Class Files/score/DetailKind.h"
 #include "Class Files/score/FinPIEntryPtr.h"
 #include "Class Files/score/FinPIMetricsCache.h"
@@ -47,6 +49,16 @@ protected:
         source = FinPITGFPtr{host.Staff(1), 1, kSourceLayer};
         target = FinPITGFPtr{host.Staff(1), 1, kTargetLayer};
         App().ResetCounts();
+    }
+
+    // With these details on the first entry of the source.
+    void WriteAndLoad(std::string_view sourceNotation, std::string_view targetNotation,
+                      const std::map<u32, std::string_view>& onSource = {}) {
+        Write(sourceNotation, targetNotation);
+        for (const auto& [tag, content] : onSource) {
+            host.Attach(Source(), tag, content);
+        }
+        LoadBoth();
     }
 
     i16 Copy(u32 kinds, i16 from = 0, i16 to = 0) {

