@@ -1,5 +1,6 @@
 // Records: keys, their order, and how record numbers move.
 #include <array>
+#include <tuple>
 
 #include "shell/host/detail_flags.h"
 #include "shell/host/host_functions.h"
@@ -80,20 +81,17 @@ TEST(HostRecords, EntryDetailsNeedTheirEntryAndTheirSizeAndSetItsFlag) {
 }
 
 TEST(HostRecords, RefuseWhatIsNoRecordCall) {
-    StandIn host;
+    const StandIn host;
     Words key{1, 0};
-    Bytes data(12, '\0');
-    const auto load = [&](u32 tag, const u16* words, char* bytes, u32 version) {
+    for (const auto& [tag, version, isLoaded] : {std::tuple{u32{0}, kInterfaceVersion, 0},
+                                                 {Tag::kMeasure, 0U, 0},
+                                                 {Tag::kMeasure, 0x1B400001U, 0},
+                                                 {Tag::kMeasure, 0x09000000U, 1}}) {
+        Bytes data(12, '\0');
         u32 size = 12;
-        return FX_LoadEData(tag, words, bytes, &size, version);
-    };
-    EXPECT_EQ(load(0, key.data(), data.data(), kInterfaceVersion), 0);
-    EXPECT_EQ(load(Tag::kMeasure, nullptr, data.data(), kInterfaceVersion), 0);
-    EXPECT_EQ(load(Tag::kMeasure, key.data(), nullptr, kInterfaceVersion), 0);
-    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0), 0);
-    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0x1B400001), 0);
-    EXPECT_EQ(App().calls.refusedByRule, 5U);
-    EXPECT_EQ(load(Tag::kMeasure, key.data(), data.data(), 0x09000000), 1);
+        EXPECT_EQ(FX_LoadEData(tag, key.data(), data.data(), &size, version), isLoaded);
+    }
+    EXPECT_EQ(App().calls.refusedByRule, 3U);
     EXPECT_EQ(Create(Tag::kMeasure, key, 'x'), 0) << "a measure has one record";
 }
 

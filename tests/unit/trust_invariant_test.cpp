@@ -1,6 +1,4 @@
 // The check that all merges of made-up music go through: it must see what a bad merge does.
-#include <functional>
-#include <gtest/gtest.h>
 
 #include "host/score/tags.h"
 #include "host/verify/merge_faults.h"
@@ -10,12 +8,10 @@
 namespace standin {
 namespace {
 
-using Change = std::function<void(DocumentContent&)>;
-
 struct FaultCase {
     const char* name;
-    Change change;      // to a merged score in which all is well
-    const char* fault;  // part of a line that tells it
+    void (*change)(DocumentContent&);  // to a merged score in which all is well
+    const char* fault;                 // part of a line that tells it
 };
 
 EXENTRY& EntryAt(DocumentContent& content, u16 measure, u16 layer, std::size_t index) {
@@ -88,9 +84,7 @@ class Invariant : public testing::TestWithParam<FaultCase> {};
 
 TEST_P(Invariant, Sees) {
     StandIn host{1, 2};
-    host.Layer(1, 1, 0, "q:c4 q:r h:r");
-    host.Layer(1, 1, 1, "q:e4 q:f4~ h:g4");
-    host.Layer(1, 1, 2, "w:c3");
+    host.Write({"q:c4 q:r h:r", "q:e4 q:f4~ h:g4", "w:c3"});
     host.Layer(1, 2, 1, "w:~f4");
     host.Attach({1, 1, 1, 0}, HostTag("edIM"), "dot");
     host.Slur({1, 1, 1, 1}, {1, 2, 1, 0});
@@ -100,12 +94,9 @@ TEST_P(Invariant, Sees) {
     const DocumentContent before = host.Score().Content();
     Plugin{}.Merge(host, options);
     DocumentContent after = host.Score().Content();
-    ASSERT_EQ(FaultsOfMerge(host.Score(), before, after, options), std::vector<std::string>{});
+    ASSERT_EQ(Lines(FaultsOfMerge(host.Score(), before, after, options)), "");
     GetParam().change(after);
-    std::string told;
-    for (const std::string& line : FaultsOfMerge(host.Score(), before, after, options)) {
-        told += line + '\n';
-    }
+    const std::string told = Lines(FaultsOfMerge(host.Score(), before, after, options));
     EXPECT_NE(told.find(GetParam().fault), std::string::npos) << told;
 }
 

@@ -1,5 +1,4 @@
 // Merges of made-up music. PLYWELD_MERGES sets their number, PLYWELD_SEED repeats one.
-#include <gtest/gtest.h>
 #include <map>
 
 #include "host/verify/merge_faults.h"

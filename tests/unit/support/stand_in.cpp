@@ -67,6 +67,22 @@ void StandIn::Layer(i16 slot, u16 measure, u16 layer, std::string_view notation)
     m_document->PutFrame(Key(slot, measure, layer), std::move(written.entries));
 }
 
+void StandIn::Write(std::initializer_list<std::string_view> notations) {
+    for (u16 layer = 0; const std::string_view notation : notations) {
+        Layer(1, 1, layer++, notation);
+    }
+    SelectAll();
+}
+
+void StandIn::LayerEverywhere(u16 layer, std::string_view notation) {
+    const EREGION whole = m_document->WholeRegion();
+    for (i16 slot = whole.startSlot; slot <= whole.endSlot; ++slot) {
+        for (i16 measure = whole.startMeasure; measure <= whole.endMeasure; ++measure) {
+            Layer(slot, static_cast<u16>(measure), layer, notation);
+        }
+    }
+}
+
 std::string StandIn::Layer(i16 slot, u16 measure, u16 layer) const {
     return PrintLayer(*m_document, Key(slot, measure, layer));
 }

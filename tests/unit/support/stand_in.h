@@ -49,6 +49,10 @@ public:
     // Slots and measures count from 1, layers from 0.
     void Layer(i16 slot, u16 measure, u16 layer, std::string_view notation);
     std::string Layer(i16 slot, u16 measure, u16 layer) const;
+    // The first layers of the first staff and measure; then everything is selected.
+    void Write(std::initializer_list<std::string_view> notations);
+    // A layer of every staff and measure.
+    void LayerEverywhere(u16 layer, std::string_view notation);
     // Elapsed time and duration of each entry, such as "0+1024 1024+512".
     std::string Times(i16 slot, u16 measure, u16 layer) const;
 
