@@ -23,11 +23,6 @@ protected:
     NotingDialog dialog{&command, nullptr, u"6.10"};
 };
 
-TEST_F(DialogTest, CreationPreparesThenInitialisesTheWindow) {
-    Show(dialog);
-    EXPECT_EQ(dialog.TakeNotes(), (Notes{"prepare", "initialize", "ready", "after"}));
-}
-
 TEST_F(DialogTest, EventsReachTheirHandler) {
     const struct {
         u32 message;
@@ -44,21 +39,18 @@ TEST_F(DialogTest, EventsReachTheirHandler) {
     };
     HWND__ control;
     control.controlId = 1003;
-    OpenDialog& open = Start();
+    OpenDialog& open = Show(dialog);
+    EXPECT_EQ(dialog.TakeNotes(), (Notes{"prepare", "initialize", "ready", "after"}));
     for (const auto& c : cases) {
         EXPECT_EQ(open.Send(c.message, c.word, reinterpret_cast<i64>(&control)), c.result);
         EXPECT_EQ(dialog.TakeNotes(), c.note == nullptr ? Notes{} : Notes{c.note}) << c.message;
     }
-}
-
-TEST_F(DialogTest, OnlyATabSelectionIsANotificationForHandlers) {
-    OpenDialog& open = Start();
     NotificationHeader header{nullptr, 1004, kTabSelectionChanged};
     EXPECT_EQ(open.Send(WindowMessage::kNotify, 0, reinterpret_cast<i64>(&header)), 16);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1004 4294966744"}));
     header.code = kTabSelectionNotification;
     EXPECT_EQ(open.Send(WindowMessage::kNotify, 0, reinterpret_cast<i64>(&header)), 0);
-    EXPECT_EQ(dialog.TakeNotes(), Notes{});
+    EXPECT_EQ(dialog.TakeNotes(), Notes{}) << "no other notification";
 }
 
 TEST_F(DialogTest, AnInitialisationThatFailedLeavesTheControlsDead) {
@@ -70,7 +62,7 @@ TEST_F(DialogTest, AnInitialisationThatFailedLeavesTheControlsDead) {
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
-TEST_F(DialogTest, EventsOfAnotherWindowAreRefusedAndExceptionsEndHere) {
+TEST_F(DialogTest, EventsOfOtherWindowsAndDialogsAreRefusedAndExceptionsEndHere) {
     OpenDialog& open = Start();
     HWND__ other;
     EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kCommand, 1, 0, &dialog), 0);
@@ -82,13 +74,10 @@ TEST_F(DialogTest, EventsOfAnotherWindowAreRefusedAndExceptionsEndHere) {
     dialog.TakeNotes();
     open.Send(WindowMessage::kTimer);
     EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "that command is over";
-}
-
-TEST_F(DialogTest, EventsAfterItsEndFindNoDialog) {
     std::optional<NotingDialog> gone{std::in_place, &command, nullptr, nullptr};
-    OpenDialog& open = Show(*gone);
+    OpenDialog& left = Show(*gone);
     gone.reset();
-    EXPECT_EQ(open.Send(WindowMessage::kTimer), 0);
+    EXPECT_EQ(left.Send(WindowMessage::kTimer), 0);
 }
 
 TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
@@ -215,13 +204,10 @@ TEST_F(DialogTest, AStoredPlaceHoldsWhileItsCornerIsOnTheDesktop) {
     }
 }
 
-TEST_F(DialogTest, TheTimerRunsFromStartToTheWindowsEnd) {
+TEST_F(DialogTest, TheTimerRunsToTheWindowsEnd) {
     OpenDialog& open = Show(dialog);
     dialog.StartTimer(&open.window);
     EXPECT_EQ(open.timers, (std::map<u64, u32>{{1, 100}}));
-    dialog.StopTimer(&open.window);
-    EXPECT_TRUE(open.timers.empty());
-    dialog.StartTimer(&open.window);
     EXPECT_EQ(open.Send(WindowMessage::kDestroy), 1);
     EXPECT_TRUE(open.timers.empty());
 }
@@ -234,53 +220,31 @@ TEST_F(DialogTest, UserValuesAreRoundedHalfAwayFromZero) {
     }
 }
 
-TEST_F(DialogTest, CopyingControlsIsForDialogsWithSettings) {
-    dialog.CopyDialogToConfigData(nullptr);
-    EXPECT_EQ(standin::App().alerts.size(), 1U);
-}
-
-class LayoutTest : public InterfaceTest {
-protected:
-    // A control's place, as "left,top,right,bottom".
-    std::string Place(u16 control) const {
-        const platform::Rectangle& r = window.controls.at(control).rectangle;
-        return std::to_string(r.left) + ',' + std::to_string(r.top) + ',' +
-               std::to_string(r.right) + ',' + std::to_string(r.bottom);
-    }
-
-    NotingDialog dialog{&command, nullptr, nullptr};
-    HWND__& window = Show(dialog).window;
-};
-
-TEST_F(LayoutTest, ChangesWhatIsAsked) {
-    const struct {
-        void (*change)(WindowHandle window);
-        const char* place;  // from 30,40,100,50
-    } cases[] = {
-        {[](WindowHandle w) { SizeControl(w, 1003, 20, 40); }, "30,40,70,60"},
-        {[](WindowHandle w) { SizeControl(w, 1003, -1, 40); }, "30,40,70,50"},
-        {[](WindowHandle w) { SizeControl(w, 1003, 0, -1); }, "30,40,100,40"},
-        {[](WindowHandle w) { SizeControl(w, 99, 1, 1); }, "30,40,100,50"},
-        {[](WindowHandle w) { PlaceControl(w, 1003, 5, 6, false); }, "6,5,76,15"},
-        {[](WindowHandle w) { PlaceControl(w, 1003, -1, 80, true); }, "80,40,100,50"},
-        {[](WindowHandle w) { PlaceControl(w, 1003, -1, 95, true); }, "95,40,105,50"},
-        {[](WindowHandle w) { PlaceControl(w, 1003, -1, -1, true); }, "30,40,100,50"},
-        {[](WindowHandle w) { ShiftControlEdges(w, 1003, -3, 2); }, "30,37,100,52"},
+TEST_F(DialogTest, LayoutChangesWhatIsAsked) {
+    // Of one control, from 30,40,100,50; and of the dialog's buttons, where they stand.
+    const std::tuple<u16, void (*)(WindowHandle), platform::Rectangle> cases[] = {
+        {1003, [](auto w) { SizeControl(w, 1003, 20, 40); }, {30, 40, 70, 60}},
+        {1003, [](auto w) { SizeControl(w, 1003, -1, 40); }, {30, 40, 70, 50}},
+        {1003, [](auto w) { SizeControl(w, 1003, 0, -1); }, {30, 40, 100, 40}},
+        {1003, [](auto w) { SizeControl(w, 99, 1, 1); }, {30, 40, 100, 50}},
+        {1003, [](auto w) { PlaceControl(w, 1003, 5, 6, false); }, {6, 5, 76, 15}},
+        {1003, [](auto w) { PlaceControl(w, 1003, -1, 80, true); }, {80, 40, 100, 50}},
+        {1003, [](auto w) { PlaceControl(w, 1003, -1, 95, true); }, {95, 40, 105, 50}},
+        {1003, [](auto w) { PlaceControl(w, 1003, -1, -1, true); }, {30, 40, 100, 50}},
+        {1003, [](auto w) { ShiftControlEdges(w, 1003, -3, 2); }, {30, 37, 100, 52}},
+        {1, [](auto w) { ShrinkDialogHeight(w, -14); }, {114, 71, 164, 85}},
+        {2, [](auto) {}, {171, 71, 221, 85}},
     };
-    for (const auto& c : cases) {
+    HWND__& window = Show(dialog).window;
+    for (const auto& [control, change, place] : cases) {
         window.controls[1003].rectangle = {30, 40, 100, 50};
-        c.change(&window);
-        EXPECT_EQ(Place(1003), c.place) << "case " << &c - cases;
+        change(&window);
+        const platform::Rectangle& now = window.controls[control].rectangle;
+        EXPECT_EQ(std::tie(now.left, now.top, now.right, now.bottom),
+                  std::tie(place.left, place.top, place.right, place.bottom));
     }
-}
-
-TEST_F(LayoutTest, ShrinkingMovesTheButtonsAndKeepsTheWidth) {
-    const platform::Rectangle before = window.rectangle;
-    ShrinkDialogHeight(&window, -14);
-    EXPECT_EQ(Place(1), "114,71,164,85");
-    EXPECT_EQ(Place(2), "171,71,221,85");
-    EXPECT_EQ(window.rectangle.Height(), before.Height() - 14);
-    EXPECT_EQ(window.rectangle.Width(), before.Width());
+    EXPECT_EQ(window.rectangle.Height(), desk.newWindow.Height() - 14);
+    EXPECT_EQ(window.rectangle.Width(), desk.newWindow.Width());
 }
 
 }  // namespace
