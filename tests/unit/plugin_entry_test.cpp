@@ -1,5 +1,4 @@
 // The plug-in's exports: version, start-up, menu items.
-#include <gtest/gtest.h>
 #include <tuple>
 
 #include "platform/headless/session.h"
@@ -53,12 +52,7 @@ TEST(Init, FoldersBesideThePluginDecide) {
     }
 }
 
-struct Listed {
-    std::u16string text;
-    u16 skipsDialog;
-    u32 flags;
-    bool operator==(const Listed&) const = default;
-};
+using Listed = std::tuple<std::u16string, u16, u32>;  // text, skipsDialog, flags
 
 class Items : public testing::Test {
 protected:
@@ -73,7 +67,7 @@ protected:
         for (i16 item = 0; plugin.Enumerate(item, &out) != 0; ++item) {
             EXPECT_EQ(std::u16string{out.text}, std::u16string{out.textCopy});
             EXPECT_EQ(out.alwaysOne, 1);
-            items.push_back({out.text, out.skipsDialog, out.flags});
+            items.emplace_back(out.text, out.skipsDialog, out.flags);
             description = out.description;
             out.flags = 0x80;
         }
