@@ -144,10 +144,6 @@ bool IsEntry(const std::string& word) {
     return word.front() != '(' && word.find(':') != std::string::npos;
 }
 
-int EntryCount(const std::vector<std::string>& words) {
-    return static_cast<int>(std::count_if(words.begin(), words.end(), IsEntry));
-}
-
 std::unique_ptr<StandIn> Build(const WrittenScore& score) {
     auto host = std::make_unique<StandIn>(score.staves, score.measures);
     App().maxLayers = static_cast<i16>(score.layers);

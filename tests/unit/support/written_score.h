@@ -53,7 +53,6 @@ struct WrittenScore {
 };
 
 bool IsEntry(const std::string& word);
-int EntryCount(const std::vector<std::string>& words);
 
 // The score in a fresh host, selected; places of entries that are not there are passed over.
 std::unique_ptr<StandIn> Build(const WrittenScore& score);
