@@ -163,11 +163,11 @@ const struct {
 TEST_F(CommandRun, WhatLosesNothingIsVerified) {
     for (const auto& c : kLossless) {
         SCOPED_TRACE(c.name);
-        const std::vector<std::string_view> measures{c.measures.begin(), c.measures.end()};
-        std::vector<std::string> arguments{"merge",   Write("in.xml", standin::ScoreText(measures)),
-                                           "-o",      File("out.xml"),
-                                           "--from",  "2",
-                                           "--verify"};
+        std::vector<std::string> arguments{
+            "merge",   Write("in.xml", standin::ScoreText(c.measures)),
+            "-o",      File("out.xml"),
+            "--from",  "2",
+            "--verify"};
         arguments.insert(arguments.end(), c.options.begin(), c.options.end());
         EXPECT_EQ(Run(arguments), kDone) << errors;
     }

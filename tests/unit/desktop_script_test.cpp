@@ -1,6 +1,4 @@
 // Scripts as text, and the words for what a layer holds.
-#include <gtest/gtest.h>
-
 #include "host/desktop/byte_pattern.h"
 #include "host/desktop/layer_strip.h"
 #include "host/desktop/script_line.h"

@@ -45,17 +45,5 @@ TEST(HostFaults, AnotherDocumentBecomesCurrentBetweenCalls) {
     EXPECT_EQ(FX_GetCurrentEnigmaDocument(kInterfaceVersion), host.Score().Number());
 }
 
-TEST(HostFaults, CallsWithoutWhatTheyNeedAreRefused) {
-    {
-        const StandIn host;
-        EXPECT_EQ(FX_EndMassEdit(1, 1, kInterfaceVersion), 0) << "no such display";
-        EXPECT_EQ(FX_RebeamRegion(nullptr, 0, kInterfaceVersion), 0);
-        EXPECT_EQ(FX_SetCurrentPartID(3, kInterfaceVersion), 0);
-    }
-    EXPECT_EQ(FX_LoadTGF(0, 1, 1, 0, 1, kInterfaceVersion), nullptr) << "no document";
-    EXPECT_EQ(FX_ExecuteMenuItem(MenuCommand::kClearLayer, kInterfaceVersion), 0);
-    App().Reset();
-}
-
 }  // namespace
 }  // namespace standin

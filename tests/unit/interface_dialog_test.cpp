@@ -103,16 +103,11 @@ TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
 }
 
 TEST_F(DialogTest, AModelessDialogHearsOfAChangedPreference) {
-    const auto setPreference = [&](char value) {
-        std::string general(76, '\0');
-        general[30] = value;
-        ASSERT_TRUE(host.Score().Records().Save(HostTag("pfgp"), standin::RecordKey::Preference(0),
-                                                general));
-    };
-    setPreference(1);
     OpenDialog& open = Start();
     open.Send(WindowMessage::kTimer);
-    setPreference(2);
+    std::string general(76, '\0');
+    general[30] = 2;
+    host.Score().Records().Save(HostTag("pfgp"), standin::RecordKey::Preference(0), general);
     open.Send(WindowMessage::kTimer);
     open.Send(WindowMessage::kTimer);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer", "preferences", "timer", "timer"}));
@@ -136,7 +131,11 @@ TEST_F(DialogTest, TitlesAreCutToTheirFieldWithTheVersionBehind) {
 
 void StorePlace(i16 left, i16 top) {
     const i16 record[14] = {left, top};
-    ASSERT_EQ(ZKFX_PutSettings("WPOS", 22000, record, sizeof(record), "Plyweld"), 1);
+    ZKFX_PutSettings("WPOS", 22000, record, sizeof(record), "Plyweld");
+}
+
+bool IsPlaceStored(i16 number) {
+    return ZKFX_GetSettings("WPOS", number, nullptr, 0, "Plyweld") != 0;
 }
 
 TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
@@ -149,8 +148,7 @@ TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
         open.Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
         open.Send(WindowMessage::kSystemCommand, next);
         open.Send(WindowMessage::kSystemCommand, SystemCommand::kClose);
-        EXPECT_EQ(ZKFX_GetSettings("WPOS", 12003, nullptr, 0, "Plyweld") != 0,
-                  next != SystemCommand::kMinimize);
+        EXPECT_EQ(IsPlaceStored(12003), next != SystemCommand::kMinimize);
     }
 }
 
@@ -163,9 +161,9 @@ TEST_F(DialogTest, ForgetsNoOtherPlaceThanThatOfItsKeyOffset) {
     StorePlace(50, 60);
     const ForgettingDialog placed{&command, nullptr, nullptr};
     placed.ForgetStoredPosition(21000);  // 33000 as a signed number
-    EXPECT_NE(ZKFX_GetSettings("WPOS", 22000, nullptr, 0, "Plyweld"), 0U);
+    EXPECT_TRUE(IsPlaceStored(22000));
     placed.ForgetStoredPosition(0);
-    EXPECT_EQ(ZKFX_GetSettings("WPOS", 22000, nullptr, 0, "Plyweld"), 0U);
+    EXPECT_FALSE(IsPlaceStored(22000));
 }
 
 TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
@@ -182,20 +180,14 @@ TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
 }
 
 TEST_F(DialogTest, AStoredPlaceHoldsWhileItsCornerIsOnTheDesktop) {
-    constexpr platform::Rectangle kOneScreen{0, 0, 1920, 1080};
-    constexpr platform::Rectangle kScreenAtTheLeft{-1920, 0, 1920, 1080};
-    // The desktop, the stored corner, whether the window goes there.
-    const std::tuple<platform::Rectangle, i16, i16, bool> cases[] = {
-        {kOneScreen, 0, 0, true},
-        {kOneScreen, 1919, 1079, true},  // the last pixel
-        {kOneScreen, 1920, 100, false},
-        {kOneScreen, 100, 1080, false},
-        {kOneScreen, -50, 100, false},
-        {kScreenAtTheLeft, -50, 100, true},
-        {kScreenAtTheLeft, -1921, 100, false},
+    // The desktop's left edge, the stored corner, whether the window goes there.
+    const std::tuple<int, i16, i16, bool> cases[] = {
+        {0, 0, 0, true},         {0, 1919, 1079, true},  // the last pixel
+        {0, 1920, 100, false},   {0, 100, 1080, false},      {0, -50, 100, false},
+        {-1920, -50, 100, true}, {-1920, -1921, 100, false},
     };
-    for (const auto& [desktop, left, top, moves] : cases) {
-        platform::headless::SetDesktop(desktop);
+    for (const auto& [edge, left, top, moves] : cases) {
+        platform::headless::SetDesktop({edge, 0, 1920, 1080});
         StorePlace(left, top);
         NotingDialog placed{&command, nullptr, nullptr};
         const platform::Rectangle& window = Show(placed).window.rectangle;

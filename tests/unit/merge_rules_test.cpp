@@ -117,15 +117,9 @@ constexpr MergeCase kPartOfAMeasure[] = {
      "q:d4 q:e4 q:r q:g4", 0, 3071},
 };
 
-TEST(Merge, FormsChords) {
+TEST(Merge, FormsChordsAndFillsRunsOfRests) {
     ExpectMerges(kChords);
-}
-
-TEST(Merge, FillsRunsOfRests) {
     ExpectMerges(kWholeMeasure);
-}
-
-TEST(Merge, FillsTheSelectedPartOfAMeasure) {
     ExpectMerges(kPartOfAMeasure);
 }
 

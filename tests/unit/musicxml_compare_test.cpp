@@ -52,8 +52,7 @@ const struct {
      Note({.pitch = "r"}) + SlurNote("stop"),
      "1: <slur type=\"start\"/> lost\n2: <slur type=\"stop\"/> lost\n"
      "2: <slur type=\"stop\"/> added\n",
-     "1: <slur type=\"start\"/> lost\n2: <slur type=\"stop\"/> lost\n"
-     "2: <slur type=\"stop\"/> added\n"},
+     nullptr},
     {"OnceOfTwoRestsIsNotEnough",
      Note({.pitch = "r", .more = kStaccato}) + Backup(2) +
          Note({.pitch = "r", .voice = "2", .more = kStaccato}),

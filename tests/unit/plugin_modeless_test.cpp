@@ -36,6 +36,13 @@ protected:
         return *desk.Newest();
     }
 
+    // What must do nothing during a run.
+    static void PressEverything(OpenDialog& open) {
+        for (const u16 control : {kGo, kSaveSettings, kClose}) {
+            open.Press(control);
+        }
+    }
+
     StandIn host{1, kMeasures};
     DialogDesk desk;
     const Plugin plugin;
@@ -166,10 +173,8 @@ TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
 
 // Two dialogs: what is saved or deleted in one moves the setting that the other works on.
 TEST_F(OpenCommand, ASettingThatOthersMovedIsWrittenWhereItIsNow) {
-    for (u8 i = 0; i < 3; ++i) {
-        Plugin::StoreSetting(i + 1, {.name = std::string(1, static_cast<char>('a' + i)),
-                                     .identifier = static_cast<u8>(i + 1),
-                                     .options = {.source = i}});
+    for (const u8 i : {u8{1}, u8{2}}) {
+        Plugin::StoreSetting(i, {.name = i == 1 ? "a" : "b", .identifier = i});
     }
     ASSERT_EQ(plugin.Init(), 1);
     OpenDialog& b = Open(2);
@@ -181,7 +186,7 @@ TEST_F(OpenCommand, ASettingThatOthersMovedIsWrittenWhereItIsNow) {
     b.Press(kSaveSettings);
     b.Choose(kFrom, 5);
     b.Press(kClose);
-    EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22002")[162], 0) << "a";
+    EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22002").at(162), 0xFF) << "a";
     EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22003")[162], 3) << "b";
     EXPECT_EQ(AlertTexts(), "");
 }
@@ -218,9 +223,7 @@ TEST_F(OpenCommand, ARunKeepsTheOptionsItBeganWith) {
     OpenDialog& open = Open();
     App().progressListener = [&](const ProgressReport&) {
         open.Choose(kTo, 4);
-        for (const u16 control : {kGo, kSaveSettings, kClose}) {
-            open.Press(control);
-        }
+        PressEverything(open);
         return true;
     };
     open.Press(kGo);
@@ -240,9 +243,7 @@ TEST_F(OpenCommand, NothingElseBeginsOrEndsWhileARunShowsItsAlert) {
     App().faults.refuseKind = FaultPlan::AllOf(HostCall::kSaveTGF);
     App().alertListener = [&](const Alert&) {
         App().alertListener = nullptr;
-        for (const u16 control : {kGo, kSaveSettings, kClose}) {
-            open.Press(control);
-        }
+        PressEverything(open);
         other.Press(kGo);
     };
     open.Press(kGo);

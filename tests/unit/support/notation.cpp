@@ -255,11 +255,7 @@ private:
 }  // namespace
 
 WrittenLayer ParseLayer(std::string_view notation) {
-    try {
-        return Parser{notation}.Run();
-    } catch (const std::invalid_argument& problem) {
-        return {{}, {}, problem.what()};
-    }
+    return Parser{notation}.Run();
 }
 
 std::string PrintLayer(const Document& document, FrameKey key) {

@@ -54,15 +54,13 @@ u16 StandIn::Staff(i16 slot) const {
 
 void StandIn::Layer(i16 slot, u16 measure, u16 layer, std::string_view notation) {
     WrittenLayer written = ParseLayer(notation);
-    ASSERT_EQ(written.error, "");
     for (EXENTRY& entry : written.entries) {
         entry.entryNumber = m_document->NewEntryNumber();
     }
     for (const WrittenTuplet& tuplet : written.tuplets) {
-        ASSERT_LT(tuplet.entry, written.entries.size()) << "a tuplet without entries";
-        m_document->Records().Create(
-            Tag::kTuplet, RecordKey::OfEntry(written.entries[tuplet.entry].entryNumber, kAppend),
-            BytesOf(tuplet.tuplet));
+        const u32 first = written.entries.at(tuplet.entry).entryNumber;
+        m_document->Records().Create(Tag::kTuplet, RecordKey::OfEntry(first, kAppend),
+                                     BytesOf(tuplet.tuplet));
     }
     m_document->PutFrame(Key(slot, measure, layer), std::move(written.entries));
 }

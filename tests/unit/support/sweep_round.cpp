@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <gtest/gtest.h>
 
 #include "host/verify/merge_faults.h"
 #include "platform/headless/session.h"

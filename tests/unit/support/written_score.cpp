@@ -125,19 +125,6 @@ void WithoutEach(const WrittenScore& score, std::vector<Item> WrittenScore::*ite
     }
 }
 
-// A rest for each entry.
-void WithRests(const WrittenScore& score, std::vector<WrittenScore>& smaller) {
-    for (std::size_t f = 0; f < score.frames.size(); ++f) {
-        for (std::size_t w = 0; w < score.frames[f].words.size(); ++w) {
-            const std::string& word = score.frames[f].words[w];
-            if (IsEntry(word) && word.back() != 'r') {
-                std::string& rest = smaller.emplace_back(score).frames[f].words[w];
-                rest.replace(rest.find(':') + 1, std::string::npos, "r");
-            }
-        }
-    }
-}
-
 }  // namespace
 
 bool IsEntry(const std::string& word) {
@@ -204,7 +191,6 @@ std::string Print(const WrittenScore& score) {
 
 std::vector<WrittenScore> SmallerThan(const WrittenScore& score) {
     std::vector<WrittenScore> smaller;
-    WithRests(score, smaller);
     WithoutEach(score, &WrittenScore::expressions, smaller);
     WithoutEach(score, &WrittenScore::shapes, smaller);
     WithoutEach(score, &WrittenScore::details, smaller);

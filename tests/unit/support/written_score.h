@@ -60,7 +60,7 @@ std::unique_ptr<StandIn> Build(const WrittenScore& score);
 // As calls of the test fixture.
 std::string Print(const WrittenScore& score);
 
-// Every score with one thing less: a layer, a detail, the notes of an entry; the most comes last.
+// Every score with one thing less: a layer, a detail; the most comes last.
 std::vector<WrittenScore> SmallerThan(const WrittenScore& score);
 
 }  // namespace standin
