@@ -18,17 +18,13 @@ i16 Create(u32 tag, Words& key, char content, u32 size = 12) {
 }
 
 // The item's records in the order of their numbers, by their first byte.
-std::string ItemContents(u32 tag, Words first) {
+std::string ItemContents(StandIn& host, u16 item) {
     std::string contents;
-    for (u16 inci = 0;; ++inci) {
-        first[1] = inci;
-        Bytes data(12, '\0');
-        u32 size = 12;
-        if (FX_LoadEData(tag, first.data(), data.data(), &size, kInterfaceVersion) == 0) {
-            return contents;
-        }
-        contents += data[0];
+    while (const Bytes* found = host.Score().Records().Find(
+               kKeyFormat, RecordKey::Other(item, static_cast<u16>(contents.size())))) {
+        contents += found->front();
     }
+    return contents;
 }
 
 TEST(HostRecords, NumbersMoveWithTheirItem) {
@@ -48,9 +44,8 @@ TEST(HostRecords, NumbersMoveWithTheirItem) {
             : operation == 's'
                 ? FX_SaveEData(kKeyFormat, key.data(), data.data(), 12, kInterfaceVersion)
                 : FX_DeleteEData(kKeyFormat, key.data(), kInterfaceVersion);
-        EXPECT_EQ(ItemContents(kKeyFormat, {4}) + ItemContents(kKeyFormat, {6}), "abcabc");
-        return std::to_string(result) + " " + std::to_string(key[1]) + " " +
-               ItemContents(kKeyFormat, {5});
+        EXPECT_EQ(ItemContents(host, 4) + ItemContents(host, 6), "abcabc");
+        return std::to_string(result) + " " + std::to_string(key[1]) + " " + ItemContents(host, 5);
     };
     EXPECT_EQ(done('c', kAppend), "1 3 abcx");
     EXPECT_EQ(done('c', 9), "1 3 abcx");

@@ -204,14 +204,6 @@ TEST_F(DialogTest, TheTimerRunsToTheWindowsEnd) {
     EXPECT_TRUE(open.timers.empty());
 }
 
-TEST_F(DialogTest, UserValuesAreRoundedHalfAwayFromZero) {
-    OpenDialog& open = Show(dialog);
-    for (const auto& [value, rounded] : {std::pair{2.5, 3}, {-2.5, -3}, {2.4, 2}, {0.0, 0}}) {
-        open.userValues[7] = value;
-        EXPECT_EQ(dialog.GetUserValueRounded(&open.window, 7), rounded);
-    }
-}
-
 TEST_F(DialogTest, LayoutChangesWhatIsAsked) {
     // Of one control, from 30,40,100,50; and of the dialog's buttons, where they stand.
     const std::tuple<u16, void (*)(WindowHandle), platform::Rectangle> cases[] = {

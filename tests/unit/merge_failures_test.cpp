@@ -1,5 +1,4 @@
 // Refusals that a run goes on after, and those that it does not.
-#include "host/score/smart_shape.h"
 #include "platform/headless/session.h"
 #include "tests/unit/plugin_driver.h"
 
@@ -55,9 +54,8 @@ TEST(Failures, OfDroppingAGraceRestFailTheRun) {
 TEST(Failures, OfMovingAShapeKeepTheLyricsMarks) {
     StandIn host;
     host.Write({"h:c4 h:r", "h:e4 h:f4"});
-    const u16 slur = host.Slur({1, 1, 1, 0}, {1, 1, 1, 1});
-    const Bytes* shape = host.Score().Records().Find(Tag::kSmartShape, RecordKey::Other(slur));
-    AddSmartShape(host.Score(), FromBytes<EDTSmartShape>(*shape), Tag::kShapeOnLyric);
+    host.Slur({1, 1, 1, 0}, {1, 1, 1, 1});
+    host.Slur({1, 1, 1, 0}, {1, 1, 1, 1}, Tag::kShapeOnLyric);
     App().faults.refuseKind = FaultPlan::OfKind{HostCall::kSaveEData};  // the first end's
     const u32 first = host.EntryNumber({1, 1, 1, 0});
     int marks = 0;

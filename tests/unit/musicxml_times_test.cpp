@@ -6,14 +6,9 @@
 namespace standin {
 namespace {
 
-// Onset and actual duration of each entry of the first measure.
+// Of the first measure.
 std::string Times(const ImportedScore& score, u16 layer = 0) {
-    std::string text;
-    for (const EXENTRY& entry : Entries(score, 1, layer)) {
-        text += (text.empty() ? "" : " ") + std::to_string(entry.elapsedTime) + '+' +
-                std::to_string(entry.actualDuration);
-    }
-    return text;
+    return PrintTimes(*score.document, {1, 1, layer});
 }
 
 std::string Divisions(int count) {

@@ -1,5 +1,4 @@
 // The check that all merges of made-up music go through: it must see what a bad merge does.
-
 #include "host/score/tags.h"
 #include "host/verify/merge_faults.h"
 #include "shell/host/detail_flags.h"

@@ -79,41 +79,24 @@ Outcome MergeAndCheck(const Plugin& plugin, const WrittenScore& written) {
     return outcome;
 }
 
-WrittenScore Shrunk(const Plugin& plugin, WrittenScore written) {
-    std::vector<WrittenScore> smaller = SmallerThan(written);
-    for (int tries = 3000; tries > 0 && !smaller.empty(); --tries) {
-        if (!MergeAndCheck(plugin, smaller.back()).problem.empty()) {
-            written = smaller.back();
-            smaller = SmallerThan(written);
-        } else {
-            smaller.pop_back();
-        }
-    }
-    return written;
-}
-
 TEST(MadeUpScores, LoseNothing) {
     constexpr u32 kMostTold = 3;
     const Plugin plugin;
-    const u32 only = NumberFromEnvironment("PLYWELD_SEED", 0);
-    const u32 last = only != 0 ? only : MergeCount();
+    const u32 first = NumberFromEnvironment("PLYWELD_SEED", 1);
+    const u32 last = std::getenv("PLYWELD_SEED") != nullptr ? first : MergeCount();
     u32 tried = 0;
     u32 moved = 0;
-    u32 failed = 0;
-    for (u32 seed = only != 0 ? only : 1; seed <= last && failed < kMostTold; ++seed) {
+    for (u32 seed = first, failed = 0; seed <= last && failed < kMostTold; ++seed, ++tried) {
         const WrittenScore written = MakeUpScore(seed);
         const Outcome outcome = MergeAndCheck(plugin, written);
-        ++tried;
         moved += outcome.moved ? 1 : 0;
         if (!outcome.problem.empty()) {
             ++failed;
-            const WrittenScore smallest = Shrunk(plugin, written);
-            ADD_FAILURE() << "PLYWELD_SEED=" << seed << '\n'
-                          << Print(smallest) << MergeAndCheck(plugin, smallest).problem;
+            ADD_FAILURE() << "PLYWELD_SEED=" << seed << '\n' << Print(written) << outcome.problem;
         }
     }
     RecordProperty("merges", std::to_string(tried));
-    EXPECT_TRUE(only != 0 || moved * 2 > tried) << moved << " of " << tried << " moved music";
+    EXPECT_TRUE(tried == 1 || moved * 2 > tried) << moved << " of " << tried << " moved music";
 }
 
 }  // namespace

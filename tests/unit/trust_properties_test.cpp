@@ -53,14 +53,11 @@ std::vector<std::string> Merged(const Plugin& plugin, const WrittenScore& writte
 
 TEST(Properties, TheOrderOfStavesAndMeasuresDoesNotMatter) {
     const Plugin plugin;
-    u32 compared = 0;
-    for (u32 seed = 1; compared < MergeCount() / 10 && !HasFailure(); ++seed) {
+    for (u32 seed = 1; seed <= MergeCount() / 5 && !HasFailure(); ++seed) {
         const WrittenScore written = MakeUpScore(seed);
-        const EREGION& region = written.selection;
-        if (region.startSlot == region.endSlot && region.startMeasure == region.endMeasure) {
-            continue;
+        if (written.staves + written.measures == 2) {
+            continue;  // one piece
         }
-        ++compared;
         const std::vector<std::string> atOnce = Merged(plugin, written, false);
         const std::vector<std::string> inPieces = Merged(plugin, written, true);
         EXPECT_TRUE(atOnce == inPieces || atOnce.empty() || inPieces.empty())

@@ -263,4 +263,15 @@ std::string PrintLayer(const Document& document, FrameKey key) {
     return frame == nullptr ? std::string{} : Printer{document.Records()}.Run(frame->entries);
 }
 
+std::string PrintTimes(const Document& document, FrameKey key) {
+    std::string text;
+    if (const Frame* frame = document.FindFrame(key)) {
+        for (const EXENTRY& entry : frame->entries) {
+            text += (text.empty() ? "" : " ") + std::to_string(entry.elapsedTime) + '+' +
+                    std::to_string(entry.actualDuration);
+        }
+    }
+    return text;
+}
+
 }  // namespace standin

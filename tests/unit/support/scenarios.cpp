@@ -104,6 +104,11 @@ void SelectPart(StandIn& host) {
     host.Select(1, 1, 1024, 1, 1, 3071);
 }
 
+void ShowPart(StandIn& host) {
+    host.Score().AddPart(1, u"Flute");
+    host.Score().currentPart = 1;
+}
+
 std::vector<Scenario> OfSelections() {
     const MergeOptions replace{.source = 1, .mode = 1};
     const std::initializer_list<const char*> halves = {"h:c4 h:r", "h:e4 h:f4"};
@@ -130,13 +135,7 @@ std::vector<Scenario> OfSelections() {
         Of("SecondDocument", halves, {}, [](StandIn&) { App().OpenDocument(u"other"); }),
         Of("NothingSelected", {"w:c4", "w:e4"}, {}, [](StandIn& host) { host.SelectNothing(); }),
         Of("Dialog", halves, {}, nullptr, Way::kDialog),
-        Of(
-            "DialogOfAPart", halves, {},
-            [](StandIn& host) {
-                host.Score().AddPart(1, u"Flute");
-                host.Score().currentPart = 1;
-            },
-            Way::kDialog),
+        Of("DialogOfAPart", halves, {}, ShowPart, Way::kDialog),
         Of("SavedSetting", halves, {.source = 1}, nullptr, Way::kSavedSetting),
         Of("SavingSettings", {"w:c4", "w:e4"}, {}, nullptr, Way::kSaving),
     };

@@ -86,14 +86,7 @@ std::string StandIn::Layer(i16 slot, u16 measure, u16 layer) const {
 }
 
 std::string StandIn::Times(i16 slot, u16 measure, u16 layer) const {
-    std::string text;
-    if (const Frame* frame = m_document->FindFrame(Key(slot, measure, layer))) {
-        for (const EXENTRY& entry : frame->entries) {
-            text += (text.empty() ? "" : " ") + std::to_string(entry.elapsedTime) + '+' +
-                    std::to_string(entry.actualDuration);
-        }
-    }
-    return text;
+    return PrintTimes(*m_document, Key(slot, measure, layer));
 }
 
 EXENTRY StandIn::Entry(EntryPlace place) const {
@@ -128,11 +121,11 @@ std::string StandIn::Attached(EntryPlace place, u32 tag) const {
     return text;
 }
 
-u16 StandIn::Slur(EntryPlace from, EntryPlace to) {
+u16 StandIn::Slur(EntryPlace from, EntryPlace to, u32 markTag) {
     EDTSmartShape shape{};
     shape.start = {Staff(from.slot), from.measure, EntryNumber(from), Entry(from).elapsedTime};
     shape.end = {Staff(to.slot), to.measure, EntryNumber(to), Entry(to).elapsedTime};
-    return AddSmartShape(*m_document, shape);
+    return AddSmartShape(*m_document, shape, markTag);
 }
 
 u16 StandIn::Expression(i16 slot, u16 measure, i32 position, i16 layer, i16 graceIndex) {

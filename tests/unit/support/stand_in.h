@@ -64,8 +64,8 @@ public:
     RecordKey Attach(EntryPlace place, u32 tag, std::string_view content);
     // The contents of the entry's details of a tag, without the zeros behind, joined by commas.
     std::string Attached(EntryPlace place, u32 tag) const;
-    // A smart shape between two entries; returns its number.
-    u16 Slur(EntryPlace from, EntryPlace to);
+    // A smart shape between two entries, with marks of this tag; returns its number.
+    u16 Slur(EntryPlace from, EntryPlace to, u32 markTag = Tag::kShapeOnEntry);
     // An expression of a measure that belongs to an entry at this time; layer -1 = none in
     // particular; graceIndex 1 = of the first grace note there. Returns its record number.
     u16 Expression(i16 slot, u16 measure, i32 position, i16 layer, i16 graceIndex = 0);

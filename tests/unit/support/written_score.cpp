@@ -4,7 +4,6 @@
 #include <sstream>
 
 #include "host/score/detail_kinds.h"
-#include "host/score/smart_shape.h"
 #include "tests/unit/support/notation.h"
 
 namespace standin {
@@ -70,18 +69,9 @@ void AddDetail(StandIn& host, const WrittenScore::Detail& detail) {
 }
 
 void AddShape(StandIn& host, const WrittenScore::Shape& written) {
-    const auto end = [&host](EntryPlace place, const EXENTRY& entry) {
-        return EDTSmartShapeEnd{host.Staff(place.slot), place.measure, entry.entryNumber,
-                                entry.elapsedTime};
-    };
-    const EXENTRY* from = Find(host, written.from);
-    const EXENTRY* to = Find(host, written.to);
-    if (from != nullptr && to != nullptr) {
-        EDTSmartShape shape{};
-        shape.start = end(written.from, *from);
-        shape.end = end(written.to, *to);
-        AddSmartShape(host.Score(), shape,
-                      written.onLyrics ? Tag::kShapeOnLyric : Tag::kShapeOnEntry);
+    if (Find(host, written.from) != nullptr && Find(host, written.to) != nullptr) {
+        host.Slur(written.from, written.to,
+                  written.onLyrics ? Tag::kShapeOnLyric : Tag::kShapeOnEntry);
     }
 }
 
@@ -104,25 +94,6 @@ std::string Braced(std::initializer_list<i32> numbers) {
 
 std::string Braced(EntryPlace place) {
     return Braced({place.slot, place.measure, place.layer, place.index});
-}
-
-std::string TagText(u32 tag) {
-    std::string text;
-    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
-        const char letter = static_cast<char>(tag >> shift);
-        text += letter < ' ' ? static_cast<char>('0' + letter) : letter;
-    }
-    return text;
-}
-
-template <typename Item>
-void WithoutEach(const WrittenScore& score, std::vector<Item> WrittenScore::*items,
-                 std::vector<WrittenScore>& smaller) {
-    for (std::size_t i = 0; i < (score.*items).size(); ++i) {
-        smaller.push_back(score);
-        auto& left = smaller.back().*items;
-        left.erase(left.begin() + static_cast<std::ptrdiff_t>(i));
-    }
 }
 
 }  // namespace
@@ -169,7 +140,7 @@ std::string Print(const WrittenScore& score) {
              << Joined(f.words) << "\");\n";
     }
     for (const auto& d : score.details) {
-        text << "detail at " << Braced(d.place) << ": " << TagText(d.tag) << " of note " << d.note
+        text << "detail at " << Braced(d.place) << ": tag " << d.tag << " of note " << d.note
              << ", flags " << d.entryFlags << " '" << d.content << "'\n";
     }
     for (const auto& s : score.shapes) {
@@ -187,16 +158,6 @@ std::string Print(const WrittenScore& score) {
          << "\nMergeOptions"
          << Braced({o.size, o.source, o.destination, o.mode, o.rebeam, o.hideRests}) << '\n';
     return text.str();
-}
-
-std::vector<WrittenScore> SmallerThan(const WrittenScore& score) {
-    std::vector<WrittenScore> smaller;
-    WithoutEach(score, &WrittenScore::expressions, smaller);
-    WithoutEach(score, &WrittenScore::shapes, smaller);
-    WithoutEach(score, &WrittenScore::details, smaller);
-    WithoutEach(score, &WrittenScore::durations, smaller);
-    WithoutEach(score, &WrittenScore::frames, smaller);
-    return smaller;
 }
 
 }  // namespace standin
