@@ -14,6 +14,9 @@ TEST(HostDocuments, AreListedByNumberAndOneIsCurrent) {
     EXPECT_EQ(FX_GetNextEnigmaDocument(0, kInterfaceVersion), first);
     EXPECT_EQ(FX_GetNextEnigmaDocument(first, kInterfaceVersion), third);
     EXPECT_EQ(FX_SetCurrentEnigmaDocument(second, kInterfaceVersion), 0);
+    char16 path[4];
+    EXPECT_EQ(FX_GetDocumentPath(third, path, 4, kInterfaceVersion), 1);
+    EXPECT_EQ(std::u16string{path}, u"thr") << "cut, with its end";
 }
 
 TEST(HostStaves, NamesThatAreSharedAreNumbered) {

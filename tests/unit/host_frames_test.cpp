@@ -6,20 +6,16 @@
 namespace standin {
 namespace {
 
-TEST(HostFrames, InsertedEntriesAreZeroedAndNumbersNeverComeBack) {
+TEST(HostFrames, NumbersOfInsertedEntriesNeverComeBackAndEmptyOnesAreReduced) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");
-    const u32 last = host.EntryNumber({1, 1, 0, 1});
     const Loan loan{host.Key(1, 1, 0)};
     ASSERT_EQ(loan.Insert(1, 2), 1);
-    EXPECT_EQ(u32{loan[3].entryNumber}, last);
-    EXPECT_EQ(loan[1].duration + loan[1].noteCount, 0);
     const u32 fresh = loan[2].entryNumber;
-    EXPECT_GT(fresh, last);
     ASSERT_EQ(loan.Delete(1, 2) + loan.Insert(2, 1), 2);
     EXPECT_GT(u32{loan[2].entryNumber}, fresh);
     EXPECT_EQ(FX_ReduceEntries(loan.Get(), kInterfaceVersion), 1);
-    EXPECT_EQ(loan->count, 2) << "an entry without notes and duration is dropped";
+    EXPECT_EQ(loan->count, 2);
 }
 
 TEST(HostFrames, DurationIsThatOfVoiceOne) {

@@ -1,6 +1,5 @@
 // Records: keys, their order, and how record numbers move.
 #include <array>
-#include <tuple>
 
 #include "shell/host/detail_flags.h"
 #include "shell/host/host_functions.h"
@@ -73,21 +72,6 @@ TEST(HostRecords, EntryDetailsNeedTheirEntryAndTheirSizeAndSetItsFlag) {
 
     ASSERT_EQ(FX_DeleteEData(kArticulation, key.data(), kInterfaceVersion), 1);
     EXPECT_EQ(host.Entry({1, 1, 0, 0}).flags & DetailFlag::kArticulation, 0U);
-}
-
-TEST(HostRecords, RefuseWhatIsNoRecordCall) {
-    const StandIn host;
-    Words key{1, 0};
-    for (const auto& [tag, version, isLoaded] : {std::tuple{u32{0}, kInterfaceVersion, 0},
-                                                 {Tag::kMeasure, 0U, 0},
-                                                 {Tag::kMeasure, 0x1B400001U, 0},
-                                                 {Tag::kMeasure, 0x09000000U, 1}}) {
-        Bytes data(12, '\0');
-        u32 size = 12;
-        EXPECT_EQ(FX_LoadEData(tag, key.data(), data.data(), &size, version), isLoaded);
-    }
-    EXPECT_EQ(App().calls.refusedByRule, 3U);
-    EXPECT_EQ(Create(Tag::kMeasure, key, 'x'), 0) << "a measure has one record";
 }
 
 }  // namespace

@@ -3,7 +3,6 @@
 #include "Class Files/interface/FinPIEditUnicodeText.h"
 #include "Class Files/interface/FinPIPopupLayerList.h"
 #include "Class Files/interface/FinPIRadioButton.h"
-#include "host/score/application.h"
 #include "tests/unit/interface_support.h"
 
 namespace {
@@ -55,6 +54,7 @@ TEST_F(ControlTest, TextFieldsConvertAndAreCutToTheBuffer) {
     EXPECT_EQ(open.texts[7], u"S\u00ED");
     field.SetUserValue(2.5);
     EXPECT_EQ(field.GetUserValue(), 2.5);
+    EXPECT_EQ(dialog.GetUserValueRounded(window, 7), 3);
     FinPIEditUnicodeText none{0};
     none.Attach(window, 1, 0);
     none.AttachText(window, u"text", 0);

@@ -5,7 +5,6 @@
 #include "Class Files/interface/DialogLayout.h"
 #include "Class Files/interface/WindowMessages.h"
 #include "Class Files/settings/FinPIUtil.h"
-#include "host/score/application.h"
 #include "platform/headless/window_model.h"
 #include "tests/unit/interface_support.h"
 

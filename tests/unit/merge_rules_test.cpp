@@ -184,12 +184,11 @@ TEST(Details, OfEqualPitchesStayApart) {
     ASSERT_EQ(host.Layer(1, 1, 0), "w:c5,c5");
     const EXENTRY chord = host.Entry(kDestination);
     EXPECT_NE(chord.notes[0].noteID, chord.notes[1].noteID);
-    const auto of = [&](int note) {
-        return std::string{static_cast<char>(chord.notes[note].noteID)};
-    };
     const std::string heads = host.Attached(kDestination, kNotehead);
-    EXPECT_NE(heads.find(of(0) + std::string{"\0x", 2}), heads.npos);
-    EXPECT_NE(heads.find(of(1) + std::string{"\0o", 2}), heads.npos);
+    for (const auto& [note, head] : {std::pair{0, 'x'}, {1, 'o'}}) {
+        const char ofNote[] = {static_cast<char>(chord.notes[note].noteID), '\0', head};
+        EXPECT_NE(heads.find(std::string_view{ofNote, 3}), heads.npos) << head;
+    }
 }
 
 MyExpressionAssign ExpressionOf(StandIn& host, u16 record) {

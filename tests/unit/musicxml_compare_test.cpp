@@ -28,8 +28,6 @@ const struct {
 } kDifferences[] = {
     {"NoteLost", Note({}) + Note({.pitch = "E4"}), Note({}) + Note({.pitch = "r"}),
      "2: E4 quarter lost\n2: quarter rest added\n", "2: E4 quarter lost\n"},
-    {"NoteDoubled", Note({}), Note({}) + Backup(2) + Note({.voice = "2"}), "1: C4 quarter added\n",
-     nullptr},
     {"OtherLength", Note({.duration = 3, .more = "<dot/>"}), Note({}),
      "1: C4 dotted quarter lost\n1: C4 quarter added\n", nullptr},
     {"TieLost", Note({.more = kTie}), Note({}),

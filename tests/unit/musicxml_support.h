@@ -87,12 +87,6 @@ inline std::vector<EXENTRY> Entries(const ImportedScore& score, u16 measure, u16
     return frame == nullptr ? std::vector<EXENTRY>{} : frame->entries;
 }
 
-inline void MakeRest(EXENTRY& entry) {
-    entry.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes;
-    entry.noteCount = 0;
-    std::fill(std::begin(entry.notes), std::end(entry.notes), EXNOTE{});
-}
-
 inline CompareOptions Merged() {
     return {.merged = true, .replaced = {}};
 }

@@ -125,8 +125,9 @@ TEST(Changed, AVoiceOfHiddenRestsVanishesButTheMeasureKeepsItsLength) {
         ScoreText({Note({}) + Backup(2) + Note({.duration = 8, .type = "whole", .voice = "2"})}));
     std::vector<EXENTRY> entries = Entries(*score, 1, 1);
     EXENTRY& rest = entries.at(0);
-    MakeRest(rest);
-    rest.flags |= EntryFlag::kIgnore;
+    rest.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes | EntryFlag::kIgnore;
+    rest.noteCount = 0;
+    std::fill(std::begin(rest.notes), std::end(rest.notes), EXNOTE{});
     score->document->PutFrame({1, 1, 1}, entries);
     const std::string written = WriteScore(*score);
     EXPECT_EQ(Count(written, "<voice>2</voice>"), 0);

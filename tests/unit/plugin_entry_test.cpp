@@ -108,13 +108,13 @@ TEST_F(Items, ForASubmenuHaveAPrefix) {
 TEST_F(Items, MoveIntoTheSubmenuAlsoUnderALongName) {
     const std::string name(127, 'n');
     Plugin::StoreSetting(1, {.name = name, .useSubmenu = true});
-    HWND__ hostWindow;
-    hostWindow.menuBar.reset(new HMENU__);
+    HWND__ window;
+    window.menuBar.reset(new HMENU__);
     for (u32 top = 1; top <= 6; ++top) {
-        hostWindow.menuBar->items.push_back({u"Menu", top, platform::OwnedMenu{new HMENU__}});
+        window.menuBar->items.push_back({u"Menu", top, platform::OwnedMenu{new HMENU__}});
     }
-    const platform::Menu menu = hostWindow.menuBar->items.back().submenu.get();
-    ASSERT_EQ(plugin.Init(nullptr, &hostWindow), 1);
+    const platform::Menu menu = window.menuBar->items.back().submenu.get();
+    plugin.Init(nullptr, &window);
     MenuItemDescriptor out{};
     for (i16 item = 0; plugin.Enumerate(item, &out) != 0; ++item) {
         menu->items.push_back({out.text, 40 + static_cast<u32>(item)});

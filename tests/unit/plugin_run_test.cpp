@@ -61,9 +61,7 @@ TEST(Run, NothingToDoIsSaidAndChangesNothing) {
         const bool selected = alert == 22002;  // and the same layer in both lists
         StandIn host;
         TwoLayers(host);
-        if (selected) {
-            host.SelectAll();
-        }
+        selected ? host.SelectAll() : host.SelectNothing();
         const u64 before = host.Score().Digest();
         Plugin{}.Merge(host, {.source = selected ? u16{0} : kAllLayers});
         ASSERT_EQ(App().alerts.size(), 1U);

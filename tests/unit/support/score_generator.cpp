@@ -31,10 +31,10 @@ constexpr u32 kNoteTags[] = {HostTag("edCD"), HostTag("E\002Ah"), HostTag("E\002
                              HostTag("eddo"), HostTag("E\003Ts"), HostTag("E\003Te"),
                              HostTag("ednC")};
 constexpr u32 kEntryTags[] = {
-    HostTag("edIM"), HostTag("edIM"),    HostTag("SdvE"),    HostTag("SdcH"),    HostTag("SdsE"),
-    HostTag("edLE"), HostTag("E\002BL"), HostTag("E\002BH"), HostTag("E\002bL"), HostTag("E\002bH"),
-    HostTag("edsB"), HostTag("edST"),    HostTag("edSt"),    HostTag("edub"),    HostTag("edAS"),
-    HostTag("edUE"), HostTag("edSU")};
+    HostTag("edIM"),    HostTag("SdvE"),    HostTag("SdcH"),    HostTag("SdsE"),
+    HostTag("edLE"),    HostTag("E\002BL"), HostTag("E\002BH"), HostTag("E\002bL"),
+    HostTag("E\002bH"), HostTag("edsB"),    HostTag("edST"),    HostTag("edSt"),
+    HostTag("edub"),    HostTag("edAS"),    HostTag("edUE"),    HostTag("edSU")};
 constexpr u32 kFlagDetails[] = {DetailFlag::kPrimaryBeamBreak, DetailFlag::kFrozenStemUp,
                                 DetailFlag::kFlagDetail1, DetailFlag::kFlagDetail2};
 
@@ -163,8 +163,7 @@ private:
     void AddVoice2(Words& words, int sixteenths) {
         words.emplace_back("v2{");
         for (const std::string& word : Rhythm(sixteenths)) {
-            const bool mayHaveGrace = words.back().front() != '(' && IsEntry(word);
-            if (mayHaveGrace && Chance(8)) {
+            if (words.back().front() != '(' && IsEntry(word) && Chance(8)) {
                 words.push_back("gs:" + Notes());
             }
             words.push_back(IsEntry(word) ? word + Content() : word);
@@ -295,9 +294,7 @@ std::vector<DetailToWrite> DetailsToWrite() {
         details.push_back({tag, 0});
     }
     for (const u32 tag : kEntryTags) {
-        if (tag != details.back().tag) {  // the first stands there twice
-            details.push_back({tag, 0});
-        }
+        details.push_back({tag, 0});
     }
     for (const u32 flags : kFlagDetails) {
         details.push_back({0, flags});

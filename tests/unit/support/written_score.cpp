@@ -1,10 +1,8 @@
 #include "tests/unit/support/written_score.h"
 
-#include <algorithm>
 #include <sstream>
 
 #include "host/score/detail_kinds.h"
-#include "tests/unit/support/notation.h"
 
 namespace standin {
 namespace {
