@@ -59,7 +59,7 @@ TEST_F(OutputFile, AnErrorSaysItsReason) {
     EXPECT_EQ(FilesInFolder(), 2U);
 }
 
-TEST_F(OutputFile, AFileThatWouldBeTooLargeIsAnErrorAndLeavesNothing) {
+TEST_F(OutputFile, WhatCannotBeWrittenIsSaidAndLeavesNothing) {
     PrepareStreams();
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
@@ -68,11 +68,7 @@ TEST_F(OutputFile, AFileThatWouldBeTooLargeIsAnErrorAndLeavesNothing) {
     setrlimit(RLIMIT_FSIZE, &small);
     const std::string problem = WriteWhole((folder / "score.xml").string(), std::string(2000, 'a'));
     setrlimit(RLIMIT_FSIZE, &before);
-    EXPECT_NE(problem, "");
-    EXPECT_EQ(FilesInFolder(), 0U);
-}
-
-TEST_F(OutputFile, WhatCannotBeWrittenIsSaidAndLeavesNothing) {
+    EXPECT_NE(problem, "") << "too large";
     EXPECT_NE(WriteWhole(folder.Path().string(), "new"), "");
     EXPECT_EQ(FilesInFolder(), 0U);
     std::ofstream{folder / "score.mxl"} << "old";
@@ -80,29 +76,23 @@ TEST_F(OutputFile, WhatCannotBeWrittenIsSaidAndLeavesNothing) {
     EXPECT_EQ(Content(folder / "score.mxl"), "old");
 }
 
-const std::string kKey = kPreferences + "\\Plyweld";
-
 TEST(StoredOptions, StandWhereThePluginReadsThemAndGoAgain) {
+    const std::string key = kPreferences + "\\Plyweld";
     platform::headless::Reset();
+    { const StoredOptions stored{{}}; }
+    EXPECT_FALSE(KeyExists(key));
+    StoreValue(key, "WPOS22000", "place");
     {
-        const StoredOptions stored{
-            standin::MergeOptions{.source = 1, .destination = 2, .hideRests = 1}};
+        const StoredOptions stored{{.source = 1, .destination = 2, .hideRests = 1}};
         EXPECT_TRUE(stored);
-        EXPECT_EQ(StoredValue(kKey, "ZKCF22000"), (std::string{"\x0c\0\1\0\2\0\0\0\1\0\1\0", 12}));
+        EXPECT_EQ(StoredValue(key, "ZKCF22000"), (std::string{"\x0c\0\1\0\2\0\0\0\1\0\1\0", 12}));
     }
-    EXPECT_FALSE(KeyExists(kKey));
+    EXPECT_TRUE(KeyExists(key));
+    EXPECT_EQ(StoredValue(key, "ZKCF22000"), std::nullopt);
+    StoreValue(key, "ZKCF22000", "mine");
+    { const StoredOptions stored{{}}; }
+    EXPECT_EQ(StoredValue(key, "ZKCF22000"), "mine") << "the user's own come back";
     EXPECT_EQ(platform::headless::OpenRegistryKeys(), 0);
-}
-
-TEST(StoredOptions, TheUsersOwnComeBack) {
-    platform::headless::Reset();
-    StoreValue(kKey, "WPOS22000", "place");
-    { const StoredOptions stored{{}}; }
-    EXPECT_TRUE(KeyExists(kKey));
-    EXPECT_EQ(StoredValue(kKey, "ZKCF22000"), std::nullopt);
-    StoreValue(kKey, "ZKCF22000", "mine");
-    { const StoredOptions stored{{}}; }
-    EXPECT_EQ(StoredValue(kKey, "ZKCF22000"), "mine");
 }
 
 }  // namespace

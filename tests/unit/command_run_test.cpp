@@ -1,6 +1,5 @@
 // The whole command: from a file through the real plug-in to a file.
 #include <algorithm>
-#include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
 #include "host/cli/command_line.h"
@@ -46,13 +45,13 @@ protected:
 };
 
 TEST_F(CommandRun, CarolIsMergedAndNothingIsLost) {
-    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--verify", "--json"}), kDone)
-        << errors;
-    const auto report = nlohmann::json::parse(output);
-    EXPECT_GT(report["chordsFormed"], 90);
-    EXPECT_GT(report["restsFilled"], 3);
-    EXPECT_GT(report["left"], 0);
-    EXPECT_EQ(report["verified"], true);
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--verify"}), kDone) << errors;
+    EXPECT_EQ(output,
+              "105 chords formed, 6 rests filled, 112 notes moved\n"
+              "4 notes and chords left in other layers\n"
+              "  3: another duration at its time\n"
+              "  1: no rests of exactly its time\n"
+              "Verified: no music was lost\n");
     EXPECT_EQ(Run({"compare", kCarol, File("out.musicxml")}), kFailed);
     EXPECT_EQ(Run({"compare", kCarol, kCarol}), kDone);
 }
@@ -63,11 +62,12 @@ TEST_F(CommandRun, OnlyTheSelectionChanges) {
               kDone)
         << errors;
     const auto report = nlohmann::json::parse(output);
-    for (const auto& measure : report["measures"]) {
-        EXPECT_EQ(measure["staff"], 1);
-        EXPECT_GE(measure["measure"], 3);
-        EXPECT_LE(measure["measure"], 4);
-    }
+    EXPECT_EQ(report["left"], 1);
+    EXPECT_EQ(report["leftBecause"]["noRestToFill"], 1);
+    ASSERT_EQ(report["measures"].size(), 2U);
+    EXPECT_EQ(report["measures"][0]["measure"], 3);
+    EXPECT_EQ(report["measures"][1]["staff"], 1);
+    EXPECT_EQ(report["measures"][1]["chordsFormed"], 4);
     const std::string before = Content(kCarol);
     const std::string after = Content(File("out.musicxml"));
     const std::string fifth = "<measure number=\"4\">";  // the pickup measure has number 0
@@ -102,13 +102,10 @@ TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
 }
 
 TEST_F(CommandRun, WhatCannotBeToldIsAFailure) {
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"show", kCarol}, {"compare", kCarol, kCarol}}) {
-        std::cout.setstate(std::ios::badbit);
-        EXPECT_EQ(Run(arguments), kFailed);
-        std::cout.clear();
-        EXPECT_NE(errors, "");
-    }
+    std::cout.setstate(std::ios::badbit);
+    EXPECT_EQ(Run({"compare", kCarol, kCarol}), kFailed);
+    std::cout.clear();
+    EXPECT_NE(errors, "");
 }
 
 using standin::Backup;
@@ -118,8 +115,9 @@ std::string Notations(const std::string& inner, const std::string& attributes = 
     return "<notations" + attributes + ">" + inner + "</notations>";
 }
 
-std::string Half(std::string_view pitch, std::string_view voice = "1", std::string_view more = "") {
-    return Note({.pitch = pitch, .duration = 4, .type = "half", .voice = voice, .more = more});
+std::string Half(std::string_view pitch, std::string_view voice = "1", std::string_view more = "",
+                 std::string_view first = "") {
+    return Note({pitch, 4, "half", voice, more, first});
 }
 
 const std::string kSlurStart = Notations("<slur type=\"start\" number=\"1\"/>");
@@ -155,31 +153,21 @@ const struct {
      {Half("A5") + Half("r", "1", "<stem>none</stem><beam>continue</beam>") + Backup(8) +
       Half("r", "2") + Half("C5", "2")}},
     {"AStemOfALaterNoteOfAChord",
-     {Half("A5", "1", kStem) + Backup(4) + Half("A5", "2") +
-      Note({.pitch = "E4",
-            .duration = 4,
-            .type = "half",
-            .voice = "2",
-            .more = kStem,
-            .first = "<chord/>"})}},
+     {Half("A5", "1", kStem) + Backup(4) + Half("A5", "2") + Half("E4", "2", kStem, "<chord/>")}},
     {"ANotesNotationsChangeOrder",
      {Half("A5") +
-      Note({.pitch = "C6",
-            .duration = 4,
-            .type = "half",
-            .more = Notations(kFinger, " print-object=\"no\"") + Notations(kFinger),
-            .first = "<chord/>"}) +
+      Half("C6", "1", Notations(kFinger, " print-object=\"no\"") + Notations(kFinger), "<chord/>") +
       Backup(4) + Half("C5", "2")}},
 };
 
 TEST_F(CommandRun, WhatLosesNothingIsVerified) {
     for (const auto& c : kLossless) {
         SCOPED_TRACE(c.name);
-        const std::vector<std::string_view> measures{c.measures.begin(), c.measures.end()};
-        std::vector<std::string> arguments{"merge",   Write("in.xml", standin::ScoreText(measures)),
-                                           "-o",      File("out.xml"),
-                                           "--from",  "2",
-                                           "--verify"};
+        std::vector<std::string> arguments{
+            "merge",   Write("in.xml", standin::ScoreText(c.measures)),
+            "-o",      File("out.xml"),
+            "--from",  "2",
+            "--verify"};
         arguments.insert(arguments.end(), c.options.begin(), c.options.end());
         EXPECT_EQ(Run(arguments), kDone) << errors;
     }
@@ -206,7 +194,6 @@ TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {
     const std::pair<std::string, const char*> cases[] = {
         {File("no such file"), ""},
         {Write("text.xml", "a piano piece"), ":1: "},
-        {Write("zip.xml", "PK\x03\x04 and nothing more"), "archive"},
         {Write("late.xml", "<score-partwise>\n\n<note/></score-partwise>"), ":3: "},
     };
     for (const auto& [input, says] : cases) {
@@ -224,8 +211,8 @@ TEST_F(CommandRun, ShowTellsWhatAMergeWouldFind) {
     EXPECT_EQ(shown["measures"], 21);
     ASSERT_EQ(shown["parts"][0]["staves"].size(), 2U);
     EXPECT_EQ(shown["parts"][0]["staves"][1]["layers"][1]["voice"], "6");
-    ASSERT_EQ(Run({"merge", kCarol, "-o", "-", "--json"}), kDone);
-    EXPECT_EQ(shown["merge"]["chordsFormed"], nlohmann::json::parse(errors)["chordsFormed"]);
+    EXPECT_EQ(shown["parts"][0]["staves"][1]["measuresWithSeveralLayers"], 21);
+    EXPECT_EQ(shown["merge"]["chordsFormed"], 105);
 }
 
 }  // namespace

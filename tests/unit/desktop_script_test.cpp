@@ -1,6 +1,4 @@
 // Scripts as text, and the words for what a layer holds.
-#include <gtest/gtest.h>
-
 #include "host/desktop/byte_pattern.h"
 #include "host/desktop/layer_strip.h"
 #include "host/desktop/script_line.h"
@@ -35,12 +33,9 @@ TEST(Script, KeepsTheLinesOfItsLanguage) {
     EXPECT_EQ(spanish[1].number, 3);
 }
 
-TEST(Script, NamesTheLineWithAnOpenQuote) {
+TEST(Script, ReadsPathsAndRangesAndNamesTheLineWithAnOpenQuote) {
     EXPECT_EQ(ReadScript("click 1\ntype \"abc\n", ScriptLanguage::kEnglish).problem,
               "line 2: a quote is not closed");
-}
-
-TEST(Script, ReadsPathsAndRanges) {
     EXPECT_EQ(SplitText("Plug-ins > Plyweld > Slow...", '>'),
               (Words{"Plug-ins", "Plyweld", "Slow..."}));
     EXPECT_EQ(SplitText("", '>'), Words{""});

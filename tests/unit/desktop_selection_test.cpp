@@ -1,7 +1,5 @@
 // Selecting in the grid: what mouse and keyboard make of a score's staves, measures and beats.
-#include <gtest/gtest.h>
 #include <sstream>
-#include <string>
 
 #include "host/desktop/grid_layout.h"
 #include "host/desktop/selection_editor.h"

@@ -41,31 +41,7 @@ TEST(HostFaults, AnotherDocumentBecomesCurrentBetweenCalls) {
     App().faults.switchDocument = {2, other};
     EXPECT_EQ(FX_GetCurrentEnigmaDocument(kInterfaceVersion), host.Score().Number());
     EXPECT_EQ(FX_GetCurrentEnigmaDocument(kInterfaceVersion), other);
-    EXPECT_EQ(FX_SetCurrentEnigmaDocument(host.Score().Number(), kInterfaceVersion), 1);
-    EXPECT_EQ(FX_GetCurrentEnigmaDocument(kInterfaceVersion), host.Score().Number());
-}
-
-TEST(HostFaults, NothingWorksWithoutADocument) {
-    App().Reset();
-    EXPECT_EQ(FX_GetCurrentEnigmaDocument(kInterfaceVersion), 0);
-    EXPECT_EQ(FX_LoadTGF(0, 1, 1, 0, 1, kInterfaceVersion), nullptr);
-    EXPECT_EQ(FX_StartFinaleEdit_UTF16(u"Edit", kInterfaceVersion), 0);
-    EXPECT_EQ(FX_ExecuteMenuItem(MenuCommand::kClearLayer, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_GetCurrentPartID(kInterfaceVersion), -1);
-    App().Reset();
-}
-
-TEST(HostFaults, CallsWithoutWhatTheyNeedAreRefused) {
-    const StandIn host;
-    EREGION region{};
-    EXPECT_EQ(FX_MassEditProgress(1, 11, 7, 1, -1, kInterfaceVersion), 0) << "no such display";
-    EXPECT_EQ(FX_EndMassEdit(1, 1, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_RebeamRegion(nullptr, 0, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_GetCurERegions(nullptr, &region, &region, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_AlertMessage_UTF16(nullptr, 0, 0, nullptr, kInterfaceVersion), 0);
-    EXPECT_EQ(App().calls.refusedByRule, 5U);
-    EXPECT_EQ(FX_SetCurrentPartID(3, kInterfaceVersion), 0);
-    EXPECT_EQ(FX_GetPartName_UTF16(3, nullptr, 0, kInterfaceVersion), 0);
+    App().SetCurrentDocument(host.Score().Number());
 }
 
 }  // namespace

@@ -5,7 +5,6 @@
 #include "Class Files/interface/DialogLayout.h"
 #include "Class Files/interface/WindowMessages.h"
 #include "Class Files/settings/FinPIUtil.h"
-#include "host/score/application.h"
 #include "platform/headless/window_model.h"
 #include "tests/unit/interface_support.h"
 
@@ -23,11 +22,6 @@ protected:
     NotingDialog dialog{&command, nullptr, u"6.10"};
 };
 
-TEST_F(DialogTest, CreationPreparesThenInitialisesTheWindow) {
-    Show(dialog);
-    EXPECT_EQ(dialog.TakeNotes(), (Notes{"prepare", "initialize", "ready", "after"}));
-}
-
 TEST_F(DialogTest, EventsReachTheirHandler) {
     const struct {
         u32 message;
@@ -44,21 +38,18 @@ TEST_F(DialogTest, EventsReachTheirHandler) {
     };
     HWND__ control;
     control.controlId = 1003;
-    OpenDialog& open = Start();
+    OpenDialog& open = Show(dialog);
+    EXPECT_EQ(dialog.TakeNotes(), (Notes{"prepare", "initialize", "ready", "after"}));
     for (const auto& c : cases) {
         EXPECT_EQ(open.Send(c.message, c.word, reinterpret_cast<i64>(&control)), c.result);
         EXPECT_EQ(dialog.TakeNotes(), c.note == nullptr ? Notes{} : Notes{c.note}) << c.message;
     }
-}
-
-TEST_F(DialogTest, OnlyATabSelectionIsANotificationForHandlers) {
-    OpenDialog& open = Start();
     NotificationHeader header{nullptr, 1004, kTabSelectionChanged};
     EXPECT_EQ(open.Send(WindowMessage::kNotify, 0, reinterpret_cast<i64>(&header)), 16);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1004 4294966744"}));
     header.code = kTabSelectionNotification;
     EXPECT_EQ(open.Send(WindowMessage::kNotify, 0, reinterpret_cast<i64>(&header)), 0);
-    EXPECT_EQ(dialog.TakeNotes(), Notes{});
+    EXPECT_EQ(dialog.TakeNotes(), Notes{}) << "no other notification";
 }
 
 TEST_F(DialogTest, AnInitialisationThatFailedLeavesTheControlsDead) {
@@ -70,7 +61,7 @@ TEST_F(DialogTest, AnInitialisationThatFailedLeavesTheControlsDead) {
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
-TEST_F(DialogTest, EventsOfAnotherWindowAreRefusedAndExceptionsEndHere) {
+TEST_F(DialogTest, EventsOfOtherWindowsAndDialogsAreRefusedAndExceptionsEndHere) {
     OpenDialog& open = Start();
     HWND__ other;
     EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kCommand, 1, 0, &dialog), 0);
@@ -82,13 +73,10 @@ TEST_F(DialogTest, EventsOfAnotherWindowAreRefusedAndExceptionsEndHere) {
     dialog.TakeNotes();
     open.Send(WindowMessage::kTimer);
     EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "that command is over";
-}
-
-TEST_F(DialogTest, EventsAfterItsEndFindNoDialog) {
     std::optional<NotingDialog> gone{std::in_place, &command, nullptr, nullptr};
-    OpenDialog& open = Show(*gone);
+    OpenDialog& left = Show(*gone);
     gone.reset();
-    EXPECT_EQ(open.Send(WindowMessage::kTimer), 0);
+    EXPECT_EQ(left.Send(WindowMessage::kTimer), 0);
 }
 
 TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
@@ -114,16 +102,11 @@ TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
 }
 
 TEST_F(DialogTest, AModelessDialogHearsOfAChangedPreference) {
-    const auto setPreference = [&](char value) {
-        std::string general(76, '\0');
-        general[30] = value;
-        ASSERT_TRUE(host.Score().Records().Save(HostTag("pfgp"), standin::RecordKey::Preference(0),
-                                                general));
-    };
-    setPreference(1);
     OpenDialog& open = Start();
     open.Send(WindowMessage::kTimer);
-    setPreference(2);
+    std::string general(76, '\0');
+    general[30] = 2;
+    host.Score().Records().Save(HostTag("pfgp"), standin::RecordKey::Preference(0), general);
     open.Send(WindowMessage::kTimer);
     open.Send(WindowMessage::kTimer);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer", "preferences", "timer", "timer"}));
@@ -147,7 +130,11 @@ TEST_F(DialogTest, TitlesAreCutToTheirFieldWithTheVersionBehind) {
 
 void StorePlace(i16 left, i16 top) {
     const i16 record[14] = {left, top};
-    ASSERT_EQ(ZKFX_PutSettings("WPOS", 22000, record, sizeof(record), "Plyweld"), 1);
+    ZKFX_PutSettings("WPOS", 22000, record, sizeof(record), "Plyweld");
+}
+
+bool IsPlaceStored(i16 number) {
+    return ZKFX_GetSettings("WPOS", number, nullptr, 0, "Plyweld") != 0;
 }
 
 TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
@@ -160,8 +147,7 @@ TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
         open.Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
         open.Send(WindowMessage::kSystemCommand, next);
         open.Send(WindowMessage::kSystemCommand, SystemCommand::kClose);
-        EXPECT_EQ(ZKFX_GetSettings("WPOS", 12003, nullptr, 0, "Plyweld") != 0,
-                  next != SystemCommand::kMinimize);
+        EXPECT_EQ(IsPlaceStored(12003), next != SystemCommand::kMinimize);
     }
 }
 
@@ -174,9 +160,9 @@ TEST_F(DialogTest, ForgetsNoOtherPlaceThanThatOfItsKeyOffset) {
     StorePlace(50, 60);
     const ForgettingDialog placed{&command, nullptr, nullptr};
     placed.ForgetStoredPosition(21000);  // 33000 as a signed number
-    EXPECT_NE(ZKFX_GetSettings("WPOS", 22000, nullptr, 0, "Plyweld"), 0U);
+    EXPECT_TRUE(IsPlaceStored(22000));
     placed.ForgetStoredPosition(0);
-    EXPECT_EQ(ZKFX_GetSettings("WPOS", 22000, nullptr, 0, "Plyweld"), 0U);
+    EXPECT_FALSE(IsPlaceStored(22000));
 }
 
 TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
@@ -193,20 +179,14 @@ TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
 }
 
 TEST_F(DialogTest, AStoredPlaceHoldsWhileItsCornerIsOnTheDesktop) {
-    constexpr platform::Rectangle kOneScreen{0, 0, 1920, 1080};
-    constexpr platform::Rectangle kScreenAtTheLeft{-1920, 0, 1920, 1080};
-    // The desktop, the stored corner, whether the window goes there.
-    const std::tuple<platform::Rectangle, i16, i16, bool> cases[] = {
-        {kOneScreen, 0, 0, true},
-        {kOneScreen, 1919, 1079, true},  // the last pixel
-        {kOneScreen, 1920, 100, false},
-        {kOneScreen, 100, 1080, false},
-        {kOneScreen, -50, 100, false},
-        {kScreenAtTheLeft, -50, 100, true},
-        {kScreenAtTheLeft, -1921, 100, false},
+    // The desktop's left edge, the stored corner, whether the window goes there.
+    const std::tuple<int, i16, i16, bool> cases[] = {
+        {0, 0, 0, true},         {0, 1919, 1079, true},  // the last pixel
+        {0, 1920, 100, false},   {0, 100, 1080, false},      {0, -50, 100, false},
+        {-1920, -50, 100, true}, {-1920, -1921, 100, false},
     };
-    for (const auto& [desktop, left, top, moves] : cases) {
-        platform::headless::SetDesktop(desktop);
+    for (const auto& [edge, left, top, moves] : cases) {
+        platform::headless::SetDesktop({edge, 0, 1920, 1080});
         StorePlace(left, top);
         NotingDialog placed{&command, nullptr, nullptr};
         const platform::Rectangle& window = Show(placed).window.rectangle;
@@ -215,72 +195,39 @@ TEST_F(DialogTest, AStoredPlaceHoldsWhileItsCornerIsOnTheDesktop) {
     }
 }
 
-TEST_F(DialogTest, TheTimerRunsFromStartToTheWindowsEnd) {
+TEST_F(DialogTest, TheTimerRunsToTheWindowsEnd) {
     OpenDialog& open = Show(dialog);
     dialog.StartTimer(&open.window);
     EXPECT_EQ(open.timers, (std::map<u64, u32>{{1, 100}}));
-    dialog.StopTimer(&open.window);
-    EXPECT_TRUE(open.timers.empty());
-    dialog.StartTimer(&open.window);
     EXPECT_EQ(open.Send(WindowMessage::kDestroy), 1);
     EXPECT_TRUE(open.timers.empty());
 }
 
-TEST_F(DialogTest, UserValuesAreRoundedHalfAwayFromZero) {
-    OpenDialog& open = Show(dialog);
-    for (const auto& [value, rounded] : {std::pair{2.5, 3}, {-2.5, -3}, {2.4, 2}, {0.0, 0}}) {
-        open.userValues[7] = value;
-        EXPECT_EQ(dialog.GetUserValueRounded(&open.window, 7), rounded);
-    }
-}
-
-TEST_F(DialogTest, CopyingControlsIsForDialogsWithSettings) {
-    dialog.CopyDialogToConfigData(nullptr);
-    EXPECT_EQ(standin::App().alerts.size(), 1U);
-}
-
-class LayoutTest : public InterfaceTest {
-protected:
-    // A control's place, as "left,top,right,bottom".
-    std::string Place(u16 control) const {
-        const platform::Rectangle& r = window.controls.at(control).rectangle;
-        return std::to_string(r.left) + ',' + std::to_string(r.top) + ',' +
-               std::to_string(r.right) + ',' + std::to_string(r.bottom);
-    }
-
-    NotingDialog dialog{&command, nullptr, nullptr};
-    HWND__& window = Show(dialog).window;
-};
-
-TEST_F(LayoutTest, ChangesWhatIsAsked) {
-    const struct {
-        void (*change)(WindowHandle window);
-        const char* place;  // from 30,40,100,50
-    } cases[] = {
-        {[](WindowHandle w) { SizeControl(w, 1003, 20, 40); }, "30,40,70,60"},
-        {[](WindowHandle w) { SizeControl(w, 1003, -1, 40); }, "30,40,70,50"},
-        {[](WindowHandle w) { SizeControl(w, 1003, 0, -1); }, "30,40,100,40"},
-        {[](WindowHandle w) { SizeControl(w, 99, 1, 1); }, "30,40,100,50"},
-        {[](WindowHandle w) { PlaceControl(w, 1003, 5, 6, false); }, "6,5,76,15"},
-        {[](WindowHandle w) { PlaceControl(w, 1003, -1, 80, true); }, "80,40,100,50"},
-        {[](WindowHandle w) { PlaceControl(w, 1003, -1, 95, true); }, "95,40,105,50"},
-        {[](WindowHandle w) { PlaceControl(w, 1003, -1, -1, true); }, "30,40,100,50"},
-        {[](WindowHandle w) { ShiftControlEdges(w, 1003, -3, 2); }, "30,37,100,52"},
+TEST_F(DialogTest, LayoutChangesWhatIsAsked) {
+    // Of one control, from 30,40,100,50; and of the dialog's buttons, where they stand.
+    const std::tuple<u16, void (*)(WindowHandle), platform::Rectangle> cases[] = {
+        {1003, [](auto w) { SizeControl(w, 1003, 20, 40); }, {30, 40, 70, 60}},
+        {1003, [](auto w) { SizeControl(w, 1003, -1, 40); }, {30, 40, 70, 50}},
+        {1003, [](auto w) { SizeControl(w, 1003, 0, -1); }, {30, 40, 100, 40}},
+        {1003, [](auto w) { SizeControl(w, 99, 1, 1); }, {30, 40, 100, 50}},
+        {1003, [](auto w) { PlaceControl(w, 1003, 5, 6, false); }, {6, 5, 76, 15}},
+        {1003, [](auto w) { PlaceControl(w, 1003, -1, 80, true); }, {80, 40, 100, 50}},
+        {1003, [](auto w) { PlaceControl(w, 1003, -1, 95, true); }, {95, 40, 105, 50}},
+        {1003, [](auto w) { PlaceControl(w, 1003, -1, -1, true); }, {30, 40, 100, 50}},
+        {1003, [](auto w) { ShiftControlEdges(w, 1003, -3, 2); }, {30, 37, 100, 52}},
+        {1, [](auto w) { ShrinkDialogHeight(w, -14); }, {114, 71, 164, 85}},
+        {2, [](auto) {}, {171, 71, 221, 85}},
     };
-    for (const auto& c : cases) {
+    HWND__& window = Show(dialog).window;
+    for (const auto& [control, change, place] : cases) {
         window.controls[1003].rectangle = {30, 40, 100, 50};
-        c.change(&window);
-        EXPECT_EQ(Place(1003), c.place) << "case " << &c - cases;
+        change(&window);
+        const platform::Rectangle& now = window.controls[control].rectangle;
+        EXPECT_EQ(std::tie(now.left, now.top, now.right, now.bottom),
+                  std::tie(place.left, place.top, place.right, place.bottom));
     }
-}
-
-TEST_F(LayoutTest, ShrinkingMovesTheButtonsAndKeepsTheWidth) {
-    const platform::Rectangle before = window.rectangle;
-    ShrinkDialogHeight(&window, -14);
-    EXPECT_EQ(Place(1), "114,71,164,85");
-    EXPECT_EQ(Place(2), "171,71,221,85");
-    EXPECT_EQ(window.rectangle.Height(), before.Height() - 14);
-    EXPECT_EQ(window.rectangle.Width(), before.Width());
+    EXPECT_EQ(window.rectangle.Height(), desk.newWindow.Height() - 14);
+    EXPECT_EQ(window.rectangle.Width(), desk.newWindow.Width());
 }
 
 }  // namespace

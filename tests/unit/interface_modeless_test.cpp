@@ -2,7 +2,6 @@
 #include "Class Files/FinPIModeless.h"
 #include "Class Files/interface/HostMenu.h"
 #include "Class Files/interface/WindowMessages.h"
-#include "host/score/application.h"
 #include "tests/unit/interface_support.h"
 
 namespace {

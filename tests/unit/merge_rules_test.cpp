@@ -1,6 +1,5 @@
 // What a merge makes of two layers: notes that begin together and last as long become one chord,
 // and runs of destination rests are filled by source music of exactly their time.
-#include <gtest/gtest.h>
 #include <span>
 #include <tuple>
 
@@ -118,15 +117,9 @@ constexpr MergeCase kPartOfAMeasure[] = {
      "q:d4 q:e4 q:r q:g4", 0, 3071},
 };
 
-TEST(Merge, FormsChords) {
+TEST(Merge, FormsChordsAndFillsRunsOfRests) {
     ExpectMerges(kChords);
-}
-
-TEST(Merge, FillsRunsOfRests) {
     ExpectMerges(kWholeMeasure);
-}
-
-TEST(Merge, FillsTheSelectedPartOfAMeasure) {
     ExpectMerges(kPartOfAMeasure);
 }
 
@@ -142,9 +135,7 @@ TEST(Merge, HidesItsRestsWhenAsked) {
 
 TEST(Merge, ChangesNothingTheSecondTime) {
     StandIn host;
-    host.Layer(1, 1, 0, "q:c4 q:r h:r");
-    host.Layer(1, 1, 1, "q:e4 q:f4 h:g4");
-    host.SelectAll();
+    host.Write({"q:c4 q:r h:r", "q:e4 q:f4 h:g4"});
     Plugin{}.Merge(host);
     const u64 digest = host.Score().Digest();
     Plugin{}.Merge(host);
@@ -153,10 +144,8 @@ TEST(Merge, ChangesNothingTheSecondTime) {
 
 TEST(ChordRegion, BothEndsAreInside) {
     StandIn host{1, 3};
-    for (u16 measure = 1; measure <= 3; ++measure) {
-        host.Layer(1, measure, 0, "q:c4 q:c4 q:c4 q:c4");
-        host.Layer(1, measure, 1, "q:e4 q:e4 q:e4 q:e4");
-    }
+    host.LayerEverywhere(0, "q:c4 q:c4 q:c4 q:c4");
+    host.LayerEverywhere(1, "q:e4 q:e4 q:e4 q:e4");
     host.Select(1, 1, 1024, 1, 3, 2048);
     Plugin{}.Merge(host);
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:c4,e4 q:c4,e4 q:c4,e4");
@@ -169,8 +158,7 @@ TEST(ChordRegion, StaffWithATimeOfItsOwn) {
     // Twice as many units in the staff as in the measure: positions are scaled to compare.
     StandIn host;
     host.Score().SetMeasureDuration(host.Staff(1), 1, 8192);
-    host.Layer(1, 1, 0, "w:c4 w:c4");
-    host.Layer(1, 1, 1, "w:e4 w:e4");
+    host.Write({"w:c4 w:c4", "w:e4 w:e4"});
     host.Select(1, 1, 0, 1, 1, 2047);
     Plugin{}.Merge(host);
     EXPECT_EQ(host.Layer(1, 1, 0), "w:c4,e4 w:c4");
@@ -178,10 +166,7 @@ TEST(ChordRegion, StaffWithATimeOfItsOwn) {
 
 TEST(Layers, AllGoInOrderIntoTheDestination) {
     StandIn host;
-    for (u16 layer = 0; const char* const note : {"w:c4", "w:d4", "w:e4", "w:f4"}) {
-        host.Layer(1, 1, layer++, note);
-    }
-    host.SelectAll();
+    host.Write({"w:c4", "w:d4", "w:e4", "w:f4"});
     Plugin{}.Merge(host, {.destination = 1});
     EXPECT_EQ(host.Layer(1, 1, 1), "w:d4,c4,e4,f4");
     EXPECT_EQ(host.Layer(1, 1, 0), "w:r");
@@ -192,68 +177,57 @@ TEST(Details, OfEqualPitchesStayApart) {
     constexpr u32 kNotehead = HostTag("E\002cn");
     constexpr EntryPlace kDestination{1, 1, 0, 0};
     StandIn host;
-    host.Layer(1, 1, 0, "w:c5");
-    host.Layer(1, 1, 1, "w:c5");
-    ASSERT_EQ(host.Entry(kDestination).notes[0].noteID, 1);
+    host.Write({"w:c5", "w:c5"});
     host.Attach(kDestination, kNotehead, {"\1\0x", 3});
     host.Attach({1, 1, 1, 0}, kNotehead, {"\1\0o", 3});
-    host.SelectAll();
     Plugin{}.Merge(host);
     ASSERT_EQ(host.Layer(1, 1, 0), "w:c5,c5");
     const EXENTRY chord = host.Entry(kDestination);
     EXPECT_NE(chord.notes[0].noteID, chord.notes[1].noteID);
-    const auto of = [&](int note) {
-        return std::string{static_cast<char>(chord.notes[note].noteID)};
-    };
     const std::string heads = host.Attached(kDestination, kNotehead);
-    EXPECT_NE(heads.find(of(0) + std::string{"\0x", 2}), heads.npos);
-    EXPECT_NE(heads.find(of(1) + std::string{"\0o", 2}), heads.npos);
+    for (const auto& [note, head] : {std::pair{0, 'x'}, {1, 'o'}}) {
+        const char ofNote[] = {static_cast<char>(chord.notes[note].noteID), '\0', head};
+        EXPECT_NE(heads.find(std::string_view{ofNote, 3}), heads.npos) << head;
+    }
+}
+
+MyExpressionAssign ExpressionOf(StandIn& host, u16 record) {
+    return FromBytes<MyExpressionAssign>(
+        *host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, record)));
 }
 
 TEST(Expressions, FollowTheMusicTheyHangOn) {
     StandIn host;
-    host.Layer(1, 1, 0, "q:c4 q:r h:d4");
-    host.Layer(1, 1, 1, "q:e4 q:f4 q:g4 q:a4");
+    host.Write({"q:c4 q:r h:d4", "q:e4 q:f4 q:g4 q:a4"});
     // Layers count from 1; none in particular is 0.
     const std::tuple<i32, i16, u16> cases[] = {
         {0, 2, 1}, {1024, 2, 1}, {3072, 2, 2}, {0, 0, 0}, {0, 3, 3}};
     for (const auto& [position, layer, afterwards] : cases) {
         host.Expression(1, 1, position, static_cast<i16>(layer - 1));
     }
-    host.SelectAll();
     Plugin{}.Merge(host);
     for (u16 record = 0; const auto& [position, layer, afterwards] : cases) {
-        const Bytes* const bytes =
-            host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, record++));
-        ASSERT_NE(bytes, nullptr);
-        EXPECT_EQ(FromBytes<MyExpressionAssign>(*bytes).layer, afterwards) << position;
+        EXPECT_EQ(ExpressionOf(host, record++).layer, afterwards) << position;
     }
 }
 
 // The rest begins inside and is filled as a whole.
 TEST(Expressions, BeyondTheSelectionStay) {
     StandIn host;
-    host.Layer(1, 1, 0, "w:r");
-    host.Layer(1, 1, 1, "h:c4 h:d4");
+    host.Write({"w:r", "h:c4 h:d4"});
     host.Expression(1, 1, 0, 1);
     host.Expression(1, 1, 2048, 1);
     host.Select(1, 1, 0, 1, 1, 1023);
     Plugin{}.Merge(host);
     EXPECT_EQ(host.Layer(1, 1, 0), "h:c4 h:d4");
-    for (const auto& [record, layer] : {std::pair{u16{0}, 1}, {u16{1}, 2}}) {
-        const Bytes* bytes =
-            host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, record));
-        EXPECT_EQ(FromBytes<MyExpressionAssign>(*bytes).layer, layer);
-    }
+    EXPECT_EQ(ExpressionOf(host, 0).layer, 1);
+    EXPECT_EQ(ExpressionOf(host, 1).layer, 2);
 }
 
 TEST(Expressions, OfGraceNotesStayWithTheirNote) {
-    struct Place {
-        i16 layer;  // from 0
-        i16 graceIndex;
-    };
-    // Of layer 2: afterwards, those of its first grace note, of its second, of the note itself.
-    const std::tuple<const char*, const char*, std::vector<Place>> cases[] = {
+    // Layer (from 0) and grace index afterwards of those of layer 2: of its first grace note, of
+    // its second, of the note itself.
+    const std::tuple<const char*, const char*, std::vector<std::pair<int, int>>> cases[] = {
         {"ge:c5 q:c4 h.:r", "gs:d5 ge:e5 q:e4 h.:r", {{1, 1}, {0, 1}, {0, 0}}},
         {"ge:c5 q:r h.:r", "gs:d5 ge:e5 q:e4 h.:r", {{0, 2}, {0, 1}, {0, 0}}},
         {"ge:c5 q:r h.:r", "gs:d5 gs:e5 q:e4 h.:r", {{0, 2}, {0, 3}, {0, 0}}},
@@ -262,17 +236,15 @@ TEST(Expressions, OfGraceNotesStayWithTheirNote) {
     for (const auto& [destination, source, afterwards] : cases) {
         SCOPED_TRACE(testing::Message() << destination << " / " << source);
         StandIn host;
-        host.Layer(1, 1, 0, destination);
-        host.Layer(1, 1, 1, source);
-        const u16 ofNotes[] = {host.Expression(1, 1, 0, 1, 1), host.Expression(1, 1, 0, 1, 2),
-                               host.Expression(1, 1, 0, 1, 0)};
-        host.SelectAll();
+        host.Write({destination, source});
+        for (const i16 graceIndex : {i16{1}, i16{2}, i16{0}}) {
+            host.Expression(1, 1, 0, 1, graceIndex);
+        }
         Plugin{}.Merge(host);
-        for (std::size_t i = 0; i < afterwards.size(); ++i) {
-            const auto expression = FromBytes<MyExpressionAssign>(
-                *host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, ofNotes[i])));
-            EXPECT_EQ(expression.layer, afterwards[i].layer + 1) << i;
-            EXPECT_EQ(expression.graceIndex, afterwards[i].graceIndex) << i;
+        for (u16 record = 0; const auto& [layer, graceIndex] : afterwards) {
+            const MyExpressionAssign expression = ExpressionOf(host, record++);
+            EXPECT_EQ(expression.layer, layer + 1) << graceIndex;
+            EXPECT_EQ(expression.graceIndex, graceIndex);
         }
     }
 }
@@ -282,12 +254,11 @@ TEST(Expressions, OfNoLayerAreNotOfTheEighth) {
     StandIn host;
     App().maxLayers = 8;
     host.Layer(1, 1, 7, "w:e4");
-    const RecordKey key = RecordKey::Other(1, host.Expression(1, 1, 0, -1));
+    host.Expression(1, 1, 0, -1);
     host.SelectAll();
     Plugin{}.Merge(host, {.source = 7, .destination = 2});
     EXPECT_EQ(host.Layer(1, 1, 2), "w:e4");
-    const Bytes& bytes = *host.Score().Records().Find(Tag::kExpression, key);
-    EXPECT_EQ(FromBytes<MyExpressionAssign>(bytes).layer, 0);
+    EXPECT_EQ(ExpressionOf(host, 0).layer, 0);
 }
 
 }  // namespace

@@ -28,8 +28,6 @@ const struct {
 } kDifferences[] = {
     {"NoteLost", Note({}) + Note({.pitch = "E4"}), Note({}) + Note({.pitch = "r"}),
      "2: E4 quarter lost\n2: quarter rest added\n", "2: E4 quarter lost\n"},
-    {"NoteDoubled", Note({}), Note({}) + Backup(2) + Note({.voice = "2"}), "1: C4 quarter added\n",
-     nullptr},
     {"OtherLength", Note({.duration = 3, .more = "<dot/>"}), Note({}),
      "1: C4 dotted quarter lost\n1: C4 quarter added\n", nullptr},
     {"TieLost", Note({.more = kTie}), Note({}),
@@ -52,8 +50,7 @@ const struct {
      Note({.pitch = "r"}) + SlurNote("stop"),
      "1: <slur type=\"start\"/> lost\n2: <slur type=\"stop\"/> lost\n"
      "2: <slur type=\"stop\"/> added\n",
-     "1: <slur type=\"start\"/> lost\n2: <slur type=\"stop\"/> lost\n"
-     "2: <slur type=\"stop\"/> added\n"},
+     nullptr},
     {"OnceOfTwoRestsIsNotEnough",
      Note({.pitch = "r", .more = kStaccato}) + Backup(2) +
          Note({.pitch = "r", .voice = "2", .more = kStaccato}),

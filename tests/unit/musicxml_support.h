@@ -3,10 +3,10 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <span>
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "host/musicxml/compare.h"
 #include "host/musicxml/read_score.h"
@@ -16,14 +16,14 @@
 namespace standin {
 
 // A score of one part with these measures. The first begins with 2 divisions a quarter, 4/4.
-inline std::string ScoreText(std::span<const std::string_view> measures,
+inline std::string ScoreText(const std::vector<std::string>& measures,
                              std::string_view attributes = {}) {
     std::string text =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<score-partwise version=\"4.0\">\n"
         "<part-list><score-part id=\"P1\"><part-name>Piano</part-name></score-part></part-list>\n"
         "<part id=\"P1\">\n";
     int number = 0;
-    for (const std::string_view measure : measures) {
+    for (const std::string& measure : measures) {
         text += "<measure number=\"" + std::to_string(++number) + "\">\n";
         if (number == 1) {
             text += "<attributes><divisions>2</divisions>";
@@ -33,11 +33,6 @@ inline std::string ScoreText(std::span<const std::string_view> measures,
         text.append(measure).append("</measure>\n");
     }
     return text + "</part>\n</score-partwise>\n";
-}
-
-inline std::string ScoreText(std::initializer_list<std::string_view> measures,
-                             std::string_view attributes = {}) {
-    return ScoreText(std::span{measures.begin(), measures.size()}, attributes);
 }
 
 struct NoteOf {
@@ -90,12 +85,6 @@ inline std::string Layer(const ImportedScore& score, u16 staff, u16 measure, u16
 inline std::vector<EXENTRY> Entries(const ImportedScore& score, u16 measure, u16 layer) {
     const Frame* frame = score.document->FindFrame({1, measure, layer});
     return frame == nullptr ? std::vector<EXENTRY>{} : frame->entries;
-}
-
-inline void MakeRest(EXENTRY& entry) {
-    entry.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes;
-    entry.noteCount = 0;
-    std::fill(std::begin(entry.notes), std::end(entry.notes), EXNOTE{});
 }
 
 inline CompareOptions Merged() {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 #include <dlfcn.h>
-#include <sstream>
 
+#include "host/verify/score_facts.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/registry_values.h"
 
@@ -86,19 +86,11 @@ std::vector<u8> Plugin::Stored(const std::string& owner, const std::string& valu
 }
 
 std::vector<std::string> Music(const Document& document) {
+    const DocumentContent content = document.Content();
     std::vector<std::string> notes;
-    for (const auto& [key, frame] : document.Frames()) {
-        for (const EXENTRY& entry : frame.entries) {
-            if ((entry.flags & EntryFlag::kNote) == 0) {
-                continue;
-            }
-            for (i16 i = 0; i < entry.noteCount; ++i) {
-                std::ostringstream line;
-                line << key.staff << ' ' << key.measure << ' ' << entry.elapsedTime << '+'
-                     << entry.actualDuration << ' ' << entry.notes[i].pitch << ' '
-                     << (entry.notes[i].flags & (NoteFlag::kTieStart | NoteFlag::kTieEnd));
-                notes.push_back(line.str());
-            }
+    for (const EntryFacts& fact : FactsOf(content)) {
+        for (const std::string& note : fact.notes) {
+            notes.push_back(fact.Place() + ' ' + note);
         }
     }
     std::sort(notes.begin(), notes.end());

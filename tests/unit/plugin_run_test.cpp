@@ -1,7 +1,6 @@
 // One run: region, edit, errors, settings.
 #include <algorithm>
 #include <cstring>
-#include <gtest/gtest.h>
 #include <tuple>
 
 #include "tests/unit/plugin_driver.h"
@@ -9,18 +8,14 @@
 namespace standin {
 namespace {
 
-void TwoLayers(StandIn& host, i16 staves = 1, u16 measures = 1) {
-    for (i16 slot = 1; slot <= staves; ++slot) {
-        for (u16 measure = 1; measure <= measures; ++measure) {
-            host.Layer(slot, measure, 0, "w:c4");
-            host.Layer(slot, measure, 1, "w:e4");
-        }
-    }
+void TwoLayers(StandIn& host) {
+    host.LayerEverywhere(0, "w:c4");
+    host.LayerEverywhere(1, "w:e4");
 }
 
 TEST(Edit, IsOneAndCanBeUndone) {
     StandIn host{1, 12};
-    TwoLayers(host, 1, 12);
+    TwoLayers(host);
     host.Score().SetMeasureNumberText(12, u"12a");
     host.Select(1, 5, 0, 1, 12, kEndOfMeasure);
     const u64 before = host.Score().Digest();
@@ -46,7 +41,7 @@ TEST(Region, InStaffLists) {
     };
     for (const auto& [list, selection, mergedSlots] : cases) {
         StandIn host{3, 1};
-        TwoLayers(host, 3);
+        TwoLayers(host);
         std::vector<u16> staves;
         for (const i16 slot : list) {
             staves.push_back(host.Staff(slot));
@@ -66,9 +61,7 @@ TEST(Run, NothingToDoIsSaidAndChangesNothing) {
         const bool selected = alert == 22002;  // and the same layer in both lists
         StandIn host;
         TwoLayers(host);
-        if (selected) {
-            host.SelectAll();
-        }
+        selected ? host.SelectAll() : host.SelectNothing();
         const u64 before = host.Score().Digest();
         Plugin{}.Merge(host, {.source = selected ? u16{0} : kAllLayers});
         ASSERT_EQ(App().alerts.size(), 1U);

@@ -1,6 +1,4 @@
 // Runs on a host that says that it did what it did not, or lends what no music is.
-#include <gtest/gtest.h>
-
 #include "platform/headless/session.h"
 #include "tests/unit/support/dialog_desk.h"
 #include "tests/unit/support/sweep_round.h"

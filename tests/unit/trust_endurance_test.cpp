@@ -1,6 +1,5 @@
 // Large scores, and many runs in one process. PLYWELD_LONG asks for the whole of both.
 #include <filesystem>
-#include <gtest/gtest.h>
 #include <malloc.h>
 
 #include "tests/unit/plugin_driver.h"
@@ -30,13 +29,8 @@ TEST(Endurance, ALargeScoreMergesInOneRunWithinItsOwnSize) {
     const u16 measures = IsLong() ? 10000 : 200;
     const u64 empty = MemoryInUse();
     StandIn host{staves, measures};
-    for (i16 slot = 1; slot <= staves; ++slot) {
-        for (u16 measure = 1; measure <= measures; ++measure) {
-            host.Layer(slot, measure, 0, "h:c4 h:r");
-            host.Layer(slot, measure, 1, "h:e4 h:f4");
-            host.Layer(slot, measure, 2, "h:g4 h:r");
-            host.Layer(slot, measure, 3, "h:r h:a4");
-        }
+    for (u16 layer = 0; const char* music : {"h:c4 h:r", "h:e4 h:f4", "h:g4 h:r", "h:r h:a4"}) {
+        host.LayerEverywhere(layer++, music);
     }
     host.SelectAll();
     const u64 score = MemoryInUse() - empty;
@@ -60,11 +54,9 @@ TEST(Endurance, ManyRunsLeaveNothingBehind) {
     constexpr u32 kWarmUp = 50;
     constexpr u64 kMostBytesARun = 192;  // new entries take numbers, which are never used again
     const u32 runs = IsLong() ? 2000 : 300;
-    StandIn host{2, 2};
-    for (i16 slot = 1; slot <= 2; ++slot) {
-        host.Layer(slot, 1, 0, "q:c4 q:r h:r");
-        host.Layer(slot, 1, 1, "q:e4 q:f4 (3:2 q:g4 q:a4 q:b4)");
-    }
+    StandIn host{2, 1};
+    host.LayerEverywhere(0, "q:c4 q:r h:r");
+    host.LayerEverywhere(1, "q:e4 q:f4 (3:2 q:g4 q:a4 q:b4)");
     host.Attach({1, 1, 1, 0}, HostTag("edIM"), "dot");
     host.Slur({1, 1, 1, 0}, {1, 1, 1, 2});
     host.SelectAll();

@@ -1,6 +1,5 @@
 // What merges of made-up music have in common, beyond that each of them loses nothing.
 #include <algorithm>
-#include <gtest/gtest.h>
 
 #include "host/verify/merge_faults.h"
 #include "host/verify/score_facts.h"
@@ -54,14 +53,11 @@ std::vector<std::string> Merged(const Plugin& plugin, const WrittenScore& writte
 
 TEST(Properties, TheOrderOfStavesAndMeasuresDoesNotMatter) {
     const Plugin plugin;
-    u32 compared = 0;
-    for (u32 seed = 1; compared < MergeCount() / 10 && !HasFailure(); ++seed) {
+    for (u32 seed = 1; seed <= MergeCount() / 5 && !HasFailure(); ++seed) {
         const WrittenScore written = MakeUpScore(seed);
-        const EREGION& region = written.selection;
-        if (region.startSlot == region.endSlot && region.startMeasure == region.endMeasure) {
-            continue;
+        if (written.staves + written.measures == 2) {
+            continue;  // one piece
         }
-        ++compared;
         const std::vector<std::string> atOnce = Merged(plugin, written, false);
         const std::vector<std::string> inPieces = Merged(plugin, written, true);
         EXPECT_TRUE(atOnce == inPieces || atOnce.empty() || inPieces.empty())
@@ -106,11 +102,8 @@ TEST(Properties, StoppingAtAnyReportChangesNothing) {
     const Plugin plugin;
     for (u64 report = 1, reports = 1; report <= reports; ++report) {
         StandIn host{4, 40};
-        for (u16 place = 0; place < 160; ++place) {
-            const auto slot = static_cast<i16>(place / 40 + 1);
-            host.Layer(slot, place % 40 + 1, 0, "q:c4 q:r h:r");
-            host.Layer(slot, place % 40 + 1, 1, "q:e4 q:f4 (3:2 e:g4 e:a4 e:b4) q:r");
-        }
+        host.LayerEverywhere(0, "q:c4 q:r h:r");
+        host.LayerEverywhere(1, "q:e4 q:f4 (3:2 e:g4 e:a4 e:b4) q:r");
         host.SelectAll();
         const DocumentContent before = host.Score().Content();
         App().ResetCounts();

@@ -255,16 +255,23 @@ private:
 }  // namespace
 
 WrittenLayer ParseLayer(std::string_view notation) {
-    try {
-        return Parser{notation}.Run();
-    } catch (const std::invalid_argument& problem) {
-        return {{}, {}, problem.what()};
-    }
+    return Parser{notation}.Run();
 }
 
 std::string PrintLayer(const Document& document, FrameKey key) {
     const Frame* frame = document.FindFrame(key);
     return frame == nullptr ? std::string{} : Printer{document.Records()}.Run(frame->entries);
+}
+
+std::string PrintTimes(const Document& document, FrameKey key) {
+    std::string text;
+    if (const Frame* frame = document.FindFrame(key)) {
+        for (const EXENTRY& entry : frame->entries) {
+            text += (text.empty() ? "" : " ") + std::to_string(entry.elapsedTime) + '+' +
+                    std::to_string(entry.actualDuration);
+        }
+    }
+    return text;
 }
 
 }  // namespace standin

@@ -17,10 +17,12 @@ struct WrittenTuplet {
 struct WrittenLayer {
     std::vector<EXENTRY> entries;  // without entry numbers
     std::vector<WrittenTuplet> tuplets;
-    std::string error;  // empty when the text was understood
 };
 
+// Throws std::invalid_argument when the text is not understood.
 WrittenLayer ParseLayer(std::string_view notation);
 std::string PrintLayer(const Document& document, FrameKey key);
+// Onset and actual duration of each entry: "0+1024 1024+512".
+std::string PrintTimes(const Document& document, FrameKey key);
 
 }  // namespace standin

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <random>
 #include <sstream>
-#include <tuple>
 
 #include "shell/host/detail_flags.h"
 
@@ -31,10 +31,10 @@ constexpr u32 kNoteTags[] = {HostTag("edCD"), HostTag("E\002Ah"), HostTag("E\002
                              HostTag("eddo"), HostTag("E\003Ts"), HostTag("E\003Te"),
                              HostTag("ednC")};
 constexpr u32 kEntryTags[] = {
-    HostTag("edIM"), HostTag("edIM"),    HostTag("SdvE"),    HostTag("SdcH"),    HostTag("SdsE"),
-    HostTag("edLE"), HostTag("E\002BL"), HostTag("E\002BH"), HostTag("E\002bL"), HostTag("E\002bH"),
-    HostTag("edsB"), HostTag("edST"),    HostTag("edSt"),    HostTag("edub"),    HostTag("edAS"),
-    HostTag("edUE"), HostTag("edSU")};
+    HostTag("edIM"),    HostTag("SdvE"),    HostTag("SdcH"),    HostTag("SdsE"),
+    HostTag("edLE"),    HostTag("E\002BL"), HostTag("E\002BH"), HostTag("E\002bL"),
+    HostTag("E\002bH"), HostTag("edsB"),    HostTag("edST"),    HostTag("edSt"),
+    HostTag("edub"),    HostTag("edAS"),    HostTag("edUE"),    HostTag("edSU")};
 constexpr u32 kFlagDetails[] = {DetailFlag::kPrimaryBeamBreak, DetailFlag::kFrozenStemUp,
                                 DetailFlag::kFlagDetail1, DetailFlag::kFlagDetail2};
 
@@ -74,15 +74,14 @@ private:
     }
 
     void MakeFrames() {
-        for (int slot = 1; slot <= m_score.staves; ++slot) {
-            for (int measure = 1; measure <= m_score.measures; ++measure) {
+        for (i16 slot = 1; slot <= m_score.staves; ++slot) {
+            for (u16 measure = 1; measure <= m_score.measures; ++measure) {
                 int sixteenths = 16;
                 if (Chance(8)) {
                     sixteenths = Chance(50) ? 12 : 18;
-                    m_score.durations.push_back(
-                        {static_cast<i16>(slot), static_cast<u16>(measure), sixteenths * 256});
+                    m_score.durations.push_back({slot, measure, sixteenths * 256});
                 }
-                MakeMeasure(static_cast<i16>(slot), static_cast<u16>(measure), sixteenths);
+                MakeMeasure(slot, measure, sixteenths);
             }
         }
     }
@@ -109,18 +108,11 @@ private:
     Words Rhythm(int sixteenths) {
         Words words;
         while (sixteenths > 0) {
-            const auto& [tuplet, length] = OneOf(kTuplets);
-            if (Chance(12) && length <= sixteenths) {
-                std::istringstream stream{tuplet};
-                for (std::string word; stream >> word;) {
-                    words.push_back(word);
-                }
-                sixteenths -= length;
-                continue;
-            }
-            const auto& [word, value] = OneOf(kValues);
+            const auto& [text, value] = Chance(12) ? OneOf(kTuplets) : OneOf(kValues);
             if (value <= sixteenths) {
-                words.emplace_back(word);
+                std::istringstream stream{text};
+                std::copy(std::istream_iterator<std::string>{stream}, {},
+                          std::back_inserter(words));
                 sixteenths -= value;
             }
         }
@@ -171,8 +163,7 @@ private:
     void AddVoice2(Words& words, int sixteenths) {
         words.emplace_back("v2{");
         for (const std::string& word : Rhythm(sixteenths)) {
-            const bool mayHaveGrace = words.back().front() != '(' && IsEntry(word);
-            if (mayHaveGrace && Chance(8)) {
+            if (words.back().front() != '(' && IsEntry(word) && Chance(8)) {
                 words.push_back("gs:" + Notes());
             }
             words.push_back(IsEntry(word) ? word + Content() : word);
@@ -189,18 +180,16 @@ private:
 
     std::string Notes() {
         const int count = Chance(65) ? 1 : Chance(75) ? 2 + Below(2) : 4 + Below(9);
-        std::array<const char*, std::size(kPitches)> pitches{};
-        std::copy(std::begin(kPitches), std::end(kPitches), pitches.begin());
+        Words pitches{std::begin(kPitches), std::end(kPitches)};
+        pitches.resize(count > 3 ? pitches.size() : 8);  // small chords have more in common
         std::string text;
         for (int i = 0; i < count; ++i) {
-            const int from = count > 3 ? static_cast<int>(std::size(kPitches)) : 8;
-            const int chosen = i + Below(std::max(1, from - i));
-            std::swap(pitches[static_cast<std::size_t>(i)],
-                      pitches[static_cast<std::size_t>(chosen)]);
+            std::string& pitch = OneOf(pitches);
             text += i > 0 ? "," : "";
             text += Chance(8) ? "~" : "";
-            text += pitches[static_cast<std::size_t>(i)];
+            text += pitch;
             text += Chance(8) ? "~" : "";
+            pitches.erase(pitches.begin() + (&pitch - pitches.data()));
         }
         return text;
     }
@@ -233,21 +222,29 @@ private:
         }
     }
 
-    // An entry that is no grace entry, if the first one met is not.
-    EntryPlace SomePlace(i16 slot) {
+    struct Spot {
+        EntryPlace place;
+        std::string word;
+    };
+
+    // Some entry, of the staff in this slot unless it is 0.
+    Spot SomeSpot(i16 slot) {
         std::vector<WrittenScore::Frame> frames = m_score.frames;
         std::erase_if(frames, [slot](const auto& f) { return slot != 0 && f.slot != slot; });
         if (frames.empty()) {
-            return {1, 1, 0, 0};
+            return {};
         }
-        const WrittenScore::Frame& frame = OneOf(frames);
-        return {frame.slot, frame.measure, frame.layer, Below(EntryCount(frame.words))};
+        WrittenScore::Frame& frame = OneOf(frames);
+        std::erase_if(frame.words, [](const std::string& word) { return !IsEntry(word); });
+        const int index = Below(static_cast<int>(frame.words.size()));
+        return {{frame.slot, frame.measure, frame.layer, index},
+                frame.words[static_cast<std::size_t>(index)]};
     }
 
     void AddShapes() {
         for (int count = Below(4); count > 0; --count) {
-            EntryPlace from = SomePlace(0);
-            EntryPlace to = Chance(15) ? from : SomePlace(from.slot);
+            EntryPlace from = SomeSpot(0).place;
+            EntryPlace to = Chance(15) ? from : SomeSpot(from.slot).place;
             if (to.measure < from.measure) {
                 std::swap(from, to);
             }
@@ -255,23 +252,10 @@ private:
         }
     }
 
-    bool IsGrace(EntryPlace place) const {
-        for (const auto& frame : m_score.frames) {
-            if (std::tie(frame.slot, frame.measure, frame.layer) ==
-                std::tie(place.slot, place.measure, place.layer)) {
-                Words entries;
-                std::copy_if(frame.words.begin(), frame.words.end(), std::back_inserter(entries),
-                             IsEntry);
-                return entries.at(static_cast<std::size_t>(place.index)).front() == 'g';
-            }
-        }
-        return false;
-    }
-
     void AddExpressions() {
         for (int count = Below(4); count > 0; --count) {
-            const EntryPlace place = SomePlace(0);
-            if (!IsGrace(place)) {
+            const auto [place, word] = SomeSpot(0);
+            if (!word.starts_with('g')) {
                 const i16 other = static_cast<i16>(Below(m_score.layers + 1) - 1);
                 m_score.expressions.push_back(
                     {place, Chance(70) ? static_cast<i16>(place.layer) : other});
@@ -283,11 +267,13 @@ private:
 
     void Select() {
         EREGION& region = m_score.selection;
-        region.startSlot = static_cast<i16>(1 + (Chance(20) ? Below(m_score.staves) : 0));
-        region.endSlot = static_cast<i16>(Chance(80) ? m_score.staves : i32{region.startSlot});
-        region.startMeasure = static_cast<i16>(1 + (Chance(20) ? Below(m_score.measures) : 0));
-        region.endMeasure =
-            static_cast<i16>(Chance(80) ? m_score.measures : i32{region.startMeasure});
+        const auto choose = [this](int last) {
+            const auto first = static_cast<i16>(1 + (Chance(20) ? Below(last) : 0));
+            return std::pair{first, Chance(80) ? static_cast<i16>(last) : first};
+        };
+        const auto [startSlot, endSlot] = choose(m_score.staves);
+        const auto [startMeasure, endMeasure] = choose(m_score.measures);
+        region = {0, startSlot, startMeasure, 0, 0, endSlot, endMeasure, kEndOfMeasure};
         region.startPosition = Chance(25) ? SomePosition() : 0;
         region.endPosition = Chance(25) ? SomePosition() - Below(2) : kEndOfMeasure;
         if (region.endMeasure == region.startMeasure) {
@@ -308,9 +294,7 @@ std::vector<DetailToWrite> DetailsToWrite() {
         details.push_back({tag, 0});
     }
     for (const u32 tag : kEntryTags) {
-        if (tag != details.back().tag) {  // the first stands there twice
-            details.push_back({tag, 0});
-        }
+        details.push_back({tag, 0});
     }
     for (const u32 flags : kFlagDetails) {
         details.push_back({0, flags});

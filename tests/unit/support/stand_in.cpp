@@ -54,17 +54,31 @@ u16 StandIn::Staff(i16 slot) const {
 
 void StandIn::Layer(i16 slot, u16 measure, u16 layer, std::string_view notation) {
     WrittenLayer written = ParseLayer(notation);
-    ASSERT_EQ(written.error, "");
     for (EXENTRY& entry : written.entries) {
         entry.entryNumber = m_document->NewEntryNumber();
     }
     for (const WrittenTuplet& tuplet : written.tuplets) {
-        ASSERT_LT(tuplet.entry, written.entries.size()) << "a tuplet without entries";
-        m_document->Records().Create(
-            Tag::kTuplet, RecordKey::OfEntry(written.entries[tuplet.entry].entryNumber, kAppend),
-            BytesOf(tuplet.tuplet));
+        const u32 first = written.entries.at(tuplet.entry).entryNumber;
+        m_document->Records().Create(Tag::kTuplet, RecordKey::OfEntry(first, kAppend),
+                                     BytesOf(tuplet.tuplet));
     }
     m_document->PutFrame(Key(slot, measure, layer), std::move(written.entries));
+}
+
+void StandIn::Write(std::initializer_list<std::string_view> notations) {
+    for (u16 layer = 0; const std::string_view notation : notations) {
+        Layer(1, 1, layer++, notation);
+    }
+    SelectAll();
+}
+
+void StandIn::LayerEverywhere(u16 layer, std::string_view notation) {
+    const EREGION whole = m_document->WholeRegion();
+    for (i16 slot = whole.startSlot; slot <= whole.endSlot; ++slot) {
+        for (i16 measure = whole.startMeasure; measure <= whole.endMeasure; ++measure) {
+            Layer(slot, static_cast<u16>(measure), layer, notation);
+        }
+    }
 }
 
 std::string StandIn::Layer(i16 slot, u16 measure, u16 layer) const {
@@ -72,14 +86,7 @@ std::string StandIn::Layer(i16 slot, u16 measure, u16 layer) const {
 }
 
 std::string StandIn::Times(i16 slot, u16 measure, u16 layer) const {
-    std::string text;
-    if (const Frame* frame = m_document->FindFrame(Key(slot, measure, layer))) {
-        for (const EXENTRY& entry : frame->entries) {
-            text += (text.empty() ? "" : " ") + std::to_string(entry.elapsedTime) + '+' +
-                    std::to_string(entry.actualDuration);
-        }
-    }
-    return text;
+    return PrintTimes(*m_document, Key(slot, measure, layer));
 }
 
 EXENTRY StandIn::Entry(EntryPlace place) const {
@@ -114,11 +121,11 @@ std::string StandIn::Attached(EntryPlace place, u32 tag) const {
     return text;
 }
 
-u16 StandIn::Slur(EntryPlace from, EntryPlace to) {
+u16 StandIn::Slur(EntryPlace from, EntryPlace to, u32 markTag) {
     EDTSmartShape shape{};
     shape.start = {Staff(from.slot), from.measure, EntryNumber(from), Entry(from).elapsedTime};
     shape.end = {Staff(to.slot), to.measure, EntryNumber(to), Entry(to).elapsedTime};
-    return AddSmartShape(*m_document, shape);
+    return AddSmartShape(*m_document, shape, markTag);
 }
 
 u16 StandIn::Expression(i16 slot, u16 measure, i32 position, i16 layer, i16 graceIndex) {

@@ -49,6 +49,10 @@ public:
     // Slots and measures count from 1, layers from 0.
     void Layer(i16 slot, u16 measure, u16 layer, std::string_view notation);
     std::string Layer(i16 slot, u16 measure, u16 layer) const;
+    // The first layers of the first staff and measure; then everything is selected.
+    void Write(std::initializer_list<std::string_view> notations);
+    // A layer of every staff and measure.
+    void LayerEverywhere(u16 layer, std::string_view notation);
     // Elapsed time and duration of each entry, such as "0+1024 1024+512".
     std::string Times(i16 slot, u16 measure, u16 layer) const;
 
@@ -60,8 +64,8 @@ public:
     RecordKey Attach(EntryPlace place, u32 tag, std::string_view content);
     // The contents of the entry's details of a tag, without the zeros behind, joined by commas.
     std::string Attached(EntryPlace place, u32 tag) const;
-    // A smart shape between two entries; returns its number.
-    u16 Slur(EntryPlace from, EntryPlace to);
+    // A smart shape between two entries, with marks of this tag; returns its number.
+    u16 Slur(EntryPlace from, EntryPlace to, u32 markTag = Tag::kShapeOnEntry);
     // An expression of a measure that belongs to an entry at this time; layer -1 = none in
     // particular; graceIndex 1 = of the first grace note there. Returns its record number.
     u16 Expression(i16 slot, u16 measure, i32 position, i16 layer, i16 graceIndex = 0);

@@ -2,12 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
-#include <gtest/gtest.h>
 
 #include "host/verify/merge_faults.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/dialog_desk.h"
-#include "tests/unit/support/notation.h"
 
 namespace standin {
 namespace {
@@ -90,13 +88,11 @@ std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCou
 
 // Asks first. A dialog that cannot end itself goes with its window, as when the host ends.
 void CloseDialogs(DialogDesk& desk) {
-    constexpr int kTimesAsked = 4;
-    for (int i = 0; desk.Newest() != nullptr && i < 2 * kTimesAsked; ++i) {
-        if (i < kTimesAsked) {
-            desk.Newest()->Send(kCloseMessage);
-        } else {
-            desk.EndDialog(&desk.Newest()->window);
-        }
+    for (int asked = 0; desk.Newest() != nullptr && asked < 4; ++asked) {
+        desk.Newest()->Send(kCloseMessage);
+    }
+    while (desk.Newest() != nullptr) {
+        desk.EndDialog(&desk.Newest()->window);
     }
 }
 

@@ -1,11 +1,8 @@
 #include "tests/unit/support/written_score.h"
 
-#include <algorithm>
 #include <sstream>
 
 #include "host/score/detail_kinds.h"
-#include "host/score/smart_shape.h"
-#include "tests/unit/support/notation.h"
 
 namespace standin {
 namespace {
@@ -70,18 +67,9 @@ void AddDetail(StandIn& host, const WrittenScore::Detail& detail) {
 }
 
 void AddShape(StandIn& host, const WrittenScore::Shape& written) {
-    const auto end = [&host](EntryPlace place, const EXENTRY& entry) {
-        return EDTSmartShapeEnd{host.Staff(place.slot), place.measure, entry.entryNumber,
-                                entry.elapsedTime};
-    };
-    const EXENTRY* from = Find(host, written.from);
-    const EXENTRY* to = Find(host, written.to);
-    if (from != nullptr && to != nullptr) {
-        EDTSmartShape shape{};
-        shape.start = end(written.from, *from);
-        shape.end = end(written.to, *to);
-        AddSmartShape(host.Score(), shape,
-                      written.onLyrics ? Tag::kShapeOnLyric : Tag::kShapeOnEntry);
+    if (Find(host, written.from) != nullptr && Find(host, written.to) != nullptr) {
+        host.Slur(written.from, written.to,
+                  written.onLyrics ? Tag::kShapeOnLyric : Tag::kShapeOnEntry);
     }
 }
 
@@ -106,46 +94,10 @@ std::string Braced(EntryPlace place) {
     return Braced({place.slot, place.measure, place.layer, place.index});
 }
 
-std::string TagText(u32 tag) {
-    std::string text;
-    for (const unsigned shift : {24U, 16U, 8U, 0U}) {
-        const char letter = static_cast<char>(tag >> shift);
-        text += letter < ' ' ? static_cast<char>('0' + letter) : letter;
-    }
-    return text;
-}
-
-template <typename Item>
-void WithoutEach(const WrittenScore& score, std::vector<Item> WrittenScore::*items,
-                 std::vector<WrittenScore>& smaller) {
-    for (std::size_t i = 0; i < (score.*items).size(); ++i) {
-        smaller.push_back(score);
-        auto& left = smaller.back().*items;
-        left.erase(left.begin() + static_cast<std::ptrdiff_t>(i));
-    }
-}
-
-// A rest for each entry.
-void WithRests(const WrittenScore& score, std::vector<WrittenScore>& smaller) {
-    for (std::size_t f = 0; f < score.frames.size(); ++f) {
-        for (std::size_t w = 0; w < score.frames[f].words.size(); ++w) {
-            const std::string& word = score.frames[f].words[w];
-            if (IsEntry(word) && word.back() != 'r') {
-                std::string& rest = smaller.emplace_back(score).frames[f].words[w];
-                rest.replace(rest.find(':') + 1, std::string::npos, "r");
-            }
-        }
-    }
-}
-
 }  // namespace
 
 bool IsEntry(const std::string& word) {
     return word.front() != '(' && word.find(':') != std::string::npos;
-}
-
-int EntryCount(const std::vector<std::string>& words) {
-    return static_cast<int>(std::count_if(words.begin(), words.end(), IsEntry));
 }
 
 std::unique_ptr<StandIn> Build(const WrittenScore& score) {
@@ -186,7 +138,7 @@ std::string Print(const WrittenScore& score) {
              << Joined(f.words) << "\");\n";
     }
     for (const auto& d : score.details) {
-        text << "detail at " << Braced(d.place) << ": " << TagText(d.tag) << " of note " << d.note
+        text << "detail at " << Braced(d.place) << ": tag " << d.tag << " of note " << d.note
              << ", flags " << d.entryFlags << " '" << d.content << "'\n";
     }
     for (const auto& s : score.shapes) {
@@ -204,17 +156,6 @@ std::string Print(const WrittenScore& score) {
          << "\nMergeOptions"
          << Braced({o.size, o.source, o.destination, o.mode, o.rebeam, o.hideRests}) << '\n';
     return text.str();
-}
-
-std::vector<WrittenScore> SmallerThan(const WrittenScore& score) {
-    std::vector<WrittenScore> smaller;
-    WithRests(score, smaller);
-    WithoutEach(score, &WrittenScore::expressions, smaller);
-    WithoutEach(score, &WrittenScore::shapes, smaller);
-    WithoutEach(score, &WrittenScore::details, smaller);
-    WithoutEach(score, &WrittenScore::durations, smaller);
-    WithoutEach(score, &WrittenScore::frames, smaller);
-    return smaller;
 }
 
 }  // namespace standin

@@ -1,4 +1,4 @@
-// A score as a test writes it, in the notation of stand_in.h: built, printed, made smaller.
+// A score as a test writes it, in the notation of stand_in.h: built and printed.
 #pragma once
 
 #include <memory>
@@ -53,15 +53,11 @@ struct WrittenScore {
 };
 
 bool IsEntry(const std::string& word);
-int EntryCount(const std::vector<std::string>& words);
 
 // The score in a fresh host, selected; places of entries that are not there are passed over.
 std::unique_ptr<StandIn> Build(const WrittenScore& score);
 
 // As calls of the test fixture.
 std::string Print(const WrittenScore& score);
-
-// Every score with one thing less: a layer, a detail, the notes of an entry; the most comes last.
-std::vector<WrittenScore> SmallerThan(const WrittenScore& score);
 
 }  // namespace standin
