@@ -224,16 +224,20 @@ private:
         return static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
     }
 
-    // The entries at the expression's time in the layer that it is assigned to: grace entries for
-    // one that belongs to any of them.
+    // The entries at the expression's time in the layer that it is assigned to; of grace entries
+    // the one that it names by its place among them.
     std::vector<const EntryFacts*> Under(const Facts& facts, u16 measure,
                                          const MyExpressionAssign& expression) const {
         std::vector<const EntryFacts*> under;
+        FrameKey frame{};
+        i16 graceIndex = 0;
         for (const EntryFacts& fact : facts) {
             const bool isGrace = (fact.entry->flags & EntryFlag::kGrace) != 0;
+            graceIndex = static_cast<i16>(!isGrace ? 0 : fact.key == frame ? graceIndex + 1 : 1);
+            frame = fact.key;
             if (fact.key.staff == static_cast<u16>(expression.staff) &&
                 fact.key.measure == measure && fact.key.layer == LayerOf(expression) &&
-                isGrace == (expression.graceIndex != 0) &&
+                graceIndex == expression.graceIndex &&
                 fact.entry->elapsedTime == PositionOf(expression)) {
                 under.push_back(&fact);
             }

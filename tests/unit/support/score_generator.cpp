@@ -222,29 +222,22 @@ private:
         }
     }
 
-    struct Spot {
-        EntryPlace place;
-        std::string word;
-    };
-
     // Some entry, of the staff in this slot unless it is 0.
-    Spot SomeSpot(i16 slot) {
+    EntryPlace SomePlace(i16 slot) {
         std::vector<WrittenScore::Frame> frames = m_score.frames;
         std::erase_if(frames, [slot](const auto& f) { return slot != 0 && f.slot != slot; });
         if (frames.empty()) {
-            return {};
+            return {1, 1, 0, 0};
         }
-        WrittenScore::Frame& frame = OneOf(frames);
-        std::erase_if(frame.words, [](const std::string& word) { return !IsEntry(word); });
-        const int index = Below(static_cast<int>(frame.words.size()));
-        return {{frame.slot, frame.measure, frame.layer, index},
-                frame.words[static_cast<std::size_t>(index)]};
+        const WrittenScore::Frame& frame = OneOf(frames);
+        const auto entries = std::count_if(frame.words.begin(), frame.words.end(), IsEntry);
+        return {frame.slot, frame.measure, frame.layer, Below(static_cast<int>(entries))};
     }
 
     void AddShapes() {
         for (int count = Below(4); count > 0; --count) {
-            EntryPlace from = SomeSpot(0).place;
-            EntryPlace to = Chance(15) ? from : SomeSpot(from.slot).place;
+            EntryPlace from = SomePlace(0);
+            EntryPlace to = Chance(15) ? from : SomePlace(from.slot);
             if (to.measure < from.measure) {
                 std::swap(from, to);
             }
@@ -254,12 +247,10 @@ private:
 
     void AddExpressions() {
         for (int count = Below(4); count > 0; --count) {
-            const auto [place, word] = SomeSpot(0);
-            if (!word.starts_with('g')) {
-                const i16 other = static_cast<i16>(Below(m_score.layers + 1) - 1);
-                m_score.expressions.push_back(
-                    {place, Chance(70) ? static_cast<i16>(place.layer) : other});
-            }
+            const EntryPlace place = SomePlace(0);
+            const i16 other = static_cast<i16>(Below(m_score.layers + 1) - 1);
+            m_score.expressions.push_back(
+                {place, Chance(70) ? static_cast<i16>(place.layer) : other});
         }
     }
 

@@ -73,6 +73,20 @@ void AddShape(StandIn& host, const WrittenScore::Shape& written) {
     }
 }
 
+void AddExpression(StandIn& host, const WrittenScore::Expression& written) {
+    EntryPlace place = written.place;
+    const EXENTRY* entry = Find(host, place);
+    if (entry == nullptr) {
+        return;
+    }
+    i16 graceIndex = 0;
+    for (const EXENTRY* at = entry; at != nullptr && (at->flags & EntryFlag::kGrace) != 0;
+         at = --place.index < 0 ? nullptr : Find(host, place)) {
+        ++graceIndex;
+    }
+    host.Expression(place.slot, place.measure, entry->elapsedTime, written.layer, graceIndex);
+}
+
 std::string Joined(const std::vector<std::string>& words) {
     std::string text;
     for (const std::string& word : words) {
@@ -92,6 +106,16 @@ std::string Braced(std::initializer_list<i32> numbers) {
 
 std::string Braced(EntryPlace place) {
     return Braced({place.slot, place.measure, place.layer, place.index});
+}
+
+template <typename Item>
+void WithoutEach(const WrittenScore& score, std::vector<Item> WrittenScore::*items,
+                 std::vector<WrittenScore>& smaller) {
+    for (std::size_t i = 0; i < (score.*items).size(); ++i) {
+        smaller.push_back(score);
+        auto& left = smaller.back().*items;
+        left.erase(left.begin() + static_cast<std::ptrdiff_t>(i));
+    }
 }
 
 }  // namespace
@@ -117,10 +141,7 @@ std::unique_ptr<StandIn> Build(const WrittenScore& score) {
         AddShape(*host, shape);
     }
     for (const auto& expression : score.expressions) {
-        if (const EXENTRY* entry = Find(*host, expression.place)) {
-            host->Expression(expression.place.slot, expression.place.measure, entry->elapsedTime,
-                             expression.layer);
-        }
+        AddExpression(*host, expression);
     }
     host->Score().selection = score.selection;
     return host;
@@ -156,6 +177,16 @@ std::string Print(const WrittenScore& score) {
          << "\nMergeOptions"
          << Braced({o.size, o.source, o.destination, o.mode, o.rebeam, o.hideRests}) << '\n';
     return text.str();
+}
+
+std::vector<WrittenScore> SmallerThan(const WrittenScore& score) {
+    std::vector<WrittenScore> smaller;
+    WithoutEach(score, &WrittenScore::expressions, smaller);
+    WithoutEach(score, &WrittenScore::shapes, smaller);
+    WithoutEach(score, &WrittenScore::details, smaller);
+    WithoutEach(score, &WrittenScore::durations, smaller);
+    WithoutEach(score, &WrittenScore::frames, smaller);
+    return smaller;
 }
 
 }  // namespace standin

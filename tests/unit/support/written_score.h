@@ -1,4 +1,4 @@
-// A score as a test writes it, in the notation of stand_in.h: built and printed.
+// A score as a test writes it, in the notation of stand_in.h: built, printed, made smaller.
 #pragma once
 
 #include <memory>
@@ -59,5 +59,8 @@ std::unique_ptr<StandIn> Build(const WrittenScore& score);
 
 // As calls of the test fixture.
 std::string Print(const WrittenScore& score);
+
+// Every score with one thing less: a layer, a detail; the most comes last.
+std::vector<WrittenScore> SmallerThan(const WrittenScore& score);
 
 }  // namespace standin
