@@ -32,13 +32,21 @@ std::string Done(bool done, const char* otherwise) {
     return done ? std::string{} : std::string{otherwise};
 }
 
+// False: it did not come to hold, as long as a person would wait.
+template <typename Condition>
+bool Await(Condition holds) {
+    bool held = holds();
+    for (int waited = 0; !held && waited < kPatience; waited += kLook) {
+        Sleep(kLook);
+        held = holds();
+    }
+    return held;
+}
+
 // The window the script works in, once it is there. Null when it does not come.
 HWND AwaitTarget(const ScriptScene& scene) {
-    HWND target = scene.Target();
-    for (int waited = 0; target == nullptr && waited < kPatience; waited += kLook) {
-        Sleep(kLook);
-        target = scene.Target();
-    }
+    HWND target = nullptr;
+    Await([&] { return (target = scene.Target()) != nullptr; });
     return target;
 }
 
@@ -134,7 +142,8 @@ std::string Click(ScriptScene& scene, Words words) {
     if (IsWindowVisible(control) == 0 || IsWindowEnabled(control) == 0) {
         return "it is hidden or disabled";
     }
-    if (!CanBeHit(control)) {
+    // A window that was closed may still be going away.
+    if (!Await([control] { return CanBeHit(control); })) {
         return "another window covers it";
     }
     ClickAt(scene.window.Window(), MiddleOf(control));

@@ -63,7 +63,7 @@ protected:
         for (i16 item = 0; plugin.Enumerate(item, &out) != 0; ++item) {
             EXPECT_EQ(std::u16string{out.text}, std::u16string{out.textCopy});
             EXPECT_EQ(out.alwaysOne, 1);
-            items.emplace_back(out.text, out.skipsDialog, out.flags);
+            items.emplace_back(out.text, out.skipsDialog, +out.flags);
             description = out.description;
             out.flags = 0x80;
         }
