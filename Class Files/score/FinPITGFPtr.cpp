@@ -62,7 +62,8 @@ using EntryNoteFields = std::array<NoteFields, kMaxNotesPerEntry>;
 std::vector<EntryNoteFields> KeepNoteFields(std::span<const EXENTRY> entries) {
     std::vector<EntryNoteFields> kept(entries.size());
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        for (std::size_t j = 0; j < kept[i].size(); ++j) {
+        const auto count = static_cast<std::size_t>(entries[i].noteCount);
+        for (std::size_t j = 0; j < count && j < kept[i].size(); ++j) {
             kept[i][j] = {entries[i].notes[j].pitch, entries[i].notes[j].second};
         }
     }

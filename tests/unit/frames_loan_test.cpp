@@ -30,13 +30,16 @@ TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
     App().faults = {};
     EXPECT_EQ(frame.Count(), 5) << "a refusal changes nothing";
     App().faults.respellsNotes = true;
+    frame.EntryAt(4)->noteCount = 0;
+    frame.EntryAt(4)->flags &= ~EntryFlag::kNote;
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 1);
     App().faults = {};
     for (const EXENTRY& entry : frame.Entries()) {
         EXPECT_EQ(entry.notes[0].second, 0) << "goes with the spelling";
     }
+    EXPECT_EQ(+frame.EntryAt(2)->notes[0].pitch, 0) << "a rest has nothing of the note it was";
     EXPECT_EQ(frame.SaveTGF(), 1);
-    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:g4");
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:r");
     const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(2).Number(), 4711};
     EXPECT_EQ(frame.DeleteEntries(numbers), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "e:f4");
