@@ -16,12 +16,17 @@ std::optional<EDTClefExtra> LoadEffectiveAt(u16 staff, u16 measure, i32 position
     for (i16 found = last.LoadLastInci(); found != 0 && last.GetCmper1() < before;
          found = last.LoadLastCmper1(last.GetCmper1())) {
         before = last.GetCmper1();
+        std::optional<EDTClefExtra> latest;
         for (u32 next = last.Inci() + 1U; next > 0; --next) {
             FinPIClefChange change(last.GetCmper1(), static_cast<u16>(next - 1));
             if (change.Load() != 0 && change.staff == staff &&
-                (change.GetCmper1() < measure || change.position <= position)) {
-                return change;
+                (change.GetCmper1() < measure || change.position <= position) &&
+                (!latest || latest->position < change.position)) {
+                latest = change;
             }
+        }
+        if (latest) {
+            return latest;
         }
     }
     return std::nullopt;

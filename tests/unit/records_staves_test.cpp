@@ -51,6 +51,7 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     EXPECT_EQ(read.FullNamePosition().IsSame(staff.FullNamePosition()), 1);
     EXPECT_EQ(read.FretInstrument().IsSame(staff.FretInstrument()), 1);
     EXPECT_EQ(read.ShapeNotes()[2]->IsSame(*staff.ShapeNotes()[2]), 1);
+    EXPECT_NE(Stored(HostTag("D\x15NI"), RecordKey::Detail(Number(), 2)), nullptr) << "half notes";
 
     // Without their flags, the fret instrument is no longer referred to and the shape notes go.
     read.flags = 0;
@@ -96,6 +97,7 @@ TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
     const std::pair<u16, EDTClefExtra> clefs[] = {{1, {1, Number(), 0, {}}},
                                                   {1, {9, other, 0, {}}},
                                                   {2, {3, Number(), 2048, {}}},
+                                                  {2, {7, Number(), 1024, {}}},
                                                   {2, {8, other, 1024, {}}}};
     for (const auto& [measure, clef] : clefs) {
         host.Score().Records().Create(HostTag("otCE"), RecordKey::Other(measure, kAppend),
@@ -105,7 +107,7 @@ TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
     prefs.words[1] = 75;
     ASSERT_EQ(prefs.Commit(), 1);
     const std::tuple<i16, u32, i16, u16> cases[] = {
-        {1, 0, 1, 100}, {2, 2047, 1, 100}, {2, 2048, 3, 75}, {3, 0, 3, 75}};
+        {1, 0, 1, 100}, {2, 1023, 1, 100}, {2, 2047, 7, 75}, {2, 2048, 3, 75}, {3, 0, 3, 75}};
     for (const auto& [measure, position, clef, percent] : cases) {
         u16 found = 0;
         EXPECT_EQ(FinPIStaff(Number(), measure, position).CurrClef(&found), clef) << measure;
