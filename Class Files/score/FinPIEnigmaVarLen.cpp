@@ -46,7 +46,16 @@ i16 FinPIEnigmaVarLen::LoadFound(i16 found) {
         return 0;
     }
     m_loaded = 0;
-    return Load();
+    if (Load() == 0) {
+        Reset(kNoInci);
+    }
+    return IsLoaded();
+}
+
+void FinPIEnigmaVarLen::NextCmper1() {
+    if (!HasTwoCmpers() || ++m_cmper2 == 0) {
+        ++m_cmper1;
+    }
 }
 
 void FinPIEnigmaVarLen::SetData(const void* bytes, u32 size) {

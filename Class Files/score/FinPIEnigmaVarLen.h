@@ -14,6 +14,7 @@ public:
     i16 LoadLast() override { return LoadFound(FinPIEnigmaData::LoadLast()); }
     i16 LoadLastInci() override { return LoadFound(FinPIEnigmaData::LoadLastInci()); }
     i16 LoadLastCmper1(u16 cmper1) { return LoadFound(FinPIEnigmaData::LoadLastCmper1(cmper1)); }
+    void NextCmper1() override;                          // the item after this one, or pair
     void SetData(const void* bytes, u32 size) override;  // the buffer takes this size
     void Reset(u16 inci) override;                       // the buffer takes the least size
     const void* GetData() const override { return Elements(); }

@@ -44,6 +44,9 @@ TEST_F(RecordClasses, StringsEndAtTheirTerminatorAndAreDeletedWhenEmpty) {
         EXPECT_EQ((read.*load)(), 1);
         EXPECT_EQ(read.Text(), u"Compás");
     }
+    FinPIOtherStringUtf16 refused(HostTag("otmn"), 0);
+    RefuseOnly(HostCall::kLoadEData, 1);
+    EXPECT_EQ(refused.LoadNext() + refused.Inci(), kNoInci);
     name.SetText(u"b");
     name.Values()[1] = u'c';
     EXPECT_EQ(name.Text(), u"bc") << "without a terminator, up to the end";
@@ -60,6 +63,8 @@ TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
     EXPECT_EQ(shape.Create(), 1);
     EXPECT_NE(Stored(HostTag("dtXX"), RecordKey::Detail(4, 9)), nullptr);
     EXPECT_EQ(shape.IsSameKey(FinPIShape(HostTag("dtXX"), 4, 8)), 0);
+    EXPECT_EQ(FinPIShape(HostTag("dtXX"), 5, 8).Create() + shape.LoadLastInci(), 2);
+    EXPECT_EQ(shape.Cmper2(), 9);
 }
 
 TEST_F(RecordClasses, FinPIScoreViewShowsTheScoreWhereExpressionsAreDeleted) {
