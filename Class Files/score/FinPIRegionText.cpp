@@ -46,7 +46,10 @@ double BeatNumber(i32 position, const FinPITimeSig& timeSig) {
         }
         before += duration;
     }
-    return timeSig.beatDuration > 0 ? static_cast<double>(position) / timeSig.beatDuration + 1 : 0;
+    const bool isItem = (timeSig.displayFlags & FinPITimeSig::kCompositeDenominator) != 0;
+    return timeSig.beatDuration > 0 && !isItem
+               ? static_cast<double>(position) / timeSig.beatDuration + 1
+               : 0;
 }
 
 // With four decimals at most, and no zeros or point that say nothing.

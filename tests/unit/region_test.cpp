@@ -223,16 +223,17 @@ TEST_F(Region, NamesPartAndLayerAndIsCut) {
 
 TEST_F(Region, CountsBeatsInTheGroupsOfACompositeSignature) {
     Put(HostTag("otTU"), RecordKey::Other(5), std::array<i16, 6>{3, 2});
-    const auto described = [&](i16 beatDuration) {
+    const auto described = [&](i16 beatDuration, u16 flags = MeasureFlag::kCompositeNumerator) {
         EDTMeasureSpec2014 measure = host.Score().Measure(1);
         measure.beats = 5;
         measure.beatDuration = beatDuration;
-        measure.flags = MeasureFlag::kCompositeNumerator;
+        measure.flags = flags;
         Put(Tag::kMeasure, RecordKey::Other(1), measure);
         return Of({0, 1, 1, 768, 0, 1, 1, 2048}).Description();
     };
     EXPECT_EQ(described(512), u"score Staff 1 Bar 1 Beat 1.5 - Bar 1 Beat 2.5");
     EXPECT_EQ(described(0), u"score Staff 1 Bar 1 - Bar 1") << "groups that last no time";
+    EXPECT_EQ(described(9, MeasureFlag::kCompositeDenominator), described(0)) << "no such list";
 }
 
 }  // namespace
