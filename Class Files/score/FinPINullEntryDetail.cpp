@@ -6,6 +6,9 @@ i16 FinPINullEntryDetailBase::Load() {
 }
 
 i16 FinPINullEntryDetailBase::Delete() {
+    if (!m_entry) {
+        return 0;
+    }
     m_entry->flags &= ~m_entryFlags;
     m_loaded = 0;
     return 1;
@@ -20,6 +23,9 @@ i16 FinPINullEntryDetailBase::Save() {
 }
 
 i16 FinPINullEntryDetailBase::Create() {
+    if (!m_entry) {
+        return 0;
+    }
     const bool dependsOnStem = m_upFlags != m_downFlags;
     const u32 flags = dependsOnStem && StemDirection() < 0 ? m_downFlags : m_upFlags;
     m_entry->flags = (m_entry->flags & ~m_entryFlags) | flags;
