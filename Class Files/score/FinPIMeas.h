@@ -15,7 +15,8 @@ public:
 
     // What this measure shows in a staff. Rest on FX_GetKeySig and the records of the staff, of
     // what it has of its own in the measure, and of the barline preferences; one of these that
-    // does not load is posted and counts as all zero.
+    // does not load is posted and counts as all zero. None, when its document cannot be made
+    // current.
     // The time signature, of 0 beats when it shows none, as after a measure with the same.
     void VisibleTimeSig(i16 staff, FinPITimeSig& signature) const;
     // Whether it shows a key signature: another than the measure before, or than no accidentals.

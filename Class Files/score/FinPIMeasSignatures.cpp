@@ -58,6 +58,9 @@ i16 KeyInStaff(u16 measure, u16 staff) {
 void FinPIMeas::VisibleTimeSig(i16 staff, FinPITimeSig& signature) const {
     signature = {};
     const DocumentScope document(m_docID);
+    if (!document) {
+        return;
+    }
     const auto number = static_cast<u16>(staff);
     const u16 staffFlags = FlagsOfStaff(number, kVisibleTimeSig);
     if ((staffFlags & StaffFlag::kNoTimeSig) != 0 || HidesSignatures(m_cmper1, kVisibleTimeSig)) {
@@ -74,7 +77,7 @@ void FinPIMeas::VisibleTimeSig(i16 staff, FinPITimeSig& signature) const {
 i16 FinPIMeas::InstHasVisibleKeySig(i16 staff) const {
     const DocumentScope document(m_docID);
     const auto number = static_cast<u16>(staff);
-    if ((FlagsOfStaff(number, kVisibleKeySig) & StaffFlag::kNoKeySig) != 0 ||
+    if (!document || (FlagsOfStaff(number, kVisibleKeySig) & StaffFlag::kNoKeySig) != 0 ||
         HidesSignatures(m_cmper1, kVisibleKeySig)) {
         return 0;
     }
@@ -86,7 +89,7 @@ i16 FinPIMeas::InstHasVisibleKeySig(i16 staff) const {
 i16 FinPIMeas::GetKeylessAttributes(i16 staff, FinPIKeyAttributes& attributes) const {
     const DocumentScope document(m_docID);
     const auto number = static_cast<u16>(staff);
-    if ((FlagsOfStaff(number, kKeylessAttributes) & StaffFlag::kNoKeySig) == 0) {
+    if (!document || (FlagsOfStaff(number, kKeylessAttributes) & StaffFlag::kNoKeySig) == 0) {
         return 0;
     }
     attributes.SetCmpers(static_cast<u16>(KeyInStaff(m_cmper1, number)));

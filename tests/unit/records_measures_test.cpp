@@ -143,15 +143,20 @@ TEST_F(Signatures, AreShownWhereTheyChange) {
 
 TEST_F(Signatures, OfStavesWithoutAKeyHaveAttributes) {
     const auto staff = static_cast<i16>(host.Staff(2));
+    const FinPIMeas third(3);
     FinPIKeyAttributes attributes(0);
-    EXPECT_EQ(FinPIMeas(3).GetKeylessAttributes(staff, attributes), 0);
+    EXPECT_EQ(third.GetKeylessAttributes(staff, attributes), 0);
     SetFlags(StaffFlag::kNoKeySig | StaffFlag::kOwnKeySig);
     Put(HostTag("otTp"), RecordKey::Other(7), std::array<u16, 3>{1, 2, 3});
-    EXPECT_EQ(FinPIMeas(3).GetKeylessAttributes(staff, attributes), 1);
+    EXPECT_EQ(third.GetKeylessAttributes(staff, attributes), 1);
     EXPECT_EQ(attributes.Count(), 3U);
     Refuse(HostCall::kLoadEData);
-    EXPECT_TRUE(
-        ErrorOf(FinPIMeas(0xFFFF).GetKeylessAttributes(staff, attributes)).ends_with("SOIS"));
+    EXPECT_TRUE(ErrorOf(third.GetKeylessAttributes(staff, attributes)).ends_with("SOIS"));
+    const OtherDocument other;
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    FinPITimeSig signature;
+    third.VisibleTimeSig(staff, signature);
+    EXPECT_EQ(third.InstHasVisibleKeySig(staff) + third.GetKeylessAttributes(staff, attributes), 0);
 }
 
 TEST_F(ScoreAccess, CommonAndCutTimeFollowThePreferences) {
