@@ -37,7 +37,7 @@ void PostNotLoaded(const FinPIScoreExpr& expression) {
 
 // The records of a measure end where one does not load, unless the host has a later one.
 bool IsEnd(u16 measure, u16 record) {
-    FinPIScoreExpr last(measure, record);
+    ExpressionAssignRecord last(measure, record);
     return last.LoadLastInci() == 0 || last.GetCmper1() != measure || last.Inci() < record;
 }
 

@@ -52,14 +52,11 @@ i16 FinPIScoreExpr::IsSameMeasOther(const FinPIMeasOther& other) const {
 }
 
 i16 FinPIScoreExpr::Load() {
-    if (m_loaded == 0 && ExpressionAssignRecord::Load() != 0 && LoadCachedItems() == 0) {
-        m_loaded = 0;
-    }
-    return IsLoaded();
+    return m_loaded != 0 ? IsLoaded() : Complete(ExpressionAssignRecord::Load());
 }
 
-i16 FinPIScoreExpr::LoadNext() {
-    if (ExpressionAssignRecord::LoadNext() != 0 && LoadCachedItems() == 0) {
+i16 FinPIScoreExpr::Complete(i16 found) {
+    if (found != 0 && LoadCachedItems() == 0) {
         m_loaded = 0;
     }
     return IsLoaded();

@@ -10,7 +10,9 @@ public:
     using ExpressionAssignRecord::ExpressionAssignRecord;
 
     i16 Load() override;
-    i16 LoadNext() override;
+    i16 LoadNext() override { return Complete(ExpressionAssignRecord::LoadNext()); }
+    i16 LoadLast() override { return Complete(ExpressionAssignRecord::LoadLast()); }
+    i16 LoadLastInci() override { return Complete(ExpressionAssignRecord::LoadLastInci()); }
     i16 IsPartSpecific() const override { return 1; }
     // A part places the score's expressions, and has none that could go.
     i16 CanDeleteInPart() override { return 0; }
@@ -20,4 +22,7 @@ public:
     // Fills hasPosition, belongsToEntry and what follows from the definition, which it loads
     // with FX_LoadEData. 0 with an error posted when there is no such definition.
     i16 LoadCachedItems();
+
+private:
+    i16 Complete(i16 found);  // what a load or a step found
 };

@@ -242,6 +242,7 @@ TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {
     host.Score().Records().Delete(kShapeExpression, RecordKey::Other(60));
     FinPIScoreExpr lost(2, record);
     EXPECT_TRUE(ErrorOf(lost.Load()).starts_with("29998"));
+    EXPECT_TRUE(ErrorOf(lost.LoadLastInci()).starts_with("29998"));
     lost.Rewind();
     EXPECT_TRUE(ErrorOf(lost.LoadNext()).starts_with("29998"));
 }
