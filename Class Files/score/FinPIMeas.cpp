@@ -77,6 +77,10 @@ FinPITimeSig FinPIMeas::GetTimeSig() const {
     static_assert(FinPITimeSig::kCompositeDenominator == MeasureFlag::kCompositeDenominator);
 
     FinPITimeSig signature{beats, beatDuration, static_cast<u16>(flags & kComposite), {}};
+    const DocumentScope document(m_docID);
+    if (!document) {
+        return signature;
+    }
     if (signature.displayFlags != 0) {
         signature.groupDurations = GroupDurations(signature);
     } else if (IsAbbreviated(beats, beatDuration)) {

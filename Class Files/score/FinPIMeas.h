@@ -9,8 +9,8 @@ public:
     // Loads the record of a number below 0xFFFF; posts the failure.
     explicit FinPIMeas(u16 measure);
 
-    // Loads the abbreviation preferences and, of a composite signature, its group lists; what
-    // does not load counts as 0.
+    // Loads the abbreviation preferences and, of a composite signature, its group lists, from
+    // the measure's document; what does not load counts as 0.
     FinPITimeSig GetTimeSig() const;
 
     // What this measure shows in a staff. Rest on FX_GetKeySig and the records of the staff, of

@@ -1,6 +1,7 @@
 // Which clef holds where, from the clef changes of the measures.
 #include <optional>
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIStaff.h"
 
@@ -36,18 +37,20 @@ std::optional<EDTClefExtra> LoadEffectiveAt(u16 staff, u16 measure, i32 position
 
 i16 FinPIStaff::CurrClef(u16* percent) const {
     constexpr u16 kShowsTranspositionClef = 0x8000;
+    const DocumentScope document(m_docID);
     const auto give = [percent](i32 clef, u16 size) {
         if (percent != nullptr) {
             *percent = size;
         }
         return static_cast<i16>(clef);
     };
-    if ((transposition & kShowsTranspositionClef) != 0 &&
+    if (document && (transposition & kShowsTranspositionClef) != 0 &&
         KeepOctaveTranspositionInConcertPitchOption(*this) == 0) {
         return give(transpositionClef, kFullSize);
     }
     const std::optional<EDTClefExtra> clef =
-        LoadEffectiveAt(m_cmper1, static_cast<u16>(m_meas), static_cast<i32>(m_pos));
+        document ? LoadEffectiveAt(m_cmper1, static_cast<u16>(m_meas), static_cast<i32>(m_pos))
+                 : std::nullopt;
     if (!clef) {
         PostError(FinPIAppError("short __cdecl FinPIStaff::CurrClef(unsigned short *const ) const",
                                 "LoadEffectiveAt() failed to find a clef."));

@@ -160,6 +160,8 @@ TEST_F(Signatures, OfStavesWithoutAKeyHaveAttributes) {
 }
 
 TEST_F(ScoreAccess, CommonAndCutTimeFollowThePreferences) {
+    FinPIMeas measure(1);
+    const OtherDocument other;
     const struct {
         i16 beats, beatDuration;
         u16 common, cut, displayFlags;
@@ -167,7 +169,6 @@ TEST_F(ScoreAccess, CommonAndCutTimeFollowThePreferences) {
                  {3, 1024, 1, 1, 0}, {4, 512, 1, 1, 0},  {3, 2048, 1, 1, 0}};
     for (const auto& [beats, beatDuration, common, cut, displayFlags] : cases) {
         Put(HostTag("otOu"), RecordKey::Other(0, 1), std::array<u16, 6>{0, 0, common, cut});
-        FinPIMeas measure(1);
         measure.beats = beats;
         measure.beatDuration = beatDuration;
         EXPECT_EQ(measure.GetTimeSig().displayFlags, displayFlags) << beats << ' ' << common;
@@ -186,6 +187,7 @@ TEST_F(ScoreAccess, CompositeTimeSignaturesGiveTheirGroups) {
     EXPECT_EQ(measure.GetTimeSig().groupDurations,
               (std::vector<i32>{512, 1024, 512, 1024, 512, 1024, 1536}));
 
+    const OtherDocument other;  // has no such lists
     measure.beatDuration = 8;
     measure.flags |= MeasureFlag::kCompositeDenominator;
     EXPECT_EQ(measure.GetTimeSig().groupDurations,

@@ -113,6 +113,9 @@ TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
         EXPECT_EQ(FinPIStaff(Number(), measure, position).CurrClef(&found), clef) << measure;
         EXPECT_EQ(found, percent) << measure << ":" << position;
     }
+    const FinPIStaff staff(Number(), 3);
+    const OtherDocument another;
+    EXPECT_EQ(staff.CurrClef(nullptr), 3);
 }
 
 TEST_F(Staves, ATransposingStaffMayShowAClefOfItsOwn) {
