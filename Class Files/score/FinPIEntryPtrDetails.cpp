@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <iterator>
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/score/DetailKind.h"
 #include "Class Files/score/EntryDetailKinds.h"
 #include "Class Files/score/FinPIMeas.h"
@@ -88,9 +89,13 @@ FinPIEntryDetail::Removal KeepDuration(const FinPIEntryPtr& /*entry*/) {
 }
 
 // Positioning by hand takes the place of the automatic modes that know nothing of it.
-i16 RaisePositioningMode(u16 measureNumber) {
+i16 RaisePositioningMode(const FinPIEntryPtr& entry) {
     constexpr u16 kModeBits = 7;
-    FinPIMeas measure{measureNumber};
+    const DocumentScope document{entry.Document()};
+    if (!document) {
+        return 0;
+    }
+    FinPIMeas measure{entry.Measure()};
     if (measure.IsLoaded() == 0) {
         return 1;
     }
@@ -108,7 +113,7 @@ i16 CopyField6(const FinPIEntryPtr& target, const FinPIEntryPtr& source, u32 /*k
         return 1;
     }
     target->fieldAt6 = source->fieldAt6;
-    return RaisePositioningMode(target.Measure());
+    return RaisePositioningMode(target);
 }
 
 FinPIEntryDetail::Removal ClearField6(const FinPIEntryPtr& entry) {

@@ -236,6 +236,7 @@ TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
 
 TEST_F(Details, PositioningByHandRaisesTheModeOfTheMeasure) {
     WriteAndLoad("q:c4", "q:c4");
+    const OtherDocument other;
     const u16 modes[][2] = {{0, 0}, {1, 4}, {2, 6}, {3, 3}, {0x19, 0x1C}};
     for (const auto& [before, after] : modes) {
         EDTMeasureSpec2014 measure = host.Score().Measure(1);
