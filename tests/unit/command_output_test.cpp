@@ -81,7 +81,7 @@ TEST(StoredOptions, StandWhereThePluginReadsThemAndGoAgain) {
     platform::headless::Reset();
     { const StoredOptions stored{{}}; }
     EXPECT_FALSE(KeyExists(key));
-    StoreValue(key, "WPOS22000", "place");
+    EXPECT_TRUE(platform::RegistryKey::Create(key));  // the user has it, and nothing in it
     {
         const StoredOptions stored{{.source = 1, .destination = 2, .hideRests = 1}};
         EXPECT_TRUE(stored);
