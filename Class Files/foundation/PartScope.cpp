@@ -2,9 +2,11 @@
 
 #include "shell/host/callbacks.h"
 
-PartScope::PartScope(i16 part) : m_previous{Host::GetCurrentPartID()} {
-    if (m_previous != part) {
-        Host::SetCurrentPartID(part);
+PartScope::PartScope(i16 part)
+    : m_previous{Host::GetCurrentPartID()},
+      m_isCurrent{m_previous == part || (m_previous < kScore && part == kScore)} {
+    if (!m_isCurrent) {
+        m_isCurrent = Host::SetCurrentPartID(part) != 0;
     }
 }
 

@@ -8,12 +8,16 @@ class PartScope {
 public:
     static constexpr i16 kScore = 0;
 
-    // A part that there is not leaves the part that is current.
+    // A host without parts has its score current.
     explicit PartScope(i16 part);
     ~PartScope();
     PartScope(const PartScope&) = delete;
     PartScope& operator=(const PartScope&) = delete;
 
+    // False: there is no such part, or the host refused, and the previous one is still current.
+    explicit operator bool() const noexcept { return m_isCurrent; }
+
 private:
     i16 m_previous;
+    bool m_isCurrent;
 };

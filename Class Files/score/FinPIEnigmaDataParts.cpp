@@ -10,7 +10,7 @@
 i16 FinPIEnigmaData::CommitInScoreFirst() {
     if (IsPartSpecific() != 0 && Host::GetCurrentPartID() > PartScope::kScore) {
         const PartScope score(PartScope::kScore);
-        if (Commit() == 0) {
+        if (!score || Commit() == 0) {
             return 0;
         }
         OnCommittedInScore();
@@ -28,7 +28,7 @@ i16 FinPIEnigmaData::CommitInScoreAndParts() {
              part > PartScope::kScore && committed.insert(part).second;
              part = Host::GetNextPartID(part)) {
             const PartScope scope(part);
-            if (Commit() == 0) {
+            if (!scope || Commit() == 0) {
                 return 0;
             }
             OnCommittedInPart();
@@ -48,7 +48,7 @@ i16 FinPIEnigmaData::DeleteAndRecreateInScore() {
     EnigmaKey key{};
     GetKey(key);
     const PartScope score(PartScope::kScore);
-    if (Delete() == 0) {
+    if (!score || Delete() == 0) {
         return 0;
     }
     SetKey(key);

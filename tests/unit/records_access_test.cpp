@@ -132,7 +132,10 @@ TEST_F(Records, CommitsOfPartsReachTheScoreAndEachPart) {
         EXPECT_EQ(host.Score().currentPart, 0);
     }
 
+    Refuse(HostCall::kSetCurrentPartID);
+    EXPECT_EQ(record.CommitInScoreAndParts(), 0);
     host.Score().currentPart = 2;
+    EXPECT_EQ(record.CommitInScoreFirst() + record.DeleteAndRecreateInScore(), 0);
     RefuseOnly(HostCall::kSaveEData, 1);
     EXPECT_EQ(ErrorOf(record.CommitInScoreFirst()), kSaveRefused);
     record.parts.clear();
