@@ -170,6 +170,8 @@ TEST(Layers, AllGoInOrderIntoTheDestination) {
     Plugin{}.Merge(host, {.destination = 1});
     EXPECT_EQ(host.Layer(1, 1, 1), "w:d4,c4,e4,f4");
     EXPECT_EQ(host.Layer(1, 1, 0), "w:r");
+    Plugin{}.Merge(host, {.source = 4});
+    EXPECT_EQ(App().alerts.size(), 1U) << "there is no such layer";
 }
 
 // Each of two equal pitches has a notehead of its own, which must not meet on one note.
