@@ -156,12 +156,16 @@ TEST(ChordRegion, BothEndsAreInside) {
 
 TEST(ChordRegion, StaffWithATimeOfItsOwn) {
     // Twice as many units in the staff as in the measure: positions are scaled to compare.
-    StandIn host;
-    host.Score().SetMeasureDuration(host.Staff(1), 1, 8192);
-    host.Write({"w:c4 w:c4", "w:e4 w:e4"});
-    host.Select(1, 1, 0, 1, 1, 2047);
-    Plugin{}.Merge(host);
-    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4,e4 w:c4");
+    for (const auto& [destination, source, merged] :
+         {std::tuple{"w:c4 w:c4", "w:e4 w:e4", "w:c4,e4 w:c4"},
+          {"h:c4", "h:e4 h:f4 w:g4", "h:c4,e4 h:f4"}}) {
+        StandIn host;
+        host.Score().SetMeasureDuration(host.Staff(1), 1, 8192);
+        host.Write({destination, source});
+        host.Select(1, 1, 0, 1, 1, 2047);
+        Plugin{}.Merge(host);
+        EXPECT_EQ(host.Layer(1, 1, 0), merged);
+    }
 }
 
 TEST(Layers, AllGoInOrderIntoTheDestination) {
