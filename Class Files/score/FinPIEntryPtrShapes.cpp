@@ -37,6 +37,9 @@ i16 FinPIEntryPtr::MoveSmartShapeAssigns(const FinPIEntryPtr& source, u32 tag) c
     if (!source.HasFlag(DetailFlag::kSmartShape) || source.Number() == Number()) {
         return 1;
     }
+    if (!CheckDocumentIsCurrent(kOperation)) {
+        return 0;
+    }
     FinPISmartShapeMark from{source, tag};
     FinPISmartShapeMark to{*this, tag};
     for (u16 moved = 0; from.Load() != 0; from.SelectRecord(0)) {

@@ -1,5 +1,6 @@
 #include "Class Files/score/FinPISmartShapeAssign.h"
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPIRegion.h"
 #include "Class Files/score/HostRecordCalls.h"
@@ -29,8 +30,9 @@ bool IsInRegion(const EDTSmartShapeEnd& end, const FinPIRegion& region) {
 
 i16 FinPISmartShapeAssign::Load() {
     if (m_loaded == 0 && FinPISmartShapeMark::Load() != 0) {
+        const DocumentScope scope{m_entry.Document()};
         m_shape.emplace(m_mark.shapeNumber);
-        if (m_shape->Load() == 0) {
+        if (!scope || m_shape->Load() == 0) {
             m_shape.reset();
         }
     }
