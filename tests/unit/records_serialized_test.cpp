@@ -64,7 +64,6 @@ TEST_F(Serialized, DependentStructuresFollowInBothSerialVersions) {
         WithDependent written(serial);
         written.dependent = "dep";
         const std::vector<u8> block = BlockOf(written);
-        EXPECT_EQ(block[10], serial == 1 ? 2 : 3) << "version 1 has no field for the data version";
         WithDependent read(2);
         EXPECT_EQ(Read(read, block), 1);
         EXPECT_EQ(read.dependent, "dep");
