@@ -53,6 +53,8 @@ private:
     void AddNewItem(bool commitFirst);
     bool CommitSavedSettings();
     bool ConfirmStaleMenu();
+    // False: some could not be written, which was reported.
+    bool WriteEntries(i16 count);
     void WriteEntry(i16 position, i16 selected);
     SavedSettingPtr NewSetting() const;
     void GiveIdentifier(SavedSettingHeader& header);
@@ -61,7 +63,8 @@ private:
 
     char16 m_commandKey[256]{};
     u16 m_nextDefaultNumber = 1;
-    i16 m_loadedCount = 0;
+    i16 m_loadedCount = 0;    // the highest number that may be stored
+    const i16 m_numberInUse;  // the owner's saved setting at the opening; 0 = none
     i16 m_selectedNumber;
     i16 m_currentPosition = 0;  // the list position that the controls show
     u16 m_nextIdentifier = 0;   // the highest one met, or the last one given

@@ -256,7 +256,7 @@ TEST_F(OpenCommand, NothingElseBeginsOrEndsWhileARunShowsItsAlert) {
 }
 
 // What the first run met would be forgotten, and its edit kept.
-TEST_F(OpenCommand, NoRunBeginsInsideAnother) {
+TEST_F(OpenCommand, NothingDoneInsideARunForgetsWhatItMet) {
     host.LayerEverywhere(0, "w:c4");
     host.LayerEverywhere(1, "w:e4");
     host.Attach({1, 3, 1, 0}, kArticulation, "accent");
@@ -264,8 +264,10 @@ TEST_F(OpenCommand, NoRunBeginsInsideAnother) {
     plugin.Init();
     OpenDialog& other = Open(1);
     OpenDialog& open = Open();
+    desk.ThenSaveAs(u"Mine");
     App().progressListener = [&other](const ProgressReport&) {
         other.Press(kGo);
+        other.Press(kSaveSettings);
         return true;
     };
     App().faults.refuseKind = FaultPlan::AllOf(HostCall::kDeleteEData);

@@ -131,13 +131,20 @@ TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
     PutSettings(1);
     EXPECT_TRUE(standin::App().alerts.back().text.starts_with(
         u"SavedSettingPtr::PutToFile->Unable to write to config"));
+    Run([](OpenDialog& open) {
+        headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 1);
+        open.Press(Control::kOk);
+        open.Press(Control::kDeleteAll);
+    });
+    EXPECT_EQ(StoredValue(kPreferences + "\\Save Settings", "ZKSC22002"), std::nullopt);
+    EXPECT_EQ(command.SavedSettingNumber(), 0) << "nothing is left to work on";
     // No other error is taken for that of a refused write.
     PostError(FinPIAppError{"elsewhere", "before"});
     Run([](OpenDialog& open) {
         open.Press(Control::kOk);
         EXPECT_TRUE(open.ended);
     });
-    EXPECT_EQ(Alerts(), 2U);
+    EXPECT_EQ(Alerts(), 3U);
 }
 
 TEST_F(SavedSettingsTest, TakeWhatTheDialogShowsInTheOrderOfTheirNames) {
