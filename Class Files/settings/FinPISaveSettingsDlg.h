@@ -48,7 +48,13 @@ private:
     void SetUpOptionRows(WindowHandle window);
     void SelectFirstEntry();
 
+    bool HasRoom() const;
+    // It was not added only now, and is not the one in use.
+    bool CanDelete(SavedSettingItem item);
     void UpdateButtons();
+    // After a press of a button. One that is disabled now must not keep the keyboard focus, nor
+    // hand it to the button behind it, where the same key would do something else.
+    void LeaveButton(bool stillEnabled);
     void CommitEditedName(i16 chosen);
     void AddNewItem(bool commitFirst);
     bool CommitSavedSettings();
