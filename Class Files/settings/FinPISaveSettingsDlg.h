@@ -59,8 +59,6 @@ private:
     void AddNewItem(bool commitFirst);
     bool CommitSavedSettings();
     bool ConfirmStaleMenu();
-    // False: some could not be written, which was reported.
-    bool WriteEntries(i16 count);
     void WriteEntry(i16 position, i16 selected);
     SavedSettingPtr NewSetting() const;
     void GiveIdentifier(SavedSettingHeader& header);

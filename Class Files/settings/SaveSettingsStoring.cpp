@@ -1,7 +1,5 @@
 // What OK in the Save Settings dialog does, and how a command dialog opens it.
 #include <algorithm>
-#include <memory>
-#include <utility>
 #include <vector>
 
 #include "Class Files/FinPI.h"
@@ -40,35 +38,25 @@ bool FinPISaveSettingsDlg::CommitSavedSettings() {
     if (!ConfirmStaleMenu()) {
         return false;
     }
-    const i16 count = List().Count();
-    // What a run that is in progress has met is for that run to tell.
-    std::unique_ptr<FinPIException> elsewhere = std::move(g_pendingError);
-    const bool stored = WriteEntries(count);
-    g_pendingError = std::move(elsewhere);
-    if (!stored) {
-        m_loadedCount = std::max(m_loadedCount, count);
-        return false;
-    }
-    ForgetDeletedSettings(count);
-    g_savedSettingsChanged = 1;
-    return true;
-}
-
-bool FinPISaveSettingsDlg::WriteEntries(i16 count) {
+    g_pendingError.reset();  // a selection that could not be described, for example
     for (SavedSettingPtr& setting : m_storedSettings) {
         setting.written = false;
     }
     m_selectedNumber = m_numberInUse;
     m_selectedIdentifier = 0;
+    const i16 count = List().Count();
     const i16 selected = List().Selected();
     for (i16 position = 1; position <= count; ++position) {
         WriteEntry(position, selected);
     }
-    const bool failed = g_pendingError != nullptr && g_pendingError->m_msgID != 0;
-    if (failed) {
+    if (g_pendingError != nullptr && g_pendingError->m_msgID != 0) {
+        m_loadedCount = std::max(m_loadedCount, count);
         ReportPendingError();
+        return false;
     }
-    return !failed;
+    ForgetDeletedSettings(count);
+    g_savedSettingsChanged = 1;
+    return true;
 }
 
 SavedSettingPtr FinPISaveSettingsDlg::NewSetting() const {

@@ -256,7 +256,7 @@ TEST_F(OpenCommand, NothingElseBeginsOrEndsWhileARunShowsItsAlert) {
 }
 
 // What the first run met would be forgotten, and its edit kept.
-TEST_F(OpenCommand, NothingDoneInsideARunForgetsWhatItMet) {
+TEST_F(OpenCommand, NoRunBeginsInsideAnother) {
     host.LayerEverywhere(0, "w:c4");
     host.LayerEverywhere(1, "w:e4");
     host.Attach({1, 3, 1, 0}, kArticulation, "accent");
@@ -264,9 +264,9 @@ TEST_F(OpenCommand, NothingDoneInsideARunForgetsWhatItMet) {
     plugin.Init();
     OpenDialog& other = Open(1);
     OpenDialog& open = Open();
-    desk.ThenSaveAs(u"Mine");
-    App().progressListener = [&other](const ProgressReport&) {
+    App().progressListener = [&](const ProgressReport&) {
         other.Press(kGo);
+        desk.ThenSaveAs(u"B");
         other.Press(kSaveSettings);
         return true;
     };
