@@ -15,8 +15,9 @@ constexpr u16 kReplaceInLayer = 16048;
 
 class CurrentDocument final : public FinPIDoc {};
 
-void ActivateLayer(i16 layer) {
-    Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
+// The host's answer to the command.
+i16 ActivateLayer(i16 layer) {
+    return Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
 }
 
 constexpr i16 kNoLayer = -1;
@@ -48,9 +49,11 @@ void PostNotActivated() {
     PostError(FinPIAppError{"Plyweld::PrepareDocument", "Unable to activate the layer."});
 }
 
-// The command acts on whatever layer is active: never on another than the destination.
-void ReplaceInLayer(const FinPIDoc& document, i16 destination, bool optionOn) {
-    if (FindActiveLayer(document, optionOn) != destination) {
+// The command acts on whatever layer is active: never on another than the destination. A host
+// that did not take the order to activate it is asked which one is.
+void ReplaceInLayer(const FinPIDoc& document, i16 destination, i16 active, bool optionOn) {
+    if (active != destination && ActivateLayer(destination) == 0 &&
+        FindActiveLayer(document, optionOn) != destination) {
         PostNotActivated();
         return;
     }
@@ -76,16 +79,15 @@ i16 Plyweld::PrepareDocument() {
     }
     const bool optionOn = document.ShowActiveLayerOnlyOption() != 0;
     const i16 active = FindActiveLayer(document, optionOn);
-    if (active != destination) {
-        ActivateLayer(destination);
-    }
-    ReplaceInLayer(document, destination, optionOn);
+    ReplaceInLayer(document, destination, active, optionOn);
     if (active != destination) {
         ActivateLayer(std::max<i16>(active, 0));
     }
-    if (!wasOn && document.ShowActiveLayerOnlyOption() != 0 &&
-        Host::ExecuteMenuItem(kToggleShowActiveLayerOnly) == 0) {
-        document.SetShowActiveLayerOnlyOption(0);
+    if (!wasOn) {
+        Host::ExecuteMenuItem(kToggleShowActiveLayerOnly);
+        if (document.ShowActiveLayerOnlyOption() != 0) {
+            document.SetShowActiveLayerOnlyOption(0);
+        }
     }
     return 1;
 }
