@@ -63,7 +63,6 @@ private:
     }
     // The bytes read; 0 = nothing is stored.
     u32 ReadStoredSettings();
-    bool MergesFrom(i16 layer) const;
     void RebeamWholeMeasures() const;
 
     std::u16string m_name;

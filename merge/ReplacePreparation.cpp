@@ -50,10 +50,11 @@ void PostNotActivated() {
 }
 
 // The command acts on whatever layer is active: never on another than the destination. A host
-// that did not take the order to activate it is asked which one is.
+// that did not take the order to activate it is asked which one is, if it tells.
 void ReplaceInLayer(const FinPIDoc& document, i16 destination, i16 active, bool optionOn) {
-    if (active != destination && ActivateLayer(destination) == 0 &&
-        FindActiveLayer(document, optionOn) != destination) {
+    const bool isTaken = active == destination || ActivateLayer(destination) != 0;
+    const i16 now = isTaken ? destination : FindActiveLayer(document, optionOn);
+    if (now != kNoLayer && now != destination) {
         PostNotActivated();
         return;
     }

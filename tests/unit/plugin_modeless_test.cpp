@@ -264,8 +264,10 @@ TEST_F(OpenCommand, NoRunBeginsInsideAnother) {
     plugin.Init();
     OpenDialog& other = Open(1);
     OpenDialog& open = Open();
-    App().progressListener = [&other](const ProgressReport&) {
+    App().progressListener = [&](const ProgressReport&) {
         other.Press(kGo);
+        desk.ThenSaveAs(u"B");
+        other.Press(kSaveSettings);
         return true;
     };
     App().faults.refuseKind = FaultPlan::AllOf(HostCall::kDeleteEData);
