@@ -15,8 +15,9 @@ constexpr u16 kReplaceInLayer = 16048;
 
 class CurrentDocument final : public FinPIDoc {};
 
-void ActivateLayer(i16 layer) {
-    Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
+// The host's answer to the command.
+i16 ActivateLayer(i16 layer) {
+    return Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
 }
 
 constexpr i16 kNoLayer = -1;
@@ -48,11 +49,12 @@ void PostNotActivated() {
     PostError(FinPIAppError{"Plyweld::PrepareDocument", "Unable to activate the layer."});
 }
 
-// The command acts on whatever layer is active: never on another than the destination, unless the
-// host does not tell.
-void ReplaceInLayer(const FinPIDoc& document, i16 destination, bool optionOn) {
-    const i16 active = FindActiveLayer(document, optionOn);
-    if (active != kNoLayer && active != destination) {
+// The command acts on whatever layer is active: never on another than the destination. A host
+// that did not take the order to activate it is asked which one is, if it tells.
+void ReplaceInLayer(const FinPIDoc& document, i16 destination, i16 active, bool optionOn) {
+    const bool isTaken = active == destination || ActivateLayer(destination) != 0;
+    const i16 now = isTaken ? destination : FindActiveLayer(document, optionOn);
+    if (now != kNoLayer && now != destination) {
         PostNotActivated();
         return;
     }
@@ -78,10 +80,7 @@ i16 Plyweld::PrepareDocument() {
     }
     const bool optionOn = document.ShowActiveLayerOnlyOption() != 0;
     const i16 active = FindActiveLayer(document, optionOn);
-    if (active != destination) {
-        ActivateLayer(destination);
-    }
-    ReplaceInLayer(document, destination, optionOn);
+    ReplaceInLayer(document, destination, active, optionOn);
     if (active != destination) {
         ActivateLayer(std::max<i16>(active, 0));
     }

@@ -183,8 +183,7 @@ bool KeptTheirTimes(const FramePair& frames, const RestRun& run, const SourceSpa
 bool MayReplace(FramePair& frames, const RestRun& run, const SourceSpan& span, i32 startTime) {
     const std::span<const EXENTRY> rests = Part(frames.destination, run.start, run.count);
     const std::span<const EXENTRY> music = Part(frames.source, span.first, span.count);
-    return (rests.empty() || AnyHas(music, EntryFlag::kNote)) && !AnyHas(rests, kTiedToTheRest) &&
-           LeavesSecondVoicesApart(frames.destination, music) &&
+    return !AnyHas(rests, kTiedToTheRest) && LeavesSecondVoicesApart(frames.destination, music) &&
            LeavesTupletsWhole(frames, startTime, startTime + run.duration);
 }
 

@@ -179,7 +179,7 @@ bool FinPIEntryDetail::HasRecord() {
 
 bool FinPIEntryDetail::CheckEndsBefore(u16 recordNumber) {
     const bool hasNoRecords = GetDataSize() == 0;
-    if (hasNoRecords || CountOf(Tag()) == recordNumber) {
+    if (hasNoRecords || CountOf(Tag()) <= recordNumber) {
         return true;
     }
     PostRecordError<FinPILoadEDataFailed>("FinPIEntryDetail::Load", Tag());

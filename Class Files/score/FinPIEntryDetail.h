@@ -69,8 +69,8 @@ public:
     // Whether a record is stored for the entry, under either tag; loads none.
     bool HasRecord();
     // Whether a record that did not load is not there because the records end before it: the
-    // host may have refused the load. Asks FX_PreviousEData, and posts a doubt, on which nothing
-    // that is to be moved may be deleted.
+    // host may have refused the load. Asks FX_PreviousEData, and posts when that gives a later
+    // record, on which nothing that is to be moved may be deleted.
     bool CheckEndsBefore(u16 recordNumber);
     // Whether the entry can have had as many records to delete; posts when the host must have
     // kept what it said it deleted.

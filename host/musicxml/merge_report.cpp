@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <unordered_set>
 
 namespace standin {
 namespace {
@@ -65,14 +64,22 @@ private:
             m_result.notesMoved += std::max(entry.noteCount - had, 0);
             m_result.chordsFormed += had > 0 && entry.noteCount > had ? 1 : 0;
         }
-        std::unordered_set<u32> kept;
-        for (const EXENTRY& entry : m_now) {
-            kept.insert(u32{entry.entryNumber});
-        }
         m_result.restsFilled += static_cast<int>(
-            std::count_if(m_before.begin(), m_before.end(), [&kept](const EXENTRY& entry) {
-                return entry.noteCount == 0 && !kept.contains(u32{entry.entryNumber});
-            }));
+            std::count_if(m_before.begin(), m_before.end(),
+                          [this](const EXENTRY& entry) { return GaveWayToMusic(entry); }));
+    }
+
+    // Other rests may stand where a rest stood, too.
+    bool GaveWayToMusic(const EXENTRY& rest) const {
+        const auto end = [](const EXENTRY& entry) {
+            return entry.elapsedTime + entry.actualDuration;
+        };
+        return rest.noteCount == 0 &&
+               std::none_of(m_now.begin(), m_now.end(),
+                            [&](const EXENTRY& e) { return e.entryNumber == rest.entryNumber; }) &&
+               std::any_of(m_now.begin(), m_now.end(), [&](const EXENTRY& e) {
+                   return e.noteCount > 0 && e.elapsedTime < end(rest) && rest.elapsedTime < end(e);
+               });
     }
 
     void FindStayed(u16 layer) {

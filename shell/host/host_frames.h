@@ -89,14 +89,18 @@ struct MenuItemDescriptor {
 #pragma pack(pop)
 
 static_assert(sizeof(EREGION) == 20);
+static_assert(offsetof(EREGION, startSlot) == 2 && offsetof(EREGION, startMeasure) == 4);
 static_assert(offsetof(EREGION, startPosition) == 6 && offsetof(EREGION, endStaffList) == 10);
+static_assert(offsetof(EREGION, endSlot) == 12 && offsetof(EREGION, endMeasure) == 14);
 static_assert(offsetof(EREGION, endPosition) == 16);
 
-static_assert(sizeof(EXNOTE) == 10 && offsetof(EXNOTE, noteID) == 4);
-static_assert(offsetof(EXNOTE, flags) == 6);
+static_assert(sizeof(EXNOTE) == 10 && offsetof(EXNOTE, second) == 2);
+static_assert(offsetof(EXNOTE, noteID) == 4 && offsetof(EXNOTE, flags) == 6);
 
 static_assert(sizeof(EXENTRY) == 146);
 static_assert(offsetof(EXENTRY, duration) == 4 && offsetof(EXENTRY, flags) == 8);
+static_assert(offsetof(EXENTRY, fieldAt6) == 6 && offsetof(EXENTRY, fieldAt12) == 12);
+static_assert(offsetof(EXENTRY, fieldAt144) == 144);
 static_assert(offsetof(EXENTRY, noteCount) == 14 && offsetof(EXENTRY, notes) == 16);
 static_assert(offsetof(EXENTRY, elapsedTime) == 136 && offsetof(EXENTRY, actualDuration) == 140);
 

@@ -163,6 +163,8 @@ static_assert(offsetof(EDTSmartShapeEnd, position) == 8);
 static_assert(sizeof(EDTSmartShapeEntMark) == 12 && sizeof(EDTLyric2011) == 12);
 static_assert(offsetof(EDTLyric2011, syllable) == 2);
 static_assert(sizeof(EDTTuplet2005) == 36);
+static_assert(offsetof(EDTTuplet2005, symbolicUnitDuration) == 2);
+static_assert(offsetof(EDTTuplet2005, referenceCount) == 4);
 static_assert(offsetof(EDTTuplet2005, referenceUnitDuration) == 6);
 
 // Bits of EDTMeasureSpec2014::flags.

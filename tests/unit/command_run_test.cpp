@@ -47,7 +47,7 @@ protected:
 TEST_F(CommandRun, CarolIsMergedAndNothingIsLost) {
     ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--verify"}), kDone) << errors;
     EXPECT_EQ(output,
-              "105 chords formed, 6 rests filled, 112 notes moved\n"
+              "105 chords formed, 4 rests filled, 112 notes moved\n"
               "4 notes and chords left in other layers\n"
               "  3: another duration at its time\n"
               "  1: no rests of exactly its time\n"

@@ -128,6 +128,8 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
     EXPECT_EQ(error(HostCall::kLoadEData, 2, false, "dot"), "29998 FinPIEntryDetail::Load: edIM");
     EXPECT_EQ(error(HostCall::kDeleteEData, 1, true, "-"), "29995 FinPIEntryDetail::Delete: edIM");
     EXPECT_EQ(error(HostCall::kLoadEData, 1, true, "-"), "29998 FinPIEntryDetail::Load: edIM");
+    App().faults.refuseKind = FaultPlan::OfKind{HostCall::kPreviousEData, 1, 99};
+    EXPECT_EQ(Copy(kOntoChord), 1) << "a host that cannot look back has no later record";
 }
 
 TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {

@@ -81,7 +81,7 @@ constexpr MergeCase kWholeMeasure[] = {
      "q:e4 q:f4 q:r q:r"},
     {"VoiceTwoBeforeMissingTime", "h:c5 v2{q:a4 q:g4}", "h:e5 h:f5", "h:c5,e5 v2{q:a4 q:g4} h:f5",
      "h:r h:r"},
-    {"RestsDoNotReplaceRests", "q:c4 q:r h:r", "q:r q:x h:x", "q:c4 q:r h:r", "q:r q:x h:x"},
+    {"RestsReplaceRestsToo", "q:c4 h.:r", "q:r q:x h:r", "q:c4 q:x h:r", "q:r q:x h:r"},
     {"WholeTupletsForWholeTuplets", "(3:2 e:r e:r e:r) h.:c4", "(3:2 e:d4 e:e4 e:f4) h.:g4",
      "(3:2 e:d4 e:e4 e:f4) h.:c4,g4", "(3:2 e:r e:r e:r) h.:r"},
     {"PlainNotesForATuplet", "(3:2 e:r e:r e:r) h.:c4", "e:d4 e:e4 h.:g4", "e:d4 e:e4 h.:c4,g4",
