@@ -30,6 +30,11 @@ bool AnyHas(std::span<const EXENTRY> entries, u32 flags) {
                        [flags](const EXENTRY& entry) { return (entry.flags & flags) != 0; });
 }
 
+// Rests of which the reader sees fewer than the time holds, and nothing that sounds instead.
+bool HidesWithoutMusic(std::span<const EXENTRY> entries) {
+    return AnyHas(entries, EntryFlag::kIgnore) && !AnyHas(entries, EntryFlag::kNote);
+}
+
 bool LeavesTupletsWhole(FramePair& frames, i32 startTime, i32 endTime) {
     if (!AnyHas(frames.source.Entries(), DetailFlag::kTuplet) &&
         !AnyHas(frames.destination.Entries(), DetailFlag::kTuplet)) {
@@ -183,7 +188,8 @@ bool KeptTheirTimes(const FramePair& frames, const RestRun& run, const SourceSpa
 bool MayReplace(FramePair& frames, const RestRun& run, const SourceSpan& span, i32 startTime) {
     const std::span<const EXENTRY> rests = Part(frames.destination, run.start, run.count);
     const std::span<const EXENTRY> music = Part(frames.source, span.first, span.count);
-    return !AnyHas(rests, kTiedToTheRest) && LeavesSecondVoicesApart(frames.destination, music) &&
+    return !(HidesWithoutMusic(music) && !rests.empty()) && !AnyHas(rests, kTiedToTheRest) &&
+           LeavesSecondVoicesApart(frames.destination, music) &&
            LeavesTupletsWhole(frames, startTime, startTime + run.duration);
 }
 

@@ -6,8 +6,9 @@
 #include "merge/FramePair.h"
 #include "merge/RestFill.h"
 
-// False when replacing would break a tuplet of either frame, would lose what hangs on a rest, or
-// would put two second voices in one time. startTime: of the run, in the staff's units.
+// False when replacing would break a tuplet of either frame, would lose what hangs on a rest,
+// would put two second voices in one time, or would hide rests without music in their place.
+// startTime: of the run, in the staff's units.
 bool MayReplace(FramePair& frames, const RestRun& run, const SourceSpan& span, i32 startTime);
 
 enum class Replacement {
