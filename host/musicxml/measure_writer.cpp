@@ -152,11 +152,12 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
     }
 }
 
-// The layer's own voice; for a layer that never had one, the first number not in use.
+// As it is written: the layer's own voice; for a layer that never had one, the first number not
+// in use.
 std::string MeasureWriter::VoiceName(std::size_t staff, u16 layer) const {
     const std::string& known = m_part.staves[staff].Name(m_measure, layer);
     if (!known.empty()) {
-        return known;
+        return Escaped(known);
     }
     const auto isUsed = [this](const std::string& name) {
         return std::any_of(m_part.staves.begin(), m_part.staves.end(),
