@@ -229,6 +229,20 @@ TEST(Beams, BrokenOnesAreMadeWhole) {
     }
 }
 
+// A voice that runs over two staves, when its music on one of them is gone.
+TEST(Beams, EndWhereTheirVoiceNowEnds) {
+    const auto note = [](const std::string& staff, const std::string& beam) {
+        return Note({.more = "<staff>" + staff + "</staff><beam>" + beam + "</beam>"});
+    };
+    const auto score = Read(ScoreText(
+        {note("2", "begin") + note("2", "continue") + note("1", "end")}, "<staves>2</staves>"));
+    score->document->PutFrame({1, 1, 0}, {});
+    const std::string written = WriteScore(*score);
+    EXPECT_EQ(Count(written, ">begin<"), 1);
+    EXPECT_EQ(Count(written, ">continue<"), 0);
+    EXPECT_EQ(Count(written, ">end<"), 1);
+}
+
 TEST(Brackets, OnlyPairsAroundSomethingShownAreKept) {
     const std::string start = "<tuplet type=\"start\"/>";
     const std::string stop = "<tuplet type=\"stop\"/>";
