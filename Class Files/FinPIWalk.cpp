@@ -1,5 +1,6 @@
 // The walk over the measures and staves of a region.
 #include <algorithm>
+#include <utility>
 
 #include "Class Files/FinPI.h"
 #include "Class Files/ProgressCounter.h"
@@ -19,6 +20,15 @@ bool ErrorIsPending() {
 
 u64 Extent(i16 first, i16 last) {
     return last < first ? 0 : static_cast<u64>(last - first + 1);
+}
+
+// Meanwhile the user may use a dialog or the menu, which report errors of their own and empty the
+// slot: the run's error is kept out of it.
+bool ReportProgress(ProgressCounter& progress, i16 steps, i16 measure) {
+    std::unique_ptr<FinPIException> ofTheRun = std::move(g_pendingError);
+    const bool goesOn = progress.Report(steps, 0, measure, -1);
+    g_pendingError = std::move(ofTheRun);
+    return goesOn;
 }
 
 // 0 when the page records cannot be read.
@@ -102,7 +112,7 @@ void FinPI::ProcessEvery(const EREGION& region, MeasureRange measures, i16 layer
             if (ProcessStaffMeasure(static_cast<i16>(slot), staff, measure, staffSystem) == 0) {
                 continueFlag = 0;
             }
-            if (!progress.Report(layers, 0, measure, -1)) {
+            if (!ReportProgress(progress, layers, measure)) {
                 m_stop = 1;
                 continueFlag = 0;
             }

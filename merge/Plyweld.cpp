@@ -24,21 +24,19 @@ Plyweld::Plyweld(WindowHandle owner, u16 item, const std::string& title)
 Plyweld::Plyweld(WindowHandle owner, u16 item, std::u16string name)
     : FinPIModeless{owner, item, kCommandID, name.c_str()}, m_name{std::move(name)} {}
 
-bool Plyweld::MergesFrom(i16 layer) const {
-    const auto number = static_cast<u16>(layer);
-    return number != m_configData.destinationLayer &&
-           (m_configData.sourceLayer == kAllLayers || m_configData.sourceLayer == number);
-}
-
 i16 Plyweld::ProcessStaffMeasure(i16 /*slot*/, u16 staff, i16 measure, u16 /*staffSystem*/) {
     const i16 layers = Host::GetMaxLayers();
     if (layers <= 0) {
         PostError(FinPIAppError{"Plyweld::ProcessStaffMeasure", "Unable to count the layers."});
         return 0;
     }
-    for (i16 layer = 0; layer < layers; ++layer) {
-        if (!MergesFrom(layer) || MergeFrame(staff, measure, static_cast<u16>(layer),
-                                             m_configData.destinationLayer) != 0) {
+    const u16 destination = m_configData.destinationLayer;
+    const bool all = m_configData.sourceLayer == kAllLayers;
+    const i32 first = all ? 0 : m_configData.sourceLayer;
+    const i32 last = all ? layers - 1 : first;
+    for (i32 layer = first; layer <= last; ++layer) {
+        if (layer == destination ||
+            MergeFrame(staff, measure, static_cast<u16>(layer), destination) != 0) {
             continue;
         }
         // The merge of a frame may fail without telling why; the edit must not be kept.

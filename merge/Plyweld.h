@@ -38,8 +38,8 @@ public:
     // The dialog, filled from the options when it opens.
     i16 OnInitializeWindow(WindowHandle window) override;
     i16 HandleCommand(WindowHandle window, u16 control, u8* final) override;
-    // However it is closed, the options are as it shows them.
-    i16 CloseDialog(WindowHandle window) override;
+    // However its window ends, the options are as it showed them.
+    i16 OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) override;
     void CopyDialogToConfigData(WindowHandle window) override;
     // Says in words what is selected.
     void UpdateSelectionText(WindowHandle window) override;
@@ -63,7 +63,6 @@ private:
     }
     // The bytes read; 0 = nothing is stored.
     u32 ReadStoredSettings();
-    bool MergesFrom(i16 layer) const;
     void RebeamWholeMeasures() const;
 
     std::u16string m_name;

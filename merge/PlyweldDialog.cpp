@@ -95,6 +95,7 @@ i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
             RunModeless();
             break;
         case Control::kClose:
+            CopyDialogToConfigData(window);
             *final = 1;
             CloseDialog(window);
             break;
@@ -104,11 +105,12 @@ i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
     return 0;
 }
 
-i16 Plyweld::CloseDialog(WindowHandle window) {
-    if (m_initialized != 0 && !IsRunning()) {
+i16 Plyweld::OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) {
+    // A run keeps the options it began with; a list that is gone shows none.
+    if (m_initialized != 0 && !IsRunning() && m_toList.GetItemCount() > 0) {
         CopyDialogToConfigData(window);
     }
-    return FinPIModeless::CloseDialog(window);
+    return FinPIModeless::OnDestroyWindow(window, eventWord, eventLong);
 }
 
 void Plyweld::UpdateGoButton(WindowHandle window) {

@@ -48,9 +48,11 @@ void PostNotActivated() {
     PostError(FinPIAppError{"Plyweld::PrepareDocument", "Unable to activate the layer."});
 }
 
-// The command acts on whatever layer is active: never on another than the destination.
+// The command acts on whatever layer is active: never on another than the destination, unless the
+// host does not tell.
 void ReplaceInLayer(const FinPIDoc& document, i16 destination, bool optionOn) {
-    if (FindActiveLayer(document, optionOn) != destination) {
+    const i16 active = FindActiveLayer(document, optionOn);
+    if (active != kNoLayer && active != destination) {
         PostNotActivated();
         return;
     }
@@ -83,9 +85,11 @@ i16 Plyweld::PrepareDocument() {
     if (active != destination) {
         ActivateLayer(std::max<i16>(active, 0));
     }
-    if (!wasOn && document.ShowActiveLayerOnlyOption() != 0 &&
-        Host::ExecuteMenuItem(kToggleShowActiveLayerOnly) == 0) {
-        document.SetShowActiveLayerOnlyOption(0);
+    if (!wasOn) {
+        Host::ExecuteMenuItem(kToggleShowActiveLayerOnly);
+        if (document.ShowActiveLayerOnlyOption() != 0) {
+            document.SetShowActiveLayerOnlyOption(0);
+        }
     }
     return 1;
 }

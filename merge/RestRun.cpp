@@ -17,14 +17,18 @@ bool IsReplaceable(const FinPIEntryPtr& entry) {
     return !entry.IsNote() && !entry.HasFlag(EntryFlag::kLaunchVoice2);
 }
 
-// Where the selected time of the measure ends, as far as the source has music.
+// Where the selected time of the measure ends, as the staff counts and as far as the source has
+// music.
 i32 FillLimit(const FramePair& frames) {
     const i32 sourceEnd = frames.source.Duration();
+    const i32 nominal = frames.destination.NominalMeasureDuration();
+    const i32 staff = frames.destination.StaffMeasureDuration();
     if (frames.destination.Measure() != frames.region.endMeasure ||
-        frames.region.endPosition == kEndOfMeasure) {
+        frames.region.endPosition >= ScaleToNominal(sourceEnd, nominal, staff)) {
         return sourceEnd;
     }
-    return std::min(frames.region.endPosition + 1, sourceEnd);
+    // The other way round: from the measure's duration to the staff's.
+    return std::min(ScaleToNominal(frames.region.endPosition + 1, staff, nominal), sourceEnd);
 }
 
 // Whether time missing from here on, as the staff counts, lies within the selection.

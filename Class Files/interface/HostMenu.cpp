@@ -18,6 +18,10 @@ bool BeginsWith(const std::u16string& menuText, const std::u16string& text) {
         if (place < menuText.size() && menuText[place] == u'&') {
             ++place;
         }
+        // Of "&&", which shows as an ampersand, none may be in the searched text.
+        while (place < menuText.size() && menuText[place] == u'&' && character != u'&') {
+            ++place;
+        }
         if (place >= menuText.size() || menuText[place] != character) {
             return false;
         }

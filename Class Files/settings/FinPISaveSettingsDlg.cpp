@@ -28,7 +28,8 @@ void ReportOpeningError(const char* detail) {
 
 FinPISaveSettingsDlg::FinPISaveSettingsDlg(FinPI* owner, const char16* commandKey)
     : FinPIDialog{owner, kSaveSettingsDialog, u"Save Settings", nullptr, nullptr},
-      m_selectedNumber{owner->SavedSettingNumber()},
+      m_numberInUse{owner->SavedSettingNumber()},
+      m_selectedNumber{m_numberInUse},
       m_nameField{Control::kName},
       m_skipBox{Control::kSkipDialog},
       m_submenuBox{Control::kUseSubmenu} {
@@ -76,7 +77,7 @@ i16 FinPISaveSettingsDlg::OnInitializeWindow(WindowHandle window) {
         return 0;
     }
     SetUpOptionRows(window);
-    if (m_owner->SavedSettingNumber() != 0) {
+    if (m_numberInUse != 0) {
         Host::ShowHideDlgItem(window, Control::kDeleteAll, i16{0});
     }
     SelectFirstEntry();

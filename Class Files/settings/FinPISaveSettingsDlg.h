@@ -48,7 +48,13 @@ private:
     void SetUpOptionRows(WindowHandle window);
     void SelectFirstEntry();
 
+    bool HasRoom() const;
+    // It was not added only now, and is not the one in use.
+    bool CanDelete(SavedSettingItem item);
     void UpdateButtons();
+    // After a press of a button. One that is disabled now must not keep the keyboard focus, nor
+    // hand it to the button behind it, where the same key would do something else.
+    void LeaveButton(bool stillEnabled);
     void CommitEditedName(i16 chosen);
     void AddNewItem(bool commitFirst);
     bool CommitSavedSettings();
@@ -61,7 +67,8 @@ private:
 
     char16 m_commandKey[256]{};
     u16 m_nextDefaultNumber = 1;
-    i16 m_loadedCount = 0;
+    i16 m_loadedCount = 0;    // the highest number that may be stored
+    const i16 m_numberInUse;  // the owner's saved setting at the opening; 0 = none
     i16 m_selectedNumber;
     i16 m_currentPosition = 0;  // the list position that the controls show
     u16 m_nextIdentifier = 0;   // the highest one met, or the last one given

@@ -19,6 +19,18 @@ bool SameName(const std::u16string& left, const std::u16string& right) {
 
 }  // namespace
 
+bool FinPISaveSettingsDlg::HasRoom() const {
+    return List().Count() < SavedSettings::kMostPerCommand;
+}
+
+bool FinPISaveSettingsDlg::CanDelete(SavedSettingItem item) {
+    const SavedSettingPtr* stored = StoredSetting(item);
+    // What an older version stored may have had no identifier when the command took it up.
+    return stored != nullptr &&
+           item.StoredNumber() != SavedSettings::StoredNumber(CommandID(), m_numberInUse) &&
+           stored->Header().identifier != m_owner->SavedSettingIdentifier();
+}
+
 void FinPISaveSettingsDlg::UpdateButtons() {
     const SavedSettingList list = List();
     SavedSettingItem item{0};
@@ -28,12 +40,8 @@ void FinPISaveSettingsDlg::UpdateButtons() {
         item = list.Item(m_currentPosition);
         name = list.Name(m_currentPosition);
     }
-    const SavedSettingPtr* stored = StoredSetting(item);
-    const bool deletable =
-        stored != nullptr && stored->Header().identifier != m_owner->SavedSettingIdentifier();
-    Host::EnableDlgItem(m_window, Control::kDelete, static_cast<i16>(deletable ? 1 : 0));
-    const bool hasRoom = list.Count() < SavedSettings::kMostPerCommand;
-    Host::EnableDlgItem(m_window, Control::kAdd, static_cast<i16>(hasRoom ? 1 : 0));
+    Host::EnableDlgItem(m_window, Control::kDelete, static_cast<i16>(CanDelete(item) ? 1 : 0));
+    Host::EnableDlgItem(m_window, Control::kAdd, static_cast<i16>(HasRoom() ? 1 : 0));
     m_skipBox.SetValue(item.SkipsDialog() ? 1 : 0);
     m_nameField.SetText(name.c_str());
 }
@@ -78,6 +86,12 @@ void FinPISaveSettingsDlg::AddNewItem(bool commitFirst) {
     UpdateButtons();
 }
 
+void FinPISaveSettingsDlg::LeaveButton(bool stillEnabled) {
+    if (!stillEnabled) {
+        m_nameField.SetFocus();
+    }
+}
+
 i16 FinPISaveSettingsDlg::HandleCommand(WindowHandle window, u16 control, u8* final) {
     switch (control) {
         case Control::kOk:
@@ -96,10 +110,12 @@ i16 FinPISaveSettingsDlg::HandleCommand(WindowHandle window, u16 control, u8* fi
             return 1;
         case Control::kAdd:
             AddNewItem(true);
+            LeaveButton(HasRoom());
             return 1;
         case Control::kDelete:
             List().RemoveSelected();
             UpdateButtons();
+            LeaveButton(CanDelete(List().Item(List().Selected())));
             return 1;
         case Control::kDeleteAll:
             List().Clear();

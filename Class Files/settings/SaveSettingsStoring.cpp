@@ -42,12 +42,15 @@ bool FinPISaveSettingsDlg::CommitSavedSettings() {
     for (SavedSettingPtr& setting : m_storedSettings) {
         setting.written = false;
     }
+    m_selectedNumber = m_numberInUse;
+    m_selectedIdentifier = 0;
     const i16 count = List().Count();
     const i16 selected = List().Selected();
     for (i16 position = 1; position <= count; ++position) {
         WriteEntry(position, selected);
     }
     if (g_pendingError != nullptr && g_pendingError->m_msgID != 0) {
+        m_loadedCount = std::max(m_loadedCount, count);
         ReportPendingError();
         return false;
     }

@@ -78,15 +78,15 @@ TEST_F(HostMenuTest, AfterAHitOnlyItsMenuIsSearched) {
 }
 
 TEST_F(HostMenuTest, GathersTheCommandAndItsSavedSettings) {
-    HMENU__& plugins = AddMenu({u"First", u"Plyweld 6.10...", u"Plyweld 6.10 A&B...", u"Last"});
+    HMENU__& plugins = AddMenu({u"First", u"Plyweld 6.10...", u"Plyweld 6.10 A&B&&C...", u"Last"});
     plugins.items[1].greyed = true;
     const platform::Menu submenu =
         MakePluginSubmenu(&m_window, u"Plyweld", u"Plyweld", u"Plyweld 6.10");
     ASSERT_NE(submenu, nullptr);
-    EXPECT_EQ(Show(plugins), u"First|Plyweld{~Plyweld...}|Plyweld 6.10 A&B...|Last");
+    EXPECT_EQ(Show(plugins), u"First|Plyweld{~Plyweld...}|Plyweld 6.10 A&B&&C...|Last");
     platform::AppendMenuSeparator(submenu);
-    EXPECT_TRUE(MoveSettingItem(&m_window, submenu, u"A&B...", u"Plyweld 6.10 "));
-    EXPECT_EQ(Show(plugins), u"First|Plyweld{~Plyweld...|-|A&B...}|Last");
+    EXPECT_TRUE(MoveSettingItem(&m_window, submenu, u"A&B&&C...", u"Plyweld 6.10 "));
+    EXPECT_EQ(Show(plugins), u"First|Plyweld{~Plyweld...|-|A&B&&C...}|Last");
     EXPECT_EQ(submenu->items[0].command, 41U);
     EXPECT_EQ(submenu->items[2].command, 42U);
     EXPECT_FALSE(MoveSettingItem(&m_window, submenu, u"C...", u"Plyweld 6.10 "));

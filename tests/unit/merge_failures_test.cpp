@@ -89,11 +89,12 @@ TEST(MissingCallbacks, OfWhatTheMergeCanDoWithout) {
     StandIn host{1, 2};
     Write(host);
     const Plugin plugin;
-    for (const char* name : {"FX_GetMaxLayers", "FX_GetCurrentPartID", "FX_MassEditProgress",
-                             "FX_StartMassEdit", "FX_RebeamRegion", "FX_GetMeasureNumberString"}) {
+    for (const char* name :
+         {"FX_GetMaxLayers", "FX_GetShowLayer", "FX_GetCurrentPartID", "FX_MassEditProgress",
+          "FX_StartMassEdit", "FX_RebeamRegion", "FX_GetMeasureNumberString"}) {
         platform::headless::HideHostFunction(name);
     }
-    plugin.Merge(host);
+    plugin.Merge(host, {.mode = 1});
     EXPECT_EQ(host.Layer(1, 2, 0), "h:c4 h:d4");
     EXPECT_EQ(host.Score().UndoTexts(), std::vector<std::u16string>{u"Plyweld #1-#2"});
     EXPECT_TRUE(App().alerts.empty());

@@ -158,10 +158,10 @@ TEST(ChordRegion, StaffWithATimeOfItsOwn) {
     // Twice as many units in the staff as in the measure: positions are scaled to compare.
     StandIn host;
     host.Score().SetMeasureDuration(host.Staff(1), 1, 8192);
-    host.Write({"w:c4 w:c4", "w:e4 w:e4"});
+    host.Write({"h:c4 q:d4", "h:e4 q:f4 q:g4 w:a4"});
     host.Select(1, 1, 0, 1, 1, 2047);
     Plugin{}.Merge(host);
-    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4,e4 w:c4");
+    EXPECT_EQ(host.Layer(1, 1, 0), "h:c4,e4 q:d4,f4 q:g4");
 }
 
 TEST(Layers, AllGoInOrderIntoTheDestination) {
@@ -170,6 +170,8 @@ TEST(Layers, AllGoInOrderIntoTheDestination) {
     Plugin{}.Merge(host, {.destination = 1});
     EXPECT_EQ(host.Layer(1, 1, 1), "w:d4,c4,e4,f4");
     EXPECT_EQ(host.Layer(1, 1, 0), "w:r");
+    Plugin{}.Merge(host, {.source = 4});
+    EXPECT_EQ(App().alerts.size(), 1U) << "there is no such layer";
 }
 
 // Each of two equal pitches has a notehead of its own, which must not meet on one note.

@@ -201,7 +201,7 @@ TEST_F(OpenCommand, ADeletedSettingIsNotWrittenOverAnother) {
     EXPECT_EQ(App().alerts.size(), 1U);
 }
 
-TEST_F(OpenCommand, HoweverItIsClosedItStoresWhatItShows) {
+TEST_F(OpenCommand, HoweverItEndsItStoresWhatItShows) {
     constexpr u32 kSystemCommand = 274;
     constexpr u64 kCloseCommand = 0xF060;
     Plugin::Store({12, 0, 3, 0, 1, 0});
@@ -209,7 +209,7 @@ TEST_F(OpenCommand, HoweverItIsClosedItStoresWhatItShows) {
     open.Choose(kFrom, 3);
     desk.ThenSaveAs(u"Mine");
     open.Press(kSaveSettings);
-    open.Send(kCloseMessage);
+    open.Send(kDestroyMessage);
     EXPECT_EQ(Plugin::Stored("Save Settings", "ZKSC22001").at(162), 1);
     EXPECT_EQ(StoredOptions()[2], 0) << "the command's own stay";
     OpenDialog& again = Open();
@@ -264,8 +264,10 @@ TEST_F(OpenCommand, NoRunBeginsInsideAnother) {
     plugin.Init();
     OpenDialog& other = Open(1);
     OpenDialog& open = Open();
-    App().progressListener = [&other](const ProgressReport&) {
+    App().progressListener = [&](const ProgressReport&) {
         other.Press(kGo);
+        desk.ThenSaveAs(u"B");
+        other.Press(kSaveSettings);
         return true;
     };
     App().faults.refuseKind = FaultPlan::AllOf(HostCall::kDeleteEData);

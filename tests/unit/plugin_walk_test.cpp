@@ -108,6 +108,7 @@ TEST(Replace, ClearsNoOtherLayerThanTheDestination) {
         EXPECT_EQ(host.Layer(1, 1, 0), refused == 1 ? "w:e4" : "w:c4");
         EXPECT_EQ(host.Layer(1, 1, 2), "w:g4");
         EXPECT_EQ(App().alerts.size(), refused - 1);
+        EXPECT_EQ(App().menuCommands.back(), MenuCommand::kShowActiveLayerOnly);
         EXPECT_EQ(App().activeLayer, 2);
         EXPECT_FALSE(App().ShowsActiveLayerOnly());
     }

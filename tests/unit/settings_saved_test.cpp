@@ -131,13 +131,20 @@ TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
     PutSettings(1);
     EXPECT_TRUE(standin::App().alerts.back().text.starts_with(
         u"SavedSettingPtr::PutToFile->Unable to write to config"));
+    Run([](OpenDialog& open) {
+        headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 1);
+        open.Press(Control::kOk);
+        open.Press(Control::kDeleteAll);
+    });
+    EXPECT_EQ(StoredValue(kPreferences + "\\Save Settings", "ZKSC22002"), std::nullopt);
+    EXPECT_EQ(command.SavedSettingNumber(), 0) << "nothing is left to work on";
     // No other error is taken for that of a refused write.
     PostError(FinPIAppError{"elsewhere", "before"});
     Run([](OpenDialog& open) {
         open.Press(Control::kOk);
         EXPECT_TRUE(open.ended);
     });
-    EXPECT_EQ(Alerts(), 2U);
+    EXPECT_EQ(Alerts(), 3U);
 }
 
 TEST_F(SavedSettingsTest, TakeWhatTheDialogShowsInTheOrderOfTheirNames) {
@@ -208,11 +215,14 @@ TEST_F(SavedSettingsTest, BehindTheHighestIdentifierComesTheLowestFreeOne) {
     Store(1, u"a", 65535);
     Store(2, u"b", 0);
     Store(3, u"c", 1);
+    command.UseSavedSetting(2, 0);
     Run([](OpenDialog& open) {
+        EXPECT_TRUE(open.disabled.contains(Control::kDelete)) << "in use";
+        open.Press(Control::kAdd);
         open.Type(Control::kName, u"d");
         open.Press(Control::kOk);
     });
-    EXPECT_EQ(Stored(), (Notes{"a 65535 0 abcd", "b 2 0 abcd", "c 1 0 abcd", "d 3 1 dlg!"}));
+    EXPECT_EQ(Stored(), (Notes{"a 65535 0 abcd", "b 2 0 abcd", "c 1 0 abcd", "d 3 0 dlg!"}));
 }
 
 TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
@@ -220,7 +230,9 @@ TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
     Run([](OpenDialog& open) {
         EXPECT_TRUE(open.disabled.contains(Control::kAdd));
         open.Press(Control::kDelete);
-        EXPECT_FALSE(open.disabled.contains(Control::kAdd));
+        open.focus = Control::kAdd;
+        open.Press(Control::kAdd);
+        EXPECT_EQ(open.focus, Control::kName) << "a disabled button has no use for the keys";
         open.Press(Control::kDeleteAll);
         EXPECT_TRUE(open.ended);
     });
