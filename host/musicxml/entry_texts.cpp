@@ -116,6 +116,7 @@ void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts
         entry.entryNumber, [&](u32 tag, RecordKey, const Bytes& bytes) {
             switch (tag) {
                 case DetailTag::kArticulation:
+                case DetailTag::kRestLook:
                 case DetailTag::kBeams:
                 case DetailTag::kStem:
                     AddText(FromBytes<EntryText>(bytes), texts);

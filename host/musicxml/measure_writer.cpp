@@ -105,7 +105,13 @@ void MeasureWriter::CollectStreams() {
     for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
         for (u16 layer = 0; layer < kLayers; ++layer) {
             const FrameKey key{m_part.staves[staff].staff, m_measure, layer};
-            if (const Frame* frame = m_score.document->FindFrame(key)) {
+            const Frame* frame = m_score.document->FindFrame(key);
+            const Frame* imported = m_score.document->ImportedFrame(key);
+            const bool bothAre = frame != nullptr && imported != nullptr;
+            if (bothAre ? !(*imported == *frame) : imported != frame) {
+                m_changedVoices.insert(VoiceName(staff, layer));
+            }
+            if (frame != nullptr) {
                 CollectStream(*frame, key, staff, false);
                 CollectStream(*frame, key, staff, true);
             }
@@ -125,8 +131,6 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
     }
     Stream& stream = m_streams.emplace_back();
     stream.voice = VoiceName(staff, key.layer);
-    const Frame* imported = m_score.document->ImportedFrame(key);
-    const bool isChanged = imported == nullptr || !(*imported == frame);
     for (const TimedEntry& timed : entries) {
         if (m_score.forms[timed.entry->fieldAt12].gap && timed.entry->noteCount == 0 &&
             (timed.entry->flags & EntryFlag::kIgnore) != 0) {
@@ -136,7 +140,6 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
         event.time = timed;
         event.staff = staff;
         event.layer = key.layer;
-        event.changed = isChanged;
         event.beamedByHost = frame.BeamedByHost();
         GatherEntryTexts(*m_score.document, *timed.entry, event.texts);
         const bool isHiddenRest =
@@ -152,11 +155,12 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
     }
 }
 
-// The layer's own voice; for a layer that never had one, the first number not in use.
+// As it is written: the layer's own voice; for a layer that never had one, the first number not
+// in use.
 std::string MeasureWriter::VoiceName(std::size_t staff, u16 layer) const {
     const std::string& known = m_part.staves[staff].Name(m_measure, layer);
     if (!known.empty()) {
-        return known;
+        return Escaped(known);
     }
     const auto isUsed = [this](const std::string& name) {
         return std::any_of(m_part.staves.begin(), m_part.staves.end(),
@@ -180,7 +184,8 @@ void MeasureWriter::MendLines() {
         const auto hasItsName = [&stream](const Stream& other) {
             return other.voice == stream->voice;
         };
-        if (std::any_of(m_streams.begin(), stream, hasItsName)) {
+        if (!m_changedVoices.contains(stream->voice) ||
+            std::any_of(m_streams.begin(), stream, hasItsName)) {
             continue;
         }
         std::vector<Line> lines;
@@ -211,9 +216,6 @@ void MeasureWriter::MendLines() {
 }
 
 void MeasureWriter::MendLine(Line line) {
-    if (std::none_of(line.begin(), line.end(), [](const Event* e) { return e->changed; })) {
-        return;
-    }
     MendBrackets(line);
     std::erase_if(line, [](const Event* event) { return event->beamedByHost; });
     MendBeams(line);

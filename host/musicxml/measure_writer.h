@@ -1,6 +1,7 @@
 // Writes one measure of one part anew, from the host's frames and the items kept in the text.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -30,7 +31,6 @@ private:
         EntryTexts texts;
         std::string beams;
         EntryBrackets brackets;
-        bool changed = false;  // its frame differs from the import
         bool beamedByHost = false;
     };
     // Entries that follow one another in one voice.
@@ -68,6 +68,7 @@ private:
     NoteWriter m_notes;
     std::vector<CrossingEnds> m_crossing;
     std::vector<Stream> m_streams;
+    std::set<std::string> m_changedVoices;    // those whose frames differ from the import
     std::vector<const MeasureItem*> m_items;  // by time
     std::size_t m_nextItem = 0;
     Rational m_time{};

@@ -100,6 +100,8 @@ private:
         for (const EntryText& text : m_texts.texts) {
             if (text.kind == EntryTextKind::kRestExtras) {
                 AttachBundle(Kind::kEntry, text.fragment);
+            } else if (text.kind == EntryTextKind::kRestLook) {
+                AttachBundle(Kind::kLook, text.fragment);
             } else {
                 Attach(Kind::kEntry, text.fragment);
             }

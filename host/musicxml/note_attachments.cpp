@@ -3,6 +3,7 @@
 #include <cstring>
 #include <unordered_map>
 
+#include "host/musicxml/entry_texts.h"
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/xml_node.h"
 #include "host/score/frame.h"
@@ -71,6 +72,11 @@ std::string WithoutId(std::string_view attributes) {
 bool IsOfOneNote(std::string_view name) {
     return name == "technical" || name == "arpeggiate" || name == "non-arpeggiate" ||
            name == "accidental-mark";
+}
+
+// Children of a rest that keep no music from taking its place.
+bool IsLookOfRest(std::string_view name) {
+    return name == "instrument" || name == "type" || name == "dot" || name == "cue";
 }
 
 }  // namespace
@@ -343,10 +349,7 @@ void NoteAttachments::StoreExtras(const NoteElement& note) {
     if (note.rest) {
         m_extras += m_notehead;
         m_extras += m_dotsArePlain ? "" : m_dots;
-        if (!m_extras.empty()) {
-            CreateEntryText(DetailTag::kArticulation, EntryTextKind::kRestExtras,
-                            m_fragments.InternCopy(m_extras));
-        }
+        StoreRestExtras();
         return;
     }
     if (!m_extras.empty()) {
@@ -357,6 +360,22 @@ void NoteAttachments::StoreExtras(const NoteElement& note) {
     }
     if (!m_dotsArePlain || note.dots != m_place.form->dots) {
         CreateNoteText(DetailTag::kDots, m_fragments.InternCopy(m_dots));
+    }
+}
+
+void NoteAttachments::StoreRestExtras() {
+    std::string look{BundleAttributes(m_extras)};
+    std::string others;
+    ForEachElement(m_extras, [&](std::string_view element) {
+        (IsLookOfRest(ElementName(element)) ? look : others) += element;
+    });
+    if (!look.empty()) {
+        CreateEntryText(DetailTag::kRestLook, EntryTextKind::kRestLook,
+                        m_fragments.InternCopy(look));
+    }
+    if (!others.empty()) {
+        CreateEntryText(DetailTag::kArticulation, EntryTextKind::kRestExtras,
+                        m_fragments.InternCopy(others));
     }
 }
 

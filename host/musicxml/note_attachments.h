@@ -58,6 +58,7 @@ private:
     void ReadTuplet(pugi::xml_node tuplet, std::string_view element);
     bool ReadSpanner(pugi::xml_node spanner, std::string_view element);
     void StoreExtras(const NoteElement& note);
+    void StoreRestExtras();
     void StoreTies();
     void AddExtra(std::string_view element);
     void CreateEntryText(u32 tag, EntryTextKind kind, FragmentId fragment);

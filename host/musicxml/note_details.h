@@ -12,6 +12,7 @@ namespace standin {
 // Tags in use beside those of host/score/tags.h.
 namespace DetailTag {
 inline constexpr u32 kArticulation = HostTag("edIM");  // EntryText
+inline constexpr u32 kRestLook = HostTag("edAS");      // EntryText, kRestLook
 inline constexpr u32 kLyric = HostTag("SdvE");         // EDTLyric2011, fragment at offset 4
 inline constexpr u32 kBeams = HostTag("edub");         // EntryText, kBeams
 inline constexpr u32 kStem = HostTag("edST");          // EntryText, kStem
@@ -32,7 +33,8 @@ enum class EntryTextKind : u16 {
     kArticulation = 1,  // inside <notations><articulations>
     kOrnament,          // inside <notations><ornaments>; with the accidental marks after it
     kNotation,          // inside <notations>, or a <notations> of its own
-    kRestExtras,        // a rest's attributes and children beyond the usual
+    kRestLook,          // of a rest: attributes, and children that nobody misses without it
+    kRestExtras,        // its other children beyond the usual
     kBeams,
     kStem,
 };

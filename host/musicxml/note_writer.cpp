@@ -83,7 +83,7 @@ void NoteWriter::CollectExtras(int index) {
     m_extras.clear();
     if (m_entry->noteCount == 0) {
         for (const EntryText& text : m_texts->texts) {
-            if (text.kind == EntryTextKind::kRestExtras) {
+            if (text.kind == EntryTextKind::kRestLook || text.kind == EntryTextKind::kRestExtras) {
                 AddExtras(text.fragment);
             }
         }

@@ -146,4 +146,18 @@ std::string WithAttribute(std::string_view element, std::string_view name, std::
     return result;
 }
 
+std::string Escaped(std::string_view text) {
+    std::string result;
+    for (const char sign : text) {
+        if (sign == '&') {
+            result += "&amp;";
+        } else if (sign == '<') {
+            result += "&lt;";
+        } else {
+            result += sign;
+        }
+    }
+    return result;
+}
+
 }  // namespace standin

@@ -48,4 +48,7 @@ std::string_view AttributeText(std::string_view element, std::string_view name);
 // The element with the attribute set; added when missing, dropped when value is empty.
 std::string WithAttribute(std::string_view element, std::string_view name, std::string_view value);
 
+// The text as it stands between tags, with references for the characters that mean markup.
+std::string Escaped(std::string_view text);
+
 }  // namespace standin

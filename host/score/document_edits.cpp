@@ -28,33 +28,73 @@ private:
 
 using Place = std::pair<u16, u16>;  // staff and measure
 
-void AddEndsOf(const Bytes& record, std::set<Place>& places) {
-    const auto shape = FromBytes<EDTSmartShape>(record);
-    places.emplace(u16{shape.start.staff}, u16{shape.start.measure});
-    places.emplace(u16{shape.end.staff}, u16{shape.end.measure});
+void AddPlaceOf(const EDTSmartShapeEnd& end, std::set<Place>& places) {
+    if (end.staff != 0) {
+        places.emplace(u16{end.staff}, u16{end.measure});
+    }
 }
 
-// Where a record's content shows; nothing for records that show nowhere in particular. Without
-// one of its marks a line is drawn at neither end.
+bool IsMarkOf(const Bytes& mark, u16 shape) {
+    return FromBytes<EDTSmartShapeEntMark>(mark).shapeNumber == shape;
+}
+
+bool IsMarked(const Document& document, u32 entry, u16 shape) {
+    const RecordStore::Table& marks = document.Records().OfTag(Tag::kShapeOnEntry);
+    for (auto at = marks.lower_bound(RecordKey::OfEntry(entry));
+         at != marks.end() && at->first.Entry() == entry; ++at) {
+        if (IsMarkOf(at->second, shape)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool WasMarked(const Document& document, u32 entry, u16 shape) {
+    const Bytes* mark = nullptr;
+    for (u16 inci = 0; mark == nullptr || !IsMarkOf(*mark, shape); ++inci) {
+        mark = document.ImportedRecord(Tag::kShapeOnEntry, RecordKey::OfEntry(entry, inci));
+        if (mark == nullptr) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The ends that moved; both when the line came or went: without one of its marks it is drawn at
+// neither.
+void AddChangedEnds(const Document& document, u16 number, std::set<Place>& places) {
+    const RecordKey key = RecordKey::Other(number);
+    const Bytes* before = document.ImportedRecord(Tag::kSmartShape, key);
+    const Bytes* now = document.Records().Find(Tag::kSmartShape, key);
+    const auto was = before == nullptr ? EDTSmartShape{} : FromBytes<EDTSmartShape>(*before);
+    const auto is = now == nullptr ? EDTSmartShape{} : FromBytes<EDTSmartShape>(*now);
+    const bool wasDrawn = WasMarked(document, was.start.entryNumber, number) &&
+                          WasMarked(document, was.end.entryNumber, number);
+    const bool isDrawn = IsMarked(document, is.start.entryNumber, number) &&
+                         IsMarked(document, is.end.entryNumber, number);
+    for (const auto end : {&EDTSmartShape::start, &EDTSmartShape::end}) {
+        if (wasDrawn != isDrawn || BytesOf(was.*end) != BytesOf(is.*end)) {
+            AddPlaceOf(was.*end, places);
+            AddPlaceOf(is.*end, places);
+        }
+    }
+}
+
+// Where a record's content shows; nothing for records that show nowhere in particular.
 void AddPlacesOf(u32 tag, RecordKey key, const Bytes& bytes, const Document& document,
                  std::set<Place>& places) {
     if (tag == Tag::kExpression) {
         const i16 staff = FromBytes<MyExpressionAssign>(bytes).staff;
         places.emplace(static_cast<u16>(std::max<i16>(staff, 0)), key.OtherItem());
     } else if (tag == Tag::kSmartShape) {
-        AddEndsOf(bytes, places);
+        AddChangedEnds(document, key.OtherItem(), places);
     } else if (FamilyOf(tag) == RecordFamily::kEntryDetail) {
         const FrameKey home = document.HomeOf(key.Entry());
         if (home.staff != 0) {  // an entry that is gone changed its frame
             places.emplace(home.staff, home.measure);
         }
-        const Bytes* shape = nullptr;
         if (tag == Tag::kShapeOnEntry) {
-            const u16 number = FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber;
-            shape = document.Records().Find(Tag::kSmartShape, RecordKey::Other(number));
-        }
-        if (shape != nullptr) {
-            AddEndsOf(*shape, places);
+            AddChangedEnds(document, FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber, places);
         }
     }
 }

@@ -29,8 +29,9 @@ bool IsShapeEnd(const std::string& attachment) {
 }
 
 // The look of a rest, which goes with it when it is filled.
-bool IsStemOrBeam(const std::string& attachment) {
-    return attachment.starts_with("edST ") || attachment.starts_with("edub ");
+bool IsLook(const std::string& attachment) {
+    return attachment.starts_with("edST ") || attachment.starts_with("edub ") ||
+           attachment.starts_with("edAS ");
 }
 
 // Its last staff is found in the list of its start, when it stands there, else in the score's own.
@@ -175,7 +176,7 @@ private:
     bool RestKeepsAll(const EntryFacts& fact) {
         const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
         const auto isKept = [&](const std::string& attachment) {
-            return IsStemOrBeam(attachment) ||
+            return IsLook(attachment) ||
                    std::any_of(candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
                        const bool fits = IsShapeEnd(attachment)
                                              ? FitsShapeEnd(*fact.entry, *other->entry)

@@ -149,9 +149,6 @@ const struct {
     {"ASlurToRestsFilledWithALongerNote",
      {Half("C4", "1", kSlurStart), Half("r") + Half("r", "1", kSlurStop) + Backup(8) +
                                        Note({.duration = 8, .type = "whole", .voice = "2"})}},
-    {"AFilledRestHadAStemAndABeam",
-     {Half("A5") + Half("r", "1", "<stem>none</stem><beam>continue</beam>") + Backup(8) +
-      Half("r", "2") + Half("C5", "2")}},
     {"AStemOfALaterNoteOfAChord",
      {Half("A5", "1", kStem) + Backup(4) + Half("A5", "2") + Half("E4", "2", kStem, "<chord/>")}},
     {"ANotesNotationsChangeOrder",
@@ -171,6 +168,17 @@ TEST_F(CommandRun, WhatLosesNothingIsVerified) {
         arguments.insert(arguments.end(), c.options.begin(), c.options.end());
         EXPECT_EQ(Run(arguments), kDone) << errors;
     }
+}
+
+TEST_F(CommandRun, TheLookOfARestKeepsNoMusicOut) {
+    std::string rest = Half("r", "1", "<stem>none</stem><beam>continue</beam>");
+    rest.replace(0, 6, "<note default-x=\"5\">");
+    rest.insert(rest.find("<voice>"), "<instrument id=\"I1\"/>");
+    const std::string text =
+        standin::ScoreText({Half("A5") + rest + Backup(8) + Half("r", "2") + Half("C5", "2")});
+    EXPECT_EQ(Run({"merge", Write("in.xml", text), "-o", File("out.xml"), "--verify"}), kDone)
+        << errors;
+    EXPECT_NE(output.find("1 rest filled"), std::string::npos) << output;
 }
 
 TEST_F(CommandRun, OneEndOfWhatCrossesABarlineStaysInEachMeasure) {

@@ -70,6 +70,10 @@ TEST_F(HostChanges, EntryDetailsExpressionsAndShapeEndsCount) {
     EXPECT_EQ(host.Score().ChangedMeasures(), Places{At(1, 4)});
     records.Delete(Tag::kExpression, RecordKey::Other(2, 0));
     EXPECT_EQ(host.Score().ChangedMeasures(), (Places{At(1, 2), At(1, 4)}));
+    auto shape = FromBytes<EDTSmartShape>(*records.Find(Tag::kSmartShape, RecordKey::Other(1)));
+    ++shape.start.position;
+    records.Save(Tag::kSmartShape, RecordKey::Other(1), BytesOf(shape));
+    EXPECT_EQ(host.Score().ChangedMeasures(), (Places{At(1, 1), At(1, 2), At(1, 4)}));
     records.Delete(Tag::kSmartShape, RecordKey::Other(1));
     EXPECT_EQ(host.Score().ChangedMeasures(), (Places{At(1, 1), At(1, 2), At(1, 4), At(2, 3)}));
 }

@@ -92,7 +92,7 @@ TEST(Rebuilt, PiecesOfNotationsKeepWhatTheyNeed) {
 
 // No score has text between notes, but files may.
 TEST(Rebuilt, StaysXmlWhateverStandsInIt) {
-    std::string note = Note({});
+    std::string note = Note({.voice = "&lt;1"});
     for (const char* text : {"text", "\x0e ", "<![CDATA[a]]>", "<!-- a -->", "<?a b?>"}) {
         const std::string written = Rebuilt(*Read(ScoreText({note + text + note})));
         EXPECT_TRUE(ReadScore(written)) << text << '\n' << written;
@@ -227,6 +227,20 @@ TEST(Beams, BrokenOnesAreMadeWhole) {
         }
         EXPECT_EQ(after, expected) << before;
     }
+}
+
+// A voice that runs over two staves, when its music on one of them is gone.
+TEST(Beams, EndWhereTheirVoiceNowEnds) {
+    const auto note = [](const std::string& staff, const std::string& beam) {
+        return Note({.more = "<staff>" + staff + "</staff><beam>" + beam + "</beam>"});
+    };
+    const auto score = Read(ScoreText(
+        {note("2", "begin") + note("2", "continue") + note("1", "end")}, "<staves>2</staves>"));
+    score->document->PutFrame({1, 1, 0}, {});
+    const std::string written = WriteScore(*score);
+    EXPECT_EQ(Count(written, ">begin<"), 1);
+    EXPECT_EQ(Count(written, ">continue<"), 0);
+    EXPECT_EQ(Count(written, ">end<"), 1);
 }
 
 TEST(Brackets, OnlyPairsAroundSomethingShownAreKept) {
