@@ -3,7 +3,8 @@ add_library(plyweld_options INTERFACE)
 target_include_directories(plyweld_options INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_options(plyweld_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
-target_compile_definitions(plyweld_options INTERFACE PLYWELD_VERSION="6.10")
+target_compile_definitions(plyweld_options INTERFACE
+  PLYWELD_VERSION="${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
 
 if(WIN32)
   target_compile_definitions(plyweld_options INTERFACE
