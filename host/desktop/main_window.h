@@ -35,7 +35,6 @@ public:
     HWND Window() const noexcept { return m_window; }
     GridWindow& Grid() noexcept { return *m_grid; }
     ProgressWindow& Progress() noexcept { return m_progress; }
-    OpenDocuments& Documents() noexcept { return m_documents; }
     void CarryOut(u16 command);
     // After a change of the current document or its selection from outside.
     void ShowDocument();

@@ -125,11 +125,6 @@ int Total(const std::vector<MergedMeasure>& measures,
 
 }  // namespace
 
-int StaffMeasureContent::LayersWithMusic() const noexcept {
-    return static_cast<int>(std::count_if(layers.begin(), layers.end(),
-                                          [](const LayerContent& c) { return c.entries > 0; }));
-}
-
 std::vector<StaffMeasureContent> ContentOf(const ImportedScore& score) {
     const Document& document = *score.document;
     std::vector<StaffMeasureContent> contents;

@@ -22,8 +22,6 @@ struct StaffMeasureContent {
     u16 staff = 0;  // counted from 1 through the score
     u16 measure = 0;
     std::array<LayerContent, kLayers> layers{};
-
-    int LayersWithMusic() const noexcept;
 };
 
 // Every staff and measure that has any entry, by staff, then measure.
