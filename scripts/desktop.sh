@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Runs FINALE.EXE with its window, played by scripts, under Wine. Sourced after setup.sh.
 
 # A Wine prefix with a desktop of its own, so that windows have their frames and keep their

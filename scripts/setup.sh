@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # What ./run, ./check and the benchmarks need on a Debian 12 machine. Sourced, not run; the
 # caller has set `top`, the project's folder. Everything is installed once: a second call looks
 # and leaves. What is not a Debian package goes to build/ and touches nothing else.
