@@ -42,6 +42,11 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     staff.ShapeNotes()[2]->SetData("s", 1);
     staff.SetCommitNameTexts(true);
     staff.SetCommitShapeNotes(true);
+    {
+        const OtherDocument other;
+        EXPECT_TRUE(ErrorOf(staff.Commit()).starts_with("29999 FinPIStaff::Commit: Attempted"));
+        EXPECT_EQ(other->Records().OfTag(HostTag("txbl")).size(), 0U);
+    }
     ASSERT_EQ(staff.Commit(), 1);
 
     EXPECT_EQ(StoredStaff().fretInstrument, 3);
@@ -67,6 +72,10 @@ TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
     staff.SetCommitShapeNotes(true);
     ASSERT_EQ(staff.Commit(), 1);
     EXPECT_EQ(StoredStaff().flags, 1);
+    staff.ClearData();
+    staff.flags = StaffFlag::kShapeNotes;
+    ASSERT_EQ(staff.Commit(), 1);
+    EXPECT_EQ(Count(HostTag("SOIS")), 2U) << "no staff goes with its last flag";
 }
 
 TEST_F(Staves, EachHasAFretInstrumentOfItsOwn) {
