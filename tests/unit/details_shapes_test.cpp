@@ -162,6 +162,12 @@ TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
         const OtherDocument other;
         EXPECT_TRUE(ErrorOf(Move()).starts_with("29999 FinPIEntryPtr::MoveSmartShapeAssigns"));
         ASSERT_EQ(assign.Load() + assign.IsSkipped(), 1) << "its shape is of its own document";
+        EXPECT_TRUE(ErrorOf(assign.Commit()).starts_with(kOrigin + "Commit: Attempted"));
+        EXPECT_TRUE(ErrorOf(assign.Delete()).starts_with(kOrigin + "Delete: Attempted"));
+        assign.SelectRecord(FinPIEntryDetail::kNewRecord);
+        EXPECT_TRUE(ErrorOf(assign.Create()).starts_with(kOrigin + "Create: Attempted"));
+        assign.SelectRecord(0);
+        EXPECT_EQ(assign.Load(), 1);
     }
     EXPECT_TRUE(ErrorOf(assign.Create()).ends_with("Attempted to Create but already Loaded."));
     EXPECT_EQ(host.Score().Records().OfTag(Tag::kSmartShape).size(), 1U);
