@@ -86,6 +86,8 @@ public:
     i16 CreateEntryDetail(u32 tag, const void* data, u32 size, u16 recordNumber, u32 version) const;
     i16 SaveEntryDetail(u32 tag, u16 recordNumber, const void* data, u32 size, u32 version) const;
     i16 DeleteEntryDetail(u32 tag, u16 recordNumber, u32 version) const;
+    // False, and posted, when the entry's document is not the current one.
+    bool CheckDocumentIsCurrent(const char* operation) const;
     // The number the host gave to the record created last.
     u16 CreatedRecordNumber() const noexcept { return m_createdRecord; }
 
@@ -106,7 +108,6 @@ private:
     FinPIEntryPtr Step(i16 index) const;
     void Place(i16 index);
     bool IsAttachedHere(const FinPIScoreExpr& expression, bool launchTest, bool layerTest) const;
-    bool CheckDocumentIsCurrent(const char* operation) const;
     i16 AskStemDirection() const;
     i16 BeamStemDirection() const;
 

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <optional>
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/FinPITextExpression.h"
 
@@ -37,7 +38,8 @@ i16 FinPIScoreExpr::LoadCachedItems() {
     hasPosition = 0;
     belongsToEntry = 0;
     std::fill(std::begin(cached28), std::end(cached28), u8{0});
-    const std::optional<i16> placement = PlacementOf(*this);
+    const DocumentScope document{m_docID};
+    const std::optional<i16> placement = document ? PlacementOf(*this) : std::nullopt;
     if (!placement) {
         return 0;
     }
@@ -58,6 +60,13 @@ i16 FinPIScoreExpr::Load() {
 i16 FinPIScoreExpr::Complete(i16 found) {
     if (found != 0 && LoadCachedItems() == 0) {
         m_loaded = 0;
+    }
+    return IsLoaded();
+}
+
+i16 FinPIScoreExpr::CompleteStep(i16 found) {
+    if (Complete(found) == 0) {
+        Reset(kNoInci);
     }
     return IsLoaded();
 }

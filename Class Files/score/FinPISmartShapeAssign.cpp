@@ -88,6 +88,9 @@ FinPIEntryPtr FinPISmartShapeAssign::FindEndEntry() const {
 }
 
 i16 FinPISmartShapeAssign::Commit() {
+    if (!m_entry.CheckDocumentIsCurrent(kCommit)) {
+        return 0;
+    }
     if (!m_shape || (!EndsHere() && !FindEndEntry())) {
         PostError(FinPIAppError{kCommit, !m_shape || m_shape->end.entryNumber == 0
                                              ? "End entry for shape does not exist"
@@ -122,6 +125,9 @@ i16 FinPISmartShapeAssign::Create() {
     }
     if (!m_shape) {
         PostError(NoEndEntry());
+        return 0;
+    }
+    if (!m_entry.CheckDocumentIsCurrent("FinPISmartShapeAssign::Create")) {
         return 0;
     }
     Shape created{NextShapeNumber()};
@@ -163,6 +169,9 @@ bool FinPISmartShapeAssign::DeleteEndMark() {
 }
 
 i16 FinPISmartShapeAssign::Delete() {
+    if (!m_entry.CheckDocumentIsCurrent("FinPISmartShapeAssign::Delete")) {
+        return 0;
+    }
     if (m_shape && !EndsHere() && !DeleteEndMark()) {
         return 0;
     }

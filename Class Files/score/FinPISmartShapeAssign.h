@@ -9,6 +9,7 @@
 // A shape goes with the entry it starts at; the mark of its end is skipped and follows the
 // shape. The copy ends where the shape ends, or at the entry it was copied to when both ends
 // are at one entry. Copying needs the region of both entries, in which the shape has to lie.
+// Commit, Create and Delete fail, and post, when the entry's document is not the current one.
 class FinPISmartShapeAssign : public FinPISmartShapeMark {
 public:
     explicit FinPISmartShapeAssign(const FinPIEntryPtr& entry)

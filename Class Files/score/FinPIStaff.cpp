@@ -2,6 +2,7 @@
 
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPIVarString.h"
+#include "shell/host/callbacks.h"
 
 namespace {
 
@@ -115,6 +116,12 @@ i16 FinPIStaff::Commit() {
         PostError(FinPIAppError("FinPIStaff::Commit", "Cannot modify a virtual staff."));
         return 0;
     }
+    // What the staff refers to would go to the other document, although the staff cannot.
+    if (Host::GetCurrentEnigmaDocument() != m_docID) {
+        PostError(
+            FinPIAppError("FinPIStaff::Commit", "Attempted to update a non-current document"));
+        return 0;
+    }
     return CommitNameTexts() != 0 && CommitFretInstrument() != 0 && StaffRecord::Commit() != 0 &&
            m_fullNamePosition.Commit() != 0 && m_abbreviatedNamePosition.Commit() != 0 &&
            CommitShapeNotes() != 0;
@@ -165,7 +172,7 @@ i16 FinPIStaff::CommitShapeNotes() {
         return 1;
     }
     flags &= static_cast<u16>(~StaffFlag::kShapeNotes);
-    return StaffRecord::Commit();
+    return Save();
 }
 
 i16 FinPIStaff::DeleteShapeNotes() {

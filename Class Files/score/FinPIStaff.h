@@ -15,7 +15,8 @@ public:
 
     u16 GetSerialVersion() const override { return 1; }
     i16 GetField(u16 field, u16 serialVersion, void* out, u32 size) const override;
-    // Also commits the dependent records and puts their item numbers into the staff.
+    // Also commits the dependent records and puts their item numbers into the staff. Fails, and
+    // posts, when the staff's document is not the current one.
     i16 Commit() override;
     u16 GetKey(EnigmaKey& out) const override;
     void SetKey(const EnigmaKey& key) override;

@@ -12,7 +12,8 @@ using Tag::kShapeOnEntry;
 using Tag::kShapeOnLyric;
 
 const std::string kOrigin = "29999 FinPISmartShapeAssign::";
-constexpr u16 kShape = 1;  // the number of the first shape
+constexpr u16 kShape = 1;        // the number of the first shape
+constexpr char kOrphan[] = "c";  // a mark whose shape is gone
 
 class Shapes : public Details {
 protected:
@@ -31,13 +32,6 @@ protected:
     // The entries of a shape's ends, such as "s0 t1".
     std::string Ends(u16 number) {
         return EntryOf(Shape(number).start) + " " + EntryOf(Shape(number).end);
-    }
-
-    // A mark whose shape is gone.
-    static EDTSmartShapeEntMark Orphan() {
-        EDTSmartShapeEntMark orphan{};
-        orphan.shapeNumber = 99;
-        return orphan;
     }
 
     // How many marks of the tag the entry has.
@@ -65,7 +59,7 @@ private:
 TEST_F(Shapes, AllMarksOfAnEntryMoveAlsoTwoOfOneShapeAndThoseWhoseShapeIsGone) {
     host.Slur(Source(), Source());
     host.Attach(Source(), kShapeOnEntry, std::string_view{"\1", 1});
-    host.Attach(Source(), kShapeOnEntry, BytesOf(Orphan()));
+    host.Attach(Source(), kShapeOnEntry, kOrphan);
     SlurAndLoad(0, 1);
     EXPECT_EQ(Move(), 1);
     EXPECT_EQ(Ends(1), "t0 t0");
@@ -162,6 +156,12 @@ TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
         const OtherDocument other;
         EXPECT_TRUE(ErrorOf(Move()).starts_with("29999 FinPIEntryPtr::MoveSmartShapeAssigns"));
         ASSERT_EQ(assign.Load() + assign.IsSkipped(), 1) << "its shape is of its own document";
+        EXPECT_TRUE(ErrorOf(assign.Commit()).starts_with(kOrigin + "Commit: Attempted"));
+        EXPECT_TRUE(ErrorOf(assign.Delete()).starts_with(kOrigin + "Delete: Attempted"));
+        assign.SelectRecord(FinPIEntryDetail::kNewRecord);
+        EXPECT_TRUE(ErrorOf(assign.Create()).starts_with(kOrigin + "Create: Attempted"));
+        assign.SelectRecord(0);
+        EXPECT_EQ(assign.Load(), 1);
     }
     EXPECT_TRUE(ErrorOf(assign.Create()).ends_with("Attempted to Create but already Loaded."));
     EXPECT_EQ(host.Score().Records().OfTag(Tag::kSmartShape).size(), 1U);
@@ -185,7 +185,7 @@ TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
 }
 
 TEST_F(CopiedShapes, AreNothingWithoutTheirShape) {
-    host.Attach(Source(), kShapeOnEntry, BytesOf(Orphan()));
+    host.Attach(Source(), kShapeOnEntry, kOrphan);
     LoadBoth();
     FinPIEntryPtr from = source.EntryAt(0);
     from.AttachRegion(&region);

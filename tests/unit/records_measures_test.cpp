@@ -220,7 +220,7 @@ TEST_F(ScoreAccess, StaffSystemsAreFoundByMeasure) {
 
 TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {
     const std::tuple<i16, u16, u16> placements[] = {{0, 0, 0}, {2, 0, 0}, {3, 1, 0},  {4, 0, 0},
-                                                    {8, 0, 0}, {9, 1, 1}, {12, 1, 1}, {-1, 0, 0}};
+                                                    {8, 0, 0}, {9, 1, 1}, {-1, 0, 0}, {12, 1, 1}};
     const std::pair<u32, u16> kinds[] = {{HostTag("SODT"), u16{0}},
                                          {kShapeExpression, ExpressionLayer::kShapeDefinition}};
     const u16 record = host.Expression(1, 2, 512, 0);
@@ -241,12 +241,18 @@ TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {
             EXPECT_EQ(expression.cached28[3], 0);
         }
     }
+    FinPIScoreExpr lost(1);
+    EXPECT_EQ(lost.LoadLastCmper1(3) + lost.belongsToEntry, 2);
+    {
+        const OtherDocument other;
+        EXPECT_EQ(lost.LoadCachedItems() + lost.belongsToEntry, 2);
+    }
     host.Score().Records().Delete(kShapeExpression, RecordKey::Other(60));
-    FinPIScoreExpr lost(2, record);
+    lost.Reset(record);
     EXPECT_TRUE(ErrorOf(lost.Load()).starts_with("29998"));
     EXPECT_TRUE(ErrorOf(lost.LoadLastInci()).starts_with("29998"));
     lost.Rewind();
-    EXPECT_TRUE(ErrorOf(lost.LoadNext()).starts_with("29998"));
+    EXPECT_TRUE(ErrorOf(lost.LoadNext()).starts_with("29998") && lost.IsNull() != 0);
 }
 
 TEST_F(ScoreAccess, SpecialPartExtractionAsksTheHostOnce) {

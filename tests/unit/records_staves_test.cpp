@@ -42,6 +42,10 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     staff.ShapeNotes()[2]->SetData("s", 1);
     staff.SetCommitNameTexts(true);
     staff.SetCommitShapeNotes(true);
+    {
+        const OtherDocument other;
+        EXPECT_TRUE(ErrorOf(staff.Commit()).starts_with("29999 FinPIStaff::Commit: Attempted"));
+    }
     ASSERT_EQ(staff.Commit(), 1);
 
     EXPECT_EQ(StoredStaff().fretInstrument, 3);
@@ -63,10 +67,12 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
 
 TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
     FinPIStaff staff(Number());
-    staff.flags |= StaffFlag::kFretInstrument | StaffFlag::kShapeNotes | 1U;
+    staff.ClearData();
+    staff.flags = StaffFlag::kFretInstrument | StaffFlag::kShapeNotes;
     staff.SetCommitShapeNotes(true);
     ASSERT_EQ(staff.Commit(), 1);
-    EXPECT_EQ(StoredStaff().flags, 1);
+    EXPECT_EQ(StoredStaff().flags, 0);
+    EXPECT_EQ(Count(HostTag("SOIS")), 2U) << "no staff goes with its last flag";
 }
 
 TEST_F(Staves, EachHasAFretInstrumentOfItsOwn) {
