@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/FinPIAlert.h"
-#include "Class Files/settings/FinPIUtil.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "platform/resources.h"
 

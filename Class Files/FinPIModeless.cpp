@@ -6,7 +6,7 @@
 #include "Class Files/LiveCommands.h"
 #include "Class Files/UndoableEdit.h"
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/score/FinPIMetricsCache.h"
+#include "Class Files/score/document/FinPIMetricsCache.h"
 #include "shell/host/callbacks.h"
 
 namespace {

@@ -6,7 +6,7 @@
 
 #include "Class Files/FinPI.h"
 #include "Class Files/interface/FinPIDialog.h"
-#include "Class Files/score/FinPIRegion.h"
+#include "Class Files/score/region/FinPIRegion.h"
 
 class FinPIModeless : public FinPI, public FinPIDialog {
 public:

@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "Class Files/FinPI.h"
-#include "Class Files/score/FinPIMetricsCache.h"
-#include "Class Files/score/FinPIRegion.h"
+#include "Class Files/score/document/FinPIMetricsCache.h"
+#include "Class Files/score/region/FinPIRegion.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "platform/keyboard.h"
 #include "shell/host/callbacks.h"

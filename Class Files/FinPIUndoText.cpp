@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "Class Files/FinPI.h"
-#include "Class Files/score/FinPIMeas.h"
+#include "Class Files/score/document/FinPIMeas.h"
 
 namespace {
 

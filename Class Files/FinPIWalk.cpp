@@ -6,8 +6,8 @@
 #include "Class Files/ProgressCounter.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPITrace.h"
-#include "Class Files/score/FinPIMetricsCache.h"
-#include "Class Files/score/FinPIStaffSystem.h"
+#include "Class Files/score/document/FinPIMetricsCache.h"
+#include "Class Files/score/document/FinPIStaffSystem.h"
 #include "shell/host/callbacks.h"
 
 namespace {

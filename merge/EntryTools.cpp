@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/score/DetailKind.h"
+#include "Class Files/score/details/DetailKind.h"
 
 namespace {
 

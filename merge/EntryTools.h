@@ -2,7 +2,7 @@
 // units, positions from the barline in the measure's nominal duration.
 #pragma once
 
-#include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
 
 // The index of the frame's entry at a position with a grace offset (0 = no grace entry); the
 // first of the voice asked for, else the first of the other voice. An offset of

@@ -4,8 +4,8 @@
 #include <set>
 
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/score/FinPIEntryPtr.h"
-#include "Class Files/score/FinPIScoreExpr.h"
+#include "Class Files/score/document/FinPIScoreExpr.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
 
 namespace {
 

@@ -6,9 +6,9 @@
 #include <optional>
 #include <vector>
 
-#include "Class Files/score/FinPIEntryPtr.h"
-#include "Class Files/score/FinPIRegion.h"
-#include "Class Files/score/FinPITGFPtr.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
+#include "Class Files/score/frames/FinPITGFPtr.h"
+#include "Class Files/score/region/FinPIRegion.h"
 #include "merge/TupletSpans.h"
 
 struct FramePair {

@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/score/FinPIDoc.h"
+#include "Class Files/score/document/FinPIDoc.h"
 #include "merge/Plyweld.h"
 #include "shell/host/callbacks.h"
 

@@ -1,7 +1,7 @@
 // Runs of destination rests, and the source entries that fill them exactly.
 #pragma once
 
-#include "Class Files/score/FinPITGFPtr.h"
+#include "Class Files/score/frames/FinPITGFPtr.h"
 
 // Consecutive rests of voice 1, and the time they take with what is missing behind them.
 struct RestRun {

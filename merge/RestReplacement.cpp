@@ -4,7 +4,7 @@
 #include <cstdlib>
 
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "merge/EntryTools.h"
 #include "shell/host/detail_flags.h"
 

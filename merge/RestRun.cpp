@@ -1,8 +1,8 @@
 // Which destination rests there are to fill.
 #include <algorithm>
 
-#include "Class Files/score/FinPIEntryPtr.h"
-#include "Class Files/score/ScaledTime.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
+#include "Class Files/score/frames/ScaledTime.h"
 #include "merge/FramePair.h"
 #include "merge/Plyweld.h"
 

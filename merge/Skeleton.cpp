@@ -1,6 +1,6 @@
 #include "merge/Skeleton.h"
 
-#include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "merge/EntryTools.h"
 #include "shell/host/detail_flags.h"
 

@@ -1,4 +1,4 @@
-#include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "merge/RestFill.h"
 
 i16 FindSourceSpan(const FinPITGFPtr& source, i32 startTime, i32 duration, SourceSpan& span) {

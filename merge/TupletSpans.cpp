@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "Class Files/foundation/DocumentScope.h"
-#include "Class Files/score/FinPIEntryPtr.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "shell/host/callbacks.h"
 #include "shell/host/detail_flags.h"
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "Class Files/score/FinPITGFPtr.h"
+#include "Class Files/score/frames/FinPITGFPtr.h"
 #include "shell/host/host_records.h"
 
 // A tuplet of voice 1. Times: duration units from the barline, in the staff's duration.

@@ -6,9 +6,9 @@
 
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPIUniStringUtil.h"
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/foundation/FinPIVarString.h"
 #include "Class Files/interface/DialogLayout.h"
-#include "Class Files/settings/FinPIUtil.h"
 #include "platform/resources.h"
 #include "platform/text.h"
 #include "shell/host/callbacks.h"

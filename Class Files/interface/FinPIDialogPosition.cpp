@@ -2,8 +2,8 @@
 #include <optional>
 
 #include "Class Files/foundation/FinPIUniStringUtil.h"
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/FinPIDialog.h"
-#include "Class Files/settings/FinPIUtil.h"
 #include "platform/window.h"
 
 namespace {

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "Class Files/interface/WindowMessages.h"
-#include "Class Files/score/FinPILayer.h"
+#include "Class Files/score/document/FinPILayer.h"
 #include "platform/resources.h"
 #include "shell/host/callbacks.h"
 

@@ -1,6 +1,6 @@
 #include "Class Files/interface/WatchedPreference.h"
 
-#include "Class Files/score/EnigmaRecords.h"
+#include "Class Files/score/records/EnigmaRecords.h"
 
 u16 WatchedPreference() {
     FinPIGeneralPrefs preferences;

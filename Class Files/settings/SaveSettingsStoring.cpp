@@ -4,9 +4,9 @@
 
 #include "Class Files/FinPI.h"
 #include "Class Files/foundation/FinPIException.h"
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/FinPIAlert.h"
 #include "Class Files/settings/FinPISaveSettingsDlg.h"
-#include "Class Files/settings/FinPIUtil.h"
 #include "Class Files/settings/SavedSettings.h"
 
 void FinPISaveSettingsDlg::Accept(u8* final) {

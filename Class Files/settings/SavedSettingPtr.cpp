@@ -5,7 +5,7 @@
 
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPIUniStringUtil.h"
-#include "Class Files/settings/FinPIUtil.h"
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "platform/text.h"
 #include "shell/module/ModuleState.h"

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/settings/FinPIUtil.h"
-#include "Class Files/settings/GetRegValue.h"
+#include "Class Files/foundation/FinPIUtil.h"
+#include "Class Files/foundation/GetRegValue.h"
 #include "Class Files/settings/SavedSettingPtr.h"
 #include "platform/registry.h"
 

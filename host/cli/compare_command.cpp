@@ -2,7 +2,7 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/open_score.h"
-#include "host/musicxml/compare.h"
+#include "host/musicxml/music/compare.h"
 
 namespace standin::cli {
 

@@ -10,9 +10,9 @@
 #include "host/cli/output_file.h"
 #include "host/cli/report_text.h"
 #include "host/cli/selection.h"
-#include "host/musicxml/archive.h"
-#include "host/musicxml/compare.h"
-#include "host/musicxml/write_score.h"
+#include "host/musicxml/music/compare.h"
+#include "host/musicxml/write/write_score.h"
+#include "host/musicxml/xml/archive.h"
 #include "host/verify/merge_faults.h"
 
 namespace standin::cli {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/musicxml/read_score.h"
+#include "host/musicxml/read/read_score.h"
 #include "host/score/application.h"
 
 namespace standin::cli {

@@ -4,7 +4,7 @@
 #include <random>
 #include <system_error>
 
-#include "host/cli/desktop.h"
+#include "host/system/machine.h"
 
 namespace standin::cli {
 

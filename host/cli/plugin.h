@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/cli/desktop.h"
+#include "host/system/machine.h"
 #include "shell/host/host_functions.h"
 
 namespace standin::cli {

@@ -3,7 +3,7 @@
 #include <csignal>
 #include <iostream>
 
-#include "host/cli/desktop.h"
+#include "host/system/machine.h"
 
 namespace standin::cli {
 

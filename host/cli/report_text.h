@@ -4,7 +4,7 @@
 #include <string>
 
 #include "host/cli/stored_options.h"
-#include "host/musicxml/merge_report.h"
+#include "host/report/merge_report.h"
 
 namespace standin::cli {
 

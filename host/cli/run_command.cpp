@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "host/cli/commands.h"
-#include "host/cli/desktop.h"
+#include "host/system/machine.h"
 
 namespace standin::cli {
 

@@ -8,9 +8,9 @@
 #include <thread>
 
 #include "host/cli/output_file.h"
-#include "host/desktop/main_window.h"
-#include "host/desktop/script_player.h"
-#include "host/desktop/script_settings.h"
+#include "host/desktop/script/script_player.h"
+#include "host/desktop/script/script_settings.h"
+#include "host/desktop/window/main_window.h"
 
 namespace standin::desktop {
 

@@ -10,7 +10,7 @@
 #include "host/musicxml/fragments.h"
 #include "host/musicxml/rational.h"
 #include "host/musicxml/written_forms.h"
-#include "host/musicxml/xml_text.h"
+#include "host/musicxml/xml/xml_text.h"
 #include "host/score/document.h"
 
 namespace standin {

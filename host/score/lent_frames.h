@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/score/entry_memory.h"
 #include "host/score/frame_key.h"
+#include "host/system/entry_memory.h"
 #include "shell/host/host_frames.h"
 
 namespace standin {

@@ -6,9 +6,9 @@
 #include <iostream>
 #include <string>
 
-#include "host/musicxml/compare.h"
-#include "host/musicxml/read_score.h"
-#include "host/musicxml/write_score.h"
+#include "host/musicxml/music/compare.h"
+#include "host/musicxml/read/read_score.h"
+#include "host/musicxml/write/write_score.h"
 
 using namespace standin;
 

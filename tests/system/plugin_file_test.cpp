@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "host/cli/desktop.h"
 #include "host/cli/plugin.h"
+#include "host/system/machine.h"
 #include "platform/resources.h"
 #include "shell/host/host_functions.h"
 #include "tests/system/file_version.h"

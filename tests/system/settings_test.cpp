@@ -3,7 +3,7 @@
 #include <string>
 
 #include "host/cli/plugin.h"
-#include "host/musicxml/read_score.h"
+#include "host/musicxml/read/read_score.h"
 #include "host/score/application.h"
 #include "tests/system/user_registry.h"
 

@@ -2,9 +2,9 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include "host/cli/desktop.h"
 #include "host/cli/output_file.h"
 #include "host/cli/stored_options.h"
+#include "host/system/machine.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/files.h"
 #include "tests/unit/support/registry_values.h"

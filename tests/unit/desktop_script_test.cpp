@@ -1,7 +1,7 @@
 // Scripts as text, and the words for what a layer holds.
-#include "host/desktop/byte_pattern.h"
-#include "host/desktop/layer_strip.h"
-#include "host/desktop/script_line.h"
+#include "host/desktop/grid/layer_strip.h"
+#include "host/desktop/script/byte_pattern.h"
+#include "host/desktop/script/script_line.h"
 #include "tests/unit/support/stand_in.h"
 
 namespace standin::desktop {

@@ -1,9 +1,9 @@
 // Selecting in the grid: what mouse and keyboard make of a score's staves, measures and beats.
 #include <sstream>
 
-#include "host/desktop/grid_layout.h"
-#include "host/desktop/selection_editor.h"
-#include "host/desktop/selection_text.h"
+#include "host/desktop/grid/grid_layout.h"
+#include "host/desktop/grid/selection_editor.h"
+#include "host/desktop/grid/selection_text.h"
 #include "tests/unit/support/stand_in.h"
 
 namespace standin::desktop {

@@ -4,9 +4,9 @@
 
 #include <map>
 
-#include "Class Files/score/DetailKind.h"
-#include "Class Files/score/FinPIEntryPtr.h"
-#include "Class Files/score/FinPIMetricsCache.h"
+#include "Class Files/score/details/DetailKind.h"
+#include "Class Files/score/document/FinPIMetricsCache.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {

@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "Class Files/score/EntryDetailKinds.h"
+#include "Class Files/score/details/EntryDetailKinds.h"
 #include "shell/host/detail_flags.h"
 #include "tests/unit/details_fixture.h"
 

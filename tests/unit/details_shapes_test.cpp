@@ -1,6 +1,6 @@
 // Smart shapes that move with an entry, and those that are copied.
-#include "Class Files/score/FinPIRegion.h"
-#include "Class Files/score/FinPISmartShapeAssign.h"
+#include "Class Files/score/details/FinPISmartShapeAssign.h"
+#include "Class Files/score/region/FinPIRegion.h"
 #include "host/score/smart_shape.h"
 #include "shell/host/detail_flags.h"
 #include "tests/unit/details_fixture.h"

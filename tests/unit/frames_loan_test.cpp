@@ -3,10 +3,10 @@
 #include <utility>
 #include <vector>
 
-#include "Class Files/score/FinPIEntryPtr.h"
-#include "Class Files/score/FinPILayer.h"
-#include "Class Files/score/FinPIStaff.h"
-#include "Class Files/score/NormalizeFrame.h"
+#include "Class Files/score/document/FinPILayer.h"
+#include "Class Files/score/document/FinPIStaff.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
+#include "Class Files/score/frames/NormalizeFrame.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {

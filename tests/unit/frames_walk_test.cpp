@@ -1,7 +1,7 @@
 // Steps from entry to entry, and where entries stand.
 
-#include "Class Files/score/FinPIEntryPtr.h"
-#include "Class Files/score/FinPIScoreExpr.h"
+#include "Class Files/score/document/FinPIScoreExpr.h"
+#include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {

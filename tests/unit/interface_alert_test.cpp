@@ -1,8 +1,8 @@
 // Questions and warnings with a "Do not show again." box.
 #include <tuple>
 
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/FinPIAlert.h"
-#include "Class Files/settings/FinPIUtil.h"
 #include "tests/unit/interface_support.h"
 
 namespace {

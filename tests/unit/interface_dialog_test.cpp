@@ -2,9 +2,9 @@
 #include <optional>
 #include <tuple>
 
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/DialogLayout.h"
 #include "Class Files/interface/WindowMessages.h"
-#include "Class Files/settings/FinPIUtil.h"
 #include "platform/headless/window_model.h"
 #include "tests/unit/interface_support.h"
 

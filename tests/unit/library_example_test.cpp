@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <string>
 
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/FinPIAlert.h"
-#include "Class Files/settings/FinPIUtil.h"
 #include "tests/unit/support/pending_error.h"
 #include "tests/unit/support/stand_in.h"
 

@@ -1,5 +1,5 @@
 // Files that are no score, damaged or hostile: one clear line, and where.
-#include "host/musicxml/archive.h"
+#include "host/musicxml/xml/archive.h"
 #include "tests/unit/musicxml_support.h"
 
 namespace standin {

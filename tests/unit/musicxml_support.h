@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "host/musicxml/compare.h"
-#include "host/musicxml/read_score.h"
-#include "host/musicxml/write_score.h"
+#include "host/musicxml/music/compare.h"
+#include "host/musicxml/read/read_score.h"
+#include "host/musicxml/write/write_score.h"
 #include "tests/unit/support/notation.h"
 
 namespace standin {

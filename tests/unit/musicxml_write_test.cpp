@@ -3,9 +3,9 @@
 #include <set>
 #include <sstream>
 
-#include "host/musicxml/beam_writer.h"
 #include "host/musicxml/note_details.h"
-#include "host/musicxml/tuplet_brackets.h"
+#include "host/musicxml/write/beam_writer.h"
+#include "host/musicxml/write/tuplet_brackets.h"
 #include "host/score/tags.h"
 #include "tests/unit/musicxml_support.h"
 

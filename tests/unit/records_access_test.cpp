@@ -2,7 +2,7 @@
 #include <string>
 #include <tuple>
 
-#include "Class Files/score/EnigmaRecords.h"
+#include "Class Files/score/records/EnigmaRecords.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {

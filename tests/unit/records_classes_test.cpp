@@ -1,10 +1,10 @@
 // Record classes that do more than their line of the table says.
-#include "Class Files/score/EnigmaRecords.h"
-#include "Class Files/score/FinPILyricText.h"
-#include "Class Files/score/FinPIOtherStringUtf16.h"
-#include "Class Files/score/FinPIScoreExpr.h"
-#include "Class Files/score/FinPIScoreView.h"
-#include "Class Files/score/FinPIStaffView.h"
+#include "Class Files/score/document/FinPILyricText.h"
+#include "Class Files/score/document/FinPIScoreExpr.h"
+#include "Class Files/score/document/FinPIScoreView.h"
+#include "Class Files/score/document/FinPIStaffView.h"
+#include "Class Files/score/records/EnigmaRecords.h"
+#include "Class Files/score/records/FinPIOtherStringUtf16.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <vector>
 
-#include "Class Files/score/AssembledPreference.h"
-#include "Class Files/score/EnigmaRecords.h"
+#include "Class Files/score/records/AssembledPreference.h"
+#include "Class Files/score/records/EnigmaRecords.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {
@@ -24,7 +24,7 @@ struct TypesAfter {
 
 #define ENIGMA_RECORD(family, record, ...) , record
 using EveryLine = TypesAfter<NoRecord
-#include "Class Files/score/EnigmaRecords.inc"
+#include "Class Files/score/records/EnigmaRecords.inc"
                              >::Types;
 #undef ENIGMA_RECORD
 

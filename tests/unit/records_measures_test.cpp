@@ -3,13 +3,13 @@
 #include <tuple>
 #include <vector>
 
-#include "Class Files/score/EnigmaRecords.h"
-#include "Class Files/score/FinPIMeas.h"
-#include "Class Files/score/FinPIMetricsCache.h"
-#include "Class Files/score/FinPIMiscPrefs.h"
-#include "Class Files/score/FinPIScoreExpr.h"
-#include "Class Files/score/FinPIStaff.h"
-#include "Class Files/score/FinPIStaffSystem.h"
+#include "Class Files/score/document/FinPIMeas.h"
+#include "Class Files/score/document/FinPIMetricsCache.h"
+#include "Class Files/score/document/FinPIMiscPrefs.h"
+#include "Class Files/score/document/FinPIScoreExpr.h"
+#include "Class Files/score/document/FinPIStaff.h"
+#include "Class Files/score/document/FinPIStaffSystem.h"
+#include "Class Files/score/records/EnigmaRecords.h"
 #include "shell/module/ModuleState.h"
 #include "tests/unit/support/library_test.h"
 

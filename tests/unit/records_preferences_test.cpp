@@ -2,9 +2,9 @@
 #include <array>
 #include <vector>
 
-#include "Class Files/score/AssembledPreference.h"
-#include "Class Files/score/EnigmaRecords.h"
-#include "Class Files/score/HostRecordCalls.h"
+#include "Class Files/score/records/AssembledPreference.h"
+#include "Class Files/score/records/EnigmaRecords.h"
+#include "Class Files/score/records/HostRecordCalls.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {

@@ -2,8 +2,8 @@
 #include <array>
 #include <vector>
 
-#include "Class Files/score/EnigmaRecords.h"
-#include "Class Files/score/FinPIStaff.h"
+#include "Class Files/score/document/FinPIStaff.h"
+#include "Class Files/score/records/EnigmaRecords.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {

@@ -1,7 +1,7 @@
 // Staves with the records that depend on them, and the clefs in effect.
 #include <tuple>
 
-#include "Class Files/score/FinPIStaff.h"
+#include "Class Files/score/document/FinPIStaff.h"
 #include "tests/unit/support/library_test.h"
 
 namespace standin {

@@ -2,7 +2,7 @@
 #include <array>
 #include <tuple>
 
-#include "Class Files/score/FinPIRegion.h"
+#include "Class Files/score/region/FinPIRegion.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/library_test.h"
 

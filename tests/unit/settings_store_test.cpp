@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "Class Files/settings/FinPIUtil.h"
+#include "Class Files/foundation/FinPIUtil.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/registry_values.h"
 

@@ -1,9 +1,0 @@
-#include "Class Files/score/FinPIPseudoPref.h"
-
-i16 FinPIPseudoPref::Load() {
-    if (m_loaded == 0 && CopyFromHost() != 0) {
-        m_loaded = 1;
-        SetToCurrentDocument();
-    }
-    return IsLoaded();
-}

@@ -1,4 +1,0 @@
-#include "Class Files/score/FinPISmartShapeMark.h"
-
-FinPISmartShapeMark::FinPISmartShapeMark(const FinPIEntryPtr& entry, u32 tag)
-    : FinPIEntryDetail{entry, tag, 0, kEntryFlags} {}

@@ -1,0 +1,123 @@
+// A detail of an entry: a host record attached to it, such as an articulation.
+#pragma once
+
+#include <span>
+
+#include "Class Files/score/frames/FinPIEntryPtr.h"
+
+// Addresses one record at a time, by its number among the entry's records of the kind, and
+// holds a copy of it. The entry's flags in the frame that is held follow what is created and
+// deleted, since a later save of that frame would otherwise undo them. The entry's frame must
+// outlive the object. Results: 0 = failed, or no; refusals of the host are posted, except that
+// a record which does not load posts nothing.
+class FinPIEntryDetail {
+public:
+    // Selected to create a record behind the others.
+    static constexpr u16 kNewRecord = 0xFFFF;
+    // Records of one kind at one entry. No music has as many, but a host that always has one
+    // more would keep a walk over them going.
+    static constexpr u16 kMostRecords = 4096;
+
+    FinPIEntryDetail(const FinPIEntryDetail&) = delete;
+    FinPIEntryDetail& operator=(const FinPIEntryDetail&) = delete;
+
+    // The order of the virtual operations is the interface.
+    // The selected record; does nothing when loaded already. Rests on FX_LoadEData.
+    virtual i16 Load();
+    // Saves a loaded record, creates one that is not.
+    virtual i16 Commit();
+    virtual i16 Delete();
+    virtual void SelectRecord(u16 recordNumber);
+    // Whether the other record, of the same kind, says the same.
+    virtual i16 IsSame(const FinPIEntryDetail& other) const;
+    // Takes over what the source says; 0 = it is not to be copied.
+    virtual i16 CopyAttributes(const FinPIEntryDetail& source);
+    // By the entry's flags; no host call.
+    virtual i16 HasDetails() const;
+    // Passes over the loaded record when copying and deleting.
+    virtual i16 IsSkipped() const { return 0; }
+    // Whether this entry can take the loaded record of the source.
+    virtual i16 IsApplicable(const FinPIEntryDetail& /*source*/) const { return 1; }
+    // A record without effect, which is not worth storing.
+    virtual i16 IsEmpty() const { return 0; }
+    // Told after the source's record was stored here.
+    virtual void OnCopied(const FinPIEntryDetail& /*source*/) {}
+    // Both post when the record was never loaded, or loaded already.
+    virtual i16 Save();
+    virtual i16 Create();
+    // What the record refers to, when it comes from another document.
+    virtual i16 CopyDependentStructs(const FinPIEntryDetail& /*source*/) { return 1; }
+    virtual const void* GetData() const = 0;  // null when the kind has no record
+    virtual u32 GetDataSize() const = 0;      // bytes
+    // The bytes by which two records are the same.
+    virtual std::span<const u8> Identity() const;
+
+    // Copies the records that the target lacks and brings those it has up to date. sameKind:
+    // only between two notes or two rests. anyCopied becomes 1 when a record was stored.
+    static i16 CopyDetail(FinPIEntryDetail& target, FinPIEntryDetail& source, bool sameKind,
+                          i16& anyCopied);
+
+    struct Removal {
+        bool succeeded = true;
+        bool anyDeleted = false;
+        bool leftNone = false;  // false also when that is not known
+    };
+    // Deletes every record that is not skipped. The entry's flags stay.
+    Removal DeleteAll();
+    // The kind's entry flags, once a record was deleted; 0 until then.
+    u32 FlagsOfDeleted() const noexcept { return m_flagsOfDeleted; }
+    // Whether a record is stored for the entry, under either tag; loads none.
+    bool HasRecord();
+    // Whether a record that did not load is not there because the records end before it: the
+    // host may have refused the load. Asks FX_PreviousEData, and posts when that gives a later
+    // record, on which nothing that is to be moved may be deleted.
+    bool CheckEndsBefore(u16 recordNumber);
+    // Whether the entry can have had as many records to delete; posts when the host must have
+    // kept what it said it deleted.
+    bool IsPlausible(u16 deleted, const char* operation) const;
+
+    const FinPIEntryPtr& Entry() const noexcept { return m_entry; }
+
+protected:
+    // secondTag: that of the down-stem variant of a kind whose first tag is for stems up; 0 =
+    // the kind has one tag. entryFlags mark an entry that has such details.
+    FinPIEntryDetail(const FinPIEntryPtr& entry, u32 tag, u32 secondTag, u32 entryFlags);
+    ~FinPIEntryDetail() = default;
+
+    // Posts when the other is of another kind.
+    bool CheckSameKind(const FinPIEntryDetail& other, const char* operation) const;
+    bool LoadRecord(u16 recordNumber);  // false also from kMostRecords on
+    i16 StemDirection() const;
+    u32 Tag() const;
+    void* MutableData() { return const_cast<void*>(GetData()); }
+    // No details of the kind, without asking for the stem's direction.
+    bool HasNothing() { return HasDetails() == 0 || (m_secondTag != 0 && !HasRecord()); }
+    // A number that equal records share; 0 = the kind's records have none.
+    u32 RecordKey() const;
+    // Stores the source's loaded record here: in place of the equal one that earlier equal
+    // records do not account for, else as a new one. operation is the one to name in errors.
+    i16 CopyRecord(FinPIEntryDetail& source, u32 earlierEqual, const char* operation,
+                   i16& anyCopied);
+
+    FinPIEntryPtr m_entry;
+    u32 m_version = kInterfaceVersion;
+    u32 m_tag;
+    u32 m_secondTag;
+    u32 m_entryFlags;
+    mutable i16 m_stemDirection;
+    u16 m_recordNumber = 0;
+    i16 m_loaded = 0;
+    u32 m_flagsOfDeleted = 0;
+
+private:
+    i16 LoadFrom(u32 tag);
+    // How many records of the tag the host tells of, without a load.
+    u32 CountOf(u32 tag);
+    // By a load and by the count, so that one refused call hides no record.
+    bool IsStored(u32 tag);
+    // Takes the records there are when none are of the stem's direction: music that came into
+    // another layer can have turned the stem.
+    void FollowStoredVariant();
+    enum class Search { kFound, kNotFound, kInDoubt };
+    Search SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual);
+};

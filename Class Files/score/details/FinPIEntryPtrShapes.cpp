@@ -1,0 +1,63 @@
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/score/details/FinPISmartShapeMark.h"
+#include "Class Files/score/details/SmartShapeEnds.h"
+#include "Class Files/score/records/EnigmaRecords.h"
+#include "shell/host/detail_flags.h"
+
+namespace {
+
+constexpr char kOperation[] = "FinPIEntryPtr::MoveSmartShapeAssigns";
+
+// Asks for it in another way than a load does, which the host may have refused.
+bool IsStored(u16 shapeNumber) {
+    FinPISmartShape last{shapeNumber};
+    return last.LoadLastInci() != 0 && last.GetCmper1() == shapeNumber;
+}
+
+// Redirects the ends of the shape that are at one entry to another. Scores hold marks whose
+// shape is long gone: those have no end to redirect.
+bool MoveShapeEnds(u16 shapeNumber, const FinPIEntryPtr& from, const FinPIEntryPtr& to) {
+    FinPISmartShape shape{shapeNumber};
+    if (shape.Load() != 0) {
+        return !MoveSmartShapeEnds(shape, from, to) || shape.Save() != 0;
+    }
+    if (IsStored(shapeNumber)) {
+        PostRecordError<FinPILoadEDataFailed>(kOperation, shape.Tag());
+        return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+i16 FinPIEntryPtr::MoveSmartShapeAssigns(const FinPIEntryPtr& source, u32 tag) const {
+    if (!*this || !source) {
+        return 0;
+    }
+    if (!source.HasFlag(DetailFlag::kSmartShape) || source.Number() == Number()) {
+        return 1;
+    }
+    if (!CheckDocumentIsCurrent(kOperation)) {
+        return 0;
+    }
+    FinPISmartShapeMark from{source, tag};
+    FinPISmartShapeMark to{*this, tag};
+    for (u16 moved = 0; from.Load() != 0; from.SelectRecord(0)) {
+        to.SelectRecord(FinPIEntryDetail::kNewRecord);
+        if (to.CopyAttributes(from) == 0 || !MoveShapeEnds(from.ShapeNumber(), source, *this) ||
+            to.Create() == 0 || from.Delete() == 0 || !from.IsPlausible(++moved, kOperation)) {
+            return 0;
+        }
+    }
+    // A mark that did not load is still an end.
+    if (from.HasRecord()) {
+        PostRecordError<FinPILoadEDataFailed>(kOperation, tag);
+        return 0;
+    }
+    const u32 otherTag =
+        tag == SmartShapeMarkTag::kEntry ? SmartShapeMarkTag::kLyric : SmartShapeMarkTag::kEntry;
+    if (!FinPISmartShapeMark{source, otherTag}.HasRecord()) {
+        source.Entry()->flags &= ~DetailFlag::kSmartShape;
+    }
+    return 1;
+}

@@ -1,0 +1,10 @@
+#include "Class Files/score/document/FinPIStaffView.h"
+
+#include "shell/host/callbacks.h"
+
+FinPIStaffView::FinPIStaffView(u16 staff) : FinPIPartView{0} {
+    i32 previous = -1;  // a host that stays at a part would never end
+    while (LoadNext() != 0 && GetCmper1() > previous && Host::InstToSlot(staff, staffList) == 0) {
+        previous = GetCmper1();
+    }
+}

@@ -1,0 +1,140 @@
+#include "host/desktop/dialogs/windows_dialogs.h"
+
+#include <optional>
+#include <utility>
+
+#include "host/desktop/toolkit/windows_disabled.h"
+#include "platform/win32/plugin_module.h"
+
+namespace standin::desktop {
+
+namespace {
+
+// Where a dialog comes up unless it says otherwise: in the middle of its owner.
+void PlaceOver(HWND owner, HWND dialog) {
+    RECT above{};
+    RECT rect{};
+    GetWindowRect(owner, &above);
+    GetWindowRect(dialog, &rect);
+    SetWindowPos(dialog, nullptr, (above.left + above.right - rect.right + rect.left) / 2,
+                 (above.top + above.bottom - rect.bottom + rect.top) / 2, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+WindowsDialogs::WindowsDialogs(MessagePump& pump, HWND mainWindow)
+    : m_pump{pump}, m_mainWindow{mainWindow} {}
+
+void WindowsDialogs::CloseAll() {
+    while (!m_open.empty()) {
+        HWND window = m_open.begin()->first;
+        DestroyWindow(window);
+        m_open.erase(window);
+    }
+}
+
+WindowsDialogs::OpenDialog* WindowsDialogs::Find(HWND window) {
+    const auto found = m_open.find(window);
+    return found == m_open.end() ? nullptr : found->second.get();
+}
+
+void WindowsDialogs::Forget(HWND window) {
+    SetWindowLongPtrW(window, DWLP_USER, 0);
+    m_pump.RemoveDialog(window);
+    m_open.erase(window);
+}
+
+INT_PTR CALLBACK WindowsDialogs::Procedure(HWND window, UINT message, WPARAM word, LPARAM data) {
+    if (message == WM_INITDIALOG) {
+        auto* service = reinterpret_cast<WindowsDialogs*>(data);
+        auto& created = service->m_open[window] = std::move(service->m_created);
+        PlaceOver(GetWindow(window, GW_OWNER), window);
+        SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(created.get()));
+    }
+    auto* dialog = reinterpret_cast<OpenDialog*>(GetWindowLongPtrW(window, DWLP_USER));
+    if (dialog == nullptr) {
+        return FALSE;
+    }
+    const i16 result = dialog->callback(window, message, word, data, dialog->object);
+    if (message == WM_INITDIALOG) {
+        dialog->opening = false;
+        return result != 0 && !dialog->focusGiven ? TRUE : FALSE;
+    }
+    if (message == WM_DESTROY) {
+        // Its object may be gone; a modal dialog is forgotten where it was run.
+        SetWindowLongPtrW(window, DWLP_USER, 0);
+        dialog->ended = true;
+        if (!dialog->modal) {
+            dialog->service->Forget(window);
+        }
+    }
+    return ResultOf(window, message, result);
+}
+
+INT_PTR WindowsDialogs::ResultOf(HWND window, UINT message, i16 result) {
+    switch (message) {
+        case WM_CLOSE:
+            // Otherwise the system would press Cancel as well.
+            return TRUE;
+        case WM_CTLCOLOREDIT:
+        case WM_CTLCOLORBTN:
+        case WM_CTLCOLORSTATIC:
+            return result;
+        default:
+            if (result != 0) {
+                SetWindowLongPtrW(window, DWLP_MSGRESULT, result);
+            }
+            return result != 0 ? TRUE : FALSE;
+    }
+}
+
+i16 WindowsDialogs::Dialog(u16 dialogNumber, DialogEventCallback callback, WindowHandle owner,
+                           u16 flags, void* dialogObject) {
+    const bool modal = (flags & 1U) != 0;
+    m_created = std::make_unique<OpenDialog>();
+    OpenDialog* dialog = m_created.get();
+    dialog->service = this;
+    dialog->callback = callback;
+    dialog->object = dialogObject;
+    dialog->modal = modal;
+    std::optional<WindowsDisabled> others;
+    if (modal) {
+        others.emplace();
+    }
+    HWND window = CreateDialogParamW(platform::PluginModule(), MAKEINTRESOURCEW(dialogNumber),
+                                     IsWindow(owner) != 0 ? owner : m_mainWindow, Procedure,
+                                     reinterpret_cast<LPARAM>(this));
+    if (window == nullptr) {
+        m_created.reset();
+        return 0;
+    }
+    if (!dialog->ended) {
+        m_pump.AddDialog(window);
+        ShowWindow(window, SW_SHOW);
+    }
+    if (modal) {
+        m_pump.RunUntil([dialog] { return dialog->ended; });
+        // First the others, so that one of them can become active.
+        others.reset();
+    }
+    if (modal || dialog->ended) {
+        DestroyWindow(window);
+        Forget(window);
+    }
+    return 1;
+}
+
+i16 WindowsDialogs::EndDialog(WindowHandle window) {
+    OpenDialog* dialog = Find(window);
+    if (dialog == nullptr) {
+        return 0;
+    }
+    dialog->ended = true;
+    if (!dialog->modal && !dialog->opening) {
+        DestroyWindow(window);
+    }
+    return 1;
+}
+
+}  // namespace standin::desktop

@@ -1,0 +1,331 @@
+#include "host/desktop/script/script_actions.h"
+
+#include <algorithm>
+#include <charconv>
+#include <span>
+
+#include "host/desktop/script/screenshot.h"
+#include "host/desktop/script/script_input.h"
+#include "host/desktop/script/script_screen.h"
+#include "host/desktop/script/script_settings.h"
+#include "host/desktop/toolkit/wide_text.h"
+#include "host/desktop/window/commands.h"
+
+namespace standin::desktop {
+
+namespace {
+
+using Words = std::span<const std::string>;
+using Action = std::string (*)(ScriptScene& scene, Words words);
+
+constexpr int kRedrawn = 120;  // milliseconds until a change can be seen
+constexpr int kPatience = 4000;
+constexpr int kLook = 20;
+
+std::optional<int> Number(const std::string& text) {
+    int number = 0;
+    const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+    return read.ec == std::errc{} ? std::optional{number} : std::nullopt;
+}
+
+std::string Done(bool done, const char* otherwise) {
+    return done ? std::string{} : std::string{otherwise};
+}
+
+// False: it did not come to hold, as long as a person would wait.
+template <typename Condition>
+bool Await(Condition holds) {
+    bool held = holds();
+    for (int waited = 0; !held && waited < kPatience; waited += kLook) {
+        Sleep(kLook);
+        held = holds();
+    }
+    return held;
+}
+
+// The window the script works in, once it is there. Null when it does not come.
+HWND AwaitTarget(const ScriptScene& scene) {
+    HWND target = nullptr;
+    Await([&] { return (target = scene.Target()) != nullptr; });
+    return target;
+}
+
+// Brings a window to the front, as a click on its title would.
+void Activate(const ScriptScene& scene, HWND window) {
+    scene.window.InWindowThread([window] {
+        SetForegroundWindow(window);
+        SetActiveWindow(window);
+    });
+}
+
+std::string Open(ScriptScene& scene, Words words) {
+    const std::filesystem::path file = scene.folder / WideFromUtf8(words[0]);
+    bool opened = false;
+    scene.window.InWindowThread([&] { opened = scene.window.Open(file); });
+    return Done(opened, "the file was not opened");
+}
+
+// Drags the mouse from the first measure or beat to the last.
+std::string Select(ScriptScene& scene, Words words) {
+    const auto staves = ReadRange(words[0]);
+    const auto measures = ReadRange(words[1]);
+    const auto beats = words.size() > 2 ? ReadRange(words[2]) : ScriptRange{};
+    if (!staves || !measures || !beats) {
+        return "staves, measures and beats are numbers from 1 or ranges such as 2-4";
+    }
+    Activate(scene, scene.window.Window());
+    POINT from{};
+    POINT to{};
+    scene.window.InWindowThread([&] {
+        const Document& document = *App().CurrentDocument();
+        const auto place = [&](int slot, int measure, int beat) {
+            const i32 length = document.Measure(static_cast<u16>(measure)).beatDuration;
+            return scene.window.Grid().ScreenPoint({slot, measure, (beat - 1) * length});
+        };
+        scene.window.Grid().ScrollToMeasure(measures->last);
+        from = place(staves->first, measures->first, beats->first);
+        to = place(staves->last, measures->last, beats->last);
+    });
+    const std::vector<WORD> held(words.size() > 2 ? 1 : 0, VK_CONTROL);
+    DragFromTo(scene.window.Window(), from, to, held);
+    return {};
+}
+
+std::string Menu(ScriptScene& scene, Words words) {
+    std::vector<WORD> held;
+    if (words.size() > 1 && words[1] == "shift") {
+        held.push_back(VK_SHIFT);
+    }
+    return ChooseMenuItem(scene.window.Window(), SplitText(words[0], '>'), held);
+}
+
+std::string ShowMenu(ScriptScene& scene, Words words) {
+    return OpenMenu(scene.window.Window(), SplitText(words[0], '>'));
+}
+
+std::string CloseMenus(ScriptScene& scene, Words) {
+    SendMessageW(scene.window.Window(), WM_CANCELMODE, 0, 0);
+    Sleep(kRedrawn);
+    return {};
+}
+
+std::string In(ScriptScene& scene, Words words) {
+    scene.title.reset();
+    if (words[0] == "front") {
+        return {};
+    }
+    if (words[0] == "main") {
+        Activate(scene, scene.window.Window());
+        return {};
+    }
+    scene.title = WideFromUtf8(words[0]);
+    HWND target = AwaitTarget(scene);
+    if (target == nullptr) {
+        return "there is no such window";
+    }
+    Activate(scene, target);
+    return {};
+}
+
+// What a click would hit is the control itself, not a window above it.
+bool CanBeHit(HWND control) {
+    HWND hit = WindowFromPoint(MiddleOf(control));
+    return hit == control || IsChild(control, hit) != 0 || hit == GetParent(control);
+}
+
+std::string Click(ScriptScene& scene, Words words) {
+    AwaitTarget(scene);
+    HWND control = scene.Control(words[0]);
+    if (control == nullptr) {
+        return "there is no such control";
+    }
+    if (IsWindowVisible(control) == 0 || IsWindowEnabled(control) == 0) {
+        return "it is hidden or disabled";
+    }
+    // A window that was closed may still be going away.
+    if (!Await([control] { return CanBeHit(control); })) {
+        return "another window covers it";
+    }
+    ClickAt(scene.window.Window(), MiddleOf(control));
+    return {};
+}
+
+// As a click does it, but at once and without a hand on the mouse.
+std::string Press(ScriptScene& scene, Words words) {
+    HWND control = scene.Control(words[0]);
+    if (control != nullptr) {
+        SendMessageW(control, BM_CLICK, 0, 0);
+    }
+    return Done(control != nullptr, "there is no such control");
+}
+
+std::string Undo(ScriptScene& scene, Words) {
+    SendMessageW(scene.window.Window(), WM_COMMAND, Command::kUndo, 0);
+    return {};
+}
+
+std::string Choose(ScriptScene& scene, Words words) {
+    if (std::string problem = Click(scene, words); !problem.empty()) {
+        return problem;
+    }
+    HWND control = scene.Control(words[0]);
+    const std::vector<std::wstring> items = ItemsOf(control);
+    const auto item = std::find(items.begin(), items.end(), WideFromUtf8(words[1]));
+    if (item == items.end()) {
+        PressKeys(scene.window.Window(), {VK_ESCAPE, {}});
+        return "the list has no such item";
+    }
+    for (int waited = 0; waited < kPatience; waited += kLook) {
+        if (const auto place = ItemPlace(control, static_cast<int>(item - items.begin()))) {
+            ClickAt(scene.window.Window(), *place);
+            return {};
+        }
+        Sleep(kLook);
+    }
+    return "the item is not in view";
+}
+
+std::string Type(ScriptScene& scene, Words words) {
+    TypeText(scene.window.Window(), WideFromUtf8(words[0]));
+    return {};
+}
+
+std::string Key(ScriptScene& scene, Words words) {
+    const auto stroke = ReadKeyStroke(words[0]);
+    const int times = words.size() > 1 ? Number(words[1]).value_or(1) : 1;
+    if (!stroke) {
+        return "there is no such key";
+    }
+    for (int i = 0; i < times; ++i) {
+        PressKeys(scene.window.Window(), *stroke);
+    }
+    return {};
+}
+
+std::string Wait(ScriptScene&, Words words) {
+    Sleep(static_cast<DWORD>(Number(words[0]).value_or(0)));
+    return {};
+}
+
+std::string Slow(ScriptScene& scene, Words words) {
+    const auto delay = static_cast<DWORD>(Number(words[0]).value_or(0));
+    scene.window.InWindowThread([&] { scene.window.Progress().SlowDown(delay); });
+    return {};
+}
+
+std::string System(ScriptScene& scene, WPARAM command) {
+    HWND target = AwaitTarget(scene);
+    PostMessageW(target, WM_SYSCOMMAND, command, 0);
+    Sleep(kRedrawn);
+    return Done(target != nullptr, "there is no window");
+}
+
+std::string Minimise(ScriptScene& scene, Words) {
+    return System(scene, SC_MINIMIZE);
+}
+
+std::string Restore(ScriptScene& scene, Words) {
+    return System(scene, SC_RESTORE);
+}
+
+std::string Close(ScriptScene& scene, Words) {
+    return System(scene, SC_CLOSE);
+}
+
+std::string Move(ScriptScene& scene, Words words) {
+    const auto left = Number(words[0]);
+    const auto top = Number(words[1]);
+    HWND target = AwaitTarget(scene);
+    if (!left || !top || target == nullptr) {
+        return "there is no window, or no place";
+    }
+    SetWindowPos(target, nullptr, *left, *top, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    return {};
+}
+
+// Another program's word to the plug-in's dialogs about a menu event.
+std::string MenuEvent(ScriptScene& scene, Words words) {
+    const UINT message = RegisterWindowMessageA("FinaleMenuEventForOrvandelPlugins");
+    PostMessageW(scene.Target(), message, 0, Number(words[0]).value_or(0));
+    return {};
+}
+
+std::string Protect(ScriptScene&, Words words) {
+    return Done(ProtectSettings(words[0], true), "the settings cannot be protected");
+}
+
+std::string Unprotect(ScriptScene&, Words words) {
+    return Done(ProtectSettings(words[0], false), "the settings cannot be freed");
+}
+
+// Of the window the script works in, or with "all" of everything the program shows.
+std::string Screenshot(ScriptScene& scene, Words words) {
+    Sleep(kRedrawn);
+    RECT area{};
+    if (words.size() > 1 && words[1] == "all") {
+        for (HWND window : VisibleWindows(scene.window.Window())) {
+            RECT rect{};
+            GetWindowRect(window, &rect);
+            UnionRect(&area, &area, &rect);
+        }
+    } else {
+        HWND target = scene.Target();
+        GetWindowRect(target != nullptr ? target : scene.window.Window(), &area);
+    }
+    const char* language = scene.language == ScriptLanguage::kSpanish ? ".es.png" : ".en.png";
+    return Done(SaveScreenshot(area, scene.pictures / (words[0] + language)),
+                "the picture was not saved");
+}
+
+std::string RememberCounts(ScriptScene& scene, Words) {
+    scene.objects = CountObjects(scene.window.Window());
+    return {};
+}
+
+struct Step {
+    std::string_view name;
+    std::size_t words;
+    Action action;
+};
+
+constexpr Step kSteps[] = {
+    {"open", 1, Open},
+    {"select", 2, Select},
+    {"menu", 1, Menu},
+    {"show-menu", 1, ShowMenu},
+    {"close-menus", 0, CloseMenus},
+    {"in", 1, In},
+    {"click", 1, Click},
+    {"press", 1, Press},
+    {"undo", 0, Undo},
+    {"choose", 2, Choose},
+    {"type", 1, Type},
+    {"key", 1, Key},
+    {"wait", 1, Wait},
+    {"slow", 1, Slow},
+    {"minimise", 0, Minimise},
+    {"restore", 0, Restore},
+    {"close", 0, Close},
+    {"move", 2, Move},
+    {"menu-event", 1, MenuEvent},
+    {"protect", 1, Protect},
+    {"unprotect", 1, Unprotect},
+    {"screenshot", 1, Screenshot},
+    {"count-objects", 0, RememberCounts},
+};
+
+}  // namespace
+
+std::string TakeStep(ScriptScene& scene, const std::vector<std::string>& words) {
+    if (words[0] == "forget" || words[0] == "setting") {
+        return Done(PrepareSetting(words), "the setting was not written");
+    }
+    const auto* found = std::find_if(std::begin(kSteps), std::end(kSteps),
+                                     [&](const Step& known) { return known.name == words[0]; });
+    if (found == std::end(kSteps) || words.size() < found->words + 1) {
+        return "this is no command, or words are missing";
+    }
+    return found->action(scene, Words{words}.subspan(1));
+}
+
+}  // namespace standin::desktop

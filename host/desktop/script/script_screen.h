@@ -1,0 +1,44 @@
+// What a script finds on the screen: the program's windows, their controls, the menu bar.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/desktop/toolkit/windows_api.h"
+
+namespace standin::desktop {
+
+// The program's top-level windows that can be seen, the front one first.
+std::vector<HWND> VisibleWindows(HWND mainWindow);
+// The front dialog or message box that takes input; null when there is none.
+HWND FrontDialog(HWND mainWindow);
+HWND DialogTitled(HWND mainWindow, const std::wstring& title);
+
+POINT MiddleOf(HWND window);
+bool IsChecked(HWND control);
+
+// A combo box's items, and the one that is chosen.
+std::vector<std::wstring> ItemsOf(HWND comboBox);
+std::optional<std::wstring> ChosenItem(HWND comboBox);
+// Where an item of the dropped list is; nothing when it is not in view.
+std::optional<POINT> ItemPlace(HWND comboBox, int index);
+
+// A place in the menus: "&" and what follows a tab do not count.
+struct MenuPlace {
+    HMENU menu = nullptr;
+    int position = 0;
+};
+std::wstring MenuItemText(HMENU menu, int position);  // empty for a line
+std::optional<MenuPlace> FindMenuItem(HMENU menu, const std::wstring& text);
+// Along several menus. Nothing when one of them is not there.
+std::optional<MenuPlace> FindMenuPath(HWND mainWindow, const std::vector<std::string>& path);
+
+// Opens the menus with the mouse, one after the other, and chooses the last item, with these
+// keys held. An empty text, or what went wrong.
+std::string ChooseMenuItem(HWND mainWindow, const std::vector<std::string>& path,
+                           const std::vector<WORD>& held);
+// Opens the menu at the end of the path and leaves it open.
+std::string OpenMenu(HWND mainWindow, const std::vector<std::string>& path);
+
+}  // namespace standin::desktop

@@ -1,0 +1,23 @@
+#include "host/desktop/toolkit/wide_text.h"
+
+namespace standin::desktop {
+
+std::wstring WideFromUtf8(std::string_view text) {
+    const auto utf16 = platform::MultiByteToUtf16(text, platform::CodePage::kUtf8);
+    return utf16 ? Wide(*utf16) : std::wstring{text.begin(), text.end()};
+}
+
+std::string Utf8(std::wstring_view text) {
+    return platform::Utf16ToMultiByte(Utf16(text), platform::CodePage::kUtf8).value_or("");
+}
+
+std::wstring TextOf(HWND window) {
+    const LRESULT length = SendMessageW(window, WM_GETTEXTLENGTH, 0, 0);
+    std::wstring text(static_cast<std::size_t>(length) + 1, L'\0');
+    const LRESULT copied =
+        SendMessageW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+    text.resize(static_cast<std::size_t>(copied));
+    return text;
+}
+
+}  // namespace standin::desktop

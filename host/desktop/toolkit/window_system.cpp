@@ -1,0 +1,14 @@
+#include "host/desktop/toolkit/window_system.h"
+
+#include "host/desktop/toolkit/windows_api.h"
+
+namespace standin::desktop {
+
+void AwaitWindowSystem() {
+    // The answer to a question comes after all that was asked and said before it.
+    HDC screen = GetDC(nullptr);
+    GetPixel(screen, 0, 0);
+    ReleaseDC(nullptr, screen);
+}
+
+}  // namespace standin::desktop

@@ -1,0 +1,27 @@
+// Takes the user's input from all other windows of the thread while one is in front.
+#pragma once
+
+#include <vector>
+
+#include "host/desktop/toolkit/windows_api.h"
+
+namespace standin::desktop {
+
+class WindowsDisabled {
+public:
+    // Disables every enabled top-level window of this thread.
+    WindowsDisabled();
+    // Enables them again.
+    ~WindowsDisabled() { Restore(); }
+    WindowsDisabled(const WindowsDisabled&) = delete;
+    WindowsDisabled& operator=(const WindowsDisabled&) = delete;
+
+    void Restore();
+
+private:
+    static BOOL CALLBACK Disable(HWND window, LPARAM self);
+
+    std::vector<HWND> m_windows;
+};
+
+}  // namespace standin::desktop

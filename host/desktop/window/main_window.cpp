@@ -1,0 +1,234 @@
+#include "host/desktop/window/main_window.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+
+#include "host/desktop/grid/layer_strip.h"
+#include "host/desktop/grid/selection_text.h"
+#include "host/desktop/toolkit/program_messages.h"
+#include "host/desktop/toolkit/wide_text.h"
+#include "host/desktop/toolkit/window_class.h"
+#include "host/desktop/toolkit/window_system.h"
+#include "host/desktop/window/commands.h"
+#include "platform/resources.h"
+
+namespace standin::desktop {
+
+namespace {
+
+constexpr wchar_t kClassName[] = L"PlyweldStandIn";
+constexpr wchar_t kProgramName[] = L"Finale";
+constexpr int kWidth = 1000;
+constexpr int kHeight = 640;
+
+HWND CreateMainWindow(WNDPROC procedure, void* object) {
+    RegisterWindowClass(kClassName, procedure);
+    return CreateWindowExW(0, kClassName, kProgramName, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40,
+                           40, kWidth, kHeight, nullptr, nullptr, GetModuleHandleW(nullptr),
+                           object);
+}
+
+HACCEL MakeAccelerators() {
+    std::array<ACCEL, 5> keys{{{FVIRTKEY | FCONTROL, 'O', Command::kOpen},
+                               {FVIRTKEY | FCONTROL, 'S', Command::kSave},
+                               {FVIRTKEY | FCONTROL, 'Z', Command::kUndo},
+                               {FVIRTKEY | FCONTROL, 'Y', Command::kRedo},
+                               {FVIRTKEY | FCONTROL, 'A', Command::kSelectAll}}};
+    return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
+}
+
+}  // namespace
+
+MainWindow::MainWindow(MenuBarKind menus)
+    : m_window{CreateMainWindow(Procedure, this)},
+      m_progress{m_pump, m_window},
+      m_dialogs{m_pump, m_window} {
+    m_menus = std::make_unique<MenuBar>(m_window, menus);
+    CreateParts();
+    m_pump.SetAccelerators(m_window, MakeAccelerators());
+    m_pump.SetAfterMessage([this] { AfterMessage(); });
+    App().dialogs = &m_dialogs;
+    App().alertListener = [this](const Alert& alert) { ShowAlert(alert); };
+    App().progressListener = [this](const ProgressReport& report) {
+        return m_progress.Report(report);
+    };
+    ShowDocument();
+    ShowWindow(m_window, SW_SHOW);
+}
+
+MainWindow::~MainWindow() {
+    m_dialogs.CloseAll();
+    m_plugin.reset();
+    App().dialogs = nullptr;
+    App().alertListener = nullptr;
+    App().progressListener = nullptr;
+    DestroyWindow(m_window);
+}
+
+void MainWindow::CreateParts() {
+    InitCommonControls();
+    m_grid = std::make_unique<GridWindow>(m_window, [this] { ShowStatus(); });
+    m_status = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0,
+                               0, 0, 0, m_window, nullptr, GetModuleHandleW(nullptr), nullptr);
+    Arrange();
+}
+
+void MainWindow::Arrange() const {
+    if (m_status == nullptr) {
+        return;
+    }
+    SendMessageW(m_status, WM_SIZE, 0, 0);
+    RECT client;
+    RECT status;
+    GetClientRect(m_window, &client);
+    GetWindowRect(m_status, &status);
+    const int height = client.bottom - (status.bottom - status.top);
+    MoveWindow(m_grid->Window(), 0, 0, client.right, height, TRUE);
+    const std::array<int, 2> edges{client.right * 2 / 5, -1};
+    SendMessageW(m_status, SB_SETPARTS, edges.size(), reinterpret_cast<LPARAM>(edges.data()));
+}
+
+LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM word, LPARAM data) {
+    auto* self = ObjectOf<MainWindow>(window, message, data);
+    if (self == nullptr || self->m_status == nullptr) {
+        return DefWindowProcW(window, message, word, data);
+    }
+    try {
+        return self->Handle(message, word, data);
+    } catch (const std::exception& problem) {
+        self->Tell(WideFromUtf8(problem.what()), MB_ICONERROR);
+        return 0;
+    }
+}
+
+LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
+    switch (message) {
+        case WM_SIZE:
+            Arrange();
+            return 0;
+        case WM_SETFOCUS:
+            SetFocus(m_grid->Window());
+            return 0;
+        case WM_INITMENUPOPUP:
+            m_menus->Update(m_plugin.get(), m_documents);
+            return 0;
+        case WM_COMMAND:
+            CarryOut(LOWORD(word));
+            return 0;
+        case kWorkIsWaiting:
+            AwaitWindowSystem();
+            return HIWORD(GetQueueStatus(QS_INPUT | QS_PAINT)) != 0 ? 1 : 0;
+        case WM_CLOSE:
+            if (CloseAll()) {
+                PostQuitMessage(0);
+            }
+            return 0;
+        case kRunRoutine:
+            (*reinterpret_cast<const std::function<void()>*>(data))();
+            return 0;
+        default:
+            return DefWindowProcW(m_window, message, word, data);
+    }
+}
+
+void MainWindow::StartPlugin() {
+    std::string problem;
+    m_plugin = cli::Plugin::Start(problem, m_window);
+    m_menus->ListPluginItems(m_plugin != nullptr ? m_plugin->Items()
+                                                 : std::vector<cli::PluginItem>{});
+    DrawMenuBar(m_window);
+    if (m_plugin == nullptr) {
+        Tell(L"The plug-in was not loaded: " + WideFromUtf8(problem), MB_ICONWARNING);
+    }
+}
+
+// Some window managers let a window that becomes active come before its own dialogs.
+void MainWindow::KeepDialogsInFront() const {
+    const std::vector<HWND>& dialogs = m_pump.Dialogs();
+    if (dialogs.empty()) {
+        return;
+    }
+    HWND below = GetWindow(m_window, GW_HWNDNEXT);
+    while (below != nullptr) {
+        HWND next = GetWindow(below, GW_HWNDNEXT);
+        if (std::find(dialogs.begin(), dialogs.end(), below) != dialogs.end()) {
+            SetWindowPos(below, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        }
+        below = next;
+    }
+}
+
+int MainWindow::Run() {
+    return m_pump.Run();
+}
+
+void MainWindow::InWindowThread(const std::function<void()>& routine) const {
+    SendMessageW(m_window, kRunRoutine, 0, reinterpret_cast<LPARAM>(&routine));
+}
+
+// What the plug-in did while it handled the message, in its windows or in ours, is shown now.
+void MainWindow::AfterMessage() {
+    KeepDialogsInFront();
+    if (App().progressDisplays.empty()) {
+        m_progress.Finish();
+    }
+    if (!App().redrawn.empty()) {
+        App().redrawn.clear();
+        ShowDocument();
+    }
+}
+
+void MainWindow::ShowAlert(const Alert& alert) {
+    m_progress.Finish();
+    const std::u16string text =
+        alert.stringId != 0 ? std::u16string{platform::ResourceString(alert.stringId)} : alert.text;
+    HWND owner = IsWindow(alert.owner) != 0 ? alert.owner : GetLastActivePopup(m_window);
+    MessageBoxW(owner, Wide(text).c_str(), kProgramName, MB_OK | MB_ICONEXCLAMATION | MB_TASKMODAL);
+}
+
+void MainWindow::ShowDocument() {
+    m_grid->ShowDocument();
+    ShowStatus();
+    ShowTitle();
+}
+
+void MainWindow::ShowStatus() const {
+    const Document* document = App().CurrentDocument();
+    std::wstring selection;
+    std::wstring layers;
+    if (document != nullptr) {
+        selection = Wide(SelectionText(*document));
+        if (const auto focus = m_grid->Focus()) {
+            const u16 staff = document->StaffInSlot(static_cast<i16>(focus->slot), 0);
+            for (u16 layer = 0; layer < GridLayout::kLayers; ++layer) {
+                const Frame* frame =
+                    document->FindFrame({staff, static_cast<u16>(focus->measure), layer});
+                if (frame != nullptr) {
+                    layers += std::to_wstring(layer + 1) + L": " + WideFromUtf8(StripText(*frame)) +
+                              L"   ";
+                }
+            }
+        }
+    }
+    SendMessageW(m_status, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(selection.c_str()));
+    SendMessageW(m_status, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(layers.c_str()));
+}
+
+void MainWindow::ShowTitle() const {
+    const u16 current = App().CurrentNumber();
+    std::wstring title{kProgramName};
+    if (current != 0) {
+        title += L" - " + m_documents.FileOf(current).filename().wstring();
+        if (m_documents.IsChanged(current)) {
+            title += L" (changed)";
+        }
+    }
+    SetWindowTextW(m_window, title.c_str());
+}
+
+void MainWindow::Tell(const std::wstring& text, UINT icon) const {
+    MessageBoxW(m_window, text.c_str(), kProgramName, MB_OK | icon);
+}
+
+}  // namespace standin::desktop

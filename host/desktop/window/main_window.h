@@ -1,0 +1,79 @@
+// The program's window: menu bar, grid, status bar, and the services the plug-in calls.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/cli/plugin.h"
+#include "host/desktop/dialogs/progress_window.h"
+#include "host/desktop/dialogs/windows_dialogs.h"
+#include "host/desktop/grid/grid_window.h"
+#include "host/desktop/toolkit/message_pump.h"
+#include "host/desktop/toolkit/windows_api.h"
+#include "host/desktop/window/menu_bar.h"
+#include "host/desktop/window/open_documents.h"
+
+namespace standin::desktop {
+
+class MainWindow {
+public:
+    explicit MainWindow(MenuBarKind menus);
+    ~MainWindow();
+    MainWindow(const MainWindow&) = delete;
+    MainWindow& operator=(const MainWindow&) = delete;
+
+    // Starts the plug-in and lists its items; tells the user when it does not start.
+    void StartPlugin();
+    // Tells the user when it cannot be opened. False: not opened.
+    bool Open(const std::filesystem::path& file);
+    // Runs until the window is closed.
+    int Run();
+
+    HWND Window() const noexcept { return m_window; }
+    GridWindow& Grid() noexcept { return *m_grid; }
+    ProgressWindow& Progress() noexcept { return m_progress; }
+    void CarryOut(u16 command);
+    // After a change of the current document or its selection from outside.
+    void ShowDocument();
+
+    // Runs a routine in the window's thread and returns when it is done; from any thread.
+    void InWindowThread(const std::function<void()>& routine) const;
+
+private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM word, LPARAM data);
+    LRESULT Handle(UINT message, WPARAM word, LPARAM data);
+    void CreateParts();
+    void Arrange() const;
+    void KeepDialogsInFront() const;
+
+    bool CarryOutFile(u16 command);
+    bool CarryOutEdit(u16 command);
+    bool CarryOutView(u16 command);
+    bool CarryOutHost(u16 command);
+    void ChoosePluginItem(int item) const;
+    void Save(bool askForName);
+    bool CloseDocument(u16 document);
+    bool CloseAll();
+    void About() const;
+
+    void AfterMessage();
+    void ShowAlert(const Alert& alert);
+    void ShowStatus() const;
+    void ShowTitle() const;
+    void Tell(const std::wstring& text, UINT icon) const;
+
+    MessagePump m_pump;
+    HWND m_window;
+    ProgressWindow m_progress;
+    OpenDocuments m_documents;
+    std::unique_ptr<MenuBar> m_menus;
+    std::unique_ptr<GridWindow> m_grid;
+    HWND m_status = nullptr;
+    WindowsDialogs m_dialogs;
+    std::unique_ptr<cli::Plugin> m_plugin;
+};
+
+}  // namespace standin::desktop

@@ -1,0 +1,59 @@
+#include "host/desktop/window/open_documents.h"
+
+#include <utility>
+
+#include "host/cli/output_file.h"
+#include "host/musicxml/read/read_score.h"
+#include "host/musicxml/write/write_score.h"
+
+namespace standin::desktop {
+
+u16 OpenDocuments::Open(const std::filesystem::path& file, std::string& problem) {
+    Document& document = App().OpenDocument(file.u16string());
+    const u16 number = document.Number();
+    ReadResult read = ReadScore(file, &document);
+    if (!read) {
+        App().CloseDocument(number);
+        problem = read.message;
+        return 0;
+    }
+    m_entries[number] = {std::move(read.score), file, document.Digest()};
+    App().SetCurrentDocument(number);
+    return number;
+}
+
+bool OpenDocuments::Save(u16 document, const std::filesystem::path& file, std::string& problem) {
+    const auto found = m_entries.find(document);
+    if (found == m_entries.end()) {
+        problem = "it is not open";
+        return false;
+    }
+    problem = cli::WriteWhole(cli::TextOf(file), WriteScore(*found->second.score));
+    if (!problem.empty()) {
+        return false;
+    }
+    Document& saved = *App().FindDocument(document);
+    saved.SetPath(file.u16string());
+    found->second.file = file;
+    found->second.savedDigest = saved.Digest();
+    return true;
+}
+
+void OpenDocuments::Close(u16 document) {
+    App().CloseDocument(document);
+    m_entries.erase(document);
+}
+
+std::filesystem::path OpenDocuments::FileOf(u16 document) const {
+    const auto found = m_entries.find(document);
+    return found == m_entries.end() ? std::filesystem::path{} : found->second.file;
+}
+
+bool OpenDocuments::IsChanged(u16 document) const {
+    const auto found = m_entries.find(document);
+    const Document* open = App().FindDocument(document);
+    return found != m_entries.end() && open != nullptr &&
+           open->Digest() != found->second.savedDigest;
+}
+
+}  // namespace standin::desktop

@@ -1,0 +1,269 @@
+#include "host/musicxml/read/measure_layers.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "host/musicxml/note_details.h"
+#include "host/musicxml/read/entry_length.h"
+#include "host/score/tags.h"
+
+namespace standin {
+
+void MeasureLayers::Begin(u16 measure) {
+    m_measure = measure;
+    m_drafts.clear();
+    m_voices.clear();
+}
+
+EntryDraft& MeasureLayers::Add(int staff, std::string_view name) {
+    auto voice = std::find_if(m_voices.begin(), m_voices.end(), [&](const Voice& candidate) {
+        return candidate.staff == staff && candidate.name == name;
+    });
+    if (voice == m_voices.end()) {
+        m_voices.push_back({staff, std::string{name}, {}, {}, -1});
+        voice = std::prev(m_voices.end());
+    }
+    EntryDraft& draft = m_drafts.emplace_back();
+    draft.entry.entryNumber = m_score.document->NewEntryNumber();
+    voice->entries.push_back(&draft);
+    return draft;
+}
+
+int MeasureLayers::LayerOf(int staff, std::string_view name) const {
+    for (const Voice& voice : m_voices) {
+        if (voice.staff == staff && voice.name == name) {
+            return voice.layer;
+        }
+    }
+    return -1;
+}
+
+// Grace entries go with the entry that follows them.
+void MeasureLayers::SplitIntoLines(Voice& voice) {
+    const auto byStart = [](const EntryDraft* a, const EntryDraft* b) {
+        return a->start < b->start;
+    };
+    std::stable_sort(voice.entries.begin(), voice.entries.end(), byStart);
+    std::vector<EntryDraft*> graces;
+    const auto lineFor = [&voice](Rational start) -> Line& {
+        for (Line& line : voice.lines) {
+            if (!(start < line.end)) {
+                return line;
+            }
+        }
+        return voice.lines.emplace_back();
+    };
+    for (EntryDraft* draft : voice.entries) {
+        if (draft->Grace()) {
+            graces.push_back(draft);
+            continue;
+        }
+        Line& line = lineFor(draft->start);
+        line.entries.insert(line.entries.end(), graces.begin(), graces.end());
+        graces.clear();
+        line.entries.push_back(draft);
+        line.end = draft->End();
+    }
+    if (!graces.empty()) {
+        Line& line = lineFor(graces.front()->start);
+        line.entries.insert(line.entries.end(), graces.begin(), graces.end());
+    }
+}
+
+Problem MeasureLayers::NoRoom(const Voice& voice, const EntryDraft& draft) const {
+    return {"part " + m_part.id + ", staff " + std::to_string(voice.staff + 1) + ", measure " +
+                std::to_string(m_measure) + ": voice " + voice.name +
+                " finds no free layer among four",
+            draft.offset};
+}
+
+Problem MeasureLayers::ChooseFurtherLayer(Voice& voice, Used& used) {
+    const auto free = std::find(used.begin(), used.end(), false);
+    if (free == used.end()) {
+        return NoRoom(voice, *voice.entries.front());
+    }
+    *free = true;
+    voice.layer = static_cast<int>(free - used.begin());
+    StaffVoices& staff = m_part.staves[static_cast<std::size_t>(voice.staff)];
+    staff.others[{m_measure, static_cast<u16>(voice.layer)}] = voice.name;
+    return {};
+}
+
+// Known voices first, so that a further one takes a layer that none of them needs here.
+Problem MeasureLayers::ChooseLayers(int staff) {
+    StaffVoices& names = m_part.staves[static_cast<std::size_t>(staff)];
+    Used used{};
+    for (Voice& voice : m_voices) {
+        if (voice.staff != staff) {
+            continue;
+        }
+        auto layer = std::find(names.names.begin(), names.names.end(), voice.name);
+        if (layer == names.names.end()) {
+            layer = std::find(names.names.begin(), names.names.end(), "");
+            if (layer == names.names.end()) {
+                continue;
+            }
+            *layer = voice.name;
+        }
+        voice.layer = static_cast<int>(layer - names.names.begin());
+        used[static_cast<std::size_t>(voice.layer)] = true;
+    }
+    for (Voice& voice : m_voices) {
+        if (voice.staff == staff && voice.layer < 0) {
+            if (Problem problem = ChooseFurtherLayer(voice, used)) {
+                return problem;
+            }
+        }
+    }
+    for (Voice& voice : m_voices) {
+        if (voice.staff == staff) {
+            if (Problem problem = StoreVoice(voice, used)) {
+                return problem;
+            }
+        }
+    }
+    return {};
+}
+
+Problem MeasureLayers::Store() {
+    for (Voice& voice : m_voices) {
+        SplitIntoLines(voice);
+    }
+    for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
+        if (Problem problem = ChooseLayers(static_cast<int>(staff))) {
+            return problem;
+        }
+    }
+    return {};
+}
+
+Problem MeasureLayers::StoreVoice(Voice& voice, Used& used) {
+    std::vector<EXENTRY> frame;
+    if (Problem problem = AppendLine(voice.lines.front(), 0, {}, frame)) {
+        return problem;
+    }
+    bool hasSecondVoice = false;
+    for (std::size_t i = 1; i < voice.lines.size(); ++i) {
+        const Line& line = voice.lines[i];
+        const auto free = std::find(used.begin(), used.end(), false);
+        if (free != used.end()) {
+            *free = true;
+            const int layer = static_cast<int>(free - used.begin());
+            std::vector<EXENTRY> further;
+            if (Problem problem = AppendLine(line, 0, {}, further)) {
+                return problem;
+            }
+            StaffVoices& staff = m_part.staves[static_cast<std::size_t>(voice.staff)];
+            staff.others[{m_measure, static_cast<u16>(layer)}] = voice.name;
+            PutFrame(voice.staff, layer, std::move(further));
+            continue;
+        }
+        if (hasSecondVoice) {
+            return NoRoom(voice, *line.entries.front());
+        }
+        hasSecondVoice = true;
+        if (Problem problem = AppendSecondVoice(voice, line, frame)) {
+            return problem;
+        }
+    }
+    PutFrame(voice.staff, voice.layer, std::move(frame));
+    return {};
+}
+
+// Voice 2 starts with the last entry of the layer that starts no later than the line.
+Problem MeasureLayers::AppendSecondVoice(const Voice& voice, const Line& line,
+                                         std::vector<EXENTRY>& frame) {
+    const Line& first = voice.lines.front();
+    std::size_t launcher = 0;
+    Rational start{};
+    std::size_t at = 0;
+    for (const EntryDraft* draft : first.entries) {
+        while (at < frame.size() && frame[at].entryNumber != draft->entry.entryNumber) {
+            ++at;
+        }
+        const bool starts = !draft->Grace() && !(line.entries.front()->start < draft->start);
+        if (starts && at < frame.size()) {
+            launcher = at;
+            start = draft->start;
+        }
+    }
+    frame[launcher].flags |= EntryFlag::kLaunchVoice2;
+    std::vector<EXENTRY> second;
+    if (Problem problem = AppendLine(line, EntryFlag::kVoice2, start, second)) {
+        return problem;
+    }
+    frame.insert(frame.begin() + static_cast<std::ptrdiff_t>(launcher) + 1, second.begin(),
+                 second.end());
+    return {};
+}
+
+Problem MeasureLayers::AppendLine(const Line& line, u32 flags, Rational from,
+                                  std::vector<EXENTRY>& frame) {
+    Rational time = from;
+    for (EntryDraft* draft : line.entries) {
+        if (time < draft->start) {
+            AppendGap(time, draft->start, flags, frame);
+        }
+        if (Problem problem = AppendEntry(*draft, flags, frame)) {
+            return problem;
+        }
+        time = draft->End();
+    }
+    return {};
+}
+
+// Hidden rests; more than one when the gap is longer than an entry can be.
+void MeasureLayers::AppendGap(Rational from, Rational to, u32 flags, std::vector<EXENTRY>& frame) {
+    i64 start = RoundToUnits(from);
+    const i64 end = RoundToUnits(to);
+    constexpr i64 kStep = 8 * 4 * kQuarterNote - 4 * kQuarterNote;
+    while (start < end) {
+        EXENTRY gap{};
+        WrittenForm form;
+        const i64 length = std::min(end - start, kStep);
+        form.gap = true;
+        form.length = length == end - RoundToUnits(from) ? to - from : Rational::OfUnits(length);
+        gap.entryNumber = m_score.document->NewEntryNumber();
+        gap.duration = static_cast<i16>(length);
+        gap.flags = flags | EntryFlag::kNoNotes | EntryFlag::kIgnore;
+        form.notated = gap.duration;
+        gap.fieldAt12 = m_score.forms.Intern(form);
+        frame.push_back(gap);
+        start += length;
+    }
+}
+
+Problem MeasureLayers::AppendEntry(EntryDraft& draft, u32 flags, std::vector<EXENTRY>& frame) {
+    EXENTRY& entry = draft.entry;
+    entry.flags |= flags;
+    const i64 actual = RoundToUnits(draft.End()) - RoundToUnits(draft.start);
+    if (actual == 0 && !draft.Grace() && entry.noteCount > 0) {
+        return {"a note lasts less than 1/1024 of a quarter note, the shortest that the host knows",
+                draft.offset};
+    }
+    const auto length =
+        LengthOfEntry(NotatedLength(draft.form.type, draft.form.dots), actual, draft.Grace());
+    if (!length) {
+        return {"a duration that an entry cannot have", draft.offset};
+    }
+    entry.duration = length->duration;
+    draft.form.notated = length->duration;
+    entry.fieldAt12 = m_score.forms.Intern(draft.form);
+    if (length->needsTuplet || draft.tupletStarts != 0 || draft.tupletStops != 0) {
+        EDTTuplet2005 tuplet = length->tuplet;
+        const TupletText text{draft.tupletStarts, draft.tupletStops};
+        std::memcpy(reinterpret_cast<char*>(&tuplet) + kTupletTextOffset, &text, sizeof(text));
+        m_score.document->Records().Create(
+            Tag::kTuplet, RecordKey::OfEntry(entry.entryNumber, kAppend), BytesOf(tuplet));
+    }
+    frame.push_back(entry);
+    return {};
+}
+
+void MeasureLayers::PutFrame(int staff, int layer, std::vector<EXENTRY> frame) {
+    const FrameKey key{m_part.staves[static_cast<std::size_t>(staff)].staff, m_measure,
+                       static_cast<u16>(layer)};
+    m_score.document->PutFrame(key, std::move(frame));
+}
+
+}  // namespace standin

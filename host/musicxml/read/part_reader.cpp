@@ -1,0 +1,322 @@
+#include "host/musicxml/read/part_reader.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "host/musicxml/expressions.h"
+#include "host/musicxml/pitch.h"
+#include "host/musicxml/xml/xml_node.h"
+
+namespace standin {
+namespace {
+
+constexpr std::string_view kDefaultVoice = "1";
+constexpr std::size_t kMostMeasures = 30000;
+
+bool IsRightBarline(pugi::xml_node node) {
+    return std::strcmp(node.name(), "barline") == 0 &&
+           std::string_view{node.attribute("location").as_string("right")} == "right";
+}
+
+Problem NoRoomFor(const std::string& what, pugi::xml_node node) {
+    return {"there are more " + what + " than a score of the host can hold", OffsetOf(node)};
+}
+
+// Of <attributes>: that they are plain <divisions>, which the writer chooses as it needs them.
+bool SaysNothingElse(pugi::xml_node attributes) {
+    const pugi::xml_node child = attributes.first_child();
+    return !attributes.first_attribute() && child == attributes.last_child() &&
+           !child.first_attribute() && !child.first_child();
+}
+
+// Where no <divisions> were given, a note's type still tells what its duration means.
+Rational ImpliedDivisions(pugi::xml_node note) {
+    const NoteType type = NoteTypeOf(Trimmed(note.child_value("type")));
+    const auto duration = DecimalOf(note.child_value("duration"));
+    if (type == 0 || !duration || note.child("dot") || note.child("time-modification")) {
+        return {};
+    }
+    const Rational implied =
+        Rational::Of(duration->num * kQuarterNote, duration->den * NotatedLength(type, 0));
+    return implied.num > 0 ? implied : Rational{};
+}
+
+}  // namespace
+
+PartReader::PartReader(ImportedScore& score, ScorePart& part)
+    : m_score{score},
+      m_part{part},
+      m_document{*score.document},
+      m_spanners{m_document},
+      m_notes{score.text, score.fragments, score.pitches},
+      m_attachments{score, m_spanners},
+      m_layers{score, part} {}
+
+Problem PartReader::Read(pugi::xml_node part) {
+    for (const pugi::xml_node measure : part.children("measure")) {
+        if (m_measure >= kMostMeasures) {
+            return {"the score has too many measures", OffsetOf(measure)};
+        }
+        ++m_measure;
+        if (Problem problem = ReadMeasure(measure)) {
+            return problem;
+        }
+        NameMeasure(measure.attribute("number").value());
+    }
+    return m_spanners.KeepUnpaired() ? Problem{} : NoRoomFor("slurs and other lines", part);
+}
+
+// A measure is called by its number in the file, which need not be its place.
+void PartReader::NameMeasure(std::string_view number) {
+    const bool isPlain =
+        std::all_of(number.begin(), number.end(), [](char c) { return c > ' ' && c < '\x7f'; });
+    if (isPlain && !number.empty() && number != std::to_string(m_measure)) {
+        m_document.SetMeasureNumberText(m_measure, {number.begin(), number.end()});
+    }
+}
+
+Problem PartReader::ReadMeasure(pugi::xml_node node) {
+    const std::string_view text = m_score.text;
+    PartMeasure& measure = m_part.measures.emplace_back();
+    measure.bodyBegin = TagEnd(text, OffsetOf(node));
+    const bool isEmpty = text.substr(measure.bodyBegin - 2, 2) == "/>";
+    m_time = {};
+    m_measureExists = false;
+    m_chord.clear();
+    m_directions.clear();
+    m_directionsBefore = 0;
+    m_layers.Begin(m_measure);
+    measure.divisions = m_context.divisions.IsZero() ? Rational{1, 1} : m_context.divisions;
+
+    std::size_t end = measure.bodyBegin;
+    for (const pugi::xml_node child : node.children()) {
+        if (Problem problem = ReadChild(child)) {
+            return problem;
+        }
+    }
+    if (const pugi::xml_node last = node.last_child()) {
+        end = NodeEnd(text, OffsetOf(last));
+    }
+    measure.bodyEnd = isEmpty ? measure.bodyBegin : std::min(text.find("</", end), text.size());
+    measure.grid = m_context.divisions.IsZero() ? Rational{1, 1} : m_context.divisions;
+    EnsureMeasure();
+    if (Problem problem = m_layers.Store()) {
+        return problem;
+    }
+    if (!m_spanners.EndMeasure()) {
+        return NoRoomFor("slurs and other lines", node);
+    }
+    for (const VoicedDirection& direction : m_directions) {
+        if (!StoreDirection(direction)) {
+            return NoRoomFor("directions", direction.node);
+        }
+    }
+    const i32 length = static_cast<i32>(RoundToUnits(measure.length));
+    if (length > 0 &&
+        (m_document.MeasureDuration(0, m_measure) < length || &m_part == &m_score.parts.front())) {
+        m_document.SetMeasureDuration(0, m_measure, length);
+    }
+    return {};
+}
+
+Problem PartReader::ReadChild(pugi::xml_node child) {
+    const std::string_view name = child.name();
+    if (name == "note") {
+        return ReadNote(child);
+    }
+    if (name == "backup") {
+        return ReadBackup(child);
+    }
+    if (name == "forward") {
+        return ReadForward(child);
+    }
+    if (name == "attributes") {
+        if (Problem problem = ReadAttributes(child, m_context)) {
+            return problem;
+        }
+    }
+    return ReadItem(child);
+}
+
+// The measure takes its key and time from the first part that has it.
+void PartReader::EnsureMeasure() {
+    if (m_measureExists) {
+        return;
+    }
+    m_measureExists = true;
+    if (m_measure > m_document.MeasureCount()) {
+        const Meter& meter = m_context.meter;
+        m_document.AddMeasure(meter.beats, meter.beatDuration, KeyWord(m_context.fifths));
+    }
+    m_measureFifths = FifthsOfKeyWord(m_document.Measure(m_measure).key);
+}
+
+void PartReader::Reach(Rational time) {
+    PartMeasure& measure = m_part.measures.back();
+    if (measure.length < time) {
+        measure.length = time;
+    }
+}
+
+Problem PartReader::ReadBackup(pugi::xml_node backup) {
+    Rational length;
+    if (Problem problem =
+            m_notes.ReadDuration(backup.child("duration"), m_context.divisions, length)) {
+        return problem.offset == 0 ? Problem{"<backup> needs a <duration>", OffsetOf(backup)}
+                                   : problem;
+    }
+    m_time = m_time - length;
+    if (m_time.num < 0) {
+        return {"<backup> goes before the measure's start", OffsetOf(backup)};
+    }
+    return {};
+}
+
+Problem PartReader::ReadForward(pugi::xml_node forward) {
+    Rational length;
+    if (Problem problem =
+            m_notes.ReadDuration(forward.child("duration"), m_context.divisions, length)) {
+        return problem.offset == 0 ? Problem{"<forward> needs a <duration>", OffsetOf(forward)}
+                                   : problem;
+    }
+    m_time = m_time + length;
+    Reach(m_time);
+    return m_time.IsValid() ? Problem{}
+                            : Problem{"the measure's times do not go together", OffsetOf(forward)};
+}
+
+Problem PartReader::ReadItem(pugi::xml_node item) {
+    PartMeasure& measure = m_part.measures.back();
+    const std::size_t begin = OffsetOf(item);
+    const std::size_t end = NodeEnd(m_score.text, begin);
+    if (std::strcmp(item.name(), "direction") == 0 && item.child("voice")) {
+        m_directions.push_back({item, m_time, static_cast<u32>(measure.items.size()), false});
+    }
+    const bool setsDivisions =
+        std::strcmp(item.name(), "attributes") == 0 && item.child("divisions");
+    m_part.namesDivisions = m_part.namesDivisions || setsDivisions;
+    if (setsDivisions && SaysNothingElse(item)) {
+        measure.changesDivisions = true;
+        return {};
+    }
+    measure.items.push_back({begin, end, m_time, IsRightBarline(item),
+                             setsDivisions ? m_context.divisions : Rational{}});
+    return {};
+}
+
+Problem PartReader::ReadNote(pugi::xml_node node) {
+    EnsureMeasure();
+    if (m_context.divisions.IsZero()) {
+        m_context.divisions = ImpliedDivisions(node);
+        m_part.measures.back().divisions = m_context.divisions;
+    }
+    NoteElement note;
+    if (Problem problem = m_notes.Read(node, m_context.divisions, m_measureFifths, note)) {
+        return problem;
+    }
+    if (static_cast<std::size_t>(note.staff) > m_part.staves.size()) {
+        return {"<staff> names a staff that the part does not have", OffsetOf(node)};
+    }
+    for (; m_directionsBefore < m_directions.size(); ++m_directionsBefore) {
+        m_directions[m_directionsBefore].beforeGrace = note.grace;
+    }
+    m_part.namesVoices = m_part.namesVoices || !note.voice.empty();
+    if (note.voice.empty()) {
+        note.voice = kDefaultVoice;
+    }
+    bool isNew = false;
+    EntryDraft& draft = EntryFor(note, isNew);
+    if (!AddNote(draft, note, isNew)) {
+        return NoRoomFor("things at one note", node);
+    }
+    if (!draft.End().IsValid()) {
+        return {"the measure's times do not go together", OffsetOf(node)};
+    }
+    Reach(draft.End());
+    if (!note.chord || m_chord.size() == 1) {
+        m_time = draft.End();
+    }
+    return {};
+}
+
+// A chord's note joins the entry on its own staff and in its own voice, when it is as long.
+EntryDraft& PartReader::EntryFor(const NoteElement& note, bool& isNew) {
+    Rational start = m_time;
+    if (note.chord && !m_chord.empty()) {
+        start = m_chord.front().draft->start;
+        for (const ChordMember& member : m_chord) {
+            const EntryDraft& draft = *member.draft;
+            const bool fits = member.staff == note.staff && member.voice == note.voice &&
+                              draft.form.length == note.length && draft.Grace() == note.grace &&
+                              draft.entry.noteCount > 0 && !note.rest &&
+                              draft.entry.noteCount < kMaxNotesPerEntry;
+            if (fits) {
+                return *member.draft;
+            }
+        }
+    } else {
+        m_chord.clear();
+    }
+    EntryDraft& draft = m_layers.Add(note.staff - 1, note.voice);
+    draft.start = start;
+    draft.offset = OffsetOf(note.node);
+    m_chord.push_back({&draft, note.staff, note.voice});
+    isNew = true;
+    return draft;
+}
+
+bool PartReader::AddNote(EntryDraft& draft, const NoteElement& note, bool isNew) {
+    EXENTRY& entry = draft.entry;
+    if (isNew) {
+        draft.form.length = note.length;
+        draft.form.type = note.type;
+        draft.form.dots = static_cast<u8>(std::min(note.dots, 15));
+        draft.form.timeModification = note.timeModification;
+        draft.form.rest = note.restElement;
+        entry.flags |= note.grace ? EntryFlag::kGrace : 0U;
+        entry.flags |= note.rest ? EntryFlag::kNoNotes : EntryFlag::kNote;
+        entry.flags |= note.rest && note.hidden ? EntryFlag::kIgnore : 0U;
+    }
+    EntryPlace place{&entry,          &draft.form,
+                     entry.noteCount, m_part.staves[static_cast<std::size_t>(note.staff - 1)].staff,
+                     m_measure,       draft.start};
+    if (!note.rest) {
+        EXNOTE& head = entry.notes[entry.noteCount++];
+        head.pitch = note.pitchField;
+        head.second = note.pitchFragment;
+        head.noteID = static_cast<u16>(entry.noteCount);
+        head.flags = u32{head.noteID} << 16U;
+    }
+    const bool fits = m_attachments.Read(note, place);
+    if (isNew) {
+        draft.tupletStarts = m_attachments.TupletStarts();
+        draft.tupletStops = m_attachments.TupletStops();
+    }
+    return fits;
+}
+
+bool PartReader::StoreDirection(const VoicedDirection& direction) {
+    const int staff = IntegerOf(direction.node.child_value("staff")).value_or(1) - 1;
+    const std::string_view voice = Trimmed(direction.node.child_value("voice"));
+    const int layer = m_layers.LayerOf(staff, voice);
+    if (layer < 0) {
+        return true;
+    }
+    ExpressionPlace place;
+    place.staff = m_part.staves[static_cast<std::size_t>(staff)].staff;
+    place.measure = m_measure;
+    place.layer = static_cast<u16>(layer);
+    place.position = static_cast<i32>(RoundToUnits(direction.time));
+    place.graceIndex = direction.beforeGrace ? i16{1} : i16{0};
+    const Frame* frame = m_document.FindFrame({place.staff, m_measure, place.layer});
+    if (frame != nullptr) {
+        place.atEntry =
+            std::any_of(frame->entries.begin(), frame->entries.end(),
+                        [&](const EXENTRY& entry) { return entry.elapsedTime == place.position; });
+    }
+    const FragmentId text = m_score.fragments.Intern(TextOf(m_score.text, direction.node));
+    return AddExpression(m_score, place, text, direction.item);
+}
+
+}  // namespace standin

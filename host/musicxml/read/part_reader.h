@@ -1,0 +1,66 @@
+// Reads one <part>: one function an element of its measures.
+#pragma once
+
+#include <vector>
+
+#include "host/musicxml/imported_score.h"
+#include "host/musicxml/problem.h"
+#include "host/musicxml/read/measure_context.h"
+#include "host/musicxml/read/measure_layers.h"
+#include "host/musicxml/read/note_attachments.h"
+#include "host/musicxml/read/note_reader.h"
+#include "host/musicxml/read/spanners.h"
+
+namespace standin {
+
+class PartReader {
+public:
+    // The part's staves are known; its measures are not read yet.
+    PartReader(ImportedScore& score, ScorePart& part);
+
+    Problem Read(pugi::xml_node part);
+
+private:
+    struct VoicedDirection {
+        pugi::xml_node node;
+        Rational time{};
+        u32 item = 0;
+        bool beforeGrace = false;  // the next note is one
+    };
+
+    void NameMeasure(std::string_view number);
+    Problem ReadMeasure(pugi::xml_node measure);
+    Problem ReadChild(pugi::xml_node child);
+    Problem ReadNote(pugi::xml_node node);
+    Problem ReadBackup(pugi::xml_node backup);
+    Problem ReadForward(pugi::xml_node forward);
+    Problem ReadItem(pugi::xml_node item);
+    EntryDraft& EntryFor(const NoteElement& note, bool& isNew);
+    bool AddNote(EntryDraft& draft, const NoteElement& note, bool isNew);
+    void EnsureMeasure();
+    bool StoreDirection(const VoicedDirection& direction);
+    void Reach(Rational time);
+
+    ImportedScore& m_score;
+    ScorePart& m_part;
+    Document& m_document;
+    Spanners m_spanners;
+    NoteReader m_notes;
+    NoteAttachments m_attachments;
+    MeasureLayers m_layers;
+    MeasureContext m_context;
+    u16 m_measure = 0;
+    int m_measureFifths = 0;  // by the measure's record
+    bool m_measureExists = false;
+    Rational m_time{};
+    struct ChordMember {
+        EntryDraft* draft;
+        int staff;
+        std::string_view voice;
+    };
+    std::vector<ChordMember> m_chord;  // what further notes of the chord join
+    std::vector<VoicedDirection> m_directions;
+    std::size_t m_directionsBefore = 0;  // how many of them stand before the note read last
+};
+
+}  // namespace standin

@@ -1,0 +1,219 @@
+#include "host/musicxml/read/read_score.h"
+
+#include <algorithm>
+#include <cstring>
+#include <fstream>
+#include <iterator>
+#include <new>
+#include <pugixml.hpp>
+#include <sstream>
+
+#include "host/musicxml/read/part_reader.h"
+#include "host/musicxml/xml/archive.h"
+#include "host/musicxml/xml/xml_node.h"
+
+namespace standin {
+namespace {
+
+constexpr int kDeepestNesting = 200;
+constexpr int kMostStavesOfPart = 64;
+constexpr std::size_t kMostStaves = 4000;
+
+constexpr unsigned kParseOptions = pugi::parse_cdata | pugi::parse_escapes |
+                                   pugi::parse_embed_pcdata | pugi::parse_comments | pugi::parse_pi;
+
+Problem ParseXml(std::string_view text, pugi::xml_document& document) {
+    const pugi::xml_parse_result parsed =
+        document.load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
+    if (!parsed) {
+        std::string reason = parsed.description();
+        reason.front() =
+            static_cast<char>(std::tolower(static_cast<unsigned char>(reason.front())));
+        return {"the file is no well-formed XML: " + reason,
+                static_cast<std::size_t>(parsed.offset)};
+    }
+    if (const pugi::xml_node deep = FindNestedDeeper(document, kDeepestNesting)) {
+        return {"elements are nested too deeply", OffsetOf(deep)};
+    }
+    return {};
+}
+
+Problem CheckRoot(pugi::xml_node root) {
+    const std::string_view name = root.name();
+    if (name == "score-timewise") {
+        return {"the score is timewise; only partwise scores can be read", OffsetOf(root)};
+    }
+    if (name != "score-partwise") {
+        return {"the file is no MusicXML score: its root element is <" + std::string{name} + ">",
+                OffsetOf(root)};
+    }
+    if (const pugi::xml_node note = root.child("note")) {
+        return {"a note stands outside any part", OffsetOf(note)};
+    }
+    if (const pugi::xml_node measure = root.child("measure")) {
+        return {"a measure stands outside any part", OffsetOf(measure)};
+    }
+    if (!root.child("part")) {
+        return {"the score has no part", OffsetOf(root)};
+    }
+    return {};
+}
+
+// How many staves the part's attributes or notes ask for.
+Problem CountStaves(pugi::xml_node part, ScorePart& result, int& staves) {
+    staves = 1;
+    for (const pugi::xml_node measure : part.children("measure")) {
+        for (const pugi::xml_node child : measure.children()) {
+            pugi::xml_node count;
+            if (std::strcmp(child.name(), "note") == 0) {
+                count = child.child("staff");
+                result.namesStaves = result.namesStaves || count;
+            } else if (std::strcmp(child.name(), "attributes") == 0) {
+                count = child.child("staves");
+            }
+            if (!count) {
+                continue;
+            }
+            const auto number = IntegerOf(count.child_value());
+            if (!number || *number < 1 || *number > kMostStavesOfPart) {
+                return {'<' + std::string{count.name()} + "> must be a number from 1 to 64",
+                        OffsetOf(count)};
+            }
+            staves = std::max(staves, *number);
+        }
+    }
+    return {};
+}
+
+std::u16string Utf16Of(std::string_view text) {
+    const std::wstring wide = pugi::as_wide(std::string{text});
+    std::u16string result;
+    for (const wchar_t unit : wide) {
+        const u32 code = std::char_traits<wchar_t>::to_int_type(unit);
+        if (code >= 0x10000) {
+            result.push_back(static_cast<char16>(0xD800U + ((code - 0x10000U) >> 10U)));
+            result.push_back(static_cast<char16>(0xDC00U + ((code - 0x10000U) & 0x3FFU)));
+        } else {
+            result.push_back(static_cast<char16>(code));
+        }
+    }
+    return result;
+}
+
+std::string NameOfPart(pugi::xml_node root, const std::string& id) {
+    const pugi::xml_node listed =
+        root.child("part-list").find_child_by_attribute("score-part", "id", id.c_str());
+    return listed.child_value("part-name");
+}
+
+Problem ReadPart(pugi::xml_node root, pugi::xml_node node, u16& lastStaff, ImportedScore& score) {
+    ScorePart& part = score.parts.emplace_back();
+    part.id = node.attribute("id").value();
+    part.name = NameOfPart(root, part.id);
+    int staves = 1;
+    if (Problem problem = CountStaves(node, part, staves)) {
+        return problem;
+    }
+    for (int i = 0; i < staves; ++i) {
+        if (++lastStaff > kMostStaves) {
+            return {"the score has too many staves", OffsetOf(node)};
+        }
+        part.staves.push_back({lastStaff, {}, {}});
+        score.document->AddStaff(lastStaff, Utf16Of(part.name));
+    }
+    score.document->AddPart(static_cast<i16>(score.parts.size()), Utf16Of(part.name));
+    return PartReader{score, part}.Read(node);
+}
+
+Problem ReadParts(const pugi::xml_document& document, ImportedScore& score) {
+    const pugi::xml_node root = document.document_element();
+    if (Problem problem = CheckRoot(root)) {
+        return problem;
+    }
+    const auto parts = root.children("part");
+    score.parts.reserve(static_cast<std::size_t>(std::distance(parts.begin(), parts.end())));
+    u16 lastStaff = 0;
+    for (const pugi::xml_node part : parts) {
+        if (Problem problem = ReadPart(root, part, lastStaff, score)) {
+            return problem;
+        }
+    }
+    if (score.document->MeasureCount() == 0) {
+        return {"the score has no measure", OffsetOf(root)};
+    }
+    return {};
+}
+
+// One line, whatever of the file it quotes.
+ReadResult Refused(std::string message, std::size_t line = 0) {
+    std::replace_if(
+        message.begin(), message.end(),
+        [](char byte) { return static_cast<unsigned char>(byte) < 0x20; }, ' ');
+    return {nullptr, std::move(message), line};
+}
+
+ReadResult Import(std::string bytes, Document* into) {
+    auto score = std::make_unique<ImportedScore>();
+    if (IsArchive(bytes)) {
+        ArchiveMember member = ReadArchivedScore(bytes);
+        if (!member.problem.empty()) {
+            return Refused(std::move(member.problem));
+        }
+        score->archive = std::move(bytes);
+        score->archiveMember = std::move(member.name);
+        bytes = std::move(member.bytes);
+    }
+    DecodedText decoded = DecodeXml(std::move(bytes));
+    if (!decoded.problem.empty()) {
+        return Refused(std::move(decoded.problem), decoded.line);
+    }
+    score->text = std::move(decoded.text);
+    score->format = decoded.format;
+    if (into == nullptr) {
+        score->ownDocument = std::make_unique<Document>(u16{0}, std::u16string{});
+        into = score->ownDocument.get();
+    }
+    score->document = into;
+
+    pugi::xml_document document;
+    Problem problem = ParseXml(score->text, document);
+    if (!problem) {
+        problem = ReadParts(document, *score);
+    }
+    if (problem) {
+        return Refused(std::move(problem.message), LineAt(score->text, problem.offset));
+    }
+    into->MarkImported();
+    return {std::move(score), {}, 0};
+}
+
+}  // namespace
+
+ReadResult ReadScore(std::string bytes, Document* into) {
+    try {
+        return Import(std::move(bytes), into);
+    } catch (const std::bad_alloc&) {
+        return Refused("there is not enough memory for the score");
+    } catch (const std::exception& error) {
+        return Refused(error.what());
+    }
+}
+
+ReadResult ReadScore(const std::filesystem::path& file, Document* into) {
+    std::error_code failed;
+    if (std::filesystem::is_directory(file, failed)) {
+        return Refused("the file is a folder");
+    }
+    const std::ifstream stream{file, std::ios::binary};
+    if (!stream) {
+        return Refused("the file cannot be opened");
+    }
+    std::ostringstream bytes;
+    bytes << stream.rdbuf();
+    if (bytes.bad()) {
+        return Refused("the file cannot be read");
+    }
+    return ReadScore(std::move(bytes).str(), into);
+}
+
+}  // namespace standin

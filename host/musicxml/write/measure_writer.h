@@ -1,0 +1,80 @@
+// Writes one measure of one part anew, from the host's frames and the items kept in the text.
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "host/musicxml/entry_texts.h"
+#include "host/musicxml/write/crossing_ends.h"
+#include "host/musicxml/write/note_writer.h"
+#include "host/musicxml/write/timed_entries.h"
+#include "host/musicxml/write/tuplet_brackets.h"
+
+namespace standin {
+
+class MeasureWriter {
+public:
+    // part and measure count from 0.
+    MeasureWriter(const ImportedScore& score, std::size_t part, std::size_t measure,
+                  const SpannerNumbers& numbers);
+
+    // What stands between the measure's tags.
+    std::string Write();
+
+private:
+    // An entry to write, with its beams.
+    struct Event {
+        TimedEntry time;
+        std::size_t staff = 0;  // within the part, from 0
+        u16 layer = 0;
+        EntryTexts texts;
+        std::string beams;
+        EntryBrackets brackets;
+        bool beamedByHost = false;
+    };
+    // Entries that follow one another in one voice.
+    struct Stream {
+        std::vector<Event> events;
+        std::string voice;
+    };
+    using Line = std::vector<Event*>;
+
+    void CollectStreams();
+    void CollectStream(const Frame& frame, FrameKey key, std::size_t staff, bool voice2);
+    std::string VoiceName(std::size_t staff, u16 layer) const;
+    void MendLines();
+    void MendLine(Line line);
+    void MendBeams(const Line& line) const;
+    void MendBrackets(const Line& line) const;
+    void CollectItems();
+    void WriteStream(const Stream& stream);
+    void WriteItemsUntil(Rational time);
+    void WriteItem(const MeasureItem& item);
+    std::string WithVoiceOf(std::size_t item, std::string_view element) const;
+    void MoveTo(Rational time);
+    void MakeRoomFor(Rational length);
+    void SetDivisions(Rational divisions);
+    void WriteMove(std::string_view name, Rational length);
+
+    const ImportedScore& m_score;
+    const ScorePart& m_part;
+    const PartMeasure& m_original;
+    u16 m_measure;  // from 1
+    int m_fifths;
+    std::string m_indent;   // before a child of the measure, with its line break
+    std::string m_unit;     // one step of indentation
+    std::string m_closing;  // before the measure's end tag
+    NoteWriter m_notes;
+    std::vector<CrossingEnds> m_crossing;
+    std::vector<Stream> m_streams;
+    std::set<std::string> m_changedVoices;    // those whose frames differ from the import
+    std::vector<const MeasureItem*> m_items;  // by time
+    std::size_t m_nextItem = 0;
+    Rational m_time{};
+    Rational m_reached{};
+    Rational m_divisions;
+    std::string m_out;
+};
+
+}  // namespace standin

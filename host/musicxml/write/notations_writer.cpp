@@ -1,0 +1,116 @@
+// The <notations> of a note.
+#include <algorithm>
+#include <charconv>
+
+#include "host/musicxml/write/note_writer.h"
+
+namespace standin {
+namespace {
+
+// The element with that number, also where it stands inside <notations>.
+std::string WithNumber(std::string_view element, int number) {
+    const std::string text = std::to_string(number);
+    if (ElementName(element) != "notations") {
+        return WithAttribute(element, "number", text);
+    }
+    const std::size_t inner = TagEnd(element, 0);
+    return std::string{element.substr(0, inner)} +
+           WithAttribute(element.substr(inner), "number", text);
+}
+
+}  // namespace
+
+void NoteWriter::AddNotation(std::string_view element) {
+    const bool isSeparate = ElementName(element) == "notations";
+    const bool isOrnament = ElementName(element) == "wavy-line";
+    (isSeparate ? m_separateNotations : isOrnament ? m_ornaments : m_notations).push_back(element);
+}
+
+void NoteWriter::CollectTied(const EXNOTE& note, u32 flag, u32 tag) {
+    if ((note.flags & flag) == 0) {
+        return;
+    }
+    for (const NoteDetail& detail : m_texts->notes) {
+        if (detail.tag == tag && detail.noteID == note.noteID) {
+            if (detail.second != 0) {
+                AddNotation(m_score.fragments[detail.second]);
+            }
+            return;
+        }
+    }
+    AddNotation(flag == NoteFlag::kTieStart ? "<tied type=\"start\"/>" : "<tied type=\"stop\"/>");
+}
+
+void NoteWriter::CollectSpanners(int index) {
+    for (const SpannerAtEntry& end : m_texts->spanners) {
+        if (NoteOfSpanner(*m_entry, end) != index) {
+            continue;
+        }
+        const std::string_view element = m_score.fragments[end.fragment];
+        const auto renumbered = m_numbers.find(end.shape);
+        if (renumbered == m_numbers.end()) {
+            AddNotation(element);
+        } else {
+            AddNotation(m_made.emplace_back(WithNumber(element, renumbered->second)));
+        }
+    }
+}
+
+void NoteWriter::Container(std::string_view name, const std::vector<std::string_view>& elements) {
+    if (elements.empty()) {
+        return;
+    }
+    m_out->append(m_notationIndent).append(1, '<').append(name).append(1, '>');
+    for (const std::string_view element : elements) {
+        m_out->append(m_notationIndent).append(element);
+    }
+    m_out->append(m_notationIndent).append("</").append(name).append(1, '>');
+}
+
+void NoteWriter::Notations(int index) {
+    m_notations.clear();
+    m_separateNotations.clear();
+    m_articulations.clear();
+    m_ornaments.clear();
+    m_made.clear();
+    if (m_entry->noteCount > 0) {
+        const EXNOTE& note = m_entry->notes[index];
+        CollectTied(note, NoteFlag::kTieEnd, DetailTag::kTieEnd);
+        CollectTied(note, NoteFlag::kTieStart, DetailTag::kTieStart);
+    }
+    CollectSpanners(index);
+    if (index == 0) {
+        for (const std::string_view brackets : {m_context->tupletStops, m_context->tupletStarts}) {
+            ForEachElement(brackets, [this](std::string_view element) { AddNotation(element); });
+        }
+        for (const EntryText& text : m_texts->texts) {
+            const std::string_view element = m_score.fragments[text.fragment];
+            if (text.kind == EntryTextKind::kArticulation) {
+                m_articulations.push_back(element);
+            } else if (text.kind == EntryTextKind::kOrnament) {
+                m_ornaments.push_back(element);
+            } else if (text.kind == EntryTextKind::kNotation) {
+                AddNotation(element);
+            }
+        }
+    }
+    for (const Extra& extra : m_extras) {
+        if (extra.slot == Slot::kNotations) {
+            AddNotation(extra.element);
+        }
+    }
+    if (!m_notations.empty() || !m_articulations.empty() || !m_ornaments.empty()) {
+        m_out->append(m_childIndent).append("<notations>");
+        for (const std::string_view element : m_notations) {
+            m_out->append(m_notationIndent).append(element);
+        }
+        Container("ornaments", m_ornaments);
+        Container("articulations", m_articulations);
+        m_out->append(m_childIndent).append("</notations>");
+    }
+    for (const std::string_view element : m_separateNotations) {
+        Element(element);
+    }
+}
+
+}  // namespace standin

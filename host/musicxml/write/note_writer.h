@@ -1,0 +1,108 @@
+// Writes one entry as its <note> elements, children in the order that the schema wants.
+#pragma once
+
+#include <deque>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "host/musicxml/entry_texts.h"
+#include "host/musicxml/write/timed_entries.h"
+
+namespace standin {
+
+// Numbers of spanners that must differ from what the file had, by shape.
+using SpannerNumbers = std::unordered_map<u16, int>;
+
+struct NoteContext {
+    TimedEntry time;
+    Rational divisions{};
+    int fifths = 0;
+    std::string_view voice;        // empty = not written
+    int staff = 0;                 // from 1; 0 = not written
+    std::string_view beams;        // the elements
+    std::string_view tupletStops;  // likewise
+    std::string_view tupletStarts;
+};
+
+class NoteWriter {
+public:
+    // indent: what stands before each <note>, with its line break; unit: one step more.
+    NoteWriter(const ImportedScore& score, const SpannerNumbers& numbers, std::string indent,
+               std::string_view unit)
+        : m_score{score},
+          m_numbers{numbers},
+          m_indent{std::move(indent)},
+          m_childIndent{m_indent.empty() ? m_indent : m_indent + std::string{unit}},
+          m_notationIndent{m_indent.empty() ? m_indent : m_childIndent + std::string{unit}} {}
+
+    void Write(const NoteContext& context, const EntryTexts& texts, std::string& out);
+
+private:
+    // Places for children that were kept as they stood; all others have a fixed place.
+    enum class Slot {
+        kGrace,
+        kCue,
+        kTie,
+        kInstrument,
+        kEditorial,
+        kType,
+        kDot,
+        kAccidental,
+        kStem,
+        kNotehead,
+        kBeam,
+        kNotations,
+        kPlay,
+        kListen,
+        kLast,
+    };
+    struct Extra {
+        Slot slot;
+        std::string_view element;
+    };
+
+    void WriteNote(int index);
+    void CollectExtras(int index);
+    void AddExtras(FragmentId bundle);
+    std::string_view DetailOfNote(u32 tag, u16 noteID, bool& has) const;
+    void Attributes();
+    void Element(std::string_view element);
+    void Element(std::string_view name, std::string_view text);
+    bool Extras(Slot slot);
+    void PitchOf(const EXNOTE& note);
+    void Ties(const EXNOTE& note);
+    void TypeAndDots(u16 noteID, bool isRest);
+    void TimeModification();
+    void Stem(bool isFirst);
+    void Beams(bool isFirst);
+    void Notations(int index);
+    void CollectTied(const EXNOTE& note, u32 flag, u32 tag);
+    void CollectSpanners(int index);
+    void AddNotation(std::string_view element);
+    void Container(std::string_view name, const std::vector<std::string_view>& elements);
+
+    const ImportedScore& m_score;
+    const SpannerNumbers& m_numbers;
+    std::string m_indent;
+    std::string m_childIndent;
+    std::string m_notationIndent;
+
+    // Of the entry being written:
+    const NoteContext* m_context = nullptr;
+    const EntryTexts* m_texts = nullptr;
+    const EXENTRY* m_entry = nullptr;
+    std::string* m_out = nullptr;
+    std::vector<std::string_view> m_attributes;
+    std::vector<Extra> m_extras;
+    std::vector<std::string_view> m_notations;
+    std::vector<std::string_view> m_separateNotations;  // <notations> with attributes
+    std::vector<std::string_view> m_articulations;
+    std::vector<std::string_view> m_ornaments;
+    std::deque<std::string> m_made;  // texts that the score does not hold
+};
+
+// A number of divisions as the format writes it; empty when that takes more than 12 digits.
+std::string DurationText(Rational length, Rational divisions);
+
+}  // namespace standin

@@ -1,0 +1,119 @@
+#include "host/system/machine.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <fcntl.h>
+#include <io.h>
+#include <system_error>
+
+#include "platform/module.h"
+
+namespace standin::cli {
+
+namespace {
+
+// The plug-in shapes the host's menu 10 milliseconds after it was started.
+constexpr DWORD kTimersAreDue = 50;
+
+constexpr std::size_t kMostAtOnce = 1U << 30U;  // bytes written in one call
+
+std::error_code LastError() {
+    return {static_cast<int>(GetLastError()), std::system_category()};
+}
+
+void SetShift(BYTE state) {
+    std::array<BYTE, 256> keys{};
+    // A thread has a keyboard state of its own once it asked for a message.
+    MSG message;
+    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
+    if (GetKeyboardState(keys.data()) != 0) {
+        keys[VK_SHIFT] = state;
+        SetKeyboardState(keys.data());
+    }
+}
+
+}  // namespace
+
+const char* const kPluginFile = "plyweld.fxt";
+
+std::filesystem::path ProgramFolder() {
+    std::wstring path(32768, L'\0');
+    const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
+    path.resize(length);
+    return std::filesystem::path{path}.parent_path();
+}
+
+std::unique_ptr<Library> Library::Open(const std::filesystem::path& file, std::string& problem) {
+    HMODULE module = LoadLibraryW(file.c_str());
+    if (module == nullptr) {
+        problem = std::system_category().message(static_cast<int>(GetLastError()));
+        return nullptr;
+    }
+    // The texts of alerts that the plug-in names by number are in its own resources.
+    platform::SetPluginModule(module);
+    return std::unique_ptr<Library>{new Library{module}};
+}
+
+Library::~Library() {
+    FreeLibrary(static_cast<HMODULE>(m_handle));
+}
+
+void* Library::FindExport(const char* name) const {
+    return reinterpret_cast<void*>(GetProcAddress(static_cast<HMODULE>(m_handle), name));
+}
+
+ShiftHeld::ShiftHeld() {
+    SetShift(0x80);
+}
+
+ShiftHeld::~ShiftHeld() {
+    SetShift(0);
+}
+
+void RunTimers() {
+    const ULONGLONG end = GetTickCount64() + kTimersAreDue;
+    for (ULONGLONG now = GetTickCount64(); now < end; now = GetTickCount64()) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, static_cast<DWORD>(end - now), QS_ALLINPUT);
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != 0) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    }
+}
+
+void PrepareStreams() {
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+}
+
+std::error_code WriteThrough(const std::filesystem::path& file, std::string_view bytes) {
+    HANDLE out = CreateFileW(file.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                             FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (out == INVALID_HANDLE_VALUE) {
+        return LastError();
+    }
+    std::error_code failed;
+    while (!failed && !bytes.empty()) {
+        const auto part = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
+        DWORD written = 0;
+        failed = WriteFile(out, bytes.data(), part, &written, nullptr) == 0 ? LastError() : failed;
+        bytes.remove_prefix(written);
+    }
+    // What is no file on a disk has nothing to flush.
+    if (!failed && GetFileType(out) == FILE_TYPE_DISK && FlushFileBuffers(out) == 0) {
+        failed = LastError();
+    }
+    CloseHandle(out);
+    return failed;
+}
+
+void FlushFolder(const std::filesystem::path&) {}
+
+bool ErrorsGoToTerminal() {
+    return _isatty(_fileno(stderr)) != 0;
+}
+
+}  // namespace standin::cli
