@@ -8,16 +8,14 @@ ensure_desktop_prefix() {
     export WINEPREFIX="$build/wine-$1" WINEARCH=win64 WINEDEBUG=-all
     # A program that crashes ends, instead of asking somebody.
     export WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
-    mkdir -p "$build"
-    if [ ! -e "$WINEPREFIX/.ready" ]; then
-        say "Preparing Wine's prefix in build/wine-$1"
+    make_wine_prefix
+    if [ ! -e "$WINEPREFIX/.desktop" ]; then
         local key='HKCU\Software\Wine\Explorer'
-        quietly with_display wine wineboot --init || fail "Wine could not make its prefix"
         quietly with_display wine reg add "$key" /v Desktop /d Default /f &&
             quietly with_display wine reg add "$key\\Desktops" /v Default /d 1280x1024 /f ||
             fail "Wine's desktop was not set"
         wine_server -w
-        touch "$WINEPREFIX/.ready"
+        touch "$WINEPREFIX/.desktop"
     fi
     rm -rf "$WINEPREFIX/drive_c/Scores"
     mkdir -p "$WINEPREFIX/drive_c/Scores"

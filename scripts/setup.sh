@@ -38,21 +38,46 @@ is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
-# Installs those of the named Debian packages that are missing.
-ensure_packages() {
-    local missing=() package
+# Those of the named Debian packages that are not installed, one a line.
+missing_packages() {
+    local package
     for package in "$@"; do
-        is_installed "$package" || missing+=("$package")
+        is_installed "$package" || say "$package"
     done
+}
+
+# What apt-get would download and how much room that takes, in its own words; nothing when it
+# does not know the packages.
+installation_size() {
+    { LC_ALL=C apt-get install --assume-no -q --no-install-recommends "$@" 2>/dev/null </dev/null ||
+        true; } |
+        sed -nE -e 's/^Need to get ([^/ ]+ .B)(\/[^ ]+ .B)? of archives\.$/\1 to download/p' \
+            -e 's/^After this operation, (.*) of additional disk space will be used\.$/, \1 on disk/p' |
+        tr -d '\n'
+}
+
+# Installs those of the named Debian packages that are missing. $build/debian-packages keeps
+# their names, for whoever wants them gone again.
+ensure_packages() {
+    local missing size
+    mapfile -t missing < <(missing_packages "$@")
     [ ${#missing[@]} -gt 0 ] || return 0
     command -v apt-get >/dev/null ||
         fail "needs these Debian packages, and apt-get is not here: ${missing[*]}"
-    say "Installing ${missing[*]}"
+    size=$(installation_size "${missing[@]}")
     # A list fetched earlier will do; only when it does not is a new one fetched.
+    if [ -z "$size" ]; then
+        quietly as_root apt-get update -q || fail "the package lists could not be fetched"
+        size=$(installation_size "${missing[@]}")
+    fi
+    say "Installing Debian packages (with what they need: ${size:-size unknown}): ${missing[*]}"
     local install=(env DEBIAN_FRONTEND=noninteractive apt-get install -y -q --no-install-recommends)
-    as_root "${install[@]}" "${missing[@]}" >/dev/null 2>&1 </dev/null && return 0
-    quietly as_root apt-get update -q || fail "the package lists could not be fetched"
-    quietly as_root "${install[@]}" "${missing[@]}" || fail "the packages could not be installed"
+    if ! as_root "${install[@]}" "${missing[@]}" >/dev/null 2>&1 </dev/null; then
+        quietly as_root apt-get update -q || fail "the package lists could not be fetched"
+        quietly as_root "${install[@]}" "${missing[@]}" || fail "the packages could not be installed"
+    fi
+    mkdir -p "$build"
+    printf '%s\n' "${missing[@]}" >>"$build/debian-packages"
 }
 
 native_packages=(g++ cmake ninja-build pkg-config libpugixml-dev libzip-dev libcli11-dev
@@ -122,12 +147,32 @@ ensure_engraver() {
 # A Wine prefix of the project's own, made once.
 ensure_wine_prefix() {
     export WINEPREFIX="$build/wine" WINEARCH=win64 WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d"
-    [ -e "$WINEPREFIX/.ready" ] && return 0
-    say "Preparing Wine's prefix in build/wine"
+    make_wine_prefix
+}
+
+# Makes the prefix at WINEPREFIX unless this version of Wine has made it already.
+make_wine_prefix() {
+    local version
+    version=$(wine --version 2>/dev/null)
+    [ "$(cat "$WINEPREFIX/.ready" 2>/dev/null)" = "$version" ] && return 0
+    say "Preparing Wine's prefix in build/${WINEPREFIX##*/}"
+    rm -rf "${WINEPREFIX:?}"
     mkdir -p "$build"
     quietly with_display wine wineboot --init || fail "Wine could not make its prefix"
     quietly wine_server -w || fail "Wine's server did not end"
-    touch "$WINEPREFIX/.ready"
+    link_wine_libraries
+    say "$version" >"$WINEPREFIX/.ready"
+}
+
+# A new prefix holds copies of all of Wine's libraries, 600 MB of them: links to the originals do
+# as well. Wine must not bring such a prefix up to date, or it would write through the links.
+link_wine_libraries() {
+    local originals=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows copy original
+    for copy in "$WINEPREFIX"/drive_c/windows/system32/{,drivers/}*; do
+        original="$originals/${copy##*/}"
+        [ -f "$original" ] && cmp -s "$copy" "$original" && ln -sf "$original" "$copy"
+    done
+    say disable >"$WINEPREFIX/.update-timestamp"
 }
 
 wine_server() { "$(command -v wineserver || echo /usr/lib/wine/wineserver64)" "$@"; }
