@@ -25,12 +25,18 @@ OpenScore::OpenScore(const std::string& name)
     App().SetCurrentDocument(m_document.Number());
     ReadResult result = Read(name, m_document);
     m_score = std::move(result.score);
+    const std::string shown = name == kStandardStream ? "standard input" : name;
     if (m_score == nullptr) {
-        std::cerr << (name == kStandardStream ? "standard input" : name);
+        std::cerr << shown;
         if (result.line > 0) {
             std::cerr << ':' << result.line;
         }
         std::cerr << ": " << result.message << '\n';
+        return;
+    }
+    for (const ReadWarning& warning : m_score->warnings.All()) {
+        std::cerr << "plyweld: " << shown << ':' << warning.line << ": warning: " << warning.Words()
+                  << '\n';
     }
 }
 

@@ -39,6 +39,9 @@ const char* NameOf(Stay reason) {
 MergeReport ReportRun(const ImportedScore& score, const EREGION& selection,
                       const MergeOptions& options) {
     MergeReport report = ReportMerge(score, options.destination, selection);
+    for (const ReadWarning& warning : score.warnings.All()) {
+        report.warnings.push_back("line " + std::to_string(warning.line) + ": " + warning.Words());
+    }
     if (options.source != kAllLayers) {
         for (MergedMeasure& measure : report.measures) {
             std::erase_if(measure.stayed, [&options](const StayedEntry& entry) {
@@ -74,6 +77,9 @@ std::string ReportAsJson(const MergeReport& report, bool verified) {
                                 {"verified", verified}};
     for (const auto& [reason, count] : StayedByReason(report)) {
         json["leftBecause"][NameOf(reason)] = count;
+    }
+    if (!report.warnings.empty()) {
+        json["warnings"] = report.warnings;
     }
     for (const MergedMeasure& measure : report.measures) {
         json["measures"].push_back({{"staff", measure.staff},

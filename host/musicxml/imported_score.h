@@ -9,6 +9,7 @@
 
 #include "host/musicxml/fragments.h"
 #include "host/musicxml/rational.h"
+#include "host/musicxml/read_warnings.h"
 #include "host/musicxml/written_forms.h"
 #include "host/musicxml/xml/xml_text.h"
 #include "host/score/document.h"
@@ -60,6 +61,7 @@ struct ScorePart {
 struct ImportedScore {
     std::string text;  // the file's XML in UTF-8; fragments refer into it
     TextFormat format;
+    ReadWarnings warnings;
     std::string archive;        // the .mxl's bytes; empty for a plain file
     std::string archiveMember;  // the score in it
     std::vector<ScorePart> parts;

@@ -51,6 +51,7 @@ struct MergedMeasure {
 };
 
 struct MergeReport {
+    std::vector<std::string> warnings;    // of the file's reading: "line 7: a <backup> goes ..."
     std::vector<MergedMeasure> measures;  // with anything moved or stayed, by staff and measure
 
     int ChordsFormed() const noexcept;

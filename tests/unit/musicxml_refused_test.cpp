@@ -24,6 +24,11 @@ const struct {
     std::size_t line;
 } kRefused[] = {
     {"NotXml", "hello", "no well-formed XML", 1},
+    {"TextBeforeTheDeclaration", "\n\nhello <?xml version=\"1.0\"?><a/>", "before its first tag",
+     3},
+    {"TextBeforeTheRoot", "hello <score-partwise/>", "before its first tag", 1},
+    {"NeitherUtf16NorUtf8", "<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>\xE9</a>",
+     "says that it is UTF-16, but it is not", 1},
     {"EndTagMissing", "<score-partwise>\n<part>\n</score-partwise>", "no well-formed XML", 3},
     {"AnotherFormat", "<?xml version=\"1.0\"?>\n<opus/>", "root element is <opus>", 2},
     {"Timewise", "\n\n<score-timewise/>", "timewise", 3},
@@ -42,8 +47,6 @@ const struct {
     {"NoteWithoutDuration", NoteWith("<rest/>"), "needs a <duration>", 7},
     {"NoteWithoutPitch", NoteWith("<duration>1</duration>"), "needs a pitch", 7},
     {"NoSuchStep", NoteWith("<pitch><step>H</step><octave>4</octave></pitch>"), "step", 7},
-    {"BackupBeforeStart", ScoreText({"<backup><duration>1</duration></backup>"}),
-     "before the measure's start", 7},
     {"BackupWithoutDuration", ScoreText({"<backup/>"}), "<backup>", 7},
     {"DivisionsAreZero", ScoreText({"<attributes><divisions>0</divisions></attributes>"}),
      "<divisions>", 7},

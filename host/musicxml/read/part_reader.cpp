@@ -82,6 +82,7 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
     measure.bodyBegin = TagEnd(text, OffsetOf(node));
     const bool isEmpty = text.substr(measure.bodyBegin - 2, 2) == "/>";
     m_time = {};
+    m_uncounted = {};
     m_measureExists = false;
     m_chord.clear();
     m_directions.clear();
@@ -166,9 +167,13 @@ Problem PartReader::ReadBackup(pugi::xml_node backup) {
         return problem.offset == 0 ? Problem{"<backup> needs a <duration>", OffsetOf(backup)}
                                    : problem;
     }
-    m_time = m_time - length;
+    m_time = m_time - m_uncounted - length;
+    m_uncounted = {};
     if (m_time.num < 0) {
-        return {"<backup> goes before the measure's start", OffsetOf(backup)};
+        m_score.warnings.Add(
+            "a <backup> goes before the measure's start, and counts as far as that",
+            OffsetOf(backup));
+        m_time = {};
     }
     return {};
 }
@@ -179,6 +184,9 @@ Problem PartReader::ReadForward(pugi::xml_node forward) {
             m_notes.ReadDuration(forward.child("duration"), m_context.divisions, length)) {
         return problem.offset == 0 ? Problem{"<forward> needs a <duration>", OffsetOf(forward)}
                                    : problem;
+    }
+    if (length.IsZero()) {
+        m_score.warnings.Add("a <forward> of no length is passed over", OffsetOf(forward));
     }
     m_time = m_time + length;
     Reach(m_time);
@@ -225,6 +233,9 @@ Problem PartReader::ReadNote(pugi::xml_node node) {
     if (note.voice.empty()) {
         note.voice = kDefaultVoice;
     }
+    if (note.length.IsZero() && !note.grace) {
+        GiveLength(note);
+    }
     bool isNew = false;
     EntryDraft& draft = EntryFor(note, isNew);
     if (!AddNote(draft, note, isNew)) {
@@ -238,6 +249,27 @@ Problem PartReader::ReadNote(pugi::xml_node node) {
         m_time = draft.End();
     }
     return {};
+}
+
+// A note whose <duration> is 0 lasts as long as its chord, or as its type says; what follows it in
+// its voice begins later than the file counts.
+void PartReader::GiveLength(NoteElement& note) {
+    const bool joins = note.chord && !m_chord.empty();
+    Rational length = joins ? m_chord.front().draft->form.length
+                            : Rational::OfUnits(NotatedLength(note.type, note.dots));
+    const pugi::xml_node ratio = note.node.child("time-modification");
+    const auto actual = IntegerOf(ratio.child_value("actual-notes"));
+    const auto normal = IntegerOf(ratio.child_value("normal-notes"));
+    if (!joins && actual && normal && *actual > 0 && *normal > 0) {
+        length = Rational::Of(length.num * *normal, length.den * *actual);
+    }
+    if (length.IsZero()) {
+        return;
+    }
+    m_score.warnings.Add("a <duration> is 0, and counts as what the note's type says",
+                         OffsetOf(note.node));
+    note.length = length;
+    m_uncounted = joins ? m_uncounted : m_uncounted + length;
 }
 
 // A chord's note joins the entry on its own staff and in its own voice, when it is as long.

@@ -32,6 +32,7 @@ private:
     Problem ReadMeasure(pugi::xml_node measure);
     Problem ReadChild(pugi::xml_node child);
     Problem ReadNote(pugi::xml_node node);
+    void GiveLength(NoteElement& note);
     Problem ReadBackup(pugi::xml_node backup);
     Problem ReadForward(pugi::xml_node forward);
     Problem ReadItem(pugi::xml_node item);
@@ -53,6 +54,8 @@ private:
     int m_measureFifths = 0;  // by the measure's record
     bool m_measureExists = false;
     Rational m_time{};
+    Rational
+        m_uncounted{};  // how far that is ahead of the file's own count since the last <backup>
     struct ChordMember {
         EntryDraft* draft;
         int staff;

@@ -22,6 +22,20 @@ constexpr std::size_t kMostStaves = 4000;
 constexpr unsigned kParseOptions = pugi::parse_cdata | pugi::parse_escapes |
                                    pugi::parse_embed_pcdata | pugi::parse_comments | pugi::parse_pi;
 
+// The parser skips whatever stands before the first tag.
+Problem CheckBeginning(std::string_view text, ReadWarnings& warnings) {
+    const std::size_t tag = std::min(text.find('<'), text.size());
+    const std::string_view before = text.substr(0, tag);
+    if (!Trimmed(before).empty()) {
+        return {"the file is no well-formed XML: text stands before its first tag",
+                before.find_first_not_of(" \t\r\n")};
+    }
+    if (!before.empty() && text.substr(tag).starts_with("<?xml ")) {
+        warnings.Add("blanks before the XML declaration are passed over", 0);
+    }
+    return {};
+}
+
 Problem ParseXml(std::string_view text, pugi::xml_document& document) {
     const pugi::xml_parse_result parsed =
         document.load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
@@ -168,6 +182,9 @@ ReadResult Import(std::string bytes, Document* into) {
         return Refused(std::move(decoded.problem), decoded.line);
     }
     score->text = std::move(decoded.text);
+    if (!decoded.warning.empty()) {
+        score->warnings.Add(decoded.warning, 0);
+    }
     score->format = decoded.format;
     if (into == nullptr) {
         score->ownDocument = std::make_unique<Document>(u16{0}, std::u16string{});
@@ -176,12 +193,18 @@ ReadResult Import(std::string bytes, Document* into) {
     score->document = into;
 
     pugi::xml_document document;
-    Problem problem = ParseXml(score->text, document);
+    Problem problem = CheckBeginning(score->text, score->warnings);
+    if (!problem) {
+        problem = ParseXml(score->text, document);
+    }
     if (!problem) {
         problem = ReadParts(document, *score);
     }
     if (problem) {
         return Refused(std::move(problem.message), LineAt(score->text, problem.offset));
+    }
+    for (ReadWarning& warning : score->warnings.All()) {
+        warning.line = LineAt(score->text, warning.offset);
     }
     into->MarkImported();
     return {std::move(score), {}, 0};

@@ -143,6 +143,16 @@ std::size_t FindInvalid(std::string_view text) {
     return text.size();
 }
 
+// The declaration itself could be read byte by byte, so that it is no UTF-16 whatever it says.
+DecodedText FromMislabelled(std::string bytes) {
+    if (FindInvalid(bytes) < bytes.size()) {
+        return {{}, {}, "the file says that it is UTF-16, but it is not, and no UTF-8 either"};
+    }
+    DecodedText decoded{std::move(bytes), {}, {}};
+    decoded.warning = "the file says that it is UTF-16, and is read as the UTF-8 that it is";
+    return decoded;
+}
+
 DecodedText Decode(std::string bytes) {
     using namespace std::string_view_literals;
     const std::string_view view{bytes};
@@ -169,6 +179,9 @@ DecodedText Decode(std::string bytes) {
     }
     if (declared == "iso-8859-1" || declared == "latin1" || declared == "latin-1") {
         return {FromLatin1(bytes), {Encoding::kLatin1, false}, {}};
+    }
+    if (declared.starts_with("utf-16") || declared == "utf16") {
+        return FromMislabelled(std::move(bytes));
     }
     return {{}, {}, "the encoding " + declared + " is not supported"};
 }

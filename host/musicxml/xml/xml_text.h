@@ -17,10 +17,11 @@ struct TextFormat {
 };
 
 struct DecodedText {
-    std::string text;      // UTF-8, without a byte order mark
-    TextFormat format;     // how the bytes were written
-    std::string problem;   // why the bytes are no text; empty when they are
-    std::size_t line = 1;  // where, from 1
+    std::string text;       // UTF-8, without a byte order mark
+    TextFormat format;      // how the bytes were written
+    std::string problem;    // why the bytes are no text; empty when they are
+    std::size_t line = 1;   // where, from 1
+    std::string warning{};  // why they were read otherwise than declared; mostly empty
 };
 
 // Takes the bytes of an XML file to UTF-8, by byte order mark or by the XML declaration.

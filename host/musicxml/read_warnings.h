@@ -1,0 +1,44 @@
+// Slips of a file that is read all the same, as other programs read it.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace standin {
+
+struct ReadWarning {
+    std::string message;     // what is wrong, and what it counts as
+    std::size_t offset = 0;  // of the first such place in the score's text
+    std::size_t line = 1;    // likewise, from 1
+    int count = 1;           // how many places
+
+    // "a <duration> is 0, and counts as what the note's type says (3 times)"
+    std::string Words() const {
+        return message + (count > 1 ? " (" + std::to_string(count) + " times)" : std::string{});
+    }
+};
+
+class ReadWarnings {
+public:
+    // Places of the same kind are one warning.
+    void Add(std::string_view message, std::size_t offset) {
+        const auto known = std::find_if(
+            m_all.begin(), m_all.end(),
+            [message](const ReadWarning& warning) { return warning.message == message; });
+        if (known != m_all.end()) {
+            ++known->count;
+        } else {
+            m_all.push_back({std::string{message}, offset, 1, 1});
+        }
+    }
+
+    std::vector<ReadWarning>& All() noexcept { return m_all; }
+    const std::vector<ReadWarning>& All() const noexcept { return m_all; }
+
+private:
+    std::vector<ReadWarning> m_all;  // in order of their first place
+};
+
+}  // namespace standin
