@@ -34,14 +34,10 @@ void AddSpanner(const Document& document, u32 entry, u16 shape, EntryTexts& text
     SpannerText text{};
     std::memcpy(&text, reinterpret_cast<const char*>(&ends) + kSpannerTextOffset, sizeof(text));
     if (ends.start.entryNumber == entry && text.start != 0) {
-        texts.spanners.push_back({shape, text.start, true,
-                                  (text.ends & SpannerEnd::kStartOnLaterNote) != 0, text.startPitch,
-                                  ends.end});
+        texts.spanners.push_back({shape, text.start, true, text.startNote, ends.end});
     }
     if (ends.end.entryNumber == entry && text.stop != 0) {
-        texts.spanners.push_back({shape, text.stop, false,
-                                  (text.ends & SpannerEnd::kStopOnLaterNote) != 0, text.stopPitch,
-                                  ends.start});
+        texts.spanners.push_back({shape, text.stop, false, text.stopNote, ends.start});
     }
 }
 
@@ -112,55 +108,55 @@ void EntryTexts::Clear() {
 
 void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts& texts) {
     texts.Clear();
-    document.Records().ForEachDetail(
-        entry.entryNumber, [&](u32 tag, RecordKey, const Bytes& bytes) {
-            switch (tag) {
-                case DetailTag::kArticulation:
-                case DetailTag::kRestLook:
-                case DetailTag::kBeams:
-                case DetailTag::kStem:
-                    AddText(FromBytes<EntryText>(bytes), texts);
-                    break;
-                case DetailTag::kLyric: {
-                    FragmentId fragment = 0;
-                    std::memcpy(&fragment, bytes.data() + kLyricFragmentOffset, sizeof(fragment));
-                    texts.lyrics.push_back(fragment);
-                    break;
-                }
-                case DetailTag::kTieStart:
-                case DetailTag::kTieEnd: {
-                    const auto tie = FromBytes<TieText>(bytes);
-                    texts.notes.push_back({tie.noteID, tag, tie.tie, tie.tied});
-                    break;
-                }
-                case DetailTag::kNoteExtras:
-                case DetailTag::kNotehead:
-                case DetailTag::kAccidental:
-                case DetailTag::kDots: {
-                    const auto note = FromBytes<NoteText>(bytes);
-                    texts.notes.push_back({note.noteID, tag, note.fragment, 0});
-                    break;
-                }
-                case Tag::kTuplet:
-                    if (texts.tuplet.start == 0 && texts.tuplet.stop == 0) {
-                        std::memcpy(&texts.tuplet, bytes.data() + kTupletTextOffset,
-                                    sizeof(texts.tuplet));
-                    }
-                    break;
-                case Tag::kShapeOnEntry:
-                    AddSpanner(document, entry.entryNumber,
-                               FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber, texts);
-                    break;
-                default:
-                    break;
+    document.Records().ForEachDetail(entry.entryNumber, [&](u32 tag, RecordKey key,
+                                                            const Bytes& bytes) {
+        switch (tag) {
+            case DetailTag::kArticulation:
+            case DetailTag::kRestLook:
+            case DetailTag::kBeams:
+            case DetailTag::kStem:
+                AddText(FromBytes<EntryText>(bytes), texts);
+                break;
+            case DetailTag::kLyric: {
+                FragmentId fragment = 0;
+                std::memcpy(&fragment, bytes.data() + kLyricFragmentOffset, sizeof(fragment));
+                texts.lyrics.push_back({fragment, document.ImportedRecord(tag, key) == nullptr});
+                break;
             }
-        });
+            case DetailTag::kTieStart:
+            case DetailTag::kTieEnd: {
+                const auto tie = FromBytes<TieText>(bytes);
+                texts.notes.push_back({tie.noteID, tag, tie.tie, tie.tied});
+                break;
+            }
+            case DetailTag::kNoteExtras:
+            case DetailTag::kNotehead:
+            case DetailTag::kAccidental:
+            case DetailTag::kDots: {
+                const auto note = FromBytes<NoteText>(bytes);
+                texts.notes.push_back({note.noteID, tag, note.fragment, 0});
+                break;
+            }
+            case Tag::kTuplet:
+                if (texts.tuplet.start == 0 && texts.tuplet.stop == 0) {
+                    std::memcpy(&texts.tuplet, bytes.data() + kTupletTextOffset,
+                                sizeof(texts.tuplet));
+                }
+                break;
+            case Tag::kShapeOnEntry:
+                AddSpanner(document, entry.entryNumber,
+                           FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber, texts);
+                break;
+            default:
+                break;
+        }
+    });
     ShareOut(entry, texts);
 }
 
 int NoteOfSpanner(const EXENTRY& entry, const SpannerAtEntry& end) {
-    for (int i = 0; end.onLaterNote && i < entry.noteCount; ++i) {
-        if (entry.notes[i].pitch == end.pitch) {
+    for (int i = 0; i < entry.noteCount; ++i) {
+        if (entry.notes[i].pitch == end.note.pitch && entry.notes[i].second == end.note.second) {
             return i;
         }
     }

@@ -21,14 +21,18 @@ struct SpannerAtEntry {
     u16 shape = 0;
     FragmentId fragment = 0;
     bool isStart = false;
-    bool onLaterNote = false;
-    u16 pitch = 0;
+    SpannerNote note{};
     EDTSmartShapeEnd other{};
+};
+
+struct LyricAtEntry {
+    FragmentId fragment = 0;
+    bool joined = false;  // came here after the import
 };
 
 struct EntryTexts {
     std::vector<EntryText> texts;  // articulations, ornaments, notations, rest's extras
-    std::vector<FragmentId> lyrics;
+    std::vector<LyricAtEntry> lyrics;
     std::vector<SpannerAtEntry> spanners;
     std::vector<NoteDetail> notes;
     FragmentId beams = 0;  // the first on record counts
@@ -57,7 +61,7 @@ inline std::string_view BundleAttributes(std::string_view bundle) {
     return bundle.substr(0, bundle.find('<'));
 }
 
-// The note of the entry that a spanner's end stands at, from 0.
+// The note of the entry that a spanner's end stands at, from 0; the first when its own is gone.
 int NoteOfSpanner(const EXENTRY& entry, const SpannerAtEntry& end);
 
 }  // namespace standin

@@ -70,22 +70,22 @@ struct TieText {
     u8 unused12[24];
 };
 
+// The note that carries an end, found by its pitch wherever it goes: the two fields of EXNOTE.
+struct SpannerNote {
+    u16 pitch;
+    u16 second;
+};
+
 // In a smart shape's own bytes, from offset 36 on. A line that lacks an end has no text for it,
 // and both of the shape's ends at the one entry.
 struct SpannerText {
     FragmentId start;
     FragmentId stop;
-    u16 startPitch;  // of the note of the chord that carries the end
-    u16 stopPitch;
-    u16 ends;  // SpannerEnd
+    SpannerNote startNote;
+    SpannerNote stopNote;
 };
 
 #pragma pack(pop)
-
-namespace SpannerEnd {
-inline constexpr u16 kStartOnLaterNote = 1;  // startPitch tells which note of the chord
-inline constexpr u16 kStopOnLaterNote = 2;
-}  // namespace SpannerEnd
 
 // In a tuplet record's own bytes, from offset 8 on: the brackets that start and stop there.
 struct TupletText {
@@ -99,6 +99,6 @@ inline constexpr std::size_t kLyricFragmentOffset = 4;
 inline constexpr std::size_t kExpressionItemOffset = 4;
 
 static_assert(sizeof(EntryText) == 12 && sizeof(NoteText) == 12 && sizeof(NoteText24) == 24);
-static_assert(sizeof(TieText) == 36 && sizeof(SpannerText) == 14 && sizeof(TupletText) == 8);
+static_assert(sizeof(TieText) == 36 && sizeof(SpannerText) == 16 && sizeof(TupletText) == 8);
 
 }  // namespace standin

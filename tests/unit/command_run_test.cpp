@@ -170,6 +170,73 @@ TEST_F(CommandRun, WhatLosesNothingIsVerified) {
     }
 }
 
+// The <note> of that pitch in the output; the test names it by its step, which it has once.
+std::string NoteWithStep(const std::string& xml, char step) {
+    const std::size_t at = xml.find(std::string{"<step>"} + step);
+    const std::size_t begin = xml.rfind("<note", at);
+    constexpr std::string_view kEnd = "</note>";
+    return at == std::string::npos ? ""
+                                   : xml.substr(begin, xml.find(kEnd, at) + kEnd.size() - begin);
+}
+
+std::string Lyric(const std::string& number, const std::string& text) {
+    return "<lyric number=\"" + number + "\"><text>" + text + "</text></lyric>";
+}
+
+// What belongs to a note that joins a chord is found on its own note there, or on the chord's
+// first: the note by its step, and what it must have.
+const struct {
+    const char* name;
+    std::string measure;
+    std::vector<std::pair<char, std::string>> expected;
+} kJoined[] = {
+    {"ALineOfTheNoteThatJoins",
+     Half("C5") + Half("D5") + Backup(8) +
+         Half("A4", "2", Notations("<glissando type=\"start\" number=\"1\"/>")) +
+         Half("B4", "2", Notations("<glissando type=\"stop\" number=\"1\"/>")),
+     {{'A', "<glissando type=\"start\""}, {'B', "<glissando type=\"stop\""}}},
+    {"ALineOfTheChordItself",
+     Half("C5", "1", Notations("<slide type=\"start\"/>")) +
+         Half("D5", "1", Notations("<slide type=\"stop\"/>")) + kSecondVoice,
+     {{'C', "<slide type=\"start\""}, {'D', "<slide type=\"stop\""}}},
+    {"LyricsOfOneNumber",
+     Half("C5", "1", Lyric("1", "la") + Lyric("2", "lo")) + Half("D5", "1", Lyric("1", "li")) +
+         Backup(8) + Half("A4", "2", Lyric("1", "ho")) + Half("B4", "2", Lyric("2", "he")),
+     {{'C', Lyric("1", "la")},
+      {'C', Lyric("2", "lo")},
+      {'C', Lyric("3", "ho")},
+      {'D', Lyric("2", "he")}}},
+    {"EqualLyricsAreOne",
+     Half("C5", "1", Lyric("1", "la")) + Backup(4) + Half("A4", "2", Lyric("1", "la")),
+     {{'C', "</type>\n  " + Lyric("1", "la") + "\n</note>"}}},
+};
+
+TEST_F(CommandRun, WhatBelongsToANoteStandsWithIt) {
+    for (const auto& c : kJoined) {
+        SCOPED_TRACE(c.name);
+        ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o",
+                       File("out.xml"), "--verify"}),
+                  kDone)
+            << errors;
+        const std::string merged = Content(File("out.xml"));
+        for (const auto& [step, has] : c.expected) {
+            EXPECT_NE(NoteWithStep(merged, step).find(has), std::string::npos)
+                << step << ": " << merged;
+        }
+    }
+}
+
+TEST_F(CommandRun, SlipsOfTheFileAreTold) {
+    const std::string input = Write("in.xml", standin::ScoreText({Note({}) + Backup(9)}));
+    EXPECT_EQ(Run({"merge", input, "-o", File("out.xml")}), kDone);
+    EXPECT_NE(errors.find("plyweld: " + input + ":8: warning: a <backup>"), std::string::npos)
+        << errors;
+    EXPECT_EQ(Run({"merge", input, "-o", File("out.xml"), "--json"}), kDone);
+    EXPECT_NE(nlohmann::json::parse(output)["warnings"][0].get<std::string>().find("line 8: a <b"),
+              std::string::npos)
+        << output;
+}
+
 TEST_F(CommandRun, TheLookOfARestKeepsNoMusicOut) {
     std::string rest = Half("r", "1", "<stem>none</stem><beam>continue</beam>");
     rest.replace(0, 6, "<note default-x=\"5\">");

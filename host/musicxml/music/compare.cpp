@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <deque>
 #include <span>
 #include <string_view>
 #include <tuple>
 #include <unordered_map>
 
 #include "host/musicxml/music/music_words.h"
+#include "host/musicxml/xml/xml_text.h"
 
 namespace standin {
 namespace {
@@ -26,7 +28,18 @@ public:
         return known->second;
     }
 
+    // Likewise, whatever the lyric's number.
+    u32 OfLyric(std::string_view lyric) {
+        const auto [known, isNew] = m_lyrics.try_emplace(lyric, 0U);
+        if (isNew) {
+            known->second = Of(m_withoutNumber.emplace_back(WithAttribute(lyric, "number", {})));
+        }
+        return known->second;
+    }
+
 private:
+    std::unordered_map<std::string_view, u32> m_lyrics;
+    std::deque<std::string> m_withoutNumber;
     std::unordered_map<std::string_view, u32> m_byText;
     std::unordered_map<std::string, u32> m_byCanonical;
 };
@@ -189,13 +202,19 @@ private:
         }
     }
 
+    // A lyric that joins a note may need another number there.
+    i64 TextKeyOf(const Attachment& attachment) {
+        const bool anyNumber = m_options.merged && attachment.kind == Attachment::Kind::kLyric;
+        return anyNumber ? m_texts.OfLyric(attachment.text) : m_texts.Of(attachment.text);
+    }
+
     std::array<i64, 4> KeyOf(const Attachment& attachment, const MusicEntry& entry,
                              const MusicNote* note) {
         const i64 kind = 3 + static_cast<i64>(attachment.kind);
         const i64 other = i64{attachment.otherMeasure} << 32 | attachment.otherPosition;
         const bool staysOnRest = entry.rest && !IsSpannerEnd(attachment);
         const i64 owner = note != nullptr ? PitchKey(*note) : staysOnRest ? -1 : 0;
-        const i64 text = m_texts.Of(attachment.text);
+        const i64 text = TextKeyOf(attachment);
         return {kind, i64{entry.length} << 32 | text, other, owner};
     }
 

@@ -106,8 +106,8 @@ private:
                 Attach(Kind::kEntry, text.fragment);
             }
         }
-        for (const FragmentId lyric : m_texts.lyrics) {
-            Attach(Kind::kLyric, lyric);
+        for (const LyricAtEntry& lyric : m_texts.lyrics) {
+            Attach(Kind::kLyric, lyric.fragment);
         }
         for (const SpannerAtEntry& end : m_texts.spanners) {
             AddSpanner(end);

@@ -333,8 +333,8 @@ bool NoteAttachments::ReadSpanner(pugi::xml_node spanner, std::string_view eleme
     ending.position = static_cast<i32>(RoundToUnits(m_place.start));
     ending.entry = m_place.entry->entryNumber;
     ending.fragment = m_fragments.InternCopy(element);
-    ending.onLaterNote = !IsFirst();
-    ending.pitch = m_place.entry->notes[m_place.noteIndex].pitch;
+    const EXNOTE& note = m_place.entry->notes[m_place.noteIndex];
+    ending.note = {note.pitch, note.second};
     m_spanners.Add(std::move(ending));
     return true;
 }

@@ -77,23 +77,16 @@ void Spanners::Stop(SpannerEnding stop) {
 }
 
 void Spanners::Join(const SpannerEnding& start, const SpannerEnding& stop) {
-    SpannerText text{start.fragment, stop.fragment, start.pitch, stop.pitch, 0};
-    text.ends = static_cast<u16>((start.onLaterNote ? SpannerEnd::kStartOnLaterNote : 0U) |
-                                 (stop.onLaterNote ? SpannerEnd::kStopOnLaterNote : 0U));
-    AddShape(start, stop, text);
+    AddShape(start, stop, {start.fragment, stop.fragment, start.note, stop.note});
 }
 
 // Both ends are at the one entry, so that the shape goes wherever that goes.
 bool Spanners::KeepUnpaired() {
     for (const SpannerEnding& ending : m_starts) {
-        AddShape(ending, ending,
-                 {ending.fragment, 0, ending.pitch, 0,
-                  ending.onLaterNote ? SpannerEnd::kStartOnLaterNote : u16{0}});
+        AddShape(ending, ending, {ending.fragment, 0, ending.note, {}});
     }
     for (const SpannerEnding& ending : m_stops) {
-        AddShape(ending, ending,
-                 {0, ending.fragment, 0, ending.pitch,
-                  ending.onLaterNote ? SpannerEnd::kStopOnLaterNote : u16{0}});
+        AddShape(ending, ending, {0, ending.fragment, {}, ending.note});
     }
     m_starts.clear();
     m_stops.clear();

@@ -26,8 +26,7 @@ struct SpannerEnding {
     bool atGrace = false;
     u32 entry = 0;
     FragmentId fragment = 0;
-    bool onLaterNote = false;  // not the chord's first note
-    u16 pitch = 0;             // of that note
+    SpannerNote note{};
 };
 
 class Spanners {

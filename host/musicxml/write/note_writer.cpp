@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/musicxml/lyric_numbers.h"
 #include "host/musicxml/pitch.h"
 #include "host/musicxml/write/time_ratio.h"
 
@@ -223,6 +224,18 @@ void NoteWriter::Beams(bool isFirst) {
     Extras(Slot::kBeam);
 }
 
+void NoteWriter::Lyrics() {
+    const std::vector<std::string> numbers = LyricNumbers(m_score.fragments, m_texts->lyrics);
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        const std::string_view lyric = m_score.fragments[m_texts->lyrics[i].fragment];
+        if (numbers[i].empty()) {
+            Element(lyric);
+        } else {
+            Element(WithAttribute(lyric, "number", numbers[i]));
+        }
+    }
+}
+
 void NoteWriter::WriteNote(int index) {
     const bool isRest = m_entry->noteCount == 0;
     const EXNOTE& note = m_entry->notes[index];
@@ -276,9 +289,7 @@ void NoteWriter::WriteNote(int index) {
     Beams(index == 0);
     Notations(index);
     if (index == 0) {
-        for (const FragmentId lyric : m_texts->lyrics) {
-            Element(m_score.fragments[lyric]);
-        }
+        Lyrics();
     }
     Extras(Slot::kPlay);
     Extras(Slot::kListen);

@@ -76,6 +76,7 @@ private:
     void TimeModification();
     void Stem(bool isFirst);
     void Beams(bool isFirst);
+    void Lyrics();
     void Notations(int index);
     void CollectTied(const EXNOTE& note, u32 flag, u32 tag);
     void CollectSpanners(int index);
