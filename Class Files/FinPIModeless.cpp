@@ -101,12 +101,7 @@ bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& whole
     GetUndoText(undoText, kUndoTextUnits, m_region);
     g_pendingError = std::move(ofTheRun);  // the text does without what cannot be read
     UndoableEdit edit{undoText};
-    bool changed = false;
-    if (edit) {
-        changed = Execute(selection, &wholeDocument) != 0;
-    } else {
-        PostError(FinPIAppError{"FinPIModeless::RunModeless", "Unable to start an edit."});
-    }
+    const bool changed = Execute(selection, &wholeDocument) != 0;
     bool failed = m_stop != 0;
     if (g_pendingError != nullptr && g_pendingError->m_msgID != 0) {
         failed = ReportPendingError() != 0 || failed;
@@ -114,10 +109,6 @@ bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& whole
     if (failed) {
         return false;
     }
-    const bool kept = edit.Keep();
-    if (!kept && changed) {
-        PostError(FinPIAppError{"FinPIModeless::RunModeless", "Unable to end the edit."});
-        ReportPendingError();
-    }
-    return kept && changed;
+    edit.Keep();
+    return changed;
 }

@@ -45,8 +45,8 @@ i16 FinPIModeless::BringToFront() {
 }
 
 i16 FinPIModeless::ShowDialog(const EREGION* /*selection*/, const EREGION* /*wholeDocument*/) {
-    const i16 shown = ShowDialogWindow(m_ownerWindow, 0);
-    return IsLive(this) && (shown != 0 || Window() != nullptr) ? 1 : 0;
+    ShowDialogWindow(m_ownerWindow, 0);
+    return IsLive(this) && Window() != nullptr ? 1 : 0;
 }
 
 void FinPIModeless::ForgetWindowPlace(u16 identifier) {

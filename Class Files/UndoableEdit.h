@@ -4,15 +4,17 @@
 #include "Class Files/foundation/DocumentScope.h"
 #include "shell/host/callbacks.h"
 
-// Belongs to the document that is current at its start, and ends there, whatever is current.
+// Belongs to the document that is current at its start, and ends there, whatever is current. What
+// the host answers to its start and its end says nothing: a host that opens no edit has none to
+// undo, and one that was ended is not cancelled.
 class UndoableEdit {
 public:
     // undoText is what the host's undo command shows.
-    explicit UndoableEdit(const char16* undoText)
-        : m_document{Host::GetCurrentEnigmaDocument()},
-          m_open{Host::StartFinaleEdit(undoText) != 0} {}
+    explicit UndoableEdit(const char16* undoText) : m_document{Host::GetCurrentEnigmaDocument()} {
+        Host::StartFinaleEdit(undoText);
+    }
     ~UndoableEdit() {
-        if (m_open) {
+        if (!m_kept) {
             const DocumentScope document{m_document};
             Host::CancelFinaleEdit();
         }
@@ -20,20 +22,14 @@ public:
     UndoableEdit(const UndoableEdit&) = delete;
     UndoableEdit& operator=(const UndoableEdit&) = delete;
 
-    // False: the host opened no edit, and what changes now could not be undone.
-    explicit operator bool() const noexcept { return m_open; }
-
-    // Ends the edit with its changes. False: the host refused, and they will be rolled back.
-    bool Keep() {
+    // Ends the edit with its changes.
+    void Keep() {
         const DocumentScope document{m_document};
-        if (Host::EndFinaleEdit() == 0) {
-            return false;
-        }
-        m_open = false;
-        return true;
+        Host::EndFinaleEdit();
+        m_kept = true;
     }
 
 private:
     u16 m_document;
-    bool m_open;
+    bool m_kept = false;
 };

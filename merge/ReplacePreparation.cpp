@@ -15,22 +15,26 @@ constexpr u16 kReplaceInLayer = 16048;
 
 class CurrentDocument final : public FinPIDoc {};
 
-// The host's answer to the command.
-i16 ActivateLayer(i16 layer) {
-    return Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
+void ActivateLayer(i16 layer) {
+    Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
 }
 
-constexpr i16 kNoLayer = -1;
+constexpr i16 kNotTold = -1;
 
-// Only with the option on is the layer that shows the active one.
+// Only with the option on is the layer that shows the active one. Where several show, the host
+// did not take the option.
 i16 ShownLayer() {
     const i16 layers = Host::GetMaxLayers();
+    i16 shown = kNotTold;
     for (i16 layer = 0; layer < layers; ++layer) {
         if (Host::GetShowLayer(layer) != 0) {
-            return layer;
+            if (shown != kNotTold) {
+                return kNotTold;
+            }
+            shown = layer;
         }
     }
-    return kNoLayer;
+    return shown;
 }
 
 // For a host whose command leaves the option off, which then is on for the question alone.
@@ -49,14 +53,16 @@ void PostNotActivated() {
     PostError(FinPIAppError{"Plyweld::PrepareDocument", "Unable to activate the layer."});
 }
 
-// The command acts on whatever layer is active: never on another than the destination. A host
-// that did not take the order to activate it is asked which one is, if it tells.
+// The command acts on whatever layer is active: never on another than the destination. Whether the
+// host took the order to activate it shows in the layers, if anywhere.
 void ReplaceInLayer(const FinPIDoc& document, i16 destination, i16 active, bool optionOn) {
-    const bool isTaken = active == destination || ActivateLayer(destination) != 0;
-    const i16 now = isTaken ? destination : FindActiveLayer(document, optionOn);
-    if (now != kNoLayer && now != destination) {
-        PostNotActivated();
-        return;
+    if (active != destination) {
+        ActivateLayer(destination);
+        const i16 now = FindActiveLayer(document, optionOn);
+        if (now != kNotTold && now != destination) {
+            PostNotActivated();
+            return;
+        }
     }
     Host::ExecuteMenuItem(kReplaceInLayer);
 }

@@ -93,10 +93,19 @@ void CopySpan(FramePair& frames, const SourceSpan& span, i16 at) {
     }
 }
 
+// False: the host kept the rests.
+bool DeleteRests(FinPITGFPtr& frame, const RestRun& run) {
+    const i16 count = frame.Count();
+    if (run.count > 0) {
+        frame.DeleteEntriesAt(run.start, run.count);
+    }
+    return frame.Count() == count - run.count;
+}
+
 // The usual way: the rests go, then the entries come.
 Replacement Exchange(FramePair& frames, const RestRun& run, const SourceSpan& span) {
     const i16 count = frames.destination.Count();
-    if (run.count > 0 && frames.destination.DeleteEntriesAt(run.start, run.count) == 0) {
+    if (!DeleteRests(frames.destination, run)) {
         return Restore(frames);
     }
     if (frames.destination.InsertEntries(run.start, span.count) == 0 ||
@@ -139,7 +148,7 @@ Replacement ExchangeKeepingShapes(FramePair& frames, const RestRun& run, const S
             MoveShapeEnds(rest, frames.destination.EntryAt(static_cast<i16>(at + k)));
         }
     }
-    if (frames.destination.DeleteEntriesAt(run.start, run.count) == 0) {
+    if (!DeleteRests(frames.destination, run)) {
         return Fail("Unable to replace rests.");
     }
     return frames.destination.ReloadTGF() != 0 ? Replacement::kDone : Replacement::kFailed;

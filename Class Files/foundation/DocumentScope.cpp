@@ -5,8 +5,10 @@
 DocumentScope::DocumentScope(u16 document)
     : m_previous{Host::GetCurrentEnigmaDocument()}, m_isCurrent{m_previous == document} {
     if (!m_isCurrent) {
-        m_switched = Host::SetCurrentEnigmaDocument(document) != 0;
-        m_isCurrent = m_switched && Host::GetCurrentEnigmaDocument() == document;
+        Host::SetCurrentEnigmaDocument(document);
+        const u16 current = Host::GetCurrentEnigmaDocument();
+        m_isCurrent = current == document;
+        m_switched = current != m_previous;
     }
 }
 

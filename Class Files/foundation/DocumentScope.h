@@ -4,7 +4,8 @@
 #include "shell/host/host_types.h"
 
 // Restores the document that was current before. When the document is current already, the
-// one question which document that is remains the only host call.
+// one question which document that is remains the only host call. Whether the host switched is
+// asked of it, and not taken from its answer to the order.
 class DocumentScope {
 public:
     explicit DocumentScope(u16 document);

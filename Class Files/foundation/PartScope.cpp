@@ -6,7 +6,8 @@ PartScope::PartScope(i16 part)
     : m_previous{Host::GetCurrentPartID()},
       m_isCurrent{m_previous == part || (m_previous < kScore && part == kScore)} {
     if (!m_isCurrent) {
-        m_isCurrent = Host::SetCurrentPartID(part) != 0;
+        Host::SetCurrentPartID(part);
+        m_isCurrent = Host::GetCurrentPartID() == part;
     }
 }
 

@@ -21,6 +21,14 @@ bool Admit(HostCall call, u32 version, bool anyVersion) noexcept {
     return isKnown || RefuseByRule(app, false);
 }
 
+i16 Mannered(HostCall call, i16 result) noexcept {
+    const Manners& manners = App().manners;
+    if ((!manners.taciturn && !manners.talkative) || IsResultPromised(call)) {
+        return result;
+    }
+    return manners.talkative ? i16{1} : i16{0};
+}
+
 bool CopyText(const std::u16string& text, char16* buffer, u32 units) noexcept {
     if (buffer == nullptr || units == 0) {
         return false;

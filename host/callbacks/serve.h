@@ -13,9 +13,12 @@ namespace standin {
 // is none of ours but 0 and none newer than the host.
 bool Admit(HostCall call, u32 version, bool anyVersion) noexcept;
 
+// The result as the host's manners give it: the same, unless nobody promised it.
+i16 Mannered(HostCall call, i16 result) noexcept;
+
 template <typename Result, typename Body>
-Result Serve(HostCall call, u32 version, Result refused, Body body,
-             bool anyVersion = false) noexcept {
+Result ServeAsAsked(HostCall call, u32 version, Result refused, Body body,
+                    bool anyVersion) noexcept {
     if (!Admit(call, version, anyVersion)) {
         return refused;
     }
@@ -28,6 +31,17 @@ Result Serve(HostCall call, u32 version, Result refused, Body body,
         return body(App());
     } catch (...) {  // out of memory: the call fails as if refused
         return refused;
+    }
+}
+
+template <typename Result, typename Body>
+Result Serve(HostCall call, u32 version, Result refused, Body body,
+             bool anyVersion = false) noexcept {
+    const Result result = ServeAsAsked(call, version, refused, body, anyVersion);
+    if constexpr (std::is_same_v<Result, i16>) {
+        return Mannered(call, result);
+    } else {
+        return result;
     }
 }
 

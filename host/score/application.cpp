@@ -76,7 +76,9 @@ void Application::ResetCounts() {
 }
 
 void Application::Reset() {
+    const Manners kept = manners;
     *this = Application{};
+    manners = kept;
 }
 
 Application& App() {

@@ -12,6 +12,7 @@
 #include "host/score/document.h"
 #include "host/score/fault_plan.h"
 #include "host/score/lent_frames.h"
+#include "host/score/manners.h"
 
 namespace standin {
 
@@ -51,6 +52,8 @@ public:
     bool ShowsActiveLayerOnly() const;
     bool ShowsLayer(i16 layer) const;
 
+    Manners manners;  // of the program, for as long as it runs
+
     // --- What the plug-in was lent and what it did
     LentFrames lent;
     CallCounts calls;
@@ -73,7 +76,7 @@ public:
 
     // Starts counting and logging anew and drops the fault plan; documents stay as they are.
     void ResetCounts();
-    // As at the start of the program.
+    // As at the start of the program, with the same manners.
     void Reset();
 
 private:

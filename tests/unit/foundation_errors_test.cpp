@@ -3,7 +3,9 @@
 
 #include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
+#include "Class Files/foundation/PartScope.h"
 #include "platform/headless/session.h"
+#include "tests/unit/support/mannered.h"
 #include "tests/unit/support/stand_in.h"
 
 namespace {
@@ -66,6 +68,28 @@ TEST_F(Errors, AnErrorWhoseTextCannotBeReadGivesItsPlaceToTheConversionError) {
     platform::headless::RefuseTextConversions(false);
     ReportPendingError();
     EXPECT_NE(LastAlert().find(u"UTF8 conversion failed."), std::u16string::npos);
+}
+
+// Whatever the host answers to the order to switch, the document that was current comes back.
+TEST(DocumentScopes, LookAtWhatIsCurrentAndNotAtTheAnswer) {
+    for (const standin::Manner& manner : standin::kManners) {
+        standin::StandIn host;
+        const standin::Mannered mannered{manner};
+        const u16 first = App().CurrentNumber();
+        const u16 second = App().OpenDocument(u"second").Number();
+        {
+            const DocumentScope switched{second};
+            EXPECT_TRUE(switched) << manner.name;
+            EXPECT_FALSE(DocumentScope{77}) << manner.name;
+            EXPECT_EQ(App().CurrentNumber(), second) << manner.name;
+            host.Score().AddPart(1, u"Flute");
+            const DocumentScope back{first};
+            EXPECT_TRUE(PartScope{1}) << manner.name;
+            EXPECT_FALSE(PartScope{2}) << manner.name;
+            EXPECT_EQ(host.Score().currentPart, 0) << manner.name;
+        }
+        EXPECT_EQ(App().CurrentNumber(), first) << manner.name;
+    }
 }
 
 TEST(DocumentScopes, SwitchForTheirLengthAndAskOnceWhenThereIsNothingToDo) {

@@ -17,13 +17,16 @@ void Write(StandIn& host) {
 
 TEST(Failures, OfWhatOnlyShowsTheMergeDoNotStopIt) {
     for (const HostCall call :
-         {HostCall::kStartMassEdit, HostCall::kRebeamRegion, HostCall::kRedrawMusic}) {
+         {HostCall::kStartMassEdit, HostCall::kRebeamRegion, HostCall::kRedrawMusic,
+          HostCall::kStartFinaleEdit, HostCall::kEndFinaleEdit}) {
         StandIn host;
         host.Write({"", "w:c4"});
         App().faults.refuseKind = FaultPlan::AllOf(call);
         Plugin{}.Merge(host);
         EXPECT_TRUE(App().alerts.empty()) << NameOf(call);
         EXPECT_EQ(host.Layer(1, 1, 0), "w:c4") << NameOf(call);
+        EXPECT_EQ(App().calls.Of(HostCall::kCancelFinaleEdit), 0U) << "an edit that was ended";
+        host.Score().EndEdit();
     }
 }
 

@@ -74,6 +74,9 @@ TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
 TEST_F(OpenCommand, OpensOnceAnItemAndAgainWhenItDidNotOpen) {
     App().dialogs = nullptr;
     plugin.Invoke(host);
+    App().faults.pretendKind = HostCall::kDialog;
+    plugin.Invoke(host);
+    App().faults = {};
     App().dialogs = &desk;
     Open();
     plugin.Invoke(host);

@@ -3,7 +3,7 @@
 add_plugin_test(test_trust trust_invariant_test.cpp trust_merges_test.cpp
   trust_properties_test.cpp trust_endurance_test.cpp
   support/dialog_desk.cpp support/score_generator.cpp support/written_score.cpp)
-add_plugin_test(test_sweeps sweep_test.cpp sweep_pretended_test.cpp
+add_plugin_test(test_sweeps sweep_test.cpp sweep_manners_test.cpp sweep_pretended_test.cpp
   support/dialog_desk.cpp support/scenarios.cpp support/score_generator.cpp
   support/sweep_round.cpp support/written_score.cpp)
 foreach(program test_trust test_sweeps)

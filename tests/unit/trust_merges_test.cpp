@@ -2,6 +2,7 @@
 #include <map>
 
 #include "host/verify/merge_faults.h"
+#include "tests/unit/support/mannered.h"
 #include "tests/unit/support/merge_count.h"
 #include "tests/unit/support/score_generator.h"
 
@@ -83,13 +84,14 @@ WrittenScore Shrunk(const Plugin& plugin, WrittenScore written) {
     return written;
 }
 
-TEST(MadeUpScores, LoseNothing) {
+// Returns how many were merged.
+u32 MergeMany(u32 count) {
     const Plugin plugin;
     const u32 first = NumberFromEnvironment("PLYWELD_SEED", 1);
-    const u32 last = std::getenv("PLYWELD_SEED") != nullptr ? first : MergeCount();
+    const u32 last = std::getenv("PLYWELD_SEED") != nullptr ? first : count;
     u32 tried = 0;
     u32 moved = 0;
-    for (u32 seed = first; seed <= last && !HasFailure(); ++seed, ++tried) {
+    for (u32 seed = first; seed <= last && !testing::Test::HasFailure(); ++seed, ++tried) {
         const WrittenScore written = MakeUpScore(seed);
         const Outcome outcome = MergeAndCheck(plugin, written);
         moved += outcome.moved ? 1 : 0;
@@ -99,9 +101,22 @@ TEST(MadeUpScores, LoseNothing) {
                           << Print(smallest) << MergeAndCheck(plugin, smallest).problem;
         }
     }
-    RecordProperty("merges", std::to_string(tried));
     EXPECT_TRUE(tried == 1 || moved * 2 > tried) << moved << " of " << tried << " moved music";
+    return tried;
 }
+
+TEST(MadeUpScores, LoseNothing) {
+    RecordProperty("merges", std::to_string(MergeMany(MergeCount())));
+}
+
+class MadeUpScoresOn : public testing::TestWithParam<Manner> {};
+
+TEST_P(MadeUpScoresOn, LoseNothing) {
+    const Mannered mannered{GetParam()};
+    RecordRuns(GetParam(), MergeMany(MergeCount() / 5));
+}
+
+INSTANTIATE_TEST_SUITE_P(HostsThatAre, MadeUpScoresOn, testing::ValuesIn(kManners), NameOfManner);
 
 }  // namespace
 }  // namespace standin

@@ -6,6 +6,7 @@
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "shell/host/callbacks.h"
 #include "shell/host/detail_flags.h"
+#include "shell/host/output_room.h"
 
 namespace {
 
@@ -40,14 +41,17 @@ i16 FinPIEntryPtr::AskStemDirection() const {
         {measure.document, measure.staff, measure.measure, Number()});
     if (inserted) {
         const DocumentScope scope{m_document};
-        ENTRYMETRICS answer{};
-        if (!scope || Host::GetEntryMetrics(m_frame, m_index, &answer) == 0) {
+        OutputRoom<ENTRYMETRICS> answer;
+        if (scope) {
+            Host::GetEntryMetrics(m_frame, m_index, answer.Address());
+        }
+        if (!answer.IsWritten()) {
             PostError(FinPIEntryNotVisibleError{});
             return kNoStem;
         }
-        FinPIMetricsCache::NotePageView(measure, answer.pageNumber != 0);
-        metrics = answer;
-        Host::FreeEntryMetrics(&answer);
+        metrics = answer.Known();
+        FinPIMetricsCache::NotePageView(measure, metrics.pageNumber != 0);
+        Host::FreeEntryMetrics(answer.Address());
     }
     if (!FinPIMetricsCache::IsShownInPageView(measure)) {
         PostError(FinPINotPageViewVisibleError{});

@@ -246,14 +246,12 @@ i16 FinPITGFPtr::DeleteEntriesAt(i16 index, i16 count) {
     const std::vector<EntryNoteFields> kept = KeepNoteFields(Entries());
     NormalizeFrame(*m_frame);
     const i16 result = Host::DeleteEXENTRY(m_frame, index, count);
-    if (result != 0) {
-        const std::span<EXENTRY> remaining = Entries();
-        for (std::size_t i = 0; i < remaining.size(); ++i) {
-            const std::size_t before =
-                i < static_cast<std::size_t>(index) ? i : i + static_cast<std::size_t>(count);
-            if (before < kept.size()) {
-                RestoreNoteFields(remaining[i], kept[before]);
-            }
+    const std::span<EXENTRY> remaining = Entries();
+    const std::size_t gone = kept.size() - std::min(remaining.size(), kept.size());
+    for (std::size_t i = 0; i < remaining.size(); ++i) {
+        const std::size_t before = i < static_cast<std::size_t>(index) ? i : i + gone;
+        if (before < kept.size()) {
+            RestoreNoteFields(remaining[i], kept[before]);
         }
     }
     return result;
@@ -262,7 +260,11 @@ i16 FinPITGFPtr::DeleteEntriesAt(i16 index, i16 count) {
 i16 FinPITGFPtr::DeleteEntries(const std::set<u32>& entryNumbers) {
     for (const u32 entryNumber : entryNumbers) {
         const i16 index = FindEntryByNumber(entryNumber);
-        if (index >= 0 && DeleteEntriesAt(index, 1) == 0) {
+        if (index < 0) {
+            continue;
+        }
+        DeleteEntriesAt(index, 1);
+        if (FindEntryByNumber(entryNumber) >= 0) {
             PostError(FinPIAppError{"FinPITGFPtr::DeleteEntries", "Unable to delete entries."});
         }
     }

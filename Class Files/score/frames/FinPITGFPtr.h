@@ -58,8 +58,8 @@ public:
     i16 ReloadTGF();
     // The host's result. The new entries are zeroed and have entry numbers.
     i16 InsertEntries(i16 index, i16 count);
-    // The host's result. Entries that remain keep the first two fields of their notes, which
-    // the host may respell.
+    // The host's result, which says nothing: Count() tells whether they went. Entries that remain
+    // keep the first two fields of their notes, which the host may respell.
     i16 DeleteEntriesAt(i16 index, i16 count);
     // Deletes the entries that are found, reduces and reloads. A refused deletion is posted, and
     // the others go on; 0 = not reloaded.

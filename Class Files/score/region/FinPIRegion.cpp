@@ -7,6 +7,7 @@
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/document/FinPIMeas.h"
 #include "shell/host/callbacks.h"
+#include "shell/host/output_room.h"
 
 namespace {
 
@@ -67,9 +68,9 @@ void FinPIRegion::RefreshView() {
     m_view = 0;
     if (Host::GetCurrentEnigmaDocument() == m_docID) {
         m_part = static_cast<u16>(Host::GetCurrentPartID());
-        WINDOWINFO window{};
-        if (Host::GetCurrentWindowInfo(&window) != 0) {
-            m_view = window.view;
+        OutputRoom<WINDOWINFO> window;
+        if (Host::GetCurrentWindowInfo(window.Address()) != 0) {
+            m_view = window.Known().view;
         }
     }
 }

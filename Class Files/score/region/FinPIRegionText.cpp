@@ -9,6 +9,7 @@
 #include "Class Files/score/region/FinPIRegion.h"
 #include "platform/resources.h"
 #include "shell/host/callbacks.h"
+#include "shell/host/output_room.h"
 
 namespace {
 
@@ -23,15 +24,14 @@ constexpr u16 kFirstStaffSet = 65500;
 constexpr std::size_t kNameUnits = 511;
 constexpr std::size_t kNumberUnits = 512;
 
-// What a callback that fills a buffer gives; empty when it gives nothing.
+// What a callback writes into a buffer, whatever it answers; empty when it writes nothing.
 template <std::size_t units, typename Ask>
 std::u16string HostText(Ask ask) {
-    std::array<char16, units> buffer{};
-    if (ask(buffer.data(), static_cast<u32>(units)) == 0) {
-        return {};
-    }
-    buffer.back() = 0;
-    return buffer.data();
+    OutputRoom<std::array<char16, units>> room;
+    ask(room.Address()->data(), static_cast<u32>(units));
+    std::array<char16, units> text = room.Known();
+    text.back() = 0;
+    return text.data();
 }
 
 // 0 = the signature has no beats to count.
@@ -84,7 +84,7 @@ void AppendPartName(std::u16string& text) {
     }
     text += u" - ";
     text += HostText<kNameUnits>(
-        [part](char16* buffer, u32 units) { return Host::GetPartName(part, buffer, units); });
+        [part](char16* buffer, u32 units) { Host::GetPartName(part, buffer, units); });
 }
 
 }  // namespace
@@ -93,7 +93,7 @@ void FinPIRegion::AppendEndpoint(std::u16string& text, const Endpoint& end, bool
     if (nameStaff) {
         const u16 staff = Host::SlotToInst(end.slot, end.staffList);
         text += HostText<kNameUnits>([&](char16* buffer, u32 /*units*/) {
-            return Host::AutoNumberedName(staff, end.measure, end.position, buffer);
+            Host::AutoNumberedName(staff, end.measure, end.position, buffer);
         });
         text += u' ';
     }
@@ -136,7 +136,7 @@ std::u16string FinPIRegion::Description() const {
     const u16 document = Host::GetCurrentEnigmaDocument();
     if (document != 0) {
         text = HostText<kDescriptionUnits + 1>([document](char16* buffer, u32 units) {
-            return Host::GetDocumentPath(document, buffer, units);
+            Host::GetDocumentPath(document, buffer, units);
         });
     }
     AppendPartName(text);

@@ -10,18 +10,6 @@
 namespace standin {
 namespace {
 
-std::vector<std::string> LayersOf(const StandIn& host, const WrittenScore& score) {
-    std::vector<std::string> layers;
-    for (i16 slot = 1; slot <= score.staves; ++slot) {
-        for (u16 measure = 1; measure <= score.measures; ++measure) {
-            for (u16 layer = 0; layer < App().maxLayers; ++layer) {
-                layers.push_back(host.Layer(slot, measure, layer));
-            }
-        }
-    }
-    return layers;
-}
-
 // Those that the run may have used: a dialog that cannot be read gives others than were stored,
 // and the defaults take the place of what cannot be loaded.
 std::vector<MergeOptions> UsableOptions(const Scenario& scenario, const Refusal& refusal) {
@@ -71,9 +59,12 @@ std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCou
     };
     std::string text;
     if (host.Score().IsEditOpen()) {
+        // One that was to be ended is kept, whatever the host made of that.
         const HostCall cancel = HostCall::kCancelFinaleEdit;
-        text += calls.Of(cancel) > 0 || lacks(cancel) ? "" : "an edit is open\n";
-        host.Score().CancelEdit();
+        const HostCall end = HostCall::kEndFinaleEdit;
+        const bool isKept = calls.Of(cancel) == 0 && (calls.Of(end) > 0 || lacks(end));
+        text += calls.Of(cancel) > 0 || lacks(cancel) || isKept ? "" : "an edit is open\n";
+        isKept ? host.Score().EndEdit() : host.Score().CancelEdit();
     }
     if (!App().progressDisplays.empty()) {
         const bool asked = calls.Of(HostCall::kEndMassEdit) >= App().progressDisplaysOpened;

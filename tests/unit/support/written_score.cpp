@@ -147,6 +147,18 @@ std::unique_ptr<StandIn> Build(const WrittenScore& score) {
     return host;
 }
 
+std::vector<std::string> LayersOf(const StandIn& host, const WrittenScore& score) {
+    std::vector<std::string> layers;
+    for (i16 slot = 1; slot <= score.staves; ++slot) {
+        for (u16 measure = 1; measure <= score.measures; ++measure) {
+            for (u16 layer = 0; layer < App().maxLayers; ++layer) {
+                layers.push_back(host.Layer(slot, measure, layer));
+            }
+        }
+    }
+    return layers;
+}
+
 std::string Print(const WrittenScore& score) {
     std::ostringstream text;
     text << "StandIn host" << Braced({score.staves, score.measures}) << ";\n"

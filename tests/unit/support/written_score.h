@@ -57,6 +57,9 @@ bool IsEntry(const std::string& word);
 // The score in a fresh host, selected; places of entries that are not there are passed over.
 std::unique_ptr<StandIn> Build(const WrittenScore& score);
 
+// Every layer that the score has now.
+std::vector<std::string> LayersOf(const StandIn& host, const WrittenScore& score);
+
 // As calls of the test fixture.
 std::string Print(const WrittenScore& score);
 

@@ -1,0 +1,68 @@
+#include "host/score/manners.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace standin {
+namespace {
+
+// Results that say nothing but whether the call worked, and not even that on every host. Metrics
+// may come with any result: whether there are some shows in what was written.
+constexpr HostCall kUnpromised[] = {
+    HostCall::kSetCurrentEnigmaDocument,
+    HostCall::kGetDocumentPath,
+    HostCall::kSetCurrentPartID,
+    HostCall::kSetCurrentPartInView,
+    HostCall::kGetPartName,
+    HostCall::kAutoNumberedName,
+    HostCall::kDeleteEXENTRY,
+    HostCall::kReduceEntries,
+    HostCall::kGetEntryMetrics,
+    HostCall::kGetEntryMetrics2014,
+    HostCall::kStartFinaleEdit,
+    HostCall::kEndFinaleEdit,
+    HostCall::kCancelFinaleEdit,
+    HostCall::kEndMassEdit,
+    HostCall::kRebeamRegion,
+    HostCall::kUpdateLayout,
+    HostCall::kRedrawMusic,
+    HostCall::kExecuteMenuItem,
+    HostCall::kDialog,
+    HostCall::kEndDialog,
+    HostCall::kSetDlgItemVal,
+    HostCall::kSetDlgCntlVal,
+    HostCall::kGetDlgString,
+    HostCall::kSetDlgString,
+    HostCall::kEnableDlgItem,
+    HostCall::kShowHideDlgItem,
+    HostCall::kSetDlgFocus,
+    HostCall::kGetDlgItemUser,
+    HostCall::kSetDlgItemUser,
+    HostCall::kSetTimer,
+    HostCall::kKillTimer,
+    HostCall::kAlertMessage,
+};
+
+}  // namespace
+
+bool IsResultPromised(HostCall call) noexcept {
+    return std::find(std::begin(kUnpromised), std::end(kUnpromised), call) == std::end(kUnpromised);
+}
+
+std::optional<Manners> ParseManners(std::string_view names) {
+    Manners manners;
+    while (!names.empty()) {
+        const std::string_view name = names.substr(0, names.find(','));
+        const auto* const manner =
+            std::find_if(std::begin(kManners), std::end(kManners),
+                         [name](const Manner& other) { return other.name == name; });
+        if (manner == std::end(kManners)) {
+            return std::nullopt;
+        }
+        manners.*(manner->flag) = true;
+        names.remove_prefix(std::min(names.size(), name.size() + 1));
+    }
+    return manners;
+}
+
+}  // namespace standin

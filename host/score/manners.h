@@ -1,0 +1,33 @@
+// What a host may do that the interface leaves open: whatever it is, the plug-in must work with it.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "host/score/host_call.h"
+
+namespace standin {
+
+struct Manners {
+    bool taciturn = false;   // results that nobody promised are 0, whatever the call did
+    bool talkative = false;  // they are 1, also when the call did nothing
+
+    bool operator==(const Manners&) const = default;
+};
+
+// Whether the interface says what the call's result means. The rest may answer anything.
+bool IsResultPromised(HostCall call) noexcept;
+
+struct Manner {
+    const char* name;
+    bool Manners::*flag;
+};
+inline constexpr Manner kManners[] = {
+    {"taciturn", &Manners::taciturn},
+    {"talkative", &Manners::talkative},
+};
+
+// From names joined by commas; empty when one of them is no manner's.
+std::optional<Manners> ParseManners(std::string_view names);
+
+}  // namespace standin
