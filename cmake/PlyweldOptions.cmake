@@ -4,14 +4,16 @@ target_include_directories(plyweld_options INTERFACE "${PROJECT_SOURCE_DIR}")
 target_compile_options(plyweld_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 target_compile_definitions(plyweld_options INTERFACE
-  PLYWELD_VERSION="${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
+  PLYWELD_VERSION="${PLYWELD_VERSION}")
 
 if(WIN32)
   target_compile_definitions(plyweld_options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0A00)
   target_link_options(plyweld_options INTERFACE $<$<CONFIG:Release>:-s>
     # Addresses that cannot be guessed, and no code in data. GCC has no control flow guard.
-    -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+    -Wl,--dynamicbase,--high-entropy-va,--nxcompat
+    # The same sources give the same bytes at any time.
+    -Wl,--no-insert-timestamp)
 else()
   # A module that was closed must be gone, so that the next load starts afresh.
   target_compile_options(plyweld_options INTERFACE

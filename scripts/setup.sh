@@ -81,14 +81,14 @@ ensure_packages() {
 }
 
 native_packages=(g++ cmake ninja-build pkg-config libpugixml-dev libzip-dev libcli11-dev
-    libgtest-dev libgmock-dev nlohmann-json3-dev ccache)
+    libgtest-dev libgmock-dev nlohmann-json3-dev cmark-gfm jq ccache)
 windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev ca-certificates)
 wine_packages=(wine wine64 fonts-wine xvfb xauth locales)
 check_packages=(clang-format-14 clang-tidy-14 libxml2-utils unzip git)
 picture_packages=(librsvg2-bin fonts-liberation)
 
 # pugixml and libzip for the Windows build, in the versions that Debian builds natively: their
-# source packages, unpacked to build/third_party. The lists they come from are the machine's
+# source packages, known by their hashes, unpacked to build/third_party. The lists they come from are the machine's
 # own, asked for source packages, kept beside them.
 ensure_third_party() {
     local home="$build/third_party" package
@@ -100,11 +100,16 @@ ensure_third_party() {
     local options=(-o "Dir::Etc::sourcelist=/dev/null" -o "Dir::Etc::sourceparts=$apt/sources"
         -o "Dir::State::lists=$apt/lists" -o "Dir::Cache=$apt/cache" -o "APT::Sandbox::User=")
     quietly apt-get -q "${options[@]}" update || fail "the source package lists could not be fetched"
+    rm -rf "$home/unpacked"
+    mkdir -p "$home/unpacked"
+    (cd "$home/unpacked" && quietly apt-get -q "${options[@]}" source --download-only pugixml libzip) ||
+        fail "the source packages of pugixml and libzip could not be fetched"
+    (cd "$home/unpacked" && quietly sha256sum --check --strict "$top/scripts/third-party.sha256") ||
+        fail "these are not the sources that scripts/third-party.sha256 names"
     for package in pugixml libzip; do
-        rm -rf "${home:?}/$package" "$home/unpacked"
-        mkdir -p "$home/unpacked"
-        (cd "$home/unpacked" && quietly apt-get -q "${options[@]}" source "$package") ||
-            fail "the source package $package could not be fetched"
+        rm -rf "${home:?}/$package"
+        (cd "$home/unpacked" && quietly dpkg-source --no-check -x "$package"_*.dsc) ||
+            fail "the source package $package could not be unpacked"
         mv "$home/unpacked/$package"-*/ "$home/$package"
     done
     rm -rf "$home/unpacked" "$apt"
