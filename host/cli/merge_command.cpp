@@ -43,6 +43,17 @@ std::string BytesFor(const std::string& output, ImportedScore& score) {
     return zipped ? MakeArchive("score.musicxml", text) : text;
 }
 
+// Who names a layer means the voice that has it through the piece.
+OwnLayers LayersNamed(const MergeOptions& options) {
+    OwnLayers own{};
+    for (const u16 layer : {options.source, options.destination}) {
+        if (layer < own.size()) {
+            own[layer] = true;
+        }
+    }
+    return own;
+}
+
 // The score before the merge, to be held against what comes of it.
 class Original {
 public:
@@ -81,7 +92,7 @@ private:
 }  // namespace
 
 ExitCode Merge(const MergeCommand& command) {
-    const OpenScore open{command.input};
+    const OpenScore open{command.input, LayersNamed(command.options)};
     if (!open) {
         return kUnreadable;
     }

@@ -10,20 +10,20 @@ namespace standin::cli {
 
 namespace {
 
-ReadResult Read(const std::string& name, Document& into) {
+ReadResult Read(const std::string& name, Document& into, OwnLayers own) {
     if (name != kStandardStream) {
-        return ReadScore(PathOf(name), &into);
+        return ReadScore(PathOf(name), &into, own);
     }
     std::string bytes{std::istreambuf_iterator<char>{std::cin}, {}};
-    return ReadScore(std::move(bytes), &into);
+    return ReadScore(std::move(bytes), &into, own);
 }
 
 }  // namespace
 
-OpenScore::OpenScore(const std::string& name)
+OpenScore::OpenScore(const std::string& name, OwnLayers own)
     : m_document{App().OpenDocument(PathOf(name).u16string())} {
     App().SetCurrentDocument(m_document.Number());
-    ReadResult result = Read(name, m_document);
+    ReadResult result = Read(name, m_document, own);
     m_score = std::move(result.score);
     const std::string shown = name == kStandardStream ? "standard input" : name;
     if (m_score == nullptr) {

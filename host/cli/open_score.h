@@ -12,7 +12,8 @@ namespace standin::cli {
 // ends. When the score cannot be read, a line on standard error has said why.
 class OpenScore {
 public:
-    explicit OpenScore(const std::string& name);
+    // own: layers that a further voice must not take.
+    explicit OpenScore(const std::string& name, OwnLayers own = {});
     ~OpenScore();
     OpenScore(const OpenScore&) = delete;
     OpenScore& operator=(const OpenScore&) = delete;

@@ -94,7 +94,7 @@ std::string TextOf(const nlohmann::ordered_json& json) {
 
 // What a merge would find is told by a merge that is not written.
 ExitCode Show(const ShowCommand& command) {
-    const OpenScore open{command.input};
+    const OpenScore open{command.input, OwnLayers{true}};
     if (!open) {
         return kUnreadable;
     }

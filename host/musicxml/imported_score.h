@@ -5,6 +5,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "host/musicxml/fragments.h"
@@ -16,7 +17,9 @@
 
 namespace standin {
 
-inline constexpr int kLayers = 4;
+// The layers that the host knows. A voice that finds none of them is carried: its frames stand in
+// further layers, which no host function reaches, so that no merge and no Replace touches it.
+inline constexpr u16 kLayers = 4;
 
 // A child of <measure> other than a note, backup or forward, and the time it stands at.
 struct MeasureItem {
@@ -35,6 +38,7 @@ struct PartMeasure {
     Rational grid{1, 1};            // likewise, where it ends
     Rational length{};              // the farthest time that its content reaches
     bool changesDivisions = false;  // by <attributes> that say nothing else and are no item
+    u16 layers = kLayers;           // more where voices are carried: those from kLayers on
     std::vector<MeasureItem> items;
 };
 
@@ -43,9 +47,12 @@ struct StaffVoices {
     u16 staff = 0;
     std::array<std::string, kLayers> names;             // empty = no voice yet
     std::map<std::pair<u16, u16>, std::string> others;  // by measure and layer, where different
+    std::unordered_map<u32, std::string> guests{};  // by entry, where one shares another's layer
 
     // Empty when no voice of that layer is known.
     const std::string& Name(u16 measure, u16 layer) const;
+    // The voice of an entry that stands in that layer.
+    const std::string& NameAt(u16 measure, u16 layer, u32 entry) const;
 };
 
 struct ScorePart {
@@ -58,6 +65,13 @@ struct ScorePart {
     bool namesDivisions = false;  // its durations have a unit that the file gives
 };
 
+// A carried entry's <note> elements as they stand in the score's text.
+struct CarriedText {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    Rational divisions{};  // that its durations count in
+};
+
 struct ImportedScore {
     std::string text;  // the file's XML in UTF-8; fragments refer into it
     TextFormat format;
@@ -68,6 +82,7 @@ struct ImportedScore {
     Fragments fragments;
     Fragments pitches;  // unpitched and microtonal notes, by the second field of a note
     WrittenForms forms;
+    std::unordered_map<u32, CarriedText> carried;  // by entry
     // Text expression definitions, by text and whether they stand at an entry.
     std::map<std::pair<FragmentId, bool>, u16> definitions;
     Document* document = nullptr;

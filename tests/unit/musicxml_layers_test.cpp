@@ -36,11 +36,61 @@ TEST(Voices, FurtherOnesTakeLayersFreeInTheirMeasureAndKeepTheirNames) {
     EXPECT_NE(written.find("<voice>6</voice>"), std::string::npos);
 }
 
-TEST(Voices, FiveAtOnceAreRefusedByPartStaffAndMeasure) {
-    const ReadResult result = ReadScore(ScoreText({Together({"1", "2", "3", "4", "5"})}));
-    EXPECT_FALSE(result);
-    EXPECT_NE(result.message.find("part P1, staff 1, measure 1: voice 5"), std::string::npos)
-        << result.message;
+// Where no layer is free, a voice that never sounds with another goes into that one's.
+TEST(Voices, TwoThatShareNoTimeMayShareALayer) {
+    const std::string text =
+        ScoreText({Together({"1", "2", "3", "4"}) + Note({.pitch = "E4", .voice = "5"})});
+    const auto score = Read(text);
+    EXPECT_EQ(Layer(*score, 1, 1, 0), "q:c4 q:e4");
+    EXPECT_EQ(score->parts[0].measures[0].layers, kLayers);
+    const std::string written = Rebuilt(*score);
+    EXPECT_NE(written.find("<voice>5</voice>"), std::string::npos) << written;
+    EXPECT_EQ(Differences(*score, *Read(written)), "");
+}
+
+// A user who names a layer means its own voice, so that no other takes it.
+TEST(Voices, FurtherOnesKeepOutOfLayersThatAreNamed) {
+    const std::string text = ScoreText({Together({"1", "2", "3", "4"}), Together({"1", "5"}),
+                                        Note({.voice = "2"}) + Note({.voice = "5"})});
+    const auto score = ReadScore(text, nullptr, OwnLayers{false, true}).score;
+    ASSERT_TRUE(score);
+    EXPECT_EQ(Layers(*score, 1, 2), "q:c4 | ");
+    EXPECT_EQ(Layer(*score, 1, 2, 2), "q:c4");
+    EXPECT_EQ(Layers(*score, 1, 3), "q:x q:c4 | q:c4");
+    const auto whole = ReadScore(text, nullptr, OwnLayers{true, true, true, true}).score;
+    ASSERT_TRUE(whole);
+    EXPECT_EQ(Layers(*whole, 1, 3), " | q:c4");
+    EXPECT_EQ(Layer(*whole, 1, 3, kLayers), "q:x q:c4");
+}
+
+// Whatever happens to the others, its elements stay as they were written.
+TEST(Voices, AFifthAtTheSameTimeIsCarriedAsItIs) {
+    const std::string odd =
+        "<note ><pitch ><step>E</step><octave>4</octave></pitch><duration>1</duration>"
+        "<voice>5</voice><type>eighth</type><notations><tied type='start'/></notations></note>";
+    const std::string chord =
+        "<note><pitch><step>F</step><octave>4</octave></pitch><duration>1</duration>"
+        "<voice>5</voice></note>\n  <note><chord/><pitch><step>A</step><octave>4</octave></pitch>"
+        "<duration>1</duration><voice>5</voice></note>";
+    const auto score = Read(
+        ScoreText({Together({"1", "2", "3", "4"}) + Backup(2) + odd + "\n" + chord + Note({})}));
+    EXPECT_EQ(Layer(*score, 1, 1, kLayers), "e:e4~ e:f4,a4");
+    score->document->PutFrame({1, 1, 1}, {});
+    const std::string written = WriteScore(*score);
+    EXPECT_NE(written.find(odd + "\n" + chord), std::string::npos) << written;
+    const auto again = Read(written);
+    EXPECT_EQ(MusicOf(*again).notes.size(), 7U) << "one of eight is gone";
+}
+
+// A chord over two entries cannot be cut out of the text.
+TEST(Voices, ACarriedChordOfTwoEntriesLosesNothing) {
+    std::string chord = Note({.voice = "5"});
+    for (const char* pitch : {"E4", "G4"}) {
+        chord += Note({.pitch = pitch, .duration = 4, .voice = "5", .first = "<chord/>"});
+    }
+    const auto score = Read(ScoreText({Together({"1", "2", "3", "4"}) + Backup(2) + chord}));
+    EXPECT_EQ(score->parts[0].measures[0].layers, kLayers + 2);
+    EXPECT_EQ(Differences(*score, *Read(Rebuilt(*score))), "");
 }
 
 // Two lines of one voice that share time: the second needs a layer of its own, and voice 2

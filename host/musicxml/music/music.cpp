@@ -15,16 +15,10 @@ public:
         : m_score{score}, m_document{*score.document} {}
 
     Music Build() {
-        const std::vector<u16>& staves = m_document.StaffList(0);
-        for (std::size_t slot = 0; slot < staves.size(); ++slot) {
-            for (u16 measure = 1; measure <= m_document.MeasureCount(); ++measure) {
-                m_fifths = FifthsOfKeyWord(m_document.Measure(measure).key);
-                for (u16 layer = 0; layer < kLayers; ++layer) {
-                    const FrameKey key{staves[slot], measure, layer};
-                    if (const Frame* frame = m_document.FindFrame(key)) {
-                        AddFrame(*frame, key, static_cast<u16>(slot + 1));
-                    }
-                }
+        u16 slot = 0;
+        for (const ScorePart& part : m_score.parts) {
+            for (const StaffVoices& staff : part.staves) {
+                AddStaff(part, staff.staff, ++slot);
             }
         }
         std::stable_sort(m_music.entries.begin(), m_music.entries.end(),
@@ -37,6 +31,19 @@ public:
     }
 
 private:
+    void AddStaff(const ScorePart& part, u16 staff, u16 slot) {
+        for (std::size_t i = 0; i < part.measures.size(); ++i) {
+            const auto measure = static_cast<u16>(i + 1);
+            m_fifths = FifthsOfKeyWord(m_document.Measure(measure).key);
+            for (u16 layer = 0; layer < part.measures[i].layers; ++layer) {
+                const FrameKey key{staff, measure, layer};
+                if (const Frame* frame = m_document.FindFrame(key)) {
+                    AddFrame(*frame, key, slot);
+                }
+            }
+        }
+    }
+
     void AddFrame(const Frame& frame, FrameKey key, u16 slot) {
         for (std::size_t i = 0; i < frame.entries.size(); ++i) {
             const EXENTRY& entry = frame.entries[i];

@@ -70,23 +70,76 @@ void MeasureLayers::SplitIntoLines(Voice& voice) {
     }
 }
 
-Problem MeasureLayers::NoRoom(const Voice& voice, const EntryDraft& draft) const {
-    return {"part " + m_part.id + ", staff " + std::to_string(voice.staff + 1) + ", measure " +
-                std::to_string(m_measure) + ": voice " + voice.name +
-                " finds no free layer among four",
-            draft.offset};
+namespace {
+
+bool ShareTime(const EntryDraft& a, const EntryDraft& b) {
+    const auto isWithin = [](const EntryDraft& grace, const EntryDraft& other) {
+        return !(grace.start < other.start) && grace.start < other.End();
+    };
+    if (a.Grace() || b.Grace()) {
+        return a.start == b.start || isWithin(a, b) || isWithin(b, a);
+    }
+    return a.start < b.End() && b.start < a.End();
 }
 
-Problem MeasureLayers::ChooseFurtherLayer(Voice& voice, Used& used) {
-    const auto free = std::find(used.begin(), used.end(), false);
-    if (free == used.end()) {
-        return NoRoom(voice, *voice.entries.front());
+}  // namespace
+
+int MeasureLayers::FreeLayer(const Used& used) const {
+    for (int layer = 0; layer < kLayers; ++layer) {
+        const auto index = static_cast<std::size_t>(layer);
+        if (!used.layers[index] && !m_own[index]) {
+            return layer;
+        }
     }
-    *free = true;
-    voice.layer = static_cast<int>(free - used.begin());
+    return -1;
+}
+
+// A layer below 0 stands for one that carries.
+int MeasureLayers::TakeLayer(const Voice& voice, int layer, Used& used) {
+    if (layer < 0) {
+        layer = used.nextCarried++;
+        PartMeasure& measure = m_part.measures.back();
+        measure.layers = std::max(measure.layers, static_cast<u16>(layer + 1));
+    } else {
+        used.layers[static_cast<std::size_t>(layer)] = true;
+    }
     StaffVoices& staff = m_part.staves[static_cast<std::size_t>(voice.staff)];
-    staff.others[{m_measure, static_cast<u16>(voice.layer)}] = voice.name;
-    return {};
+    staff.others[{m_measure, static_cast<u16>(layer)}] = voice.name;
+    return layer;
+}
+
+void MeasureLayers::ChooseFurtherLayer(Voice& voice, Used& used) {
+    const int free = FreeLayer(used);
+    if (free >= 0 || !ShareLayer(voice)) {
+        voice.layer = TakeLayer(voice, free, used);
+    }
+}
+
+// Its entries join those of a voice of the same staff that it has no time in common with.
+bool MeasureLayers::ShareLayer(Voice& voice) {
+    const auto takesIn = [&](const Voice& host) {
+        return host.staff == voice.staff && host.layer >= 0 && host.layer < kLayers &&
+               !host.isGuest && !m_own[static_cast<std::size_t>(host.layer)] &&
+               host.lines.size() == 1 &&
+               std::none_of(voice.entries.begin(), voice.entries.end(), [&](const auto* entry) {
+                   return std::any_of(host.entries.begin(), host.entries.end(),
+                                      [&](const auto* other) { return ShareTime(*entry, *other); });
+               });
+    };
+    const auto host = std::find_if(m_voices.begin(), m_voices.end(), takesIn);
+    if (host == m_voices.end() || voice.lines.size() > 1) {
+        return false;
+    }
+    StaffVoices& staff = m_part.staves[static_cast<std::size_t>(voice.staff)];
+    for (const EntryDraft* draft : voice.entries) {
+        staff.guests[draft->entry.entryNumber] = voice.name;
+    }
+    host->entries.insert(host->entries.end(), voice.entries.begin(), voice.entries.end());
+    host->lines.clear();
+    SplitIntoLines(*host);
+    voice.layer = host->layer;
+    voice.isGuest = true;
+    return true;
 }
 
 // Known voices first, so that a further one takes a layer that none of them needs here.
@@ -106,17 +159,15 @@ Problem MeasureLayers::ChooseLayers(int staff) {
             *layer = voice.name;
         }
         voice.layer = static_cast<int>(layer - names.names.begin());
-        used[static_cast<std::size_t>(voice.layer)] = true;
+        used.layers[static_cast<std::size_t>(voice.layer)] = true;
     }
     for (Voice& voice : m_voices) {
         if (voice.staff == staff && voice.layer < 0) {
-            if (Problem problem = ChooseFurtherLayer(voice, used)) {
-                return problem;
-            }
+            ChooseFurtherLayer(voice, used);
         }
     }
     for (Voice& voice : m_voices) {
-        if (voice.staff == staff) {
+        if (voice.staff == staff && !voice.isGuest) {
             if (Problem problem = StoreVoice(voice, used)) {
                 return problem;
             }
@@ -137,34 +188,47 @@ Problem MeasureLayers::Store() {
     return {};
 }
 
+Problem MeasureLayers::StoreLine(const Voice& voice, const Line& line, int layer) {
+    std::vector<EXENTRY> frame;
+    if (Problem problem = AppendLine(line, 0, {}, frame)) {
+        return problem;
+    }
+    PutFrame(voice.staff, layer, std::move(frame));
+    if (layer >= kLayers) {
+        KeepText(line);
+    }
+    return {};
+}
+
+void MeasureLayers::KeepText(const Line& line) {
+    for (const EntryDraft* draft : line.entries) {
+        if (draft->isOnePiece) {
+            m_score.carried[draft->entry.entryNumber] = draft->text;
+        }
+    }
+}
+
 Problem MeasureLayers::StoreVoice(Voice& voice, Used& used) {
+    const bool isCarried = voice.layer >= kLayers;
+    const Line* secondVoice = nullptr;
+    for (std::size_t i = 1; i < voice.lines.size(); ++i) {
+        const Line& line = voice.lines[i];
+        const int free = isCarried ? -1 : FreeLayer(used);
+        if (free < 0 && !isCarried && secondVoice == nullptr) {
+            secondVoice = &line;
+        } else if (Problem problem = StoreLine(voice, line, TakeLayer(voice, free, used))) {
+            return problem;
+        }
+    }
+    if (secondVoice == nullptr) {
+        return StoreLine(voice, voice.lines.front(), voice.layer);
+    }
     std::vector<EXENTRY> frame;
     if (Problem problem = AppendLine(voice.lines.front(), 0, {}, frame)) {
         return problem;
     }
-    bool hasSecondVoice = false;
-    for (std::size_t i = 1; i < voice.lines.size(); ++i) {
-        const Line& line = voice.lines[i];
-        const auto free = std::find(used.begin(), used.end(), false);
-        if (free != used.end()) {
-            *free = true;
-            const int layer = static_cast<int>(free - used.begin());
-            std::vector<EXENTRY> further;
-            if (Problem problem = AppendLine(line, 0, {}, further)) {
-                return problem;
-            }
-            StaffVoices& staff = m_part.staves[static_cast<std::size_t>(voice.staff)];
-            staff.others[{m_measure, static_cast<u16>(layer)}] = voice.name;
-            PutFrame(voice.staff, layer, std::move(further));
-            continue;
-        }
-        if (hasSecondVoice) {
-            return NoRoom(voice, *line.entries.front());
-        }
-        hasSecondVoice = true;
-        if (Problem problem = AppendSecondVoice(voice, line, frame)) {
-            return problem;
-        }
+    if (Problem problem = AppendSecondVoice(voice, *secondVoice, frame)) {
+        return problem;
     }
     PutFrame(voice.staff, voice.layer, std::move(frame));
     return {};
@@ -239,12 +303,12 @@ Problem MeasureLayers::AppendEntry(EntryDraft& draft, u32 flags, std::vector<EXE
     const i64 actual = RoundToUnits(draft.End()) - RoundToUnits(draft.start);
     if (actual == 0 && !draft.Grace() && entry.noteCount > 0) {
         return {"a note lasts less than 1/1024 of a quarter note, the shortest that the host knows",
-                draft.offset};
+                draft.text.begin};
     }
     const auto length =
         LengthOfEntry(NotatedLength(draft.form.type, draft.form.dots), actual, draft.Grace());
     if (!length) {
-        return {"a duration that an entry cannot have", draft.offset};
+        return {"a duration that an entry cannot have", draft.text.begin};
     }
     entry.duration = length->duration;
     draft.form.notated = length->duration;

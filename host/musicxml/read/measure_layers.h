@@ -17,14 +17,16 @@ struct EntryDraft {
     Rational start{};
     FragmentId tupletStarts = 0;  // brackets
     FragmentId tupletStops = 0;
-    std::size_t offset = 0;  // of its <note>
+    CarriedText text{};      // its <note> elements
+    bool isOnePiece = true;  // with nothing between them
     bool Grace() const noexcept { return (entry.flags & EntryFlag::kGrace) != 0; }
     Rational End() const noexcept { return Grace() ? start : start + form.length; }
 };
 
 class MeasureLayers {
 public:
-    MeasureLayers(ImportedScore& score, ScorePart& part) : m_score{score}, m_part{part} {}
+    MeasureLayers(ImportedScore& score, ScorePart& part, std::array<bool, kLayers> ownLayers)
+        : m_score{score}, m_part{part}, m_own{ownLayers} {}
 
     void Begin(u16 measure);
 
@@ -32,10 +34,12 @@ public:
     EntryDraft& Add(int staff, std::string_view voice);
 
     // Lays each voice into its layer and stores the frames. What shares time with its own
-    // voice goes to a layer that is free in this measure, else to voice 2 of its layer.
+    // voice goes to a layer that is free in this measure, else to voice 2 of its layer. What finds
+    // no layer is carried.
     Problem Store();
 
-    // The layer that the measure's voice went to; -1 when it has no music there.
+    // The layer that the measure's voice went to, kLayers or more when it is carried; -1 when it
+    // has no music there.
     int LayerOf(int staff, std::string_view voice) const;
 
 private:
@@ -50,14 +54,23 @@ private:
         std::vector<EntryDraft*> entries;
         std::vector<Line> lines;
         int layer = -1;
+        bool isGuest = false;  // its entries stand among those of another voice
     };
-    using Used = std::array<bool, kLayers>;
+    // The layers of one staff.
+    struct Used {
+        std::array<bool, kLayers> layers{};
+        int nextCarried = kLayers;
+    };
 
     static void SplitIntoLines(Voice& voice);
     Problem ChooseLayers(int staff);
-    Problem ChooseFurtherLayer(Voice& voice, Used& used);
+    void ChooseFurtherLayer(Voice& voice, Used& used);
+    bool ShareLayer(Voice& voice);
+    int FreeLayer(const Used& used) const;
+    int TakeLayer(const Voice& voice, int layer, Used& used);
     Problem StoreVoice(Voice& voice, Used& used);
-    Problem NoRoom(const Voice& voice, const EntryDraft& draft) const;
+    Problem StoreLine(const Voice& voice, const Line& line, int layer);
+    void KeepText(const Line& line);
     Problem AppendLine(const Line& line, u32 flags, Rational from, std::vector<EXENTRY>& frame);
     void AppendGap(Rational from, Rational to, u32 flags, std::vector<EXENTRY>& frame);
     Problem AppendEntry(EntryDraft& draft, u32 flags, std::vector<EXENTRY>& frame);
@@ -66,6 +79,7 @@ private:
 
     ImportedScore& m_score;
     ScorePart& m_part;
+    std::array<bool, kLayers> m_own;
     u16 m_measure = 0;
     std::deque<EntryDraft> m_drafts;
     std::vector<Voice> m_voices;  // in order of first appearance in the measure

@@ -44,14 +44,14 @@ Rational ImpliedDivisions(pugi::xml_node note) {
 
 }  // namespace
 
-PartReader::PartReader(ImportedScore& score, ScorePart& part)
+PartReader::PartReader(ImportedScore& score, ScorePart& part, std::array<bool, kLayers> ownLayers)
     : m_score{score},
       m_part{part},
       m_document{*score.document},
       m_spanners{m_document},
       m_notes{score.text, score.fragments, score.pitches},
       m_attachments{score, m_spanners},
-      m_layers{score, part} {}
+      m_layers{score, part, ownLayers} {}
 
 Problem PartReader::Read(pugi::xml_node part) {
     for (const pugi::xml_node measure : part.children("measure")) {
@@ -238,6 +238,7 @@ Problem PartReader::ReadNote(pugi::xml_node node) {
     }
     bool isNew = false;
     EntryDraft& draft = EntryFor(note, isNew);
+    AddText(draft, note, isNew);
     if (!AddNote(draft, note, isNew)) {
         return NoRoomFor("things at one note", node);
     }
@@ -292,10 +293,27 @@ EntryDraft& PartReader::EntryFor(const NoteElement& note, bool& isNew) {
     }
     EntryDraft& draft = m_layers.Add(note.staff - 1, note.voice);
     draft.start = start;
-    draft.offset = OffsetOf(note.node);
     m_chord.push_back({&draft, note.staff, note.voice});
     isNew = true;
     return draft;
+}
+
+// Notes of a chord that became several entries make no sense one entry at a time.
+void PartReader::AddText(EntryDraft& draft, const NoteElement& note, bool isNew) {
+    const std::string_view text = m_score.text;
+    const std::size_t begin = OffsetOf(note.node);
+    if (isNew) {
+        draft.text.begin = begin;
+        draft.text.divisions = m_context.divisions;
+        draft.isOnePiece = !note.chord;
+    } else {
+        const std::string_view between = text.substr(draft.text.end, begin - draft.text.end);
+        draft.isOnePiece = draft.isOnePiece && Trimmed(between).empty();
+    }
+    draft.text.end = NodeEnd(text, begin);
+    for (const ChordMember& member : m_chord) {
+        member.draft->isOnePiece = member.draft->isOnePiece && m_chord.size() == 1;
+    }
 }
 
 bool PartReader::AddNote(EntryDraft& draft, const NoteElement& note, bool isNew) {
@@ -332,7 +350,7 @@ bool PartReader::StoreDirection(const VoicedDirection& direction) {
     const int staff = IntegerOf(direction.node.child_value("staff")).value_or(1) - 1;
     const std::string_view voice = Trimmed(direction.node.child_value("voice"));
     const int layer = m_layers.LayerOf(staff, voice);
-    if (layer < 0) {
+    if (layer < 0 || layer >= kLayers) {
         return true;
     }
     ExpressionPlace place;

@@ -16,7 +16,7 @@ namespace standin {
 class PartReader {
 public:
     // The part's staves are known; its measures are not read yet.
-    PartReader(ImportedScore& score, ScorePart& part);
+    PartReader(ImportedScore& score, ScorePart& part, std::array<bool, kLayers> ownLayers);
 
     Problem Read(pugi::xml_node part);
 
@@ -37,6 +37,7 @@ private:
     Problem ReadForward(pugi::xml_node forward);
     Problem ReadItem(pugi::xml_node item);
     EntryDraft& EntryFor(const NoteElement& note, bool& isNew);
+    void AddText(EntryDraft& draft, const NoteElement& note, bool isNew);
     bool AddNote(EntryDraft& draft, const NoteElement& note, bool isNew);
     void EnsureMeasure();
     bool StoreDirection(const VoicedDirection& direction);

@@ -120,7 +120,8 @@ std::string NameOfPart(pugi::xml_node root, const std::string& id) {
     return listed.child_value("part-name");
 }
 
-Problem ReadPart(pugi::xml_node root, pugi::xml_node node, u16& lastStaff, ImportedScore& score) {
+Problem ReadPart(pugi::xml_node root, pugi::xml_node node, OwnLayers own, u16& lastStaff,
+                 ImportedScore& score) {
     ScorePart& part = score.parts.emplace_back();
     part.id = node.attribute("id").value();
     part.name = NameOfPart(root, part.id);
@@ -136,10 +137,10 @@ Problem ReadPart(pugi::xml_node root, pugi::xml_node node, u16& lastStaff, Impor
         score.document->AddStaff(lastStaff, Utf16Of(part.name));
     }
     score.document->AddPart(static_cast<i16>(score.parts.size()), Utf16Of(part.name));
-    return PartReader{score, part}.Read(node);
+    return PartReader{score, part, own}.Read(node);
 }
 
-Problem ReadParts(const pugi::xml_document& document, ImportedScore& score) {
+Problem ReadParts(const pugi::xml_document& document, OwnLayers own, ImportedScore& score) {
     const pugi::xml_node root = document.document_element();
     if (Problem problem = CheckRoot(root)) {
         return problem;
@@ -148,7 +149,7 @@ Problem ReadParts(const pugi::xml_document& document, ImportedScore& score) {
     score.parts.reserve(static_cast<std::size_t>(std::distance(parts.begin(), parts.end())));
     u16 lastStaff = 0;
     for (const pugi::xml_node part : parts) {
-        if (Problem problem = ReadPart(root, part, lastStaff, score)) {
+        if (Problem problem = ReadPart(root, part, own, lastStaff, score)) {
             return problem;
         }
     }
@@ -166,7 +167,7 @@ ReadResult Refused(std::string message, std::size_t line = 0) {
     return {nullptr, std::move(message), line};
 }
 
-ReadResult Import(std::string bytes, Document* into) {
+ReadResult Import(std::string bytes, Document* into, OwnLayers own) {
     auto score = std::make_unique<ImportedScore>();
     if (IsArchive(bytes)) {
         ArchiveMember member = ReadArchivedScore(bytes);
@@ -198,7 +199,7 @@ ReadResult Import(std::string bytes, Document* into) {
         problem = ParseXml(score->text, document);
     }
     if (!problem) {
-        problem = ReadParts(document, *score);
+        problem = ReadParts(document, own, *score);
     }
     if (problem) {
         return Refused(std::move(problem.message), LineAt(score->text, problem.offset));
@@ -212,9 +213,9 @@ ReadResult Import(std::string bytes, Document* into) {
 
 }  // namespace
 
-ReadResult ReadScore(std::string bytes, Document* into) {
+ReadResult ReadScore(std::string bytes, Document* into, OwnLayers own) {
     try {
-        return Import(std::move(bytes), into);
+        return Import(std::move(bytes), into, own);
     } catch (const std::bad_alloc&) {
         return Refused("there is not enough memory for the score");
     } catch (const std::exception& error) {
@@ -222,7 +223,7 @@ ReadResult ReadScore(std::string bytes, Document* into) {
     }
 }
 
-ReadResult ReadScore(const std::filesystem::path& file, Document* into) {
+ReadResult ReadScore(const std::filesystem::path& file, Document* into, OwnLayers own) {
     std::error_code failed;
     if (std::filesystem::is_directory(file, failed)) {
         return Refused("the file is a folder");
@@ -236,7 +237,7 @@ ReadResult ReadScore(const std::filesystem::path& file, Document* into) {
     if (bytes.bad()) {
         return Refused("the file cannot be read");
     }
-    return ReadScore(std::move(bytes).str(), into);
+    return ReadScore(std::move(bytes).str(), into, own);
 }
 
 }  // namespace standin

@@ -54,7 +54,7 @@ ImportedEntry EntryOf(const ImportedScore& score, const TimedEntry& timed) {
 Voices VoicesOf(const ImportedScore& score, const ScorePart& part, u16 measure) {
     Voices voices;
     for (const StaffVoices& staff : part.staves) {
-        for (u16 layer = 0; layer < kLayers; ++layer) {
+        for (u16 layer = 0; layer < part.measures[measure - 1U].layers; ++layer) {
             const Frame* frame = score.document->ImportedFrame({staff.staff, measure, layer});
             for (const bool voice2 : {false, true}) {
                 const auto entries = frame == nullptr
@@ -62,7 +62,8 @@ Voices VoicesOf(const ImportedScore& score, const ScorePart& part, u16 measure) 
                                          : TimedEntriesOf(*frame, voice2, score.forms,
                                                           part.measures[measure - 1U].grid);
                 for (const TimedEntry& timed : entries) {
-                    voices[staff.Name(measure, layer)].push_back(EntryOf(score, timed));
+                    voices[staff.NameAt(measure, layer, timed.entry->entryNumber)].push_back(
+                        EntryOf(score, timed));
                 }
             }
         }

@@ -74,6 +74,7 @@ MeasureWriter::MeasureWriter(const ImportedScore& score, std::size_t part, std::
       m_indent{ChildIndent(score, m_original)},
       m_unit{IndentUnit(score, m_original, m_indent)},
       m_closing{LineIndent(score.text, m_original.bodyEnd)},
+      m_numbers{numbers},
       m_notes{score, numbers, m_indent, m_unit},
       m_crossing{CrossingEndsOf(score, m_part, m_measure)},
       m_divisions{m_original.divisions} {}
@@ -103,26 +104,46 @@ std::string MeasureWriter::Write() {
 
 void MeasureWriter::CollectStreams() {
     for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
-        for (u16 layer = 0; layer < kLayers; ++layer) {
+        for (u16 layer = 0; layer < m_original.layers; ++layer) {
             const FrameKey key{m_part.staves[staff].staff, m_measure, layer};
             const Frame* frame = m_score.document->FindFrame(key);
             const Frame* imported = m_score.document->ImportedFrame(key);
             const bool bothAre = frame != nullptr && imported != nullptr;
             if (bothAre ? !(*imported == *frame) : imported != frame) {
                 m_changedVoices.insert(VoiceName(staff, layer));
+                for (const EXENTRY& entry : (imported != nullptr ? imported : frame)->entries) {
+                    m_changedVoices.insert(VoiceName(staff, layer, entry.entryNumber));
+                }
             }
             if (frame != nullptr) {
-                CollectStream(*frame, key, staff, false);
-                CollectStream(*frame, key, staff, true);
+                CollectStreams(*frame, key, staff, false);
+                CollectStreams(*frame, key, staff, true);
             }
         }
     }
 }
 
+// Voices that share a layer are streams of their own.
+void MeasureWriter::CollectStreams(const Frame& frame, FrameKey key, std::size_t staff,
+                                   bool voice2) {
+    std::vector<std::pair<const std::string*, std::vector<TimedEntry>>> voices;
+    for (const TimedEntry& timed : TimedEntriesOf(frame, voice2, m_score.forms, m_original.grid)) {
+        const std::string& name =
+            m_part.staves[staff].NameAt(m_measure, key.layer, timed.entry->entryNumber);
+        auto voice = std::find_if(voices.begin(), voices.end(),
+                                  [&name](const auto& known) { return *known.first == name; });
+        if (voice == voices.end()) {
+            voice = voices.insert(voices.end(), {&name, {}});
+        }
+        voice->second.push_back(timed);
+    }
+    for (const auto& [name, entries] : voices) {
+        CollectStream(frame, key, staff, entries);
+    }
+}
+
 void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t staff,
-                                  bool voice2) {
-    const std::vector<TimedEntry> entries =
-        TimedEntriesOf(frame, voice2, m_score.forms, m_original.grid);
+                                  const std::vector<TimedEntry>& entries) {
     const auto isFiller = [this](const TimedEntry& timed) {
         return IsFiller(*timed.entry, m_score.forms[timed.entry->fieldAt12]);
     };
@@ -130,7 +151,7 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
         return;
     }
     Stream& stream = m_streams.emplace_back();
-    stream.voice = VoiceName(staff, key.layer);
+    stream.voice = VoiceName(staff, key.layer, entries.front().entry->entryNumber);
     for (const TimedEntry& timed : entries) {
         if (m_score.forms[timed.entry->fieldAt12].gap && timed.entry->noteCount == 0 &&
             (timed.entry->flags & EntryFlag::kIgnore) != 0) {
@@ -157,8 +178,8 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
 
 // As it is written: the layer's own voice; for a layer that never had one, the first number not
 // in use.
-std::string MeasureWriter::VoiceName(std::size_t staff, u16 layer) const {
-    const std::string& known = m_part.staves[staff].Name(m_measure, layer);
+std::string MeasureWriter::VoiceName(std::size_t staff, u16 layer, u32 entry) const {
+    const std::string& known = m_part.staves[staff].NameAt(m_measure, layer, entry);
     if (!known.empty()) {
         return Escaped(known);
     }
@@ -273,6 +294,9 @@ void MeasureWriter::WriteStream(const Stream& stream) {
     for (const Event& event : stream.events) {
         WriteItemsUntil(event.time.start);
         MoveTo(event.time.start);
+        if (WriteCarried(event)) {
+            continue;
+        }
         MakeRoomFor(event.time.length);
         NoteContext context;
         context.time = event.time;
@@ -288,6 +312,26 @@ void MeasureWriter::WriteStream(const Stream& stream) {
         m_time = event.time.start + event.time.length;
         m_reached = m_reached < m_time ? m_time : m_reached;
     }
+}
+
+// A carried entry goes out as it came, unless one of its lines needs another number.
+bool MeasureWriter::WriteCarried(const Event& event) {
+    const auto carried = m_score.carried.find(event.time.entry->entryNumber);
+    const bool isRenumbered =
+        std::any_of(event.texts.spanners.begin(), event.texts.spanners.end(),
+                    [this](const SpannerAtEntry& end) { return m_numbers.contains(end.shape); });
+    if (carried == m_score.carried.end() || isRenumbered) {
+        return false;
+    }
+    const CarriedText& text = carried->second;
+    if (!text.divisions.IsZero() && !(m_divisions == text.divisions)) {
+        SetDivisions(text.divisions);
+    }
+    m_out += m_indent;
+    m_out += std::string_view{m_score.text}.substr(text.begin, text.end - text.begin);
+    m_time = event.time.start + event.time.length;
+    m_reached = m_reached < m_time ? m_time : m_reached;
+    return true;
 }
 
 // Items come before the notes of their time, whichever voice is written first.
@@ -322,10 +366,16 @@ std::string MeasureWriter::WithVoiceOf(std::size_t item, std::string_view elemen
     for (auto at = expressions.lower_bound(RecordKey::Other(m_measure));
          at != expressions.end() && at->first.OtherItem() == m_measure; ++at) {
         const auto expression = FromBytes<MyExpressionAssign>(at->second);
+        const Bytes* imported = m_score.document->ImportedRecord(Tag::kExpression, at->first);
+        const bool stayed = imported != nullptr &&
+                            FromBytes<MyExpressionAssign>(*imported).layer == expression.layer;
         const u16 layer = expression.layer & ExpressionLayer::kLayerMask;
         for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
             const bool isThis = m_part.staves[staff].staff == static_cast<u16>(expression.staff) &&
                                 ItemOfExpression(at->second) == item && layer > 0;
+            if (isThis && stayed) {
+                return result;
+            }
             if (isThis) {
                 return result.replace(static_cast<std::size_t>(voice.data() - element.data()),
                                       voice.size(), VoiceName(staff, static_cast<u16>(layer - 1)));

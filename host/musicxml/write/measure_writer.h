@@ -41,14 +41,17 @@ private:
     using Line = std::vector<Event*>;
 
     void CollectStreams();
-    void CollectStream(const Frame& frame, FrameKey key, std::size_t staff, bool voice2);
-    std::string VoiceName(std::size_t staff, u16 layer) const;
+    void CollectStreams(const Frame& frame, FrameKey key, std::size_t staff, bool voice2);
+    void CollectStream(const Frame& frame, FrameKey key, std::size_t staff,
+                       const std::vector<TimedEntry>& entries);
+    std::string VoiceName(std::size_t staff, u16 layer, u32 entry = 0) const;
     void MendLines();
     void MendLine(Line line);
     void MendBeams(const Line& line) const;
     void MendBrackets(const Line& line) const;
     void CollectItems();
     void WriteStream(const Stream& stream);
+    bool WriteCarried(const Event& event);
     void WriteItemsUntil(Rational time);
     void WriteItem(const MeasureItem& item);
     std::string WithVoiceOf(std::size_t item, std::string_view element) const;
@@ -65,6 +68,7 @@ private:
     std::string m_indent;   // before a child of the measure, with its line break
     std::string m_unit;     // one step of indentation
     std::string m_closing;  // before the measure's end tag
+    const SpannerNumbers& m_numbers;
     NoteWriter m_notes;
     std::vector<CrossingEnds> m_crossing;
     std::vector<Stream> m_streams;
