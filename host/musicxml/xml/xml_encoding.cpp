@@ -131,6 +131,10 @@ DecodedText FromMarkedUtf16(std::string_view bytes, bool bigEndian, bool mark) {
 // Where the text holds what is no character in UTF-8; its size when it does not.
 std::size_t FindInvalid(std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
+        if (static_cast<u8>(text[at]) < 0x80) {
+            ++at;
+            continue;
+        }
         const std::size_t begin = at;
         const u32 code = NextCode(text, at);
         std::string written;

@@ -1,0 +1,21 @@
+// An element as text that is equal whenever the elements mean the same.
+#pragma once
+
+#include <pugixml.hpp>
+#include <string>
+#include <string_view>
+
+namespace standin::readback {
+
+// Elements that come in pairs, told apart by a number that says nothing else.
+bool IsLine(std::string_view elementName);
+
+// Without white space between tags, comments and instructions; attributes by name; without the
+// numbers of lines and lyrics. Children named "voice" and "offset" are left out of a child of a
+// measure.
+std::string CanonicalXml(pugi::xml_node node);
+
+// The attributes alone: ` name="value"` each, without the one named.
+std::string CanonicalAttributes(pugi::xml_node node, std::string_view without = {});
+
+}  // namespace standin::readback

@@ -1,0 +1,34 @@
+// Compares what two files say, in words.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/readback/score_content.h"
+#include "host/readback/texts.h"
+
+namespace standin::readback {
+
+// Music that was cleared by intent: what one voice holds on one staff in a stretch of one measure.
+struct ClearedMusic {
+    u32 staff = 0;    // from 1 through the score
+    u32 measure = 0;  // from 1, by place, not by printed number
+    std::string voice;
+    i64 first = 0;  // onsets in 1024ths of a quarter note from the barline, both included
+    i64 last = 0;
+};
+
+// One line a difference, such as "m. 5, staff 2, beat 2.5: C#4 quarter lost", with printed measure
+// numbers and beats as the time signature counts them. Empty when there is none; 200 at most.
+
+// Whether two scores are the same music, whatever their voices and chords. Stems, beams and rests
+// count.
+std::vector<std::string> Differences(const Score& before, const Score& after, const Texts& texts);
+
+// What a merge did that it never should: something lost or gained, or written so that readers take
+// it for something else. It may make chords of notes, join equal marks of a chord, move notes to
+// other voices, let rests come and go, and change stems and beams.
+std::vector<std::string> FaultsOfMerge(const Score& before, const Score& after, const Texts& texts,
+                                       const std::vector<ClearedMusic>& cleared = {});
+
+}  // namespace standin::readback

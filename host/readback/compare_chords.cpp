@@ -1,0 +1,292 @@
+// Whether a merge kept each note, with its company and all that belongs to it.
+#include <algorithm>
+#include <string>
+
+#include "host/readback/comparison.h"
+
+namespace standin::readback {
+namespace {
+
+using Indices = std::vector<u32>;
+
+// The chords of one group; both lists in the order of the file.
+struct Group {
+    Indices before;
+    Indices after;
+};
+
+class ChordComparison {
+public:
+    explicit ChordComparison(const Comparison& comparison)
+        : m_all{comparison}, m_before{comparison.before}, m_after{comparison.after} {}
+
+    void Run() {
+        std::map<GroupKey, Group> groups;
+        for (u32 i = 0; i < m_before.score.chords.size(); ++i) {
+            groups[GroupOf(m_before.score.chords[i])].before.push_back(i);
+        }
+        for (u32 i = 0; i < m_after.score.chords.size(); ++i) {
+            groups[GroupOf(m_after.score.chords[i])].after.push_back(i);
+        }
+        for (const auto& [key, group] : groups) {
+            CompareNotes(group);
+            CompareCompany(group);
+            CompareRests(group);
+            if (key.second) {
+                CompareGraceOrder(group);
+            }
+        }
+    }
+
+private:
+    void Report(const Chord& chord, std::string what) const {
+        m_all.findings.Add(chord.part, chord.place, std::move(what));
+    }
+
+    // Each note as often as before.
+    void CompareNotes(const Group& group) const {
+        struct Count {
+            int required = 0;
+            int possible = 0;
+            int found = 0;
+            const Side* side = nullptr;
+            u32 note = 0;
+        };
+        std::map<u32, Count> counts;
+        const auto count = [&](const Side& side, const Indices& chords, auto add) {
+            for (const u32 index : chords) {
+                const Chord& chord = side.score.chords[index];
+                for (u32 i = chord.notes.begin; i < chord.notes.end && !chord.rest; ++i) {
+                    Count& number = counts[side.noteIds[i]];
+                    if (number.side == nullptr) {
+                        number.side = &side;
+                        number.note = i;
+                    }
+                    add(number, index);
+                }
+            }
+        };
+        count(m_before, group.before, [this](Count& number, u32 chord) {
+            ++number.possible;
+            number.required += m_before.isCleared[chord] ? 0 : 1;
+        });
+        count(m_after, group.after, [](Count& number, u32) { ++number.found; });
+        for (const auto& [id, number] : counts) {
+            const Chord& chord =
+                number.side->score.chords[number.side->score.notes[number.note].chord];
+            const std::string& words = WordsForNote(m_all, *number.side, number.note);
+            if (number.found < number.required) {
+                Report(chord, words + " lost");
+            } else if (number.found > number.possible) {
+                Report(chord, words + " gained");
+            }
+        }
+    }
+
+    // Each chord in one chord, with its marks; no mark that none of its notes brought.
+    void CompareCompany(const Group& group) const {
+        for (const u32 was : group.before) {
+            if (!m_before.score.chords[was].rest && !m_before.isCleared[was]) {
+                FindCompany(was, group.after);
+            }
+        }
+        for (const u32 is : group.after) {
+            if (!m_after.score.chords[is].rest) {
+                CheckGained(is, group.before);
+            }
+        }
+    }
+
+    void FindCompany(u32 was, const Indices& after) const {
+        Indices missing;  // attachments, in the chord that comes nearest
+        bool isWhole = false;
+        bool lacksTuplet = false;
+        for (const u32 is : after) {
+            if (m_after.score.chords[is].rest || !HasNotesOf(m_after, is, m_before, was)) {
+                continue;
+            }
+            Indices lost = LostAttachments(was, is);
+            const bool torn = !std::ranges::includes(m_after.score.chords[is].brackets,
+                                                     m_before.score.chords[was].brackets);
+            if (!isWhole || lost.size() + torn < missing.size() + lacksTuplet) {
+                missing = std::move(lost);
+                lacksTuplet = torn;
+            }
+            isWhole = true;
+        }
+        const Chord& chord = m_before.score.chords[was];
+        const std::string& words = WordsForNote(m_all, m_before, chord.notes.begin);
+        if (!isWhole && HasEachNote(chord, after)) {
+            Report(chord, words + " parted from its chord");
+        }
+        if (lacksTuplet) {
+            Report(chord, words + " out of its tuplet");
+        }
+        for (const u32 attachment : missing) {
+            Report(chord, m_all.findings.Quoted(m_before.score.attachments[attachment].text) +
+                              " of " + words + " lost");
+        }
+    }
+
+    // Notes that are nowhere are told as lost.
+    bool HasEachNote(const Chord& chord, const Indices& after) const {
+        for (u32 note = chord.notes.begin; note < chord.notes.end; ++note) {
+            const u32 id = m_before.noteIds[note];
+            if (std::ranges::none_of(after, [&](u32 is) { return HasNote(m_after, is, id); })) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // What the first chord had and the second, which has its notes, has not.
+    Indices LostAttachments(u32 was, u32 is) const {
+        Indices lost;
+        const Range& notes = m_before.score.chords[was].notes;
+        for (u32 note = notes.begin; note < notes.end; ++note) {
+            const Range& range = m_before.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                const Attachment& attachment = m_before.score.attachments[at];
+                if (!attachment.look && !Has(m_after, is, attachment, m_before.noteIds[note])) {
+                    lost.push_back(at);
+                }
+            }
+        }
+        return lost;
+    }
+
+    // Whether the chord has the attachment, which must be on that note if it is one note's alone.
+    // A lyric may have another number where its own is taken.
+    static bool Has(const Side& side, u32 chord, const Attachment& wanted, u32 noteId) {
+        const Range& notes = side.score.chords[chord].notes;
+        bool hasText = false;
+        bool isTaken = false;
+        for (u32 note = notes.begin; note < notes.end; ++note) {
+            const Range& range = side.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                const Attachment& attachment = side.score.attachments[at];
+                const bool isHere = !wanted.ofNote || side.noteIds[note] == noteId;
+                const bool isSame = isHere && attachment.text == wanted.text;
+                if (isSame && attachment.lyric == wanted.lyric) {
+                    return true;
+                }
+                hasText = hasText || isSame;
+                isTaken =
+                    isTaken || (attachment.lyric != kNone && attachment.lyric == wanted.lyric);
+            }
+        }
+        return hasText && isTaken;
+    }
+
+    void CheckGained(u32 is, const Indices& before) const {
+        const Chord& chord = m_after.score.chords[is];
+        for (u32 note = chord.notes.begin; note < chord.notes.end; ++note) {
+            const Range& range = m_after.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                const Attachment& attachment = m_after.score.attachments[at];
+                const bool isBrought =
+                    attachment.look || std::ranges::any_of(before, [&](u32 was) {
+                        return HasNotesOf(m_after, is, m_before, was) &&
+                               HasText(m_before, was, attachment, m_after.noteIds[note]);
+                    });
+                if (!isBrought) {
+                    Report(chord, m_all.findings.Quoted(attachment.text) + " of " +
+                                      WordsForNote(m_all, m_after, note) + " gained");
+                }
+            }
+        }
+    }
+
+    static bool HasText(const Side& side, u32 chord, const Attachment& wanted, u32 noteId) {
+        const Range& notes = side.score.chords[chord].notes;
+        for (u32 note = notes.begin; note < notes.end; ++note) {
+            const Range& range = side.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                if (side.score.attachments[at].text == wanted.text &&
+                    (!wanted.ofNote || side.noteIds[note] == noteId)) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
+    // A rest that carries something stays a rest and keeps it.
+    void CompareRests(const Group& group) const {
+        const auto marksOf = [](const Side& side, const Indices& chords, bool withCleared) {
+            std::map<u32, u32> marks;  // text to chord
+            for (const u32 index : chords) {
+                const Chord& chord = side.score.chords[index];
+                for (u32 note = chord.notes.begin; note < chord.notes.end && chord.rest; ++note) {
+                    const Range& range = side.score.notes[note].attachments;
+                    for (u32 at = range.begin; at < range.end; ++at) {
+                        const Attachment& attachment = side.score.attachments[at];
+                        if (!attachment.look && (withCleared || !side.isCleared[index])) {
+                            marks.emplace(attachment.text, index);
+                        }
+                    }
+                }
+            }
+            return marks;
+        };
+        const auto report = [this](const Side& side, const auto& marks, const auto& others,
+                                   const char* verb) {
+            for (const auto& [text, chord] : marks) {
+                if (!others.contains(text)) {
+                    Report(side.score.chords[chord],
+                           m_all.findings.Quoted(text) + " of a rest" + verb);
+                }
+            }
+        };
+        const auto is = marksOf(m_after, group.after, true);
+        report(m_before, marksOf(m_before, group.before, false), is, " lost");
+        report(m_after, is, marksOf(m_before, group.before, true), " gained");
+    }
+
+    // Grace notes that stay in one voice stay in their order.
+    void CompareGraceOrder(const Group& group) const {
+        std::map<std::pair<u32, u32>, u32> byNumber;  // by voice and number
+        for (const u32 was : group.before) {
+            const Chord& chord = m_before.score.chords[was];
+            byNumber[{chord.voice, chord.grace}] = was;
+        }
+        for (const auto& [key, second] : byNumber) {
+            const auto earlier = byNumber.find({key.first, key.second + 1});
+            if (earlier == byNumber.end()) {
+                continue;
+            }
+            const Chord* first = Found(earlier->second, group.after);
+            const Chord* last = Found(second, group.after);
+            if (first != nullptr && last != nullptr && first->voice == last->voice &&
+                first->grace < last->grace) {
+                Report(*last, "grace notes change their order");
+            }
+        }
+    }
+
+    // The one chord with these notes; null when there are several, or none.
+    const Chord* Found(u32 was, const Indices& after) const {
+        const Chord* found = nullptr;
+        for (const u32 is : after) {
+            if (HasNotesOf(m_after, is, m_before, was)) {
+                if (found != nullptr) {
+                    return nullptr;
+                }
+                found = &m_after.score.chords[is];
+            }
+        }
+        return found;
+    }
+
+    const Comparison& m_all;
+    const Side& m_before;
+    const Side& m_after;
+};
+
+}  // namespace
+
+void CompareChords(const Comparison& comparison) {
+    ChordComparison{comparison}.Run();
+}
+
+}  // namespace standin::readback

@@ -1,0 +1,102 @@
+// Whether a merge wrote something that readers stumble over, where they did not before.
+#include <algorithm>
+#include <string>
+
+#include "host/readback/comparison.h"
+
+namespace standin::readback {
+namespace {
+
+struct Slip {
+    bool Chord::*mark;
+    const char* words;
+};
+
+constexpr Slip kSlips[] = {
+    {&Chord::sharesTime, "shares time with its own voice"},
+    {&Chord::onTwoStaves, "stands in a voice that sounds on two staves at once"},
+    {&Chord::tieRunsBackward, "is tied to a note that stands before it in the file"},
+    {&Chord::repeatsLyric, "has two lyrics with one number"},
+};
+
+// What had the slip before: notes by place, and voices of whole measures for rests.
+struct Known {
+    std::set<std::tuple<Place, u32>> notes;
+    std::set<std::tuple<u32, u32, u32>> voices;  // by part, measure, voice
+
+    Known(const Side& side, bool Chord::*mark) {
+        for (const Chord& chord : side.score.chords) {
+            if (!(chord.*mark)) {
+                continue;
+            }
+            voices.emplace(chord.part, chord.place.measure, chord.voice);
+            for (u32 i = chord.notes.begin; i < chord.notes.end; ++i) {
+                notes.emplace(chord.place, side.noteIds[i]);
+            }
+        }
+    }
+
+    bool Has(const Side& side, const Chord& chord) const {
+        if (chord.rest && voices.contains({chord.part, chord.place.measure, chord.voice})) {
+            return true;
+        }
+        for (u32 i = chord.notes.begin; i < chord.notes.end; ++i) {
+            if (notes.contains({chord.place, side.noteIds[i]})) {
+                return true;
+            }
+        }
+        return false;
+    }
+};
+
+void CompareSlips(const Comparison& comparison, const Slip& slip) {
+    const Known known{comparison.before, slip.mark};
+    for (const Chord& chord : comparison.after.score.chords) {
+        if (chord.*slip.mark && !known.Has(comparison.after, chord)) {
+            comparison.findings.Add(
+                chord.part, chord.place,
+                WordsForNote(comparison, comparison.after, chord.notes.begin) + ' ' + slip.words);
+        }
+    }
+}
+
+void CompareBrokenTuplets(const Comparison& comparison) {
+    std::set<Place> known;
+    for (const BrokenTuplet& tuplet : comparison.before.score.brokenTuplets) {
+        known.insert(tuplet.place);
+    }
+    for (const BrokenTuplet& tuplet : comparison.after.score.brokenTuplets) {
+        if (!known.contains(tuplet.place)) {
+            comparison.findings.Add(tuplet.part, tuplet.place,
+                                    "a tuplet with <backup> or <forward> between its notes");
+        }
+    }
+}
+
+void CompareLengths(const Comparison& comparison) {
+    const std::vector<Part>& parts = comparison.before.score.parts;
+    for (u32 part = 0; part < parts.size(); ++part) {
+        for (u32 i = 0; i < parts[part].measures.size(); ++i) {
+            const MeasureContent& was = parts[part].measures[i];
+            const MeasureContent& is = comparison.after.score.parts[part].measures[i];
+            if (is.length > was.length) {
+                comparison.findings.Add(part, {0, i, {}}, "longer than before");
+            } else if (is.fullestVoice > std::max(was.length, was.fullestVoice)) {
+                comparison.findings.Add(part, {0, i, {}},
+                                        "the durations of a voice add up to more than the measure");
+            }
+        }
+    }
+}
+
+}  // namespace
+
+void CompareStreams(const Comparison& comparison) {
+    for (const Slip& slip : kSlips) {
+        CompareSlips(comparison, slip);
+    }
+    CompareBrokenTuplets(comparison);
+    CompareLengths(comparison);
+}
+
+}  // namespace standin::readback

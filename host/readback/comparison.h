@@ -1,0 +1,51 @@
+// What the parts of a comparison share.
+#pragma once
+
+#include <map>
+#include <set>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "host/readback/compare.h"
+#include "host/readback/findings.h"
+
+namespace standin::readback {
+
+// One of the two scores, with numbers for notes that are equal in pitch, form and duration.
+struct Side {
+    const Score& score;
+    std::vector<u32> noteIds;
+    std::vector<bool> isCleared;  // by chord
+};
+
+struct Comparison {
+    Side before;
+    Side after;
+    const Texts& texts;
+    Findings& findings;
+    bool merged = false;
+};
+
+// Of notes that stand at one time on one staff; grace notes apart from others.
+using GroupKey = std::pair<Place, bool>;
+inline GroupKey GroupOf(const Chord& chord) {
+    return {chord.place, chord.grace != 0};
+}
+
+// Whether the chord has a note like that.
+bool HasNote(const Side& side, u32 chord, u32 noteId);
+
+// Whether all notes of the one chord are in the other.
+bool HasNotesOf(const Side& whole, u32 chord, const Side& part, u32 of);
+
+// "C#4 quarter"; of a chord its first note.
+const std::string& WordsForNote(const Comparison& comparison, const Side& side, u32 note);
+
+void CompareFacts(const Comparison& comparison);   // all but lines, whatever the chords
+void CompareChords(const Comparison& comparison);  // after a merge
+void CompareLines(const Comparison& comparison);
+void CompareStreams(const Comparison& comparison);  // after a merge
+void CompareItems(const Comparison& comparison);
+
+}  // namespace standin::readback

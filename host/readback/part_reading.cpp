@@ -1,0 +1,204 @@
+#include "host/readback/part_reading.h"
+
+#include <algorithm>
+#include <string>
+
+#include "host/readback/canonical_xml.h"
+
+namespace standin::readback {
+namespace {
+
+bool HasName(pugi::xml_node node, std::string_view name) {
+    return name == node.name();
+}
+
+}  // namespace
+
+PartReading::PartReading(Score& score, Texts& texts)
+    : m_score{score},
+      m_texts{texts},
+      m_notes{score, texts},
+      m_lines{score},
+      m_part{static_cast<u32>(score.parts.size() - 1)},
+      m_tuplet{texts.Of("tuplet")},
+      m_nextEnd{static_cast<u32>(score.ends.size())} {}
+
+bool PartReading::Read(pugi::xml_node part) {
+    for (const pugi::xml_node measure : part.children("measure")) {
+        ReadMeasure(measure);
+        if (!m_isExact) {
+            return false;
+        }
+        ++m_measure;
+    }
+    m_lines.EndPart();
+    return true;
+}
+
+void PartReading::ReadMeasure(pugi::xml_node measure) {
+    m_cursor = {};
+    m_chordOnset = {};
+    m_score.parts[m_part].measures.push_back(
+        {m_texts.Of(measure.attribute("number").value()), m_beat, {}, {}});
+    AddItem(Here(0), "<measure" + CanonicalAttributes(measure) + '>');
+    const auto firstChord = static_cast<u32>(m_score.chords.size());
+    for (const pugi::xml_node child : measure.children()) {
+        if (HasName(child, "note")) {
+            ReadNote(child);
+        } else if (HasName(child, "backup")) {
+            Move(ExactTime{} - DurationOf(child));
+        } else if (HasName(child, "forward")) {
+            Move(DurationOf(child));
+        } else if (HasName(child, "attributes")) {
+            ReadAttributes(child);
+        } else if (child.type() == pugi::node_element) {
+            ReadItem(child);
+        }
+    }
+    Measure().beat = m_beat;
+    m_lines.EndMeasure();
+    NumberGraceNotes(firstChord);
+    SumVoices(firstChord);
+}
+
+void PartReading::ReadNote(pugi::xml_node note) {
+    const ExactTime duration = note.child("grace") ? ExactTime{} : DurationOf(note);
+    const bool joins = note.child("chord");
+    if (!joins) {
+        m_chordOnset = m_cursor;
+    }
+    const bool continues =
+        joins && !m_score.chords.empty() && m_score.chords.back().part == m_part &&
+        m_score.chords.back().place == Place{StaffOf(note), m_measure, m_chordOnset};
+    if (!continues) {
+        BeginChord(note, duration);
+    }
+    m_notes.Read(note, duration);
+    if (!joins) {
+        m_cursor = m_cursor + duration;
+    }
+    m_isExact = m_isExact && (m_chordOnset + duration).IsValid();
+    Measure().length = std::max(Measure().length, m_chordOnset + duration);
+    PairNewEnds();
+}
+
+void PartReading::BeginChord(pugi::xml_node note, ExactTime duration) {
+    Chord& chord = m_score.chords.emplace_back();
+    chord.place = {StaffOf(note), m_measure, m_chordOnset};
+    chord.part = m_part;
+    chord.voice = m_texts.Of(note.child("voice") ? note.child("voice").child_value() : "1");
+    chord.grace = note.child("grace") ? 1 : 0;
+    chord.duration = duration;
+    chord.rest = note.child("rest");
+    chord.hidden = std::string_view{note.attribute("print-object").value()} == "no";
+    chord.notes.begin = static_cast<u32>(m_score.notes.size());
+}
+
+// Whatever stands before the barline is taken to be at it.
+void PartReading::Move(ExactTime by) {
+    m_isExact = m_isExact && (m_cursor + by).IsValid();
+    m_cursor = std::max(m_cursor + by, ExactTime{});
+    Measure().length = std::max(Measure().length, m_cursor);
+    for (const u32 start : m_lines.OpenStarts(m_tuplet)) {
+        if (m_broken.insert(start).second) {
+            m_score.brokenTuplets.push_back({m_part, m_score.ends[start].place});
+        }
+    }
+}
+
+void PartReading::ReadAttributes(pugi::xml_node attributes) {
+    const ExactTime divisions = ExactTime::OfDecimal(attributes.child("divisions").child_value());
+    if (divisions > ExactTime{}) {
+        m_divisions = divisions;
+    }
+    m_beat = BeatOf(attributes.child("time"), m_beat);
+    for (const pugi::xml_node child : attributes.children()) {
+        if (child.type() == pugi::node_element && !HasName(child, "divisions")) {
+            AddItem(Here(0), "<attributes>" + CanonicalXml(child));
+        }
+    }
+}
+
+void PartReading::ReadItem(pugi::xml_node node) {
+    Place place = Here(StaffOf(node));
+    if (const pugi::xml_node offset = node.child("offset")) {
+        place.onset = place.onset + ExactTime::OfDecimal(offset.child_value()) / m_divisions;
+    }
+    const std::string_view location = node.attribute("location").as_string("right");
+    const bool closes = HasName(node, "barline") && location == "right";
+    if (closes) {
+        place.onset = {};
+    }
+    ReadDirectionLines(node, place);
+    AddItem(place, CanonicalXml(node), closes);
+}
+
+void PartReading::ReadDirectionLines(pugi::xml_node direction, const Place& place) {
+    for (const pugi::xml_node type : direction.children("direction-type")) {
+        for (const pugi::xml_node line : type.children()) {
+            if (IsLine(line.name())) {
+                m_score.ends.push_back({TypeOfLine(line), m_texts.Of(line.name()),
+                                        m_texts.Of(line.attribute("number").as_string("1")),
+                                        m_texts.Of(CanonicalXml(line)), place, kNone, kNone});
+            }
+        }
+    }
+    PairNewEnds();
+}
+
+void PartReading::PairNewEnds() {
+    for (; m_nextEnd < m_score.ends.size(); ++m_nextEnd) {
+        m_lines.Add(m_nextEnd);
+    }
+}
+
+void PartReading::AddItem(const Place& place, std::string text, bool closesMeasure) {
+    m_score.items.push_back({m_part, place, closesMeasure, m_texts.Of(std::move(text))});
+}
+
+// Counts back from the note that they lead to, in each voice.
+void PartReading::NumberGraceNotes(u32 firstChord) {
+    std::map<u32, u32> countOfVoice;
+    for (auto at = static_cast<u32>(m_score.chords.size()); at > firstChord; --at) {
+        Chord& chord = m_score.chords[at - 1];
+        u32& count = countOfVoice[chord.voice];
+        count = chord.grace != 0 ? count + 1 : 0;
+        chord.grace = count;
+    }
+}
+
+void PartReading::SumVoices(u32 firstChord) {
+    std::map<std::pair<u32, u32>, ExactTime> sums;  // by voice and staff
+    for (auto at = firstChord; at < m_score.chords.size(); ++at) {
+        const Chord& chord = m_score.chords[at];
+        ExactTime& sum = sums[{chord.voice, chord.place.staff}];
+        sum = sum + chord.duration;
+        Measure().fullestVoice = std::max(Measure().fullestVoice, sum);
+    }
+}
+
+ExactTime PartReading::DurationOf(pugi::xml_node node) const {
+    return ExactTime::OfDecimal(node.child_value("duration")) / m_divisions;
+}
+
+u32 PartReading::StaffOf(pugi::xml_node node) const {
+    const Part& part = m_score.parts[m_part];
+    const u32 staff = node.child("staff").text().as_uint(1);
+    return part.firstStaff + std::clamp(staff, 1U, part.staves) - 1;
+}
+
+ExactTime BeatOf(pugi::xml_node time, ExactTime fallback) {
+    const int count = time.child("beats").text().as_int();
+    const int type = time.child("beat-type").text().as_int();
+    const bool isSum =
+        std::string_view{time.child_value("beats")}.find('+') != std::string_view::npos;
+    if (count <= 0 || type <= 0) {
+        return fallback;
+    }
+    constexpr int kQuartersOfWhole = 4;
+    const bool isCompound = type > kQuartersOfWhole && count % 3 == 0 && !isSum &&
+                            !time.child("beats").next_sibling("beats");
+    return {i64{kQuartersOfWhole} * (isCompound ? 3 : 1), type};
+}
+
+}  // namespace standin::readback

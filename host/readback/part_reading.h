@@ -1,0 +1,60 @@
+// Reads one <part>: where its notes, directions and all else stand.
+#pragma once
+
+#include <map>
+#include <pugixml.hpp>
+#include <set>
+#include <string_view>
+#include <utility>
+
+#include "host/readback/line_pairing.h"
+#include "host/readback/note_reading.h"
+
+namespace standin::readback {
+
+class PartReading {
+public:
+    // Reads into the last part of the score, whose staves are counted.
+    PartReading(Score& score, Texts& texts);
+
+    // False when the times of a measure cannot be told exactly; it is then the last one.
+    bool Read(pugi::xml_node part);
+
+private:
+    void ReadMeasure(pugi::xml_node measure);
+    void ReadNote(pugi::xml_node note);
+    void BeginChord(pugi::xml_node note, ExactTime duration);
+    void Move(ExactTime by);
+    void ReadAttributes(pugi::xml_node attributes);
+    void ReadItem(pugi::xml_node node);
+    void ReadDirectionLines(pugi::xml_node direction, const Place& place);
+    void PairNewEnds();
+    void AddItem(const Place& place, std::string text, bool closesMeasure = false);
+    void NumberGraceNotes(u32 firstChord);
+    void SumVoices(u32 firstChord);
+    ExactTime DurationOf(pugi::xml_node node) const;
+    u32 StaffOf(pugi::xml_node node) const;
+    Place Here(u32 staff) const { return {staff, m_measure, m_cursor}; }
+    MeasureContent& Measure() { return m_score.parts[m_part].measures.back(); }
+
+    Score& m_score;
+    Texts& m_texts;
+    NoteReading m_notes;
+    LinePairing m_lines;
+    const u32 m_part;
+    const u32 m_tuplet;  // the element's name
+    u32 m_nextEnd;       // not yet paired
+    u32 m_measure = 0;
+    bool m_isExact = true;  // all times so far
+    ExactTime m_divisions{1, 1};
+    ExactTime m_beat{1, 1};
+    ExactTime m_cursor;
+    ExactTime m_chordOnset;
+    std::set<u32> m_broken;  // tuplets by their starts
+};
+
+// What one beat takes as the time signature counts, in quarter notes; the fallback when it cannot
+// be told.
+ExactTime BeatOf(pugi::xml_node time, ExactTime fallback);
+
+}  // namespace standin::readback

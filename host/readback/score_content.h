@@ -1,0 +1,137 @@
+// What a MusicXML score says, as a plain list of facts in the order of the file.
+//
+// This is a second reading, for the checks alone: it knows nothing of layers, entries or records,
+// and pairs the two ends of a line as the format has it, by their order in the part's text.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/readback/exact_time.h"
+#include "shell/host/host_types.h"
+
+namespace standin::readback {
+
+inline constexpr u32 kNone = 0xFFFFFFFF;
+
+struct Place {
+    u32 staff = 0;    // counted from 1 through the score; 0 = of the part as a whole
+    u32 measure = 0;  // from 0
+    ExactTime onset;  // from the barline
+
+    bool operator==(const Place&) const = default;
+    std::strong_ordering operator<=>(const Place&) const = default;
+};
+
+// A stretch of one of the lists below.
+struct Range {
+    u32 begin = 0;
+    u32 end = 0;
+};
+
+// Something on a note or rest: an articulation, a lyric, a notehead.
+struct Attachment {
+    u32 text = 0;         // canonical
+    u32 lyric = kNone;    // the number of a lyric
+    bool ofNote = false;  // of this note even in a chord
+    bool look = false;    // stem or beam
+};
+
+struct Note {
+    u32 pitch = 0;  // such as "C#4"
+    u32 form = 0;   // type, dots, time modification and whether a cue or grace note
+    u32 words = 0;  // such as "C#4 dotted quarter"
+    ExactTime duration;
+    bool tieStart = false;
+    bool tieStop = false;
+    u32 chord = 0;
+    Range attachments;
+};
+
+// The notes of one <chord> on one staff, or a rest.
+struct Chord {
+    Place place;
+    u32 part = 0;  // from 0
+    u32 voice = 0;
+    u32 grace = 0;  // 0, or how many grace notes before the next other note, itself included
+    ExactTime duration;
+    bool rest = false;
+    bool hidden = false;           // of a rest: not printed
+    bool modified = false;         // has a time modification
+    bool sharesTime = false;       // with another of its voice and staff
+    bool onTwoStaves = false;      // its voice sounds on another staff, too
+    bool repeatsLyric = false;     // two lyrics have one number
+    bool tieRunsBackward = false;  // where its tie ends stands before it in the text
+    Range notes;
+    std::vector<u32> brackets;  // of the tuplets it is in, by text
+
+    ExactTime End() const { return place.onset + duration; }
+};
+
+// One end of a slur, hairpin or the like.
+struct LineEnd {
+    enum class Type : u8 { kStart, kStop, kOther };
+    Type type = Type::kOther;
+    u32 kind = 0;    // the element's name
+    u32 number = 0;  // as written, "1" when it is not
+    u32 text = 0;    // canonical
+    Place place;
+    u32 chord = kNone;  // none when it stands in a direction
+    u32 note = kNone;
+};
+
+// Why an end has no partner, or none for sure.
+enum class Loose : u8 { kNoStart, kNoStop, kNumberTakenTwice };
+
+struct LooseEnd {
+    u32 end = 0;
+    Loose why = Loose::kNoStop;
+};
+
+struct Line {
+    u32 start = 0;  // ends
+    u32 stop = 0;
+    bool stopStandsFirst = false;  // in the text
+};
+
+// A tuplet with <backup> or <forward> between its notes.
+struct BrokenTuplet {
+    u32 part = 0;
+    Place place;  // where it starts
+};
+
+// Whatever else stands in a measure, or outside the parts.
+struct Item {
+    u32 part = 0;  // from 0
+    Place place;
+    bool closesMeasure = false;
+    u32 text = 0;
+};
+
+struct MeasureContent {
+    u32 number = 0;  // as printed, by text
+    ExactTime beat{1, 1};
+    ExactTime length;        // the farthest that its content reaches
+    ExactTime fullestVoice;  // the most that the durations of one voice add up to
+};
+
+struct Part {
+    u32 id = 0;
+    u32 firstStaff = 1;  // of the score
+    u32 staves = 1;
+    std::vector<MeasureContent> measures;
+};
+
+struct Score {
+    std::vector<Part> parts;
+    std::vector<Chord> chords;
+    std::vector<Note> notes;
+    std::vector<Attachment> attachments;
+    std::vector<LineEnd> ends;
+    std::vector<Line> lines;
+    std::vector<LooseEnd> looseEnds;
+    std::vector<BrokenTuplet> brokenTuplets;
+    std::vector<Item> items;
+};
+
+}  // namespace standin::readback

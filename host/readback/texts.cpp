@@ -1,0 +1,15 @@
+#include "host/readback/texts.h"
+
+#include <utility>
+
+namespace standin::readback {
+
+u32 Texts::Of(std::string text) {
+    const auto [at, isNew] = m_ids.try_emplace(std::move(text), static_cast<u32>(m_texts.size()));
+    if (isNew) {
+        m_texts.push_back(&at->first);
+    }
+    return at->second;
+}
+
+}  // namespace standin::readback

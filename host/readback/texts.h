@@ -1,0 +1,23 @@
+// Texts by number: equal texts of both scores of a comparison have equal numbers.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "shell/host/host_types.h"
+
+namespace standin::readback {
+
+class Texts {
+public:
+    u32 Of(std::string text);
+    const std::string& operator[](u32 id) const { return *m_texts[id]; }
+
+private:
+    std::unordered_map<std::string, u32> m_ids;
+    std::vector<const std::string*> m_texts;
+};
+
+}  // namespace standin::readback

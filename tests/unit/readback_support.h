@@ -1,0 +1,66 @@
+// What the second reading says of two scores.
+#pragma once
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/readback/compare.h"
+#include "host/readback/read_content.h"
+#include "tests/unit/support/musicxml_text.h"
+
+namespace standin {
+
+inline const std::string kStaccato =
+    "<notations><articulations><staccato/></articulations></notations>";
+
+// The order of lines at one place is of no account.
+inline std::string Sorted(const std::string& lines) {
+    std::vector<std::string> all;
+    for (std::size_t at = 0; at < lines.size(); at = lines.find('\n', at) + 1) {
+        all.push_back(lines.substr(at, lines.find('\n', at) + 1 - at));
+    }
+    std::sort(all.begin(), all.end());
+    std::string sorted;
+    for (const std::string& line : all) {
+        sorted += line;
+    }
+    return sorted;
+}
+
+// The lines for two scores, joined by line breaks, without what the place of most begins with.
+class Compared {
+public:
+    Compared(const std::string& before, const std::string& after)
+        : m_before{readback::ReadContentOfText(before, m_texts)},
+          m_after{readback::ReadContentOfText(after, m_texts)} {
+        EXPECT_EQ(m_before.problem, "");
+        EXPECT_EQ(m_after.problem, "");
+    }
+
+    std::string Differences() const {
+        return Joined(readback::Differences(*m_before.score, *m_after.score, m_texts));
+    }
+    std::string Faults(const std::vector<readback::ClearedMusic>& cleared = {}) const {
+        return Joined(readback::FaultsOfMerge(*m_before.score, *m_after.score, m_texts, cleared));
+    }
+
+private:
+    static std::string Joined(const std::vector<std::string>& lines) {
+        constexpr std::string_view kUsualPlace = "m. 1, staff 1, beat ";
+        std::string text;
+        for (const std::string& line : lines) {
+            text += line.starts_with(kUsualPlace) ? line.substr(kUsualPlace.size()) : line;
+            text += '\n';
+        }
+        return text;
+    }
+
+    readback::Texts m_texts;
+    readback::Reading m_before;
+    readback::Reading m_after;
+};
+
+}  // namespace standin
