@@ -1,21 +1,53 @@
 #include <iostream>
+#include <iterator>
+#include <string>
+#include <utility>
 
 #include "host/cli/commands.h"
-#include "host/cli/open_score.h"
-#include "host/musicxml/music/compare.h"
+#include "host/cli/output_file.h"
+#include "host/musicxml/xml/file_bytes.h"
+#include "host/readback/compare.h"
+#include "host/readback/read_content.h"
 
 namespace standin::cli {
 
+namespace {
+
+readback::Reading Read(const std::string& name, readback::Texts& texts) {
+    if (name == kStandardStream) {
+        return readback::ReadContent({std::istreambuf_iterator<char>{std::cin}, {}}, texts);
+    }
+    FileBytes file = ReadFileBytes(PathOf(name));
+    return file.problem.empty() ? readback::ReadContent(std::move(file.bytes), texts)
+                                : readback::Reading{nullptr, std::move(file.problem), 0};
+}
+
+// When the score cannot be read, a line on standard error says why.
+std::unique_ptr<readback::Score> Open(const std::string& name, readback::Texts& texts) {
+    readback::Reading reading = Read(name, texts);
+    if (reading.score == nullptr) {
+        std::cerr << (name == kStandardStream ? "standard input" : name);
+        if (reading.line > 0) {
+            std::cerr << ':' << reading.line;
+        }
+        std::cerr << ": " << reading.problem << '\n';
+    }
+    return std::move(reading.score);
+}
+
+}  // namespace
+
 ExitCode CompareScores(const CompareCommand& command) {
-    const OpenScore first{command.first};
-    if (!first) {
+    readback::Texts texts;
+    const auto first = Open(command.first, texts);
+    if (first == nullptr) {
         return kUnreadable;
     }
-    const OpenScore second{command.second};
-    if (!second) {
+    const auto second = Open(command.second, texts);
+    if (second == nullptr) {
         return kUnreadable;
     }
-    const auto differences = Compare(MusicOf(first.Score()), MusicOf(second.Score()));
+    const auto differences = readback::Differences(*first, *second, texts);
     for (const std::string& difference : differences) {
         std::cout << difference << '\n';
     }

@@ -53,12 +53,12 @@ void CompareFacts(const Comparison& comparison) {
                             [](const Fact& a, const Fact& b) { return a.Key() < b.Key(); });
         for (const Fact& fact : missing) {
             const Chord& chord = side.score.chords[fact.chord];
-            const std::string& note = WordsForNote(comparison, side, fact.note);
-            const std::string hidden = chord.rest && chord.hidden ? "hidden " : "";
-            comparison.findings.Add(chord.part, fact.place,
-                                    fact.kind == kIsNote ? hidden + note + verb
-                                                         : comparison.findings.Quoted(fact.kind) +
-                                                               " of " + hidden + note + verb);
+            std::string what = fact.kind == kIsNote
+                                   ? std::string{}
+                                   : comparison.findings.Quoted(fact.kind) + " of ";
+            what.append(chord.rest && chord.hidden ? "hidden " : "");
+            what.append(WordsForNote(comparison, side, fact.note)).append(verb);
+            comparison.findings.Add(chord.part, fact.place, std::move(what));
         }
     };
     report(before, after, comparison.before, " lost");

@@ -1,6 +1,7 @@
 // Whether slurs, hairpins, tuplets and other lines run from where to where they ran.
 #include <algorithm>
 #include <string>
+#include <tuple>
 
 #include "host/readback/comparison.h"
 
@@ -16,7 +17,11 @@ struct EndKey {
     GroupKey place;
     u32 text;
 
-    auto operator<=>(const EndKey&) const = default;
+    bool operator==(const EndKey&) const = default;
+    bool operator<(const EndKey& other) const {
+        return std::tie(kind, type, place, text) <
+               std::tie(other.kind, other.type, other.place, other.text);
+    }
 };
 
 EndKey KeyOf(const Side& side, const LineEnd& end) {

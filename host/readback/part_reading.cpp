@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/readback/canonical_xml.h"
+#include "host/readback/notated_length.h"
 
 namespace standin::readback {
 namespace {
@@ -38,6 +39,7 @@ bool PartReading::Read(pugi::xml_node part) {
 void PartReading::ReadMeasure(pugi::xml_node measure) {
     m_cursor = {};
     m_chordOnset = {};
+    m_uncounted = {};
     m_score.parts[m_part].measures.push_back(
         {m_texts.Of(measure.attribute("number").value()), m_beat, {}, {}});
     AddItem(Here(0), "<measure" + CanonicalAttributes(measure) + '>');
@@ -46,7 +48,8 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
         if (HasName(child, "note")) {
             ReadNote(child);
         } else if (HasName(child, "backup")) {
-            Move(ExactTime{} - DurationOf(child));
+            Move(ExactTime{} - m_uncounted - DurationOf(child));
+            m_uncounted = {};
         } else if (HasName(child, "forward")) {
             Move(DurationOf(child));
         } else if (HasName(child, "attributes")) {
@@ -62,8 +65,11 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
 }
 
 void PartReading::ReadNote(pugi::xml_node note) {
-    const ExactTime duration = note.child("grace") ? ExactTime{} : DurationOf(note);
     const bool joins = note.child("chord");
+    ExactTime duration = note.child("grace") ? ExactTime{} : DurationOf(note);
+    if (duration.IsZero() && !note.child("grace")) {
+        duration = LengthOfNone(note);
+    }
     if (!joins) {
         m_chordOnset = m_cursor;
     }
@@ -80,6 +86,17 @@ void PartReading::ReadNote(pugi::xml_node note) {
     m_isExact = m_isExact && (m_chordOnset + duration).IsValid();
     Measure().length = std::max(Measure().length, m_chordOnset + duration);
     PairNewEnds();
+}
+
+// A note whose duration is none lasts as long as its chord, or as it looks. What follows begins
+// later than the file counts, up to the next <backup>.
+ExactTime PartReading::LengthOfNone(pugi::xml_node note) {
+    if (note.child("chord") && !m_score.chords.empty()) {
+        return m_score.chords.back().duration;
+    }
+    const ExactTime length = NotatedLength(note);
+    m_uncounted = m_uncounted + length;
+    return length;
 }
 
 void PartReading::BeginChord(pugi::xml_node note, ExactTime duration) {

@@ -23,6 +23,7 @@ public:
 private:
     void ReadMeasure(pugi::xml_node measure);
     void ReadNote(pugi::xml_node note);
+    ExactTime LengthOfNone(pugi::xml_node note);
     void BeginChord(pugi::xml_node note, ExactTime duration);
     void Move(ExactTime by);
     void ReadAttributes(pugi::xml_node attributes);
@@ -50,6 +51,7 @@ private:
     ExactTime m_beat{1, 1};
     ExactTime m_cursor;
     ExactTime m_chordOnset;
+    ExactTime m_uncounted;   // what the cursor is ahead of the file's count
     std::set<u32> m_broken;  // tuplets by their starts
 };
 

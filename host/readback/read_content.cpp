@@ -42,7 +42,11 @@ void ReadHeader(pugi::xml_node root, Score& score, Texts& texts) {
     }
 }
 
+// One line, whatever of the file it quotes.
 Reading Refused(std::string problem, std::size_t line) {
+    std::replace_if(
+        problem.begin(), problem.end(),
+        [](char sign) { return static_cast<unsigned char>(sign) < 0x20; }, ' ');
     return {nullptr, std::move(problem), line};
 }
 

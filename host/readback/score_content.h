@@ -5,6 +5,7 @@
 #pragma once
 
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "host/readback/exact_time.h"
@@ -20,7 +21,9 @@ struct Place {
     ExactTime onset;  // from the barline
 
     bool operator==(const Place&) const = default;
-    std::strong_ordering operator<=>(const Place&) const = default;
+    bool operator<(const Place& other) const {
+        return std::tie(staff, measure, onset) < std::tie(other.staff, other.measure, other.onset);
+    }
 };
 
 // A stretch of one of the lists below.

@@ -5,7 +5,7 @@ function(add_fuzz_target name)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
 endfunction()
 add_fuzz_target(fuzz_musicxml)
-target_link_libraries(fuzz_musicxml PRIVATE standin_musicxml)
+target_link_libraries(fuzz_musicxml PRIVATE standin_musicxml standin_readback)
 foreach(name fuzz_frames fuzz_settings)
   add_fuzz_target(${name} "${CMAKE_CURRENT_SOURCE_DIR}/unit/plugin_driver.cpp"
     "${CMAKE_CURRENT_SOURCE_DIR}/unit/support/dialog_desk.cpp")

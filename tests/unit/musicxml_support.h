@@ -7,9 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "host/musicxml/music/compare.h"
 #include "host/musicxml/read/read_score.h"
 #include "host/musicxml/write/write_score.h"
+#include "host/readback/compare.h"
+#include "host/readback/read_content.h"
 #include "tests/unit/support/musicxml_text.h"
 #include "tests/unit/support/notation.h"
 
@@ -39,18 +40,29 @@ inline std::vector<EXENTRY> Entries(const ImportedScore& score, u16 measure, u16
     return frame == nullptr ? std::vector<EXENTRY>{} : frame->entries;
 }
 
-inline CompareOptions Merged() {
-    return {.merged = true, .replaced = {}};
-}
-
-// The differences between two scores, joined by line breaks.
-inline std::string Differences(const ImportedScore& before, const ImportedScore& after,
-                               const CompareOptions& options = {}) {
+// What the second reading says of a score and what was written of it, joined by line breaks.
+inline std::string Compared(const ImportedScore& before, const std::string& written, bool merged) {
+    readback::Texts texts;
+    const readback::Reading first = readback::ReadContentOfText(before.text, texts);
+    const readback::Reading second = readback::ReadContent(written, texts);
+    if (first.score == nullptr || second.score == nullptr) {
+        return first.problem + second.problem + '\n';
+    }
     std::string lines;
-    for (const std::string& difference : Compare(MusicOf(before), MusicOf(after), options)) {
-        lines += difference + '\n';
+    for (const std::string& line :
+         merged ? readback::FaultsOfMerge(*first.score, *second.score, texts)
+                : readback::Differences(*first.score, *second.score, texts)) {
+        lines += line + '\n';
     }
     return lines;
+}
+
+inline std::string Differences(const ImportedScore& before, const std::string& written) {
+    return Compared(before, written, false);
+}
+
+inline std::string FaultsOfMerge(const ImportedScore& before, const std::string& written) {
+    return Compared(before, written, true);
 }
 
 }  // namespace standin

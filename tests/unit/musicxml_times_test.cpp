@@ -65,12 +65,13 @@ TEST(Times, AreKeptInAndOut) {
     for (const auto& c : kTimes) {
         SCOPED_TRACE(c.name);
         const auto score = Read(ScoreText({c.measure, Note({})}));
-        const auto again = Read(Rebuilt(*score));
+        const std::string written = Rebuilt(*score);
+        const auto again = Read(written);
         for (const auto* either : {&score, &again}) {
             EXPECT_EQ(Times(**either), c.times);
             EXPECT_EQ((*either)->document->MeasureDuration(0, 1), c.length);
         }
-        EXPECT_EQ(Differences(*score, *again), "");
+        EXPECT_EQ(Differences(*score, written), "");
     }
 }
 

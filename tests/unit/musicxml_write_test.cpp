@@ -85,7 +85,7 @@ TEST(Rebuilt, PiecesOfNotationsKeepWhatTheyNeed) {
                 ScoreText({Note({.pitch = "E4"}) + Note({.more = c.notations, .first = first})}));
             const std::string written = Rebuilt(*score);
             EXPECT_EQ(Count(written, c.expected), 1) << written;
-            EXPECT_EQ(Differences(*score, *Read(written)), "");
+            EXPECT_EQ(Differences(*score, written), "");
         }
     }
 }

@@ -2,14 +2,13 @@
 
 #include <algorithm>
 #include <cstring>
-#include <fstream>
 #include <iterator>
 #include <new>
 #include <pugixml.hpp>
-#include <sstream>
 
 #include "host/musicxml/read/part_reader.h"
 #include "host/musicxml/xml/archive.h"
+#include "host/musicxml/xml/file_bytes.h"
 #include "host/musicxml/xml/xml_node.h"
 
 namespace standin {
@@ -224,20 +223,11 @@ ReadResult ReadScore(std::string bytes, Document* into, OwnLayers own) {
 }
 
 ReadResult ReadScore(const std::filesystem::path& file, Document* into, OwnLayers own) {
-    std::error_code failed;
-    if (std::filesystem::is_directory(file, failed)) {
-        return Refused("the file is a folder");
+    FileBytes content = ReadFileBytes(file);
+    if (!content.problem.empty()) {
+        return Refused(std::move(content.problem));
     }
-    const std::ifstream stream{file, std::ios::binary};
-    if (!stream) {
-        return Refused("the file cannot be opened");
-    }
-    std::ostringstream bytes;
-    bytes << stream.rdbuf();
-    if (bytes.bad()) {
-        return Refused("the file cannot be read");
-    }
-    return ReadScore(std::move(bytes).str(), into, own);
+    return ReadScore(std::move(content.bytes), into, own);
 }
 
 }  // namespace standin

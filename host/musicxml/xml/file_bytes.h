@@ -1,0 +1,16 @@
+// The bytes of a file.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace standin {
+
+struct FileBytes {
+    std::string bytes;
+    std::string problem;  // why there are none; empty when there are
+};
+
+FileBytes ReadFileBytes(const std::filesystem::path& file);
+
+}  // namespace standin
