@@ -45,7 +45,7 @@ TEST(Voices, TwoThatShareNoTimeMayShareALayer) {
     EXPECT_EQ(score->parts[0].measures[0].layers, kLayers);
     const std::string written = Rebuilt(*score);
     EXPECT_NE(written.find("<voice>5</voice>"), std::string::npos) << written;
-    EXPECT_EQ(Differences(*score, *Read(written)), "");
+    EXPECT_EQ(Differences(*score, written), "");
 }
 
 // A user who names a layer means its own voice, so that no other takes it.
@@ -90,7 +90,7 @@ TEST(Voices, ACarriedChordOfTwoEntriesLosesNothing) {
     }
     const auto score = Read(ScoreText({Together({"1", "2", "3", "4"}) + Backup(2) + chord}));
     EXPECT_EQ(score->parts[0].measures[0].layers, kLayers + 2);
-    EXPECT_EQ(Differences(*score, *Read(Rebuilt(*score))), "");
+    EXPECT_EQ(Differences(*score, Rebuilt(*score)), "");
 }
 
 // Two lines of one voice that share time: the second needs a layer of its own, and voice 2
