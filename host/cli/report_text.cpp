@@ -1,11 +1,14 @@
 #include "host/cli/report_text.h"
 
+#include <algorithm>
 #include <map>
 #include <nlohmann/json.hpp>
 
 namespace standin::cli {
 
 namespace {
+
+constexpr std::size_t kMostRemarks = 10;  // in the text
 
 std::string Count(int number, const char* one, const char* many) {
     return std::to_string(number) + ' ' + (number == 1 ? one : many);
@@ -34,11 +37,39 @@ const char* NameOf(Stay reason) {
     return "";
 }
 
+const char* NameOf(Remark::Kind kind) {
+    switch (kind) {
+        case Remark::Kind::kVoiceNotMerged:
+            return "voiceNotMerged";
+        case Remark::Kind::kLyricNumber:
+            return "lyricNumber";
+        case Remark::Kind::kMarking:
+            return "marking";
+    }
+    return "";
+}
+
+nlohmann::ordered_json AsJson(const Remark& remark) {
+    nlohmann::ordered_json json{
+        {"kind", NameOf(remark.kind)}, {"staff", remark.staff}, {"measure", remark.measure}};
+    json["number"] = remark.number;
+    if (remark.layer) {
+        json["layer"] = *remark.layer + 1;
+    }
+    if (remark.onset) {
+        json["beat"] = remark.beat;
+    }
+    json["what"] = remark.what;
+    json["text"] = WordsFor(remark);
+    return json;
+}
+
 }  // namespace
 
 MergeReport ReportRun(const ImportedScore& score, const EREGION& selection,
                       const MergeOptions& options) {
     MergeReport report = ReportMerge(score, options.destination, selection);
+    report.remarks = RemarksOn(score, options.destination, selection);
     for (const ReadWarning& warning : score.warnings.All()) {
         report.warnings.push_back("line " + std::to_string(warning.line) + ": " + warning.Words());
     }
@@ -48,6 +79,9 @@ MergeReport ReportRun(const ImportedScore& score, const EREGION& selection,
                 return entry.layer != options.source;
             });
         }
+        std::erase_if(report.measures, [](const MergedMeasure& measure) {
+            return measure.notesMoved == 0 && measure.restsFilled == 0 && measure.stayed.empty();
+        });
     }
     return report;
 }
@@ -60,6 +94,14 @@ std::string ReportAsText(const MergeReport& report, bool verified) {
                        " left in other layers\n";
     for (const auto& [reason, count] : StayedByReason(report)) {
         text += "  " + std::to_string(count) + ": " + WordsForReason(reason) + '\n';
+    }
+    const std::size_t told = std::min(report.remarks.size(), kMostRemarks);
+    for (std::size_t i = 0; i < told; ++i) {
+        text += WordsFor(report.remarks[i]) + '\n';
+    }
+    if (told < report.remarks.size()) {
+        text += "and " + std::to_string(report.remarks.size() - told) +
+                " more such remarks (--json tells all)\n";
     }
     if (verified) {
         text += "Verified: no music was lost\n";
@@ -77,6 +119,9 @@ std::string ReportAsJson(const MergeReport& report, bool verified) {
                                 {"verified", verified}};
     for (const auto& [reason, count] : StayedByReason(report)) {
         json["leftBecause"][NameOf(reason)] = count;
+    }
+    for (const Remark& remark : report.remarks) {
+        json["remarks"].push_back(AsJson(remark));
     }
     if (!report.warnings.empty()) {
         json["warnings"] = report.warnings;

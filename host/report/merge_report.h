@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/musicxml/imported_score.h"
+#include "host/report/remarks.h"
 
 namespace standin {
 
@@ -51,6 +52,7 @@ struct MergedMeasure {
 };
 
 struct MergeReport {
+    std::vector<Remark> remarks;
     std::vector<std::string> warnings;    // of the file's reading: "line 7: a <backup> goes ..."
     std::vector<MergedMeasure> measures;  // with anything moved or stayed, by staff and measure
 

@@ -51,6 +51,12 @@ TEST_F(CommandRun, CarolIsMergedAndNothingIsLost) {
               "4 notes and chords left in other layers\n"
               "  3: another duration at its time\n"
               "  1: no rests of exactly its time\n"
+              "m. 4, staff 1, beat 3: the breath mark of layer 1 stands at the whole chord\n"
+              "m. 12, staff 1, beat 3: the breath mark of layer 1 stands at the whole chord\n"
+              "m. 14, staff 1, beat 3: the breath mark of layer 1 stands at the whole chord\n"
+              "m. 16, staff 1, beat 3: the breath mark of layer 1 stands at the whole chord\n"
+              "m. 20, staff 1, beat 1: the fermata of layer 1 stands at the whole chord\n"
+              "m. 20, staff 2, beat 1: the fermata of layer 1 stands at the whole chord\n"
               "Verified: no music was lost\n");
     EXPECT_EQ(Run({"compare", kCarol, File("out.musicxml")}), kFailed);
     EXPECT_EQ(Run({"compare", kCarol, kCarol}), kDone);
@@ -224,6 +230,70 @@ TEST_F(CommandRun, WhatBelongsToANoteStandsWithIt) {
                 << step << ": " << merged;
         }
     }
+}
+
+const std::string kTrill = Notations("<ornaments><trill-mark/></ornaments>");
+const std::string kFiveVoices = Half("C5") + Half("D5") + Backup(8) + Half("A4", "2") +
+                                Half("B4", "2") + Backup(8) + Half("r", "3") + Half("r", "3") +
+                                Backup(8) + Half("r", "4") + Half("r", "4") + Backup(8) +
+                                Half("E4", "5") + Half("F4", "5");
+
+// What the report names besides its totals.
+const struct {
+    const char* name;
+    std::string measure;
+    std::vector<std::string> remarks;
+} kRemarks[] = {
+    {"AMarkingThatJoins",
+     Half("C5", "1", kFermata) + Half("D5", "1", Notations("<arpeggiate/>")) + Backup(8) +
+         Half("A4", "2", kTrill) + Half("B4", "2"),
+     {"m. 1, staff 1, beat 1: the fermata of layer 1 stands at the whole chord",
+      "m. 1, staff 1, beat 1: the trill of layer 2 stands at the whole chord",
+      "m. 1, staff 1, beat 3: the arpeggio of layer 1 stands at the whole chord"}},
+    {"AMarkingOfBoth", Half("C5", "1", kFermata) + Backup(4) + Half("A4", "2", kFermata), {}},
+    {"AMarkingThatFillsARest", Half("r") + Backup(4) + Half("A4", "2", kTrill), {}},
+    {"AMarkingOfOneNote", Half("C5") + Backup(4) + Half("A4", "2", Notations(kFinger)), {}},
+    {"ALyric",
+     Half("C5", "1", Lyric("1", "la")) + Backup(4) + Half("A4", "2", Lyric("1", "ho")),
+     {"m. 1, staff 1, beat 1: the lyric \"ho\" has number 2 now"}},
+    {"AFifthVoice", kFiveVoices, {"m. 1, staff 1: a fifth voice is not merged"}},
+};
+
+TEST_F(CommandRun, WhatTheScoresReaderShouldKnowIsNamed) {
+    for (const auto& c : kRemarks) {
+        SCOPED_TRACE(c.name);
+        ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o",
+                       File("out.xml"), "--verify", "--json"}),
+                  kDone)
+            << errors;
+        const auto report = nlohmann::json::parse(output);
+        std::vector<std::string> remarks;
+        for (const auto& remark : report.value("remarks", nlohmann::json::array())) {
+            remarks.push_back(remark["text"]);
+        }
+        EXPECT_EQ(remarks, c.remarks);
+    }
+    EXPECT_EQ(Run({"merge", File("in.xml"), "-o", File("out.xml")}), kDone);
+    EXPECT_NE(output.find("\nm. 1, staff 1: a fifth voice is not merged\n"), std::string::npos);
+}
+
+// The fifth voice has the free layer 2 in its measure, unless somebody means voice 2 by that.
+TEST_F(CommandRun, AFifthVoiceIsNeitherClearedNorMergedUnasked) {
+    std::string four = Half("C5");
+    for (const char* voice : {"2", "3", "4"}) {
+        four += Backup(4) + Half("C5", voice);
+    }
+    const std::string input =
+        Write("in.xml", standin::ScoreText({four, Half("G5") + Backup(4) + Half("E4", "5")}));
+    ASSERT_EQ(Run({"merge", input, "-o", File("out.xml"), "--from", "1", "--to", "2", "--replace"}),
+              kDone);
+    EXPECT_NE(Content(File("out.xml")).find("<step>E</step>"), std::string::npos);
+    ASSERT_EQ(
+        Run({"merge", input, "-o", File("out.xml"), "--from", "2", "--measures", "2", "--json"}),
+        kDone);
+    EXPECT_EQ(nlohmann::json::parse(output)["notesMoved"], 0);
+    ASSERT_EQ(Run({"merge", input, "-o", File("out.xml"), "--measures", "2", "--json"}), kDone);
+    EXPECT_EQ(nlohmann::json::parse(output)["chordsFormed"], 1);
 }
 
 TEST_F(CommandRun, SlipsOfTheFileAreTold) {
