@@ -28,6 +28,7 @@ struct MergeCommand {
     bool verify = false;
     bool json = false;
     bool quiet = false;
+    bool force = false;  // write the score onto a terminal
 };
 
 struct ShowCommand {
@@ -46,9 +47,12 @@ enum ExitCode : int {
     kFailed = 1,  // the run failed, or music was lost; compare: the scores differ
     kUsage = 2,
     kUnreadable = 3,
+    kInterrupted = 130,
 };
 
-using Command = std::variant<MergeCommand, ShowCommand, CompareCommand>;
+struct DoctorCommand {};
+
+using Command = std::variant<MergeCommand, ShowCommand, CompareCommand, DoctorCommand>;
 
 // The arguments without the program's own name. When there is nothing to run (help was asked
 // for, or the usage is wrong), the text went to the right stream, and the exit code is given.

@@ -9,5 +9,6 @@ namespace standin::cli {
 ExitCode Merge(const MergeCommand& command);
 ExitCode Show(const ShowCommand& command);
 ExitCode CompareScores(const CompareCommand& command);
+ExitCode Doctor();
 
 }  // namespace standin::cli

@@ -24,17 +24,9 @@ ExitCode Fail(ExitCode code, const std::string& problem) {
     return code;
 }
 
-bool IsArchiveName(const std::string& name) {
-    std::string extension = TextOf(PathOf(name).extension());
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
-        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    });
-    return extension == ".mxl";
-}
-
 // The score in the form that the output's name asks for; empty on failure.
 std::string BytesFor(const std::string& output, ImportedScore& score) {
-    const bool zipped = IsArchiveName(output);
+    const bool zipped = LowerCaseExtension(output) == ".mxl";
     if (zipped != score.archive.empty()) {
         return WriteScore(score);
     }

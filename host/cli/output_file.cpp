@@ -1,5 +1,6 @@
 #include "host/cli/output_file.h"
 
+#include <algorithm>
 #include <iostream>
 #include <random>
 #include <system_error>
@@ -112,6 +113,20 @@ fs::path PathOf(const std::string& text) {
 std::string TextOf(const fs::path& path) {
     const std::u8string text = path.u8string();
     return {text.begin(), text.end()};
+}
+
+std::string LowerCaseExtension(const std::string& name) {
+    std::string extension = TextOf(PathOf(name).extension());
+    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
+        return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    });
+    return extension;
+}
+
+bool IsDeviceOrPipe(const std::string& name) {
+    std::error_code failed;
+    const fs::file_status status = fs::status(PathOf(name), failed);
+    return fs::exists(status) && !fs::is_regular_file(status) && !fs::is_directory(status);
 }
 
 }  // namespace standin::cli

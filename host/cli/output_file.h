@@ -20,4 +20,10 @@ std::string WriteWhole(const std::string& target, std::string_view bytes);
 std::filesystem::path PathOf(const std::string& text);
 std::string TextOf(const std::filesystem::path& path);
 
+// ".mxl" of "Score.MXL"; empty for a name without an extension.
+std::string LowerCaseExtension(const std::string& name);
+
+// What exists and takes bytes, but keeps no file: its name says nothing about its form.
+bool IsDeviceOrPipe(const std::string& name);
+
 }  // namespace standin::cli

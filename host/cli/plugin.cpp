@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/cli/installation.h"
+#include "host/cli/output_file.h"
+
 namespace standin::cli {
 
 namespace {
@@ -22,7 +25,7 @@ Plugin::~Plugin() {
 }
 
 std::unique_ptr<Plugin> Plugin::Start(std::string& problem, WindowHandle mainWindow) {
-    auto library = Library::Open(ProgramFolder() / kPluginFile, problem);
+    auto library = Library::Open(PathOf(PluginFile()), problem);
     if (library == nullptr) {
         return nullptr;
     }

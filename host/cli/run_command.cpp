@@ -15,6 +15,7 @@ struct Runner {
     ExitCode operator()(const MergeCommand& command) const { return Merge(command); }
     ExitCode operator()(const ShowCommand& command) const { return Show(command); }
     ExitCode operator()(const CompareCommand& command) const { return CompareScores(command); }
+    ExitCode operator()(const DoctorCommand&) const { return Doctor(); }
 };
 
 int Run(std::vector<std::string> arguments) {
@@ -34,6 +35,7 @@ int Run(std::vector<std::string> arguments) {
 
 int RunCommandLine(std::vector<std::string> arguments) {
     PrepareStreams();
+    SetLanguage(UserLanguage());
     const int exitCode = Run(std::move(arguments));
     std::cout.flush();
     if (std::cout.fail() && exitCode == kDone) {

@@ -6,7 +6,6 @@ namespace standin::cli {
 
 namespace {
 
-const char* const kBaseKey = "Software\\ZKW\\Finale Plugin Prefs";
 const char* const kCommand = "Plyweld";
 const char* const kValue = "ZKCF22000";
 

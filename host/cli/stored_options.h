@@ -9,6 +9,9 @@
 
 namespace standin::cli {
 
+// Where in the registry the plug-in keeps its settings.
+inline constexpr const char* kBaseKey = "Software\\ZKW\\Finale Plugin Prefs";
+
 // Puts the options into the registry; what stood there comes back when the object ends.
 class StoredOptions {
 public:

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "host/texts/texts.h"
+
 namespace standin::cli {
 
 // The folder that the program's own file is in.
@@ -54,5 +56,12 @@ std::error_code WriteThrough(const std::filesystem::path& file, std::string_view
 void FlushFolder(const std::filesystem::path& folder);
 
 bool ErrorsGoToTerminal();
+bool OutputGoesToTerminal();
+
+// That of the user interface: on Windows the user's choice, elsewhere the environment's.
+Language UserLanguage();
+
+// Whether the plug-in's stored settings are there in the program's next run.
+bool SettingsOutliveTheProgram();
 
 }  // namespace standin::cli

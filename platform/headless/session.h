@@ -17,6 +17,7 @@ void HoldShift(bool down);
 
 // Without a call, LC_ALL, LC_MESSAGES or LANG decides: es* is Spanish, all else English.
 void SetLanguage(Language language);
+Language CurrentLanguage();
 
 // Keeps FindHostFunction from finding this export, as with an older host.
 void HideHostFunction(const std::string& name);

@@ -27,8 +27,6 @@ struct State {
 
 State& CurrentState();
 
-Language CurrentLanguage();
-
 // Empties the registry; keys still open behave as deleted ones.
 void ResetRegistry();
 

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <sstream>
 
+#include "host/cli/option_table.h"
 #include "host/cli/selection.h"
 
 namespace {
@@ -37,20 +38,89 @@ TEST(CommandLine, OptionsReachTheRecord) {
     EXPECT_TRUE(merge.json);
 }
 
-TEST(CommandLine, WrongUsageIsRefused) {
-    for (const char* line :
-         {"", "unite in.xml", "compare a.xml", "merge in.xml", "merge -o out.xml",
-          "merge a -o b --from 5", "merge a -o b --to all", "merge a -o b --measures 7-5",
-          "merge a -o b --measures 0-5", "merge a -o b --measures 5-12x",
-          "merge a -o b --measures 1-99999", "merge a -o b --from-beat 0.5",
-          "merge a -o b --from-beat nan", "merge a -o b --to-beat 1001"}) {
-        testing::internal::CaptureStderr();
-        const auto parsed = ParseCommandLine(Words(line));
-        const std::string text = testing::internal::GetCapturedStderr();
-        ASSERT_TRUE(std::holds_alternative<ExitCode>(parsed)) << line;
-        EXPECT_EQ(std::get<ExitCode>(parsed), kUsage);
-        EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
+// The one line on standard error; the exit code must be that of wrong usage.
+std::string RefusalOf(const std::string& line) {
+    testing::internal::CaptureStderr();
+    const auto parsed = ParseCommandLine(Words(line));
+    const std::string text = testing::internal::GetCapturedStderr();
+    EXPECT_TRUE(std::holds_alternative<ExitCode>(parsed) && std::get<ExitCode>(parsed) == kUsage);
+    EXPECT_TRUE(text.starts_with("plyweld: ")) << text;
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
+    return text;
+}
+
+struct WrongLine {
+    const char* name;
+    const char* line;
+    const char* says;
+};
+
+constexpr WrongLine kWrongLines[] = {
+    {"MisspeltCommand", "mrege in.xml", "unknown command mrege; did you mean merge?"},
+    {"UnlikeAnyCommand", "unite in.xml", "unknown command unite ("},
+    {"MisspeltOptionBeforeWhatIsMissing", "merge in.xml --hide-rest", "did you mean --hide-rests?"},
+    {"MisspeltOptionWithValue", "merge a -o b.xml --mesures=5-12", "did you mean --measures?"},
+    {"MissingInput", "merge -o out.xml", "IN is missing"},
+    {"MissingOutput", "merge in.xml", "-o OUT is missing"},
+    {"MissingSecondScore", "compare a.xml", "B is missing"},
+    {"FirstOfTooMany", "compare a b c d", "unexpected argument c"},
+    {"MissingValue", "merge a -o b.xml --to", "--to needs a value"},
+    {"ValueOfAFlag", "merge a -o b.xml --json=3", "--json takes no value"},
+    {"GivenTwice", "merge a -o b.xml -o c.xml", "--output is given more than once"},
+    {"LayerThatIsNone", "merge a -o b.xml --from 5", "--from: 5 is not one of all, 1, 2, 3, 4"},
+    {"DestinationAll", "merge a -o b.xml --to all", "--to: all"},
+    {"SameLayer", "merge a -o b.xml --from 2 --to 2", "the same layer"},
+    {"RangeBackwards", "merge a -o b.xml --measures 7-5", "7-5 is not a range"},
+    {"RangeFromZero", "merge a -o b.xml --measures 0-5", "0-5 is not a range"},
+    {"RangeWithMore", "merge a -o b.xml --measures 5-12x", "5-12x is not a range"},
+    {"RangeTooLarge", "merge a -o b.xml --measures 1-99999", "1-99999 is not a range"},
+    {"BeatBeforeTheFirst", "merge a -o b.xml --from-beat 0.5", "0.5 is not a beat"},
+    {"BeatThatIsNoNumber", "merge a -o b.xml --from-beat nan", "nan is not a beat"},
+    {"BeatTooLarge", "merge a -o b.xml --to-beat 1001", "1001 is not a beat"},
+    {"OutputOfAnotherKind", "merge a -o b.pdf", "b.pdf: the output must be"},
+    {"HelpForNothing", "help mrege", "mrege is not one of"},
+};
+
+class WrongUsage : public testing::TestWithParam<WrongLine> {};
+
+TEST_P(WrongUsage, IsRefusedInOneLine) {
+    EXPECT_NE(RefusalOf(GetParam().line).find(GetParam().says), std::string::npos)
+        << RefusalOf(GetParam().line);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, WrongUsage, testing::ValuesIn(kWrongLines),
+                         [](const auto& row) { return std::string{row.param.name}; });
+
+TEST(CommandLine, RefusesInTheUsersLanguage) {
+    SetLanguage(Language::kSpanish);
+    EXPECT_NE(RefusalOf("mrege in.xml").find("¿quiso decir merge?"), std::string::npos);
+    SetLanguage(Language::kEnglish);
+}
+
+// What is printed on standard output; nothing goes wrong.
+std::string TextFor(const std::string& line) {
+    testing::internal::CaptureStdout();
+    const auto parsed = ParseCommandLine(Words(line));
+    EXPECT_TRUE(std::holds_alternative<ExitCode>(parsed) && std::get<ExitCode>(parsed) == kDone);
+    return testing::internal::GetCapturedStdout();
+}
+
+TEST(CommandLine, HelpShowsEveryOptionOfACommand) {
+    EXPECT_EQ(TextFor(""), TextFor("help"));
+    EXPECT_EQ(TextFor(""), TextFor("-h"));
+    EXPECT_EQ(TextFor("merge --help"), TextFor("help merge"));
+    const std::string help = TextFor("help merge");
+    const std::string manual = TextFor("man");
+    for (const OptionRow& row : FindCommand("merge")->options) {
+        EXPECT_NE(help.find(row.LongName()), std::string::npos) << row.names;
+        EXPECT_NE(manual.find(std::string{Say(row.help)}.substr(0, 8)), std::string::npos);
+        for (const char* shell : {"bash", "zsh", "fish"}) {
+            const std::string script = TextFor(std::string{"completion "} + shell);
+            const std::string name = row.IsArgument() ? "" : row.LongName().substr(2);
+            EXPECT_NE(script.find(name), std::string::npos) << shell << ' ' << name;
+        }
     }
+    EXPECT_NE(TextFor("-V").find(PLYWELD_VERSION), std::string::npos);
 }
 
 // The score has three measures, the second in 6/8, and two staves.

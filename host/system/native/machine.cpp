@@ -101,4 +101,18 @@ bool ErrorsGoToTerminal() {
     return isatty(STDERR_FILENO) == 1;
 }
 
+bool OutputGoesToTerminal() {
+    return isatty(STDOUT_FILENO) == 1;
+}
+
+Language UserLanguage() {
+    const bool isSpanish =
+        platform::headless::CurrentLanguage() == platform::headless::Language::kSpanish;
+    return isSpanish ? Language::kSpanish : Language::kEnglish;
+}
+
+bool SettingsOutliveTheProgram() {
+    return false;
+}
+
 }  // namespace standin::cli

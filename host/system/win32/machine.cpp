@@ -116,4 +116,17 @@ bool ErrorsGoToTerminal() {
     return _isatty(_fileno(stderr)) != 0;
 }
 
+bool OutputGoesToTerminal() {
+    return _isatty(_fileno(stdout)) != 0;
+}
+
+Language UserLanguage() {
+    const bool isSpanish = PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_SPANISH;
+    return isSpanish ? Language::kSpanish : Language::kEnglish;
+}
+
+bool SettingsOutliveTheProgram() {
+    return true;
+}
+
 }  // namespace standin::cli

@@ -1,0 +1,242 @@
+#include "host/cli/completion.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "host/cli/option_table.h"
+
+namespace standin::cli {
+
+namespace {
+
+constexpr std::string_view kScoreEndings[] = {"musicxml", "xml", "mxl"};
+
+// "-o" and "--output" of "-o,--output".
+std::vector<std::string> NamesOf(const OptionRow& row) {
+    std::vector<std::string> names;
+    std::string_view rest = row.names;
+    while (!rest.empty()) {
+        const std::string_view name = rest.substr(0, rest.find(','));
+        names.emplace_back(name);
+        rest.remove_prefix(std::min(rest.size(), name.size() + 1));
+    }
+    return names;
+}
+
+bool IsScore(ValueKind kind) {
+    return kind == ValueKind::kScore || kind == ValueKind::kOutputScore;
+}
+
+// In single quotes, as every shell takes it.
+std::string Quoted(std::string_view text) {
+    std::string quoted = "'";
+    for (const char c : text) {
+        quoted += c == '\'' ? std::string{"'\\''"} : std::string{c};
+    }
+    return quoted + "'";
+}
+
+std::string JoinedNames(std::span<const OptionRow> rows) {
+    std::string joined;
+    for (const OptionRow& row : rows) {
+        for (const std::string& name : NamesOf(row)) {
+            joined += row.IsArgument() ? "" : name + ' ';
+        }
+    }
+    return joined + "-h --help";
+}
+
+std::string CommandNames() {
+    std::string names;
+    for (const CommandRow& command : Commands()) {
+        names += command.forPeople ? std::string{command.name} + ' ' : "";
+    }
+    return names.substr(0, names.size() - 1);
+}
+
+// The choices of a command's first argument; empty when it takes none.
+std::string_view ArgumentChoices(const CommandRow& command) {
+    const bool hasOne = !command.options.empty() && command.options.front().IsArgument();
+    return hasOne ? command.options.front().choices : std::string_view{};
+}
+
+std::string BashValue(const OptionRow& row) {
+    std::string pattern;
+    for (const std::string& name : NamesOf(row)) {
+        pattern += (pattern.empty() ? "" : "|") + name;
+    }
+    const std::string start = "    " + pattern + ") ";
+    if (!row.choices.empty()) {
+        return start + "COMPREPLY=($(compgen -W " + Quoted(row.choices) +
+               " -- \"$word\")); return ;;\n";
+    }
+    return start + (IsScore(row.kind) ? "_plyweld_scores; return ;;\n" : "return ;;\n");
+}
+
+std::string BashScript() {
+    std::string script =
+        "# bash completion for plyweld\n"
+        "_plyweld_scores() {\n"
+        "    compopt -o filenames 2>/dev/null\n"
+        "    mapfile -t COMPREPLY < <(compgen -d -- \"$word\"; compgen -f -X "
+        "'!*.@(musicxml|xml|mxl)' -- \"$word\")\n"
+        "}\n"
+        "_plyweld() {\n"
+        "    shopt -q extglob || shopt -s extglob\n"
+        "    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}\n"
+        "    if [ \"$COMP_CWORD\" -eq 1 ]; then\n"
+        "        COMPREPLY=($(compgen -W '" +
+        CommandNames() +
+        " -h --help -V --version' -- \"$word\"))\n"
+        "        return\n"
+        "    fi\n"
+        "    case ${COMP_WORDS[1]} in\n";
+    for (const CommandRow& command : Commands()) {
+        script += "    " + std::string{command.name} + ")\n    case $previous in\n";
+        for (const OptionRow& row : command.options) {
+            script += row.IsArgument() || row.kind == ValueKind::kNone ? "" : BashValue(row);
+        }
+        const std::string_view choices = ArgumentChoices(command);
+        const bool takesScore = !command.options.empty() && IsScore(command.options.front().kind);
+        script += "    esac\n    case $word in\n    -*) COMPREPLY=($(compgen -W " +
+                  Quoted(JoinedNames(command.options)) + " -- \"$word\")) ;;\n";
+        if (!choices.empty()) {
+            script += "    *) COMPREPLY=($(compgen -W " + Quoted(choices) + " -- \"$word\")) ;;\n";
+        } else if (takesScore) {
+            script += "    *) _plyweld_scores ;;\n";
+        }
+        script += "    esac ;;\n";
+    }
+    return script + "    esac\n}\ncomplete -F _plyweld plyweld\n";
+}
+
+// Text inside the brackets of an argument's description.
+std::string ZshText(std::string_view text) {
+    std::string escaped;
+    for (const char c : text) {
+        escaped += c == ':' || c == '[' || c == ']' ? std::string{'\\', c} : std::string{c};
+    }
+    return escaped;
+}
+
+std::string ZshAction(const OptionRow& row) {
+    if (!row.choices.empty()) {
+        return ":value:(" + std::string{row.choices} + ")";
+    }
+    return IsScore(row.kind) ? ":score:_files -g \"*.(musicxml|xml|mxl)\"" : ":value:";
+}
+
+// One argument of _arguments for each name of the option.
+std::vector<std::string> ZshSpecs(const OptionRow& row) {
+    if (row.IsArgument()) {
+        return {Quoted(ZshAction(row))};
+    }
+    const std::string action = row.kind == ValueKind::kNone ? "" : ZshAction(row);
+    std::vector<std::string> specs;
+    for (const std::string& name : NamesOf(row)) {
+        specs.push_back(Quoted(name + "[" + ZshText(Say(row.help)) + "]" + action));
+    }
+    return specs;
+}
+
+std::string ZshArguments(const CommandRow& command) {
+    std::string text = "    " + std::string{command.name} + ")\n        _arguments";
+    for (const OptionRow& row : command.options) {
+        for (const std::string& spec : ZshSpecs(row)) {
+            text += " \\\n            " + spec;
+        }
+    }
+    for (const std::string& spec : ZshSpecs(HelpOption())) {
+        text += " \\\n            " + spec;
+    }
+    return text + "\n        ;;\n";
+}
+
+std::string ZshScript() {
+    std::string script =
+        "#compdef plyweld\n"
+        "_plyweld() {\n"
+        "    local -a commands\n"
+        "    commands=(\n";
+    for (const CommandRow& command : Commands()) {
+        if (command.forPeople) {
+            script += "        " +
+                      Quoted(std::string{command.name} + ":" + ZshText(Say(command.purpose))) +
+                      '\n';
+        }
+    }
+    script +=
+        "    )\n"
+        "    if (( CURRENT == 2 )); then\n"
+        "        _describe command commands\n"
+        "        return\n"
+        "    fi\n"
+        "    local command=$words[2]\n"
+        "    words=(\"${(@)words[2,-1]}\")\n"
+        "    (( CURRENT-- ))\n"
+        "    case $command in\n";
+    for (const CommandRow& command : Commands()) {
+        script += ZshArguments(command);
+    }
+    return script + "    esac\n}\n_plyweld \"$@\"\n";
+}
+
+std::string FishOption(const OptionRow& row, const std::string& condition) {
+    std::string line = "complete -c plyweld -n " + Quoted(condition);
+    for (const std::string& name : NamesOf(row)) {
+        if (name.starts_with("--")) {
+            line += " -l " + name.substr(2);
+        } else if (name.starts_with("-")) {
+            line += " -s " + name.substr(1);
+        }
+    }
+    line += " -d " + Quoted(Say(row.help));
+    if (row.kind != ValueKind::kNone) {
+        line += row.choices.empty() ? (IsScore(row.kind) ? " -r -F" : " -x")
+                                    : " -x -a " + Quoted(row.choices);
+    }
+    return line + '\n';
+}
+
+std::string FishScript() {
+    std::string script = "# fish completion for plyweld\ncomplete -c plyweld -f\n";
+    for (const CommandRow& command : Commands()) {
+        if (command.forPeople) {
+            script += "complete -c plyweld -n __fish_use_subcommand -a " +
+                      std::string{command.name} + " -d " + Quoted(Say(command.purpose)) + '\n';
+        }
+        const std::string condition = "__fish_seen_subcommand_from " + std::string{command.name};
+        for (const OptionRow& row : command.options) {
+            if (!row.IsArgument()) {
+                script += FishOption(row, condition);
+            } else if (!row.choices.empty()) {
+                script += "complete -c plyweld -n " + Quoted(condition) + " -a " +
+                          Quoted(row.choices) + '\n';
+            } else if (IsScore(row.kind)) {
+                for (const std::string_view ending : kScoreEndings) {
+                    script += "complete -c plyweld -n " + Quoted(condition) +
+                              " -a '(__fish_complete_suffix ." + std::string{ending} + ")'\n";
+                }
+            }
+        }
+        script += FishOption(HelpOption(), condition);
+    }
+    for (const OptionRow& row : ProgramOptions()) {
+        script += FishOption(row, "__fish_use_subcommand");
+    }
+    return script;
+}
+
+}  // namespace
+
+std::string CompletionScript(std::string_view shell) {
+    if (shell == "bash") {
+        return BashScript();
+    }
+    if (shell == "zsh") {
+        return ZshScript();
+    }
+    return shell == "fish" ? FishScript() : std::string{};
+}
+
+}  // namespace standin::cli

@@ -1,0 +1,35 @@
+#include <iostream>
+
+#include "host/cli/commands.h"
+#include "host/cli/help_text.h"
+#include "host/cli/installation.h"
+#include "host/cli/output_file.h"
+#include "host/cli/plugin.h"
+#include "host/cli/stored_options.h"
+#include "host/system/machine.h"
+
+namespace standin::cli {
+
+namespace {
+
+void Print(Text what, const std::string& value) {
+    std::cout << Say(what) << ": " << value << '\n';
+}
+
+}  // namespace
+
+ExitCode Doctor() {
+    std::cout << VersionText();
+    Print(Text::kProgramFile, TextOf(ProgramFolder()));
+    std::string problem;
+    const bool isFound = Plugin::Start(problem) != nullptr;
+    Print(Text::kPluginFound,
+          isFound ? PluginFile() : Say(Text::kNotFound, {PluginFile() + ": " + problem}));
+    Print(Text::kSettingsPlace,
+          Say(SettingsOutliveTheProgram() ? Text::kSettingsInRegistry : Text::kSettingsInMemory,
+              {"HKEY_CURRENT_USER\\" + std::string{kBaseKey}}));
+    Print(Text::kLanguageUsed, std::string{Say(Text::kLanguageName)});
+    return isFound ? kDone : kFailed;
+}
+
+}  // namespace standin::cli

@@ -1,0 +1,35 @@
+// Help and the manual page, made from the table of options.
+#pragma once
+
+#include <string>
+
+#include "host/cli/option_table.h"
+
+namespace standin::cli {
+
+// An invocation to start from, and what it does.
+struct Example {
+    std::string_view line;
+    Text what{};
+};
+
+// The program's exit codes and what each stands for.
+struct ExitCodeRow {
+    std::string_view code;
+    Text meaning{};
+};
+
+std::span<const Example> Examples();
+std::span<const ExitCodeRow> ExitCodes();
+
+// Of the program.
+std::string ProgramHelp();
+std::string CommandHelp(const CommandRow& command);
+
+// The name of the program with its version and those of its libraries.
+std::string VersionText();
+
+// In troff, for man.
+std::string ManualPage();
+
+}  // namespace standin::cli

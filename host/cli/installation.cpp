@@ -1,0 +1,42 @@
+#include "host/cli/installation.h"
+
+#include <filesystem>
+#include <initializer_list>
+
+#include "host/cli/output_file.h"
+#include "host/system/machine.h"
+#include "host/texts/texts.h"
+
+namespace standin::cli {
+
+namespace {
+
+// The first of the places that exists; empty when none does.
+std::string FirstOf(std::initializer_list<std::filesystem::path> places) {
+    for (const std::filesystem::path& place : places) {
+        std::error_code failed;
+        if (std::filesystem::exists(place, failed)) {
+            return TextOf(place.lexically_normal());
+        }
+    }
+    return {};
+}
+
+}  // namespace
+
+std::string PluginFile() {
+    const std::filesystem::path beside = ProgramFolder() / kPluginFile;
+    const std::string found =
+        FirstOf({beside, ProgramFolder() / ".." / "lib" / "plyweld" / kPluginFile});
+    return found.empty() ? TextOf(beside) : found;
+}
+
+std::string GuideFile() {
+    const std::string name =
+        CurrentLanguage() == Language::kSpanish ? "guia-del-usuario" : "user-guide";
+    const std::filesystem::path folder = ProgramFolder();
+    return FirstOf({folder / (name + ".html"), folder / "docs" / (name + ".html"),
+                    folder / ".." / "share" / "doc" / "plyweld" / (name + ".html")});
+}
+
+}  // namespace standin::cli

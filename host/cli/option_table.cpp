@@ -1,0 +1,89 @@
+#include "host/cli/option_table.h"
+
+#include <algorithm>
+
+namespace standin::cli {
+
+namespace {
+
+using enum OptionId;
+using enum ValueKind;
+
+constexpr std::string_view kLayerChoices = "1 2 3 4";
+
+constexpr OptionRow kMergeOptions[] = {
+    {kInput, "IN", Text::kInputHelp, kScore, "", "", "", true},
+    {kOutput, "-o,--output", Text::kOutputHelp, kOutputScore, "OUT", "", "", true},
+    {kFrom, "--from", Text::kFromHelp, kChoice, "LAYER", "all", "all 1 2 3 4"},
+    {kTo, "--to", Text::kToHelp, kChoice, "LAYER", "1", kLayerChoices},
+    {kReplace, "--replace", Text::kReplaceHelp},
+    {kHideRests, "--hide-rests", Text::kHideRestsHelp},
+    {kNoRebeam, "--no-rebeam", Text::kNoRebeamHelp},
+    {kMeasures, "--measures", Text::kMeasuresHelp, kRange, "RANGE"},
+    {kFromBeat, "--from-beat", Text::kFromBeatHelp, kBeat, "BEAT", "1"},
+    {kToBeat, "--to-beat", Text::kToBeatHelp, kBeat, "BEAT"},
+    {kStaves, "--staves", Text::kStavesHelp, kRange, "RANGE"},
+    {kVerify, "--verify", Text::kVerifyHelp},
+    {kJson, "--json", Text::kJsonHelp},
+    {kQuiet, "-q,--quiet", Text::kQuietHelp},
+    {kForce, "--force", Text::kForceHelp},
+};
+
+constexpr OptionRow kShowOptions[] = {
+    {kInput, "IN", Text::kFirstScoreHelp, kScore, "", "", "", true},
+    {kJson, "--json", Text::kJsonHelp},
+};
+
+constexpr OptionRow kCompareOptions[] = {
+    {kInput, "A", Text::kFirstScoreHelp, kScore, "", "", "", true},
+    {kSecondScore, "B", Text::kSecondScoreHelp, kScore, "", "", "", true},
+};
+
+constexpr OptionRow kHelpOptions[] = {
+    {kTopic, "COMMAND", Text::kCommandNameHelp, kChoice, "", "", "merge show compare doctor help"},
+};
+
+constexpr OptionRow kCompletionOptions[] = {
+    {kShell, "SHELL", Text::kShellHelp, kChoice, "", "", "bash zsh fish", true},
+};
+
+constexpr CommandRow kCommands[] = {
+    {"merge", Text::kMergePurpose, kMergeOptions},
+    {"show", Text::kShowPurpose, kShowOptions},
+    {"compare", Text::kComparePurpose, kCompareOptions},
+    {"doctor", Text::kDoctorPurpose, {}},
+    {"help", Text::kHelpPurpose, kHelpOptions},
+    {"completion", Text::kCompletionPurpose, kCompletionOptions, false},
+    {"man", Text::kManPurpose, {}, false},
+};
+
+constexpr OptionRow kProgramOptions[] = {
+    {kHelp, "-h,--help", Text::kHelpHelp},
+    {kVersion, "-V,--version", Text::kVersionHelp},
+};
+
+}  // namespace
+
+std::string OptionRow::LongName() const {
+    return std::string{names.substr(names.find(',') == names.npos ? 0 : names.find(',') + 1)};
+}
+
+std::span<const CommandRow> Commands() {
+    return kCommands;
+}
+
+const CommandRow* FindCommand(std::string_view name) {
+    const auto found = std::find_if(std::begin(kCommands), std::end(kCommands),
+                                    [name](const CommandRow& row) { return row.name == name; });
+    return found == std::end(kCommands) ? nullptr : found;
+}
+
+std::span<const OptionRow> ProgramOptions() {
+    return kProgramOptions;
+}
+
+const OptionRow& HelpOption() {
+    return kProgramOptions[0];
+}
+
+}  // namespace standin::cli

@@ -1,0 +1,71 @@
+// The commands of the program and their options. Parsing, help, completion and the manual page all
+// come from these rows.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "host/texts/texts.h"
+
+namespace standin::cli {
+
+enum class OptionId {
+    kInput,
+    kOutput,
+    kFrom,
+    kTo,
+    kReplace,
+    kHideRests,
+    kNoRebeam,
+    kMeasures,
+    kFromBeat,
+    kToBeat,
+    kStaves,
+    kVerify,
+    kJson,
+    kQuiet,
+    kForce,
+    kSecondScore,
+    kTopic,
+    kShell,
+    kHelp,
+    kVersion,
+};
+
+// What the value of an option is, for its check and for completion.
+enum class ValueKind { kNone, kScore, kOutputScore, kChoice, kRange, kBeat };
+
+struct OptionRow {
+    OptionId id{};
+    // "-o,--output", or a name in capitals for an argument given by its place.
+    std::string_view names;
+    Text help{};
+    ValueKind kind = ValueKind::kNone;
+    std::string_view value{};    // how help names the value
+    std::string_view initial{};  // the value without the option; empty when there is none to show
+    std::string_view choices{};  // separated by blanks
+    bool required = false;
+
+    bool IsArgument() const noexcept { return names.front() != '-'; }
+    // "--output"; the argument's name for an argument.
+    std::string LongName() const;
+};
+
+struct CommandRow {
+    std::string_view name;
+    Text purpose{};
+    std::span<const OptionRow> options;
+    bool forPeople = true;  // listed in help; the others serve packages and shells
+};
+
+std::span<const CommandRow> Commands();
+
+// Null when no command has this name.
+const CommandRow* FindCommand(std::string_view name);
+
+// Those of the program itself and of every command.
+std::span<const OptionRow> ProgramOptions();
+const OptionRow& HelpOption();
+
+}  // namespace standin::cli

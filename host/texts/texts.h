@@ -1,0 +1,29 @@
+// What the programs say to a person, in the language of the user interface.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace standin {
+
+// One for each row of texts.inc.
+enum class Text {
+#define TEXT(name, english, spanish) name,
+#include "host/texts/texts.inc"
+#undef TEXT
+};
+
+enum class Language { kEnglish, kSpanish };
+
+// The language until this is called: English.
+void SetLanguage(Language language);
+Language CurrentLanguage();
+
+// The text as it is, for instance with its placeholders.
+std::string_view Say(Text text);
+
+// The text with {0}, {1} ... replaced by the values in that order. A value may hold braces.
+std::string Say(Text text, const std::vector<std::string>& values);
+
+}  // namespace standin
