@@ -99,7 +99,7 @@ ExitCode Merge(const MergeCommand& command) {
     }
     const MergeRun run = RunMerge(open.GetDocument(), selection, command.options);
     if (!run.problem.empty()) {
-        return Fail(kFailed, run.problem);
+        return Fail(run.stopped ? kInterrupted : kFailed, run.problem);
     }
     const std::string bytes = BytesFor(command.output, open.Score());
     if (original && !bytes.empty()) {

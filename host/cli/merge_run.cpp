@@ -21,7 +21,7 @@ std::string TextOf(const Alert& alert) {
 MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptions& options) {
     const StoredOptions stored{options};
     if (!stored) {
-        return {false, "the options cannot be stored"};
+        return {false, false, "the options cannot be stored"};
     }
     MergeRun run;
     App().alertListener = [&run](const Alert& alert) {
@@ -37,8 +37,9 @@ MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptio
         plugin->RunCommand(&selection, whole);
         run.kept = !document.UndoTexts().empty();
         if (run.problem.empty() && !run.kept) {
+            run.stopped = App().lastProgressStopped != 0;
             run.problem =
-                App().lastProgressStopped != 0 ? "stopped" : "the plug-in changed nothing";
+                run.stopped ? "stopped; nothing was written" : "the plug-in changed nothing";
         }
     } else {
         run.problem = std::string{kPluginFile} + ": " + problem;

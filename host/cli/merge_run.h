@@ -9,8 +9,9 @@
 namespace standin::cli {
 
 struct MergeRun {
-    bool kept = false;    // the edit was ended, not cancelled
-    std::string problem;  // why the run failed; empty when it did not
+    bool kept = false;     // the edit was ended, not cancelled
+    bool stopped = false;  // by the user
+    std::string problem;   // why the run failed; empty when it did not
 };
 
 // Starts the plug-in, runs its command with these options on the current document's selection,

@@ -27,7 +27,7 @@ OpenScore::OpenScore(const std::string& name, OwnLayers own)
     m_score = std::move(result.score);
     const std::string shown = name == kStandardStream ? "standard input" : name;
     if (m_score == nullptr) {
-        std::cerr << shown;
+        std::cerr << "plyweld: " << shown;
         if (result.line > 0) {
             std::cerr << ':' << result.line;
         }

@@ -103,7 +103,7 @@ ExitCode Show(const ShowCommand& command) {
     const MergeRun run = RunMerge(open.GetDocument(), whole, {});
     if (!run.problem.empty()) {
         std::cerr << "plyweld: " << run.problem << '\n';
-        return kFailed;
+        return run.stopped ? kInterrupted : kFailed;
     }
     const MergeReport report = ReportRun(open.Score(), whole, {});
     if (command.json) {

@@ -94,7 +94,7 @@ TEST_F(CommandRun, EveryFormOfOutputHoldsTheSameMusic) {
 TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
     const std::string target = Write("out.musicxml", "kept");
     standin::App().faults.stopAtProgress = 3;
-    EXPECT_EQ(Run({"merge", kCarol, "-o", target}), kFailed);
+    EXPECT_EQ(Run({"merge", kCarol, "-o", target}), kInterrupted);
     EXPECT_NE(errors.find("stopped"), std::string::npos) << errors;
     standin::App().Reset();
 
@@ -341,7 +341,7 @@ TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {
     for (const auto& [input, says] : cases) {
         EXPECT_EQ(Run({"merge", input, "-o", File("out.xml")}), kUnreadable);
         EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
-        EXPECT_EQ(errors.substr(0, input.size() + 1), input + ":");
+        EXPECT_EQ(errors.substr(0, input.size() + 10), "plyweld: " + input + ":");
         EXPECT_NE(errors.find(says), std::string::npos) << errors;
         EXPECT_FALSE(fs::exists(File("out.xml")));
     }

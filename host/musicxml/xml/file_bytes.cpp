@@ -8,12 +8,16 @@ namespace standin {
 
 FileBytes ReadFileBytes(const std::filesystem::path& file) {
     std::error_code failed;
-    if (std::filesystem::is_directory(file, failed)) {
-        return {{}, "the file is a folder"};
+    const std::filesystem::file_status status = std::filesystem::status(file, failed);
+    if (status.type() == std::filesystem::file_type::not_found) {
+        return {{}, "there is no such file"};
+    }
+    if (std::filesystem::is_directory(status)) {
+        return {{}, "this is a folder, not a score"};
     }
     const std::ifstream stream{file, std::ios::binary};
     if (!stream) {
-        return {{}, "the file cannot be opened"};
+        return {{}, "the file cannot be opened for reading"};
     }
     std::ostringstream bytes;
     bytes << stream.rdbuf();
