@@ -10,7 +10,7 @@ page. `tests/packages/notices` compares the table with what the builds really re
 `packaging/notices.sh` makes the notices of each package from it. The code is C++20 and needs nothing
 else at run time: on Windows nothing but Windows' own libraries.
 
-Versions are those of Debian 12. The two libraries built from Debian's sources, and the npm package,
+Versions are those of Debian 12. The two libraries built from Debian's sources, and the npm packages,
 are pinned by hash (`scripts/third-party.sha256`, `scripts/engraver/package-lock.json`). A release
 records the versions it was built with in `BUILT-WITH.txt`.
 

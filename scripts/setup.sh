@@ -85,6 +85,7 @@ native_packages=(g++ cmake ninja-build pkg-config libpugixml-dev libzip-dev libc
 windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev ca-certificates)
 wine_packages=(wine wine64 fonts-wine xvfb xauth locales)
 check_packages=(clang-format-14 clang-tidy-14 libxml2-utils unzip git)
+reader_packages=(musescore3 unzip)
 picture_packages=(librsvg2-bin fonts-liberation)
 
 # pugixml and libzip for the Windows build, in the versions that Debian builds natively: their
