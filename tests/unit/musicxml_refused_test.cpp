@@ -81,6 +81,8 @@ TEST(Refused, MoreThanTheHostsRecordsHold) {
         {"more things at one note",
          Note({.more = "<notations><articulations>" + Repeated(0x10000, "<accent/>") +
                        "</articulations></notations>"})},
+        {"too many voices",
+         Note({}) + Repeated(300, "<backup><duration>2</duration></backup>" + Note({}))},
         {"more directions",
          Note({}) + Repeated(0x10000, "<direction><voice>1</voice></direction>")},
     };

@@ -72,6 +72,8 @@ void MeasureLayers::SplitIntoLines(Voice& voice) {
 
 namespace {
 
+constexpr int kMostLayers = 256;  // of a staff in a measure, those of carried voices too
+
 bool ShareTime(const EntryDraft& a, const EntryDraft& b) {
     const auto isWithin = [](const EntryDraft& grace, const EntryDraft& other) {
         return !(grace.start < other.start) && grace.start < other.End();
@@ -82,7 +84,31 @@ bool ShareTime(const EntryDraft& a, const EntryDraft& b) {
     return a.start < b.End() && b.start < a.End();
 }
 
+// Of two voices, each in order of time and without entries that share time.
+bool ShareTime(const std::vector<EntryDraft*>& a, const std::vector<EntryDraft*>& b) {
+    using Owned = std::pair<const EntryDraft*, bool>;
+    std::vector<Owned> all;
+    for (const EntryDraft* entry : a) {
+        all.emplace_back(entry, true);
+    }
+    for (const EntryDraft* entry : b) {
+        all.emplace_back(entry, false);
+    }
+    std::stable_sort(all.begin(), all.end(), [](const Owned& left, const Owned& right) {
+        return left.first->start < right.first->start;
+    });
+    return std::adjacent_find(all.begin(), all.end(), [](const Owned& left, const Owned& right) {
+               return left.second != right.second && ShareTime(*left.first, *right.first);
+           }) != all.end();
+}
+
 }  // namespace
+
+Problem MeasureLayers::TooManyVoices(const Voice& voice) const {
+    return {"part " + m_part.id + ", staff " + std::to_string(voice.staff + 1) + ", measure " +
+                std::to_string(m_measure) + " has too many voices",
+            voice.entries.front()->text.begin};
+}
 
 int MeasureLayers::FreeLayer(const Used& used) const {
     for (int layer = 0; layer < kLayers; ++layer) {
@@ -94,9 +120,12 @@ int MeasureLayers::FreeLayer(const Used& used) const {
     return -1;
 }
 
-// A layer below 0 stands for one that carries.
+// A layer below 0 stands for one that carries. Returns kMostLayers when there are no more of them.
 int MeasureLayers::TakeLayer(const Voice& voice, int layer, Used& used) {
     if (layer < 0) {
+        if (used.nextCarried == kMostLayers) {
+            return kMostLayers;
+        }
         layer = used.nextCarried++;
         PartMeasure& measure = m_part.measures.back();
         measure.layers = std::max(measure.layers, static_cast<u16>(layer + 1));
@@ -108,11 +137,12 @@ int MeasureLayers::TakeLayer(const Voice& voice, int layer, Used& used) {
     return layer;
 }
 
-void MeasureLayers::ChooseFurtherLayer(Voice& voice, Used& used) {
+Problem MeasureLayers::ChooseFurtherLayer(Voice& voice, Used& used) {
     const int free = FreeLayer(used);
     if (free >= 0 || !ShareLayer(voice)) {
         voice.layer = TakeLayer(voice, free, used);
     }
+    return voice.layer == kMostLayers ? TooManyVoices(voice) : Problem{};
 }
 
 // Its entries join those of a voice of the same staff that it has no time in common with.
@@ -120,11 +150,7 @@ bool MeasureLayers::ShareLayer(Voice& voice) {
     const auto takesIn = [&](const Voice& host) {
         return host.staff == voice.staff && host.layer >= 0 && host.layer < kLayers &&
                !host.isGuest && !m_own[static_cast<std::size_t>(host.layer)] &&
-               host.lines.size() == 1 &&
-               std::none_of(voice.entries.begin(), voice.entries.end(), [&](const auto* entry) {
-                   return std::any_of(host.entries.begin(), host.entries.end(),
-                                      [&](const auto* other) { return ShareTime(*entry, *other); });
-               });
+               host.lines.size() == 1 && !ShareTime(host.entries, voice.entries);
     };
     const auto host = std::find_if(m_voices.begin(), m_voices.end(), takesIn);
     if (host == m_voices.end() || voice.lines.size() > 1) {
@@ -163,7 +189,9 @@ Problem MeasureLayers::ChooseLayers(int staff) {
     }
     for (Voice& voice : m_voices) {
         if (voice.staff == staff && voice.layer < 0) {
-            ChooseFurtherLayer(voice, used);
+            if (Problem problem = ChooseFurtherLayer(voice, used)) {
+                return problem;
+            }
         }
     }
     for (Voice& voice : m_voices) {
@@ -216,7 +244,11 @@ Problem MeasureLayers::StoreVoice(Voice& voice, Used& used) {
         const int free = isCarried ? -1 : FreeLayer(used);
         if (free < 0 && !isCarried && secondVoice == nullptr) {
             secondVoice = &line;
-        } else if (Problem problem = StoreLine(voice, line, TakeLayer(voice, free, used))) {
+            continue;
+        }
+        const int layer = TakeLayer(voice, free, used);
+        if (Problem problem =
+                layer == kMostLayers ? TooManyVoices(voice) : StoreLine(voice, line, layer)) {
             return problem;
         }
     }

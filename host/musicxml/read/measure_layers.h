@@ -64,7 +64,8 @@ private:
 
     static void SplitIntoLines(Voice& voice);
     Problem ChooseLayers(int staff);
-    void ChooseFurtherLayer(Voice& voice, Used& used);
+    Problem ChooseFurtherLayer(Voice& voice, Used& used);
+    Problem TooManyVoices(const Voice& voice) const;
     bool ShareLayer(Voice& voice);
     int FreeLayer(const Used& used) const;
     int TakeLayer(const Voice& voice, int layer, Used& used);
