@@ -8,8 +8,10 @@
 namespace standin::readback {
 namespace {
 
+constexpr std::string_view kSpace = " \t\r\n";
+
 bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+    return text.find_first_not_of(kSpace) == std::string_view::npos;
 }
 
 void AppendEscaped(std::string& out, std::string_view text) {
@@ -97,6 +99,14 @@ std::string CanonicalAttributes(pugi::xml_node node, std::string_view without) {
         text += '"';
     }
     return text;
+}
+
+std::string TrimmedValue(pugi::xml_node node) {
+    const std::string_view text = node.child_value();
+    const std::size_t first = text.find_first_not_of(kSpace);
+    return first == std::string_view::npos
+               ? std::string{}
+               : std::string{text.substr(first, text.find_last_not_of(kSpace) + 1 - first)};
 }
 
 }  // namespace standin::readback

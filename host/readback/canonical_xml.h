@@ -18,4 +18,7 @@ std::string CanonicalXml(pugi::xml_node node);
 // The attributes alone: ` name="value"` each, without the one named.
 std::string CanonicalAttributes(pugi::xml_node node, std::string_view without = {});
 
+// The element's text; values may stand on lines of their own.
+std::string TrimmedValue(pugi::xml_node node);
+
 }  // namespace standin::readback

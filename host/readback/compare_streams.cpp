@@ -73,6 +73,23 @@ void CompareBrokenTuplets(const Comparison& comparison) {
     }
 }
 
+// Readers give what stands apart from its voice to another one.
+void CompareItemsApart(const Comparison& comparison) {
+    std::set<std::tuple<Place, u32>> known;
+    for (const Item& item : comparison.before.score.items) {
+        if (item.isApart) {
+            known.emplace(item.place, item.text);
+        }
+    }
+    for (const Item& item : comparison.after.score.items) {
+        if (item.isApart && !known.contains({item.place, item.text})) {
+            comparison.findings.Add(
+                item.part, item.place,
+                comparison.findings.Quoted(item.text) + " stands apart from its voice");
+        }
+    }
+}
+
 void CompareLengths(const Comparison& comparison) {
     const std::vector<Part>& parts = comparison.before.score.parts;
     for (u32 part = 0; part < parts.size(); ++part) {
@@ -96,6 +113,7 @@ void CompareStreams(const Comparison& comparison) {
         CompareSlips(comparison, slip);
     }
     CompareBrokenTuplets(comparison);
+    CompareItemsApart(comparison);
     CompareLengths(comparison);
 }
 

@@ -1,7 +1,10 @@
 #include "host/readback/notated_length.h"
 
 #include <array>
+#include <string>
 #include <string_view>
+
+#include "host/readback/canonical_xml.h"
 
 namespace standin::readback {
 
@@ -14,7 +17,7 @@ constexpr i64 kQuartersOfMaxima = 32;
 }  // namespace
 
 ExactTime NotatedLength(pugi::xml_node note) {
-    const std::string_view type = note.child_value("type");
+    const std::string type = TrimmedValue(note.child("type"));
     ExactTime length;
     for (std::size_t i = 0; i < kTypes.size(); ++i) {
         if (kTypes[i] == type) {

@@ -2,19 +2,11 @@
 
 #include <string_view>
 
+#include "host/readback/canonical_xml.h"
+
 namespace standin::readback {
 
 namespace {
-
-// Trimmed, since values may stand on lines of their own.
-std::string ValueOf(pugi::xml_node node) {
-    constexpr std::string_view kSpace = " \t\r\n";
-    const std::string_view text = node.child_value();
-    const std::size_t first = text.find_first_not_of(kSpace);
-    return first == std::string_view::npos
-               ? std::string{}
-               : std::string{text.substr(first, text.find_last_not_of(kSpace) + 1 - first)};
-}
 
 std::string AlterationWords(const std::string& alter) {
     static constexpr struct {
@@ -33,17 +25,18 @@ std::string AlterationWords(const std::string& alter) {
 
 std::string PitchWords(pugi::xml_node note) {
     if (const pugi::xml_node pitch = note.child("pitch")) {
-        return ValueOf(pitch.child("step")) + AlterationWords(ValueOf(pitch.child("alter"))) +
-               ValueOf(pitch.child("octave"));
+        return TrimmedValue(pitch.child("step")) +
+               AlterationWords(TrimmedValue(pitch.child("alter"))) +
+               TrimmedValue(pitch.child("octave"));
     }
     const pugi::xml_node unpitched = note.child("unpitched");
-    const std::string at =
-        ValueOf(unpitched.child("display-step")) + ValueOf(unpitched.child("display-octave"));
+    const std::string at = TrimmedValue(unpitched.child("display-step")) +
+                           TrimmedValue(unpitched.child("display-octave"));
     return at.empty() ? "unpitched" : "unpitched " + at;
 }
 
 std::string LengthWords(pugi::xml_node note) {
-    std::string words = ValueOf(note.child("type"));
+    std::string words = TrimmedValue(note.child("type"));
     if (words.empty()) {
         words = "note";
     }

@@ -40,6 +40,7 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
     m_cursor = {};
     m_chordOnset = {};
     m_uncounted = {};
+    m_lastChord = kNone;
     m_score.parts[m_part].measures.push_back(
         {m_texts.Of(measure.attribute("number").value()), m_beat, {}, {}});
     AddItem(Here(0), "<measure" + CanonicalAttributes(measure) + '>');
@@ -59,6 +60,7 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
         }
     }
     Measure().beat = m_beat;
+    PlaceInStreams(kNone);
     m_lines.EndMeasure();
     NumberGraceNotes(firstChord);
     SumVoices(firstChord);
@@ -80,6 +82,7 @@ void PartReading::ReadNote(pugi::xml_node note) {
         BeginChord(note, duration);
     }
     m_notes.Read(note, duration);
+    PlaceInStreams(static_cast<u32>(m_score.chords.size() - 1));
     if (!joins) {
         m_cursor = m_cursor + duration;
     }
@@ -103,7 +106,8 @@ void PartReading::BeginChord(pugi::xml_node note, ExactTime duration) {
     Chord& chord = m_score.chords.emplace_back();
     chord.place = {StaffOf(note), m_measure, m_chordOnset};
     chord.part = m_part;
-    chord.voice = m_texts.Of(note.child("voice") ? note.child("voice").child_value() : "1");
+    const std::string voice = TrimmedValue(note.child("voice"));
+    chord.voice = m_texts.Of(voice.empty() ? "1" : voice);
     chord.grace = note.child("grace") ? 1 : 0;
     chord.duration = duration;
     chord.rest = note.child("rest");
@@ -148,6 +152,12 @@ void PartReading::ReadItem(pugi::xml_node node) {
     }
     ReadDirectionLines(node, place);
     AddItem(place, CanonicalXml(node), closes);
+    if (HasName(node, "direction") || HasName(node, "harmony") || HasName(node, "figured-bass")) {
+        const std::string voice = TrimmedValue(node.child("voice"));
+        m_unplaced.push_back({static_cast<u32>(m_score.items.size() - 1),
+                              voice.empty() ? kNone : m_texts.Of(voice),
+                              !node.child("staff").empty()});
+    }
 }
 
 void PartReading::ReadDirectionLines(pugi::xml_node direction, const Place& place) {
@@ -169,8 +179,25 @@ void PartReading::PairNewEnds() {
     }
 }
 
+// Where no staff is named, that of the next note counts, or of the last before the measure's end.
+void PartReading::PlaceInStreams(u32 next) {
+    const u32 chord = next != kNone ? next : m_lastChord;
+    for (const StreamItem& unplaced : m_unplaced) {
+        Item& item = m_score.items[unplaced.item];
+        if (chord != kNone && !unplaced.namesStaff) {
+            item.place.staff = m_score.chords[chord].place.staff;
+        }
+        const auto isOf = [&](u32 beside) {
+            return beside != kNone && m_score.chords[beside].voice == unplaced.voice;
+        };
+        item.isApart = unplaced.voice != kNone && !isOf(next) && !isOf(m_lastChord);
+    }
+    m_unplaced.clear();
+    m_lastChord = next;
+}
+
 void PartReading::AddItem(const Place& place, std::string text, bool closesMeasure) {
-    m_score.items.push_back({m_part, place, closesMeasure, m_texts.Of(std::move(text))});
+    m_score.items.push_back({m_part, place, closesMeasure, false, m_texts.Of(std::move(text))});
 }
 
 // Counts back from the note that they lead to, in each voice.

@@ -6,6 +6,7 @@
 #include <set>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "host/readback/line_pairing.h"
 #include "host/readback/note_reading.h"
@@ -21,6 +22,13 @@ public:
     bool Read(pugi::xml_node part);
 
 private:
+    // An item that says too little about where it belongs: readers go by the notes beside it.
+    struct StreamItem {
+        u32 item = 0;
+        u32 voice = kNone;
+        bool namesStaff = false;
+    };
+
     void ReadMeasure(pugi::xml_node measure);
     void ReadNote(pugi::xml_node note);
     ExactTime LengthOfNone(pugi::xml_node note);
@@ -30,6 +38,7 @@ private:
     void ReadItem(pugi::xml_node node);
     void ReadDirectionLines(pugi::xml_node direction, const Place& place);
     void PairNewEnds();
+    void PlaceInStreams(u32 next);
     void AddItem(const Place& place, std::string text, bool closesMeasure = false);
     void NumberGraceNotes(u32 firstChord);
     void SumVoices(u32 firstChord);
@@ -51,8 +60,10 @@ private:
     ExactTime m_beat{1, 1};
     ExactTime m_cursor;
     ExactTime m_chordOnset;
-    ExactTime m_uncounted;   // what the cursor is ahead of the file's count
-    std::set<u32> m_broken;  // tuplets by their starts
+    ExactTime m_uncounted;               // what the cursor is ahead of the file's count
+    u32 m_lastChord = kNone;             // of the measure
+    std::vector<StreamItem> m_unplaced;  // since then
+    std::set<u32> m_broken;              // tuplets by their starts
 };
 
 // What one beat takes as the time signature counts, in quarter notes; the fallback when it cannot

@@ -34,10 +34,10 @@ u32 StavesOf(pugi::xml_node part) {
 
 void ReadHeader(pugi::xml_node root, Score& score, Texts& texts) {
     score.items.push_back(
-        {kNone, {}, false, texts.Of("<score-partwise" + CanonicalAttributes(root) + '>')});
+        {kNone, {}, false, false, texts.Of("<score-partwise" + CanonicalAttributes(root) + '>')});
     for (const pugi::xml_node child : root.children()) {
         if (child.type() == pugi::node_element && std::string_view{child.name()} != "part") {
-            score.items.push_back({kNone, {}, false, texts.Of(CanonicalXml(child))});
+            score.items.push_back({kNone, {}, false, false, texts.Of(CanonicalXml(child))});
         }
     }
 }

@@ -108,6 +108,7 @@ struct Item {
     u32 part = 0;  // from 0
     Place place;
     bool closesMeasure = false;
+    bool isApart = false;  // names a voice, and no note of that voice is beside it in the text
     u32 text = 0;
 };
 

@@ -73,6 +73,12 @@ std::string Grace(std::string_view pitch, std::string_view voice) {
     return Note({pitch, 0, "16th", voice, {}, kGrace});
 }
 
+const std::string kHarmony = "<harmony><root><root-step>C</root-step></root></harmony>";
+
+std::string DirectionOf(const std::string& voice) {
+    return "<direction><sound/><voice>" + voice + "</voice></direction>";
+}
+
 using Measures = std::vector<std::string>;
 
 const struct {
@@ -215,6 +221,15 @@ const struct {
      {Grace("D5", "1") + Grace("E5", "1") + Half("C5")},
      {Grace("E5", "1") + Grace("D5", "1") + Half("C5")},
      "1: grace notes change their order\n"},
+    {"HarmonyChangesItsStaff",
+     {Half("C5") + Backup(4) + kHarmony + Half("C3", "5", OnStaff2())},
+     {kHarmony + Half("C5") + Backup(4) + Half("C3", "5", OnStaff2())},
+     "1: <harmony><root><root-step>C</root-step></root></harmony> gained\n"
+     "m. 1, staff 2, beat 1: <harmony><root><root-step>C</root-step></root></harmony> lost\n"},
+    {"DirectionApartFromItsVoice",
+     {DirectionOf("1") + Half("C5") + Backup(4) + Half("A4", "2")},
+     {DirectionOf("3") + Half("A4", "2") + Backup(4) + Half("C5", "3")},
+     "1: <direction><sound/></direction> stands apart from its voice\n"},
     {"RatioLost",
      {kSixthsOfQuarter + Third("C5")},
      {kSixthsOfQuarter + Note({.pitch = "C5", .type = "eighth"})},
