@@ -103,7 +103,7 @@ void EntryTexts::Clear() {
     notes.clear();
     beams = 0;
     stem = 0;
-    tuplet = {};
+    tuplets.clear();
 }
 
 void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts& texts) {
@@ -138,9 +138,9 @@ void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts
                 break;
             }
             case Tag::kTuplet:
-                if (texts.tuplet.start == 0 && texts.tuplet.stop == 0) {
-                    std::memcpy(&texts.tuplet, bytes.data() + kTupletTextOffset,
-                                sizeof(texts.tuplet));
+                if (const TupletText text = TupletTextOf(bytes);
+                    text.start != 0 || text.stop != 0) {
+                    texts.tuplets.push_back(text);
                 }
                 break;
             case Tag::kShapeOnEntry:
@@ -152,6 +152,12 @@ void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts
         }
     });
     ShareOut(entry, texts);
+}
+
+TupletText TupletTextOf(const Bytes& record) {
+    TupletText text{};
+    std::memcpy(&text, record.data() + kTupletTextOffset, sizeof(text));
+    return text;
 }
 
 int NoteOfSpanner(const EXENTRY& entry, const SpannerAtEntry& end) {

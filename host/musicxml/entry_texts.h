@@ -37,7 +37,7 @@ struct EntryTexts {
     std::vector<NoteDetail> notes;
     FragmentId beams = 0;  // the first on record counts
     FragmentId stem = 0;
-    TupletText tuplet{};
+    std::vector<TupletText> tuplets;  // those with brackets
 
     void Clear();
 };
@@ -45,6 +45,9 @@ struct EntryTexts {
 // Replaces what texts held. Of equal notes in a chord, details that all stand on the first are
 // shared out again. A spanner whose other end is no longer marked is left out.
 void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts& texts);
+
+// The brackets in a tuplet's record.
+TupletText TupletTextOf(const Bytes& record);
 
 // Calls visit(element) for each element of a bundle: attributes first, then elements.
 template <typename Visit>

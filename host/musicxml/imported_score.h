@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <utility>
 #include <vector>
 
 #include "host/musicxml/fragments.h"
@@ -59,6 +60,8 @@ struct ScorePart {
     std::string id;
     std::string name;
     std::vector<StaffVoices> staves;  // from the top; at least one
+    // The measures where brackets of tuplets start and stop, of those that cross a barline.
+    std::map<u32, std::pair<u16, u16>> crossingBrackets;
     std::vector<PartMeasure> measures;
     bool namesVoices = false;     // its notes say their voice
     bool namesStaves = false;     // and their staff

@@ -87,10 +87,13 @@ struct SpannerText {
 
 #pragma pack(pop)
 
-// In a tuplet record's own bytes, from offset 8 on: the brackets that start and stop there.
+// In a tuplet record's own bytes, from offset 8 on: the elements of its bracket. A tuplet that the
+// file wrote without one has none; a bracket that could not become one tuplet of the host has a
+// record for each end, at that end's entry.
 struct TupletText {
     FragmentId start;
     FragmentId stop;
+    u32 bracket;  // the same number for all that belongs to one bracket, on all staves of its voice
 };
 
 inline constexpr std::size_t kSpannerTextOffset = 36;
@@ -99,6 +102,6 @@ inline constexpr std::size_t kLyricFragmentOffset = 4;
 inline constexpr std::size_t kExpressionItemOffset = 4;
 
 static_assert(sizeof(EntryText) == 12 && sizeof(NoteText) == 12 && sizeof(NoteText24) == 24);
-static_assert(sizeof(TieText) == 36 && sizeof(SpannerText) == 16 && sizeof(TupletText) == 8);
+static_assert(sizeof(TieText) == 36 && sizeof(SpannerText) == 16 && sizeof(TupletText) == 12);
 
 }  // namespace standin

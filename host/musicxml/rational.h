@@ -1,6 +1,7 @@
 // Exact musical time. Unit: a quarter note.
 #pragma once
 
+#include <algorithm>
 #include <numeric>
 
 #include "shell/host/host_types.h"
@@ -29,6 +30,8 @@ struct Rational {
     static constexpr Rational OfUnits(i64 units) noexcept { return Of(units, kQuarterNote); }
 
     constexpr bool IsValid() const noexcept { return den != 0; }
+    // In the host's duration units.
+    constexpr bool IsWholeUnits() const noexcept { return den != 0 && kQuarterNote % den == 0; }
     constexpr bool IsZero() const noexcept { return num == 0 && den != 0; }
     constexpr bool operator==(const Rational&) const = default;
 };
@@ -53,6 +56,23 @@ constexpr Rational operator-(Rational a) noexcept {
 }
 constexpr Rational operator-(Rational a, Rational b) noexcept {
     return a + -b;
+}
+constexpr Rational operator*(Rational a, Rational b) noexcept {
+    if (!a.IsValid() || !b.IsValid()) {
+        return Rational::Invalid();
+    }
+    const i64 first = std::max<i64>(std::gcd(a.num, b.den), 1);
+    const i64 second = std::max<i64>(std::gcd(b.num, a.den), 1);
+    const auto product = [](i64 x, i64 y) {
+        const bool fits = y == 0 || (x < 0 ? -x : x) <= Rational::kLargest / (y < 0 ? -y : y);
+        return fits ? x * y : Rational::kLargest;
+    };
+    return Rational::Of(product(a.num / first, b.num / second),
+                        product(a.den / second, b.den / first));
+}
+// Invalid when b is not positive.
+constexpr Rational operator/(Rational a, Rational b) noexcept {
+    return a * (b.num > 0 ? Rational{b.den, b.num} : Rational::Invalid());
 }
 constexpr bool operator<(Rational a, Rational b) noexcept {
     return (a - b).num < 0;

@@ -16,6 +16,7 @@ struct OpenTuplet {
     i64 symbolicSpan;   // duration units as written
     i64 referenceSpan;  // duration units as played, in the tuplet around it
     TimePosition filled;
+    std::size_t run;  // its place among the runs
 };
 
 // The place in time that one voice has reached.
@@ -24,8 +25,13 @@ public:
     explicit VoiceClock(TimePosition start) : m_position{start} {}
 
     TimePosition Position() const { return m_position; }
+    std::vector<TupletRun>& Runs() { return m_runs; }
 
-    void OpenTuplets(u32 entry, const RecordStore& records) {
+    // What comes next starts outside all tuplets.
+    void CloseTuplets() { m_tuplets.clear(); }
+
+    // place: of the entry, for the runs.
+    void OpenTuplets(u32 entry, std::size_t place, bool isGrace, const RecordStore& records) {
         const RecordStore::Table& tuplets = records.OfTag(Tag::kTuplet);
         for (auto at = tuplets.lower_bound(RecordKey::OfEntry(entry));
              at != tuplets.end() && at->first.Entry() == entry; ++at) {
@@ -33,16 +39,21 @@ public:
             const i64 symbolic = i64{tuplet.symbolicCount} * tuplet.symbolicUnitDuration;
             const i64 reference = i64{tuplet.referenceCount} * tuplet.referenceUnitDuration;
             const bool isUsable =
-                tuplet.symbolicCount > 0 && tuplet.referenceCount > 0 && symbolic > 0 &&
+                !isGrace && tuplet.symbolicCount > 0 && tuplet.referenceCount > 0 && symbolic > 0 &&
                 reference > 0 && symbolic <= kLongestSpan && reference <= kLongestSpan &&
                 symbolic <= reference * kLargestRatio && reference <= symbolic * kLargestRatio;
+            const int outer = m_tuplets.empty() ? -1 : static_cast<int>(m_tuplets.back().run);
+            m_runs.push_back({place, place, outer, &at->second});
             if (isUsable && m_tuplets.size() < kDeepestNesting) {
-                m_tuplets.push_back({symbolic, reference, TimePosition{}});
+                m_tuplets.push_back({symbolic, reference, TimePosition{}, m_runs.size() - 1});
             }
         }
     }
 
-    void Advance(i64 duration) {
+    void Advance(i64 duration, std::size_t place) {
+        for (const OpenTuplet& open : m_tuplets) {
+            m_runs[open.run].last = place;
+        }
         TimePosition time{duration};
         for (auto open = m_tuplets.rbegin(); open != m_tuplets.rend(); ++open) {
             time = time.Scaled(open->referenceSpan, open->symbolicSpan);
@@ -67,15 +78,20 @@ private:
 
     TimePosition m_position;
     std::vector<OpenTuplet> m_tuplets;  // the innermost last
+    std::vector<TupletRun> m_runs;
 };
+
+bool IsGrace(const EXENTRY& entry) {
+    return (entry.flags & EntryFlag::kGrace) != 0;
+}
 
 void TakeTime(EXENTRY& entry, VoiceClock& clock, const RecordStore& records) {
     const i32 start = clock.Position().Rounded();
     entry.elapsedTime = start;
     entry.actualDuration = 0;
-    if ((entry.flags & EntryFlag::kGrace) == 0) {
-        clock.OpenTuplets(entry.entryNumber, records);
-        clock.Advance(entry.duration);
+    if (!IsGrace(entry)) {
+        clock.OpenTuplets(entry.entryNumber, 0, false, records);
+        clock.Advance(entry.duration, 0);
         entry.actualDuration = clock.Position().Rounded() - start;
     }
 }
@@ -95,6 +111,25 @@ void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records) {
         }
         TakeTime(entry, voice1, records);
     }
+}
+
+std::vector<TupletRun> TupletRunsOf(const std::vector<EXENTRY>& entries, bool voice2,
+                                    const RecordStore& records) {
+    VoiceClock clock{TimePosition{}};
+    for (std::size_t place = 0; place < entries.size(); ++place) {
+        const EXENTRY& entry = entries[place];
+        if (((entry.flags & EntryFlag::kVoice2) != 0) != voice2) {
+            if (voice2 && (entry.flags & EntryFlag::kLaunchVoice2) != 0) {
+                clock.CloseTuplets();
+            }
+            continue;
+        }
+        clock.OpenTuplets(entry.entryNumber, place, IsGrace(entry), records);
+        if (!IsGrace(entry)) {
+            clock.Advance(entry.duration, place);
+        }
+    }
+    return std::move(clock.Runs());
 }
 
 }  // namespace standin

@@ -1,6 +1,7 @@
 // When the entries of a frame start and how long they take.
 #pragma once
 
+#include <cstddef>
 #include <vector>
 
 #include "host/score/record_store.h"
@@ -19,6 +20,20 @@ namespace standin {
 // that is not positive or beyond 2^20 units, with a ratio beyond 1:64 or 64:1, or nested deeper
 // than four, is taken as none.
 void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records);
+
+// A tuplet on record and the entries that count in it.
+struct TupletRun {
+    std::size_t first = 0;  // places among the frame's entries
+    std::size_t last = 0;
+    int outer = -1;  // the place among the runs of the tuplet around it; -1 = none
+    const Bytes* record = nullptr;
+};
+
+// The tuplets of the voice-1 or the voice-2 entries, by the rules above: in the order of their
+// first entries, outer ones before those inside. One that is taken as none, or that stands at a
+// grace entry, has that entry alone. Valid until a tuplet's record changes.
+std::vector<TupletRun> TupletRunsOf(const std::vector<EXENTRY>& entries, bool voice2,
+                                    const RecordStore& records);
 
 // In duration units from the start of the measure.
 inline i32 EndOf(const EXENTRY& entry) {

@@ -5,7 +5,6 @@
 
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/write/beam_writer.h"
-#include "host/musicxml/write/tuplet_brackets.h"
 #include "host/score/tags.h"
 #include "tests/unit/musicxml_support.h"
 
@@ -241,22 +240,6 @@ TEST(Beams, EndWhereTheirVoiceNowEnds) {
     EXPECT_EQ(Count(written, ">begin<"), 1);
     EXPECT_EQ(Count(written, ">continue<"), 0);
     EXPECT_EQ(Count(written, ">end<"), 1);
-}
-
-TEST(Brackets, OnlyPairsAroundSomethingShownAreKept) {
-    const std::string start = "<tuplet type=\"start\"/>";
-    const std::string stop = "<tuplet type=\"stop\"/>";
-    const std::string outer = "<tuplet type=\"start\" number=\"2\"/>";
-    std::vector<EntryBrackets> entries{
-        {stop, outer + start, false},  // the stop ends nothing, the outer start never ends
-        {stop, "", false},
-        {"", start, true},
-        {stop, "", true},  // around hidden rests only
-    };
-    DropUnpairedBrackets(entries);
-    EXPECT_EQ(entries[0].stops + entries[0].starts, start);
-    EXPECT_EQ(entries[1].stops, stop);
-    EXPECT_EQ(entries[2].starts + entries[3].stops, "");
 }
 
 TEST(Encodings, GoOutAsTheyCameIn) {

@@ -9,6 +9,7 @@ add_executable(test_musicxml
   "${CMAKE_CURRENT_LIST_DIR}/musicxml_refused_test.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/musicxml_slips_test.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/musicxml_times_test.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/musicxml_tuplets_test.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/musicxml_write_test.cpp")
 target_compile_definitions(test_musicxml PRIVATE
   PLYWELD_CORPUS="${PLYWELD_CORPUS}" PLYWELD_SUITE="${PLYWELD_SUITE}")

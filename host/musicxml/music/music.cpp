@@ -119,8 +119,10 @@ private:
         for (const SpannerAtEntry& end : m_texts.spanners) {
             AddSpanner(end);
         }
-        Attach(Kind::kLook, m_texts.tuplet.start);
-        Attach(Kind::kLook, m_texts.tuplet.stop);
+        for (const TupletText& tuplet : m_texts.tuplets) {
+            Attach(Kind::kLook, tuplet.start);
+            Attach(Kind::kLook, tuplet.stop);
+        }
         Attach(Kind::kLook, m_texts.beams);
         Attach(Kind::kLook, form.rest);
         Attach(Kind::kLook, form.timeModification);

@@ -1,11 +1,10 @@
 #include "host/musicxml/read/measure_layers.h"
 
 #include <algorithm>
-#include <cstring>
+#include <map>
+#include <set>
 
-#include "host/musicxml/note_details.h"
-#include "host/musicxml/read/entry_length.h"
-#include "host/score/tags.h"
+#include "host/musicxml/read/line_frame.h"
 
 namespace standin {
 
@@ -25,6 +24,8 @@ EntryDraft& MeasureLayers::Add(int staff, std::string_view name) {
     }
     EntryDraft& draft = m_drafts.emplace_back();
     draft.entry.entryNumber = m_score.document->NewEntryNumber();
+    draft.staff = staff;
+    draft.voice = name;
     voice->entries.push_back(&draft);
     return draft;
 }
@@ -76,12 +77,12 @@ constexpr int kMostLayers = 256;  // of a staff in a measure, those of carried v
 
 bool ShareTime(const EntryDraft& a, const EntryDraft& b) {
     const auto isWithin = [](const EntryDraft& grace, const EntryDraft& other) {
-        return !(grace.start < other.start) && grace.start < other.End();
+        return !(grace.start < SpanStart(other)) && grace.start < SpanEnd(other);
     };
     if (a.Grace() || b.Grace()) {
         return a.start == b.start || isWithin(a, b) || isWithin(b, a);
     }
-    return a.start < b.End() && b.start < a.End();
+    return SpanStart(a) < SpanEnd(b) && SpanStart(b) < SpanEnd(a);
 }
 
 // Of two voices, each in order of time and without entries that share time.
@@ -204,9 +205,41 @@ Problem MeasureLayers::ChooseLayers(int staff) {
     return {};
 }
 
+// A tuplet is whole in its line, and has its time there for itself.
+void MeasureLayers::DissolveTornTuplets(const Voice& voice) {
+    std::map<TupletGroup*, const Line*> homes;
+    std::set<TupletGroup*> torn;
+    for (const Line& line : voice.lines) {
+        TupletGroup* running = nullptr;
+        Rational end{};
+        for (const EntryDraft* draft : line.entries) {
+            if (draft->Grace()) {
+                continue;
+            }
+            TupletGroup* group = draft->tuplet != nullptr ? &draft->tuplet->Outermost() : nullptr;
+            if (group != running) {
+                if (SpanStart(*draft) < end) {
+                    torn.insert({group, running});
+                }
+                running = group;
+            }
+            if (group != nullptr && homes.try_emplace(group, &line).first->second != &line) {
+                torn.insert(group);
+            }
+            end = std::max(end, SpanEnd(*draft));
+        }
+    }
+    torn.erase(nullptr);
+    for (TupletGroup* group : torn) {
+        TupletGroups::Dissolve(*group);
+    }
+}
+
 Problem MeasureLayers::Store() {
+    m_tuplets.Find(m_drafts, m_measure);
     for (Voice& voice : m_voices) {
         SplitIntoLines(voice);
+        DissolveTornTuplets(voice);
     }
     for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
         if (Problem problem = ChooseLayers(static_cast<int>(staff))) {
@@ -218,7 +251,7 @@ Problem MeasureLayers::Store() {
 
 Problem MeasureLayers::StoreLine(const Voice& voice, const Line& line, int layer) {
     std::vector<EXENTRY> frame;
-    if (Problem problem = AppendLine(line, 0, {}, frame)) {
+    if (Problem problem = LayOut(line, 0, {}, frame)) {
         return problem;
     }
     PutFrame(voice.staff, layer, std::move(frame));
@@ -256,7 +289,7 @@ Problem MeasureLayers::StoreVoice(Voice& voice, Used& used) {
         return StoreLine(voice, voice.lines.front(), voice.layer);
     }
     std::vector<EXENTRY> frame;
-    if (Problem problem = AppendLine(voice.lines.front(), 0, {}, frame)) {
+    if (Problem problem = LayOut(voice.lines.front(), 0, {}, frame)) {
         return problem;
     }
     if (Problem problem = AppendSecondVoice(voice, *secondVoice, frame)) {
@@ -277,7 +310,7 @@ Problem MeasureLayers::AppendSecondVoice(const Voice& voice, const Line& line,
         while (at < frame.size() && frame[at].entryNumber != draft->entry.entryNumber) {
             ++at;
         }
-        const bool starts = !draft->Grace() && !(line.entries.front()->start < draft->start);
+        const bool starts = !draft->Grace() && !(SpanStart(*line.entries.front()) < draft->start);
         if (starts && at < frame.size()) {
             launcher = at;
             start = draft->start;
@@ -285,7 +318,7 @@ Problem MeasureLayers::AppendSecondVoice(const Voice& voice, const Line& line,
     }
     frame[launcher].flags |= EntryFlag::kLaunchVoice2;
     std::vector<EXENTRY> second;
-    if (Problem problem = AppendLine(line, EntryFlag::kVoice2, start, second)) {
+    if (Problem problem = LayOut(line, EntryFlag::kVoice2, start, second)) {
         return problem;
     }
     frame.insert(frame.begin() + static_cast<std::ptrdiff_t>(launcher) + 1, second.begin(),
@@ -293,66 +326,15 @@ Problem MeasureLayers::AppendSecondVoice(const Voice& voice, const Line& line,
     return {};
 }
 
-Problem MeasureLayers::AppendLine(const Line& line, u32 flags, Rational from,
-                                  std::vector<EXENTRY>& frame) {
-    Rational time = from;
+Problem MeasureLayers::LayOut(const Line& line, u32 flags, Rational from,
+                              std::vector<EXENTRY>& frame) {
+    LineFrame built{m_score, flags, from};
     for (EntryDraft* draft : line.entries) {
-        if (time < draft->start) {
-            AppendGap(time, draft->start, flags, frame);
-        }
-        if (Problem problem = AppendEntry(*draft, flags, frame)) {
+        if (Problem problem = built.Append(*draft)) {
             return problem;
         }
-        time = draft->End();
     }
-    return {};
-}
-
-// Hidden rests; more than one when the gap is longer than an entry can be.
-void MeasureLayers::AppendGap(Rational from, Rational to, u32 flags, std::vector<EXENTRY>& frame) {
-    i64 start = RoundToUnits(from);
-    const i64 end = RoundToUnits(to);
-    constexpr i64 kStep = 8 * 4 * kQuarterNote - 4 * kQuarterNote;
-    while (start < end) {
-        EXENTRY gap{};
-        WrittenForm form;
-        const i64 length = std::min(end - start, kStep);
-        form.gap = true;
-        form.length = length == end - RoundToUnits(from) ? to - from : Rational::OfUnits(length);
-        gap.entryNumber = m_score.document->NewEntryNumber();
-        gap.duration = static_cast<i16>(length);
-        gap.flags = flags | EntryFlag::kNoNotes | EntryFlag::kIgnore;
-        form.notated = gap.duration;
-        gap.fieldAt12 = m_score.forms.Intern(form);
-        frame.push_back(gap);
-        start += length;
-    }
-}
-
-Problem MeasureLayers::AppendEntry(EntryDraft& draft, u32 flags, std::vector<EXENTRY>& frame) {
-    EXENTRY& entry = draft.entry;
-    entry.flags |= flags;
-    const i64 actual = RoundToUnits(draft.End()) - RoundToUnits(draft.start);
-    if (actual == 0 && !draft.Grace() && entry.noteCount > 0) {
-        return {"a note lasts less than 1/1024 of a quarter note, the shortest that the host knows",
-                draft.text.begin};
-    }
-    const auto length =
-        LengthOfEntry(NotatedLength(draft.form.type, draft.form.dots), actual, draft.Grace());
-    if (!length) {
-        return {"a duration that an entry cannot have", draft.text.begin};
-    }
-    entry.duration = length->duration;
-    draft.form.notated = length->duration;
-    entry.fieldAt12 = m_score.forms.Intern(draft.form);
-    if (length->needsTuplet || draft.tupletStarts != 0 || draft.tupletStops != 0) {
-        EDTTuplet2005 tuplet = length->tuplet;
-        const TupletText text{draft.tupletStarts, draft.tupletStops};
-        std::memcpy(reinterpret_cast<char*>(&tuplet) + kTupletTextOffset, &text, sizeof(text));
-        m_score.document->Records().Create(
-            Tag::kTuplet, RecordKey::OfEntry(entry.entryNumber, kAppend), BytesOf(tuplet));
-    }
-    frame.push_back(entry);
+    frame = built.Take();
     return {};
 }
 

@@ -7,26 +7,17 @@
 
 #include "host/musicxml/imported_score.h"
 #include "host/musicxml/problem.h"
+#include "host/musicxml/read/tuplet_groups.h"
 
 namespace standin {
-
-// An entry on its way into a frame.
-struct EntryDraft {
-    EXENTRY entry{};
-    WrittenForm form;
-    Rational start{};
-    FragmentId tupletStarts = 0;  // brackets
-    FragmentId tupletStops = 0;
-    CarriedText text{};      // its <note> elements
-    bool isOnePiece = true;  // with nothing between them
-    bool Grace() const noexcept { return (entry.flags & EntryFlag::kGrace) != 0; }
-    Rational End() const noexcept { return Grace() ? start : start + form.length; }
-};
 
 class MeasureLayers {
 public:
     MeasureLayers(ImportedScore& score, ScorePart& part, std::array<bool, kLayers> ownLayers)
-        : m_score{score}, m_part{part}, m_own{ownLayers} {}
+        : m_score{score},
+          m_part{part},
+          m_own{ownLayers},
+          m_tuplets{score.fragments, part.crossingBrackets} {}
 
     void Begin(u16 measure);
 
@@ -72,15 +63,15 @@ private:
     Problem StoreVoice(Voice& voice, Used& used);
     Problem StoreLine(const Voice& voice, const Line& line, int layer);
     void KeepText(const Line& line);
-    Problem AppendLine(const Line& line, u32 flags, Rational from, std::vector<EXENTRY>& frame);
-    void AppendGap(Rational from, Rational to, u32 flags, std::vector<EXENTRY>& frame);
-    Problem AppendEntry(EntryDraft& draft, u32 flags, std::vector<EXENTRY>& frame);
+    static void DissolveTornTuplets(const Voice& voice);
+    Problem LayOut(const Line& line, u32 flags, Rational from, std::vector<EXENTRY>& frame);
     Problem AppendSecondVoice(const Voice& voice, const Line& line, std::vector<EXENTRY>& frame);
     void PutFrame(int staff, int layer, std::vector<EXENTRY> frame);
 
     ImportedScore& m_score;
     ScorePart& m_part;
     std::array<bool, kLayers> m_own;
+    TupletGroups m_tuplets;
     u16 m_measure = 0;
     std::deque<EntryDraft> m_drafts;
     std::vector<Voice> m_voices;  // in order of first appearance in the measure

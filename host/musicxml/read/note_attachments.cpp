@@ -121,10 +121,7 @@ bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
     m_dotsArePlain = true;
     m_tieStart = {};
     m_tieEnd = {};
-    if (IsFirst()) {
-        m_tupletStarts.clear();
-        m_tupletStops.clear();
-    }
+    m_brackets.clear();
     if (note.node.first_attribute()) {
         const bool hiddenRest = note.rest && note.hidden;
         const std::string shown = hiddenRest
@@ -280,10 +277,10 @@ void NoteAttachments::ReadNotation(pugi::xml_node notation, std::string_view att
     if (IsSpanner(name) && ReadSpanner(notation, element)) {
         return;
     }
-    if (!IsFirst() || (IsOfOneNote(name) && m_place.entry->noteCount > 0)) {
+    if (name == "tuplet") {
+        m_brackets += element;
+    } else if (!IsFirst() || (IsOfOneNote(name) && m_place.entry->noteCount > 0)) {
         AddExtra(element);
-    } else if (name == "tuplet") {
-        ReadTuplet(notation, element);
     } else if (name == "articulations" && wrapped.empty() && !notation.first_attribute()) {
         ReadArticulations(notation);
     } else if (name == "ornaments" && wrapped.empty() && !notation.first_attribute()) {
@@ -337,11 +334,6 @@ bool NoteAttachments::ReadSpanner(pugi::xml_node spanner, std::string_view eleme
     ending.note = {note.pitch, note.second};
     m_spanners.Add(std::move(ending));
     return true;
-}
-
-void NoteAttachments::ReadTuplet(pugi::xml_node tuplet, std::string_view element) {
-    const bool isStart = std::strcmp(tuplet.attribute("type").value(), "start") == 0;
-    (isStart ? m_tupletStarts : m_tupletStops) += element;
 }
 
 void NoteAttachments::StoreExtras(const NoteElement& note) {

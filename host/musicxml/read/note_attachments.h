@@ -32,9 +32,8 @@ public:
     // False when the entry's records cannot hold all that hangs on it.
     [[nodiscard]] bool Read(const NoteElement& note, const EntryPlace& place);
 
-    // The brackets that start and stop at the entry read last with its first note.
-    FragmentId TupletStarts() { return m_fragments.InternCopy(m_tupletStarts); }
-    FragmentId TupletStops() { return m_fragments.InternCopy(m_tupletStops); }
+    // The <tuplet> elements of the note read last.
+    const std::string& Brackets() const { return m_brackets; }
 
 private:
     struct TieElements {
@@ -55,7 +54,6 @@ private:
     void ReadArticulations(pugi::xml_node articulations);
     void ReadOrnaments(pugi::xml_node ornaments);
     void ReadTie(pugi::xml_node node, std::string_view element);
-    void ReadTuplet(pugi::xml_node tuplet, std::string_view element);
     bool ReadSpanner(pugi::xml_node spanner, std::string_view element);
     void StoreExtras(const NoteElement& note);
     void StoreRestExtras();
@@ -83,8 +81,7 @@ private:
     TieElements m_tieStart;
     TieElements m_tieEnd;
     bool m_fits = true;
-    std::string m_tupletStarts;
-    std::string m_tupletStops;
+    std::string m_brackets;
 };
 
 }  // namespace standin

@@ -1,6 +1,7 @@
 #include "host/musicxml/read/note_reader.h"
 
 #include <cstring>
+#include <iterator>
 
 #include "host/musicxml/pitch.h"
 #include "host/musicxml/xml/xml_node.h"
@@ -15,6 +16,16 @@ std::optional<int> StepOf(std::string_view name) {
     constexpr std::string_view kSteps = "CDEFGAB";
     const std::size_t step = name.size() == 1 ? kSteps.find(name.front()) : kSteps.npos;
     return step == kSteps.npos ? std::nullopt : std::optional{static_cast<int>(step)};
+}
+
+NoteRatio RatioOf(pugi::xml_node timeModification) {
+    const auto count = [&](const char* name) {
+        return IntegerOf(timeModification.child_value(name)).value_or(0);
+    };
+    const NoteType unit = NoteTypeOf(Trimmed(timeModification.child_value("normal-type")));
+    const auto dots = timeModification.children("normal-dot");
+    return {count("actual-notes"), count("normal-notes"),
+            NotatedLength(unit, static_cast<int>(std::distance(dots.begin(), dots.end())))};
 }
 
 bool IsPlain(std::string_view restElement) {
@@ -110,6 +121,7 @@ Problem NoteReader::Read(pugi::xml_node node, Rational divisions, int fifths, No
             ++note.dots;
         } else if (name == "time-modification") {
             note.timeModification = m_fragments.Intern(TextOf(m_text, child));
+            note.ratio = RatioOf(child);
         }
         if (problem) {
             return problem;

@@ -9,6 +9,7 @@
 #include "host/musicxml/note_values.h"
 #include "host/musicxml/problem.h"
 #include "host/musicxml/rational.h"
+#include "host/musicxml/read/entry_draft.h"
 
 namespace standin {
 
@@ -27,6 +28,7 @@ struct NoteElement {
     u16 pitchFragment = 0;  // the whole element, where the field cannot say it
     FragmentId restElement = 0;
     FragmentId timeModification = 0;
+    NoteRatio ratio;  // that it tells
 };
 
 class NoteReader {

@@ -323,6 +323,7 @@ bool PartReader::AddNote(EntryDraft& draft, const NoteElement& note, bool isNew)
         draft.form.type = note.type;
         draft.form.dots = static_cast<u8>(std::min(note.dots, 15));
         draft.form.timeModification = note.timeModification;
+        draft.ratio = note.ratio;
         draft.form.rest = note.restElement;
         entry.flags |= note.grace ? EntryFlag::kGrace : 0U;
         entry.flags |= note.rest ? EntryFlag::kNoNotes : EntryFlag::kNote;
@@ -339,9 +340,9 @@ bool PartReader::AddNote(EntryDraft& draft, const NoteElement& note, bool isNew)
         head.flags = u32{head.noteID} << 16U;
     }
     const bool fits = m_attachments.Read(note, place);
-    if (isNew) {
-        draft.tupletStarts = m_attachments.TupletStarts();
-        draft.tupletStops = m_attachments.TupletStops();
+    if (!m_attachments.Brackets().empty()) {
+        draft.brackets = m_score.fragments.InternCopy(
+            std::string{m_score.fragments[draft.brackets]}.append(m_attachments.Brackets()));
     }
     return fits;
 }

@@ -1,48 +1,28 @@
 #include "host/musicxml/write/crossing_ends.h"
 
 #include <algorithm>
-#include <cstring>
 #include <map>
 
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/write/beam_writer.h"
 #include "host/musicxml/write/timed_entries.h"
-#include "host/musicxml/write/tuplet_brackets.h"
-#include "host/score/tags.h"
 
 namespace standin {
 namespace {
 
 struct ImportedEntry {
     Rational time{};
-    EntryBrackets brackets;
     std::string beams;
     BeamedEntry beamed;
 };
 
 using Voices = std::map<std::string, std::vector<ImportedEntry>>;  // in playing order
 
-TupletText ImportedBrackets(const Document& document, u32 entry) {
-    TupletText text{};
-    for (u16 inci = 0; text.start == 0 && text.stop == 0; ++inci) {
-        const Bytes* record =
-            document.ImportedRecord(Tag::kTuplet, RecordKey::OfEntry(entry, inci));
-        if (record == nullptr) {
-            break;
-        }
-        std::memcpy(&text, record->data() + kTupletTextOffset, sizeof(text));
-    }
-    return text;
-}
-
 ImportedEntry EntryOf(const ImportedScore& score, const TimedEntry& timed) {
     const EXENTRY& entry = *timed.entry;
-    const TupletText brackets = ImportedBrackets(*score.document, entry.entryNumber);
     const Bytes* beams =
         score.document->ImportedRecord(DetailTag::kBeams, RecordKey::OfEntry(entry.entryNumber));
-    ImportedEntry result{timed.start, {}, {}, {}};
-    result.brackets.stops = score.fragments[brackets.stop];
-    result.brackets.starts = score.fragments[brackets.start];
+    ImportedEntry result{timed.start, {}, {}};
     if (beams != nullptr) {
         result.beams = score.fragments[FromBytes<EntryText>(*beams).fragment];
     }
@@ -77,11 +57,8 @@ Voices VoicesOf(const ImportedScore& score, const ScorePart& part, u16 measure) 
 }
 
 // What mending takes away or turns has its other end in another measure.
-CrossingEnds Difference(const ImportedEntry& entry, const EntryBrackets& brackets,
-                        const BeamedEntry& beamed) {
-    CrossingEnds ends{entry.time, {}, entry.beams};
-    ends.brackets += brackets.stops != entry.brackets.stops ? entry.brackets.stops : "";
-    ends.brackets += brackets.starts != entry.brackets.starts ? entry.brackets.starts : "";
+CrossingEnds Difference(const ImportedEntry& entry, const BeamedEntry& beamed) {
+    CrossingEnds ends{entry.time, entry.beams};
     for (std::size_t level = 0; level < beamed.levels.size(); ++level) {
         const Beam was = entry.beamed.levels[level];
         const Beam is = beamed.levels[level];
@@ -94,17 +71,14 @@ CrossingEnds Difference(const ImportedEntry& entry, const EntryBrackets& bracket
 }
 
 void AddCrossing(const std::vector<ImportedEntry>& voice, std::vector<CrossingEnds>& all) {
-    std::vector<EntryBrackets> brackets;
     std::vector<BeamedEntry> beamed;
     for (const ImportedEntry& entry : voice) {
-        brackets.push_back(entry.brackets);
         beamed.push_back(entry.beamed);
     }
-    DropUnpairedBrackets(brackets);
     MakeBeamsWhole(beamed);
     for (std::size_t i = 0; i < voice.size(); ++i) {
-        const CrossingEnds ends = Difference(voice[i], brackets[i], beamed[i]);
-        if (!ends.brackets.empty() || ends.beamsGo || ends.beamsCome) {
+        const CrossingEnds ends = Difference(voice[i], beamed[i]);
+        if (ends.beamsGo || ends.beamsCome) {
             all.push_back(ends);
         }
     }

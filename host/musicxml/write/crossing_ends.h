@@ -1,5 +1,4 @@
-// What crosses a barline in one voice: brackets of tuplets and beams that have only one end in the
-// measure.
+// The beams of one voice that cross a barline.
 #pragma once
 
 #include <string>
@@ -12,7 +11,6 @@ namespace standin {
 // Of one entry of the measure as it was read.
 struct CrossingEnds {
     Rational time{};
-    std::string brackets;    // <tuplet> elements
     std::string beams;       // all its <beam> elements
     bool beamsCome = false;  // from the measure before
     bool beamsGo = false;    // on to the measure after

@@ -81,6 +81,8 @@ MeasureWriter::MeasureWriter(const ImportedScore& score, std::size_t part, std::
 
 std::string MeasureWriter::Write() {
     CollectStreams();
+    DropFillers();
+    PlaceBracketsOfVoices();
     MendLines();
     CollectItems();
     if (m_original.changesDivisions) {
@@ -110,9 +112,9 @@ void MeasureWriter::CollectStreams() {
             const Frame* imported = m_score.document->ImportedFrame(key);
             const bool bothAre = frame != nullptr && imported != nullptr;
             if (bothAre ? !(*imported == *frame) : imported != frame) {
-                m_changedVoices.insert(VoiceName(staff, layer));
+                m_changedVoices.insert(VoiceName(m_measure, staff, layer));
                 for (const EXENTRY& entry : (imported != nullptr ? imported : frame)->entries) {
-                    m_changedVoices.insert(VoiceName(staff, layer, entry.entryNumber));
+                    m_changedVoices.insert(VoiceName(m_measure, staff, layer, entry.entryNumber));
                 }
             }
             if (frame != nullptr) {
@@ -144,42 +146,159 @@ void MeasureWriter::CollectStreams(const Frame& frame, FrameKey key, std::size_t
 
 void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t staff,
                                   const std::vector<TimedEntry>& entries) {
-    const auto isFiller = [this](const TimedEntry& timed) {
-        return IsFiller(*timed.entry, m_score.forms[timed.entry->fieldAt12]);
-    };
-    if (std::all_of(entries.begin(), entries.end(), isFiller)) {
-        return;
+    std::set<u32> known;
+    if (const Frame* imported = m_score.document->ImportedFrame(key)) {
+        for (const EXENTRY& entry : imported->entries) {
+            known.insert(entry.entryNumber);
+        }
     }
     Stream& stream = m_streams.emplace_back();
-    stream.voice = VoiceName(staff, key.layer, entries.front().entry->entryNumber);
+    stream.voice = VoiceName(m_measure, staff, key.layer, entries.front().entry->entryNumber);
+    std::vector<std::size_t> indices;
     for (const TimedEntry& timed : entries) {
-        if (m_score.forms[timed.entry->fieldAt12].gap && timed.entry->noteCount == 0 &&
-            (timed.entry->flags & EntryFlag::kIgnore) != 0) {
-            continue;
-        }
         Event& event = stream.events.emplace_back();
         event.time = timed;
         event.staff = staff;
         event.layer = key.layer;
         event.beamedByHost = frame.BeamedByHost();
         GatherEntryTexts(*m_score.document, *timed.entry, event.texts);
+        const WrittenForm& form = m_score.forms[timed.entry->fieldAt12];
         const bool isHiddenRest =
             timed.entry->noteCount == 0 && (timed.entry->flags & EntryFlag::kIgnore) != 0;
-        event.brackets = {std::string{m_score.fragments[event.texts.tuplet.stop]},
-                          std::string{m_score.fragments[event.texts.tuplet.start]}, isHiddenRest};
+        event.isFiller = IsFiller(*timed.entry, form);
+        event.place = {timed.start, timed.start + timed.length, !(form.gap && isHiddenRest),
+                       event.isFiller};
+        event.cameIn = !known.contains(timed.entry->entryNumber);
+        const auto index = static_cast<std::size_t>(timed.entry - frame.entries.data());
+        indices.push_back(index);
         if (frame.BeamedByHost()) {
-            const auto index = static_cast<std::size_t>(timed.entry - frame.entries.data());
             event.beams = WriteBeams(frame.beams[index]);
         } else {
             event.beams = m_score.fragments[event.texts.beams];
         }
     }
+    AddBracketTuplets(frame.entries, m_score.document->Records(), indices, stream.tuplets);
+}
+
+// What is all filler is not written, unless a tuplet would lack what it has on this staff.
+void MeasureWriter::DropFillers() {
+    const auto isFiller = [](const Stream& stream) {
+        return std::all_of(stream.events.begin(), stream.events.end(),
+                           [](const Event& event) { return event.isFiller; });
+    };
+    std::set<std::pair<std::string, u32>> shared;
+    for (const Stream& stream : m_streams) {
+        for (const BracketTuplet& tuplet : stream.tuplets) {
+            if (!isFiller(stream) || m_part.crossingBrackets.contains(tuplet.text.bracket)) {
+                shared.insert({stream.voice, tuplet.text.bracket});
+            }
+        }
+    }
+    std::erase_if(m_streams, [&](const Stream& stream) {
+        return isFiller(stream) &&
+               std::none_of(stream.tuplets.begin(), stream.tuplets.end(),
+                            [&](const BracketTuplet& tuplet) {
+                                return shared.contains({stream.voice, tuplet.text.bracket});
+                            });
+    });
+}
+
+// Where part of a tuplet was on another staff of its voice, and came into another voice, it takes
+// hidden rests to fill the tuplet.
+void MeasureWriter::WriteGapsThatCameIn(const std::vector<Event*>& events,
+                                        const std::vector<BracketTuplet>& tuplets) {
+    for (const BracketTuplet& tuplet : tuplets) {
+        for (std::size_t i = tuplet.first; i <= tuplet.last && i < events.size(); ++i) {
+            BracketPlace& gap = events[i]->place;
+            gap.isWritten = gap.isWritten ||
+                            (events[i]->cameIn &&
+                             std::none_of(events.begin(), events.end(), [&gap](const Event* other) {
+                                 return other->place.isWritten && other->place.start < gap.end &&
+                                        gap.start < other->place.end;
+                             }));
+        }
+    }
+}
+
+void MeasureWriter::PlaceBracketsOfVoices() {
+    std::set<std::string> done;
+    for (const Stream& stream : m_streams) {
+        if (done.insert(stream.voice).second) {
+            PlaceBracketsOf(stream.voice);
+        }
+    }
+    for (Stream& stream : m_streams) {
+        std::erase_if(stream.events, [](const Event& event) { return !event.place.isWritten; });
+    }
+}
+
+void MeasureWriter::PlaceBracketsOf(const std::string& voice) {
+    std::vector<Event*> events;
+    std::vector<BracketTuplet> tuplets;
+    for (Stream& stream : m_streams) {
+        if (stream.voice != voice) {
+            continue;
+        }
+        const int firstTuplet = static_cast<int>(tuplets.size());
+        for (BracketTuplet tuplet : stream.tuplets) {
+            tuplet.first += events.size();
+            tuplet.last += events.size();
+            tuplet.outer += tuplet.outer < 0 ? 0 : firstTuplet;
+            tuplets.push_back(tuplet);
+        }
+        for (Event& event : stream.events) {
+            events.push_back(&event);
+        }
+    }
+    WriteGapsThatCameIn(events, tuplets);
+    std::vector<BracketPlace> places;
+    places.reserve(events.size());
+    for (const Event* event : events) {
+        places.push_back(event->place);
+    }
+    PlaceBrackets(places, tuplets, m_score.fragments,
+                  [&](const TupletText& text) { return HasOtherEnd(voice, text); });
+    for (std::size_t i = 0; i < events.size(); ++i) {
+        events[i]->place = std::move(places[i]);
+    }
+}
+
+// The other end of a bracket that crosses a barline, in the same voice.
+bool MeasureWriter::HasOtherEnd(const std::string& voice, const TupletText& text) const {
+    const auto crossing = m_part.crossingBrackets.find(text.bracket);
+    if (crossing == m_part.crossingBrackets.end()) {
+        return false;
+    }
+    const auto& [first, last] = crossing->second;
+    const u16 measure = text.start != 0 ? last : first;
+    const auto isOther = [&](const EXENTRY& entry) {
+        EntryTexts texts;
+        GatherEntryTexts(*m_score.document, entry, texts);
+        return std::any_of(texts.tuplets.begin(), texts.tuplets.end(), [&](const TupletText& end) {
+            return end.bracket == text.bracket && (end.start != 0) != (text.start != 0);
+        });
+    };
+    for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
+        for (u16 layer = 0; layer < m_part.measures[measure - 1U].layers; ++layer) {
+            const Frame* frame =
+                m_score.document->FindFrame({m_part.staves[staff].staff, measure, layer});
+            const auto isOtherHere = [&](const EXENTRY& entry) {
+                return VoiceName(measure, staff, layer, entry.entryNumber) == voice &&
+                       isOther(entry);
+            };
+            if (frame != nullptr &&
+                std::any_of(frame->entries.begin(), frame->entries.end(), isOtherHere)) {
+                return true;
+            }
+        }
+    }
+    return false;
 }
 
 // As it is written: the layer's own voice; for a layer that never had one, the first number not
 // in use.
-std::string MeasureWriter::VoiceName(std::size_t staff, u16 layer, u32 entry) const {
-    const std::string& known = m_part.staves[staff].NameAt(m_measure, layer, entry);
+std::string MeasureWriter::VoiceName(u16 measure, std::size_t staff, u16 layer, u32 entry) const {
+    const std::string& known = m_part.staves[staff].NameAt(measure, layer, entry);
     if (!known.empty()) {
         return Escaped(known);
     }
@@ -237,24 +356,8 @@ void MeasureWriter::MendLines() {
 }
 
 void MeasureWriter::MendLine(Line line) {
-    MendBrackets(line);
     std::erase_if(line, [](const Event* event) { return event->beamedByHost; });
     MendBeams(line);
-}
-
-void MeasureWriter::MendBrackets(const Line& line) const {
-    std::vector<EntryBrackets> brackets;
-    brackets.reserve(line.size());
-    for (Event* event : line) {
-        brackets.push_back(std::move(event->brackets));
-        for (const CrossingEnds& ends : m_crossing) {
-            brackets.back().crossing += ends.time == event->time.start ? ends.brackets : "";
-        }
-    }
-    DropUnpairedBrackets(brackets);
-    for (std::size_t i = 0; i < brackets.size(); ++i) {
-        line[i]->brackets = std::move(brackets[i]);
-    }
 }
 
 void MeasureWriter::MendBeams(const Line& line) const {
@@ -306,8 +409,7 @@ void MeasureWriter::WriteStream(const Stream& stream) {
                                                                    : std::string_view{};
         context.staff = m_part.namesStaves ? static_cast<int>(event.staff) + 1 : 0;
         context.beams = event.beams;
-        context.tupletStops = event.brackets.stops;
-        context.tupletStarts = event.brackets.starts;
+        context.brackets = event.place.brackets;
         m_notes.Write(context, event.texts, m_out);
         m_time = event.time.start + event.time.length;
         m_reached = m_reached < m_time ? m_time : m_reached;
@@ -378,7 +480,8 @@ std::string MeasureWriter::WithVoiceOf(std::size_t item, std::string_view elemen
             }
             if (isThis) {
                 return result.replace(static_cast<std::size_t>(voice.data() - element.data()),
-                                      voice.size(), VoiceName(staff, static_cast<u16>(layer - 1)));
+                                      voice.size(),
+                                      VoiceName(m_measure, staff, static_cast<u16>(layer - 1)));
             }
         }
     }

@@ -30,13 +30,16 @@ private:
         u16 layer = 0;
         EntryTexts texts;
         std::string beams;
-        EntryBrackets brackets;
+        BracketPlace place;
         bool beamedByHost = false;
+        bool isFiller = false;  // nobody needs to see it written when its voice holds nothing else
+        bool cameIn = false;    // since the import
     };
     // Entries that follow one another in one voice.
     struct Stream {
         std::vector<Event> events;
         std::string voice;
+        std::vector<BracketTuplet> tuplets;  // in places among the events
     };
     using Line = std::vector<Event*>;
 
@@ -44,11 +47,17 @@ private:
     void CollectStreams(const Frame& frame, FrameKey key, std::size_t staff, bool voice2);
     void CollectStream(const Frame& frame, FrameKey key, std::size_t staff,
                        const std::vector<TimedEntry>& entries);
-    std::string VoiceName(std::size_t staff, u16 layer, u32 entry = 0) const;
+    // entry: of the layer, or 0.
+    std::string VoiceName(u16 measure, std::size_t staff, u16 layer, u32 entry = 0) const;
+    void DropFillers();
+    void PlaceBracketsOfVoices();
+    void PlaceBracketsOf(const std::string& voice);
+    static void WriteGapsThatCameIn(const std::vector<Event*>& events,
+                                    const std::vector<BracketTuplet>& tuplets);
+    bool HasOtherEnd(const std::string& voice, const TupletText& text) const;
     void MendLines();
     void MendLine(Line line);
     void MendBeams(const Line& line) const;
-    void MendBrackets(const Line& line) const;
     void CollectItems();
     void WriteStream(const Stream& stream);
     bool WriteCarried(const Event& event);

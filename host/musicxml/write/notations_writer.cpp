@@ -80,9 +80,8 @@ void NoteWriter::Notations(int index) {
     }
     CollectSpanners(index);
     if (index == 0) {
-        for (const std::string_view brackets : {m_context->tupletStops, m_context->tupletStarts}) {
-            ForEachElement(brackets, [this](std::string_view element) { AddNotation(element); });
-        }
+        ForEachElement(m_context->brackets,
+                       [this](std::string_view element) { AddNotation(element); });
         for (const EntryText& text : m_texts->texts) {
             const std::string_view element = m_score.fragments[text.fragment];
             if (text.kind == EntryTextKind::kArticulation) {

@@ -18,11 +18,10 @@ struct NoteContext {
     TimedEntry time;
     Rational divisions{};
     int fifths = 0;
-    std::string_view voice;        // empty = not written
-    int staff = 0;                 // from 1; 0 = not written
-    std::string_view beams;        // the elements
-    std::string_view tupletStops;  // likewise
-    std::string_view tupletStarts;
+    std::string_view voice;     // empty = not written
+    int staff = 0;              // from 1; 0 = not written
+    std::string_view beams;     // the elements
+    std::string_view brackets;  // those of tuplets
 };
 
 class NoteWriter {

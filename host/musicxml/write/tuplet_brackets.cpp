@@ -1,6 +1,9 @@
 #include "host/musicxml/write/tuplet_brackets.h"
 
 #include <algorithm>
+#include <map>
+#include <set>
+#include <tuple>
 
 #include "host/musicxml/entry_texts.h"
 
@@ -8,77 +11,198 @@ namespace standin {
 namespace {
 
 struct Bracket {
-    std::size_t entry = 0;
-    bool isStart = false;
-    std::string element;
+    FragmentId start = 0;
+    FragmentId stop = 0;
+    std::vector<const BracketTuplet*> tuplets;  // on its staves
+    std::size_t depth = 0;
     std::string number;
-    bool kept = false;
+    BracketPlace* first = nullptr;
+    BracketPlace* last = nullptr;
+    bool isShown = false;
 };
 
-std::vector<Bracket> BracketsOf(const std::vector<EntryBrackets>& entries) {
-    std::vector<Bracket> brackets;
-    const auto add = [&brackets](std::size_t entry, const std::string& elements, bool isStart) {
-        ForEachElement(elements, [&](std::string_view element) {
-            const bool isWrapped = ElementName(element) == "notations";
-            const std::string_view inner = isWrapped ? element.substr(TagEnd(element, 0)) : element;
-            const std::string_view number = AttributeText(inner, "number");
-            brackets.push_back({entry, isStart, std::string{element},
-                                std::string{number.empty() ? "1" : number}, false});
-        });
-    };
-    for (std::size_t entry = 0; entry < entries.size(); ++entry) {
-        add(entry, entries[entry].stops, false);
-        add(entry, entries[entry].starts, true);
+using Places = std::vector<BracketPlace>;
+
+// Calls visit for each place of the tuplet that is written.
+template <typename Visit>
+void ForEachWritten(Places& places, const BracketTuplet& tuplet, Visit visit) {
+    for (std::size_t i = tuplet.first; i <= tuplet.last && i < places.size(); ++i) {
+        if (places[i].isWritten) {
+            visit(places[i]);
+        }
     }
-    return brackets;
 }
 
-bool IsShownBetween(const std::vector<EntryBrackets>& entries, std::size_t first,
-                    std::size_t last) {
-    const auto begin = entries.begin();
-    return std::any_of(begin + static_cast<std::ptrdiff_t>(first),
-                       begin + static_cast<std::ptrdiff_t>(last) + 1,
-                       [](const EntryBrackets& entry) { return !entry.hidden; });
+void TakeInto(Bracket& bracket, BracketPlace& place) {
+    const auto starts = [](const BracketPlace* a) { return std::tuple{a->start, a}; };
+    const auto ends = [](const BracketPlace* a) { return std::tuple{a->end, a}; };
+    if (bracket.first == nullptr || starts(&place) < starts(bracket.first)) {
+        bracket.first = &place;
+    }
+    if (bracket.last == nullptr || ends(bracket.last) < ends(&place)) {
+        bracket.last = &place;
+    }
+    bracket.isShown |= !place.isLeftBehind;
 }
 
-bool CrossesBarline(const Bracket& bracket, const EntryBrackets& entry) {
-    return !entry.hidden && entry.crossing.find(bracket.element) != std::string::npos;
+// On one staff where one has all of its time.
+void FindEnds(Places& places, Bracket& bracket) {
+    for (const BracketTuplet* tuplet : bracket.tuplets) {
+        ForEachWritten(places, *tuplet, [&](BracketPlace& place) { TakeInto(bracket, place); });
+    }
+    for (const BracketTuplet* tuplet : bracket.tuplets) {
+        Bracket part;
+        ForEachWritten(places, *tuplet, [&](BracketPlace& place) { TakeInto(part, place); });
+        if (part.first != nullptr && part.first->start == bracket.first->start &&
+            part.last->end == bracket.last->end) {
+            bracket.first = part.first;
+            bracket.last = part.last;
+            return;
+        }
+    }
 }
+
+std::string_view InnerElement(std::string_view element) {
+    return ElementName(element) == "notations" ? element.substr(TagEnd(element, 0)) : element;
+}
+
+// The element with an attribute, also where it stands inside <notations>.
+std::string With(std::string_view element, std::string_view name, std::string_view value) {
+    const std::string_view inner = InnerElement(element);
+    return std::string{element.substr(0, element.size() - inner.size())} +
+           WithAttribute(inner, name, value);
+}
+
+std::string NumberOf(std::string_view element) {
+    const std::string_view number = AttributeText(InnerElement(element), "number");
+    return std::string{number.empty() ? "1" : number};
+}
+
+std::string FreeNumber(const std::string& wanted, const std::set<std::string>& taken) {
+    std::string number = wanted;
+    for (int next = 1; taken.contains(number); ++next) {
+        number = std::to_string(next);
+    }
+    return number;
+}
+
+class BracketPlacing {
+public:
+    BracketPlacing(Places& places, const std::vector<BracketTuplet>& tuplets,
+                   const Fragments& fragments)
+        : m_places{places}, m_tuplets{tuplets}, m_fragments{fragments} {}
+
+    void Collect() {
+        for (const BracketTuplet& tuplet : m_tuplets) {
+            if (tuplet.text.start == 0 && tuplet.text.stop == 0) {
+                continue;
+            }
+            Bracket& bracket = m_brackets[tuplet.text.bracket];
+            bracket.start = bracket.start != 0 ? bracket.start : tuplet.text.start;
+            bracket.stop = bracket.stop != 0 ? bracket.stop : tuplet.text.stop;
+            bracket.tuplets.push_back(&tuplet);
+        }
+        for (auto& [id, bracket] : m_brackets) {
+            FindEnds(m_places, bracket);
+            for (int outer = bracket.tuplets.front()->outer; outer >= 0; outer = Outer(outer)) {
+                ++bracket.depth;
+            }
+        }
+    }
+
+    void Place(const std::function<bool(const TupletText&)>& hasOtherEnd) {
+        std::vector<std::pair<u32, Bracket*>> kept;
+        for (auto& [id, bracket] : m_brackets) {
+            const bool isWhole = bracket.start != 0 && bracket.stop != 0;
+            if (bracket.first != nullptr &&
+                (isWhole || hasOtherEnd({bracket.start, bracket.stop, id}))) {
+                kept.emplace_back(id, &bracket);
+            }
+        }
+        std::stable_sort(kept.begin(), kept.end(), [](const auto& a, const auto& b) {
+            return a.second->depth < b.second->depth;
+        });
+        for (const auto& [id, bracket] : kept) {
+            Number(*bracket);
+        }
+        for (const auto& [id, bracket] : kept) {
+            if (bracket->start != 0) {
+                bracket->first->brackets += Element(*bracket, bracket->start);
+            }
+        }
+        for (auto at = kept.rbegin(); at != kept.rend(); ++at) {
+            const Bracket& bracket = *at->second;
+            if (bracket.stop != 0) {
+                const std::string stop = Element(bracket, bracket.stop);
+                std::string& brackets = bracket.last->brackets;
+                brackets.insert(bracket.start != 0 ? brackets.size() : 0, stop);
+            }
+        }
+    }
+
+private:
+    int Outer(int tuplet) const { return m_tuplets[static_cast<std::size_t>(tuplet)].outer; }
+
+    // The brackets around have theirs already.
+    void Number(Bracket& bracket) {
+        std::set<std::string> taken;
+        for (int outer = bracket.tuplets.front()->outer; outer >= 0; outer = Outer(outer)) {
+            const auto around =
+                m_brackets.find(m_tuplets[static_cast<std::size_t>(outer)].text.bracket);
+            if (around != m_brackets.end()) {
+                taken.insert(around->second.number);
+            }
+        }
+        bracket.number = FreeNumber(
+            NumberOf(m_fragments[bracket.start != 0 ? bracket.start : bracket.stop]), taken);
+    }
+
+    std::string Element(const Bracket& bracket, FragmentId fragment) const {
+        std::string element{m_fragments[fragment]};
+        if (NumberOf(element) != bracket.number) {
+            element = With(element, "number", bracket.number);
+        }
+        if (!bracket.isShown && fragment == bracket.start) {
+            element = With(With(element, "bracket", "no"), "show-number", "none");
+        }
+        return element;
+    }
+
+    Places& m_places;
+    const std::vector<BracketTuplet>& m_tuplets;
+    const Fragments& m_fragments;
+    std::map<u32, Bracket> m_brackets;  // by number
+};
 
 }  // namespace
 
-void DropUnpairedBrackets(std::vector<EntryBrackets>& entries) {
-    std::vector<Bracket> brackets = BracketsOf(entries);
-    std::vector<Bracket*> open;
-    for (Bracket& bracket : brackets) {
-        if (bracket.isStart) {
-            open.push_back(&bracket);
+void AddBracketTuplets(const std::vector<EXENTRY>& entries, const RecordStore& records,
+                       const std::vector<std::size_t>& indices,
+                       std::vector<BracketTuplet>& tuplets) {
+    const bool voice2 =
+        !indices.empty() && (entries[indices.front()].flags & EntryFlag::kVoice2) != 0;
+    std::vector<int> added;  // by run; -1 = none of its entries has a place
+    for (const TupletRun& run : TupletRunsOf(entries, voice2, records)) {
+        const auto first = std::lower_bound(indices.begin(), indices.end(), run.first);
+        const auto end = std::upper_bound(first, indices.end(), run.last);
+        if (first == end) {
+            added.push_back(-1);
             continue;
         }
-        const auto start = std::find_if(open.rbegin(), open.rend(), [&](const Bracket* candidate) {
-            return candidate->number == bracket.number;
-        });
-        if (start != open.rend()) {
-            bracket.kept = IsShownBetween(entries, (*start)->entry, bracket.entry);
-            (*start)->kept = bracket.kept;
-            open.erase(std::next(start).base());
-        } else {
-            bracket.kept = CrossesBarline(bracket, entries[bracket.entry]);
-        }
+        added.push_back(static_cast<int>(tuplets.size()));
+        tuplets.push_back({static_cast<std::size_t>(first - indices.begin()),
+                           static_cast<std::size_t>(end - indices.begin()) - 1,
+                           run.outer < 0 ? -1 : added[static_cast<std::size_t>(run.outer)],
+                           TupletTextOf(*run.record)});
     }
-    for (Bracket* start : open) {
-        start->kept = CrossesBarline(*start, entries[start->entry]);
-    }
-    for (EntryBrackets& entry : entries) {
-        entry.stops.clear();
-        entry.starts.clear();
-    }
-    for (const Bracket& bracket : brackets) {
-        if (bracket.kept) {
-            EntryBrackets& entry = entries[bracket.entry];
-            (bracket.isStart ? entry.starts : entry.stops) += bracket.element;
-        }
-    }
+}
+
+void PlaceBrackets(Places& places, const std::vector<BracketTuplet>& tuplets,
+                   const Fragments& fragments,
+                   const std::function<bool(const TupletText&)>& hasOtherEnd) {
+    BracketPlacing placing{places, tuplets, fragments};
+    placing.Collect();
+    placing.Place(hasOtherEnd);
 }
 
 }  // namespace standin

@@ -1,21 +1,45 @@
-// The brackets of tuplets in one voice, made whole where a change broke them.
+// Where the brackets of tuplets stand in one voice of a measure.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
+#include "host/musicxml/fragments.h"
+#include "host/musicxml/note_details.h"
+#include "host/musicxml/rational.h"
+#include "host/score/entry_times.h"
+
 namespace standin {
 
-// The <tuplet> elements of one entry.
-struct EntryBrackets {
-    std::string stops;
-    std::string starts;
-    bool hidden = false;     // a rest that is not shown
-    std::string crossing{};  // those that have their other end in another measure
+// An entry of the voice, on any of its staves.
+struct BracketPlace {
+    Rational start{};
+    Rational end{};
+    bool isWritten = true;      // false: a gap
+    bool isLeftBehind = false;  // a hidden rest where music was
+    std::string brackets{};     // the result: its <tuplet> elements in the order to write
 };
 
-// Takes out starts without a stop, stops without a start, unless they cross a barline, and pairs
-// around nothing but hidden rests. Entries in playing order.
-void DropUnpairedBrackets(std::vector<EntryBrackets>& entries);
+// A tuplet on record.
+struct BracketTuplet {
+    std::size_t first = 0;  // of the places; all of one staff
+    std::size_t last = 0;
+    int outer = -1;  // the place among the tuplets of the one around it
+    TupletText text{};
+};
+
+// Adds those of a frame. indices: of its entries that have places, in order, all of voice 1 or all
+// of voice 2.
+void AddBracketTuplets(const std::vector<EXENTRY>& entries, const RecordStore& records,
+                       const std::vector<std::size_t>& indices,
+                       std::vector<BracketTuplet>& tuplets);
+
+// A bracket starts at the first written entry of its tuplet, on whichever staff, and stops at the
+// last, and has a number that none around it has. One that lacks an end is left out, unless
+// hasOtherEnd finds that end in another measure. Around rests left behind it is not shown.
+void PlaceBrackets(std::vector<BracketPlace>& places, const std::vector<BracketTuplet>& tuplets,
+                   const Fragments& fragments,
+                   const std::function<bool(const TupletText&)>& hasOtherEnd);
 
 }  // namespace standin
