@@ -73,19 +73,19 @@ void CompareBrokenTuplets(const Comparison& comparison) {
     }
 }
 
-// Readers give what stands apart from its voice to another one.
-void CompareItemsApart(const Comparison& comparison) {
+// Some readers take the voice that a direction names for the first of its staff.
+void CompareEarlyItems(const Comparison& comparison) {
     std::set<std::tuple<Place, u32>> known;
     for (const Item& item : comparison.before.score.items) {
-        if (item.isApart) {
+        if (item.comesTooEarly) {
             known.emplace(item.place, item.text);
         }
     }
     for (const Item& item : comparison.after.score.items) {
-        if (item.isApart && !known.contains({item.place, item.text})) {
-            comparison.findings.Add(
-                item.part, item.place,
-                comparison.findings.Quoted(item.text) + " stands apart from its voice");
+        if (item.comesTooEarly && !known.contains({item.place, item.text})) {
+            comparison.findings.Add(item.part, item.place,
+                                    comparison.findings.Quoted(item.text) +
+                                        " stands before the first voice of its staff");
         }
     }
 }
@@ -113,7 +113,7 @@ void CompareStreams(const Comparison& comparison) {
         CompareSlips(comparison, slip);
     }
     CompareBrokenTuplets(comparison);
-    CompareItemsApart(comparison);
+    CompareEarlyItems(comparison);
     CompareLengths(comparison);
 }
 

@@ -40,7 +40,6 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
     m_cursor = {};
     m_chordOnset = {};
     m_uncounted = {};
-    m_lastChord = kNone;
     m_score.parts[m_part].measures.push_back(
         {m_texts.Of(measure.attribute("number").value()), m_beat, {}, {}});
     AddItem(Here(0), "<measure" + CanonicalAttributes(measure) + '>');
@@ -60,7 +59,7 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
         }
     }
     Measure().beat = m_beat;
-    PlaceInStreams(kNone);
+    PlaceInStreams(firstChord);
     m_lines.EndMeasure();
     NumberGraceNotes(firstChord);
     SumVoices(firstChord);
@@ -82,7 +81,6 @@ void PartReading::ReadNote(pugi::xml_node note) {
         BeginChord(note, duration);
     }
     m_notes.Read(note, duration);
-    PlaceInStreams(static_cast<u32>(m_score.chords.size() - 1));
     if (!joins) {
         m_cursor = m_cursor + duration;
     }
@@ -154,9 +152,9 @@ void PartReading::ReadItem(pugi::xml_node node) {
     AddItem(place, CanonicalXml(node), closes);
     if (HasName(node, "direction") || HasName(node, "harmony") || HasName(node, "figured-bass")) {
         const std::string voice = TrimmedValue(node.child("voice"));
-        m_unplaced.push_back({static_cast<u32>(m_score.items.size() - 1),
-                              voice.empty() ? kNone : m_texts.Of(voice),
-                              !node.child("staff").empty()});
+        m_unplaced.push_back(
+            {static_cast<u32>(m_score.items.size() - 1), static_cast<u32>(m_score.chords.size()),
+             voice.empty() ? kNone : m_texts.Of(voice), !node.child("staff").empty()});
     }
 }
 
@@ -180,20 +178,23 @@ void PartReading::PairNewEnds() {
 }
 
 // Where no staff is named, that of the next note counts, or of the last before the measure's end.
-void PartReading::PlaceInStreams(u32 next) {
-    const u32 chord = next != kNone ? next : m_lastChord;
+void PartReading::PlaceInStreams(u32 firstChord) {
+    const auto end = static_cast<u32>(m_score.chords.size());
+    std::map<u32, u32> firstOfStaff;
+    for (u32 i = firstChord; i < end; ++i) {
+        firstOfStaff.try_emplace(m_score.chords[i].place.staff, i);
+    }
     for (const StreamItem& unplaced : m_unplaced) {
         Item& item = m_score.items[unplaced.item];
-        if (chord != kNone && !unplaced.namesStaff) {
-            item.place.staff = m_score.chords[chord].place.staff;
+        if (!unplaced.namesStaff && firstChord < end) {
+            item.place.staff = m_score.chords[std::min(unplaced.next, end - 1)].place.staff;
         }
-        const auto isOf = [&](u32 beside) {
-            return beside != kNone && m_score.chords[beside].voice == unplaced.voice;
-        };
-        item.isApart = unplaced.voice != kNone && !isOf(next) && !isOf(m_lastChord);
+        const auto first = firstOfStaff.find(item.place.staff);
+        item.comesTooEarly = unplaced.voice != kNone && first != firstOfStaff.end() &&
+                             unplaced.next <= first->second &&
+                             m_score.chords[first->second].voice != unplaced.voice;
     }
     m_unplaced.clear();
-    m_lastChord = next;
 }
 
 void PartReading::AddItem(const Place& place, std::string text, bool closesMeasure) {

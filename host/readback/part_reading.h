@@ -22,9 +22,10 @@ public:
     bool Read(pugi::xml_node part);
 
 private:
-    // An item that says too little about where it belongs: readers go by the notes beside it.
+    // An item that belongs to a stream of notes: readers go by where it stands in the text.
     struct StreamItem {
         u32 item = 0;
+        u32 next = 0;  // chord, if there is one in the measure
         u32 voice = kNone;
         bool namesStaff = false;
     };
@@ -38,7 +39,7 @@ private:
     void ReadItem(pugi::xml_node node);
     void ReadDirectionLines(pugi::xml_node direction, const Place& place);
     void PairNewEnds();
-    void PlaceInStreams(u32 next);
+    void PlaceInStreams(u32 firstChord);
     void AddItem(const Place& place, std::string text, bool closesMeasure = false);
     void NumberGraceNotes(u32 firstChord);
     void SumVoices(u32 firstChord);
@@ -61,8 +62,7 @@ private:
     ExactTime m_cursor;
     ExactTime m_chordOnset;
     ExactTime m_uncounted;               // what the cursor is ahead of the file's count
-    u32 m_lastChord = kNone;             // of the measure
-    std::vector<StreamItem> m_unplaced;  // since then
+    std::vector<StreamItem> m_unplaced;  // of the measure
     std::set<u32> m_broken;              // tuplets by their starts
 };
 

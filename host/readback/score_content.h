@@ -108,7 +108,9 @@ struct Item {
     u32 part = 0;  // from 0
     Place place;
     bool closesMeasure = false;
-    bool isApart = false;  // names a voice, and no note of that voice is beside it in the text
+    // Names a voice and stands before the first note of its staff in the measure, which has
+    // another.
+    bool comesTooEarly = false;
     u32 text = 0;
 };
 

@@ -226,10 +226,10 @@ const struct {
      {kHarmony + Half("C5") + Backup(4) + Half("C3", "5", OnStaff2())},
      "1: <harmony><root><root-step>C</root-step></root></harmony> gained\n"
      "m. 1, staff 2, beat 1: <harmony><root><root-step>C</root-step></root></harmony> lost\n"},
-    {"DirectionApartFromItsVoice",
+    {"DirectionBeforeTheFirstVoice",
      {DirectionOf("1") + Half("C5") + Backup(4) + Half("A4", "2")},
      {DirectionOf("3") + Half("A4", "2") + Backup(4) + Half("C5", "3")},
-     "1: <direction><sound/></direction> stands apart from its voice\n"},
+     "1: <direction><sound/></direction> stands before the first voice of its staff\n"},
     {"RatioLost",
      {kSixthsOfQuarter + Third("C5")},
      {kSixthsOfQuarter + Note({.pitch = "C5", .type = "eighth"})},
