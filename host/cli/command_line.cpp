@@ -30,9 +30,10 @@ ExitCode Print(const std::string& text) {
 }
 
 void FillSelection(SelectionOptions& selection, const Arguments& arguments) {
-    const Range measures = ParseRange(arguments.Value(kMeasures, "1-")).value_or(Range{});
-    selection.firstMeasure = measures.first;
-    selection.lastMeasure = measures.last;
+    if (arguments.Has(kMeasures)) {
+        selection.measures = ParseMeasures(arguments.Value(kMeasures)).value();
+    }
+    selection.part = arguments.Value(kPart);
     const Range staves = ParseRange(arguments.Value(kStaves, "1-")).value_or(Range{});
     selection.firstStaff = staves.first;
     selection.lastStaff = staves.last;
@@ -43,7 +44,9 @@ void FillSelection(SelectionOptions& selection, const Arguments& arguments) {
 MergeCommand MergeOf(const Arguments& arguments) {
     MergeCommand merge;
     merge.input = arguments.Value(kInput);
-    merge.output = arguments.Value(kOutput);
+    merge.dryRun = arguments.Has(kDryRun);
+    merge.output = merge.dryRun ? std::string{} : arguments.Value(kOutput);
+    merge.details = arguments.Has(kDetails);
     const std::string from = arguments.Value(kFrom, "all");
     if (from != "all") {
         merge.options.source = static_cast<u16>(from[0] - '1');
@@ -69,6 +72,12 @@ bool IsScoreName(const std::string& name) {
 std::string ContradictionIn(const MergeCommand& merge) {
     if (merge.options.source == merge.options.destination) {
         return std::string{Say(Text::kSameLayer)};
+    }
+    if (merge.dryRun) {
+        return {};
+    }
+    if (merge.output.empty()) {
+        return Say(Text::kMissingArgument, {"-o OUT"});
     }
     if (merge.output == kStandardStream) {
         return OutputGoesToTerminal() && !merge.force ? std::string{Say(Text::kOntoTerminal)}

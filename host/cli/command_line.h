@@ -6,18 +6,19 @@
 #include <variant>
 #include <vector>
 
+#include "host/cli/option_values.h"
 #include "host/cli/stored_options.h"
 
 namespace standin::cli {
 
 // The part of the score to merge. Absent bounds are the score's own.
 struct SelectionOptions {
-    int firstMeasure = 1;  // from 1, counted from the score's first measure
-    std::optional<int> lastMeasure;
-    double firstBeat = 1;            // in the first measure, from 1
+    std::vector<MeasureStretch> measures;  // none: all
+    double firstBeat = 1;                  // in the first measure, from 1
     std::optional<double> lastBeat;  // in the last measure, from 1; its whole beat belongs to it
     int firstStaff = 1;              // from 1, from the top of the score
     std::optional<int> lastStaff;
+    std::string part;  // a part's name; empty: all
 };
 
 struct MergeCommand {
@@ -26,9 +27,11 @@ struct MergeCommand {
     MergeOptions options;
     SelectionOptions selection;
     bool verify = false;
+    bool dryRun = false;   // report only; output is then empty
+    bool details = false;  // the whole list of what stayed
     bool json = false;
     bool quiet = false;
-    bool force = false;  // write the score onto a terminal
+    bool force = false;  // write a score onto a terminal; clear measures into which nothing moves
 };
 
 struct ShowCommand {

@@ -1,5 +1,5 @@
-#include <algorithm>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -8,11 +8,12 @@
 #include "host/cli/merge_run.h"
 #include "host/cli/open_score.h"
 #include "host/cli/output_file.h"
-#include "host/cli/report_text.h"
 #include "host/cli/selection.h"
 #include "host/musicxml/music/compare.h"
 #include "host/musicxml/write/write_score.h"
 #include "host/musicxml/xml/archive.h"
+#include "host/report/report_json.h"
+#include "host/report/report_text.h"
 #include "host/verify/merge_faults.h"
 
 namespace standin::cli {
@@ -46,40 +47,92 @@ OwnLayers LayersNamed(const MergeOptions& options) {
     return own;
 }
 
-// The score before the merge, to be held against what comes of it.
-class Original {
+// Merges stretch by stretch, and holds the result against the score before.
+class VerifiedMerge {
 public:
-    Original(const OpenScore& open, const EREGION& selection, const MergeOptions& options)
-        : m_document{open.GetDocument()}, m_options{options}, m_music{MusicOf(open.Score())} {
-        m_document.selection = selection;
-        m_start = StartOfMerge(m_document, options);
+    VerifiedMerge(const OpenScore& open, const MergeCommand& command)
+        : m_document{open.GetDocument()}, m_command{command} {
+        if (command.verify) {
+            m_before = MusicOf(open.Score());
+        }
     }
 
-    // What the document or the output lacks; empty when no music was lost.
-    std::vector<std::string> Losses(const std::string& bytes) const {
-        std::vector<std::string> losses =
-            FaultsOfMerge(m_document, m_start, m_document.Content(), m_options);
+    MergeRun Run(const EREGION& selection) {
+        if (!m_command.verify) {
+            return RunMerge(m_document, selection, m_command.options);
+        }
+        m_document.selection = selection;
+        const DocumentContent start = StartOfMerge(m_document, m_command.options);
+        MergeRun run = RunMerge(m_document, selection, m_command.options);
+        for (std::string& fault :
+             FaultsOfMerge(m_document, start, m_document.Content(), m_command.options)) {
+            m_losses.push_back(std::move(fault));
+        }
+        return run;
+    }
+
+    // What the document or the output lacks; empty when no music was lost, and without --verify.
+    std::vector<std::string> Losses(const std::string& bytes,
+                                    const std::vector<EREGION>& selections) {
+        if (!m_command.verify) {
+            return {};
+        }
         const ReadResult after = ReadScore(bytes);
         if (!after) {
             return {"the result cannot be read: " + after.message};
         }
         CompareOptions options;
         options.merged = true;
-        if (m_options.mode != 0) {
-            options.replaced = ClearedMusic{*m_document.selection, m_options.destination};
+        if (m_command.options.mode != 0) {
+            for (const EREGION& selection : selections) {
+                options.replaced.push_back({selection, m_command.options.destination});
+            }
         }
-        for (std::string& loss : Compare(m_music, MusicOf(*after.score), options)) {
-            losses.push_back(std::move(loss));
+        for (std::string& loss : Compare(m_before, MusicOf(*after.score), options)) {
+            m_losses.push_back(std::move(loss));
         }
-        return losses;
+        return m_losses;
     }
 
 private:
     Document& m_document;
-    MergeOptions m_options;
-    Music m_music;
-    DocumentContent m_start;
+    const MergeCommand& m_command;
+    Music m_before;
+    std::vector<std::string> m_losses;
 };
+
+// Why Replace is not let loose on the score; empty when it may be. The plug-in itself clears what
+// is selected, as it was told to; here nobody sees the score while it happens.
+std::string ClearedForNothing(const MergeReport& report) {
+    const std::vector<const MergedMeasure*> cleared = report.ClearedForNothing();
+    if (cleared.empty()) {
+        return {};
+    }
+    int notes = 0;
+    for (const MergedMeasure* measure : cleared) {
+        notes += measure->notesCleared;
+    }
+    const auto count = [](int number, Text one, Text many) {
+        return Say(number == 1 ? one : many, {std::to_string(number)});
+    };
+    return Say(Text::kClearedForNothing,
+               {count(notes, Text::kOneNote, Text::kManyNotes),
+                count(static_cast<int>(cleared.size()), Text::kOneMeasure, Text::kManyMeasures),
+                std::to_string(report.request.options.destination + 1), cleared.front()->number,
+                report.staffNames[cleared.front()->staff]});
+}
+
+void Print(const MergeReport& report, const MergeCommand& command) {
+    std::ostream& stream = command.output == kStandardStream ? std::cerr : std::cout;
+    if (command.json) {
+        stream << ReportAsJson(report).dump(2) << '\n';
+        return;
+    }
+    stream << ReportAsText(report, command.details);
+    if (command.dryRun) {
+        stream << Say(Text::kNothingWritten) << '\n';
+    }
+}
 
 }  // namespace
 
@@ -88,38 +141,41 @@ ExitCode Merge(const MergeCommand& command) {
     if (!open) {
         return kUnreadable;
     }
-    const auto found = SelectionIn(open.GetDocument(), command.selection);
+    const auto found = SelectionsIn(open.GetDocument(), open.Score().parts, command.selection);
     if (const auto* problem = std::get_if<std::string>(&found)) {
-        return Fail(kUsage, *problem);
+        return Fail(kUsage, command.input + ": " + *problem);
     }
-    const auto& selection = std::get<EREGION>(found);
-    std::optional<Original> original;
-    if (command.verify) {
-        original.emplace(open, selection, command.options);
+    const auto& selections = std::get<std::vector<EREGION>>(found);
+    VerifiedMerge merge{open, command};
+    for (const EREGION& selection : selections) {
+        const MergeRun run = merge.Run(selection);
+        if (!run.problem.empty()) {
+            return Fail(run.stopped ? kInterrupted : kFailed, command.input + ": " + run.problem);
+        }
     }
-    const MergeRun run = RunMerge(open.GetDocument(), selection, command.options);
-    if (!run.problem.empty()) {
-        return Fail(run.stopped ? kInterrupted : kFailed, run.problem);
+    MergeReport report =
+        ReportMerge(open.Score(), {command.input, command.output, selections, command.options});
+    const std::string refusal = command.force ? std::string{} : ClearedForNothing(report);
+    if (!refusal.empty() && !command.dryRun) {
+        return Fail(kFailed, command.input + ": " + refusal);
     }
     const std::string bytes = BytesFor(command.output, open.Score());
-    if (original && !bytes.empty()) {
-        const std::vector<std::string> losses = original->Losses(bytes);
-        for (const std::string& loss : losses) {
-            std::cerr << loss << '\n';
-        }
-        if (!losses.empty()) {
-            return Fail(kFailed, "music would be lost; nothing was written");
-        }
+    const std::vector<std::string> losses = merge.Losses(bytes, selections);
+    for (const std::string& loss : losses) {
+        std::cerr << loss << '\n';
     }
-    const std::string problem = WriteWhole(command.output, bytes);
-    if (!problem.empty()) {
-        return Fail(kFailed, command.output + ": " + problem);
+    if (!losses.empty()) {
+        return Fail(kFailed, command.input + ": music would be lost; nothing was written");
+    }
+    report.verified = command.verify;
+    if (!command.dryRun) {
+        const std::string problem = WriteWhole(command.output, bytes);
+        if (!problem.empty()) {
+            return Fail(kFailed, command.output + ": " + problem);
+        }
     }
     if (!command.quiet) {
-        const MergeReport report = ReportRun(open.Score(), selection, command.options);
-        std::ostream& stream = command.output == kStandardStream ? std::cerr : std::cout;
-        stream << (command.json ? ReportAsJson(report, command.verify)
-                                : ReportAsText(report, command.verify));
+        Print(report, command);
     }
     return kDone;
 }

@@ -7,23 +7,31 @@ namespace standin::cli {
 namespace {
 
 using enum OptionId;
-using enum ValueKind;
+using ValueKind::kBeat;
+using ValueKind::kChoice;
+using ValueKind::kName;
+using ValueKind::kOutputScore;
+using ValueKind::kRange;
+using ValueKind::kScore;
 
 constexpr std::string_view kLayerChoices = "1 2 3 4";
 
 constexpr OptionRow kMergeOptions[] = {
     {kInput, "IN", Text::kInputHelp, kScore, "", "", "", true},
-    {kOutput, "-o,--output", Text::kOutputHelp, kOutputScore, "OUT", "", "", true},
+    {kOutput, "-o,--output", Text::kOutputHelp, kOutputScore, "OUT"},
     {kFrom, "--from", Text::kFromHelp, kChoice, "LAYER", "all", "all 1 2 3 4"},
     {kTo, "--to", Text::kToHelp, kChoice, "LAYER", "1", kLayerChoices},
     {kReplace, "--replace", Text::kReplaceHelp},
     {kHideRests, "--hide-rests", Text::kHideRestsHelp},
     {kNoRebeam, "--no-rebeam", Text::kNoRebeamHelp},
-    {kMeasures, "--measures", Text::kMeasuresHelp, kRange, "RANGE"},
+    {kMeasures, "--measures", Text::kMeasuresHelp, ValueKind::kMeasures, "LIST"},
     {kFromBeat, "--from-beat", Text::kFromBeatHelp, kBeat, "BEAT", "1"},
     {kToBeat, "--to-beat", Text::kToBeatHelp, kBeat, "BEAT"},
     {kStaves, "--staves", Text::kStavesHelp, kRange, "RANGE"},
+    {kPart, "--part", Text::kPartHelp, kName, "NAME"},
     {kVerify, "--verify", Text::kVerifyHelp},
+    {kDryRun, "-n,--dry-run", Text::kDryRunHelp},
+    {kDetails, "--details", Text::kDetailsHelp},
     {kJson, "--json", Text::kJsonHelp},
     {kQuiet, "-q,--quiet", Text::kQuietHelp},
     {kForce, "--force", Text::kForceHelp},

@@ -22,10 +22,13 @@ enum class OptionId {
     kFromBeat,
     kToBeat,
     kStaves,
+    kPart,
     kVerify,
     kJson,
     kQuiet,
     kForce,
+    kDetails,
+    kDryRun,
     kSecondScore,
     kTopic,
     kShell,
@@ -34,7 +37,7 @@ enum class OptionId {
 };
 
 // What the value of an option is, for its check and for completion.
-enum class ValueKind { kNone, kScore, kOutputScore, kChoice, kRange, kBeat };
+enum class ValueKind { kNone, kScore, kOutputScore, kChoice, kRange, kMeasures, kBeat, kName };
 
 struct OptionRow {
     OptionId id{};

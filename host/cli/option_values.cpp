@@ -56,6 +56,29 @@ std::optional<Range> ParseRange(std::string_view text) {
     return Range{*first, *last};
 }
 
+std::optional<std::vector<MeasureStretch>> ParseMeasures(std::string_view text) {
+    std::vector<MeasureStretch> stretches;
+    for (;;) {
+        const std::size_t comma = std::min(text.find(','), text.size());
+        const std::string_view item = text.substr(0, comma);
+        const std::size_t dash = std::min(item.find('-'), item.size());
+        MeasureStretch& stretch = stretches.emplace_back();
+        stretch.first = item.substr(0, dash);
+        if (dash == item.size()) {
+            stretch.last = stretch.first;
+        } else if (dash + 1 < item.size()) {
+            stretch.last = item.substr(dash + 1);
+        }
+        if (stretch.first.empty() || stretch.first == "#" || stretch.last == "#") {
+            return std::nullopt;
+        }
+        if (comma == text.size()) {
+            return stretches;
+        }
+        text.remove_prefix(comma + 1);
+    }
+}
+
 std::optional<double> ParseBeat(std::string_view text) {
     double beat = 0;
     const char* last = text.data() + text.size();
@@ -81,6 +104,9 @@ std::string ProblemOf(const OptionRow& row, const std::vector<std::string>& valu
     }
     if (row.kind == ValueKind::kRange && !ParseRange(value)) {
         return Say(Text::kNotARange, {name, value});
+    }
+    if (row.kind == ValueKind::kMeasures && !ParseMeasures(value)) {
+        return Say(Text::kNotMeasures, {name, value});
     }
     if (row.kind == ValueKind::kBeat && !ParseBeat(value)) {
         return Say(Text::kNotABeat, {name, value});

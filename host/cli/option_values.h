@@ -19,6 +19,16 @@ struct Range {
 // Numbers from 1 to 32767. Nothing when the text is no such range, or ends before it begins.
 std::optional<Range> ParseRange(std::string_view text);
 
+// "5-12", "#5-" or "1,3,7-9": stretches of measures, each by its first and last one.
+struct MeasureStretch {
+    std::string first;
+    std::optional<std::string> last;  // none: to the end
+};
+
+// A measure is named by its printed number, or by "#" and its place from 1. Nothing when a
+// measure is missing between the signs.
+std::optional<std::vector<MeasureStretch>> ParseMeasures(std::string_view text);
+
 // From 1 to 1000. Nothing when the text is no such number.
 std::optional<double> ParseBeat(std::string_view text);
 

@@ -1,7 +1,11 @@
 #include "host/cli/selection.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+
+#include "host/cli/spelling.h"
+#include "host/report/places.h"
 
 namespace standin::cli {
 
@@ -13,38 +17,120 @@ i32 StartOfBeat(const Document& document, int measure, double beat) {
     return static_cast<i32>(std::lround((beat - 1) * beatDuration));
 }
 
+// Either what was asked for, or why there is none of it.
+template <typename Value>
+using Found = std::variant<Value, std::string>;
+
+// The place, from 1, of the measure with that name, "#5" or a printed number.
+Found<u16> PlaceOfMeasure(const Document& document, const std::string& name) {
+    const u16 count = document.MeasureCount();
+    if (name.front() == '#') {
+        u16 place = 0;
+        const char* end = name.data() + name.size();
+        const auto [last, error] = std::from_chars(name.data() + 1, end, place);
+        const bool isPlace = error == std::errc{} && last == end && place >= 1 && place <= count;
+        return isPlace ? Found<u16>{place} : Say(Text::kNoSuchPlace, {name, std::to_string(count)});
+    }
+    for (u16 measure = 1; measure <= count; ++measure) {
+        if (PrintedNumber(document, measure) == name) {
+            return measure;
+        }
+    }
+    return Say(Text::kNoSuchMeasure,
+               {name, PrintedNumber(document, 1), PrintedNumber(document, count)});
+}
+
+// Sets the slots of the region; says why there are none.
+std::string SelectStaves(const Document& document, const std::vector<ScorePart>& parts,
+                         const SelectionOptions& options, EREGION& region) {
+    const int count = static_cast<int>(document.StaffList(0).size());
+    if (options.part.empty()) {
+        region.startSlot = static_cast<i16>(options.firstStaff);
+        region.endSlot = static_cast<i16>(std::min(options.lastStaff.value_or(count), count));
+        return options.firstStaff <= count
+                   ? std::string{}
+                   : Say(Text::kNoSuchStaff,
+                         {std::to_string(options.firstStaff), std::to_string(count)});
+    }
+    std::vector<std::string> names;
+    int first = 1;
+    for (const ScorePart& part : parts) {
+        const int staves = static_cast<int>(part.staves.size());
+        if (part.name == options.part) {
+            region.startSlot = static_cast<i16>(first);
+            region.endSlot = static_cast<i16>(first + staves - 1);
+            return {};
+        }
+        names.push_back(part.name);
+        first += staves;
+    }
+    const std::string problem = Say(Text::kNoSuchPart, {options.part});
+    const std::string closest = ClosestWord(options.part, names);
+    return closest.empty() ? problem : Say(Text::kDidYouMean, {problem, closest});
+}
+
+// Sets the measures of the region; says why there are none.
+std::string SelectMeasures(const Document& document, const MeasureStretch& stretch,
+                           EREGION& region) {
+    const Found<u16> first = PlaceOfMeasure(document, stretch.first);
+    const Found<u16> last =
+        stretch.last ? PlaceOfMeasure(document, *stretch.last) : document.MeasureCount();
+    for (const Found<u16>* found : {&first, &last}) {
+        if (const auto* problem = std::get_if<std::string>(found)) {
+            return *problem;
+        }
+    }
+    region.startMeasure = static_cast<i16>(std::get<u16>(first));
+    region.endMeasure = static_cast<i16>(std::get<u16>(last));
+    return region.startMeasure <= region.endMeasure ? std::string{}
+                                                    : std::string{Say(Text::kSelectionBackwards)};
+}
+
+// Narrows the first and the last region to the beats; says why nothing is left.
+std::string SelectBeats(const Document& document, const SelectionOptions& options,
+                        std::vector<EREGION>& regions) {
+    EREGION& first = regions.front();
+    EREGION& last = regions.back();
+    first.startPosition = StartOfBeat(document, first.startMeasure, options.firstBeat);
+    if (first.startPosition >= document.MeasureDuration(0, first.startMeasure)) {
+        return Say(Text::kBeatBehindMeasure,
+                   {PrintedNumber(document, static_cast<u16>(first.startMeasure))});
+    }
+    if (options.lastBeat) {
+        last.endPosition = StartOfBeat(document, last.endMeasure, *options.lastBeat + 1) - 1;
+    }
+    const bool isBackwards =
+        last.startMeasure == last.endMeasure && last.startPosition > last.endPosition;
+    return isBackwards ? std::string{Say(Text::kSelectionBackwards)} : std::string{};
+}
+
 }  // namespace
 
-std::variant<EREGION, std::string> SelectionIn(const Document& document,
-                                               const SelectionOptions& options) {
-    const int measures = document.MeasureCount();
-    const int staves = static_cast<int>(document.StaffList(0).size());
-    if (options.firstMeasure > measures) {
-        return "the score has " + std::to_string(measures) + " measures";
-    }
-    if (options.firstStaff > staves) {
-        return "the score has " + std::to_string(staves) + " staves";
-    }
-    const int lastMeasure = std::min(options.lastMeasure.value_or(measures), measures);
-    const int lastStaff = std::min(options.lastStaff.value_or(staves), staves);
+std::variant<std::vector<EREGION>, std::string> SelectionsIn(const Document& document,
+                                                             const std::vector<ScorePart>& parts,
+                                                             const SelectionOptions& options) {
     EREGION region{};
-    region.startSlot = static_cast<i16>(options.firstStaff);
-    region.startMeasure = static_cast<i16>(options.firstMeasure);
-    region.startPosition = StartOfBeat(document, options.firstMeasure, options.firstBeat);
-    if (region.startPosition >= document.MeasureDuration(0, options.firstMeasure)) {
-        return "measure " + std::to_string(options.firstMeasure) +
-               " ends before the first beat asked for";
-    }
-    region.endSlot = static_cast<i16>(lastStaff);
-    region.endMeasure = static_cast<i16>(lastMeasure);
+    region.startMeasure = 1;
+    region.endMeasure = static_cast<i16>(document.MeasureCount());
     region.endPosition = kEndOfMeasure;
-    if (options.lastBeat) {
-        region.endPosition = StartOfBeat(document, lastMeasure, *options.lastBeat + 1) - 1;
+    std::string problem = SelectStaves(document, parts, options, region);
+    std::vector<EREGION> regions;
+    for (const MeasureStretch& stretch : options.measures) {
+        if (problem.empty()) {
+            regions.push_back(region);
+            problem = SelectMeasures(document, stretch, regions.back());
+        }
     }
-    if (region.startMeasure == region.endMeasure && region.startPosition > region.endPosition) {
-        return std::string{"the selection ends before it starts"};
+    if (options.measures.empty()) {
+        regions.push_back(region);
     }
-    return region;
+    if (problem.empty()) {
+        problem = SelectBeats(document, options, regions);
+    }
+    if (!problem.empty()) {
+        return problem;
+    }
+    return regions;
 }
 
 }  // namespace standin::cli

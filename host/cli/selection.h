@@ -1,16 +1,20 @@
-// The selection that the user's options describe.
+// The part of a score that the user asked for.
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <variant>
+#include <vector>
 
 #include "host/cli/command_line.h"
-#include "host/score/document.h"
+#include "host/musicxml/imported_score.h"
 
 namespace standin::cli {
 
-// Ends beyond the score's are the score's own. A text: what the score does not have.
-std::variant<EREGION, std::string> SelectionIn(const Document& document,
-                                               const SelectionOptions& options);
+// The regions to merge one after the other, in slots of the score's own staff list; one for each
+// stretch of measures. A text says why there are none.
+std::variant<std::vector<EREGION>, std::string> SelectionsIn(const Document& document,
+                                                             const std::vector<ScorePart>& parts,
+                                                             const SelectionOptions& options);
 
 }  // namespace standin::cli

@@ -6,8 +6,10 @@
 #include "host/cli/commands.h"
 #include "host/cli/merge_run.h"
 #include "host/cli/open_score.h"
-#include "host/cli/report_text.h"
-#include "platform/text.h"
+#include "host/report/layer_contents.h"
+#include "host/report/places.h"
+#include "host/report/report_json.h"
+#include "host/report/report_text.h"
 
 namespace standin::cli {
 
@@ -36,18 +38,12 @@ std::map<u16, LayersInUse> LayersOf(const ImportedScore& score) {
     return all;
 }
 
-std::string MeasureNumber(const Document& document, u16 measure) {
-    return platform::Utf16ToMultiByte(document.MeasureNumberText(measure),
-                                      platform::CodePage::kUtf8)
-        .value_or("");
-}
-
 nlohmann::ordered_json Describe(const ImportedScore& score) {
     const Document& document = *score.document;
     nlohmann::ordered_json json;
     json["measures"] = document.MeasureCount();
-    json["firstNumber"] = MeasureNumber(document, 1);
-    json["lastNumber"] = MeasureNumber(document, document.MeasureCount());
+    json["firstNumber"] = PrintedNumber(document, 1);
+    json["lastNumber"] = PrintedNumber(document, document.MeasureCount());
     json["parts"] = nlohmann::ordered_json::array();
     auto inUse = LayersOf(score);
     u16 number = 0;
@@ -92,7 +88,7 @@ std::string TextOf(const nlohmann::ordered_json& json) {
 
 }  // namespace
 
-// What a merge would find is told by a merge that is not written.
+// A merge that is not written shows what one would do.
 ExitCode Show(const ShowCommand& command) {
     const OpenScore open{command.input, OwnLayers{true}};
     if (!open) {
@@ -105,14 +101,12 @@ ExitCode Show(const ShowCommand& command) {
         std::cerr << "plyweld: " << run.problem << '\n';
         return run.stopped ? kInterrupted : kFailed;
     }
-    const MergeReport report = ReportRun(open.Score(), whole, {});
+    const MergeReport report = ReportMerge(open.Score(), {command.input, {}, {whole}, {}});
     if (command.json) {
-        json["merge"] = nlohmann::ordered_json::parse(ReportAsJson(report, false));
-        json["merge"].erase("verified");
+        json["merge"] = ReportAsJson(report);
         std::cout << json.dump(2) << '\n';
     } else {
-        std::cout << TextOf(json) << "A merge of all layers into layer 1 would make:\n"
-                  << ReportAsText(report, false);
+        std::cout << TextOf(json) << Say(Text::kMergeOfAll) << '\n' << ReportAsText(report, false);
     }
     return kDone;
 }

@@ -1,22 +1,13 @@
 #include "host/report/merge_report.h"
 
 #include <algorithm>
-#include <functional>
+
+#include "host/musicxml/pitch.h"
+#include "host/report/places.h"
+#include "host/texts/texts.h"
 
 namespace standin {
 namespace {
-
-LayerContent ContentOfFrame(const Frame& frame) {
-    LayerContent content;
-    for (const EXENTRY& entry : frame.entries) {
-        const bool hidden = (entry.flags & EntryFlag::kIgnore) != 0;
-        content.notes += entry.noteCount;
-        content.entries += entry.noteCount > 0 ? 1 : 0;
-        content.visibleRests += entry.noteCount == 0 && !hidden ? 1 : 0;
-        content.hiddenRests += entry.noteCount == 0 && hidden ? 1 : 0;
-    }
-    return content;
-}
 
 bool IsIn(const EREGION& selection, u16 slot, u16 measure, i32 onset) {
     const auto at = std::pair{i32{measure}, onset};
@@ -30,16 +21,22 @@ const std::vector<EXENTRY>& EntriesOf(const Frame* frame) {
     return frame == nullptr ? kNone : frame->entries;
 }
 
+std::string NameOfPitch(const WrittenPitch& pitch) {
+    std::string name(1, "CDEFGAB"[pitch.step]);
+    name.append(static_cast<std::size_t>(std::abs(pitch.alter)), pitch.alter < 0 ? 'b' : '#');
+    return name + std::to_string(pitch.octave);
+}
+
 // Compares one staff in one measure before and after.
 class MeasureReporter {
 public:
-    MeasureReporter(const Document& document, FrameKey destination, u16 slot,
-                    const EREGION& selection)
-        : m_document{document},
+    MeasureReporter(const ImportedScore& score, const MergeRequest& request, FrameKey destination,
+                    u16 slot)
+        : m_document{*score.document},
+          m_request{request},
           m_destination{destination},
-          m_selection{selection},
-          m_before{EntriesOf(document.ImportedFrame(destination))},
-          m_now{EntriesOf(document.FindFrame(destination))} {
+          m_before{EntriesOf(m_document.ImportedFrame(destination))},
+          m_now{EntriesOf(m_document.FindFrame(destination))} {
         m_result.staff = slot;
         m_result.measure = destination.measure;
     }
@@ -47,49 +44,81 @@ public:
     MergedMeasure Report() {
         CountMoved();
         for (u16 layer = 0; layer < kLayers; ++layer) {
-            if (layer != m_destination.layer) {
+            const bool isSource =
+                m_request.options.source == kAllLayers || m_request.options.source == layer;
+            if (isSource && layer != m_destination.layer) {
                 FindStayed(layer);
             }
+        }
+        if (!m_result.IsEmpty()) {
+            m_result.number = PrintedNumber(m_document, m_result.measure);
         }
         return std::move(m_result);
     }
 
 private:
+    static const EXENTRY* Find(const std::vector<EXENTRY>& entries, u32 number) {
+        const auto found = std::find_if(entries.begin(), entries.end(), [number](const EXENTRY& e) {
+            return e.entryNumber == number;
+        });
+        return found == entries.end() ? nullptr : &*found;
+    }
+
     void CountMoved() {
         for (const EXENTRY& entry : m_now) {
-            const auto old = std::find_if(m_before.begin(), m_before.end(), [&](const EXENTRY& e) {
-                return e.entryNumber == entry.entryNumber;
-            });
-            const int had = old == m_before.end() ? 0 : old->noteCount;
+            const EXENTRY* old = Find(m_before, entry.entryNumber);
+            const int had = old == nullptr ? 0 : old->noteCount;
             m_result.notesMoved += std::max(entry.noteCount - had, 0);
             m_result.chordsFormed += had > 0 && entry.noteCount > had ? 1 : 0;
         }
-        m_result.restsFilled += static_cast<int>(
-            std::count_if(m_before.begin(), m_before.end(),
-                          [this](const EXENTRY& entry) { return GaveWayToMusic(entry); }));
+        for (const EXENTRY& entry : m_before) {
+            m_result.restsFilled += GaveWayToMusic(entry) ? 1 : 0;
+            const bool isGone = Find(m_now, entry.entryNumber) == nullptr;
+            const bool isCleared = m_request.options.mode != 0 && isGone;
+            m_result.notesCleared += isCleared ? entry.noteCount : 0;
+        }
     }
 
-    // Other rests may stand where a rest stood, too.
+    // Other rests may take the place of a rest, too.
     bool GaveWayToMusic(const EXENTRY& rest) const {
         const auto end = [](const EXENTRY& entry) {
             return entry.elapsedTime + entry.actualDuration;
         };
-        return rest.noteCount == 0 &&
-               std::none_of(m_now.begin(), m_now.end(),
-                            [&](const EXENTRY& e) { return e.entryNumber == rest.entryNumber; }) &&
+        return rest.noteCount == 0 && Find(m_now, rest.entryNumber) == nullptr &&
                std::any_of(m_now.begin(), m_now.end(), [&](const EXENTRY& e) {
                    return e.noteCount > 0 && e.elapsedTime < end(rest) && rest.elapsedTime < end(e);
                });
     }
 
+    bool IsSelected(i32 onset) const {
+        return std::any_of(m_request.selections.begin(), m_request.selections.end(),
+                           [&](const EREGION& selection) {
+                               return IsIn(selection, m_result.staff, m_result.measure, onset);
+                           });
+    }
+
     void FindStayed(u16 layer) {
         const FrameKey key{m_destination.staff, m_destination.measure, layer};
-        for (const EXENTRY& entry : EntriesOf(m_document.FindFrame(key))) {
-            if (entry.noteCount > 0 &&
-                IsIn(m_selection, m_result.staff, key.measure, entry.elapsedTime)) {
-                m_result.stayed.push_back({layer, i32{entry.elapsedTime}, ReasonFor(entry)});
+        const Frame* frame = m_document.FindFrame(key);
+        for (const EXENTRY& entry : EntriesOf(frame)) {
+            if (entry.noteCount > 0 && IsSelected(entry.elapsedTime)) {
+                StayedEntry& stayed = m_result.stayed.emplace_back();
+                stayed.layer = layer;
+                stayed.onset = entry.elapsedTime;
+                stayed.beat = BeatAt(m_document, m_result.measure, entry.elapsedTime);
+                stayed.pitches = PitchesOf(entry);
+                stayed.reason = ReasonFor(entry);
             }
         }
+    }
+
+    std::vector<std::string> PitchesOf(const EXENTRY& entry) const {
+        const int fifths = FifthsOfKeyWord(m_document.Measure(m_result.measure).key);
+        std::vector<std::string> pitches;
+        for (int i = 0; i < entry.noteCount; ++i) {
+            pitches.push_back(NameOfPitch(PitchOfField(entry.notes[i].pitch, fifths)));
+        }
+        return pitches;
     }
 
     Stay ReasonFor(const EXENTRY& entry) const {
@@ -107,15 +136,15 @@ private:
     }
 
     const Document& m_document;
+    const MergeRequest& m_request;
     FrameKey m_destination;
-    const EREGION& m_selection;
     const std::vector<EXENTRY>& m_before;
     const std::vector<EXENTRY>& m_now;
     MergedMeasure m_result;
 };
 
-int Total(const std::vector<MergedMeasure>& measures,
-          const std::function<int(const MergedMeasure&)>& value) {
+template <typename Value>
+int Total(const std::vector<MergedMeasure>& measures, Value value) {
     int total = 0;
     for (const MergedMeasure& measure : measures) {
         total += value(measure);
@@ -125,43 +154,33 @@ int Total(const std::vector<MergedMeasure>& measures,
 
 }  // namespace
 
-std::vector<StaffMeasureContent> ContentOf(const ImportedScore& score) {
-    const Document& document = *score.document;
-    std::vector<StaffMeasureContent> contents;
-    const std::vector<u16>& staves = document.StaffList(0);
-    for (std::size_t slot = 0; slot < staves.size(); ++slot) {
-        for (u16 measure = 1; measure <= document.MeasureCount(); ++measure) {
-            StaffMeasureContent content{static_cast<u16>(slot + 1), measure, {}};
-            bool any = false;
-            for (u16 layer = 0; layer < kLayers; ++layer) {
-                if (const Frame* frame = document.FindFrame({staves[slot], measure, layer})) {
-                    content.layers[layer] = ContentOfFrame(*frame);
-                    any = true;
-                }
-            }
-            if (any) {
-                contents.push_back(content);
-            }
-        }
-    }
-    return contents;
+bool MergedMeasure::IsEmpty() const noexcept {
+    return notesMoved == 0 && restsFilled == 0 && notesCleared == 0 && stayed.empty();
 }
 
-MergeReport ReportMerge(const ImportedScore& score, u16 destination, const EREGION& selection) {
+MergeReport ReportMerge(const ImportedScore& score, MergeRequest request) {
     const Document& document = *score.document;
     MergeReport report;
+    report.request = std::move(request);
+    report.staffNames = StaffNames(score);
     const std::vector<u16>& staves = document.StaffList(0);
     for (std::size_t slot = 0; slot < staves.size(); ++slot) {
         for (u16 measure = 1; measure <= document.MeasureCount(); ++measure) {
-            MergedMeasure merged = MeasureReporter{document,
-                                                   {staves[slot], measure, destination},
-                                                   static_cast<u16>(slot + 1),
-                                                   selection}
-                                       .Report();
-            if (merged.notesMoved > 0 || merged.restsFilled > 0 || !merged.stayed.empty()) {
+            const FrameKey key{staves[slot], measure, report.request.options.destination};
+            MergedMeasure merged =
+                MeasureReporter{score, report.request, key, static_cast<u16>(slot + 1)}.Report();
+            if (!merged.IsEmpty()) {
                 report.measures.push_back(std::move(merged));
             }
         }
+    }
+    for (const EREGION& selection : report.request.selections) {
+        for (Remark& remark : RemarksOn(score, report.request.options.destination, selection)) {
+            report.remarks.push_back(std::move(remark));
+        }
+    }
+    for (const ReadWarning& warning : score.warnings.All()) {
+        report.warnings.push_back("line " + std::to_string(warning.line) + ": " + warning.Words());
     }
     return report;
 }
@@ -178,21 +197,49 @@ int MergeReport::RestsFilled() const noexcept {
     return Total(measures, [](const MergedMeasure& m) { return m.restsFilled; });
 }
 
+int MergeReport::NotesCleared() const noexcept {
+    return Total(measures, [](const MergedMeasure& m) { return m.notesCleared; });
+}
+
+int MergeReport::MeasuresCleared() const noexcept {
+    return Total(measures, [](const MergedMeasure& m) { return m.notesCleared > 0 ? 1 : 0; });
+}
+
 int MergeReport::Stayed() const noexcept {
     return Total(measures,
                  [](const MergedMeasure& m) { return static_cast<int>(m.stayed.size()); });
 }
 
+std::map<Stay, int> MergeReport::StayedByReason() const {
+    std::map<Stay, int> counts;
+    for (const MergedMeasure& measure : measures) {
+        for (const StayedEntry& entry : measure.stayed) {
+            ++counts[entry.reason];
+        }
+    }
+    return counts;
+}
+
+std::vector<const MergedMeasure*> MergeReport::ClearedForNothing() const {
+    std::vector<const MergedMeasure*> cleared;
+    for (const MergedMeasure& measure : measures) {
+        if (measure.notesCleared > 0 && measure.notesMoved == 0) {
+            cleared.push_back(&measure);
+        }
+    }
+    return cleared;
+}
+
 std::string WordsForReason(Stay reason) {
     switch (reason) {
         case Stay::kOtherDuration:
-            return "another duration at its time";
+            return std::string{Say(Text::kStayOtherDuration)};
         case Stay::kTooManyNotes:
-            return "more notes than one chord can hold";
+            return std::string{Say(Text::kStayTooManyNotes)};
         case Stay::kNoRestToFill:
             break;
     }
-    return "no rests of exactly its time";
+    return std::string{Say(Text::kStayNoRest)};
 }
 
 }  // namespace standin

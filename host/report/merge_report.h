@@ -1,32 +1,16 @@
-// What a merge did to a score, staff by staff and measure by measure.
+// What a merge did to a score, told from the document before and after. The one model behind the
+// report as text, as JSON and as a page.
 #pragma once
 
-#include <array>
+#include <map>
 #include <string>
 #include <vector>
 
 #include "host/musicxml/imported_score.h"
 #include "host/report/remarks.h"
+#include "host/verify/merge_options.h"
 
 namespace standin {
-
-// What a layer holds in one measure of one staff.
-struct LayerContent {
-    int notes = 0;    // noteheads
-    int entries = 0;  // notes and chords, grace notes included
-    int visibleRests = 0;
-    int hiddenRests = 0;
-};
-
-// One staff in one measure, as it is now.
-struct StaffMeasureContent {
-    u16 staff = 0;  // counted from 1 through the score
-    u16 measure = 0;
-    std::array<LayerContent, kLayers> layers{};
-};
-
-// Every staff and measure that has any entry, by staff, then measure.
-std::vector<StaffMeasureContent> ContentOf(const ImportedScore& score);
 
 // Why a note or chord of a source layer stayed where it was.
 enum class Stay : u8 {
@@ -36,8 +20,10 @@ enum class Stay : u8 {
 };
 
 struct StayedEntry {
-    u16 layer = 0;  // from 0
-    i32 onset = 0;  // duration units from the barline
+    u16 layer = 0;                     // from 0
+    i32 onset = 0;                     // duration units from the barline
+    double beat = 1;                   // likewise in beats of the time signature, from 1
+    std::vector<std::string> pitches;  // from the lowest: "C#5"
     Stay reason = Stay::kNoRestToFill;
 };
 
@@ -45,27 +31,48 @@ struct StayedEntry {
 struct MergedMeasure {
     u16 staff = 0;  // counted from 1 through the score
     u16 measure = 0;
+    std::string number;    // of the measure, as it is printed
     int chordsFormed = 0;  // destination entries that took in notes
     int notesMoved = 0;    // noteheads that came to the destination layer, those of chords too
     int restsFilled = 0;   // destination rests that gave way to music
+    int notesCleared = 0;  // noteheads of the destination that Replace took away
     std::vector<StayedEntry> stayed;
+
+    bool IsEmpty() const noexcept;
+};
+
+// What was asked for.
+struct MergeRequest {
+    std::string input;
+    std::string output;               // empty when nothing was to be written
+    std::vector<EREGION> selections;  // in order, one for each stretch of measures
+    MergeOptions options;
 };
 
 struct MergeReport {
+    MergeRequest request;
+    bool verified = false;                // the result was read again and nothing was lost
+    std::vector<std::string> staffNames;  // by staff, counted from 1
+    std::vector<MergedMeasure> measures;  // without empty ones, by staff and measure
     std::vector<Remark> remarks;
-    std::vector<std::string> warnings;    // of the file's reading: "line 7: a <backup> goes ..."
-    std::vector<MergedMeasure> measures;  // with anything moved or stayed, by staff and measure
+    std::vector<std::string> warnings;  // of the file's reading: "line 7: a <backup> goes ..."
 
     int ChordsFormed() const noexcept;
     int NotesMoved() const noexcept;
     int RestsFilled() const noexcept;
+    int NotesCleared() const noexcept;
+    int MeasuresCleared() const noexcept;
     int Stayed() const noexcept;
+    std::map<Stay, int> StayedByReason() const;
+    // Staves in measures that Replace cleared and nothing moved into.
+    std::vector<const MergedMeasure*> ClearedForNothing() const;
 };
 
-// Compares the document with its state at the import. destination: the layer merged into, from
-// 0. Music outside the selection does not count as stayed.
-MergeReport ReportMerge(const ImportedScore& score, u16 destination, const EREGION& selection);
+// Compares the document with its state at the import. What is outside the selections, or of a
+// layer that was no source, does not count as stayed.
+MergeReport ReportMerge(const ImportedScore& score, MergeRequest request);
 
-std::string WordsForReason(Stay reason);  // "another duration at its time"
+// "another duration at the same time"
+std::string WordsForReason(Stay reason);
 
 }  // namespace standin

@@ -1,15 +1,13 @@
 #include "host/report/remarks.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <cstdio>
 #include <set>
 
 #include "host/musicxml/entry_texts.h"
 #include "host/musicxml/lyric_numbers.h"
 #include "host/musicxml/xml/xml_text.h"
-#include "platform/text.h"
+#include "host/report/places.h"
+#include "host/texts/texts.h"
 
 namespace standin {
 namespace {
@@ -19,18 +17,28 @@ std::string NameOfMarking(std::string_view element) {
     while (ElementName(element) == "notations") {
         element.remove_prefix(TagEnd(element, 0));
     }
-    std::string name{ElementName(element)};
-    if (name == "arpeggiate") {
-        return "arpeggio";
+    const std::string_view name = ElementName(element);
+    static constexpr std::pair<std::string_view, Text> kNames[] = {
+        {"accent", Text::kAccent},
+        {"arpeggiate", Text::kArpeggio},
+        {"breath-mark", Text::kBreathMark},
+        {"fermata", Text::kFermata},
+        {"mordent", Text::kMordent},
+        {"non-arpeggiate", Text::kNonArpeggio},
+        {"staccato", Text::kStaccato},
+        {"tenuto", Text::kTenuto},
+        {"tremolo", Text::kTremolo},
+        {"trill-mark", Text::kTrill},
+        {"turn", Text::kTurn},
+    };
+    for (const auto& [known, text] : kNames) {
+        if (name == known) {
+            return std::string{Say(text)};
+        }
     }
-    if (name == "non-arpeggiate") {
-        return "bracket against an arpeggio";
-    }
-    if (name == "trill-mark") {
-        return "trill";
-    }
-    std::replace(name.begin(), name.end(), '-', ' ');
-    return name;
+    std::string words{name};
+    std::replace(words.begin(), words.end(), '-', ' ');
+    return words;
 }
 
 // The syllable of a lyric, without its markup.
@@ -94,8 +102,7 @@ private:
             if (!numbers[i].empty()) {
                 Remark& remark = remarks.emplace_back(At(Remark::Kind::kLyricNumber, entry));
                 remark.what = TextOfLyric(m_score.fragments[m_texts.lyrics[i].fragment]);
-                remark.words =
-                    "the lyric \"" + remark.what + "\" has number " + numbers[i] + " now";
+                remark.words = Say(Text::kLyricRenumbered, {remark.what, numbers[i]});
             }
         }
     }
@@ -137,8 +144,7 @@ private:
         Remark& remark = remarks.emplace_back(At(Remark::Kind::kMarking, entry));
         remark.layer = owners.front();
         remark.what = name;
-        remark.words = "the " + name + " of layer " + std::to_string(owners.front() + 1) +
-                       " stands at the whole chord";
+        remark.words = Say(Text::kMarkingOfChord, {name, std::to_string(owners.front() + 1)});
     }
 
     bool Coincide(const EXENTRY& a, const EXENTRY& b) const {
@@ -227,18 +233,17 @@ void AddCarried(const ImportedScore& score, u16 layers, u16 slot, FrameKey key,
         remark.kind = Remark::Kind::kVoiceNotMerged;
         remark.staff = slot;
         remark.measure = key.measure;
-        remark.what =
-            voices == 1 ? "a fifth voice" : std::to_string(voices) + " voices beyond the fourth";
-        remark.words = remark.what + (voices == 1 ? " is not merged" : " are not merged");
+        remark.what = voices == 1 ? std::string{Say(Text::kFifthVoice)}
+                                  : Say(Text::kFurtherVoices, {std::to_string(voices)});
+        remark.words = Say(voices == 1 ? Text::kNotMerged : Text::kNoneMerged, {remark.what});
     }
 }
 
-void AddPlace(const Document& document, Remark& remark) {
-    remark.number = platform::Utf16ToMultiByte(document.MeasureNumberText(remark.measure),
-                                               platform::CodePage::kUtf8)
-                        .value_or("");
-    const double beat = document.Measure(remark.measure).beatDuration;
-    remark.beat = std::round((remark.onset.value_or(0) / beat + 1) * 1000) / 1000;
+void AddPlace(const Document& document, const std::vector<std::string>& staffNames,
+              Remark& remark) {
+    remark.number = PrintedNumber(document, remark.measure);
+    remark.staffName = staffNames[remark.staff];
+    remark.beat = BeatAt(document, remark.measure, remark.onset.value_or(0));
 }
 
 }  // namespace
@@ -246,6 +251,7 @@ void AddPlace(const Document& document, Remark& remark) {
 std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
                               const EREGION& selection) {
     const std::set<std::pair<u16, u16>> changed = score.document->ChangedMeasures();
+    const std::vector<std::string> staffNames = StaffNames(score);
     std::vector<Remark> remarks;
     u16 slot = 0;
     for (const ScorePart& part : score.parts) {
@@ -261,19 +267,16 @@ std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
         }
     }
     for (Remark& remark : remarks) {
-        AddPlace(*score.document, remark);
+        AddPlace(*score.document, staffNames, remark);
     }
     return remarks;
 }
 
 std::string WordsFor(const Remark& remark) {
-    std::string place = "m. " + remark.number + ", staff " + std::to_string(remark.staff);
-    if (remark.onset) {
-        std::array<char, 32> beat{};
-        std::snprintf(beat.data(), beat.size(), "%g", remark.beat);
-        place += std::string{", beat "} + beat.data();
-    }
-    return place + ": " + remark.words;
+    const std::string place = Say(Text::kRemarkPlace, {remark.number, remark.staffName});
+    const std::string beat =
+        remark.onset ? ", " + Say(Text::kOneBeat, {BeatText(remark.beat)}) : std::string{};
+    return place + beat + ": " + remark.words;
 }
 
 }  // namespace standin

@@ -16,8 +16,9 @@ struct Remark {
         kMarking,         // a marking of one note or chord has come to stand at more notes
     };
     Kind kind = Kind::kMarking;
-    u16 staff = 0;             // counted from 1 through the score
-    u16 measure = 0;           // from 1
+    u16 staff = 0;    // counted from 1 through the score
+    u16 measure = 0;  // from 1
+    std::string staffName;
     std::string number;        // of the measure, as it is printed
     std::optional<u16> layer;  // that it comes from, from 0
     std::optional<i32> onset;  // duration units from the barline
@@ -30,7 +31,7 @@ struct Remark {
 std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
                               const EREGION& selection);
 
-// "m. 12, staff 2, beat 2.5: ..."
+// "m. 12, Chorus, staff 2, beat 2.5: ..."
 std::string WordsFor(const Remark& remark);
 
 }  // namespace standin

@@ -70,10 +70,12 @@ constexpr WrongLine kWrongLines[] = {
     {"LayerThatIsNone", "merge a -o b.xml --from 5", "--from: 5 is not one of all, 1, 2, 3, 4"},
     {"DestinationAll", "merge a -o b.xml --to all", "--to: all"},
     {"SameLayer", "merge a -o b.xml --from 2 --to 2", "the same layer"},
-    {"RangeBackwards", "merge a -o b.xml --measures 7-5", "7-5 is not a range"},
-    {"RangeFromZero", "merge a -o b.xml --measures 0-5", "0-5 is not a range"},
-    {"RangeWithMore", "merge a -o b.xml --measures 5-12x", "5-12x is not a range"},
-    {"RangeTooLarge", "merge a -o b.xml --measures 1-99999", "1-99999 is not a range"},
+    {"RangeBackwards", "merge a -o b.xml --staves 7-5", "7-5 is not a range"},
+    {"RangeFromZero", "merge a -o b.xml --staves 0-5", "0-5 is not a range"},
+    {"RangeWithMore", "merge a -o b.xml --staves 5-12x", "5-12x is not a range"},
+    {"RangeTooLarge", "merge a -o b.xml --staves 1-99999", "1-99999 is not a range"},
+    {"MeasureMissingInAList", "merge a -o b.xml --measures 1,,3", "1,,3 is not a list"},
+    {"MeasureWithoutItsPlace", "merge a -o b.xml --measures 1-#", "1-# is not a list"},
     {"BeatBeforeTheFirst", "merge a -o b.xml --from-beat 0.5", "0.5 is not a beat"},
     {"BeatThatIsNoNumber", "merge a -o b.xml --from-beat nan", "nan is not a beat"},
     {"BeatTooLarge", "merge a -o b.xml --to-beat 1001", "1001 is not a beat"},
@@ -123,38 +125,62 @@ TEST(CommandLine, HelpShowsEveryOptionOfACommand) {
     EXPECT_NE(TextFor("-V").find(PLYWELD_VERSION), std::string::npos);
 }
 
-// The score has three measures, the second in 6/8, and two staves.
+// The score has three measures, printed as 0 to 2, the second in 6/8, and a part of one staff
+// before one of two.
 const struct {
     const char* options;
-    EREGION expected;
+    std::vector<EREGION> expected;
 } kSelections[] = {
-    {"", {0, 1, 1, 0, 0, 2, 3, kEndOfMeasure}},
-    {"--measures 2", {0, 1, 2, 0, 0, 2, 2, kEndOfMeasure}},
-    {"--measures 2-", {0, 1, 2, 0, 0, 2, 3, kEndOfMeasure}},
-    {"--measures 2-9", {0, 1, 2, 0, 0, 2, 3, kEndOfMeasure}},
-    {"--staves 2-2", {0, 2, 1, 0, 0, 2, 3, kEndOfMeasure}},
-    {"--measures 1-1 --from-beat 2 --to-beat 3", {0, 1, 1, 1024, 0, 2, 1, 3071}},
-    {"--measures 1-2 --from-beat 2.5 --to-beat 2", {0, 1, 1, 1536, 0, 2, 2, 1023}},
+    {"", {{0, 1, 1, 0, 0, 3, 3, kEndOfMeasure}}},
+    {"--measures 1", {{0, 1, 2, 0, 0, 3, 2, kEndOfMeasure}}},
+    {"--measures #1", {{0, 1, 1, 0, 0, 3, 1, kEndOfMeasure}}},
+    {"--measures 1-", {{0, 1, 2, 0, 0, 3, 3, kEndOfMeasure}}},
+    {"--measures 0,#3",
+     {{0, 1, 1, 0, 0, 3, 1, kEndOfMeasure}, {0, 1, 3, 0, 0, 3, 3, kEndOfMeasure}}},
+    {"--staves 2-2", {{0, 2, 1, 0, 0, 2, 3, kEndOfMeasure}}},
+    {"--part Organ", {{0, 2, 1, 0, 0, 3, 3, kEndOfMeasure}}},
+    {"--measures 0-0 --from-beat 2 --to-beat 3", {{0, 1, 1, 1024, 0, 3, 1, 3071}}},
+    {"--measures 0-1 --from-beat 2.5 --to-beat 2", {{0, 1, 1, 1536, 0, 3, 2, 1023}}},
 };
 
 TEST(Selection, FollowsMeasuresBeatsAndStaves) {
     Document document{1, u"score"};
-    document.AddStaff(4);
-    document.AddStaff(7);
+    for (const u16 staff : {u16{4}, u16{7}, u16{9}}) {
+        document.AddStaff(staff);
+    }
     document.AddMeasure(4, 1024);
     document.AddMeasure(6, 512);
     document.AddMeasure(4, 1024);
-    for (const auto& c : kSelections) {
-        const auto found = SelectionIn(document, ParseMerge(c.options).selection);
-        ASSERT_TRUE(std::holds_alternative<EREGION>(found)) << c.options;
-        const auto& region = std::get<EREGION>(found);
-        EXPECT_EQ(std::memcmp(&region, &c.expected, sizeof region), 0) << c.options;
+    for (u16 measure = 1; measure <= 3; ++measure) {
+        document.SetMeasureNumberText(measure, {static_cast<char16_t>(u'0' + measure - 1)});
     }
-    for (const char* nothing :
-         {"--measures 4-5", "--staves 3", "--measures 1-3 --from-beat 5",
-          "--measures 2-2 --from-beat 7", "--measures 1-1 --from-beat 3 --to-beat 1"}) {
-        EXPECT_TRUE(std::holds_alternative<std::string>(
-            SelectionIn(document, ParseMerge(nothing).selection)));
+    std::vector<ScorePart> parts(2);
+    parts[0].name = "Flute";
+    parts[0].staves.resize(1);
+    parts[1].name = "Organ";
+    parts[1].staves.resize(2);
+    for (const auto& c : kSelections) {
+        const auto found = SelectionsIn(document, parts, ParseMerge(c.options).selection);
+        ASSERT_TRUE(std::holds_alternative<std::vector<EREGION>>(found)) << c.options;
+        const auto& regions = std::get<std::vector<EREGION>>(found);
+        ASSERT_EQ(regions.size(), c.expected.size()) << c.options;
+        EXPECT_EQ(std::memcmp(regions.data(), c.expected.data(), regions.size() * sizeof(EREGION)),
+                  0)
+            << c.options;
+    }
+    for (const auto& [nothing, says] :
+         {std::pair{"--measures 4-5", "numbered 0 to 2"},
+          {"--measures #4", "has 3 measures"},
+          {"--measures 2-1", "ends before"},
+          {"--staves 4", "has 3 staves"},
+          {"--part organ", "did you mean Organ?"},
+          {"--measures 0-2 --from-beat 5", "measure 0 ends"},
+          {"--measures 1-1 --from-beat 7", "measure 1 ends"},
+          {"--measures 0 --from-beat 3 --to-beat 1", "ends before"}}) {
+        const auto found = SelectionsIn(document, parts, ParseMerge(nothing).selection);
+        ASSERT_TRUE(std::holds_alternative<std::string>(found)) << nothing;
+        EXPECT_NE(std::get<std::string>(found).find(says), std::string::npos)
+            << std::get<std::string>(found);
     }
 }
 

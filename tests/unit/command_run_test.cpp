@@ -1,6 +1,7 @@
 // The whole command: from a file through the real plug-in to a file.
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <set>
 
 #include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
@@ -44,32 +45,52 @@ protected:
     std::string errors;
 };
 
+using standin::Backup;
+using standin::Note;
+
+std::string Notations(const std::string& inner, const std::string& attributes = "") {
+    return "<notations" + attributes + ">" + inner + "</notations>";
+}
+
+std::string Half(std::string_view pitch, std::string_view voice = "1", std::string_view more = "",
+                 std::string_view first = "") {
+    return Note({pitch, 4, "half", voice, more, first});
+}
+
 TEST_F(CommandRun, CarolIsMergedAndNothingIsLost) {
     ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--verify"}), kDone) << errors;
-    EXPECT_EQ(output,
-              "105 chords formed, 4 rests filled, 112 notes moved\n"
-              "4 notes and chords left in other layers\n"
-              "  3: another duration at its time\n"
-              "  1: no rests of exactly its time\n"
-              "m. 4, staff 1, beat 3: the breath mark of layer 1 stands at the whole chord\n"
-              "m. 12, staff 1, beat 3: the breath mark of layer 1 stands at the whole chord\n"
-              "m. 14, staff 1, beat 3: the breath mark of layer 1 stands at the whole chord\n"
-              "m. 16, staff 1, beat 3: the breath mark of layer 1 stands at the whole chord\n"
-              "m. 20, staff 1, beat 1: the fermata of layer 1 stands at the whole chord\n"
-              "m. 20, staff 2, beat 1: the fermata of layer 1 stands at the whole chord\n"
-              "Verified: no music was lost\n");
+    EXPECT_EQ(
+        output,
+        "105 chords formed, 4 rests filled, 112 notes moved\n"
+        "4 notes and chords left in other layers:\n"
+        "  m. 3, Chorus, staff 1: 1 stays in layer 2, no rest of the same length to fill: beat 4\n"
+        "  m. 6\u20137, Chorus, staff 1: 2 stay in layer 2, another duration at the same time: "
+        "beats 1, 3\n"
+        "  m. 19, Chorus, staff 1: 1 stays in layer 2, another duration at the same time: beat 3\n"
+        "Worth knowing:\n"
+        "  m. 4, Chorus, staff 1, beat 3: the breath mark of layer 1 now applies to the whole "
+        "chord\n"
+        "  m. 12, Chorus, staff 1, beat 3: the breath mark of layer 1 now applies to the whole "
+        "chord\n"
+        "  m. 14, Chorus, staff 1, beat 3: the breath mark of layer 1 now applies to the whole "
+        "chord\n"
+        "  m. 16, Chorus, staff 1, beat 3: the breath mark of layer 1 now applies to the whole "
+        "chord\n"
+        "  m. 20, Chorus, staff 1, beat 1: the fermata of layer 1 now applies to the whole chord\n"
+        "  m. 20, Chorus, staff 2, beat 1: the fermata of layer 1 now applies to the whole chord\n"
+        "Verified: no music was lost\n");
     EXPECT_EQ(Run({"compare", kCarol, File("out.musicxml")}), kFailed);
     EXPECT_EQ(Run({"compare", kCarol, kCarol}), kDone);
 }
 
 TEST_F(CommandRun, OnlyTheSelectionChanges) {
-    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--measures", "3-4", "--staves",
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--measures", "2-3", "--staves",
                    "1", "--json"}),
               kDone)
         << errors;
     const auto report = nlohmann::json::parse(output);
-    EXPECT_EQ(report["left"], 1);
-    EXPECT_EQ(report["leftBecause"]["noRestToFill"], 1);
+    EXPECT_EQ(report["totals"]["stayed"], 1);
+    EXPECT_EQ(report["totals"]["stayedBecause"]["noRestToFill"], 1);
     ASSERT_EQ(report["measures"].size(), 2U);
     EXPECT_EQ(report["measures"][0]["measure"], 3);
     EXPECT_EQ(report["measures"][1]["staff"], 1);
@@ -91,6 +112,68 @@ TEST_F(CommandRun, EveryFormOfOutputHoldsTheSameMusic) {
     EXPECT_EQ(Run({"compare", File("out.musicxml"), File("out.mxl")}), kDone) << output;
 }
 
+TEST_F(CommandRun, ReplaceSaysWhatItClearsAndClearsNothingForNothing) {
+    // Layer 2 has music in the first measure only.
+    const std::string input = Write(
+        "in.xml",
+        standin::ScoreText({Half("C5") + Half("D5") + Backup(8) + Half("E4", "2") + Half("F4", "2"),
+                            Half("G5") + Half("A5")}));
+    const std::string target = Write("out.xml", "kept");
+    EXPECT_EQ(Run({"merge", input, "-o", target, "--replace"}), kFailed);
+    EXPECT_NE(errors.find("would clear 2 notes in 1 measure of layer 1 into which nothing moves, "
+                          "first m. 2, Piano"),
+              std::string::npos)
+        << errors;
+    EXPECT_NE(errors.find("--force"), std::string::npos);
+    EXPECT_EQ(Content(target), "kept");
+    ASSERT_EQ(Run({"merge", input, "-o", target, "--replace", "--measures", "1", "--verify"}),
+              kDone)
+        << errors;
+    EXPECT_NE(output.find("cleared: 2 notes in 1 measure of layer 1\n"), std::string::npos)
+        << output;
+    EXPECT_NE(output.find("nothing was lost but what Replace cleared"), std::string::npos);
+    EXPECT_EQ(Run({"merge", input, "-o", target, "--replace", "--force", "--json"}), kDone);
+    EXPECT_EQ(nlohmann::json::parse(output)["totals"]["notesCleared"], 4);
+}
+
+TEST_F(CommandRun, ADryRunReportsTheSameAndWritesNothing) {
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml")}), kDone);
+    const std::string report = output;
+    ASSERT_EQ(Run({"merge", kCarol, "--dry-run", "--verify"}), kDone) << errors;
+    EXPECT_TRUE(output.starts_with(report)) << output;
+    fs::remove(File("out.musicxml"));
+    ASSERT_EQ(Run({"merge", kCarol, "-n", "-o", File("out.musicxml")}), kDone);
+    EXPECT_FALSE(fs::exists(File("out.musicxml")));
+}
+
+TEST_F(CommandRun, SeveralStretchesAreMergedAndVerified) {
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--measures", "1,3-4,#10",
+                   "--verify", "--json"}),
+              kDone)
+        << errors;
+    const auto report = nlohmann::json::parse(output);
+    std::set<int> measures;
+    for (const auto& measure : report["measures"]) {
+        measures.insert(measure["measure"].get<int>());
+    }
+    EXPECT_EQ(measures, (std::set{2, 4, 5, 10}));
+}
+
+TEST_F(CommandRun, LongListsAreCutUnlessDetailsAreWanted) {
+    std::vector<std::string> measures;
+    for (int i = 0; i < 12; ++i) {
+        const std::string stays =
+            Half("C5") + Half("D5") + Backup(8) + Note({"E4", 8, "whole", "2"});
+        measures.push_back(stays);
+        measures.push_back(Half("C5") + Half("D5"));
+    }
+    const std::string input = Write("in.xml", standin::ScoreText(measures));
+    ASSERT_EQ(Run({"merge", input, "-o", File("out.xml")}), kDone) << errors;
+    EXPECT_NE(output.find("  and 2 more"), std::string::npos) << output;
+    ASSERT_EQ(Run({"merge", input, "-o", File("out.xml"), "--details"}), kDone);
+    EXPECT_NE(output.find("m. 23, Piano: 1 stays in layer 2"), std::string::npos) << output;
+}
+
 TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
     const std::string target = Write("out.musicxml", "kept");
     standin::App().faults.stopAtProgress = 3;
@@ -109,18 +192,6 @@ TEST_F(CommandRun, WhatCannotBeToldIsAFailure) {
     EXPECT_EQ(Run({"compare", kCarol, kCarol}), kFailed);
     std::cout.clear();
     EXPECT_NE(errors, "");
-}
-
-using standin::Backup;
-using standin::Note;
-
-std::string Notations(const std::string& inner, const std::string& attributes = "") {
-    return "<notations" + attributes + ">" + inner + "</notations>";
-}
-
-std::string Half(std::string_view pitch, std::string_view voice = "1", std::string_view more = "",
-                 std::string_view first = "") {
-    return Note({pitch, 4, "half", voice, more, first});
 }
 
 const std::string kSlurStart = Notations("<slur type=\"start\" number=\"1\"/>");
@@ -244,16 +315,16 @@ const struct {
     {"AMarkingThatJoins",
      Half("C5", "1", kFermata) + Half("D5", "1", Notations("<arpeggiate/>")) + Backup(8) +
          Half("A4", "2", kTrill) + Half("B4", "2"),
-     {"m. 1, staff 1, beat 1: the fermata of layer 1 stands at the whole chord",
-      "m. 1, staff 1, beat 1: the trill of layer 2 stands at the whole chord",
-      "m. 1, staff 1, beat 3: the arpeggio of layer 1 stands at the whole chord"}},
+     {"m. 1, Piano, beat 1: the fermata of layer 1 now applies to the whole chord",
+      "m. 1, Piano, beat 1: the trill of layer 2 now applies to the whole chord",
+      "m. 1, Piano, beat 3: the arpeggio of layer 1 now applies to the whole chord"}},
     {"AMarkingOfBoth", Half("C5", "1", kFermata) + Backup(4) + Half("A4", "2", kFermata), {}},
     {"AMarkingThatFillsARest", Half("r") + Backup(4) + Half("A4", "2", kTrill), {}},
     {"AMarkingOfOneNote", Half("C5") + Backup(4) + Half("A4", "2", Notations(kFinger)), {}},
     {"ALyric",
      Half("C5", "1", Lyric("1", "la")) + Backup(4) + Half("A4", "2", Lyric("1", "ho")),
-     {"m. 1, staff 1, beat 1: the lyric \"ho\" has number 2 now"}},
-    {"AFifthVoice", kFiveVoices, {"m. 1, staff 1: a fifth voice is not merged"}},
+     {"m. 1, Piano, beat 1: the lyric \"ho\" is now number 2"}},
+    {"AFifthVoice", kFiveVoices, {"m. 1, Piano: a fifth voice is not merged"}},
 };
 
 TEST_F(CommandRun, WhatTheScoresReaderShouldKnowIsNamed) {
@@ -271,7 +342,7 @@ TEST_F(CommandRun, WhatTheScoresReaderShouldKnowIsNamed) {
         EXPECT_EQ(remarks, c.remarks);
     }
     EXPECT_EQ(Run({"merge", File("in.xml"), "-o", File("out.xml")}), kDone);
-    EXPECT_NE(output.find("\nm. 1, staff 1: a fifth voice is not merged\n"), std::string::npos);
+    EXPECT_NE(output.find("\n  m. 1, Piano: a fifth voice is not merged\n"), std::string::npos);
 }
 
 // The fifth voice has the free layer 2 in its measure, unless somebody means voice 2 by that.
@@ -288,9 +359,9 @@ TEST_F(CommandRun, AFifthVoiceIsNeitherClearedNorMergedUnasked) {
     ASSERT_EQ(
         Run({"merge", input, "-o", File("out.xml"), "--from", "2", "--measures", "2", "--json"}),
         kDone);
-    EXPECT_EQ(nlohmann::json::parse(output)["notesMoved"], 0);
+    EXPECT_EQ(nlohmann::json::parse(output)["totals"]["notesMoved"], 0);
     ASSERT_EQ(Run({"merge", input, "-o", File("out.xml"), "--measures", "2", "--json"}), kDone);
-    EXPECT_EQ(nlohmann::json::parse(output)["chordsFormed"], 1);
+    EXPECT_EQ(nlohmann::json::parse(output)["totals"]["chordsFormed"], 1);
 }
 
 TEST_F(CommandRun, SlipsOfTheFileAreTold) {
@@ -354,7 +425,7 @@ TEST_F(CommandRun, ShowTellsWhatAMergeWouldFind) {
     ASSERT_EQ(shown["parts"][0]["staves"].size(), 2U);
     EXPECT_EQ(shown["parts"][0]["staves"][1]["layers"][1]["voice"], "6");
     EXPECT_EQ(shown["parts"][0]["staves"][1]["measuresWithSeveralLayers"], 21);
-    EXPECT_EQ(shown["merge"]["chordsFormed"], 105);
+    EXPECT_EQ(shown["merge"]["totals"]["chordsFormed"], 105);
 }
 
 }  // namespace

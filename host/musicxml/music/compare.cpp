@@ -138,14 +138,15 @@ private:
     }
 
     bool IsCleared(u16 staff, u16 measure, i32 position, u16 layer) const {
-        if (!m_options.replaced || layer != m_options.replaced->layer) {
-            return false;
-        }
-        const EREGION& region = m_options.replaced->selection;
         const auto at = std::pair{i32{measure}, position};
-        return staff >= region.startSlot && staff <= region.endSlot &&
-               at >= std::pair{i32{region.startMeasure}, i32{region.startPosition}} &&
-               at <= std::pair{i32{region.endMeasure}, i32{region.endPosition}};
+        return std::any_of(
+            m_options.replaced.begin(), m_options.replaced.end(), [&](const ClearedMusic& cleared) {
+                const EREGION& region = cleared.selection;
+                return layer == cleared.layer && staff >= region.startSlot &&
+                       staff <= region.endSlot &&
+                       at >= std::pair{i32{region.startMeasure}, i32{region.startPosition}} &&
+                       at <= std::pair{i32{region.endMeasure}, i32{region.endPosition}};
+            });
     }
 
     bool IsExcepted(const MusicEntry& entry) const {

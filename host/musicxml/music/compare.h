@@ -19,8 +19,8 @@ struct CompareOptions {
     // The second score is the first after a merge: layers are of no account, rests come and go,
     // two notes may stand as one chord and what both had may stand there once.
     bool merged = false;
-    std::optional<ClearedMusic> replaced;  // need not be in the second score
-    std::size_t mostDifferences = 200;     // no more are told
+    std::vector<ClearedMusic> replaced;  // need not be in the second score
+    std::size_t mostDifferences = 200;   // no more are told
 };
 
 // One line a difference, e.g. "staff 2, measure 5, beat 2.5: C#4 quarter lost"; empty when the

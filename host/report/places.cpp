@@ -1,0 +1,44 @@
+#include "host/report/places.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include "host/texts/texts.h"
+#include "platform/text.h"
+
+namespace standin {
+
+std::vector<std::string> StaffNames(const ImportedScore& score) {
+    std::vector<std::string> names{std::string{}};
+    for (const ScorePart& part : score.parts) {
+        for (std::size_t staff = 0; staff < part.staves.size(); ++staff) {
+            if (part.name.empty()) {
+                names.push_back(Say(Text::kStaffOfScore, {std::to_string(names.size())}));
+            } else if (part.staves.size() == 1) {
+                names.push_back(part.name);
+            } else {
+                names.push_back(Say(Text::kStaffOfPart, {part.name, std::to_string(staff + 1)}));
+            }
+        }
+    }
+    return names;
+}
+
+std::string PrintedNumber(const Document& document, u16 measure) {
+    return platform::Utf16ToMultiByte(document.MeasureNumberText(measure),
+                                      platform::CodePage::kUtf8)
+        .value_or("");
+}
+
+double BeatAt(const Document& document, u16 measure, i32 onset) {
+    const double beat = document.Measure(measure).beatDuration;
+    return std::round((onset / beat + 1) * 1000) / 1000;
+}
+
+std::string BeatText(double beat) {
+    char text[32];
+    std::snprintf(text, sizeof(text), "%g", beat);
+    return text;
+}
+
+}  // namespace standin

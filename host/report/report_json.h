@@ -1,0 +1,12 @@
+// The report of a merge for programs. docs/report.schema.json describes it.
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+
+#include "host/report/merge_report.h"
+
+namespace standin {
+
+nlohmann::ordered_json ReportAsJson(const MergeReport& report);
+
+}  // namespace standin
