@@ -10,15 +10,16 @@
 namespace standin::readback {
 namespace {
 
-// Of one voice in one measure, by onset.
+// Of one voice in one measure, by onset. On two staves at once it may rest.
 void MarkSharedTime(Score& score, const std::vector<u32>& voice) {
     std::map<u32, u32> lastOfStaff;  // the chord that ends latest so far
     for (const u32 index : voice) {
         Chord& chord = score.chords[index];
         for (const auto& [staff, last] : lastOfStaff) {
             Chord& other = score.chords[last];
-            if (chord.place.onset < other.End()) {
-                const bool sameStaff = staff == chord.place.staff;
+            const bool sameStaff = staff == chord.place.staff;
+            const bool sounds = !chord.rest && !other.rest;
+            if (chord.place.onset < other.End() && (sameStaff || sounds)) {
                 bool Chord::*mark = sameStaff ? &Chord::sharesTime : &Chord::onTwoStaves;
                 chord.*mark = true;
                 other.*mark = true;
