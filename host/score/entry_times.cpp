@@ -85,32 +85,44 @@ bool IsGrace(const EXENTRY& entry) {
     return (entry.flags & EntryFlag::kGrace) != 0;
 }
 
-void TakeTime(EXENTRY& entry, VoiceClock& clock, const RecordStore& records) {
-    const i32 start = clock.Position().Rounded();
-    entry.elapsedTime = start;
-    entry.actualDuration = 0;
-    if (!IsGrace(entry)) {
-        clock.OpenTuplets(entry.entryNumber, 0, false, records);
-        clock.Advance(entry.duration, 0);
-        entry.actualDuration = clock.Position().Rounded() - start;
+// Calls visit(place, start, end) for each entry.
+template <typename Visit>
+void ForEachTime(const std::vector<EXENTRY>& entries, const RecordStore& records, Visit visit) {
+    VoiceClock voice1{TimePosition{}};
+    VoiceClock voice2{TimePosition{}};
+    for (std::size_t place = 0; place < entries.size(); ++place) {
+        const EXENTRY& entry = entries[place];
+        const bool isVoice2 = (entry.flags & EntryFlag::kVoice2) != 0;
+        if (!isVoice2 && (entry.flags & EntryFlag::kLaunchVoice2) != 0) {
+            voice2 = VoiceClock{voice1.Position()};
+        }
+        VoiceClock& clock = isVoice2 ? voice2 : voice1;
+        const TimePosition start = clock.Position();
+        if (!IsGrace(entry)) {
+            clock.OpenTuplets(entry.entryNumber, place, false, records);
+            clock.Advance(entry.duration, place);
+        }
+        visit(place, start, clock.Position());
     }
 }
 
 }  // namespace
 
 void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records) {
-    VoiceClock voice1{TimePosition{}};
-    VoiceClock voice2{TimePosition{}};
-    for (EXENTRY& entry : entries) {
-        if ((entry.flags & EntryFlag::kVoice2) != 0) {
-            TakeTime(entry, voice2, records);
-            continue;
-        }
-        if ((entry.flags & EntryFlag::kLaunchVoice2) != 0) {
-            voice2 = VoiceClock{voice1.Position()};
-        }
-        TakeTime(entry, voice1, records);
-    }
+    ForEachTime(entries, records,
+                [&entries](std::size_t place, TimePosition start, TimePosition end) {
+                    entries[place].elapsedTime = start.Rounded();
+                    entries[place].actualDuration = end.Rounded() - start.Rounded();
+                });
+}
+
+std::vector<TimePosition> ExactEndsOf(const std::vector<EXENTRY>& entries,
+                                      const RecordStore& records) {
+    std::vector<TimePosition> ends;
+    ends.reserve(entries.size());
+    ForEachTime(entries, records,
+                [&ends](std::size_t, TimePosition, TimePosition end) { ends.push_back(end); });
+    return ends;
 }
 
 std::vector<TupletRun> TupletRunsOf(const std::vector<EXENTRY>& entries, bool voice2,

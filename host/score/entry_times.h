@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/score/record_store.h"
+#include "host/score/time_position.h"
 #include "shell/host/host_frames.h"
 
 namespace standin {
@@ -20,6 +21,10 @@ namespace standin {
 // that is not positive or beyond 2^20 units, with a ratio beyond 1:64 or 64:1, or nested deeper
 // than four, is taken as none.
 void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records);
+
+// Where each entry ends, by the same rules but exactly; of a grace entry, where it stands.
+std::vector<TimePosition> ExactEndsOf(const std::vector<EXENTRY>& entries,
+                                      const RecordStore& records);
 
 // A tuplet on record and the entries that count in it.
 struct TupletRun {

@@ -2,7 +2,8 @@
 add_executable(test_command
   "${CMAKE_CURRENT_LIST_DIR}/command_line_test.cpp"
   "${CMAKE_CURRENT_LIST_DIR}/command_output_test.cpp"
-  "${CMAKE_CURRENT_LIST_DIR}/command_run_test.cpp")
+  "${CMAKE_CURRENT_LIST_DIR}/command_run_test.cpp"
+  "${CMAKE_CURRENT_LIST_DIR}/command_tuplets_test.cpp")
 set_target_properties(test_command PROPERTIES ENABLE_EXPORTS ON)
 target_compile_definitions(test_command PRIVATE
   PLYWELD_EXAMPLES="${PROJECT_SOURCE_DIR}/examples")

@@ -88,10 +88,12 @@ void LineFrame::CloseUntil(const EntryDraft& next) {
     }
 }
 
-void LineFrame::OpenGroupsOf(const EntryDraft& draft) {
+// Before a grace note, those of its main note that began earlier: on another staff.
+void LineFrame::OpenGroupsOf(const EntryDraft& main, const EntryDraft& draft) {
     std::vector<const TupletGroup*> groups;
-    for (const TupletGroup* group = draft.tuplet; group != nullptr; group = group->outer) {
-        if (std::find(m_open.begin(), m_open.end(), group) == m_open.end()) {
+    for (const TupletGroup* group = main.tuplet; group != nullptr; group = group->outer) {
+        const bool hasBegun = !draft.Grace() || group->start < draft.start;
+        if (hasBegun && std::find(m_open.begin(), m_open.end(), group) == m_open.end()) {
             groups.push_back(group);
         }
     }
@@ -125,9 +127,9 @@ Problem LineFrame::TakeLength(EntryDraft& draft) {
     return {};
 }
 
-Problem LineFrame::Append(EntryDraft& draft) {
+Problem LineFrame::Append(EntryDraft& draft, const EntryDraft& main) {
     CloseUntil(draft);
-    OpenGroupsOf(draft);
+    OpenGroupsOf(main, draft);
     FillUntil(draft.start);
     EXENTRY& entry = draft.entry;
     entry.flags |= m_flags;

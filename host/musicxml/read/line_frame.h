@@ -15,8 +15,9 @@ public:
     LineFrame(ImportedScore& score, u32 flags, Rational from)
         : m_score{score}, m_flags{flags}, m_time{from} {}
 
-    // Entries in order, none sharing time with another or with a group of another.
-    Problem Append(EntryDraft& draft);
+    // Entries in order, none sharing time with another or with a group of another. main: of a
+    // grace note, the note that follows; else the entry itself.
+    Problem Append(EntryDraft& draft, const EntryDraft& main);
 
     // The frame's entries, up to the end of the last group.
     std::vector<EXENTRY> Take();
@@ -24,7 +25,7 @@ public:
 private:
     void CloseUntil(const EntryDraft& next);
     void Close();
-    void OpenGroupsOf(const EntryDraft& draft);
+    void OpenGroupsOf(const EntryDraft& main, const EntryDraft& draft);
     void FillUntil(Rational time);
     void PushGap(Rational from, Rational to, i64 duration);
     Problem TakeLength(EntryDraft& draft);

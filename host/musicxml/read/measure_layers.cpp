@@ -329,8 +329,11 @@ Problem MeasureLayers::AppendSecondVoice(const Voice& voice, const Line& line,
 Problem MeasureLayers::LayOut(const Line& line, u32 flags, Rational from,
                               std::vector<EXENTRY>& frame) {
     LineFrame built{m_score, flags, from};
-    for (EntryDraft* draft : line.entries) {
-        if (Problem problem = built.Append(*draft)) {
+    for (auto draft = line.entries.begin(); draft != line.entries.end(); ++draft) {
+        const auto main = std::find_if_not(draft, line.entries.end(),
+                                           [](const EntryDraft* entry) { return entry->Grace(); });
+        if (Problem problem =
+                built.Append(**draft, main != line.entries.end() ? **main : **draft)) {
             return problem;
         }
     }

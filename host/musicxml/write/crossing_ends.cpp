@@ -37,10 +37,10 @@ Voices VoicesOf(const ImportedScore& score, const ScorePart& part, u16 measure) 
         for (u16 layer = 0; layer < part.measures[measure - 1U].layers; ++layer) {
             const Frame* frame = score.document->ImportedFrame({staff.staff, measure, layer});
             for (const bool voice2 : {false, true}) {
-                const auto entries = frame == nullptr
-                                         ? std::vector<TimedEntry>{}
-                                         : TimedEntriesOf(*frame, voice2, score.forms,
-                                                          part.measures[measure - 1U].grid);
+                const auto entries =
+                    frame == nullptr
+                        ? std::vector<TimedEntry>{}
+                        : TimedEntriesOf(score, *frame, voice2, part.measures[measure - 1U].grid);
                 for (const TimedEntry& timed : entries) {
                     voices[staff.NameAt(measure, layer, timed.entry->entryNumber)].push_back(
                         EntryOf(score, timed));

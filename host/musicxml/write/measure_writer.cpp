@@ -129,7 +129,7 @@ void MeasureWriter::CollectStreams() {
 void MeasureWriter::CollectStreams(const Frame& frame, FrameKey key, std::size_t staff,
                                    bool voice2) {
     std::vector<std::pair<const std::string*, std::vector<TimedEntry>>> voices;
-    for (const TimedEntry& timed : TimedEntriesOf(frame, voice2, m_score.forms, m_original.grid)) {
+    for (const TimedEntry& timed : TimedEntriesOf(m_score, frame, voice2, m_original.grid)) {
         const std::string& name =
             m_part.staves[staff].NameAt(m_measure, key.layer, timed.entry->entryNumber);
         auto voice = std::find_if(voices.begin(), voices.end(),
@@ -169,6 +169,7 @@ void MeasureWriter::CollectStream(const Frame& frame, FrameKey key, std::size_t 
         event.place = {timed.start, timed.start + timed.length, !(form.gap && isHiddenRest),
                        event.isFiller};
         event.cameIn = !known.contains(timed.entry->entryNumber);
+        event.place.isAsRead = !event.cameIn && (timed.entry->flags & EntryFlag::kMadeRest) == 0;
         const auto index = static_cast<std::size_t>(timed.entry - frame.entries.data());
         indices.push_back(index);
         if (frame.BeamedByHost()) {
@@ -256,8 +257,11 @@ void MeasureWriter::PlaceBracketsOf(const std::string& voice) {
     for (const Event* event : events) {
         places.push_back(event->place);
     }
-    PlaceBrackets(places, tuplets, m_score.fragments,
-                  [&](const TupletText& text) { return HasOtherEnd(voice, text); });
+    PlaceBrackets(
+        places, tuplets, m_score.fragments, [&](const BracketPlace& place, const TupletText& text) {
+            return m_part.crossingBrackets.contains(text.bracket) ? HasOtherEnd(voice, text)
+                                                                  : place.isAsRead;
+        });
     for (std::size_t i = 0; i < events.size(); ++i) {
         events[i]->place = std::move(places[i]);
     }
@@ -265,11 +269,7 @@ void MeasureWriter::PlaceBracketsOf(const std::string& voice) {
 
 // The other end of a bracket that crosses a barline, in the same voice.
 bool MeasureWriter::HasOtherEnd(const std::string& voice, const TupletText& text) const {
-    const auto crossing = m_part.crossingBrackets.find(text.bracket);
-    if (crossing == m_part.crossingBrackets.end()) {
-        return false;
-    }
-    const auto& [first, last] = crossing->second;
+    const auto& [first, last] = m_part.crossingBrackets.at(text.bracket);
     const u16 measure = text.start != 0 ? last : first;
     const auto isOther = [&](const EXENTRY& entry) {
         EntryTexts texts;

@@ -2,17 +2,32 @@
 
 #include <cstdlib>
 
+#include "host/score/entry_times.h"
+
 namespace standin {
 namespace {
+
+// Times in finer ones cannot be added.
+constexpr i64 kFinestDivisions = i64{1} << 20U;
 
 // The time in quarters at the division nearest to a time in duration units, as long as that
 // is near enough; else exactly the units.
 Rational NearestDivision(i64 units, Rational divisions) {
+    if (divisions.num >= kFinestDivisions) {
+        return Rational::OfUnits(units);
+    }
     const i64 scaled = units * divisions.num;
     const i64 scale = i64{kQuarterNote} * divisions.den;
     const i64 nearest = (scaled * 2 + scale) / (scale * 2);
     const Rational time = Rational::Of(nearest * divisions.den, divisions.num);
     return std::abs(RoundToUnits(time) - units) <= 1 ? time : Rational::OfUnits(units);
+}
+
+// The exact time where it is a division; else the nearest to the rounded one.
+Rational DivisionAt(TimePosition exact, i64 units, Rational divisions) {
+    const Rational time = Rational::OfUnits(exact.Whole()) +
+                          Rational::Of(exact.Numerator(), exact.Denominator() * kQuarterNote);
+    return (time * divisions).den == 1 ? time : NearestDivision(units, divisions);
 }
 
 bool Agree(Rational time, i64 units) {
@@ -21,12 +36,14 @@ bool Agree(Rational time, i64 units) {
 
 }  // namespace
 
-std::vector<TimedEntry> TimedEntriesOf(const Frame& frame, bool voice2, const WrittenForms& forms,
+std::vector<TimedEntry> TimedEntriesOf(const ImportedScore& score, const Frame& frame, bool voice2,
                                        Rational divisions) {
+    const std::vector<TimePosition> ends = ExactEndsOf(frame.entries, score.document->Records());
     std::vector<TimedEntry> timed;
     timed.reserve(frame.entries.size());
     Rational time{};
-    for (const EXENTRY& entry : frame.entries) {
+    for (std::size_t i = 0; i < frame.entries.size(); ++i) {
+        const EXENTRY& entry = frame.entries[i];
         if (((entry.flags & EntryFlag::kVoice2) != 0) != voice2) {
             continue;
         }
@@ -40,12 +57,12 @@ std::vector<TimedEntry> TimedEntriesOf(const Frame& frame, bool voice2, const Wr
             result.asWritten = true;
             continue;
         }
-        const WrittenForm& form = forms[entry.fieldAt12];
+        const WrittenForm& form = score.forms[entry.fieldAt12];
         const i64 end = i64{entry.elapsedTime} + entry.actualDuration;
         result.asWritten = form.notated == entry.duration && Agree(time + form.length, end) &&
                            (form.length.num != 0 || entry.actualDuration == 0);
         const Rational finish =
-            result.asWritten ? time + form.length : NearestDivision(end, divisions);
+            result.asWritten ? time + form.length : DivisionAt(ends[i], end, divisions);
         result.length = finish - time;
         time = finish;
     }

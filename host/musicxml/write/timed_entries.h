@@ -15,8 +15,9 @@ struct TimedEntry {
 };
 
 // The voice-1 or the voice-2 entries of a frame, in order. Times follow the forms where these
-// agree with the host's rounded ones, else the nearest division of a quarter note.
-std::vector<TimedEntry> TimedEntriesOf(const Frame& frame, bool voice2, const WrittenForms& forms,
+// agree with the host's rounded ones, else the tuplets where these give whole divisions of a
+// quarter note, else the nearest division.
+std::vector<TimedEntry> TimedEntriesOf(const ImportedScore& score, const Frame& frame, bool voice2,
                                        Rational divisions);
 
 }  // namespace standin

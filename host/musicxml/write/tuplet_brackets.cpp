@@ -22,6 +22,7 @@ struct Bracket {
 };
 
 using Places = std::vector<BracketPlace>;
+using StandAlone = std::function<bool(const BracketPlace&, const TupletText&)>;
 
 // Calls visit for each place of the tuplet that is written.
 template <typename Visit>
@@ -110,12 +111,12 @@ public:
         }
     }
 
-    void Place(const std::function<bool(const TupletText&)>& hasOtherEnd) {
+    void Place(const StandAlone& mayStandAlone) {
         std::vector<std::pair<u32, Bracket*>> kept;
         for (auto& [id, bracket] : m_brackets) {
             const bool isWhole = bracket.start != 0 && bracket.stop != 0;
             if (bracket.first != nullptr &&
-                (isWhole || hasOtherEnd({bracket.start, bracket.stop, id}))) {
+                (isWhole || mayStandAlone(*bracket.first, {bracket.start, bracket.stop, id}))) {
                 kept.emplace_back(id, &bracket);
             }
         }
@@ -198,11 +199,10 @@ void AddBracketTuplets(const std::vector<EXENTRY>& entries, const RecordStore& r
 }
 
 void PlaceBrackets(Places& places, const std::vector<BracketTuplet>& tuplets,
-                   const Fragments& fragments,
-                   const std::function<bool(const TupletText&)>& hasOtherEnd) {
+                   const Fragments& fragments, const StandAlone& mayStandAlone) {
     BracketPlacing placing{places, tuplets, fragments};
     placing.Collect();
-    placing.Place(hasOtherEnd);
+    placing.Place(mayStandAlone);
 }
 
 }  // namespace standin

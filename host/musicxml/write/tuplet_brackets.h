@@ -18,6 +18,7 @@ struct BracketPlace {
     Rational end{};
     bool isWritten = true;      // false: a gap
     bool isLeftBehind = false;  // a hidden rest where music was
+    bool isAsRead = false;      // where the file has it
     std::string brackets{};     // the result: its <tuplet> elements in the order to write
 };
 
@@ -37,9 +38,11 @@ void AddBracketTuplets(const std::vector<EXENTRY>& entries, const RecordStore& r
 
 // A bracket starts at the first written entry of its tuplet, on whichever staff, and stops at the
 // last, and has a number that none around it has. One that lacks an end is left out, unless
-// hasOtherEnd finds that end in another measure. Around rests left behind it is not shown.
-void PlaceBrackets(std::vector<BracketPlace>& places, const std::vector<BracketTuplet>& tuplets,
-                   const Fragments& fragments,
-                   const std::function<bool(const TupletText&)>& hasOtherEnd);
+// mayStandAlone says that it has it in another measure, or never had it. Around rests left behind
+// it is not shown.
+void PlaceBrackets(
+    std::vector<BracketPlace>& places, const std::vector<BracketTuplet>& tuplets,
+    const Fragments& fragments,
+    const std::function<bool(const BracketPlace&, const TupletText&)>& mayStandAlone);
 
 }  // namespace standin

@@ -1,0 +1,108 @@
+// Tuplets in merges of files: whole where they come from and where they go.
+#include "host/cli/command_line.h"
+#include "host/cli/run_command.h"
+#include "host/score/application.h"
+#include "tests/unit/support/files.h"
+#include "tests/unit/tuplet_score.h"
+
+namespace {
+
+// The file that comes of a merge with these options; empty when there is none.
+std::string Merged(const std::string& text, std::vector<std::string> options) {
+    standin::App().Reset();
+    TemporaryFolder folder;
+    const std::string in = (folder / "in.musicxml").string();
+    const std::string out = (folder / "out.musicxml").string();
+    std::ofstream{in, std::ios::binary} << text;
+    std::vector<std::string> arguments{"merge", in, "-o", out, "--quiet", "--verify"};
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    EXPECT_EQ(standin::cli::RunCommandLine(arguments), standin::cli::kDone);
+    return Content(out);
+}
+
+const std::string kTriplet =
+    "C5 eighth 12 3:2 [, D5 eighth 12 3:2, E5 eighth 12 3:2 ], r half 72, r quarter 36";
+const std::string kSame =
+    "C4 eighth 12 3:2 v2 [, D4 eighth 12 3:2 v2, E4 eighth 12 3:2 v2 ], r half 72 v2, r quarter 36 "
+    "v2";
+const std::string kTripletAndNote =
+    "C5 eighth 12 3:2 [, D5 eighth 12 3:2, E5 eighth 12 3:2 ], r half 72, A5 quarter 36";
+const std::string kSameAndEighths =
+    "C4 eighth 12 3:2 v2 [, D4 eighth 12 3:2 v2, E4 eighth 12 3:2 v2 ], r half 72 v2, B3 eighth 18 "
+    "v2, B3 eighth 18 v2";
+const std::string kBack = ", back 144, ";
+constexpr const char* kSextuplet =
+    "C5 16th 6 6:4 [, D5 16th 6 6:4, E5 16th 6 6:4, F5 16th 6 6:4, G5 16th 6 6:4, A5 16th 6 6:4 ], "
+    "C5 quarter 36, D5 half 72";
+
+using Options = std::vector<std::string>;
+
+const struct {
+    const char* name;
+    std::string voices;
+    Options options;
+    const char* brackets;  // by BracketsIn
+} kMerges[] = {
+    {"WholeForARest",
+     kTriplet + kBack + "r whole 144 v2",
+     {"--from", "1", "--to", "2"},
+     " r[1 r]1 C[1 E]1"},
+    {"IntoTheLikeOfIt",
+     kTriplet + kBack + kSame,
+     {"--from", "all", "--to", "1"},
+     " C[1 E]1 r[1 r]1"},
+    {"HiddenRestsBehind",
+     kTripletAndNote + kBack + kSameAndEighths,
+     {"--from", "2", "--to", "1", "--hide-rests"},
+     " C[1 E]1 r[1 r]1"},
+    {"NoPartOfASextuplet",
+     std::string{kSextuplet} + kBack +
+         "C4 eighth 18 v2, r eighth 18 v2, r half 72 v2, r quarter 36 v2",
+     {"--from", "1", "--to", "2", "--hide-rests"},
+     " C[1 A]1"},
+    {"OfOneNote",
+     "C5 quarter 36, r half 72, r quarter 36" + kBack +
+         "C4 quarter 36 v2, A4 quarter 24 3:2 [ ] v2, r eighth 12 3:2 v2, r half 72 v2",
+     {"--from", "all", "--to", "1"},
+     " A[1 A]1 r[1 r]1"},
+    {"InnerOneIntoTheSameOuterOne",
+     "C5 quarter 24 3:2 [, r quarter 24 3:2, G5 quarter 24 3:2 ], r half 72" + kBack +
+         "r quarter 24 3:2 { v2, D4 eighth 8 9:4 v2 [, E4 eighth 8 9:4 v2, F4 eighth 8 9:4 v2 ], r "
+         "quarter 24 3:2 v2 }, r half 72 v2",
+     {"--from", "2", "--to", "1"},
+     " C[1 D[2 F]2 G]1 r[2 r[1 r]1 r]2"},
+};
+
+TEST(TupletMerges, LeaveBracketsWhole) {
+    for (const auto& c : kMerges) {
+        SCOPED_TRACE(c.name);
+        const std::string merged = Merged(standin::TupletScore({c.voices}), c.options);
+        EXPECT_EQ(standin::BracketsIn(merged), c.brackets);
+    }
+}
+
+// Hidden rests need no bracket that is seen.
+TEST(TupletMerges, HideTheBracketsOfHiddenRests) {
+    const std::string merged =
+        Merged(standin::TupletScore({kMerges[2].voices}), kMerges[2].options);
+    EXPECT_NE(merged.find("show-number=\"none\" bracket=\"no\""), merged.npos) << merged;
+}
+
+// Rests that mirror the source's rhythm are as long as its notes, however fine the divisions.
+TEST(TupletMerges, KeepTimesInFineDivisions) {
+    std::string text = standin::TupletScore({kTripletAndNote});
+    text.replace(text.find(">36</div"), 3, ">10080");
+    for (std::size_t at = 0; (at = text.find("<duration>", at)) != text.npos; ++at) {
+        const std::size_t digits = at + std::string_view{"<duration>"}.size();
+        const std::size_t count = text.find('<', digits) - digits;
+        text.replace(digits, count, std::to_string(std::stoi(text.substr(digits, count)) * 280));
+    }
+    const std::string merged = Merged(text, {"--from", "1", "--to", "2", "--from-beat", "2"});
+    std::size_t thirds = 0;
+    for (std::size_t at = 0; (at = merged.find(">3360<", at)) != merged.npos; ++at) {
+        ++thirds;
+    }
+    EXPECT_EQ(thirds, 6U) << merged;
+}
+
+}  // namespace
