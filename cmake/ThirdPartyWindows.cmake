@@ -5,7 +5,7 @@ include(ThirdPartySources)
 # Libraries of headers alone come from the packages of the native build. The system's include
 # folder cannot be given to a cross-compiler whole.
 file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/include")
-foreach(folder CLI nlohmann)
+foreach(folder CLI nlohmann utf8 utf8.h)
   find_path(PLYWELD_${folder} ${folder} PATHS /usr/include /usr/local/include NO_DEFAULT_PATH
     NO_CMAKE_FIND_ROOT_PATH REQUIRED)
   file(CREATE_LINK "${PLYWELD_${folder}}/${folder}" "${PROJECT_BINARY_DIR}/include/${folder}"

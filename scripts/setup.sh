@@ -81,7 +81,7 @@ ensure_packages() {
 }
 
 native_packages=(g++ cmake ninja-build pkg-config libpugixml-dev libzip-dev libcli11-dev
-    libgtest-dev libgmock-dev nlohmann-json3-dev cmark-gfm jq ccache)
+    libgtest-dev libgmock-dev nlohmann-json3-dev libutfcpp-dev cmark-gfm jq ccache)
 windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev ca-certificates)
 wine_packages=(wine wine64 fonts-wine xvfb xauth locales)
 check_packages=(clang-format-14 clang-tidy-14 libxml2-utils unzip git python3-jsonschema)

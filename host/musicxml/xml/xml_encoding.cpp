@@ -1,51 +1,27 @@
 // The encodings of XML files, to and from UTF-8.
 #include <algorithm>
 #include <cctype>
+#include <cstring>
+#include <iterator>
+#include <optional>
+#include <utf8.h>
 
 #include "host/musicxml/xml/xml_text.h"
 
 namespace standin {
 namespace {
 
-constexpr u32 kReplacement = 0xFFFD;
+// What windows-1252 has between 0x80 and 0x9F, where ISO 8859-1 has control characters; 0: nothing.
+constexpr u16 kWindows1252[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                  0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
+                                  0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                  0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-void AppendUtf8(std::string& out, u32 code) {
-    const auto put = [&out](u32 byte) { out.push_back(static_cast<char>(byte)); };
-    if (code < 0x80) {
-        put(code);
-    } else if (code < 0x800) {
-        put(0xC0U | code >> 6U);
-        put(0x80U | (code & 0x3FU));
-    } else if (code < 0x10000) {
-        put(0xE0U | code >> 12U);
-        put(0x80U | (code >> 6U & 0x3FU));
-        put(0x80U | (code & 0x3FU));
-    } else {
-        put(0xF0U | code >> 18U);
-        put(0x80U | (code >> 12U & 0x3FU));
-        put(0x80U | (code >> 6U & 0x3FU));
-        put(0x80U | (code & 0x3FU));
-    }
+bool IsUnused(u8 byte) {
+    return byte >= 0x80 && byte < 0xA0 && kWindows1252[byte - 0x80] == 0;
 }
 
-// Reads the character at the offset and moves past it.
-u32 NextCode(std::string_view text, std::size_t& at) {
-    const auto byte = [&](std::size_t i) { return static_cast<u32>(static_cast<u8>(text[i])); };
-    const u32 first = byte(at++);
-    if (first < 0x80) {
-        return first;
-    }
-    const int more = first >= 0xF0 ? 3 : first >= 0xE0 ? 2 : 1;
-    u32 code = first & (0x3FU >> static_cast<unsigned>(more));
-    for (int i = 0; i < more; ++i, ++at) {
-        if (at >= text.size() || (byte(at) & 0xC0U) != 0x80U) {
-            return kReplacement;
-        }
-        code = code << 6U | (byte(at) & 0x3FU);
-    }
-    return code;
-}
-
+// Unpaired surrogates come out as what no UTF-8 has, so that the check finds them.
 std::string FromUtf16(std::string_view bytes, bool bigEndian) {
     const auto unit = [&](std::size_t i) {
         const u32 first = static_cast<u8>(bytes[i]);
@@ -63,50 +39,59 @@ std::string FromUtf16(std::string_view bytes, bool bigEndian) {
                 i += 2;
             }
         }
-        AppendUtf8(text, code);
+        utf8::unchecked::append(static_cast<char32_t>(code), std::back_inserter(text));
     }
     return text;
 }
 
 std::string ToUtf16(std::string_view text, bool bigEndian) {
+    std::u16string units;
+    utf8::unchecked::utf8to16(text.begin(), text.end(), std::back_inserter(units));
     std::string bytes;
-    bytes.reserve(text.size() * 2);
-    const auto put = [&](u32 unit) {
+    bytes.reserve(units.size() * 2);
+    for (const char16 unit : units) {
         const char low = static_cast<char>(unit & 0xFFU);
         const char high = static_cast<char>(unit >> 8U);
         bytes.push_back(bigEndian ? high : low);
         bytes.push_back(bigEndian ? low : high);
-    };
-    for (std::size_t at = 0; at < text.size();) {
-        const u32 code = NextCode(text, at);
-        if (code >= 0x10000) {
-            put(0xD800U + ((code - 0x10000U) >> 10U));
-            put(0xDC00U + ((code - 0x10000U) & 0x3FFU));
-        } else {
-            put(code);
-        }
     }
     return bytes;
 }
 
-std::string FromLatin1(std::string_view bytes) {
+std::string FromBytes(std::string_view bytes, Encoding encoding) {
     std::string text;
     text.reserve(bytes.size() + bytes.size() / 16);
-    for (const char byte : bytes) {
-        AppendUtf8(text, static_cast<u8>(byte));
+    for (const char c : bytes) {
+        const u8 byte = static_cast<u8>(c);
+        const bool isOther = encoding == Encoding::kWindows1252 && byte >= 0x80 && byte < 0xA0;
+        const char32_t code = isOther ? kWindows1252[byte - 0x80] : byte;
+        utf8::unchecked::append(code, std::back_inserter(text));
     }
     return text;
 }
 
-std::string ToLatin1(std::string_view text) {
+// The byte that stands for the character; nothing when the encoding lacks it.
+std::optional<u8> ByteOf(char32_t code, Encoding encoding) {
+    const bool isLatin1 = encoding == Encoding::kLatin1;
+    if (code < 0x80 || (code < 0x100 && (isLatin1 || code >= 0xA0))) {
+        return static_cast<u8>(code);
+    }
+    const auto* found = std::find(std::begin(kWindows1252), std::end(kWindows1252), code);
+    if (isLatin1 || found == std::end(kWindows1252)) {
+        return std::nullopt;
+    }
+    return static_cast<u8>(0x80 + (found - kWindows1252));
+}
+
+std::string ToBytes(std::string_view text, Encoding encoding) {
     std::string bytes;
     bytes.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
-        const u32 code = NextCode(text, at);
-        if (code < 0x100) {
-            bytes.push_back(static_cast<char>(code));
+    for (auto at = text.begin(); at != text.end();) {
+        const char32_t code = utf8::unchecked::next(at);
+        if (const std::optional<u8> byte = ByteOf(code, encoding)) {
+            bytes.push_back(static_cast<char>(*byte));
         } else {
-            bytes += "&#" + std::to_string(code) + ';';
+            bytes += "&#" + std::to_string(u32{code}) + ';';
         }
     }
     return bytes;
@@ -128,23 +113,27 @@ DecodedText FromMarkedUtf16(std::string_view bytes, bool bigEndian, bool mark) {
     return {FromUtf16(bytes.substr(mark ? 2 : 0), bigEndian), {encoding, mark}, {}};
 }
 
-// Where the text holds what is no character in UTF-8; its size when it does not.
+// Where the text holds what is not UTF-8; its size when it is. Eight bytes of ASCII are passed
+// over at once: scores have little else.
 std::size_t FindInvalid(std::string_view text) {
-    for (std::size_t at = 0; at < text.size();) {
-        if (static_cast<u8>(text[at]) < 0x80) {
-            ++at;
-            continue;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    try {
+        while (at != end) {
+            u64 eight = 0x80;
+            if (end - at >= 8) {
+                std::memcpy(&eight, at, sizeof(eight));
+            }
+            if ((eight & 0x8080808080808080U) == 0) {
+                at += 8;
+            } else {
+                utf8::next(at, end);
+            }
         }
-        const std::size_t begin = at;
-        const u32 code = NextCode(text, at);
-        std::string written;
-        AppendUtf8(written, code);
-        const bool isSurrogate = code >= 0xD800 && code < 0xE000;
-        if (isSurrogate || code > 0x10FFFF || text.substr(begin, at - begin) != written) {
-            return begin;
-        }
+    } catch (const utf8::exception&) {
+        // It stays before the character that is none.
     }
-    return text.size();
+    return static_cast<std::size_t>(at - text.data());
 }
 
 // The declaration itself could be read byte by byte, so that it is no UTF-16 whatever it says.
@@ -182,7 +171,17 @@ DecodedText Decode(std::string bytes) {
         return {std::move(bytes), {Encoding::kUtf8, mark}, {}};
     }
     if (declared == "iso-8859-1" || declared == "latin1" || declared == "latin-1") {
-        return {FromLatin1(bytes), {Encoding::kLatin1, false}, {}};
+        return {FromBytes(bytes, Encoding::kLatin1), {Encoding::kLatin1, false}, {}};
+    }
+    if (declared == "windows-1252" || declared == "cp1252") {
+        const auto unused = std::find_if(bytes.begin(), bytes.end(),
+                                         [](char byte) { return IsUnused(static_cast<u8>(byte)); });
+        if (unused == bytes.end()) {
+            return {FromBytes(bytes, Encoding::kWindows1252), {Encoding::kWindows1252, false}, {}};
+        }
+        const auto offset = static_cast<std::size_t>(unused - bytes.begin());
+        return {
+            {}, {}, "the file holds bytes that windows-1252 does not use", LineAt(bytes, offset)};
     }
     if (declared.starts_with("utf-16") || declared == "utf16") {
         return FromMislabelled(std::move(bytes));
@@ -213,7 +212,8 @@ std::string EncodeXml(std::string text, TextFormat format) {
             return ToUtf16(text, bigEndian);
         }
         case Encoding::kLatin1:
-            return ToLatin1(text);
+        case Encoding::kWindows1252:
+            return ToBytes(text, format.encoding);
         case Encoding::kUtf8:
             break;
     }

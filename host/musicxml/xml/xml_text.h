@@ -9,7 +9,7 @@
 
 namespace standin {
 
-enum class Encoding : u8 { kUtf8, kUtf16LittleEndian, kUtf16BigEndian, kLatin1 };
+enum class Encoding : u8 { kUtf8, kUtf16LittleEndian, kUtf16BigEndian, kLatin1, kWindows1252 };
 
 struct TextFormat {
     Encoding encoding = Encoding::kUtf8;
