@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "host/musicxml/pitch.h"
 #include "host/report/places.h"
 #include "host/texts/texts.h"
 
@@ -19,12 +18,6 @@ bool IsIn(const EREGION& selection, u16 slot, u16 measure, i32 onset) {
 const std::vector<EXENTRY>& EntriesOf(const Frame* frame) {
     static const std::vector<EXENTRY> kNone;
     return frame == nullptr ? kNone : frame->entries;
-}
-
-std::string NameOfPitch(const WrittenPitch& pitch) {
-    std::string name(1, "CDEFGAB"[pitch.step]);
-    name.append(static_cast<std::size_t>(std::abs(pitch.alter)), pitch.alter < 0 ? 'b' : '#');
-    return name + std::to_string(pitch.octave);
 }
 
 // Compares one staff in one measure before and after.
@@ -113,10 +106,9 @@ private:
     }
 
     std::vector<std::string> PitchesOf(const EXENTRY& entry) const {
-        const int fifths = FifthsOfKeyWord(m_document.Measure(m_result.measure).key);
         std::vector<std::string> pitches;
         for (int i = 0; i < entry.noteCount; ++i) {
-            pitches.push_back(NameOfPitch(PitchOfField(entry.notes[i].pitch, fifths)));
+            pitches.push_back(NameOfNote(m_document, m_result.measure, entry.notes[i]));
         }
         return pitches;
     }

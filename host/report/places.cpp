@@ -2,7 +2,9 @@
 
 #include <cmath>
 #include <cstdio>
+#include <cstdlib>
 
+#include "host/musicxml/pitch.h"
 #include "host/texts/texts.h"
 #include "platform/text.h"
 
@@ -28,6 +30,14 @@ std::string PrintedNumber(const Document& document, u16 measure) {
     return platform::Utf16ToMultiByte(document.MeasureNumberText(measure),
                                       platform::CodePage::kUtf8)
         .value_or("");
+}
+
+std::string NameOfNote(const Document& document, u16 measure, const EXNOTE& note) {
+    const int fifths = FifthsOfKeyWord(document.Measure(measure).key);
+    const WrittenPitch pitch = PitchOfField(note.pitch, fifths);
+    std::string name(1, "CDEFGAB"[pitch.step]);
+    name.append(static_cast<std::size_t>(std::abs(pitch.alter)), pitch.alter < 0 ? 'b' : '#');
+    return name + std::to_string(pitch.octave);
 }
 
 double BeatAt(const Document& document, u16 measure, i32 onset) {

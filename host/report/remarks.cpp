@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <set>
+#include <span>
 
 #include "host/musicxml/entry_texts.h"
 #include "host/musicxml/lyric_numbers.h"
@@ -73,6 +74,7 @@ public:
             GatherEntryTexts(m_document, entry, m_texts);
             AddLyrics(entry, remarks);
             AddMarkings(entry, remarks);
+            AddUnisons(entry, remarks);
         }
     }
 
@@ -145,6 +147,24 @@ private:
         remark.layer = owners.front();
         remark.what = name;
         remark.words = Say(Text::kMarkingOfChord, {name, std::to_string(owners.front() + 1)});
+    }
+
+    // Two tied notes of one pitch in one chord, which other programs take for one.
+    void AddUnisons(const EXENTRY& entry, std::vector<Remark>& remarks) const {
+        const std::span notes{entry.notes, static_cast<std::size_t>(entry.noteCount)};
+        for (auto note = notes.begin(); note != notes.end(); ++note) {
+            const bool isTiedTwice = (note->flags & NoteFlag::kTieStart) != 0 &&
+                                     std::any_of(notes.begin(), note, [&note](const EXNOTE& other) {
+                                         return other.pitch == note->pitch &&
+                                                other.second == note->second &&
+                                                (other.flags & NoteFlag::kTieStart) != 0;
+                                     });
+            if (isTiedTwice && LayersOf(entry).size() > 1) {
+                Remark& remark = remarks.emplace_back(At(Remark::Kind::kTie, entry));
+                remark.what = NameOfNote(m_document, m_key.measure, *note);
+                remark.words = Say(Text::kTiedTwice, {remark.what});
+            }
+        }
     }
 
     bool Coincide(const EXENTRY& a, const EXENTRY& b) const {

@@ -14,6 +14,7 @@ struct Remark {
         kVoiceNotMerged,  // a voice beyond the fourth is left as it was
         kLyricNumber,     // a lyric took another number than it had
         kMarking,         // a marking of one note or chord has come to stand at more notes
+        kTie,             // a tie that other programs may not read
     };
     Kind kind = Kind::kMarking;
     u16 staff = 0;    // counted from 1 through the score

@@ -32,6 +32,8 @@ const char* NameOf(Remark::Kind kind) {
             return "lyricNumber";
         case Remark::Kind::kMarking:
             return "marking";
+        case Remark::Kind::kTie:
+            return "tie";
     }
     return "";
 }

@@ -300,6 +300,8 @@ TEST_F(CommandRun, WhatBelongsToANoteStandsWithIt) {
     }
 }
 
+const std::string kTieStart = Notations("<tied type=\"start\"/>");
+const std::string kTieStop = Notations("<tied type=\"stop\"/>");
 const std::string kTrill = Notations("<ornaments><trill-mark/></ornaments>");
 const std::string kFiveVoices = Half("C5") + Half("D5") + Backup(8) + Half("A4", "2") +
                                 Half("B4", "2") + Backup(8) + Half("r", "3") + Half("r", "3") +
@@ -324,6 +326,10 @@ const struct {
     {"ALyric",
      Half("C5", "1", Lyric("1", "la")) + Backup(4) + Half("A4", "2", Lyric("1", "ho")),
      {"m. 1, Piano, beat 1: the lyric \"ho\" is now number 2"}},
+    {"TwoTiesOfOnePitch",
+     Half("C5", "1", kTieStart) + Half("C5", "1", kTieStop) + Backup(8) +
+         Half("C5", "2", kTieStart) + Half("C5", "2", kTieStop),
+     {"m. 1, Piano, beat 1: C5 is tied twice in one chord"}},
     {"AFifthVoice", kFiveVoices, {"m. 1, Piano: a fifth voice is not merged"}},
 };
 

@@ -64,5 +64,17 @@ TEST(Slips, ANoteOfNoLengthInATripletTakesAThird) {
     EXPECT_EQ(Entries(*score, 1, 0).at(1).elapsedTime, 2 * 1024 / 3 + 1);
 }
 
+// Its text would say another time than what is written after it counts on.
+TEST(Slips, ANoteOfNoLengthInACarriedVoiceIsWrittenWithItsOwn) {
+    std::string measure = Note({.duration = 4, .type = "half"});
+    for (const char* voice : {"2", "3", "4"}) {
+        measure += Backup(4) + Note({.duration = 4, .type = "half", .voice = voice});
+    }
+    measure += Backup(4) + Note({.voice = "5"}) + Lasting(0, "<voice>5</voice><type>eighth</type>");
+    const auto score = Read(ScoreText({measure}));
+    EXPECT_EQ(Layer(*score, 1, 1, kLayers), "q:c4 e:e4");
+    EXPECT_EQ(Rebuilt(*score).find("<duration>0<"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace standin

@@ -19,6 +19,7 @@ struct NoteElement {
     bool grace = false;
     bool rest = false;
     bool hidden = false;     // print-object="no"
+    bool isTimed = true;     // its length is what its <duration> says
     Rational length{};       // 0 for a grace note
     std::string_view voice;  // as long as the node
     int staff = 1;           // within the part, from 1

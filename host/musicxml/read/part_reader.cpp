@@ -270,6 +270,7 @@ void PartReader::GiveLength(NoteElement& note) {
     m_score.warnings.Add("a <duration> is 0, and counts as what the note's type says",
                          OffsetOf(note.node));
     note.length = length;
+    note.isTimed = false;
     m_uncounted = joins ? m_uncounted : m_uncounted + length;
 }
 
@@ -298,17 +299,18 @@ EntryDraft& PartReader::EntryFor(const NoteElement& note, bool& isNew) {
     return draft;
 }
 
-// Notes of a chord that became several entries make no sense one entry at a time.
+// Notes of a chord that became several entries make no sense one entry at a time; what says
+// another length than it takes would move what is written after it.
 void PartReader::AddText(EntryDraft& draft, const NoteElement& note, bool isNew) {
     const std::string_view text = m_score.text;
     const std::size_t begin = OffsetOf(note.node);
     if (isNew) {
         draft.text.begin = begin;
         draft.text.divisions = m_context.divisions;
-        draft.isOnePiece = !note.chord;
+        draft.isOnePiece = !note.chord && note.isTimed;
     } else {
         const std::string_view between = text.substr(draft.text.end, begin - draft.text.end);
-        draft.isOnePiece = draft.isOnePiece && Trimmed(between).empty();
+        draft.isOnePiece = draft.isOnePiece && note.isTimed && Trimmed(between).empty();
     }
     draft.text.end = NodeEnd(text, begin);
     for (const ChordMember& member : m_chord) {
