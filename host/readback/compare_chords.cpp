@@ -7,14 +7,6 @@
 namespace standin::readback {
 namespace {
 
-using Indices = std::vector<u32>;
-
-// The chords of one group; both lists in the order of the file.
-struct Group {
-    Indices before;
-    Indices after;
-};
-
 class ChordComparison {
 public:
     explicit ChordComparison(const Comparison& comparison)
@@ -31,9 +23,9 @@ public:
         for (const auto& [key, group] : groups) {
             CompareNotes(group);
             CompareCompany(group);
-            CompareRests(group);
+            CompareRests(m_all, group);
             if (key.second) {
-                CompareGraceOrder(group);
+                CompareGraces(m_all, group);
             }
         }
     }
@@ -209,73 +201,6 @@ private:
             }
         }
         return false;
-    }
-
-    // A rest that carries something stays a rest and keeps it.
-    void CompareRests(const Group& group) const {
-        const auto marksOf = [](const Side& side, const Indices& chords, bool withCleared) {
-            std::map<u32, u32> marks;  // text to chord
-            for (const u32 index : chords) {
-                const Chord& chord = side.score.chords[index];
-                for (u32 note = chord.notes.begin; note < chord.notes.end && chord.rest; ++note) {
-                    const Range& range = side.score.notes[note].attachments;
-                    for (u32 at = range.begin; at < range.end; ++at) {
-                        const Attachment& attachment = side.score.attachments[at];
-                        if (!attachment.look && (withCleared || !side.isCleared[index])) {
-                            marks.emplace(attachment.text, index);
-                        }
-                    }
-                }
-            }
-            return marks;
-        };
-        const auto report = [this](const Side& side, const auto& marks, const auto& others,
-                                   const char* verb) {
-            for (const auto& [text, chord] : marks) {
-                if (!others.contains(text)) {
-                    Report(side.score.chords[chord],
-                           m_all.findings.Quoted(text) + " of a rest" + verb);
-                }
-            }
-        };
-        const auto is = marksOf(m_after, group.after, true);
-        report(m_before, marksOf(m_before, group.before, false), is, " lost");
-        report(m_after, is, marksOf(m_before, group.before, true), " gained");
-    }
-
-    // Grace notes that stay in one voice stay in their order.
-    void CompareGraceOrder(const Group& group) const {
-        std::map<std::pair<u32, u32>, u32> byNumber;  // by voice and number
-        for (const u32 was : group.before) {
-            const Chord& chord = m_before.score.chords[was];
-            byNumber[{chord.voice, chord.grace}] = was;
-        }
-        for (const auto& [key, second] : byNumber) {
-            const auto earlier = byNumber.find({key.first, key.second + 1});
-            if (earlier == byNumber.end()) {
-                continue;
-            }
-            const Chord* first = Found(earlier->second, group.after);
-            const Chord* last = Found(second, group.after);
-            if (first != nullptr && last != nullptr && first->voice == last->voice &&
-                first->grace < last->grace) {
-                Report(*last, "grace notes change their order");
-            }
-        }
-    }
-
-    // The one chord with these notes; null when there are several, or none.
-    const Chord* Found(u32 was, const Indices& after) const {
-        const Chord* found = nullptr;
-        for (const u32 is : after) {
-            if (HasNotesOf(m_after, is, m_before, was)) {
-                if (found != nullptr) {
-                    return nullptr;
-                }
-                found = &m_after.score.chords[is];
-            }
-        }
-        return found;
     }
 
     const Comparison& m_all;

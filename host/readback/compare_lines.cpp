@@ -35,6 +35,12 @@ LineKey KeyOf(const Side& side, const Line& line) {
     return {KeyOf(side, side.score.ends[line.start]), KeyOf(side, side.score.ends[line.stop])};
 }
 
+using Stretch = std::tuple<u32, u32, u32>;  // kind, staff, measure
+
+Stretch MeasureOf(const LineEnd& end) {
+    return {end.kind, end.place.staff, end.place.measure};
+}
+
 class LineComparison {
 public:
     explicit LineComparison(const Comparison& comparison)
@@ -43,7 +49,14 @@ public:
           m_after{comparison.after},
           m_isFound(m_after.score.lines.size()) {
         for (u32 i = 0; i < m_after.score.lines.size(); ++i) {
-            m_linesAfter.emplace(KeyOf(m_after, m_after.score.lines[i]), i);
+            const LineKey key = KeyOf(m_after, m_after.score.lines[i]);
+            m_linesAfter.emplace(key, i);
+            m_byStart.emplace(MeasureOf(m_after.score.ends[m_after.score.lines[i].start]), i);
+        }
+        for (const Line& line : m_before.score.lines) {
+            if (line.stopStandsFirst) {
+                m_stopFirstBefore.insert(KeyOf(m_before, line));
+            }
         }
         Collect(m_before, m_endsBefore, m_looseBefore);
         Collect(m_after, m_endsAfter, m_looseAfter);
@@ -110,11 +123,12 @@ private:
         const LineEnd& start = m_before.score.ends[was.start];
         const LineEnd& stop = m_before.score.ends[was.stop];
         if (!isFound && m_all.merged && (IsAtRest(start) || IsAtRest(stop))) {
-            for (u32 i = 0; i < m_after.score.lines.size() && !isFound; ++i) {
-                const Line& is = m_after.score.lines[i];
+            const auto [from, to] = m_byStart.equal_range(MeasureOf(start));
+            for (auto at = from; at != to && !isFound; ++at) {
+                const Line& is = m_after.score.lines[at->second];
                 if (IsMoved(start, m_after.score.ends[is.start]) &&
                     IsMoved(stop, m_after.score.ends[is.stop])) {
-                    take(i);
+                    take(at->second);
                 }
             }
         }
@@ -129,10 +143,7 @@ private:
 
     // Of a tuplet.
     void CheckOrder(const Line& is) const {
-        const auto sameBefore = [&](const Line& was) {
-            return was.stopStandsFirst && KeyOf(m_before, was) == KeyOf(m_after, is);
-        };
-        if (is.stopStandsFirst && std::ranges::none_of(m_before.score.lines, sameBefore)) {
+        if (is.stopStandsFirst && !m_stopFirstBefore.contains(KeyOf(m_after, is))) {
             Report(m_after, is, kStopStandsFirst);
         }
     }
@@ -235,6 +246,8 @@ private:
     const Side& m_before;
     const Side& m_after;
     std::multimap<LineKey, u32> m_linesAfter;
+    std::multimap<Stretch, u32> m_byStart;  // likewise, by where the line starts
+    std::set<LineKey> m_stopFirstBefore;
     std::vector<bool> m_isFound;
     Ends m_endsBefore;
     Ends m_endsAfter;

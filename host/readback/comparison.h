@@ -33,6 +33,14 @@ inline GroupKey GroupOf(const Chord& chord) {
     return {chord.place, chord.grace != 0};
 }
 
+using Indices = std::vector<u32>;
+
+// The chords of one group; both lists in the order of the file.
+struct Group {
+    Indices before;
+    Indices after;
+};
+
 // Whether the chord has a note like that.
 bool HasNote(const Side& side, u32 chord, u32 noteId);
 
@@ -44,6 +52,8 @@ const std::string& WordsForNote(const Comparison& comparison, const Side& side, 
 
 void CompareFacts(const Comparison& comparison);   // all but lines, whatever the chords
 void CompareChords(const Comparison& comparison);  // after a merge
+void CompareRests(const Comparison& comparison, const Group& group);   // likewise
+void CompareGraces(const Comparison& comparison, const Group& group);  // likewise, of grace notes
 void CompareLines(const Comparison& comparison);
 void CompareStreams(const Comparison& comparison);  // after a merge
 void CompareItems(const Comparison& comparison);

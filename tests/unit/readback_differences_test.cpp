@@ -52,6 +52,11 @@ const struct {
      Note({.pitch = "r"}) + Backup(2) + Note({.pitch = "E4", .voice = "2", .more = kLyric}), "",
      "1: <lyric><text>a</text></lyric> of E4 quarter gained\n"
      "1: <lyric><text>a</text></lyric> of a rest lost\n"},
+    {"OnceOfTwoRestsIsNotEnough",
+     Note({.pitch = "r", .more = kStaccato}) + Backup(2) +
+         Note({.pitch = "r", .voice = "2", .more = kStaccato}),
+     Note({.pitch = "r", .more = kStaccato}) + Backup(2) + Note({.pitch = "r", .voice = "2"}),
+     "1: <staccato/> of quarter rest lost\n", "1: <staccato/> of a rest lost\n"},
     {"SlursNumberDoesNotCount", SlurNote("start") + SlurNote("stop"),
      SlurNote("start", "2") + SlurNote("stop", "2"), "", nullptr},
     {"DirectionLost", kTempo + Note({}), Note({}),

@@ -1,0 +1,59 @@
+// Whether rests that carry something keep it through a merge.
+#include <string>
+
+#include "host/readback/comparison.h"
+
+namespace standin::readback {
+namespace {
+
+struct Carried {
+    int count = 0;
+    u32 chord = 0;  // one of those that carry it
+};
+
+// What the rests carry, by text.
+std::map<u32, Carried> MarksOf(const Side& side, const Indices& chords, bool withCleared) {
+    std::map<u32, Carried> marks;
+    for (const u32 index : chords) {
+        const Chord& chord = side.score.chords[index];
+        if (!chord.rest || (side.isCleared[index] && !withCleared)) {
+            continue;
+        }
+        for (u32 note = chord.notes.begin; note < chord.notes.end; ++note) {
+            const Range& range = side.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                const Attachment& attachment = side.score.attachments[at];
+                if (!attachment.look) {
+                    Carried& carried = marks[attachment.text];
+                    ++carried.count;
+                    carried.chord = index;
+                }
+            }
+        }
+    }
+    return marks;
+}
+
+}  // namespace
+
+// Such rests stay rests, and never become one.
+void CompareRests(const Comparison& comparison, const Group& group) {
+    const auto report = [&](const Side& side, const std::map<u32, Carried>& marks,
+                            const std::map<u32, Carried>& others, const char* verb) {
+        for (const auto& [text, carried] : marks) {
+            const auto other = others.find(text);
+            if (other == others.end() || other->second.count < carried.count) {
+                const Chord& chord = side.score.chords[carried.chord];
+                comparison.findings.Add(chord.part, chord.place,
+                                        comparison.findings.Quoted(text) + " of a rest" + verb);
+            }
+        }
+    };
+    const Side& before = comparison.before;
+    const Side& after = comparison.after;
+    const std::map<u32, Carried> is = MarksOf(after, group.after, true);
+    report(before, MarksOf(before, group.before, false), is, " lost");
+    report(after, is, MarksOf(before, group.before, true), " gained");
+}
+
+}  // namespace standin::readback
