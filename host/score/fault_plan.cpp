@@ -1,14 +1,6 @@
 #include "host/score/fault_plan.h"
 
 namespace standin {
-namespace {
-
-bool HasResult(HostCall call) noexcept {
-    return call != HostCall::kFreeTGF && call != HostCall::kFreeEntryMetrics &&
-           call != HostCall::kFreeMeasureMetrics;
-}
-
-}  // namespace
 
 bool Refuses(const FaultPlan& plan, const CallCounts& counts, HostCall call) noexcept {
     if (!HasResult(call)) {

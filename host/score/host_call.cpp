@@ -1,75 +1,35 @@
 #include "host/score/host_call.h"
 
-#include <array>
+#include <iterator>
+#include <type_traits>
+
+#include "shell/host/host_functions.h"
 
 namespace standin {
+namespace {
+
+struct Row {
+    const char* name;
+    bool hasResult;
+};
+
+constexpr Row kRows[] = {
+#define HOST_CALLBACK(name, function, result, missing, parameters) \
+    {#function, !std::is_void_v<result>},
+#include "shell/host/host_callbacks.inc"
+#undef HOST_CALLBACK
+    {"", false},
+};
+static_assert(std::size(kRows) == kHostCallCount + 1);
+
+}  // namespace
 
 const char* NameOf(HostCall call) noexcept {
-    static constexpr std::array<const char*, kHostCallCount> kNames = {
-        "FX_GetCurrentEnigmaDocument",
-        "FX_SetCurrentEnigmaDocument",
-        "FX_GetNextEnigmaDocument",
-        "FX_GetDocumentPath",
-        "FX_GetCurrentPartID",
-        "FX_GetNextPartID",
-        "FX_SetCurrentPartID",
-        "FX_SetCurrentPartInView",
-        "FX_GetPartName_UTF16",
-        "FX_AutoNumberedName_UTF16",
-        "FX_GetCurERegions",
-        "FX_GetMaxLayers",
-        "FX_GetShowLayer",
-        "FX_SlotToInst",
-        "FX_InstToSlot",
-        "FX_LoadEData",
-        "FX_SaveEData",
-        "FX_CreateEData",
-        "FX_DeleteEData",
-        "FX_NextEData",
-        "FX_PreviousEData",
-        "FX_LoadTGF",
-        "FX_SaveTGF",
-        "FX_FreeTGF",
-        "FX_GetTGFDuration",
-        "FX_InsertEXENTRY",
-        "FX_DeleteEXENTRY",
-        "FX_ReduceEntries",
-        "FX_GetMeasureDuration",
-        "FX_GetKeySig",
-        "FX_GetEntryMetrics",
-        "FX_GetEntryMetrics2014",
-        "FX_FreeEntryMetrics",
-        "FX_FreeMeasureMetrics",
-        "FX_StartFinaleEdit_UTF16",
-        "FX_EndFinaleEdit",
-        "FX_CancelFinaleEdit",
-        "FX_StartMassEdit",
-        "FX_MassEditProgress",
-        "FX_EndMassEdit",
-        "FX_RebeamRegion",
-        "FX_UpdateLayout",
-        "FX_RedrawMusic",
-        "FX_ExecuteMenuItem",
-        "FX_Dialog",
-        "FX_EndDialog",
-        "FX_GetDlgItemVal",
-        "FX_SetDlgItemVal",
-        "FX_GetDlgCntlVal",
-        "FX_SetDlgCntlVal",
-        "FX_GetDlgString_UTF16",
-        "FX_SetDlgString_UTF16",
-        "FX_EnableDlgItem",
-        "FX_ShowHideDlgItem",
-        "FX_SetDlgFocus",
-        "FX_GetDlgItemUser",
-        "FX_SetDlgItemUser",
-        "FX_SetTimer",
-        "FX_KillTimer",
-        "FX_AlertMessage_UTF16",
-        "FX_GetMeasureNumberString",
-        "FX_GetCurrentWindowInfo"};
-    const auto index = static_cast<std::size_t>(call);
-    return index < kNames.size() ? kNames[index] : "";
+    return kRows[static_cast<std::size_t>(call)].name;
+}
+
+bool HasResult(HostCall call) noexcept {
+    return kRows[static_cast<std::size_t>(call)].hasResult;
 }
 
 }  // namespace standin

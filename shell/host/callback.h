@@ -18,7 +18,7 @@ class Callback<Result(Parameters...)> {
     using Fallback = std::conditional_t<std::is_void_v<Result>, int, Result>;
 
 public:
-    explicit constexpr Callback(const char* name, Fallback whenMissing = {}) noexcept
+    constexpr Callback(const char* name, Fallback whenMissing) noexcept
         : m_name{name}, m_whenMissing{whenMissing} {}
     Callback(const Callback&) = delete;
     Callback& operator=(const Callback&) = delete;

@@ -1,6 +1,7 @@
 // What a test can make the host do wrong.
 #include <algorithm>
 
+#include "platform/module.h"
 #include "tests/unit/support/loan.h"
 
 namespace standin {
@@ -14,6 +15,13 @@ std::string Succeeding() {
         results += FX_SlotToInst(1, 0, kInterfaceVersion) != 0 ? '1' : '0';
     }
     return results;
+}
+
+TEST(HostCalls, EveryOneIsExportedUnderItsName) {
+    for (std::size_t call = 0; call < kHostCallCount; ++call) {
+        const char* const name = NameOf(static_cast<HostCall>(call));
+        EXPECT_NE(platform::FindHostFunction(name), nullptr) << name;
+    }
 }
 
 TEST(HostFaults, RefuseTheNthCallOverallOrOfAKind) {
