@@ -3,15 +3,9 @@
 #include <algorithm>
 
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/score/details/DetailKind.h"
+#include "shell/host/entry_detail_tags.h"
 
 namespace {
-
-// All that a chord is given leaves the entry it comes from; notes need no matching for that.
-constexpr u32 kDeletedDetails = 0x30F6FFFE;
-
-constexpr u32 kShapeOnEntry = HostTag("edEx");
-constexpr u32 kShapeOnLyric = HostTag("edLx");
 
 bool HasEqualPitches(const FinPIEntryPtr& entry) {
     const std::span<const EXNOTE> notes = entry.Notes();
@@ -66,8 +60,8 @@ void MakeRest(const FinPIEntryPtr& entry, i16 duration, bool hidden) {
 }
 
 bool MoveShapeEnds(const FinPIEntryPtr& source, const FinPIEntryPtr& target) {
-    if (target.MoveSmartShapeAssigns(source, kShapeOnEntry) != 0 &&
-        target.MoveSmartShapeAssigns(source, kShapeOnLyric) != 0) {
+    if (target.MoveSmartShapeAssigns(source, EntryDetailTag::kSmartShapeAssign) != 0 &&
+        target.MoveSmartShapeAssigns(source, EntryDetailTag::kSmartShapeLyricAssign) != 0) {
         return true;
     }
     PostStayedBehind();
@@ -82,7 +76,7 @@ void MoveAttachments(const FinPIEntryPtr& source, const FinPIEntryPtr& target, u
         return;
     }
     i16 anyDeleted = 0;
-    if (source.DeleteDetails(kDeletedDetails, anyDeleted) == 0) {
+    if (source.DeleteDetails(kMovedDetails, anyDeleted) == 0) {
         PostStayedBehind();
     }
     MoveShapeEnds(source, target);

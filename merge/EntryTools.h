@@ -2,6 +2,7 @@
 // units, positions from the barline in the measure's nominal duration.
 #pragma once
 
+#include "Class Files/score/details/DetailKind.h"
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 
 // The index of the frame's entry at a position with a grace offset (0 = no grace entry); the
@@ -22,8 +23,12 @@ void MoveAttachments(const FinPIEntryPtr& source, const FinPIEntryPtr& target, u
 // The second part of it alone. False: an end stayed behind, and an error is pending.
 bool MoveShapeEnds(const FinPIEntryPtr& source, const FinPIEntryPtr& target);
 
-// The kinds of details that go onto a chord formed of two entries, onto an entry placed
-// instead of rests, and onto a rest that only mirrors the source's rhythm.
-inline constexpr u32 kChordDetails = 0x38F6FFFE;
-inline constexpr u32 kPlacedEntryDetails = 0x38F6FFFF;
-inline constexpr u32 kMirroredRestDetails = 0x00000001;
+// The kinds of details that leave an entry with its music.
+inline constexpr u32 kMovedDetails =
+    DetailKind::kArticulation | DetailKind::kLyric | DetailKind::kBeams | DetailKind::kStems |
+    DetailKind::kFlagDetails | DetailKind::kNoteAlts | DetailKind::kOfNotes;
+// Those that go onto a chord formed of two entries, onto an entry placed instead of rests, and
+// onto a rest that only mirrors the source's rhythm.
+inline constexpr u32 kChordDetails = kMovedDetails | DetailKind::kMatchNotesByPitch;
+inline constexpr u32 kPlacedEntryDetails = kChordDetails | DetailKind::kTuplet;
+inline constexpr u32 kMirroredRestDetails = DetailKind::kTuplet;

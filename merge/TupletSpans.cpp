@@ -8,21 +8,14 @@
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "shell/host/callbacks.h"
 #include "shell/host/detail_flags.h"
+#include "shell/host/entry_detail_tags.h"
+#include "shell/host/host_details.h"
 
 namespace {
 
-constexpr u32 kTupletTag = HostTag("E\x03TP");
 // Times of entries are rounded to whole units; ends computed from them can differ by one.
 constexpr i32 kRounding = 1;
 constexpr u16 kDeepestNesting = 16;
-
-#pragma pack(push, 2)
-struct EntryDetailKey {
-    u32 entryNumber;
-    u16 recordNumber;
-};
-#pragma pack(pop)
-static_assert(sizeof(EntryDetailKey) == 6);
 
 i64 SymbolicLength(const EDTTuplet2005& tuplet) {
     return i64{tuplet.symbolicCount} * tuplet.symbolicUnitDuration;
@@ -39,8 +32,8 @@ std::vector<EDTTuplet2005> LoadTuplets(u32 entryNumber) {
     for (u16 record = 0; record < kDeepestNesting; ++record) {
         const EntryDetailKey key{entryNumber, record};
         u32 size = sizeof(tuplet);
-        if (Host::LoadEData(kTupletTag, static_cast<const void*>(&key), static_cast<void*>(&tuplet),
-                            &size, kInterfaceVersion) == 0) {
+        if (Host::LoadEData(EntryDetailTag::kTuplet, static_cast<const void*>(&key),
+                            static_cast<void*>(&tuplet), &size, kInterfaceVersion) == 0) {
             break;
         }
         if (SymbolicLength(tuplet) > 0 && ReferenceLength(tuplet) > 0) {

@@ -6,6 +6,7 @@
 #include "host/score/detail_kinds.h"
 #include "host/score/entry_form.h"
 #include "host/score/tags.h"
+#include "shell/host/detail_flags.h"
 #include "shell/host/host_functions.h"
 #include "shell/host/host_records_more.h"
 
@@ -74,7 +75,7 @@ void CountFlagsOutOfStep(Application& app, const Document& document,
                          std::span<const EXENTRY> entries) {
     for (const EXENTRY& entry : entries) {
         const u32 wanted = DetailFlagsOf(entry.entryNumber, document.Records());
-        if ((entry.flags & StoredDetailFlags()) != wanted) {
+        if ((entry.flags & DetailFlag::kStored) != wanted) {
             ++app.calls.flagsOutOfStep;
         }
     }

@@ -5,27 +5,23 @@
 #include <cstddef>
 
 #include "host/musicxml/fragments.h"
-#include "shell/host/host_types.h"
+#include "shell/host/entry_detail_tags.h"
 
 namespace standin {
 
 // Tags in use beside those of host/score/tags.h.
 namespace DetailTag {
-inline constexpr u32 kArticulation = HostTag("edIM");  // EntryText
-inline constexpr u32 kRestLook = HostTag("edAS");      // EntryText, kRestLook
-inline constexpr u32 kLyric = HostTag("SdvE");         // EDTLyric2011, fragment at offset 4
-inline constexpr u32 kBeams = HostTag("edub");         // EntryText, kBeams
-inline constexpr u32 kStem = HostTag("edST");          // EntryText, kStem
-inline constexpr u32 kNoteExtras = HostTag("ednC");    // NoteText
-inline constexpr u32 kNotehead = HostTag(
-    "E\x02"
-    "cn");  // NoteText and room
-inline constexpr u32 kAccidental = HostTag(
-    "E\x02"
-    "Ah");
-inline constexpr u32 kDots = HostTag("eddo");
-inline constexpr u32 kTieStart = HostTag("E\x03Ts");
-inline constexpr u32 kTieEnd = HostTag("E\x03Te");
+inline constexpr u32 kArticulation = EntryDetailTag::kArticulation;  // EntryText
+inline constexpr u32 kRestLook = EntryDetailTag::kNoteAlts;          // EntryText, kRestLook
+inline constexpr u32 kLyric = EntryDetailTag::kVerseAssign;  // EDTLyric2011, fragment at offset 4
+inline constexpr u32 kBeams = EntryDetailTag::kBeamStubDirection;  // EntryText, kBeams
+inline constexpr u32 kStem = EntryDetailTag::kFirstStemAlt;        // EntryText, kStem
+inline constexpr u32 kNoteExtras = EntryDetailTag::kPercNoteCode;  // NoteText
+inline constexpr u32 kNotehead = EntryDetailTag::kNoteheadMods;    // NoteText and room
+inline constexpr u32 kAccidental = EntryDetailTag::kAccidentalMods;
+inline constexpr u32 kDots = EntryDetailTag::kDotAlts;
+inline constexpr u32 kTieStart = EntryDetailTag::kTieStartRaw;
+inline constexpr u32 kTieEnd = EntryDetailTag::kTieEndRaw;
 }  // namespace DetailTag
 
 // Where an entry's text belongs within <note>.

@@ -4,93 +4,42 @@
 #include <iterator>
 
 #include "shell/host/detail_flags.h"
+#include "shell/host/host_frames.h"
 
 namespace standin {
 namespace {
 
-struct DetailKind {
-    u32 tag;
-    u32 flag;
+constexpr DetailKindRow kRows[] = {
+#define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, ...) \
+    {tag, downTag, DetailFlag::flag, 0, false, false},
+#define NOTE_DETAIL(name, structure, tag, flag, noteFlag, ...) \
+    {tag, 0, DetailFlag::flag, noteFlag, true, false},
+#define SHAPE_DETAIL(name, structure, tag, flag, ...) {tag, 0, DetailFlag::flag, 0, false, true},
+#include "shell/host/entry_details.inc"
 };
-
-// Sorted by tag.
-constexpr DetailKind kKinds[] = {
-    {HostTag("E\x02"
-             "Ah"),
-     DetailFlag::kNoteMods},
-    {HostTag("E\x02"
-             "BH"),
-     DetailFlag::kStemOrBeamMods},
-    {HostTag("E\x02"
-             "BL"),
-     DetailFlag::kStemOrBeamMods},
-    {HostTag("E\x02"
-             "bH"),
-     DetailFlag::kStemOrBeamMods},
-    {HostTag("E\x02"
-             "bL"),
-     DetailFlag::kStemOrBeamMods},
-    {HostTag("E\x02"
-             "cn"),
-     DetailFlag::kNoteMods},
-    {HostTag("E\x03"
-             "TP"),
-     DetailFlag::kTuplet},
-    {HostTag("E\x03"
-             "Te"),
-     DetailFlag::kTieOrDotMods},
-    {HostTag("E\x03"
-             "Ts"),
-     DetailFlag::kTieOrDotMods},
-    {HostTag("SdcH"), DetailFlag::kLyric},
-    {HostTag("SdsE"), DetailFlag::kLyric},
-    {HostTag("SdvE"), DetailFlag::kLyric},
-    {HostTag("edAS"), DetailFlag::kNoteMods},
-    {HostTag("edCD"), DetailFlag::kCrossStaff},
-    {HostTag("edDE"), DetailFlag::kBeamExtension},
-    {HostTag("edEx"), DetailFlag::kSmartShape},
-    {HostTag("edIM"), DetailFlag::kArticulation},
-    {HostTag("edLE"), DetailFlag::kLyric},
-    {HostTag("edLx"), DetailFlag::kSmartShape},
-    {HostTag("edST"), DetailFlag::kStemOrBeamMods},
-    {HostTag("edSU"), DetailFlag::kStemOrBeamMods},
-    {HostTag("edSt"), DetailFlag::kStemOrBeamMods},
-    {HostTag("edUE"), DetailFlag::kBeamExtension},
-    {HostTag("eddo"), DetailFlag::kTieOrDotMods},
-    {HostTag("ednC"), DetailFlag::kNoteMods},
-    {HostTag("edsB"), DetailFlag::kSecondaryBeamBreak},
-    {HostTag("edsl"), DetailFlag::kStemOrBeamMods},
-    {HostTag("edub"), DetailFlag::kStemOrBeamMods},
-};
-
-constexpr u32 kOfNotes[] = {
-    HostTag("E\002Ah"), HostTag("E\002cn"), HostTag("E\003Te"), HostTag("E\003Ts"),
-    HostTag("edCD"),    HostTag("eddo"),    HostTag("ednC"),
-};
-
-constexpr bool IsBefore(const DetailKind& a, const DetailKind& b) noexcept {
-    return a.tag < b.tag;
-}
-static_assert(std::is_sorted(std::begin(kKinds), std::end(kKinds), IsBefore));
 
 }  // namespace
 
+std::span<const DetailKindRow> DetailKinds() noexcept {
+    return kRows;
+}
+
+const DetailKindRow* FindDetailKind(u32 tag) noexcept {
+    const auto* const found =
+        std::find_if(std::begin(kRows), std::end(kRows), [tag](const DetailKindRow& row) {
+            return row.tag == tag || (row.downTag == tag && tag != 0);
+        });
+    return found != std::end(kRows) ? found : nullptr;
+}
+
 u32 DetailFlagOf(u32 tag) noexcept {
-    const auto* found =
-        std::lower_bound(std::begin(kKinds), std::end(kKinds), DetailKind{tag, 0}, IsBefore);
-    return found != std::end(kKinds) && found->tag == tag ? found->flag : 0;
+    const DetailKindRow* const kind = FindDetailKind(tag);
+    return kind != nullptr ? kind->flag : 0;
 }
 
 bool IsOfNote(u32 tag) noexcept {
-    return std::find(std::begin(kOfNotes), std::end(kOfNotes), tag) != std::end(kOfNotes);
-}
-
-u32 StoredDetailFlags() noexcept {
-    u32 flags = 0;
-    for (const DetailKind& kind : kKinds) {
-        flags |= kind.flag;
-    }
-    return flags;
+    const DetailKindRow* const kind = FindDetailKind(tag);
+    return kind != nullptr && kind->isOfNote;
 }
 
 u32 DetailFlagsOf(u32 entry, const RecordStore& records) {

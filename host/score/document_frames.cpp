@@ -25,7 +25,7 @@ void Document::PutFrame(FrameKey key, std::vector<EXENTRY> entries) {
     for (EXENTRY& entry : entries) {
         ToStoredForm(entry);
         entry.flags =
-            (entry.flags & ~StoredDetailFlags()) | DetailFlagsOf(entry.entryNumber, m_records);
+            (entry.flags & ~DetailFlag::kStored) | DetailFlagsOf(entry.entryNumber, m_records);
     }
     Frame changed;
     changed.entries = std::move(entries);
@@ -87,7 +87,7 @@ void Document::RefreshDetailFlags(u32 entry) {
     if (stored == nullptr) {
         return;
     }
-    const u32 flags = (stored->flags & ~StoredDetailFlags()) | DetailFlagsOf(entry, m_records);
+    const u32 flags = (stored->flags & ~DetailFlag::kStored) | DetailFlagsOf(entry, m_records);
     const u32 changed = stored->flags ^ flags;
     if (changed == 0) {
         return;

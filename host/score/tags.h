@@ -1,7 +1,7 @@
 // The tags of the records this host itself reads or makes.
 #pragma once
 
-#include "shell/host/host_types.h"
+#include "shell/host/entry_detail_tags.h"
 
 namespace standin {
 
@@ -19,9 +19,9 @@ inline constexpr u32 kLayerPrefs = HostTag("pfLA");
 inline constexpr u32 kExpression = HostTag("SODY");
 inline constexpr u32 kTextExpression = HostTag("SODT");
 inline constexpr u32 kSmartShape = HostTag("O\x08Sx");
-inline constexpr u32 kShapeOnEntry = HostTag("edEx");
-inline constexpr u32 kShapeOnLyric = HostTag("edLx");
-inline constexpr u32 kTuplet = HostTag("E\x03TP");
+inline constexpr u32 kShapeOnEntry = EntryDetailTag::kSmartShapeAssign;
+inline constexpr u32 kShapeOnLyric = EntryDetailTag::kSmartShapeLyricAssign;
+inline constexpr u32 kTuplet = EntryDetailTag::kTuplet;
 }  // namespace Tag
 
 }  // namespace standin

@@ -8,6 +8,7 @@
 #include "host/score/detail_kinds.h"
 #include "host/score/entry_times.h"
 #include "host/verify/score_facts.h"
+#include "shell/host/detail_flags.h"
 
 namespace standin {
 namespace {
@@ -64,7 +65,7 @@ void CheckFrame(FrameKey key, const Frame& frame, const std::map<u32, u32>& deta
         end = std::max(end, EndOf(entry));
         const auto wanted = detailFlags.find(u32{entry.entryNumber});
         const u32 flags = wanted == detailFlags.end() ? 0 : wanted->second;
-        tell((entry.flags & StoredDetailFlags()) != flags ? "detail flags out of step" : nullptr);
+        tell((entry.flags & DetailFlag::kStored) != flags ? "detail flags out of step" : nullptr);
         tell(FaultOfLaunch(frame, i));
         tell(FaultOfNotes(entry));
     }

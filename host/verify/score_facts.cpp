@@ -10,14 +10,10 @@
 namespace standin {
 namespace {
 
-constexpr u32 kUpOfTag[][2] = {{HostTag("edDE"), HostTag("edUE")},
-                               {HostTag("edsl"), HostTag("edSU")}};
-
 // A detail with an up-stem and a down-stem variant counts as the same one.
 std::string NameOf(u32 tag) {
-    for (const auto& [down, up] : kUpOfTag) {
-        tag = tag == down ? up : tag;
-    }
+    const DetailKindRow* const kind = FindDetailKind(tag);
+    tag = kind != nullptr ? kind->tag : tag;
     std::string name;
     for (const unsigned shift : {24U, 16U, 8U, 0U}) {
         const char letter = static_cast<char>(tag >> shift);

@@ -19,9 +19,12 @@ inline constexpr u32 kCrossStaff = 0x00000040;
 inline constexpr u32 kSmartShape = 0x00000020;
 
 // Those that stand for stored records; a flag of another kind is the whole detail.
-inline constexpr u32 kStored = kNoteMods | kArticulation | kLyric | kTuplet | kBeamExtension |
-                               kTieOrDotMods | kSecondaryBeamBreak | kStemOrBeamMods | kCrossStaff |
-                               kSmartShape;
+inline constexpr u32 kStored = 0
+#define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, ...) | flag
+#define NOTE_DETAIL(name, structure, tag, flag, ...) | flag
+#define SHAPE_DETAIL(name, structure, tag, flag, ...) | flag
+#include "shell/host/entry_details.inc"
+    ;
 
 // Flags that are the whole detail, and say nothing of a record.
 inline constexpr u32 kFrozenStem = 0x00000100;

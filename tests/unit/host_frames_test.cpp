@@ -40,7 +40,7 @@ TEST(HostFrames, DetailsGoWithTheirEntryAndFlagsFollowTheDetails) {
     EXPECT_FALSE(host.Score().Records().HasDetails(lost));
     EXPECT_EQ(host.Score().HomeOf(lost).staff, 0);
     EXPECT_EQ(
-        host.Entry({1, 1, 0, 1}).flags & (StoredDetailFlags() | DetailFlag::kPrimaryBeamBreak),
+        host.Entry({1, 1, 0, 1}).flags & (DetailFlag::kStored | DetailFlag::kPrimaryBeamBreak),
         DetailFlag::kSmartShape | DetailFlag::kPrimaryBeamBreak);
     EXPECT_EQ(App().calls.flagsOutOfStep, 1U);
     EXPECT_NE(host.Score().Records().Find(Tag::kSmartShape, RecordKey::Other(slur)), nullptr)

@@ -1,4 +1,4 @@
-// The kinds of entry details that a set of kinds selects, a bit each.
+// The kinds of entry details, a bit each, and sets of them.
 #pragma once
 
 #include "shell/host/host_types.h"
@@ -25,7 +25,7 @@ inline constexpr u32 kSmartShape = 1U << 19U;
 inline constexpr u32 kTieStart = 1U << 20U;
 inline constexpr u32 kTieEnd = 1U << 21U;
 inline constexpr u32 kDotAlts = 1U << 23U;
-inline constexpr u32 kLyricSmartShape = 1U << 24U;  // counts with kLyric only
+inline constexpr u32 kLyricSmartShape = kLyric | 1U << 24U;  // selected by both bits
 inline constexpr u32 kDuration = 1U << 26U;
 inline constexpr u32 kPercNoteCode = 1U << 28U;
 inline constexpr u32 kNoteAlts = 1U << 29U;
@@ -33,4 +33,10 @@ inline constexpr u32 kNoteAlts = 1U << 29U;
 // No kind: what belongs to a note goes to the note of the same pitch rather than of the same
 // place in the chord. (Bit 22, of the tie kinds, makes no difference.)
 inline constexpr u32 kMatchNotesByPitch = 1U << 27U;
+
+inline constexpr u32 kBeams =
+    kPrimaryBeamBreak | kBeamAlt | kSecondaryBeamBreak | kBeamExtension | kBeamStubDirection;
+inline constexpr u32 kStems = kStemAlt | kSecondStemAlt | kCustomStem | kFrozenStem;
+inline constexpr u32 kOfNotes =
+    kCrossStaff | kAccidentalMods | kNoteheadMods | kTieStart | kTieEnd | kDotAlts | kPercNoteCode;
 }  // namespace DetailKind

@@ -1,5 +1,5 @@
-// The classes of the kinds of details: each binds a host record, its tag and the flag of its
-// entries. EntryDetailKinds.inc lists them.
+// The classes of the kinds of details, a class a row of shell/host/entry_details.inc: each binds
+// a host record, its tag and the flag of its entries.
 #pragma once
 
 #include "Class Files/score/details/FinPINoteDetail.h"
@@ -45,10 +45,11 @@ private:
 };
 
 // A record that only alters what would be drawn anyway: without a value it is not worth storing.
-template <typename Record, u32 tag, u32 entryFlags>
-class FinPIAlteration final : public FinPIEntDetTemplate<Record, tag, 0, entryFlags> {
+template <typename Record, u32 tag, u32 secondTag, u32 entryFlags>
+class FinPIAlterationTemplate final
+    : public FinPIEntDetTemplate<Record, tag, secondTag, entryFlags> {
 public:
-    using FinPIEntDetTemplate<Record, tag, 0, entryFlags>::FinPIEntDetTemplate;
+    using FinPIEntDetTemplate<Record, tag, secondTag, entryFlags>::FinPIEntDetTemplate;
 
     i16 IsEmpty() const override {
         for (const u8 byte : this->Identity()) {
@@ -62,71 +63,31 @@ public:
 
 // A tuplet counts the entry it starts on in its own units, so that the entry's duration goes
 // with it.
-class FinPITuplet final
-    : public FinPIEntDetTemplate<EDTTuplet2005, HostTag("E\003TP"), 0, DetailFlag::kTuplet> {
+template <typename Record, u32 tag, u32 secondTag, u32 entryFlags>
+class FinPITupletTemplate final : public FinPIEntDetTemplate<Record, tag, secondTag, entryFlags> {
 public:
-    using FinPIEntDetTemplate::FinPIEntDetTemplate;
+    using FinPIEntDetTemplate<Record, tag, secondTag, entryFlags>::FinPIEntDetTemplate;
 
     void OnCopied(const FinPIEntryDetail& source) override {
-        m_entry->duration = source.Entry()->duration;
+        this->m_entry->duration = source.Entry()->duration;
     }
 };
 
 // Equal syllables of the same verse are the same lyric.
-template <u32 tag>
-class FinPILyricAssign final
-    : public FinPIEntDetTemplate<EDTLyric2011, tag, 0, DetailFlag::kLyric> {
+template <typename Record, u32 tag, u32 secondTag, u32 entryFlags>
+class FinPILyricTemplate final : public FinPIEntDetTemplate<Record, tag, secondTag, entryFlags> {
 public:
-    using FinPIEntDetTemplate<EDTLyric2011, tag, 0, DetailFlag::kLyric>::FinPIEntDetTemplate;
+    using FinPIEntDetTemplate<Record, tag, secondTag, entryFlags>::FinPIEntDetTemplate;
 
     std::span<const u8> Identity() const override {
-        return FinPIEntryDetail::Identity().first(offsetof(EDTLyric2011, opaque4));
+        return FinPIEntryDetail::Identity().first(offsetof(Record, opaque4));
     }
 };
 
-using FinPIVerseAssign = FinPILyricAssign<HostTag("SdvE")>;
-using FinPIChorusAssign = FinPILyricAssign<HostTag("SdcH")>;
-using FinPISectionAssign = FinPILyricAssign<HostTag("SdsE")>;
-using FinPILyricEntryInfo =
-    FinPIEntDetTemplate<EDTLyricEntryInfo, HostTag("edLE"), 0, DetailFlag::kLyric>;
-
-using FinPIArticulation =
-    FinPIEntDetTemplate<EDTArticulation25_6, HostTag("edIM"), 0, DetailFlag::kArticulation>;
-
-using FinPIPrimaryBeamBreak = FinPINullEntryDetail<DetailFlag::kPrimaryBeamBreak>;
-using FinPISecondaryBeamBreak =
-    FinPIEntDetTemplate<EDTSecondaryBeamBreak, HostTag("edsB"), 0, DetailFlag::kSecondaryBeamBreak>;
-template <u32 tag>
-using FinPIBeamAlt = FinPIAlteration<EDTBeamAltRecord, tag, DetailFlag::kStemOrBeamMods>;
-using FinPIBeamAltLow = FinPIBeamAlt<HostTag("E\002BL")>;
-using FinPIBeamAltHigh = FinPIBeamAlt<HostTag("E\002BH")>;
-using FinPISecondBeamAltLow = FinPIBeamAlt<HostTag("E\002bL")>;
-using FinPISecondBeamAltHigh = FinPIBeamAlt<HostTag("E\002bH")>;
-using FinPIBeamExtension = FinPIEntDetTemplate<EDTBeamExtension, HostTag("edUE"), HostTag("edDE"),
-                                               DetailFlag::kBeamExtension>;
-using FinPIBeamStubDirection =
-    FinPIEntDetTemplate<BEAMSTUB, HostTag("edub"), 0, DetailFlag::kStemOrBeamMods>;
-
-template <u32 tag>
-using FinPIStemAlt = FinPIAlteration<STHG, tag, DetailFlag::kStemOrBeamMods>;
-using FinPIFirstStemAlt = FinPIStemAlt<HostTag("edST")>;
-using FinPISecondStemAlt = FinPIStemAlt<HostTag("edSt")>;
-using FinPICustomStem = FinPIEntDetTemplate<EDTCustomStemMods, HostTag("edSU"), HostTag("edsl"),
-                                            DetailFlag::kStemOrBeamMods>;
-using FinPIFrozenStem = FinPINullEntryDetail<DetailFlag::kFrozenStemUp, DetailFlag::kFrozenStem>;
-
-using FinPINoteAlts = FinPIEntDetTemplate<EDTAlter, HostTag("edAS"), 0, DetailFlag::kNoteMods>;
-
-using FinPICrossStaff = FinPINoteDetTemplate<EDTCrossStaff, HostTag("edCD"),
-                                             DetailFlag::kCrossStaff, NoteFlag::kCrossStaff>;
-using FinPIAccidentalMods =
-    FinPINoteDetTemplate<EDTAccidentalMods2012, HostTag("E\002Ah"), DetailFlag::kNoteMods>;
-using FinPINoteheadMods =
-    FinPINoteDetTemplate<EDTNoteheadMods2012, HostTag("E\002cn"), DetailFlag::kNoteMods>;
-using FinPITieStartRaw = FinPINoteDetTemplate<EDTTieMods, HostTag("E\003Ts"),
-                                              DetailFlag::kTieOrDotMods, NoteFlag::kTieStart>;
-using FinPITieEndRaw = FinPINoteDetTemplate<EDTTieMods, HostTag("E\003Te"),
-                                            DetailFlag::kTieOrDotMods, NoteFlag::kTieEnd>;
-using FinPIDotAlts = FinPINoteDetTemplate<EDTDotMods, HostTag("eddo"), DetailFlag::kTieOrDotMods>;
-using FinPIPercNoteCode =
-    FinPINoteDetTemplate<EDTPercNoteCode, HostTag("ednC"), DetailFlag::kNoteMods>;
+#define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, ...) \
+    using FinPI##name = family<structure, tag, downTag, DetailFlag::flag>;
+#define NOTE_DETAIL(name, structure, tag, flag, noteFlag, ...) \
+    using FinPI##name = FinPINoteDetTemplate<structure, tag, DetailFlag::flag, noteFlag>;
+#define FLAG_DETAIL(name, upFlags, downFlags, ...) \
+    using FinPI##name = FinPINullEntryDetail<DetailFlag::upFlags, DetailFlag::downFlags>;
+#include "shell/host/entry_details.inc"

@@ -84,7 +84,7 @@ i16 CopyDuration(const FinPIEntryPtr& target, const FinPIEntryPtr& source, u32 /
     return 1;
 }
 
-FinPIEntryDetail::Removal KeepDuration(const FinPIEntryPtr& /*entry*/) {
+FinPIEntryDetail::Removal DeleteDuration(const FinPIEntryPtr& /*entry*/) {
     return {};
 }
 
@@ -116,7 +116,7 @@ i16 CopyField6(const FinPIEntryPtr& target, const FinPIEntryPtr& source, u32 /*k
     return RaisePositioningMode(target);
 }
 
-FinPIEntryDetail::Removal ClearField6(const FinPIEntryPtr& entry) {
+FinPIEntryDetail::Removal DeleteField6(const FinPIEntryPtr& entry) {
     FinPIEntryDetail::Removal removal;
     removal.anyDeleted = entry->fieldAt6 != 0;
     entry->fieldAt6 = 0;
@@ -125,16 +125,16 @@ FinPIEntryDetail::Removal ClearField6(const FinPIEntryPtr& entry) {
 
 // In the order in which kinds are copied and deleted.
 constexpr KindRow kKinds[] = {
-    FlagKind<FinPIFrozenStem, CopyRule::kSameKind>(DetailKind::kFrozenStem),
-    {DetailKind::kDuration, 0, CopyDuration, KeepDuration, nullptr},
-#define FLAG_DETAIL(kind, selector, rule) FlagKind<kind, CopyRule::rule>(selector),
-#define ENTRY_DETAIL(kind, selector, rule) StoredKind<kind, CopyRule::rule>(selector),
-#define NOTE_DETAIL(kind, selector) NoteKind<kind>(selector),
-#include "Class Files/score/details/EntryDetailKinds.inc"
-#undef FLAG_DETAIL
-#undef ENTRY_DETAIL
-#undef NOTE_DETAIL
-    {DetailKind::kEntryField6, 0, CopyField6, ClearField6, nullptr},
+#define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, kind, rule) \
+    StoredKind<FinPI##name, CopyRule::rule>(DetailKind::kind),
+#define NOTE_DETAIL(name, structure, tag, flag, noteFlag, kind) \
+    NoteKind<FinPI##name>(DetailKind::kind),
+#define SHAPE_DETAIL(name, structure, tag, flag, kind, rule) \
+    StoredKind<FinPI##name, CopyRule::rule>(DetailKind::kind),
+#define FLAG_DETAIL(name, upFlags, downFlags, kind, rule) \
+    FlagKind<FinPI##name, CopyRule::rule>(DetailKind::kind),
+#define FIELD_DETAIL(name, kind) {DetailKind::kind, 0, Copy##name, Delete##name, nullptr},
+#include "shell/host/entry_details.inc"
 };
 
 using KindMarks = std::array<bool, std::size(kKinds)>;

@@ -54,8 +54,9 @@ i16 FinPIEntryPtr::MoveSmartShapeAssigns(const FinPIEntryPtr& source, u32 tag) c
         PostRecordError<FinPILoadEDataFailed>(kOperation, tag);
         return 0;
     }
-    const u32 otherTag =
-        tag == SmartShapeMarkTag::kEntry ? SmartShapeMarkTag::kLyric : SmartShapeMarkTag::kEntry;
+    const u32 otherTag = tag == EntryDetailTag::kSmartShapeAssign
+                             ? EntryDetailTag::kSmartShapeLyricAssign
+                             : EntryDetailTag::kSmartShapeAssign;
     if (!FinPISmartShapeMark{source, otherTag}.HasRecord()) {
         source.Entry()->flags &= ~DetailFlag::kSmartShape;
     }

@@ -13,7 +13,7 @@
 class FinPISmartShapeAssign : public FinPISmartShapeMark {
 public:
     explicit FinPISmartShapeAssign(const FinPIEntryPtr& entry)
-        : FinPISmartShapeAssign{entry, SmartShapeMarkTag::kEntry} {}
+        : FinPISmartShapeAssign{entry, EntryDetailTag::kSmartShapeAssign} {}
 
     // The mark and its shape; a mark without a shape is skipped.
     i16 Load() override;
@@ -53,5 +53,5 @@ private:
 class FinPISmartShapeLyricAssign final : public FinPISmartShapeAssign {
 public:
     explicit FinPISmartShapeLyricAssign(const FinPIEntryPtr& entry)
-        : FinPISmartShapeAssign{entry, SmartShapeMarkTag::kLyric} {}
+        : FinPISmartShapeAssign{entry, EntryDetailTag::kSmartShapeLyricAssign} {}
 };

@@ -3,18 +3,14 @@
 
 #include "Class Files/score/details/FinPIEntryDetail.h"
 #include "shell/host/detail_flags.h"
+#include "shell/host/entry_detail_tags.h"
 #include "shell/host/host_records.h"
-
-namespace SmartShapeMarkTag {
-inline constexpr u32 kEntry = HostTag("edEx");
-inline constexpr u32 kLyric = HostTag("edLx");
-}  // namespace SmartShapeMarkTag
 
 class FinPISmartShapeMark : public FinPIEntryDetail {
 public:
     static constexpr u32 kEntryFlags = DetailFlag::kSmartShape;
 
-    // tag: one of SmartShapeMarkTag.
+    // tag: EntryDetailTag::kSmartShapeAssign or kSmartShapeLyricAssign.
     FinPISmartShapeMark(const FinPIEntryPtr& entry, u32 tag);
 
     const void* GetData() const override { return &m_mark; }

@@ -6,6 +6,7 @@
 #include <random>
 #include <sstream>
 
+#include "host/score/detail_kinds.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {
@@ -27,16 +28,21 @@ constexpr Values kTuplets[] = {{"(3:2 e: e: e: )", 4},
 constexpr const char* kPitches[] = {"c4",  "e4", "g4",  "c5", "d4", "f#4", "bb4", "a3",
                                     "eb5", "f5", "g#5", "b3", "d5", "a5",  "c6"};
 
-constexpr u32 kNoteTags[] = {HostTag("edCD"), HostTag("E\002Ah"), HostTag("E\002cn"),
-                             HostTag("eddo"), HostTag("E\003Ts"), HostTag("E\003Te"),
-                             HostTag("ednC")};
-constexpr u32 kEntryTags[] = {
-    HostTag("edIM"),    HostTag("SdvE"),    HostTag("SdcH"),    HostTag("SdsE"),
-    HostTag("edLE"),    HostTag("E\002BL"), HostTag("E\002BH"), HostTag("E\002bL"),
-    HostTag("E\002bH"), HostTag("edsB"),    HostTag("edST"),    HostTag("edSt"),
-    HostTag("edub"),    HostTag("edAS"),    HostTag("edUE"),    HostTag("edSU")};
-constexpr u32 kFlagDetails[] = {DetailFlag::kPrimaryBeamBreak, DetailFlag::kFrozenStemUp,
-                                DetailFlag::kFlagDetail1, DetailFlag::kFlagDetail2};
+constexpr u32 kFlagDetails[] = {
+#define FLAG_DETAIL(name, upFlags, ...) DetailFlag::upFlags,
+#include "shell/host/entry_details.inc"
+};
+
+// Tuplets are written with the notes, shapes by themselves.
+std::vector<u32> TagsToWrite(bool ofNotes) {
+    std::vector<u32> tags;
+    for (const DetailKindRow& kind : DetailKinds()) {
+        if (kind.isOfNote == ofNotes && !kind.isShapeMark && kind.tag != Tag::kTuplet) {
+            tags.push_back(kind.tag);
+        }
+    }
+    return tags;
+}
 
 class Maker {
 public:
@@ -216,9 +222,9 @@ private:
             m_score.details.push_back({place, 0, OneOf(kFlagDetails), 0, content});
         } else if (Chance(40)) {
             const int notes = 1 + static_cast<int>(std::count(word.begin(), word.end(), ','));
-            m_score.details.push_back({place, OneOf(kNoteTags), 0, Below(notes), content});
+            m_score.details.push_back({place, OneOf(m_noteTags), 0, Below(notes), content});
         } else {
-            m_score.details.push_back({place, OneOf(kEntryTags), 0, 0, content});
+            m_score.details.push_back({place, OneOf(m_entryTags), 0, 0, content});
         }
     }
 
@@ -272,6 +278,8 @@ private:
         }
     }
 
+    const std::vector<u32> m_noteTags = TagsToWrite(true);
+    const std::vector<u32> m_entryTags = TagsToWrite(false);
     std::mt19937 m_random;
     WrittenScore m_score;
     int m_restChance = 10;
@@ -281,11 +289,10 @@ private:
 
 std::vector<DetailToWrite> DetailsToWrite() {
     std::vector<DetailToWrite> details;
-    for (const u32 tag : kNoteTags) {
-        details.push_back({tag, 0});
-    }
-    for (const u32 tag : kEntryTags) {
-        details.push_back({tag, 0});
+    for (const bool ofNotes : {true, false}) {
+        for (const u32 tag : TagsToWrite(ofNotes)) {
+            details.push_back({tag, 0});
+        }
     }
     for (const u32 flags : kFlagDetails) {
         details.push_back({0, flags});

@@ -13,12 +13,12 @@ constexpr u16 kEntryExpression = 1;
 constexpr std::size_t kExpressionKindOffset = 12;
 constexpr char kBelongsToEntry = 9;
 
+}  // namespace
+
 u32 SizeOfDetail(u32 tag) {
     const u32 units = tag >> 16U & 0xFFU;
     return 12 * (units < 0x20 ? units : 1);
 }
-
-}  // namespace
 
 StandIn::StandIn(int staves, int measures, i16 beats, i16 beatDuration) {
     App().Reset();

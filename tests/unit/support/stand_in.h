@@ -24,6 +24,9 @@ namespace standin {
 // A kind of detail of which an entry may have several.
 inline constexpr u32 kArticulation = HostTag("edIM");
 
+// In bytes: 12, times the tag's second character where that is a small number.
+u32 SizeOfDetail(u32 tag);
+
 // An entry by its place in a StandIn's score.
 struct EntryPlace {
     i16 slot = 1;

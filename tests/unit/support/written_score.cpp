@@ -7,14 +7,6 @@
 namespace standin {
 namespace {
 
-// Of the details of a note: only notes with this flag have them.
-u32 NoteFlagFor(u32 tag) {
-    return tag == HostTag("edCD")      ? NoteFlag::kCrossStaff
-           : tag == HostTag("E\003Ts") ? NoteFlag::kTieStart
-           : tag == HostTag("E\003Te") ? NoteFlag::kTieEnd
-                                       : 0;
-}
-
 const EXENTRY* Find(StandIn& host, EntryPlace place) {
     const auto* frame = host.Score().FindFrame(host.Key(place.slot, place.measure, place.layer));
     const auto index = static_cast<std::size_t>(place.index);
@@ -32,10 +24,8 @@ void SetFlags(StandIn& host, EntryPlace place, u32 entryFlags, int note, u32 not
 
 // Of the kinds with a variant for each stem direction the up-stem one is written.
 u32 VariantFor(EntryPlace place, u32 tag) {
-    const u32 down = tag == HostTag("edUE")   ? HostTag("edDE")
-                     : tag == HostTag("edSU") ? HostTag("edsl")
-                                              : tag;
-    if (down == tag) {
+    const u32 down = FindDetailKind(tag)->downTag;
+    if (down == 0) {
         return tag;
     }
     EXFRAME* frame = FX_LoadTGF(0, place.slot, static_cast<i16>(place.measure), place.layer, 1,
@@ -51,6 +41,7 @@ void AddDetail(StandIn& host, const WrittenScore::Detail& detail) {
     if (entry == nullptr) {
         return;
     }
+    const DetailKindRow* const kind = FindDetailKind(detail.tag);
     const bool isOfNote = IsOfNote(detail.tag);
     if (isOfNote && detail.note >= entry->noteCount) {
         return;
@@ -60,7 +51,8 @@ void AddDetail(StandIn& host, const WrittenScore::Detail& detail) {
         const u16 noteID = entry->notes[detail.note].noteID;
         content.insert(0, reinterpret_cast<const char*>(&noteID), sizeof(noteID));
     }
-    SetFlags(host, detail.place, detail.entryFlags, detail.note, NoteFlagFor(detail.tag));
+    SetFlags(host, detail.place, detail.entryFlags, detail.note,
+             kind != nullptr ? kind->noteFlag : 0);
     if (detail.tag != 0) {
         host.Attach(detail.place, VariantFor(detail.place, detail.tag), content);
     }
