@@ -35,10 +35,13 @@ void PostNotLoaded(const FinPIScoreExpr& expression) {
     PostRecordError<FinPILoadEDataFailed>("Plyweld::MergeFrame", expression.Tag());
 }
 
-// The records of a measure end where one does not load, unless the host has a later one.
-bool IsEnd(u16 measure, u16 record) {
-    ExpressionAssignRecord last(measure, record);
-    return last.LoadLastInci() == 0 || last.GetCmper1() != measure || last.Inci() < record;
+// The records of a measure end where one does not load, unless the host has a later one. A host
+// that no longer has the document cannot tell.
+bool IsEnd(const FinPITGFPtr& frame, u16 record) {
+    ExpressionAssignRecord last(frame.Measure(), record);
+    const bool hasLater =
+        last.LoadLastInci() != 0 && last.GetCmper1() == frame.Measure() && last.Inci() >= record;
+    return !hasLater && last.DocumentID() == frame.Document();
 }
 
 // Record numbers of the measure's expressions that may follow.
@@ -47,7 +50,7 @@ std::set<u16> Collect(const FramePair& frames, u16 layer) {
     for (u16 record = 0; record < kNoInci; ++record) {
         FinPIScoreExpr expression(frames.destination.Measure(), record);
         if (expression.Load() == 0) {
-            if (!IsEnd(frames.destination.Measure(), record)) {
+            if (!IsEnd(frames.destination, record)) {
                 PostNotLoaded(expression);
             }
             break;
