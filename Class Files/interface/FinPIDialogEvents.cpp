@@ -6,6 +6,7 @@
 #include "Class Files/interface/FinPIDialog.h"
 #include "Class Files/interface/WatchedPreference.h"
 #include "Class Files/interface/WindowMessages.h"
+#include "platform/guarded.h"
 #include "platform/window.h"
 
 namespace {
@@ -52,13 +53,9 @@ i16 FinPIDialog::DialogEventCallback(WindowHandle window, u32 message, u64 event
                    Traced(window), Traced(dialog->m_window), Traced(dialogObject));
         return 0;
     }
-    i16 result = 0;
     ++dialog->m_eventsInHand;
-    try {
-        result = dialog->HandleEvent(window, message, eventWord, eventLong);
-    } catch (...) {
-        result = 0;
-    }
+    const i16 result = platform::Guarded(
+        i16{0}, [&] { return dialog->HandleEvent(window, message, eventWord, eventLong); });
     if (--dialog->m_eventsInHand == 0 && dialog->m_ended) {
         delete dialog;
     }

@@ -5,6 +5,7 @@
 #include <type_traits>
 
 #include "host/score/application.h"
+#include "platform/guarded.h"
 #include "shell/host/host_types.h"
 
 namespace standin {
@@ -27,11 +28,8 @@ Result ServeAsAsked(HostCall call, u32 version, Result refused, Body body,
             return Result{1};
         }
     }
-    try {
-        return body(App());
-    } catch (...) {  // out of memory: the call fails as if refused
-        return refused;
-    }
+    // Out of memory: the call fails as if refused.
+    return platform::Guarded(refused, [&] { return body(App()); });
 }
 
 template <typename Result, typename Body>

@@ -4,6 +4,8 @@
 
 #include <map>
 
+#include "platform/guarded.h"
+
 namespace platform {
 
 namespace {
@@ -14,20 +16,28 @@ std::map<UINT_PTR, TimerRoutine>& Routines() {
 }
 
 void CALLBACK OnTimer(HWND, UINT, UINT_PTR timer, DWORD) noexcept {
-    const auto routine = Routines().find(timer);
-    if (routine != Routines().end()) {
-        routine->second(timer);
-    }
+    Guarded(false, [timer] {
+        const auto routine = Routines().find(timer);
+        if (routine != Routines().end()) {
+            routine->second(timer);
+        }
+        return true;
+    });
 }
 
 }  // namespace
 
 std::uintptr_t StartThreadTimer(std::uint32_t milliseconds, TimerRoutine routine) noexcept {
     const UINT_PTR timer = ::SetTimer(nullptr, 0, milliseconds, OnTimer);
-    if (timer != 0) {
+    const auto remember = [&] {
         Routines()[timer] = routine;
+        return true;
+    };
+    if (timer == 0 || Guarded(false, remember)) {
+        return timer;
     }
-    return timer;
+    ::KillTimer(nullptr, timer);
+    return 0;
 }
 
 bool StopThreadTimer(std::uintptr_t timer) noexcept {

@@ -1,4 +1,5 @@
 // The six functions the host knows the plug-in by. Each forwards; none lets an exception out.
+#include "platform/guarded.h"
 #include "shell/entry/invoke.h"
 #include "shell/entry/menu_items.h"
 #include "shell/entry/startup.h"
@@ -11,18 +12,7 @@
 #define PLYWELD_EXPORT __attribute__((visibility("default")))
 #endif
 
-namespace {
-
-template <typename Result, typename Operation>
-Result Guarded(Result whenThrown, Operation operation) noexcept {
-    try {
-        return operation();
-    } catch (...) {
-        return whenThrown;
-    }
-}
-
-}  // namespace
+using platform::Guarded;
 
 extern "C" {
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/guarded.h"
 #include "platform/module.h"
 #include "platform/timer.h"
 #include "shell/entry/deferred_menu_step.h"
@@ -22,8 +23,10 @@ void OnTimer(std::uintptr_t timer) noexcept {
         return;
     }
     platform::StopThreadTimer(timer);
-    const auto step = g_module.deferredMenuStep;
-    step();
+    platform::Guarded(false, [] {
+        g_module.deferredMenuStep();
+        return true;
+    });
     g_module.deferredMenuStep = nullptr;
 }
 

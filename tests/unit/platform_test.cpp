@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <new>
 #include <tuple>
 
+#include "platform/guarded.h"
 #include "platform/headless/session.h"
 #include "platform/registry.h"
 #include "platform/resources.h"
@@ -23,6 +25,15 @@ class Session : public testing::Test {
 protected:
     Session() { headless::Reset(); }
 };
+
+TEST(Guarded, GivesTheOtherValueWhenTheOperationThrows) {
+    EXPECT_EQ(platform::Guarded(1, [] { return 2; }), 2);
+    EXPECT_EQ(platform::Guarded(1, []() -> int { throw 3; }), 1);
+    std::exception_ptr thrown;
+    EXPECT_FALSE(platform::Guarded(
+        false, []() -> bool { throw std::bad_alloc{}; }, &thrown));
+    EXPECT_THROW(std::rethrow_exception(thrown), std::bad_alloc);
+}
 
 TEST_F(Session, AValueIsFoundInAnyLetterCaseAndFitsOrLeavesTheBufferAlone) {
     RegistryKey::Create("Software\\Test").SetBinaryValue("Name", "abcd", 4);

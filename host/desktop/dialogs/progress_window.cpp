@@ -5,6 +5,7 @@
 
 #include "host/desktop/toolkit/wide_text.h"
 #include "host/desktop/toolkit/window_class.h"
+#include "platform/guarded.h"
 
 namespace standin::desktop {
 
@@ -49,13 +50,15 @@ ProgressWindow::~ProgressWindow() {
 }
 
 LRESULT CALLBACK ProgressWindow::Procedure(HWND window, UINT message, WPARAM word, LPARAM data) {
-    auto* self = ObjectOf<ProgressWindow>(window, message, data);
-    const bool stops = (message == WM_COMMAND && LOWORD(word) == IDCANCEL) || message == WM_CLOSE;
-    if (self != nullptr && stops) {
-        self->m_stopped = true;
-        return 0;
-    }
-    return DefWindowProcW(window, message, word, data);
+    return platform::Guarded(LRESULT{0}, [&] {
+        auto* self = ObjectOf<ProgressWindow>(window, message, data);
+        const bool isCancel = message == WM_COMMAND && LOWORD(word) == IDCANCEL;
+        if (self != nullptr && (isCancel || message == WM_CLOSE)) {
+            self->m_stopped = true;
+            return LRESULT{0};
+        }
+        return DefWindowProcW(window, message, word, data);
+    });
 }
 
 void ProgressWindow::Open() {

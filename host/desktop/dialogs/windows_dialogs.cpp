@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/desktop/toolkit/windows_disabled.h"
+#include "platform/guarded.h"
 #include "platform/win32/plugin_module.h"
 
 namespace standin::desktop {
@@ -46,6 +47,10 @@ void WindowsDialogs::Forget(HWND window) {
 }
 
 INT_PTR CALLBACK WindowsDialogs::Procedure(HWND window, UINT message, WPARAM word, LPARAM data) {
+    return platform::Guarded(INT_PTR{FALSE}, [&] { return Handle(window, message, word, data); });
+}
+
+INT_PTR WindowsDialogs::Handle(HWND window, UINT message, WPARAM word, LPARAM data) {
     if (message == WM_INITDIALOG) {
         auto* service = reinterpret_cast<WindowsDialogs*>(data);
         auto& created = service->m_open[window] = std::move(service->m_created);

@@ -50,6 +50,7 @@ private:
     };
 
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM word, LPARAM data);
+    static INT_PTR Handle(HWND window, UINT message, WPARAM word, LPARAM data);
     static INT_PTR ResultOf(HWND window, UINT message, i16 result);
     // Null for a window that is no open dialog of this service.
     OpenDialog* Find(HWND window);

@@ -5,6 +5,7 @@
 
 #include "host/desktop/toolkit/window_class.h"
 #include "host/score/application.h"
+#include "platform/guarded.h"
 
 namespace standin::desktop {
 
@@ -36,7 +37,7 @@ LRESULT CALLBACK GridWindow::Procedure(HWND window, UINT message, WPARAM word, L
         return DefWindowProcW(window, message, word, data);
     }
     self->m_window = window;
-    return self->Handle(message, word, data);
+    return platform::Guarded(LRESULT{0}, [&] { return self->Handle(message, word, data); });
 }
 
 LRESULT GridWindow::Handle(UINT message, WPARAM word, LPARAM data) {

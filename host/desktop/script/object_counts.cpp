@@ -7,25 +7,18 @@
 #include <span>
 
 #include "host/desktop/script/script_settings.h"
+#include "host/desktop/toolkit/enumerate_windows.h"
 
 namespace standin::desktop {
 
 namespace {
 
-BOOL CALLBACK CountWindow(HWND /*window*/, LPARAM count) {
-    ++*reinterpret_cast<int*>(count);
-    return TRUE;
-}
-
-BOOL CALLBACK CountWithControls(HWND window, LPARAM count) {
-    EnumChildWindows(window, CountWindow, count);
-    return CountWindow(window, count);
-}
-
 int WindowCount(HWND mainWindow) {
     int count = 0;
-    EnumThreadWindows(GetWindowThreadProcessId(mainWindow, nullptr), CountWithControls,
-                      reinterpret_cast<LPARAM>(&count));
+    ForEachWindowOf(GetWindowThreadProcessId(mainWindow, nullptr), [&count](HWND window) {
+        ++count;
+        ForEachInside(window, [&count](HWND /*control*/) { ++count; });
+    });
     return count;
 }
 

@@ -8,6 +8,7 @@
 #include "host/desktop/script/byte_pattern.h"
 #include "host/desktop/script/script_screen.h"
 #include "host/desktop/script/script_settings.h"
+#include "host/desktop/toolkit/enumerate_windows.h"
 #include "host/desktop/toolkit/wide_text.h"
 
 namespace standin::desktop {
@@ -58,15 +59,10 @@ std::string NoDialog(ScriptScene& scene, Words words) {
     return dialog == nullptr ? std::string{} : "found \"" + Utf8(TextOf(dialog)) + "\"";
 }
 
-BOOL CALLBACK CollectTexts(HWND child, LPARAM data) {
-    reinterpret_cast<std::vector<std::wstring>*>(data)->push_back(TextOf(child));
-    return TRUE;
-}
-
 std::string Message(ScriptScene& scene, Words words) {
     std::vector<std::wstring> texts;
-    EnumChildWindows(FrontDialog(scene.window.Window()), CollectTexts,
-                     reinterpret_cast<LPARAM>(&texts));
+    ForEachInside(FrontDialog(scene.window.Window()),
+                  [&texts](HWND child) { texts.push_back(TextOf(child)); });
     const bool found = std::find(texts.begin(), texts.end(), WideFromUtf8(words[0])) != texts.end();
     return found ? std::string{} : "found " + Join(texts);
 }

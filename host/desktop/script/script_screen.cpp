@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/desktop/toolkit/enumerate_windows.h"
 #include "host/desktop/toolkit/wide_text.h"
 
 namespace standin::desktop {
@@ -15,26 +16,17 @@ bool HasClass(HWND window, const wchar_t* name) {
     return lstrcmpiW(actual.data(), name) == 0;
 }
 
-struct WindowSearch {
-    DWORD thread;
-    std::vector<HWND> found;
-};
-
-BOOL CALLBACK Collect(HWND window, LPARAM data) {
-    auto& search = *reinterpret_cast<WindowSearch*>(data);
-    if (GetWindowThreadProcessId(window, nullptr) == search.thread &&
-        IsWindowVisible(window) != 0) {
-        search.found.push_back(window);
-    }
-    return TRUE;
-}
-
 }  // namespace
 
 std::vector<HWND> VisibleWindows(HWND mainWindow) {
-    WindowSearch search{GetWindowThreadProcessId(mainWindow, nullptr), {}};
-    EnumWindows(Collect, reinterpret_cast<LPARAM>(&search));
-    return search.found;
+    const DWORD thread = GetWindowThreadProcessId(mainWindow, nullptr);
+    std::vector<HWND> found;
+    ForEachWindow([&](HWND window) {
+        if (GetWindowThreadProcessId(window, nullptr) == thread && IsWindowVisible(window) != 0) {
+            found.push_back(window);
+        }
+    });
+    return found;
 }
 
 HWND FrontDialog(HWND mainWindow) {

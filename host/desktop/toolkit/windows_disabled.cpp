@@ -1,17 +1,16 @@
 #include "host/desktop/toolkit/windows_disabled.h"
 
+#include "host/desktop/toolkit/enumerate_windows.h"
+
 namespace standin::desktop {
 
 WindowsDisabled::WindowsDisabled() {
-    EnumThreadWindows(GetCurrentThreadId(), Disable, reinterpret_cast<LPARAM>(this));
-}
-
-BOOL CALLBACK WindowsDisabled::Disable(HWND window, LPARAM self) {
-    if (IsWindowVisible(window) != 0 && IsWindowEnabled(window) != 0) {
-        reinterpret_cast<WindowsDisabled*>(self)->m_windows.push_back(window);
-        EnableWindow(window, FALSE);
-    }
-    return TRUE;
+    ForEachWindowOf(GetCurrentThreadId(), [this](HWND window) {
+        if (IsWindowVisible(window) != 0 && IsWindowEnabled(window) != 0) {
+            m_windows.push_back(window);
+            EnableWindow(window, FALSE);
+        }
+    });
 }
 
 void WindowsDisabled::Restore() {

@@ -19,8 +19,6 @@ public:
     void Restore();
 
 private:
-    static BOOL CALLBACK Disable(HWND window, LPARAM self);
-
     std::vector<HWND> m_windows;
 };
 

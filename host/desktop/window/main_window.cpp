@@ -11,6 +11,7 @@
 #include "host/desktop/toolkit/window_class.h"
 #include "host/desktop/toolkit/window_system.h"
 #include "host/desktop/window/commands.h"
+#include "platform/guarded.h"
 #include "platform/resources.h"
 
 namespace standin::desktop {
@@ -94,12 +95,14 @@ LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM word, L
     if (self == nullptr || self->m_status == nullptr) {
         return DefWindowProcW(window, message, word, data);
     }
-    try {
-        return self->Handle(message, word, data);
-    } catch (const std::exception& problem) {
-        self->Tell(WideFromUtf8(problem.what()), MB_ICONERROR);
-        return 0;
-    }
+    return platform::Guarded(LRESULT{0}, [&] {
+        try {
+            return self->Handle(message, word, data);
+        } catch (const std::exception& problem) {
+            self->Tell(WideFromUtf8(problem.what()), MB_ICONERROR);
+            return LRESULT{0};
+        }
+    });
 }
 
 LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
