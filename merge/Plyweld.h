@@ -10,9 +10,9 @@
 #include "Class Files/interface/FinPIRadioButton.h"
 #include "merge/PlyweldConfigData.h"
 #include "merge/PlyweldControls.h"
-#include "merge/RestFill.h"
 
 struct FramePair;
+struct RestRun;
 
 class Plyweld : public FinPIModeless {
 public:

@@ -1,6 +1,4 @@
 // Rest filling: source entries take the place of destination rests of exactly their time.
-#include "merge/RestFill.h"
-
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "merge/FramePair.h"
 #include "merge/Plyweld.h"

@@ -4,7 +4,8 @@
 #include <set>
 
 #include "merge/FramePair.h"
-#include "merge/RestFill.h"
+#include "merge/RestRun.h"
+#include "merge/SourceSpan.h"
 
 // False when replacing would break a tuplet of either frame, would lose what hangs on a rest,
 // would put two second voices in one time, or would hide rests without music in their place.

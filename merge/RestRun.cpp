@@ -1,4 +1,5 @@
-// Which destination rests there are to fill.
+#include "merge/RestRun.h"
+
 #include <algorithm>
 
 #include "Class Files/score/frames/FinPIEntryPtr.h"

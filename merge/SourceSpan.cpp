@@ -1,5 +1,6 @@
+#include "merge/SourceSpan.h"
+
 #include "Class Files/score/frames/FinPIEntryPtr.h"
-#include "merge/RestFill.h"
 
 i16 FindSourceSpan(const FinPITGFPtr& source, i32 startTime, i32 duration, SourceSpan& span) {
     span = SourceSpan{};

@@ -1,14 +1,7 @@
-// Runs of destination rests, and the source entries that fill them exactly.
+// The source entries that take exactly the time of a run of rests.
 #pragma once
 
 #include "Class Files/score/frames/FinPITGFPtr.h"
-
-// Consecutive rests of voice 1, and the time they take with what is missing behind them.
-struct RestRun {
-    i16 start = -1;    // index of the first; the entry count for missing time alone
-    i16 count = 0;     // of rests
-    i32 duration = 0;  // duration units of the staff
-};
 
 // Consecutive entries of a source frame, those of voice 2 between them included.
 struct SourceSpan {
