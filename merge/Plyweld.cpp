@@ -9,9 +9,6 @@ namespace {
 constexpr u16 kSameLayerText = 22002;
 constexpr u16 kNoSelectionText = 22003;
 
-// By which errors name a frame.
-constexpr u32 kFrameTag = HostTag("aTGF");
-
 std::u16string ToUtf16(const std::string& text) {
     return platform::MultiByteToUtf16(text, platform::CodePage::kAnsi).value_or(u"");
 }

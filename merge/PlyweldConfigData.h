@@ -8,12 +8,12 @@
 #pragma pack(push, 2)
 
 struct PlyweldConfigData {
-    u16 size = 12;             // of the record, in bytes
-    u16 sourceLayer = 65535;   // kAllLayers, or from 0
-    u16 destinationLayer = 0;  // from 0
-    u16 mode = 0;              // MergeMode
-    u16 rebeam = 1;            // nonzero: the region is rebeamed after merging
-    u16 hideAddedRests = 0;    // nonzero: rests left in a source layer are hidden
+    u16 size = 12;                 // of the record, in bytes
+    u16 sourceLayer = kAllLayers;  // or from 0
+    u16 destinationLayer = 0;      // from 0
+    u16 mode = 0;                  // MergeMode
+    u16 rebeam = 1;                // nonzero: the region is rebeamed after merging
+    u16 hideAddedRests = 0;        // nonzero: rests left in a source layer are hidden
 };
 
 #pragma pack(pop)
@@ -21,8 +21,6 @@ struct PlyweldConfigData {
 static_assert(sizeof(PlyweldConfigData) == 12);
 static_assert(offsetof(PlyweldConfigData, sourceLayer) == 2);
 static_assert(offsetof(PlyweldConfigData, hideAddedRests) == 10);
-
-inline constexpr u16 kAllLayers = 65535;
 
 namespace MergeMode {
 inline constexpr u16 kMergeIntoTarget = 0;

@@ -127,7 +127,7 @@ void Plyweld::UpdateSelectionText(WindowHandle window) {
 }
 
 void Plyweld::CopyDialogToConfigData(WindowHandle /*window*/) {
-    m_configData.sourceLayer = SelectedLayer(m_fromList, FinPIPopupLayerList::kAllLayers);
+    m_configData.sourceLayer = SelectedLayer(m_fromList, FinPIPopupLayerList::kAllLayersItem);
     m_configData.destinationLayer = SelectedLayer(m_toList, 0);
     m_configData.mode = static_cast<u16>(m_modeButtons.GetValue());
     m_configData.rebeam = static_cast<u16>(m_rebeamBox.GetValue());

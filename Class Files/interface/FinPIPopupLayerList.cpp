@@ -11,7 +11,6 @@
 namespace {
 
 constexpr u32 kAllLayersString = 20075;
-constexpr u16 kAllLayersSetting = 0xFFFF;
 
 // What a buffer for an item's text holds, its terminator included.
 constexpr std::size_t kItemTextUnits = 1024;
@@ -95,8 +94,8 @@ void FinPIPopupLayerList::FillLayers(u16 selectedLayer, bool includeAll) {
     u32 selected = 0;
     if (includeAll) {
         const std::u16string text{platform::ResourceString(kAllLayersString)};
-        const u32 position = AddLayerItem(text.c_str(), kAllLayers);
-        if (selectedLayer == kAllLayersSetting) {
+        const u32 position = AddLayerItem(text.c_str(), kAllLayersItem);
+        if (selectedLayer == kAllLayers) {
             selected = position;
         }
     }

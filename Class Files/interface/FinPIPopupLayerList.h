@@ -7,7 +7,7 @@
 class FinPIPopupLayerList : public FinPIPopupListInt {
 public:
     // The item value that stands for all layers; in settings they are 65535.
-    static constexpr i16 kAllLayers = -1;
+    static constexpr i16 kAllLayersItem = static_cast<i16>(kAllLayers);
 
     using FinPIPopupListInt::FinPIPopupListInt;
 

@@ -3,17 +3,11 @@
 #include <algorithm>
 
 #include "host/report/places.h"
+#include "host/score/selection.h"
 #include "host/texts/texts.h"
 
 namespace standin {
 namespace {
-
-bool IsIn(const EREGION& selection, u16 slot, u16 measure, i32 onset) {
-    const auto at = std::pair{i32{measure}, onset};
-    return slot >= selection.startSlot && slot <= selection.endSlot &&
-           at >= std::pair{i32{selection.startMeasure}, i32{selection.startPosition}} &&
-           at <= std::pair{i32{selection.endMeasure}, i32{selection.endPosition}};
-}
 
 const std::vector<EXENTRY>& EntriesOf(const Frame* frame) {
     static const std::vector<EXENTRY> kNone;
@@ -86,7 +80,7 @@ private:
     bool IsSelected(i32 onset) const {
         return std::any_of(m_request.selections.begin(), m_request.selections.end(),
                            [&](const EREGION& selection) {
-                               return IsIn(selection, m_result.staff, m_result.measure, onset);
+                               return Holds(selection, m_result.staff, m_result.measure, onset);
                            });
     }
 

@@ -8,6 +8,7 @@
 #include "host/musicxml/lyric_numbers.h"
 #include "host/musicxml/xml/xml_text.h"
 #include "host/report/places.h"
+#include "host/score/selection.h"
 #include "host/texts/texts.h"
 
 namespace standin {
@@ -228,13 +229,6 @@ private:
     EntryTexts m_texts;
 };
 
-bool IsSelected(const EREGION& selection, u16 slot, u16 measure, i32 onset) {
-    const auto at = std::pair{i32{measure}, onset};
-    return slot >= selection.startSlot && slot <= selection.endSlot &&
-           at >= std::pair{i32{selection.startMeasure}, i32{selection.startPosition}} &&
-           at <= std::pair{i32{selection.endMeasure}, i32{selection.endPosition}};
-}
-
 void AddCarried(const ImportedScore& score, u16 layers, u16 slot, FrameKey key,
                 const EREGION& selection, std::vector<Remark>& remarks) {
     int voices = 0;
@@ -244,7 +238,7 @@ void AddCarried(const ImportedScore& score, u16 layers, u16 slot, FrameKey key,
             frame != nullptr &&
             std::any_of(frame->entries.begin(), frame->entries.end(), [&](const EXENTRY& entry) {
                 return entry.noteCount > 0 &&
-                       IsSelected(selection, slot, key.measure, entry.elapsedTime);
+                       Holds(selection, slot, key.measure, entry.elapsedTime);
             });
         voices += sounds ? 1 : 0;
     }

@@ -7,6 +7,7 @@
 #include "host/score/document.h"
 #include "host/score/entry_form.h"
 #include "host/score/entry_times.h"
+#include "host/score/selection.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {
@@ -106,9 +107,7 @@ void Document::RefreshDetailFlags(u32 entry) {
 
 int Document::Rebeam(const EREGION& region) {
     const auto isInside = [&](FrameKey key) {
-        const i16 slot = SlotOfStaff(key.staff, region.startStaffList);
-        return slot != 0 && slot >= region.startSlot && slot <= region.endSlot &&
-               key.measure >= region.startMeasure && key.measure <= region.endMeasure;
+        return HoldsFrame(region, SlotOfStaff(key.staff, region.startStaffList), key.measure);
     };
     int beamed = 0;
     std::vector<FrameKey> waiting;

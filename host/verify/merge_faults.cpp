@@ -7,6 +7,7 @@
 
 #include "host/score/application.h"
 #include "host/score/entry_times.h"
+#include "host/score/selection.h"
 #include "host/score/tags.h"
 #include "host/verify/frame_faults.h"
 #include "host/verify/score_facts.h"
@@ -81,9 +82,8 @@ private:
     static Measure MeasureOf(FrameKey key) { return {key.staff, key.measure}; }
 
     bool IsSelected(FrameKey key) const {
-        const i16 slot = m_document.SlotOfStaff(key.staff, m_region.startStaffList);
-        return slot >= m_region.startSlot && slot <= m_region.endSlot &&
-               key.measure >= m_region.startMeasure && key.measure <= m_region.endMeasure;
+        return HoldsFrame(m_region, m_document.SlotOfStaff(key.staff, m_region.startStaffList),
+                          key.measure);
     }
 
     bool IsSource(u16 layer) const {
@@ -103,9 +103,7 @@ private:
     }
 
     bool IsSelected(u16 measure, const MyExpressionAssign& expression) const {
-        const auto at = std::pair{i32{measure}, PositionOf(expression)};
-        return at >= std::pair{i32{m_region.startMeasure}, i32{m_region.startPosition}} &&
-               at <= std::pair{i32{m_region.endMeasure}, i32{m_region.endPosition}};
+        return HoldsPosition(m_region, measure, PositionOf(expression));
     }
 
     void Tell(const EntryFacts& fact, const std::string& what) {

@@ -5,8 +5,6 @@
 
 namespace standin {
 
-inline constexpr u16 kAllLayers = 0xFFFF;
-
 struct MergeOptions {
     u16 size = 12;  // bytes of this record
     u16 source = kAllLayers;

@@ -26,6 +26,9 @@ inline constexpr i32 kEndOfMeasure = 0x7FFFFFFF;
 // Duration units in a quarter note.
 inline constexpr i32 kQuarterNote = 1024;
 
+// All layers but the destination, where an option names the source layer by number.
+inline constexpr u16 kAllLayers = 0xFFFF;
+
 // The most notes that one entry holds.
 inline constexpr i16 kMaxNotesPerEntry = 12;
 

@@ -68,7 +68,7 @@ TEST_F(ControlTest, LayerListsShowTheHostsLayers) {
     from.Attach(window, 0, 1);
     from.FillLayers(65535, true);
     EXPECT_EQ(from.GetValue(), 1U);
-    EXPECT_EQ(from.GetItemValue(1), FinPIPopupLayerList::kAllLayers);
+    EXPECT_EQ(from.GetItemValue(1), FinPIPopupLayerList::kAllLayersItem);
     FinPIPopupLayerList to{1005};
     to.Attach(window, 0, 1);
     to.FillLayers(2, false);

@@ -17,7 +17,6 @@ namespace {
 constexpr char kNotCurrent[] = "Attempted to update a non-current document";
 constexpr char kSaveTGF[] = "short __cdecl FinPITGFPtr::SaveTGF(void) const";
 constexpr char kReloadTGF[] = "FinPITGFPtr::ReloadTGF";
-constexpr u32 kFrameTag = HostTag("aTGF");
 constexpr i16 kAlwaysOne = 1;
 constexpr u16 kNoStaff = 0;           // does not load, in any document
 constexpr i32 kLatestTime = 1 << 28;  // duration units: longer than any frame

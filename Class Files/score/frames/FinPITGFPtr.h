@@ -6,6 +6,9 @@
 
 #include "shell/host/host_frames.h"
 
+// By which errors name a frame.
+inline constexpr u32 kFrameTag = HostTag("aTGF");
+
 class FinPIEntryPtr;
 class FinPIStaff;
 

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <span>
 
+#include "host/desktop/script/patience.h"
 #include "host/desktop/script/screenshot.h"
 #include "host/desktop/script/script_input.h"
 #include "host/desktop/script/script_screen.h"
@@ -19,8 +20,6 @@ using Words = std::span<const std::string>;
 using Action = std::string (*)(ScriptScene& scene, Words words);
 
 constexpr int kRedrawn = 120;  // milliseconds until a change can be seen
-constexpr int kPatience = 4000;
-constexpr int kLook = 20;
 
 std::optional<int> Number(const std::string& text) {
     int number = 0;

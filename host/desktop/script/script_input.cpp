@@ -13,7 +13,7 @@ namespace {
 
 // Milliseconds.
 constexpr DWORD kBetweenInputs = 20;
-constexpr DWORD kPatience = 5000;
+constexpr DWORD kLongestWork = 5000;
 constexpr int kTries = 20;
 
 struct KeyName {
@@ -75,7 +75,7 @@ void SendMouse(POINT place, DWORD flags) {
 // Waits until no mouse or keyboard input waits for the program any more, what it does with the
 // last of it is done, unless that is a dialog or a menu, and the windows are painted.
 void LetProgramWork(HWND mainWindow) {
-    for (DWORD waited = 0; waited < kPatience; waited += kBetweenInputs) {
+    for (DWORD waited = 0; waited < kLongestWork; waited += kBetweenInputs) {
         Sleep(kBetweenInputs);
         if (SendMessageW(mainWindow, kWorkIsWaiting, 0, 0) == 0) {
             return;

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 
+#include "host/desktop/script/patience.h"
 #include "host/desktop/script/script_input.h"
 #include "host/desktop/script/script_screen.h"
 #include "host/desktop/toolkit/wide_text.h"
@@ -10,9 +11,7 @@ namespace standin::desktop {
 
 namespace {
 
-// How long a menu may take to come up, and between two looks; milliseconds.
-constexpr int kPatience = 1500;
-constexpr int kLook = 20;
+constexpr int kComesUp = 1500;  // milliseconds that a menu may take to do so
 // A click soon after another at the same place is half of a double click, which opens no menu.
 constexpr int kTries = 3;
 
@@ -31,7 +30,7 @@ bool ShowsMenu(HWND mainWindow) {
 
 // Where an item of an open menu is; nothing when the menu does not come up.
 std::optional<POINT> WaitForItem(HWND mainWindow, const MenuPlace& place) {
-    for (int waited = 0; waited < kPatience; waited += kLook) {
+    for (int waited = 0; waited < kComesUp; waited += kLook) {
         RECT rect{};
         if (ShowsMenu(mainWindow) &&
             GetMenuItemRect(nullptr, place.menu, static_cast<UINT>(place.position), &rect) != 0 &&

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <span>
 
+#include "host/desktop/script/patience.h"
 #include "host/desktop/script/script_actions.h"
 #include "host/desktop/script/script_expectations.h"
 #include "host/desktop/toolkit/wide_text.h"
@@ -11,9 +12,6 @@
 namespace standin::desktop {
 
 namespace {
-
-constexpr int kPatience = 4000;  // milliseconds
-constexpr int kLook = 25;
 
 void Report(const ScriptLine& line, const std::string& problem) {
     const std::size_t start = line.text.find_first_not_of(" \t");
