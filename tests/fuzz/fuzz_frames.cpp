@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "host/score/entry_form.h"
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/plugin_driver.h"
 
 using namespace standin;
 

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "platform/headless/session.h"
-#include "tests/unit/plugin_driver.h"
 #include "tests/unit/support/dialog_desk.h"
+#include "tests/unit/support/plugin_driver.h"
 
 using namespace standin;
 

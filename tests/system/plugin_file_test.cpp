@@ -12,10 +12,10 @@
 namespace {
 
 namespace fs = std::filesystem;
-using standin::cli::kPluginFile;
-using standin::cli::Library;
 using standin::cli::Plugin;
-using standin::cli::ProgramFolder;
+using standin::machine::kPluginFile;
+using standin::machine::Library;
+using standin::machine::ProgramFolder;
 
 template <typename Function>
 Function* Export(const Library& library, const char* name) {

@@ -60,7 +60,7 @@ TEST_F(OutputFile, AnErrorSaysItsReason) {
 }
 
 TEST_F(OutputFile, WhatCannotBeWrittenIsSaidAndLeavesNothing) {
-    PrepareStreams();
+    standin::machine::PrepareStreams();
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
     rlimit small = before;

@@ -4,6 +4,7 @@
 #include "shell/host/host_details.h"
 #include "shell/host/host_records.h"
 #include "tests/unit/details_fixture.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace standin {
 namespace {
@@ -16,11 +17,9 @@ struct Row {
     u32 flag;
     bool isOfNote;
     u32 noteFlag;
-};
 
-void PrintTo(const Row& row, std::ostream* out) {
-    *out << row.name;
-}
+    friend void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+};
 
 // Smart shapes have tests of their own: their marks go with the shape.
 constexpr Row kRows[] = {
@@ -53,8 +52,7 @@ TEST_P(EveryDetail, IsCopiedOnceAndDeleted) {
     EXPECT_FALSE(source.EntryAt(0).HasFlag(row.flag));
 }
 
-INSTANTIATE_TEST_SUITE_P(List, EveryDetail, testing::ValuesIn(kRows),
-                         [](const auto& row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(List, EveryDetail, testing::ValuesIn(kRows), kByName);
 
 }  // namespace
 }  // namespace standin

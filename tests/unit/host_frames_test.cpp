@@ -2,6 +2,7 @@
 #include "host/score/detail_kinds.h"
 #include "shell/host/detail_flags.h"
 #include "tests/unit/support/loan.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace standin {
 namespace {
@@ -47,36 +48,45 @@ TEST(HostFrames, DetailsGoWithTheirEntryAndFlagsFollowTheDetails) {
         << "the shape itself stays";
 }
 
-TEST(HostFrames, GarbageIsNotSaved) {
-    const std::pair<const char*, void (*)(EXENTRY*)> cases[] = {
-        {"TooManyNotes", [](EXENTRY* e) { e[0].noteCount = 13; }},
-        {"NegativeNoteCount", [](EXENTRY* e) { e[0].noteCount = -1; }},
-        {"NegativeDuration", [](EXENTRY* e) { e[0].duration = -1; }},
-        {"NoteWithoutDuration", [](EXENTRY* e) { e[0].duration = 0; }},
-        {"NoteIDZero", [](EXENTRY* e) { e[0].notes[1].noteID = 0; }},
-        {"NoteIDTwice", [](EXENTRY* e) { e[0].notes[1] = e[0].notes[0]; }},
-        {"NoteIDCopyWrong", [](EXENTRY* e) { e[0].notes[1].noteID = 9; }},
-        {"RestWithNotes", [](EXENTRY* e) { e[0].flags &= ~EntryFlag::kNote; }},
-        {"NoteFlagOnARest", [](EXENTRY* e) { e[2].flags |= EntryFlag::kNote; }},
-        {"Voice2WithoutLauncher", [](EXENTRY* e) { e[1].flags |= EntryFlag::kVoice2; }},
-        {"EntryTwice", [](EXENTRY* e) { e[1].entryNumber = e[0].entryNumber; }},
-        {"EntryOfAnotherFrame", [](EXENTRY* e) { e[1].entryNumber = 4; }},
-        {"EntryNeverIssued", [](EXENTRY* e) { e[1].entryNumber = 4711; }},
-        {"EntryNumberZero", [](EXENTRY* e) { e[1].entryNumber = 0; }},
-    };
-    for (const auto& [name, spoil] : cases) {
-        SCOPED_TRACE(name);
-        StandIn host;
-        host.Layer(1, 1, 0, "q:c4,e4 q:d4 h:r");
-        host.Layer(1, 1, 1, "q:c4");
-        const auto before = host.Score().Content();
-        const Loan loan{host.Key(1, 1, 0)};
-        ASSERT_EQ(loan.Save(), 1);
-        spoil(loan->entries);
-        EXPECT_EQ(loan.Save(), 0);
-        EXPECT_EQ(host.Score().Content(), before);
-    }
+struct Garbage {
+    const char* name;
+    void (*spoil)(EXENTRY* entries);
+
+    friend void PrintTo(const Garbage& row, std::ostream* out) { *out << row.name; }
+};
+
+constexpr Garbage kGarbage[] = {
+    {"TooManyNotes", [](EXENTRY* e) { e[0].noteCount = 13; }},
+    {"NegativeNoteCount", [](EXENTRY* e) { e[0].noteCount = -1; }},
+    {"NegativeDuration", [](EXENTRY* e) { e[0].duration = -1; }},
+    {"NoteWithoutDuration", [](EXENTRY* e) { e[0].duration = 0; }},
+    {"NoteIDZero", [](EXENTRY* e) { e[0].notes[1].noteID = 0; }},
+    {"NoteIDTwice", [](EXENTRY* e) { e[0].notes[1] = e[0].notes[0]; }},
+    {"NoteIDCopyWrong", [](EXENTRY* e) { e[0].notes[1].noteID = 9; }},
+    {"RestWithNotes", [](EXENTRY* e) { e[0].flags &= ~EntryFlag::kNote; }},
+    {"NoteFlagOnARest", [](EXENTRY* e) { e[2].flags |= EntryFlag::kNote; }},
+    {"Voice2WithoutLauncher", [](EXENTRY* e) { e[1].flags |= EntryFlag::kVoice2; }},
+    {"EntryTwice", [](EXENTRY* e) { e[1].entryNumber = e[0].entryNumber; }},
+    {"EntryOfAnotherFrame", [](EXENTRY* e) { e[1].entryNumber = 4; }},
+    {"EntryNeverIssued", [](EXENTRY* e) { e[1].entryNumber = 4711; }},
+    {"EntryNumberZero", [](EXENTRY* e) { e[1].entryNumber = 0; }},
+};
+
+class GarbageInAFrame : public testing::TestWithParam<Garbage> {};
+
+TEST_P(GarbageInAFrame, IsNotSaved) {
+    StandIn host;
+    host.Layer(1, 1, 0, "q:c4,e4 q:d4 h:r");
+    host.Layer(1, 1, 1, "q:c4");
+    const auto before = host.Score().Content();
+    const Loan loan{host.Key(1, 1, 0)};
+    ASSERT_EQ(loan.Save(), 1);
+    GetParam().spoil(loan->entries);
+    EXPECT_EQ(loan.Save(), 0);
+    EXPECT_EQ(host.Score().Content(), before);
 }
+
+INSTANTIATE_TEST_SUITE_P(HostFrames, GarbageInAFrame, testing::ValuesIn(kGarbage), kByName);
 
 TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
     StandIn host;

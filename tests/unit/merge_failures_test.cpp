@@ -1,6 +1,6 @@
 // Refusals that a run goes on after, and those that it does not.
 #include "platform/headless/session.h"
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/plugin_driver.h"
 
 namespace standin {
 namespace {

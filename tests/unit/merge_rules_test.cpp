@@ -1,9 +1,9 @@
 // What a merge makes of two layers: notes that begin together and last as long become one chord,
 // and runs of destination rests are filled by source music of exactly their time.
-#include <span>
 #include <tuple>
 
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/named_cases.h"
+#include "tests/unit/support/plugin_driver.h"
 
 namespace standin {
 namespace {
@@ -16,23 +16,25 @@ struct MergeCase {
     const char* sourceAfterwards;
     i32 firstPosition = 0;  // of the selection
     i32 lastPosition = kEndOfMeasure;
+
+    friend void PrintTo(const MergeCase& row, std::ostream* out) { *out << row.name; }
 };
 
-void ExpectMerges(std::span<const MergeCase> cases) {
-    for (const MergeCase& c : cases) {
-        SCOPED_TRACE(c.name);
-        StandIn host;
-        host.Layer(1, 1, 0, c.destination);
-        host.Layer(1, 1, 1, c.source);
-        host.Select(1, 1, c.firstPosition, 1, 1, c.lastPosition);
-        const auto music = Music(host.Score());
-        Plugin{}.Merge(host);
-        EXPECT_EQ(host.Layer(1, 1, 0), c.destinationAfterwards);
-        EXPECT_EQ(host.Layer(1, 1, 1), c.sourceAfterwards);
-        EXPECT_EQ(Music(host.Score()), music);
-        EXPECT_TRUE(App().alerts.empty());
-        EXPECT_EQ(App().calls.flagsOutOfStep, 0U);
-    }
+class MergeRules : public testing::TestWithParam<MergeCase> {};
+
+TEST_P(MergeRules, Hold) {
+    const MergeCase& c = GetParam();
+    StandIn host;
+    host.Layer(1, 1, 0, c.destination);
+    host.Layer(1, 1, 1, c.source);
+    host.Select(1, 1, c.firstPosition, 1, 1, c.lastPosition);
+    const auto music = Music(host.Score());
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), c.destinationAfterwards);
+    EXPECT_EQ(host.Layer(1, 1, 1), c.sourceAfterwards);
+    EXPECT_EQ(Music(host.Score()), music);
+    EXPECT_TRUE(App().alerts.empty());
+    EXPECT_EQ(App().calls.flagsOutOfStep, 0U);
 }
 
 constexpr MergeCase kChords[] = {
@@ -60,7 +62,7 @@ constexpr MergeCase kChords[] = {
     {"HiddenRestsAreNoNotes", "q:c4 q:x h:d4", "h:g4 h:g4", "q:c4 q:x h:d4,g4", "h:g4 h:r"},
 };
 
-constexpr MergeCase kWholeMeasure[] = {
+constexpr MergeCase kRestFill[] = {
     {"AfterAChord", "q:c4 q:r h:r", "q:e4 q:f4 q:g4 q:a4", "q:c4,e4 q:f4 q:g4 q:a4",
      "q:r q:r q:r q:r"},
     {"NoEntryEndsWithTheRun", "h:r h:c4", "q:e4 h:f4 q:g4", "h:r h:c4", "q:e4 h:f4 q:g4"},
@@ -118,11 +120,9 @@ constexpr MergeCase kPartOfAMeasure[] = {
      "q:d4 q:e4 q:r q:g4", 0, 3071},
 };
 
-TEST(Merge, FormsChordsAndFillsRunsOfRests) {
-    ExpectMerges(kChords);
-    ExpectMerges(kWholeMeasure);
-    ExpectMerges(kPartOfAMeasure);
-}
+INSTANTIATE_TEST_SUITE_P(Chords, MergeRules, testing::ValuesIn(kChords), kByName);
+INSTANTIATE_TEST_SUITE_P(RestFill, MergeRules, testing::ValuesIn(kRestFill), kByName);
+INSTANTIATE_TEST_SUITE_P(PartOfAMeasure, MergeRules, testing::ValuesIn(kPartOfAMeasure), kByName);
 
 TEST(Merge, HidesItsRestsWhenAsked) {
     StandIn host;

@@ -1,6 +1,7 @@
 // Files that are no score, damaged or hostile: one clear line, and where.
 #include "host/musicxml/xml/archive.h"
 #include "tests/unit/musicxml_support.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace standin {
 namespace {
@@ -17,12 +18,16 @@ std::string NoteWith(const std::string& children) {
     return ScoreText({"<note>" + children + "</note>"});
 }
 
-const struct {
+struct RefusedScore {
     const char* name;
     std::string text;
     const char* message;  // a part of it
     std::size_t line;
-} kRefused[] = {
+
+    friend void PrintTo(const RefusedScore& row, std::ostream* out) { *out << row.name; }
+};
+
+const RefusedScore kRefused[] = {
     {"NotXml", "hello", "no well-formed XML", 1},
     {"TextBeforeTheDeclaration", "\n\nhello <?xml version=\"1.0\"?><a/>", "before its first tag",
      3},
@@ -61,19 +66,20 @@ const struct {
      "nested too deeply", 7},
 };
 
-TEST(Refused, SaysWhatIsWrongAndWhere) {
-    for (const auto& c : kRefused) {
-        SCOPED_TRACE(c.name);
-        const ReadResult result = ReadScore(c.text);
-        EXPECT_FALSE(result);
-        EXPECT_NE(result.message.find(c.message), std::string::npos) << result.message;
-        EXPECT_EQ(result.message.find('\n'), std::string::npos);
-        EXPECT_EQ(result.line, c.line);
-    }
+class Refused : public testing::TestWithParam<RefusedScore> {};
+
+TEST_P(Refused, SaysWhatIsWrongAndWhere) {
+    const ReadResult result = ReadScore(GetParam().text);
+    EXPECT_FALSE(result);
+    EXPECT_NE(result.message.find(GetParam().message), std::string::npos) << result.message;
+    EXPECT_EQ(result.message.find('\n'), std::string::npos);
+    EXPECT_EQ(result.line, GetParam().line);
 }
 
+INSTANTIATE_TEST_SUITE_P(Scores, Refused, testing::ValuesIn(kRefused), kByName);
+
 // The host's records have numbers of 16 bits.
-TEST(Refused, MoreThanTheHostsRecordsHold) {
+TEST(RefusedScores, MoreThanTheHostsRecordsHold) {
     const std::pair<const char*, std::string> cases[] = {
         {"more slurs and other lines",
          Repeated(256, Note({.more = "<notations>" + Repeated(256, "<slur type=\"start\"/>") +

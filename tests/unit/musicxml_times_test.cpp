@@ -1,6 +1,6 @@
 // Where entries start and how long they last, in the host's units and back in the file's.
 #include "host/musicxml/pitch.h"
-#include "host/musicxml/rational.h"
+#include "host/score/rational.h"
 #include "tests/unit/musicxml_support.h"
 
 namespace standin {

@@ -3,8 +3,8 @@
 
 #include "platform/headless/session.h"
 #include "platform/headless/window_model.h"
-#include "tests/unit/plugin_driver.h"
 #include "tests/unit/support/files.h"
+#include "tests/unit/support/plugin_driver.h"
 
 namespace standin {
 namespace {

@@ -1,8 +1,8 @@
 // The command's dialog: what it shows, watches and saves, and where it appears.
 #include "platform/headless/session.h"
 #include "platform/window.h"
-#include "tests/unit/plugin_driver.h"
 #include "tests/unit/support/dialog_desk.h"
+#include "tests/unit/support/plugin_driver.h"
 
 namespace standin {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstring>
 #include <tuple>
 
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/plugin_driver.h"
 
 namespace standin {
 namespace {

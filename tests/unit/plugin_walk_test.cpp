@@ -1,7 +1,7 @@
 // The walk over measures and staves: progress, the user's stop, layout, what comes before it.
 #include <tuple>
 
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/plugin_driver.h"
 
 namespace standin {
 namespace {

@@ -1,9 +1,9 @@
 // Saved settings: the stored record, the move from the older owner, and the dialog.
 #include <cstring>
 
+#include "Class Files/FinPISaveSettingsDlg.h"
+#include "Class Files/SaveSettingsControls.h"
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/settings/FinPISaveSettingsDlg.h"
-#include "Class Files/settings/SaveSettingsControls.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "host/score/application.h"
 #include "tests/unit/interface_support.h"

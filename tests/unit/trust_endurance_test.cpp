@@ -2,9 +2,9 @@
 #include <filesystem>
 #include <malloc.h>
 
-#include "tests/unit/plugin_driver.h"
 #include "tests/unit/support/dialog_desk.h"
 #include "tests/unit/support/merge_count.h"
+#include "tests/unit/support/plugin_driver.h"
 
 namespace standin {
 namespace {

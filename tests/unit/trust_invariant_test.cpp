@@ -1,7 +1,8 @@
 // The check that all merges of made-up music go through: it must see what a bad merge does.
 #include "host/verify/merge_faults.h"
 #include "shell/host/detail_flags.h"
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/named_cases.h"
+#include "tests/unit/support/plugin_driver.h"
 
 namespace standin {
 namespace {
@@ -10,6 +11,8 @@ struct FaultCase {
     const char* name;
     void (*change)(DocumentContent&);  // to a merged score in which all is well
     const char* fault;                 // part of a line that tells it
+
+    friend void PrintTo(const FaultCase& row, std::ostream* out) { *out << row.name; }
 };
 
 EXENTRY& EntryAt(DocumentContent& content, u16 measure, u16 layer, std::size_t index) {
@@ -77,7 +80,9 @@ const FaultCase kFaults[] = {
      "none of the merge's business"},
 };
 
-TEST(Invariant, SeesEachFault) {
+class Invariant : public testing::TestWithParam<FaultCase> {};
+
+TEST_P(Invariant, SeesTheFault) {
     StandIn host{1, 2};
     host.Write({"q:c4 q:r h:r", "q:e4 q:f4~ h:g4", "w:c3"});
     host.Layer(1, 2, 1, "w:~f4");
@@ -90,13 +95,13 @@ TEST(Invariant, SeesEachFault) {
     Plugin{}.Merge(host, options);
     const DocumentContent merged = host.Score().Content();
     ASSERT_EQ(Lines(FaultsOfMerge(host.Score(), before, merged, options)), "");
-    for (const FaultCase& c : kFaults) {
-        DocumentContent after = merged;
-        c.change(after);
-        const std::string told = Lines(FaultsOfMerge(host.Score(), before, after, options));
-        EXPECT_NE(told.find(c.fault), std::string::npos) << c.name << '\n' << told;
-    }
+    DocumentContent after = merged;
+    GetParam().change(after);
+    const std::string told = Lines(FaultsOfMerge(host.Score(), before, after, options));
+    EXPECT_NE(told.find(GetParam().fault), std::string::npos) << told;
 }
+
+INSTANTIATE_TEST_SUITE_P(Merge, Invariant, testing::ValuesIn(kFaults), kByName);
 
 }  // namespace
 }  // namespace standin

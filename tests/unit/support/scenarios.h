@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/plugin_driver.h"
 #include "tests/unit/support/written_score.h"
 
 namespace standin {

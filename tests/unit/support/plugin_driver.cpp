@@ -1,4 +1,4 @@
-#include "tests/unit/plugin_driver.h"
+#include "tests/unit/support/plugin_driver.h"
 
 #include <algorithm>
 #include <cstring>
