@@ -1,6 +1,6 @@
 // Where the merge's options are stored.
+#include "Class Files/FinPISaveSettingsDlg.h"
 #include "Class Files/foundation/FinPIUtil.h"
-#include "Class Files/settings/FinPISaveSettingsDlg.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "merge/Plyweld.h"
 #include "platform/text.h"

@@ -1,8 +1,8 @@
 // "Replace In Target": the host's own command on the destination layer, before the merge.
 #include <algorithm>
 
+#include "Class Files/foundation/FinPIDoc.h"
 #include "Class Files/foundation/FinPIException.h"
-#include "Class Files/score/document/FinPIDoc.h"
 #include "merge/Plyweld.h"
 #include "shell/host/callbacks.h"
 

@@ -80,8 +80,9 @@ std::string ContradictionIn(const MergeCommand& merge) {
         return Say(Text::kMissingArgument, {"-o OUT"});
     }
     if (merge.output == kStandardStream) {
-        return OutputGoesToTerminal() && !merge.force ? std::string{Say(Text::kOntoTerminal)}
-                                                      : std::string{};
+        return machine::OutputGoesToTerminal() && !merge.force
+                   ? std::string{Say(Text::kOntoTerminal)}
+                   : std::string{};
     }
     return IsScoreName(merge.output) || IsDeviceOrPipe(merge.output)
                ? std::string{}

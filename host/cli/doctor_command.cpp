@@ -20,14 +20,14 @@ void Print(Text what, const std::string& value) {
 
 ExitCode Doctor() {
     std::cout << VersionText();
-    Print(Text::kProgramFile, TextOf(ProgramFolder()));
+    Print(Text::kProgramFile, TextOf(machine::ProgramFolder()));
     std::string problem;
     const bool isFound = Plugin::Start(problem) != nullptr;
     Print(Text::kPluginFound,
           isFound ? PluginFile() : Say(Text::kNotFound, {PluginFile() + ": " + problem}));
-    Print(Text::kSettingsPlace,
-          Say(SettingsOutliveTheProgram() ? Text::kSettingsInRegistry : Text::kSettingsInMemory,
-              {"HKEY_CURRENT_USER\\" + std::string{kBaseKey}}));
+    Print(Text::kSettingsPlace, Say(machine::SettingsOutliveTheProgram() ? Text::kSettingsInRegistry
+                                                                         : Text::kSettingsInMemory,
+                                    {"HKEY_CURRENT_USER\\" + std::string{kBaseKey}}));
     Print(Text::kLanguageUsed, std::string{Say(Text::kLanguageName)});
     return isFound ? kDone : kFailed;
 }

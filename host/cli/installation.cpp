@@ -25,16 +25,16 @@ std::string FirstOf(std::initializer_list<std::filesystem::path> places) {
 }  // namespace
 
 std::string PluginFile() {
-    const std::filesystem::path beside = ProgramFolder() / kPluginFile;
-    const std::string found =
-        FirstOf({beside, ProgramFolder() / ".." / "lib" / "plyweld" / kPluginFile});
+    const std::filesystem::path beside = machine::ProgramFolder() / machine::kPluginFile;
+    const std::string found = FirstOf(
+        {beside, machine::ProgramFolder() / ".." / "lib" / "plyweld" / machine::kPluginFile});
     return found.empty() ? TextOf(beside) : found;
 }
 
 std::string GuideFile() {
     const std::string name =
         CurrentLanguage() == Language::kSpanish ? "guia-del-usuario" : "user-guide";
-    const std::filesystem::path folder = ProgramFolder();
+    const std::filesystem::path folder = machine::ProgramFolder();
     return FirstOf({folder / (name + ".html"), folder / "docs" / (name + ".html"),
                     folder / ".." / "share" / "doc" / "plyweld" / (name + ".html")});
 }

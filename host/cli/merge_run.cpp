@@ -42,7 +42,7 @@ MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptio
                 run.stopped ? "stopped; nothing was written" : "the plug-in changed nothing";
         }
     } else {
-        run.problem = std::string{kPluginFile} + ": " + problem;
+        run.problem = std::string{machine::kPluginFile} + ": " + problem;
     }
     App().alertListener = nullptr;
     return run;

@@ -61,7 +61,7 @@ std::error_code Replace(const fs::path& file, const fs::file_status& status,
                         std::string_view bytes) {
     const fs::path part = NameBeside(file);
     Leftover leftover{part};
-    std::error_code failed = WriteThrough(part, bytes);
+    std::error_code failed = machine::WriteThrough(part, bytes);
     if (failed) {
         return failed;
     }
@@ -71,7 +71,7 @@ std::error_code Replace(const fs::path& file, const fs::file_status& status,
     fs::rename(part, file, failed);
     if (!failed) {
         leftover.Keep();
-        FlushFolder(file.parent_path());
+        machine::FlushFolder(file.parent_path());
     }
     return failed;
 }
@@ -101,7 +101,7 @@ std::string WriteWhole(const std::string& target, std::string_view bytes) {
         return Unwritten(failed);
     }
     if (fs::exists(status) && !fs::is_regular_file(status)) {
-        return Unwritten(WriteThrough(file, bytes));
+        return Unwritten(machine::WriteThrough(file, bytes));
     }
     return Unwritten(Replace(file, status, bytes));
 }

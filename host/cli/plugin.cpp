@@ -16,7 +16,7 @@ std::u16string TextIn(const char16 (&field)[128]) {
 
 }  // namespace
 
-Plugin::Plugin(std::unique_ptr<Library> library) : m_library{std::move(library)} {}
+Plugin::Plugin(std::unique_ptr<machine::Library> library) : m_library{std::move(library)} {}
 
 Plugin::~Plugin() {
     if (m_started) {
@@ -25,7 +25,7 @@ Plugin::~Plugin() {
 }
 
 std::unique_ptr<Plugin> Plugin::Start(std::string& problem, WindowHandle mainWindow) {
-    auto library = Library::Open(PathOf(PluginFile()), problem);
+    auto library = machine::Library::Open(PathOf(PluginFile()), problem);
     if (library == nullptr) {
         return nullptr;
     }
@@ -64,7 +64,7 @@ std::string Plugin::Handshake(WindowHandle mainWindow) {
     }
     m_started = true;
     if (mainWindow == nullptr) {
-        RunTimers();
+        machine::RunTimers();
     }
     ListItems(mainWindow);
     return m_items.empty() || !IsEnabled(0) ? "its command is not available" : "";
@@ -88,7 +88,7 @@ void Plugin::Invoke(WindowHandle owner, int item, const EREGION* selection,
 }
 
 void Plugin::RunCommand(const EREGION* selection, const EREGION& wholeDocument) const {
-    const ShiftHeld shift;
+    const machine::ShiftHeld shift;
     Invoke(nullptr, 0, selection, wholeDocument);
 }
 

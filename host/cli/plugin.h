@@ -36,13 +36,13 @@ public:
     void RunCommand(const EREGION* selection, const EREGION& wholeDocument) const;
 
 private:
-    explicit Plugin(std::unique_ptr<Library> library);
+    explicit Plugin(std::unique_ptr<machine::Library> library);
     // Each empty when all went well, else what is wrong.
     std::string FindExports();
     std::string Handshake(WindowHandle mainWindow);
     void ListItems(WindowHandle mainWindow);
 
-    std::unique_ptr<Library> m_library;
+    std::unique_ptr<machine::Library> m_library;
     FinaleExtensionVersionFunction* m_version = nullptr;
     FinaleExtensionInitFunction* m_init = nullptr;
     FinaleExtensionEnumerateFunction* m_enumerate = nullptr;

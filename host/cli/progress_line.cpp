@@ -18,7 +18,7 @@ void OnInterrupt(int) {
 }  // namespace
 
 ProgressLine::ProgressLine(u16 lastMeasure)
-    : m_lastMeasure{lastMeasure}, m_visible{ErrorsGoToTerminal()} {
+    : m_lastMeasure{lastMeasure}, m_visible{machine::ErrorsGoToTerminal()} {
     g_interrupted = 0;
     m_interruptBefore = std::signal(SIGINT, OnInterrupt);
     App().progressListener = [this](const ProgressReport& report) { return Report(report); };

@@ -34,8 +34,8 @@ int Run(std::vector<std::string> arguments) {
 }  // namespace
 
 int RunCommandLine(std::vector<std::string> arguments) {
-    PrepareStreams();
-    SetLanguage(UserLanguage());
+    machine::PrepareStreams();
+    SetLanguage(machine::UserLanguage());
     const int exitCode = Run(std::move(arguments));
     std::cout.flush();
     if (std::cout.fail() && exitCode == kDone) {

@@ -10,11 +10,11 @@
 #include <vector>
 
 #include "host/musicxml/fragments.h"
-#include "host/musicxml/rational.h"
 #include "host/musicxml/read_warnings.h"
 #include "host/musicxml/written_forms.h"
 #include "host/musicxml/xml/xml_text.h"
 #include "host/score/document.h"
+#include "host/score/rational.h"
 
 namespace standin {
 

@@ -9,7 +9,7 @@
 
 #include "host/texts/texts.h"
 
-namespace standin::cli {
+namespace standin::machine {
 
 // The folder that the program's own file is in.
 std::filesystem::path ProgramFolder();
@@ -64,4 +64,4 @@ Language UserLanguage();
 // Whether the plug-in's stored settings are there in the program's next run.
 bool SettingsOutliveTheProgram();
 
-}  // namespace standin::cli
+}  // namespace standin::machine

@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "Class Files/score/document/FinPIDoc.h"
+#include "Class Files/foundation/FinPIDoc.h"
 #include "Class Files/score/records/FinPISerializableObject.h"
 #include "shell/host/host_types.h"
 

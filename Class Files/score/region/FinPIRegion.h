@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "Class Files/foundation/FinPIDoc.h"
 #include "Class Files/foundation/FinPIVarStringUtf16.h"
-#include "Class Files/score/document/FinPIDoc.h"
 #include "Class Files/score/frames/FinPITGFPtr.h"
 #include "shell/host/host_frames.h"
 

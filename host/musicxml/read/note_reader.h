@@ -8,8 +8,8 @@
 #include "host/musicxml/fragments.h"
 #include "host/musicxml/note_values.h"
 #include "host/musicxml/problem.h"
-#include "host/musicxml/rational.h"
 #include "host/musicxml/read/entry_draft.h"
+#include "host/score/rational.h"
 
 namespace standin {
 

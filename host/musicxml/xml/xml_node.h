@@ -5,7 +5,7 @@
 #include <pugixml.hpp>
 #include <string_view>
 
-#include "host/musicxml/rational.h"
+#include "host/score/rational.h"
 
 namespace standin {
 

@@ -9,7 +9,7 @@
 
 #include "platform/headless/session.h"
 
-namespace standin::cli {
+namespace standin::machine {
 
 namespace {
 
@@ -115,4 +115,4 @@ bool SettingsOutliveTheProgram() {
     return false;
 }
 
-}  // namespace standin::cli
+}  // namespace standin::machine

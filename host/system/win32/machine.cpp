@@ -10,7 +10,7 @@
 
 #include "platform/module.h"
 
-namespace standin::cli {
+namespace standin::machine {
 
 namespace {
 
@@ -129,4 +129,4 @@ bool SettingsOutliveTheProgram() {
     return true;
 }
 
-}  // namespace standin::cli
+}  // namespace standin::machine

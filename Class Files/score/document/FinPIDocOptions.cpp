@@ -1,10 +1,9 @@
-#include "Class Files/score/document/FinPIDoc.h"
-
+// The options of a document.
+#include "Class Files/foundation/FinPIDoc.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/document/FinPIMiscPrefs.h"
 #include "Class Files/score/document/FinPIStaff.h"
 #include "Class Files/score/records/EnigmaRecords.h"
-#include "shell/host/callbacks.h"
 #include "shell/module/ModuleState.h"
 
 namespace {
@@ -34,12 +33,6 @@ int TranspositionSteps(u16 word) {
 }
 
 }  // namespace
-
-FinPIDoc::FinPIDoc() : m_docID{Host::GetCurrentEnigmaDocument()} {}
-
-void FinPIDoc::SetToCurrentDocument() {
-    m_docID = Host::GetCurrentEnigmaDocument();
-}
 
 i16 FinPIDoc::ShowActiveLayerOnlyOption() const {
     FinPIMiscPrefs prefs;

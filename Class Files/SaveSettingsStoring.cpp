@@ -3,10 +3,10 @@
 #include <vector>
 
 #include "Class Files/FinPI.h"
+#include "Class Files/FinPISaveSettingsDlg.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/FinPIAlert.h"
-#include "Class Files/settings/FinPISaveSettingsDlg.h"
 #include "Class Files/settings/SavedSettings.h"
 
 void FinPISaveSettingsDlg::Accept(u8* final) {

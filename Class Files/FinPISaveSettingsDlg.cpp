@@ -1,12 +1,12 @@
-#include "Class Files/settings/FinPISaveSettingsDlg.h"
+#include "Class Files/FinPISaveSettingsDlg.h"
 
 #include <algorithm>
 #include <string_view>
 
 #include "Class Files/FinPI.h"
+#include "Class Files/SaveSettingsControls.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/interface/DialogLayout.h"
-#include "Class Files/settings/SaveSettingsControls.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "platform/resources.h"
 #include "platform/window.h"

@@ -1,8 +1,8 @@
 // What the user does in the Save Settings dialog before OK: the list and the controls that
 // show its selected entry.
 #include "Class Files/FinPI.h"
-#include "Class Files/settings/FinPISaveSettingsDlg.h"
-#include "Class Files/settings/SaveSettingsControls.h"
+#include "Class Files/FinPISaveSettingsDlg.h"
+#include "Class Files/SaveSettingsControls.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "shell/host/callbacks.h"
 
