@@ -86,6 +86,7 @@ windows_packages=(g++-mingw-w64-x86-64-posix libz-mingw-w64-dev dpkg-dev ca-cert
 wine_packages=(wine wine64 fonts-wine xvfb xauth locales)
 check_packages=(clang-format-14 clang-tidy-14 libxml2-utils unzip git python3-jsonschema)
 reader_packages=(musescore3 unzip)
+package_packages=(nsis zip)
 picture_packages=(librsvg2-bin fonts-liberation)
 
 # pugixml and libzip for the Windows build, in the versions that Debian builds natively: their

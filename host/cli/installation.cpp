@@ -35,8 +35,9 @@ std::string GuideFile() {
     const std::string name =
         CurrentLanguage() == Language::kSpanish ? "guia-del-usuario" : "user-guide";
     const std::filesystem::path folder = machine::ProgramFolder();
-    return FirstOf({folder / (name + ".html"), folder / "docs" / (name + ".html"),
-                    folder / ".." / "share" / "doc" / "plyweld" / (name + ".html")});
+    const std::filesystem::path inDocuments = std::filesystem::path{"share"} / "doc" / "plyweld";
+    return FirstOf({folder / "guide" / (name + ".html"),
+                    folder / ".." / ".." / inDocuments / "guide" / (name + ".html")});
 }
 
 }  // namespace standin::cli

@@ -21,3 +21,10 @@ finish() {
     [ "$failed" -eq 0 ] && [ "$passed" -gt 0 ]
     exit
 }
+
+# A Wine prefix for installing things.
+ensure_packages_prefix() {
+    export WINEPREFIX="$build/wine-packages" WINEARCH=win64 WINEDEBUG=-all LC_ALL=C.UTF-8
+    export WINEDLLOVERRIDES="mscoree,mshtml=;winedbg.exe=d"
+    make_wine_prefix
+}
