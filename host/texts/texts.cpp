@@ -13,9 +13,9 @@ struct Row {
 };
 
 constexpr Row kRows[] = {
-#define TEXT(name, english, spanish) {english, spanish},
+#define PLYWELD_TEXT(name, english, spanish) {english, spanish},
 #include "host/texts/texts.inc"
-#undef TEXT
+#undef PLYWELD_TEXT
 };
 
 Language g_language = Language::kEnglish;

@@ -9,9 +9,9 @@ namespace standin {
 
 // One for each row of texts.inc.
 enum class Text {
-#define TEXT(name, english, spanish) name,
+#define PLYWELD_TEXT(name, english, spanish) name,
 #include "host/texts/texts.inc"
-#undef TEXT
+#undef PLYWELD_TEXT
 };
 
 enum class Language { kEnglish, kSpanish };
