@@ -25,15 +25,15 @@ ExitCode Fail(ExitCode code, const std::string& problem) {
     return code;
 }
 
-// The score in the form that the output's name asks for; empty on failure.
-std::string BytesFor(const std::string& output, ImportedScore& score) {
+// The score in the form that the output's name asks for; empty on failure, with the reason.
+std::string BytesFor(const std::string& output, ImportedScore& score, std::string& problem) {
     const bool zipped = LowerCaseExtension(output) == ".mxl";
     if (zipped != score.archive.empty()) {
-        return WriteScore(score);
+        return WriteScore(score, {}, &problem);
     }
     score.archive.clear();
-    const std::string text = WriteScore(score);
-    return zipped ? MakeArchive("score.musicxml", text) : text;
+    const std::string text = WriteScore(score, {}, &problem);
+    return zipped && !text.empty() ? MakeArchive("score.musicxml", text) : text;
 }
 
 // Who names a layer means the voice that has it through the piece.
@@ -159,7 +159,11 @@ ExitCode Merge(const MergeCommand& command) {
     if (!refusal.empty() && !command.dryRun) {
         return Fail(kFailed, command.input + ": " + refusal);
     }
-    const std::string bytes = BytesFor(command.output, open.Score());
+    std::string unwritable;
+    const std::string bytes = BytesFor(command.output, open.Score(), unwritable);
+    if (!unwritable.empty()) {
+        return Fail(kFailed, command.input + ": " + unwritable);
+    }
     const std::vector<std::string> losses = merge.Losses(bytes, selections);
     for (const std::string& loss : losses) {
         std::cerr << loss << '\n';

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/musicxml/fragments.h"
+#include "host/musicxml/lines.h"
 #include "host/musicxml/read_warnings.h"
 #include "host/musicxml/written_forms.h"
 #include "host/musicxml/xml/xml_text.h"
@@ -27,8 +28,16 @@ struct MeasureItem {
     std::size_t begin = 0;  // its text in the score's text
     std::size_t end = 0;
     Rational time{};
+    Rational offset{};           // that it is displayed later, by its own <offset>
     bool closesMeasure = false;  // the right barline
     Rational divisions{};        // that it sets; 0 = none
+    // The entry whose note follows it in its stream, else the one whose note it follows; 0 = none,
+    // where it stands between <backup> and <forward>.
+    u32 before = 0;
+    u32 after = 0;
+    u16 staff = 0;      // of that entry
+    std::string voice;  // likewise
+    u32 lastEntry = 0;  // the last one of the measure that stands before it; 0 = none
 };
 
 // One <measure> of one part.
@@ -38,6 +47,7 @@ struct PartMeasure {
     Rational divisions{1, 1};       // a quarter note, in force where the measure starts
     Rational grid{1, 1};            // likewise, where it ends
     Rational length{};              // the farthest time that its content reaches
+    u32 lastEntry = 0;              // the entry that was read last, 0 = none; later ones are new
     bool changesDivisions = false;  // by <attributes> that say nothing else and are no item
     u16 layers = kLayers;           // more where voices are carried: those from kLayers on
     std::vector<MeasureItem> items;
@@ -63,6 +73,7 @@ struct ScorePart {
     // The measures where brackets of tuplets start and stop, of those that cross a barline.
     std::map<u32, std::pair<u16, u16>> crossingBrackets;
     std::vector<PartMeasure> measures;
+    PartLines lines;
     bool namesVoices = false;     // its notes say their voice
     bool namesStaves = false;     // and their staff
     bool namesDivisions = false;  // its durations have a unit that the file gives

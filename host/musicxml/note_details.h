@@ -41,7 +41,7 @@ struct EntryText {
     EntryTextKind kind;
     u16 unused2;
     FragmentId fragment;
-    u32 unused8;
+    u32 lineOnItsWay;  // 1 + the line of the part that goes on there; 0 = none
 };
 
 // What one note of an entry has: its attributes first, then elements one after the other.

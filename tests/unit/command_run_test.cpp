@@ -3,11 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "host/cli/command_line.h"
-#include "host/cli/run_command.h"
-#include "host/score/application.h"
-#include "tests/unit/musicxml_support.h"
-#include "tests/unit/support/files.h"
+#include "tests/unit/command_support.h"
 
 namespace {
 
@@ -15,35 +11,6 @@ namespace fs = std::filesystem;
 using namespace standin::cli;
 
 const std::string kCarol = std::string{PLYWELD_EXAMPLES} + "/adeste-fideles.musicxml";
-
-class CommandRun : public testing::Test {
-protected:
-    CommandRun() { standin::App().Reset(); }
-    ~CommandRun() override {
-        EXPECT_EQ(standin::App().lent.Count(), 0U);
-        EXPECT_EQ(standin::App().CurrentNumber(), 0);
-    }
-
-    std::string File(const std::string& name) const { return (folder / name).string(); }
-    std::string Write(const std::string& name, std::string_view text) const {
-        std::ofstream{folder / name, std::ios::binary} << text;
-        return File(name);
-    }
-
-    // Runs the command and keeps what it says.
-    int Run(std::vector<std::string> arguments) {
-        testing::internal::CaptureStdout();
-        testing::internal::CaptureStderr();
-        const int exitCode = RunCommandLine(std::move(arguments));
-        output = testing::internal::GetCapturedStdout();
-        errors = testing::internal::GetCapturedStderr();
-        return exitCode;
-    }
-
-    TemporaryFolder folder;
-    std::string output;
-    std::string errors;
-};
 
 using standin::Backup;
 using standin::Note;

@@ -28,7 +28,11 @@ bool OpenDocuments::Save(u16 document, const std::filesystem::path& file, std::s
         problem = "it is not open";
         return false;
     }
-    problem = cli::WriteWhole(cli::TextOf(file), WriteScore(*found->second.score));
+    problem.clear();
+    const std::string bytes = WriteScore(*found->second.score, {}, &problem);
+    if (problem.empty()) {
+        problem = cli::WriteWhole(cli::TextOf(file), bytes);
+    }
     if (!problem.empty()) {
         return false;
     }

@@ -181,9 +181,10 @@ private:
             const std::vector<PartMeasure>& measures = m_score.parts[part].measures;
             for (std::size_t measure = 0; measure < measures.size(); ++measure) {
                 for (const MeasureItem& item : measures[measure].items) {
-                    const i32 position = item.closesMeasure
-                                             ? kEndOfMeasure
-                                             : static_cast<i32>(RoundToUnits(item.time));
+                    const i32 position =
+                        item.closesMeasure
+                            ? kEndOfMeasure
+                            : static_cast<i32>(RoundToUnits(item.time + item.offset));
                     m_music.items.push_back({static_cast<u16>(part + 1),
                                              static_cast<u16>(measure + 1), position,
                                              text.substr(item.begin, item.end - item.begin)});

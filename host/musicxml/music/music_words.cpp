@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdlib>
 
+#include "host/musicxml/lines.h"
 #include "host/musicxml/note_values.h"
 #include "host/musicxml/read/spanners.h"
 #include "host/musicxml/xml/xml_node.h"
@@ -31,6 +32,20 @@ void Erase(std::string& text, std::string_view from, std::string_view to) {
     if (end != std::string::npos) {
         text.erase(begin, end + to.size() - begin);
     }
+}
+
+// The item without the numbers of its lines.
+std::string WithoutNumbers(std::string_view xml) {
+    std::string text;
+    for (std::size_t at = 0; at < xml.size();) {
+        const std::size_t end =
+            xml[at] == '<' ? TagEnd(xml, at) : std::min(xml.find('<', at), xml.size());
+        const std::string_view piece = xml.substr(at, end - at);
+        const bool isLine = piece.starts_with('<') && LineKindOf(ElementName(piece)).has_value();
+        text += isLine ? WithAttribute(piece, "number", {}) : std::string{piece};
+        at = end;
+    }
+    return text;
 }
 
 std::string WithoutSpace(std::string_view xml) {
@@ -65,7 +80,11 @@ std::string CanonicalText(std::string_view xml) {
     if (text.starts_with("<direction")) {
         Erase(text, "<voice>", "</voice>");
     }
-    return text;
+    if (text.starts_with("<direction") || text.starts_with("<harmony")) {
+        Erase(text, "<offset", "</offset>");  // counted in the position
+    }
+    return text.starts_with("<direction") || text.starts_with("<barline") ? WithoutNumbers(text)
+                                                                          : text;
 }
 
 std::string WordsForPlace(const MusicEntry& entry) {

@@ -274,17 +274,17 @@ void NoteAttachments::ReadNotation(pugi::xml_node notation, std::string_view att
         ReadTie(notation, element);
         return;
     }
-    if (IsSpanner(name) && ReadSpanner(notation, element)) {
+    if (IsSpanner(name) && ReadSpanner(notation, element, EntryTextKind::kNotation)) {
         return;
     }
     if (name == "tuplet") {
         m_brackets += element;
+    } else if (name == "ornaments" && wrapped.empty() && !notation.first_attribute()) {
+        ReadOrnaments(notation);
     } else if (!IsFirst() || (IsOfOneNote(name) && m_place.entry->noteCount > 0)) {
         AddExtra(element);
     } else if (name == "articulations" && wrapped.empty() && !notation.first_attribute()) {
         ReadArticulations(notation);
-    } else if (name == "ornaments" && wrapped.empty() && !notation.first_attribute()) {
-        ReadOrnaments(notation);
     } else {
         CreateEntryText(DetailTag::kArticulation, EntryTextKind::kNotation,
                         m_fragments.InternCopy(element));
@@ -299,7 +299,9 @@ void NoteAttachments::ReadArticulations(pugi::xml_node articulations) {
     }
 }
 
+// Those of the chord's first note are the entry's; lines may be those of any note.
 void NoteAttachments::ReadOrnaments(pugi::xml_node ornaments) {
+    std::string ofLaterNote;
     for (pugi::xml_node child = ornaments.first_child(); child; child = child.next_sibling()) {
         if (!IsMarkup(child)) {
             continue;
@@ -311,29 +313,43 @@ void NoteAttachments::ReadOrnaments(pugi::xml_node ornaments) {
         }
         const std::size_t end = NodeEnd(m_text, OffsetOf(child));
         const std::string_view text = m_text.substr(begin, end - begin);
-        if (!IsSpanner(ornament.name()) || !ReadSpanner(ornament, text)) {
+        if (IsSpanner(ornament.name()) && ReadSpanner(ornament, text, EntryTextKind::kOrnament)) {
+            continue;
+        }
+        if (IsFirst()) {
             CreateEntryText(DetailTag::kArticulation, EntryTextKind::kOrnament,
                             m_fragments.Intern(text));
+        } else {
+            ofLaterNote += text;
         }
+    }
+    if (!ofLaterNote.empty()) {
+        AddExtra("<ornaments>" + ofLaterNote + "</ornaments>");
     }
 }
 
-bool NoteAttachments::ReadSpanner(pugi::xml_node spanner, std::string_view element) {
-    const std::string_view type = spanner.attribute("type").value();
-    if (type != "start" && type != "stop") {
+bool NoteAttachments::ReadSpanner(pugi::xml_node spanner, std::string_view element,
+                                  EntryTextKind kind) {
+    SpannerEnding ending;
+    if (!ReadLineEnd(spanner, ending)) {
         return false;
     }
-    const char* number = spanner.attribute("number").as_string("1");
-    SpannerEnding ending{spanner.name(),       type == "start", number,
-                         std::string{m_voice}, m_place.staff,   m_place.measure};
-    ending.atGrace = (m_place.entry->flags & EntryFlag::kGrace) != 0;
+    ending.voice = m_voice;
+    ending.staff = m_place.staff;
+    ending.measure = m_place.measure;
     ending.position = static_cast<i32>(RoundToUnits(m_place.start));
     ending.entry = m_place.entry->entryNumber;
     ending.fragment = m_fragments.InternCopy(element);
     const EXNOTE& note = m_place.entry->notes[m_place.noteIndex];
     ending.note = {note.pitch, note.second};
-    m_spanners.Add(std::move(ending));
-    return true;
+    const u32 line = m_spanners.Add(ending);
+    if (ending.role != LineRole::kOnTheWay) {
+        return true;
+    }
+    if (IsFirst()) {
+        Create(DetailTag::kArticulation, EntryText{kind, 0, ending.fragment, line + 1});
+    }
+    return IsFirst();
 }
 
 void NoteAttachments::StoreExtras(const NoteElement& note) {

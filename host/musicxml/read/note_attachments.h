@@ -54,7 +54,8 @@ private:
     void ReadArticulations(pugi::xml_node articulations);
     void ReadOrnaments(pugi::xml_node ornaments);
     void ReadTie(pugi::xml_node node, std::string_view element);
-    bool ReadSpanner(pugi::xml_node spanner, std::string_view element);
+    // kind: of the text that a point on a line's way is kept as.
+    bool ReadSpanner(pugi::xml_node spanner, std::string_view element, EntryTextKind kind);
     void StoreExtras(const NoteElement& note);
     void StoreRestExtras();
     void StoreTies();

@@ -48,7 +48,7 @@ PartReader::PartReader(ImportedScore& score, ScorePart& part, std::array<bool, k
     : m_score{score},
       m_part{part},
       m_document{*score.document},
-      m_spanners{m_document},
+      m_spanners{m_document, part.lines},
       m_notes{score.text, score.fragments, score.pitches},
       m_attachments{score, m_spanners},
       m_layers{score, part, ownLayers} {}
@@ -87,6 +87,9 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
     m_chord.clear();
     m_directions.clear();
     m_directionsBefore = 0;
+    m_itemsWaiting = 0;
+    m_previous = {};
+    m_lastEntry = 0;
     m_layers.Begin(m_measure);
     measure.divisions = m_context.divisions.IsZero() ? Rational{1, 1} : m_context.divisions;
 
@@ -101,6 +104,8 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
     }
     measure.bodyEnd = isEmpty ? measure.bodyBegin : std::min(text.find("</", end), text.size());
     measure.grid = m_context.divisions.IsZero() ? Rational{1, 1} : m_context.divisions;
+    LeaveStream();
+    measure.lastEntry = m_lastEntry;
     EnsureMeasure();
     if (Problem problem = m_layers.Store()) {
         return problem;
@@ -167,6 +172,7 @@ Problem PartReader::ReadBackup(pugi::xml_node backup) {
         return problem.offset == 0 ? Problem{"<backup> needs a <duration>", OffsetOf(backup)}
                                    : problem;
     }
+    LeaveStream();
     m_time = m_time - m_uncounted - length;
     m_uncounted = {};
     if (m_time.num < 0) {
@@ -208,9 +214,64 @@ Problem PartReader::ReadItem(pugi::xml_node item) {
         measure.changesDivisions = true;
         return {};
     }
-    measure.items.push_back({begin, end, m_time, IsRightBarline(item),
-                             setsDivisions ? m_context.divisions : Rational{}});
+    MeasureItem& result = measure.items.emplace_back();
+    result.begin = begin;
+    result.end = end;
+    result.time = m_time;
+    result.offset = OffsetOfItem(item);
+    result.closesMeasure = IsRightBarline(item);
+    result.divisions = setsDivisions ? m_context.divisions : Rational{};
+    result.lastEntry = m_lastEntry;
+    AddLineEnds(item);
     return {};
+}
+
+Rational PartReader::OffsetOfItem(pugi::xml_node item) const {
+    const auto divisions = DecimalOf(item.child_value("offset"));
+    return divisions && !m_context.divisions.IsZero()
+               ? Rational::Of(divisions->num * m_context.divisions.den,
+                              divisions->den * m_context.divisions.num)
+               : Rational{};
+}
+
+// Of a direction or a barline.
+void PartReader::AddLineEnds(pugi::xml_node item) {
+    for (const pugi::xml_node child : item.children()) {
+        SpannerEnding ending;
+        if (std::strcmp(child.name(), "direction-type") == 0) {
+            AddLineEnds(child);
+        } else if (ReadLineEnd(child, ending)) {
+            const pugi::xml_node direction = child.parent().parent();
+            ending.voice = direction.child_value("voice");
+            ending.staff = static_cast<u16>(IntegerOf(direction.child_value("staff")).value_or(1));
+            ending.measure = m_measure;
+            ending.position = static_cast<i32>(RoundToUnits(m_time));
+            m_spanners.Add(ending);
+        }
+    }
+}
+
+// What follows a note in its stream belongs to the next one, when there is one.
+void PartReader::EnterStream(const StreamPlace& note) {
+    std::vector<MeasureItem>& items = m_part.measures.back().items;
+    for (; m_itemsWaiting < items.size(); ++m_itemsWaiting) {
+        MeasureItem& item = items[m_itemsWaiting];
+        item.before = note.entry;
+        item.staff = note.staff;
+        item.voice = note.voice;
+    }
+    m_previous = note;
+}
+
+void PartReader::LeaveStream() {
+    std::vector<MeasureItem>& items = m_part.measures.back().items;
+    for (; m_itemsWaiting < items.size(); ++m_itemsWaiting) {
+        MeasureItem& item = items[m_itemsWaiting];
+        item.after = m_previous.entry;
+        item.staff = m_previous.staff;
+        item.voice = m_previous.voice;
+    }
+    m_previous = {};
 }
 
 Problem PartReader::ReadNote(pugi::xml_node node) {
@@ -239,6 +300,14 @@ Problem PartReader::ReadNote(pugi::xml_node node) {
     bool isNew = false;
     EntryDraft& draft = EntryFor(note, isNew);
     AddText(draft, note, isNew);
+    if (isNew) {
+        m_lastEntry = draft.entry.entryNumber;
+        if (!note.chord || m_chord.size() == 1) {
+            EnterStream({draft.entry.entryNumber,
+                         m_part.staves[static_cast<std::size_t>(note.staff - 1)].staff,
+                         std::string{note.voice}});
+        }
+    }
     if (!AddNote(draft, note, isNew)) {
         return NoRoomFor("things at one note", node);
     }

@@ -28,6 +28,13 @@ private:
         bool beforeGrace = false;  // the next note is one
     };
 
+    // The entry of a note as its stream goes on.
+    struct StreamPlace {
+        u32 entry = 0;
+        u16 staff = 0;
+        std::string voice;
+    };
+
     void NameMeasure(std::string_view number);
     Problem ReadMeasure(pugi::xml_node measure);
     Problem ReadChild(pugi::xml_node child);
@@ -36,6 +43,10 @@ private:
     Problem ReadBackup(pugi::xml_node backup);
     Problem ReadForward(pugi::xml_node forward);
     Problem ReadItem(pugi::xml_node item);
+    Rational OffsetOfItem(pugi::xml_node item) const;
+    void AddLineEnds(pugi::xml_node item);
+    void EnterStream(const StreamPlace& note);
+    void LeaveStream();
     EntryDraft& EntryFor(const NoteElement& note, bool& isNew);
     void AddText(EntryDraft& draft, const NoteElement& note, bool isNew);
     bool AddNote(EntryDraft& draft, const NoteElement& note, bool isNew);
@@ -64,6 +75,9 @@ private:
     };
     std::vector<ChordMember> m_chord;  // what further notes of the chord join
     std::vector<VoicedDirection> m_directions;
+    std::size_t m_itemsWaiting = 0;  // the first item whose stream is not known yet
+    StreamPlace m_previous;          // the note before, since the last <backup>
+    u32 m_lastEntry = 0;
     std::size_t m_directionsBefore = 0;  // how many of them stand before the note read last
 };
 

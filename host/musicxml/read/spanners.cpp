@@ -2,41 +2,25 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 #include <tuple>
-#include <utility>
 
-#include "host/musicxml/note_details.h"
+#include "host/musicxml/xml/xml_node.h"
 #include "host/score/smart_shape.h"
 
 namespace standin {
 namespace {
 
 bool BelongTogether(const SpannerEnding& a, const SpannerEnding& b) {
-    return a.number == b.number && a.name == b.name;
+    return a.number == b.number && a.kind == b.kind;
 }
 
-bool SameVoice(const SpannerEnding& a, const SpannerEnding& b) {
-    return a.voice == b.voice && a.staff == b.staff;
-}
-
-// Grace notes come before the note they lead to; at a note, lines end before others begin.
-bool ComesBefore(const SpannerEnding& a, const SpannerEnding& b) {
-    const auto order = [](const SpannerEnding& ending) {
-        const u32 graceOrder = ending.atGrace ? ending.entry : 0;
-        return std::tuple{ending.position, !ending.atGrace, graceOrder, ending.isStart};
-    };
-    return order(a) < order(b);
+bool AreAtOneEntry(const SpannerEnding& a, const SpannerEnding& b) {
+    return a.entry != 0 && a.entry == b.entry;
 }
 
 EDTSmartShapeEnd EndOf(const SpannerEnding& ending) {
     return {ending.staff, ending.measure, ending.entry, ending.position};
-}
-
-// Removes and returns the ending.
-SpannerEnding Take(std::vector<SpannerEnding>& endings, std::vector<SpannerEnding>::iterator at) {
-    SpannerEnding taken = std::move(*at);
-    endings.erase(at);
-    return taken;
 }
 
 }  // namespace
@@ -46,60 +30,143 @@ bool IsSpanner(std::string_view elementName) {
            elementName == "wavy-line";
 }
 
-bool Spanners::EndMeasure() {
-    std::stable_sort(m_measure.begin(), m_measure.end(), ComesBefore);
-    for (SpannerEnding& ending : m_measure) {
-        if (ending.isStart) {
-            m_starts.push_back(std::move(ending));
-        } else {
-            Stop(std::move(ending));
-        }
+bool ReadLineEnd(pugi::xml_node element, SpannerEnding& ending) {
+    const auto kind = LineKindOf(element.name());
+    const auto role = kind ? LineRoleOf(*kind, element.attribute("type").value()) : std::nullopt;
+    if (!role) {
+        return false;
     }
-    m_measure.clear();
-    return m_fits;
+    ending.kind = *kind;
+    ending.role = *role;
+    ending.number = IntegerOf(element.attribute("number").value()).value_or(1);
+    ending.offset = OffsetOf(element);
+    return true;
 }
 
-void Spanners::Stop(SpannerEnding stop) {
+u32 Spanners::Add(const SpannerEnding& ending) {
+    const u32 line = ending.role == LineRole::kStart  ? Start(ending)
+                     : ending.role == LineRole::kStop ? Stop(ending)
+                                                      : OnTheWay(ending);
+    m_lines.ends.push_back({ending.offset, line, ending.role});
+    return line;
+}
+
+// Voices are written one after the other, so that a stop may stand before its start; in time it
+// never does.
+u32 Spanners::Start(const SpannerEnding& start) {
+    const auto stop = std::find_if(m_stops.begin(), m_stops.end(), [&](const Open& candidate) {
+        return BelongTogether(candidate.ending, start) && !AreAtOneEntry(candidate.ending, start) &&
+               candidate.ending.position >= start.position;
+    });
+    if (stop == m_stops.end()) {
+        const u32 line = NewLine(start);
+        m_starts.push_back({start, line});
+        return line;
+    }
+    const Open found = *stop;
+    m_stops.erase(stop);
+    return Join(start, found.ending, found.line);
+}
+
+u32 Spanners::Stop(const SpannerEnding& stop) {
+    const auto start = FindStart(stop);
+    if (start == m_starts.end()) {
+        const u32 line = NewLine(stop);
+        m_stops.push_back({stop, line});
+        return line;
+    }
+    const Open found = *start;
+    m_starts.erase(start);
+    return Join(found.ending, stop, found.line);
+}
+
+u32 Spanners::OnTheWay(const SpannerEnding& ending) {
+    const auto start = FindStart(ending);
+    return start == m_starts.end() ? NewLine(ending) : start->line;
+}
+
+// A number that is taken twice says no more which line is meant: then the voice does, else the
+// latest start. Only trills may begin and end on one note.
+std::vector<Spanners::Open>::iterator Spanners::FindStart(const SpannerEnding& ending) {
     auto best = m_starts.end();
+    const auto rank = [&](const Open& start) {
+        const bool mayBeWhole = ending.kind == LineKind::kWavyLine;
+        return std::tuple{mayBeWhole || !AreAtOneEntry(start.ending, ending),
+                          start.ending.voice == ending.voice, start.ending.staff == ending.staff};
+    };
     for (auto start = m_starts.begin(); start != m_starts.end(); ++start) {
-        const bool fits = BelongTogether(*start, stop);
-        const bool isBetter =
-            best == m_starts.end() || SameVoice(*start, stop) || !SameVoice(*best, stop);
-        if (fits && isBetter) {
+        if (BelongTogether(start->ending, ending) &&
+            (best == m_starts.end() || rank(*start) >= rank(*best))) {
             best = start;
         }
     }
-    if (best != m_starts.end()) {
-        Join(Take(m_starts, best), stop);
-    } else {
-        m_stops.push_back(std::move(stop));
-    }
+    return best;
 }
 
-void Spanners::Join(const SpannerEnding& start, const SpannerEnding& stop) {
-    AddShape(start, stop, {start.fragment, stop.fragment, start.note, stop.note});
+u32 Spanners::NewLine(const SpannerEnding& ending) {
+    m_lines.lines.push_back({ending.kind, ending.number, false});
+    return static_cast<u32>(m_lines.lines.size() - 1);
 }
 
-// Both ends are at the one entry, so that the shape goes wherever that goes.
-bool Spanners::KeepUnpaired() {
-    for (const SpannerEnding& ending : m_starts) {
-        AddShape(ending, ending, {ending.fragment, 0, ending.note, {}});
+u32 Spanners::Join(const SpannerEnding& start, const SpannerEnding& stop, u32 line) {
+    m_lines.lines[line].isWhole = true;
+    m_pairs.push_back({start, stop, line});
+    return line;
+}
+
+bool Spanners::EndMeasure() {
+    for (const Pair& pair : m_pairs) {
+        AddShape(pair);
     }
-    for (const SpannerEnding& ending : m_stops) {
-        AddShape(ending, ending, {0, ending.fragment, {}, ending.note});
-    }
-    m_starts.clear();
+    m_pairs.clear();
+    std::move(m_stops.begin(), m_stops.end(), std::back_inserter(m_lost));
     m_stops.clear();
     return m_fits;
 }
 
+bool Spanners::KeepUnpaired() {
+    for (const Open& start : m_starts) {
+        AddShapeOf(start);
+    }
+    for (const Open& stop : m_lost) {
+        AddShapeOf(stop);
+    }
+    m_starts.clear();
+    m_lost.clear();
+    return m_fits;
+}
+
+void Spanners::AddShape(const Pair& pair) {
+    const auto& [start, stop, line] = pair;
+    if (start.entry == 0 || stop.entry == 0) {
+        AddShapeOf({start.entry != 0 ? start : stop, line});
+        return;
+    }
+    AddShape(start, stop, {start.fragment, stop.fragment, start.note, stop.note}, line);
+}
+
+// Both ends are at the one entry, so that the shape goes wherever that goes.
+void Spanners::AddShapeOf(const Open& open) {
+    const SpannerEnding& ending = open.ending;
+    if (ending.entry == 0) {
+        return;
+    }
+    SpannerText text{};
+    const bool isStart = ending.role == LineRole::kStart;
+    (isStart ? text.start : text.stop) = ending.fragment;
+    (isStart ? text.startNote : text.stopNote) = ending.note;
+    AddShape(ending, ending, text, open.line);
+}
+
 void Spanners::AddShape(const SpannerEnding& start, const SpannerEnding& stop,
-                        const SpannerText& text) {
+                        const SpannerText& text, u32 line) {
     EDTSmartShape shape{};
     shape.start = EndOf(start);
     shape.end = EndOf(stop);
     std::memcpy(reinterpret_cast<char*>(&shape) + kSpannerTextOffset, &text, sizeof(text));
-    m_fits = AddSmartShape(m_document, shape) != 0 && m_fits;
+    const u16 number = AddSmartShape(m_document, shape);
+    m_lines.lineOfShape[number] = line;
+    m_fits = number != 0 && m_fits;
 }
 
 }  // namespace standin

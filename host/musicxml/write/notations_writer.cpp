@@ -42,18 +42,16 @@ void NoteWriter::CollectTied(const EXNOTE& note, u32 flag, u32 tag) {
 }
 
 void NoteWriter::CollectSpanners(int index) {
-    for (const SpannerAtEntry& end : m_texts->spanners) {
-        if (NoteOfSpanner(*m_entry, end) != index) {
-            continue;
-        }
-        const std::string_view element = m_score.fragments[end.fragment];
-        const auto renumbered = m_numbers.find(end.shape);
-        if (renumbered == m_numbers.end()) {
-            AddNotation(element);
-        } else {
-            AddNotation(m_made.emplace_back(WithNumber(element, renumbered->second)));
-        }
+    for (const SpannerAtEntry& end :
+         SpannersOfNote(*m_entry, *m_texts, index, m_numbers.Lines(), m_score.fragments)) {
+        AddNotation(Numbered(end.fragment, m_numbers.NewOfShape(end.shape)));
     }
+}
+
+// The element, with the number when there is a new one.
+std::string_view NoteWriter::Numbered(FragmentId element, std::optional<int> number) {
+    const std::string_view text = m_score.fragments[element];
+    return number ? m_made.emplace_back(WithNumber(text, *number)) : text;
 }
 
 void NoteWriter::Container(std::string_view name, const std::vector<std::string_view>& elements) {
@@ -83,7 +81,9 @@ void NoteWriter::Notations(int index) {
         ForEachElement(m_context->brackets,
                        [this](std::string_view element) { AddNotation(element); });
         for (const EntryText& text : m_texts->texts) {
-            const std::string_view element = m_score.fragments[text.fragment];
+            const std::string_view element = Numbered(
+                text.fragment,
+                text.lineOnItsWay == 0 ? std::nullopt : m_numbers.NewOf(text.lineOnItsWay - 1));
             if (text.kind == EntryTextKind::kArticulation) {
                 m_articulations.push_back(element);
             } else if (text.kind == EntryTextKind::kOrnament) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 
 #include "host/musicxml/lyric_numbers.h"
 #include "host/musicxml/pitch.h"
@@ -19,7 +20,9 @@ constexpr std::array<char, 7> kSteps{'C', 'D', 'E', 'F', 'G', 'A', 'B'};
 std::string DurationText(Rational length, Rational divisions) {
     i64 num = length.num * divisions.num;
     const i64 den = length.den * divisions.den;
-    std::string text = std::to_string(num / den);
+    std::string text = num < 0 ? "-" : "";
+    num = std::abs(num);
+    text += std::to_string(num / den);
     num %= den;
     if (num != 0) {
         text += '.';

@@ -2,17 +2,15 @@
 #pragma once
 
 #include <deque>
+#include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "host/musicxml/entry_texts.h"
+#include "host/musicxml/write/line_numbers.h"
 #include "host/musicxml/write/timed_entries.h"
 
 namespace standin {
-
-// Numbers of spanners that must differ from what the file had, by shape.
-using SpannerNumbers = std::unordered_map<u16, int>;
 
 struct NoteContext {
     TimedEntry time;
@@ -27,7 +25,7 @@ struct NoteContext {
 class NoteWriter {
 public:
     // indent: what stands before each <note>, with its line break; unit: one step more.
-    NoteWriter(const ImportedScore& score, const SpannerNumbers& numbers, std::string indent,
+    NoteWriter(const ImportedScore& score, const LineNumbers& numbers, std::string indent,
                std::string_view unit)
         : m_score{score},
           m_numbers{numbers},
@@ -79,11 +77,12 @@ private:
     void Notations(int index);
     void CollectTied(const EXNOTE& note, u32 flag, u32 tag);
     void CollectSpanners(int index);
+    std::string_view Numbered(FragmentId element, std::optional<int> number);
     void AddNotation(std::string_view element);
     void Container(std::string_view name, const std::vector<std::string_view>& elements);
 
     const ImportedScore& m_score;
-    const SpannerNumbers& m_numbers;
+    const LineNumbers& m_numbers;
     std::string m_indent;
     std::string m_childIndent;
     std::string m_notationIndent;

@@ -1,9 +1,13 @@
 #include "host/musicxml/write/write_score.h"
 
+#include <optional>
 #include <set>
+#include <vector>
 
+#include "host/musicxml/write/item_text.h"
+#include "host/musicxml/write/line_numbers.h"
+#include "host/musicxml/write/measure_plan.h"
 #include "host/musicxml/write/measure_writer.h"
-#include "host/musicxml/write/spanner_numbers.h"
 #include "host/musicxml/xml/archive.h"
 
 namespace standin {
@@ -20,40 +24,87 @@ bool IsChanged(const ScorePart& part, std::size_t measure, const Changes& change
     return false;
 }
 
-std::string WriteText(const ImportedScore& score, WriteOptions options) {
-    Changes changes = score.document->ChangedMeasures();
-    const SpannerNumbers numbers = ChooseSpannerNumbers(score, changes);
-    const std::string_view text = score.text;
-    std::string out;
-    out.reserve(text.size() + text.size() / 8);
-    std::size_t copied = 0;
-    for (std::size_t part = 0; part < score.parts.size(); ++part) {
-        const std::vector<PartMeasure>& measures = score.parts[part].measures;
-        for (std::size_t measure = 0; measure < measures.size(); ++measure) {
-            const PartMeasure& original = measures[measure];
-            const bool isEmpty = original.bodyBegin == original.bodyEnd;
-            const bool rebuild =
-                options.rebuildAll || IsChanged(score.parts[part], measure, changes);
-            if (!rebuild || isEmpty) {
-                continue;
+// One part on its way out: its changed measures planned, its lines numbered.
+class PartWriter {
+public:
+    PartWriter(const ImportedScore& score, const ScorePart& part, const Changes& changes,
+               WriteOptions options)
+        : m_score{score}, m_part{part}, m_plans(part.measures.size()) {
+        std::vector<MeasureEnds> ends(part.measures.size());
+        for (std::size_t i = 0; i < part.measures.size(); ++i) {
+            const PartMeasure& measure = part.measures[i];
+            const bool isEmpty = measure.bodyBegin == measure.bodyEnd;
+            if (!isEmpty && (options.rebuildAll || IsChanged(part, i, changes))) {
+                m_plans[i] = PlanMeasure(score, part, i);
+                ends[i].rewritten = true;
+                for (const PlannedStream& stream : m_plans[i]->streams) {
+                    AddEndsOfStream(score, part, measure, stream, ends[i].ends);
+                }
+            } else {
+                AddEndsOfText(part.lines, measure.bodyBegin, measure.bodyEnd, ends[i].ends);
             }
-            out += text.substr(copied, original.bodyBegin - copied);
-            out += MeasureWriter{score, part, measure, numbers}.Write();
-            copied = original.bodyEnd;
         }
+        m_chosen.emplace(ChooseLineNumbers(part.lines, ends));
     }
-    out += text.substr(copied);
-    return out;
-}
+
+    // Empty unless numbers ran out.
+    std::string Problem() const {
+        if (!m_chosen->failure) {
+            return {};
+        }
+        const Line& line = m_part.lines.lines[m_chosen->failure->line];
+        return "part " + m_part.id + ", measure " + std::to_string(m_chosen->failure->measure + 1) +
+               ": more than " + std::to_string(kMostLineNumbers) + " lines of one kind (" +
+               std::string{NameOfLine(line.kind)} + ") would overlap, which cannot be written";
+    }
+
+    // Writes the text from the offset to the part's last measure; returns where that ends.
+    std::size_t Write(std::size_t copied, std::string& out) const {
+        const LineNumbers& numbers = m_chosen->numbers;
+        for (std::size_t i = 0; i < m_plans.size(); ++i) {
+            const PartMeasure& measure = m_part.measures[i];
+            out += std::string_view{m_score.text}.substr(copied, measure.bodyBegin - copied);
+            out += m_plans[i] ? MeasureWriter{m_score, m_part, i, numbers}.Write(*m_plans[i])
+                              : WithNewNumbers(m_score.text, measure.bodyBegin, measure.bodyEnd,
+                                               m_part.lines, numbers);
+            copied = measure.bodyEnd;
+        }
+        return copied;
+    }
+
+private:
+    const ImportedScore& m_score;
+    const ScorePart& m_part;
+    std::vector<std::optional<MeasurePlan>> m_plans;  // of the measures to be written anew
+    std::optional<ChosenNumbers> m_chosen;
+};
 
 }  // namespace
 
-std::string WriteScore(const ImportedScore& score, WriteOptions options) {
-    std::string bytes = EncodeXml(WriteText(score, options), score.format);
-    if (score.archive.empty()) {
-        return bytes;
+std::string WriteScore(const ImportedScore& score, WriteOptions options, std::string* problem) {
+    const Changes changes = score.document->ChangedMeasures();
+    std::string text;
+    text.reserve(score.text.size() + score.text.size() / 8);
+    std::size_t copied = 0;
+    for (const ScorePart& part : score.parts) {
+        const PartWriter writer{score, part, changes, options};
+        if (const std::string failure = writer.Problem(); !failure.empty()) {
+            if (problem != nullptr) {
+                *problem = failure;
+            }
+            return {};
+        }
+        copied = writer.Write(copied, text);
     }
-    return ReplaceArchivedScore(score.archive, score.archiveMember, bytes);
+    text += std::string_view{score.text}.substr(copied);
+    std::string bytes = EncodeXml(std::move(text), score.format);
+    if (!score.archive.empty()) {
+        bytes = ReplaceArchivedScore(score.archive, score.archiveMember, bytes);
+    }
+    if (bytes.empty() && problem != nullptr) {
+        *problem = "the archive cannot take the score";
+    }
+    return bytes;
 }
 
 }  // namespace standin

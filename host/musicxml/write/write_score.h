@@ -12,7 +12,9 @@ struct WriteOptions {
 };
 
 // The file's bytes, in the encoding and, for a .mxl, in the archive it came in. What did not
-// change since the import comes out byte for byte. Empty when the archive cannot be written.
-std::string WriteScore(const ImportedScore& score, WriteOptions options = {});
+// change since the import comes out byte for byte, but for the numbers of lines that changed music
+// now overlaps in the text. Empty when the score cannot be written; problem then says why.
+std::string WriteScore(const ImportedScore& score, WriteOptions options = {},
+                       std::string* problem = nullptr);
 
 }  // namespace standin

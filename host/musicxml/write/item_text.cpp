@@ -1,0 +1,105 @@
+#include "host/musicxml/write/item_text.h"
+
+#include <algorithm>
+
+#include "host/musicxml/write/note_writer.h"
+#include "host/musicxml/xml/xml_node.h"
+
+namespace standin {
+namespace {
+
+// The element's first child of which test(name) holds, past comments; empty when there is none.
+template <typename Test>
+std::string_view ChildWith(std::string_view element, Test test) {
+    const std::size_t inner = TagEnd(element, 0);
+    if (element.substr(0, inner).ends_with("/>")) {
+        return {};
+    }
+    std::size_t at = element.find('<', inner);
+    while (at < element.size() && !element.substr(at).starts_with("</")) {
+        const std::size_t end = NodeEnd(element, at);
+        if (test(ElementName(element.substr(at)))) {
+            return element.substr(at, end - at);
+        }
+        at = element.find('<', end);
+    }
+    return {};
+}
+
+// What stands between the element's tags, past comments at its begin.
+std::string_view ValueOf(std::string_view element) {
+    std::size_t at = TagEnd(element, 0);
+    while (element.substr(at).starts_with("<!--")) {
+        at = NodeEnd(element, at);
+    }
+    return element.substr(at, element.find('<', at) - at);
+}
+
+// The item with that voice in the place of its own.
+std::string WithVoice(std::string text, std::string_view voice) {
+    const std::string_view child =
+        ChildWith(text, [](std::string_view name) { return name == "voice"; });
+    if (child.empty() || voice.empty()) {
+        return text;
+    }
+    const std::string_view value = ValueOf(child);
+    return text.replace(static_cast<std::size_t>(value.data() - text.data()), value.size(), voice);
+}
+
+// divisions: as written, its own offset included.
+std::string WithOffset(std::string text, const std::string& divisions) {
+    const std::string_view old =
+        ChildWith(text, [](std::string_view name) { return name == "offset"; });
+    if (!old.empty()) {
+        const std::string_view value = ValueOf(old);
+        return text.replace(static_cast<std::size_t>(value.data() - text.data()), value.size(),
+                            divisions);
+    }
+    const std::string_view next = ChildWith(text, [](std::string_view name) {
+        return name == "footnote" || name == "level" || name == "voice" || name == "staff" ||
+               name == "sound" || name == "listening";
+    });
+    const std::size_t at =
+        next.empty() ? text.rfind("</") : static_cast<std::size_t>(next.data() - text.data());
+    return text.insert(at, "<offset>" + divisions + "</offset>");
+}
+
+}  // namespace
+
+bool CanBeDelayed(const ImportedScore& score, const MeasureItem& item) {
+    const std::string_view name =
+        ElementName(std::string_view{score.text}.substr(item.begin, item.end - item.begin));
+    return name == "direction" || name == "harmony";
+}
+
+std::string WithNewNumbers(std::string_view text, std::size_t begin, std::size_t end,
+                           const PartLines& lines, const LineNumbers& numbers) {
+    auto at = std::lower_bound(
+        lines.ends.begin(), lines.ends.end(), begin,
+        [](const LineEnd& lineEnd, std::size_t offset) { return lineEnd.offset < offset; });
+    std::string result;
+    for (; at != lines.ends.end() && at->offset < end; ++at) {
+        if (const auto number = numbers.NewOf(at->line)) {
+            const std::size_t tagEnd = TagEnd(text, at->offset);
+            result += text.substr(begin, at->offset - begin);
+            result += WithAttribute(text.substr(at->offset, tagEnd - at->offset), "number",
+                                    std::to_string(*number));
+            begin = tagEnd;
+        }
+    }
+    result += text.substr(begin, end - begin);
+    return result;
+}
+
+std::string ItemText(const ImportedScore& score, const PartLines& lines, const MeasureItem& item,
+                     const LineNumbers& numbers, const ItemChanges& changes) {
+    std::string text =
+        WithVoice(WithNewNumbers(score.text, item.begin, item.end, lines, numbers), changes.voice);
+    if (changes.delay.IsZero()) {
+        return text;
+    }
+    return WithOffset(std::move(text),
+                      DurationText(item.offset + changes.delay, changes.divisions));
+}
+
+}  // namespace standin

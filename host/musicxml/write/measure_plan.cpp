@@ -1,0 +1,347 @@
+#include "host/musicxml/write/measure_plan.h"
+
+#include <algorithm>
+#include <map>
+#include <tuple>
+
+#include "host/musicxml/expressions.h"
+#include "host/musicxml/write/beam_writer.h"
+#include "host/musicxml/write/crossing_ends.h"
+#include "host/musicxml/write/item_text.h"
+#include "host/musicxml/write/stream_order.h"
+#include "host/musicxml/write/voice_streams.h"
+#include "host/score/tags.h"
+
+namespace standin {
+namespace {
+
+using Events = std::vector<PlannedEvent>;
+
+// The beams of one stream, made whole.
+void MendBeams(const std::vector<CrossingEnds>& crossing, Events& events) {
+    std::vector<PlannedEvent*> line;
+    std::vector<BeamedEntry> beamed;
+    for (PlannedEvent& event : events) {
+        if (event.beamedByHost) {
+            continue;
+        }
+        line.push_back(&event);
+        beamed.push_back({ReadBeams(event.beams), !event.Sounds(), event.IsGrace()});
+        for (const CrossingEnds& ends : crossing) {
+            const bool isThis = ends.time == event.time.start && ends.beams == event.beams;
+            beamed.back().comesIn |= isThis && ends.beamsCome;
+            beamed.back().goesOn |= isThis && ends.beamsGo;
+        }
+    }
+    std::vector<BeamedEntry> whole = beamed;
+    MakeBeamsWhole(whole);
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        if (whole[i].levels != beamed[i].levels) {
+            line[i]->beams = WriteBeams(whole[i].levels);
+        }
+    }
+}
+
+// Where the expression of a direction with a voice is assigned to.
+struct Assignment {
+    std::size_t staff = 0;  // within the part
+    u16 layer = 0;
+    bool moved = false;  // since the score was read
+};
+
+class Planner {
+public:
+    Planner(const ImportedScore& score, const ScorePart& part, std::size_t measure)
+        : m_score{score},
+          m_part{part},
+          m_original{part.measures[measure]},
+          m_measure{static_cast<u16>(measure + 1)} {}
+
+    MeasurePlan Build(std::vector<VoiceStream> streams) {
+        const std::vector<CrossingEnds> crossing = CrossingEndsOf(m_score, m_part, m_measure);
+        for (VoiceStream& stream : streams) {
+            if (stream.changed) {
+                MendBeams(crossing, stream.events);
+            }
+            Draft& draft = m_drafts.emplace_back();
+            draft.rank = {stream.rank, 0};
+            draft.stream.voice = std::move(stream.voice);
+            draft.readAs = std::move(stream.readAs);
+            draft.stream.events = std::move(stream.events);
+            draft.slots.resize(draft.stream.events.size() + 1);
+        }
+        ReadAssignments();
+        PlaceItems();
+        for (Draft& draft : m_drafts) {
+            LaySteps(draft);
+        }
+        LayStreams();
+        return std::move(m_plan);
+    }
+
+private:
+    using Rank = std::pair<u32, u32>;  // entries read before, place among what stands behind them
+    struct Draft {
+        PlannedStream stream;
+        std::vector<std::vector<PlannedStep>> slots;  // before each event, and after the last
+        std::vector<PlannedStep> behind;              // what needs moves of its own
+        std::string readAs;                           // the voice that was read, where another
+        Rank rank;
+    };
+
+    void ReadAssignments() {
+        const RecordStore::Table& expressions = m_score.document->Records().OfTag(Tag::kExpression);
+        for (auto at = expressions.lower_bound(RecordKey::Other(m_measure));
+             at != expressions.end() && at->first.OtherItem() == m_measure; ++at) {
+            const auto expression = FromBytes<MyExpressionAssign>(at->second);
+            const u16 layer = expression.layer & ExpressionLayer::kLayerMask;
+            const auto staff =
+                std::find_if(m_part.staves.begin(), m_part.staves.end(), [&](const auto& voices) {
+                    return voices.staff == static_cast<u16>(expression.staff);
+                });
+            if (staff == m_part.staves.end() || layer == 0) {
+                continue;
+            }
+            const Bytes* was = m_score.document->ImportedRecord(Tag::kExpression, at->first);
+            const bool moved =
+                was != nullptr && FromBytes<MyExpressionAssign>(*was).layer != expression.layer;
+            m_assignments[ItemOfExpression(at->second)] = {
+                static_cast<std::size_t>(staff - m_part.staves.begin()),
+                static_cast<u16>(layer - 1), moved};
+        }
+    }
+
+    void PlaceItems() {
+        for (std::size_t i = 0; i < m_original.items.size(); ++i) {
+            const MeasureItem& item = m_original.items[i];
+            const auto assignment = m_assignments.find(i);
+            const Assignment* assigned =
+                assignment == m_assignments.end() ? nullptr : &assignment->second;
+            if (item.closesMeasure) {
+                m_closing.push_back({nullptr, i, item.time, {}});
+            } else if (assigned != nullptr && assigned->moved) {
+                Draft* draft = DraftOf(*assigned);
+                m_plan.itemVoices.push_back(
+                    {i, draft != nullptr ? draft->stream.voice : NameOf(*assigned)});
+                PlaceIn(draft != nullptr ? *draft : FallbackFor(item), i);
+            } else if (item.lastEntry == 0 && item.time.IsZero()) {
+                m_head.push_back({nullptr, i, item.time, {}});
+            } else if (item.before == 0 && item.after == 0) {
+                PlaceBetween(i);
+            } else {
+                Draft& draft = StreamOf(item);
+                if (assigned != nullptr && draft.readAs == NameOf(*assigned)) {
+                    m_plan.itemVoices.push_back({i, draft.stream.voice});
+                }
+                PlaceIn(draft, i);
+            }
+        }
+    }
+
+    std::string NameOf(const Assignment& place) const {
+        return VoiceName(m_part, m_measure, place.staff, place.layer);
+    }
+
+    // Rather the layer's own voice than a guest in it.
+    Draft* DraftOf(const Assignment& place) {
+        const std::string name = NameOf(place);
+        Draft* found = nullptr;
+        for (Draft& draft : m_drafts) {
+            const bool isThere =
+                std::any_of(draft.stream.events.begin(), draft.stream.events.end(),
+                            [&place](const PlannedEvent& event) {
+                                return event.staff == place.staff && event.layer == place.layer;
+                            });
+            const bool isOwn = draft.stream.voice == name || draft.readAs == name;
+            found = isThere && (found == nullptr || isOwn) ? &draft : found;
+        }
+        return found;
+    }
+
+    // Items between <backup> and <forward> stay between the streams.
+    void PlaceBetween(std::size_t index) {
+        const MeasureItem& item = m_original.items[index];
+        const bool goesOn = index > 0 && m_between == index - 1;
+        m_between = index;
+        if (!goesOn || m_original.items[index - 1].lastEntry != item.lastEntry) {
+            Draft& block = m_blocks.emplace_back();
+            block.rank = {item.lastEntry, static_cast<u32>(m_blocks.size())};
+        }
+        m_blocks.back().behind.push_back({nullptr, index, item.time, {}});
+    }
+
+    // The stream that the item's entry is in; else one of its voice; else whatever fits.
+    Draft& StreamOf(const MeasureItem& item) {
+        const std::string voice = Escaped(item.voice);
+        Draft* ofVoice = nullptr;
+        for (Draft& draft : m_drafts) {
+            for (const PlannedEvent& event : draft.stream.events) {
+                const u32 entry = event.time.entry->entryNumber;
+                if (entry == (item.before != 0 ? item.before : item.after)) {
+                    return draft;
+                }
+            }
+            ofVoice = ofVoice == nullptr && draft.stream.voice == voice ? &draft : ofVoice;
+        }
+        return ofVoice != nullptr ? *ofVoice : FallbackFor(item);
+    }
+
+    // A stream on the item's staff where something begins or ends at its time, if any.
+    Draft& FallbackFor(const MeasureItem& item) {
+        Draft* best = nullptr;
+        int bestValue = -1;
+        for (Draft& draft : m_drafts) {
+            int value = 0;
+            for (const PlannedEvent& event : draft.stream.events) {
+                const bool isOnStaff = m_part.staves[event.staff].staff == item.staff;
+                const bool touches = event.time.start == item.time || event.End() == item.time;
+                value = std::max(value, (touches ? 2 : 0) + (isOnStaff ? 1 : 0));
+            }
+            if (value > bestValue) {
+                best = &draft;
+                bestValue = value;
+            }
+        }
+        if (best == nullptr) {
+            Draft& block = m_blocks.emplace_back();
+            block.rank = {item.lastEntry, static_cast<u32>(m_blocks.size())};
+            return block;
+        }
+        return *best;
+    }
+
+    // At the item's entry, when its time is right there; else by its time.
+    void PlaceIn(Draft& draft, std::size_t index) {
+        const MeasureItem& item = m_original.items[index];
+        const Events& events = draft.stream.events;
+        const auto fits = [&](std::size_t slot) {
+            return (slot == 0 || !(item.time < events[slot - 1].End())) &&
+                   (slot == events.size() || !(events[slot].time.start < item.time));
+        };
+        std::size_t slot = events.size();
+        for (std::size_t i = 0; i < events.size(); ++i) {
+            const u32 entry = events[i].time.entry->entryNumber;
+            slot = item.before != 0 && entry == item.before                     ? i
+                   : item.before == 0 && item.after != 0 && entry == item.after ? i + 1
+                                                                                : slot;
+        }
+        if (!fits(slot)) {
+            slot = 0;
+            while (slot < events.size() && events[slot].time.start < item.time) {
+                ++slot;
+            }
+        }
+        if (events.empty() || (!fits(slot) && !CanBeDelayed(m_score, item))) {
+            draft.behind.push_back({nullptr, index, item.time, {}});
+        } else if (fits(slot)) {
+            draft.slots[slot].push_back({nullptr, index, item.time, {}});
+        } else {
+            const Rational start = events[slot - 1].time.start;
+            draft.slots[slot - 1].push_back({nullptr, index, start, item.time - start});
+        }
+    }
+
+    static void LaySteps(Draft& draft) {
+        std::vector<PlannedStep>& steps = draft.stream.steps;
+        for (std::size_t i = 0; i < draft.slots.size(); ++i) {
+            std::vector<PlannedStep>& slot = draft.slots[i];
+            std::stable_sort(
+                slot.begin(), slot.end(),
+                [](const PlannedStep& a, const PlannedStep& b) { return a.time < b.time; });
+            steps.insert(steps.end(), slot.begin(), slot.end());
+            if (i < draft.stream.events.size()) {
+                const PlannedEvent& event = draft.stream.events[i];
+                steps.push_back({&event, 0, event.time.start, {}});
+            }
+        }
+        steps.insert(steps.end(), draft.behind.begin(), draft.behind.end());
+    }
+
+    void LayStreams() {
+        for (Draft& block : m_blocks) {
+            block.stream.steps = std::move(block.behind);
+            m_drafts.push_back(std::move(block));
+        }
+        std::stable_sort(m_drafts.begin(), m_drafts.end(),
+                         [](const Draft& a, const Draft& b) { return a.rank < b.rank; });
+        AddItems(m_head);
+        for (const std::size_t index : OrderOfStreams(m_drafts.size(), Links())) {
+            m_plan.streams.push_back(std::move(m_drafts[index].stream));
+        }
+        AddItems(m_closing);
+    }
+
+    void AddItems(std::vector<PlannedStep>& items) {
+        if (!items.empty()) {
+            m_plan.streams.emplace_back().steps = std::move(items);
+        }
+    }
+
+    // Of the lines that start in one stream and stop in another one of the measure.
+    std::vector<StreamLink> Links() const {
+        std::map<u32, std::size_t> starts;
+        std::map<u32, std::size_t> stops;
+        for (std::size_t i = 0; i < m_drafts.size(); ++i) {
+            std::vector<WrittenEnd> ends;
+            AddEndsOfStream(m_score, m_part, m_original, m_drafts[i].stream, ends);
+            for (const WrittenEnd& end : ends) {
+                if (end.role == LineRole::kStart) {
+                    starts[end.line] = i;
+                } else if (end.role == LineRole::kStop) {
+                    stops[end.line] = i;
+                }
+            }
+        }
+        std::vector<StreamLink> links;
+        for (const auto& [line, start] : starts) {
+            const auto stop = stops.find(line);
+            if (stop != stops.end() && stop->second != start) {
+                links.emplace_back(start, stop->second);
+            }
+        }
+        return links;
+    }
+
+    const ImportedScore& m_score;
+    const ScorePart& m_part;
+    const PartMeasure& m_original;
+    u16 m_measure;
+    std::map<std::size_t, Assignment> m_assignments;  // by item
+    std::vector<Draft> m_drafts;
+    std::vector<Draft> m_blocks;
+    std::size_t m_between = static_cast<std::size_t>(-1);  // the last item between streams
+    std::vector<PlannedStep> m_head;
+    std::vector<PlannedStep> m_closing;
+    MeasurePlan m_plan;
+};
+
+}  // namespace
+
+bool MeasurePlan::HasNotes() const noexcept {
+    return std::any_of(streams.begin(), streams.end(),
+                       [](const PlannedStream& stream) { return !stream.events.empty(); });
+}
+
+MeasurePlan PlanMeasure(const ImportedScore& score, const ScorePart& part, std::size_t measure) {
+    return Planner{score, part, measure}.Build(StreamsOf(score, part, measure));
+}
+
+void AddEndsOfStream(const ImportedScore& score, const ScorePart& part, const PartMeasure& measure,
+                     const PlannedStream& stream, std::vector<WrittenEnd>& ends) {
+    for (const PlannedStep& step : stream.steps) {
+        const auto carried = step.event == nullptr
+                                 ? score.carried.end()
+                                 : score.carried.find(step.event->time.entry->entryNumber);
+        if (carried != score.carried.end()) {
+            AddEndsOfText(part.lines, carried->second.begin, carried->second.end, ends);
+        } else if (step.event != nullptr) {
+            AddEndsOfEntry(*step.event->time.entry, step.event->texts, part.lines, score.fragments,
+                           ends);
+        } else {
+            const MeasureItem& item = measure.items[step.item];
+            AddEndsOfText(part.lines, item.begin, item.end, ends);
+        }
+    }
+}
+
+}  // namespace standin

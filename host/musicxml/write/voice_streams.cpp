@@ -1,0 +1,450 @@
+#include "host/musicxml/write/voice_streams.h"
+
+#include <algorithm>
+#include <iterator>
+#include <tuple>
+
+#include "host/musicxml/write/beam_writer.h"
+
+namespace standin {
+namespace {
+
+bool IsHiddenRest(const EXENTRY& entry) {
+    return entry.noteCount == 0 && (entry.flags & EntryFlag::kIgnore) != 0;
+}
+
+// A hidden rest that nobody needs to see written when its voice holds nothing else.
+bool IsFiller(const EXENTRY& entry, const WrittenForm& form) {
+    return IsHiddenRest(entry) && (form.gap || (entry.flags & EntryFlag::kMadeRest) != 0);
+}
+
+bool SharesTime(const PlannedEvent& a, const PlannedEvent& b) {
+    return a.place.isWritten && b.place.isWritten && a.time.start < b.End() &&
+           b.time.start < a.End();
+}
+
+// What one voice of one frame holds.
+struct Strand {
+    std::string voice;
+    std::size_t staff = 0;
+    u16 layer = 0;
+    u32 rank = 0;
+    std::vector<PlannedEvent> events;
+    std::vector<BracketTuplet> tuplets;
+
+    bool IsFiller() const {
+        return std::all_of(events.begin(), events.end(),
+                           [](const PlannedEvent& event) { return event.isFiller; });
+    }
+};
+
+class Streams {
+public:
+    Streams(const ImportedScore& score, const ScorePart& part, std::size_t measure)
+        : m_score{score},
+          m_part{part},
+          m_original{part.measures[measure]},
+          m_measure{static_cast<u16>(measure + 1)} {}
+
+    std::vector<VoiceStream> Build() {
+        CollectStrands();
+        DropFillerStrands();
+        std::stable_sort(m_strands.begin(), m_strands.end(), [](const Strand& a, const Strand& b) {
+            return a.layer < b.layer;  // a voice's own staff has it in the lower layer
+        });
+        for (Strand& strand : m_strands) {
+            AddStrand(strand);
+        }
+        PlaceAllBrackets();
+        for (VoiceStream& stream : m_streams) {
+            std::erase_if(stream.events,
+                          [](const PlannedEvent& event) { return !event.place.isWritten; });
+            SortByTime(stream);
+        }
+        std::erase_if(m_streams, [](const VoiceStream& stream) { return stream.events.empty(); });
+        std::stable_sort(
+            m_streams.begin(), m_streams.end(),
+            [](const VoiceStream& a, const VoiceStream& b) { return a.rank < b.rank; });
+        return std::move(m_streams);
+    }
+
+private:
+    bool WasRead(const PlannedEvent& event) const {
+        return event.time.entry->entryNumber <= m_original.lastEntry;
+    }
+
+    void CollectStrands() {
+        for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
+            for (u16 layer = 0; layer < m_original.layers; ++layer) {
+                const FrameKey key{m_part.staves[staff].staff, m_measure, layer};
+                const Frame* frame = m_score.document->FindFrame(key);
+                const Frame* imported = m_score.document->ImportedFrame(key);
+                const bool bothAre = frame != nullptr && imported != nullptr;
+                if (bothAre ? !(*imported == *frame) : imported != frame) {
+                    m_changedVoices.insert(VoiceName(m_part, m_measure, staff, layer));
+                    for (const EXENTRY& entry : (imported != nullptr ? imported : frame)->entries) {
+                        m_changedVoices.insert(
+                            VoiceName(m_part, m_measure, staff, layer, entry.entryNumber));
+                    }
+                }
+                if (frame != nullptr) {
+                    CollectStrands(*frame, key, staff, false);
+                    CollectStrands(*frame, key, staff, true);
+                }
+            }
+        }
+    }
+
+    // Voices that share a layer are strands of their own.
+    void CollectStrands(const Frame& frame, FrameKey key, std::size_t staff, bool voice2) {
+        std::vector<std::pair<std::string, std::vector<TimedEntry>>> voices;
+        for (const TimedEntry& timed : TimedEntriesOf(m_score, frame, voice2, m_original.grid)) {
+            const std::string name =
+                VoiceName(m_part, m_measure, staff, key.layer, timed.entry->entryNumber);
+            auto voice = std::find_if(voices.begin(), voices.end(),
+                                      [&name](const auto& known) { return known.first == name; });
+            if (voice == voices.end()) {
+                voice = voices.insert(voices.end(), {name, {}});
+            }
+            voice->second.push_back(timed);
+        }
+        for (const auto& [name, entries] : voices) {
+            CollectStrand(frame, key, staff, name, entries);
+        }
+    }
+
+    void CollectStrand(const Frame& frame, FrameKey key, std::size_t staff,
+                       const std::string& voice, const std::vector<TimedEntry>& entries) {
+        std::set<u32> known;
+        if (const Frame* imported = m_score.document->ImportedFrame(key)) {
+            for (const EXENTRY& entry : imported->entries) {
+                known.insert(entry.entryNumber);
+            }
+        }
+        Strand& strand = m_strands.emplace_back();
+        strand.voice = voice;
+        strand.staff = staff;
+        strand.layer = key.layer;
+        strand.rank = RankOf(entries, key.staff);
+        std::vector<std::size_t> indices;
+        for (const TimedEntry& timed : entries) {
+            AddEvent(frame, timed, strand);
+            PlannedEvent& event = strand.events.back();
+            event.cameIn = !known.contains(timed.entry->entryNumber);
+            event.place.isAsRead =
+                !event.cameIn && (timed.entry->flags & EntryFlag::kMadeRest) == 0;
+            indices.push_back(static_cast<std::size_t>(timed.entry - frame.entries.data()));
+        }
+        AddBracketTuplets(frame.entries, m_score.document->Records(), indices, strand.tuplets);
+    }
+
+    // What is all filler is not written, unless a tuplet would lack what it has on this staff.
+    void DropFillerStrands() {
+        std::set<std::pair<std::string, u32>> shared;
+        for (const Strand& strand : m_strands) {
+            for (const BracketTuplet& tuplet : strand.tuplets) {
+                if (!strand.IsFiller() || m_part.crossingBrackets.contains(tuplet.text.bracket)) {
+                    shared.insert({strand.voice, tuplet.text.bracket});
+                }
+            }
+        }
+        std::erase_if(m_strands, [&](const Strand& strand) {
+            return strand.IsFiller() &&
+                   std::none_of(strand.tuplets.begin(), strand.tuplets.end(),
+                                [&](const BracketTuplet& tuplet) {
+                                    return shared.contains({strand.voice, tuplet.text.bracket});
+                                });
+        });
+    }
+
+    // By the first entry that was read; new music comes after what its staff has.
+    u32 RankOf(const std::vector<TimedEntry>& entries, u16 staff) const {
+        u32 rank = m_original.lastEntry + 1;
+        for (const TimedEntry& timed : entries) {
+            rank = std::min(rank, timed.entry->entryNumber);
+        }
+        if (rank <= m_original.lastEntry) {
+            return rank;
+        }
+        rank = 0;
+        for (u16 layer = 0; layer < m_original.layers; ++layer) {
+            const Frame* frame = m_score.document->ImportedFrame({staff, m_measure, layer});
+            if (frame == nullptr) {
+                continue;
+            }
+            for (const EXENTRY& entry : frame->entries) {
+                rank = entry.entryNumber <= m_original.lastEntry ? std::max(rank, entry.entryNumber)
+                                                                 : rank;
+            }
+        }
+        return rank;
+    }
+
+    void AddEvent(const Frame& frame, const TimedEntry& timed, Strand& strand) {
+        PlannedEvent& event = strand.events.emplace_back();
+        event.time = timed;
+        event.staff = strand.staff;
+        event.layer = strand.layer;
+        event.beamedByHost = frame.BeamedByHost();
+        GatherEntryTexts(*m_score.document, *timed.entry, event.texts);
+        const WrittenForm& form = m_score.forms[timed.entry->fieldAt12];
+        event.isFiller = IsFiller(*timed.entry, form);
+        event.place = {timed.start, event.End(), !(form.gap && IsHiddenRest(*timed.entry)),
+                       event.isFiller};
+        if (frame.BeamedByHost()) {
+            const auto index = static_cast<std::size_t>(timed.entry - frame.entries.data());
+            event.beams = WriteBeams(frame.beams[index]);
+        } else {
+            event.beams = m_score.fragments[event.texts.beams];
+        }
+    }
+
+    // Hidden rests that a merge left behind give way to music of their own voice.
+    static void DropFillers(std::vector<PlannedEvent>& events,
+                            const std::vector<PlannedEvent>& others) {
+        for (PlannedEvent& event : events) {
+            const bool isInTheWay =
+                event.isFiller &&
+                std::any_of(others.begin(), others.end(), [&event](const PlannedEvent& other) {
+                    return SharesTime(event, other);
+                });
+            event.place.isWritten = event.place.isWritten && !isInTheWay;
+        }
+    }
+
+    static bool ShareTime(const VoiceStream& stream, const Strand& strand) {
+        return std::any_of(stream.events.begin(), stream.events.end(), [&](const PlannedEvent& a) {
+            return std::any_of(strand.events.begin(), strand.events.end(),
+                               [&](const PlannedEvent& b) { return SharesTime(a, b); });
+        });
+    }
+
+    // Whether the strand sounds while its voice does on another staff, and did not when read.
+    bool SoundsNewlyTogether(const VoiceStream& stream, const Strand& strand) const {
+        return std::any_of(stream.events.begin(), stream.events.end(), [&](const PlannedEvent& a) {
+            return a.Sounds() && a.staff != strand.staff &&
+                   std::any_of(
+                       strand.events.begin(), strand.events.end(), [&](const PlannedEvent& b) {
+                           return b.Sounds() && SharesTime(a, b) && !(WasRead(a) && WasRead(b));
+                       });
+        });
+    }
+
+    void AddStrand(Strand& strand) {
+        bool isNewlyTwofold = false;
+        for (VoiceStream& stream : m_streams) {
+            if (stream.voice != strand.voice) {
+                continue;
+            }
+            DropFillers(strand.events, stream.events);
+            DropFillers(stream.events, strand.events);
+            if (!ShareTime(stream, strand)) {
+                Join(stream, strand);
+                return;
+            }
+            isNewlyTwofold = isNewlyTwofold || SoundsNewlyTogether(stream, strand);
+        }
+        VoiceStream& stream = m_streams.emplace_back();
+        stream.changed = m_changedVoices.contains(strand.voice);
+        stream.voice = strand.voice;
+        stream.rank = strand.rank;
+        stream.events = std::move(strand.events);
+        stream.tuplets = std::move(strand.tuplets);
+        if (isNewlyTwofold) {
+            stream.readAs = strand.voice;
+            stream.voice = FreeVoice(strand.staff);
+            stream.changed = true;
+        }
+    }
+
+    static void Join(VoiceStream& stream, Strand& strand) {
+        AddTuplets(strand.tuplets, stream.events.size(), stream.tuplets);
+        std::move(strand.events.begin(), strand.events.end(), std::back_inserter(stream.events));
+        stream.rank = std::min(stream.rank, strand.rank);
+    }
+
+    // The tuplets of events that are put behind so many others.
+    static void AddTuplets(const std::vector<BracketTuplet>& tuplets, std::size_t others,
+                           std::vector<BracketTuplet>& all) {
+        const int firstTuplet = static_cast<int>(all.size());
+        for (BracketTuplet tuplet : tuplets) {
+            tuplet.first += others;
+            tuplet.last += others;
+            tuplet.outer += tuplet.outer < 0 ? 0 : firstTuplet;
+            all.push_back(tuplet);
+        }
+    }
+
+    // Where part of a tuplet was on another staff of its voice, and came into another voice, it
+    // takes hidden rests to fill the tuplet.
+    static void WriteGapsThatCameIn(const std::vector<PlannedEvent*>& events,
+                                    const std::vector<BracketTuplet>& tuplets) {
+        for (const BracketTuplet& tuplet : tuplets) {
+            for (std::size_t i = tuplet.first; i <= tuplet.last && i < events.size(); ++i) {
+                BracketPlace& gap = events[i]->place;
+                gap.isWritten =
+                    gap.isWritten ||
+                    (events[i]->cameIn &&
+                     std::none_of(events.begin(), events.end(), [&gap](const PlannedEvent* other) {
+                         return other->place.isWritten && other->place.start < gap.end &&
+                                gap.start < other->place.end;
+                     }));
+            }
+        }
+    }
+
+    void PlaceAllBrackets() {
+        std::set<std::string> done;
+        for (const VoiceStream& stream : m_streams) {
+            if (done.insert(stream.voice).second) {
+                PlaceBracketsOf(stream.voice);
+            }
+        }
+    }
+
+    void PlaceBracketsOf(const std::string& voice) {
+        std::vector<PlannedEvent*> events;
+        std::vector<BracketTuplet> tuplets;
+        for (VoiceStream& stream : m_streams) {
+            if (stream.voice != voice) {
+                continue;
+            }
+            AddTuplets(stream.tuplets, events.size(), tuplets);
+            for (PlannedEvent& event : stream.events) {
+                events.push_back(&event);
+            }
+        }
+        WriteGapsThatCameIn(events, tuplets);
+        std::vector<BracketPlace> places;
+        places.reserve(events.size());
+        for (const PlannedEvent* event : events) {
+            places.push_back(event->place);
+        }
+        PlaceBrackets(places, tuplets, m_score.fragments,
+                      [&](const BracketPlace& place, const TupletText& text) {
+                          return m_part.crossingBrackets.contains(text.bracket)
+                                     ? HasOtherEnd(voice, text)
+                                     : place.isAsRead;
+                      });
+        for (std::size_t i = 0; i < events.size(); ++i) {
+            events[i]->place = std::move(places[i]);
+        }
+    }
+
+    // The other end of a bracket that crosses a barline, in the same voice.
+    bool HasOtherEnd(const std::string& voice, const TupletText& text) const {
+        const auto& [first, last] = m_part.crossingBrackets.at(text.bracket);
+        const u16 measure = text.start != 0 ? last : first;
+        const auto isOther = [&](const EXENTRY& entry) {
+            EntryTexts texts;
+            GatherEntryTexts(*m_score.document, entry, texts);
+            return std::any_of(
+                texts.tuplets.begin(), texts.tuplets.end(), [&](const TupletText& end) {
+                    return end.bracket == text.bracket && (end.start != 0) != (text.start != 0);
+                });
+        };
+        for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
+            for (u16 layer = 0; layer < m_part.measures[measure - 1U].layers; ++layer) {
+                const Frame* frame =
+                    m_score.document->FindFrame({m_part.staves[staff].staff, measure, layer});
+                const auto isOtherHere = [&](const EXENTRY& entry) {
+                    return VoiceName(m_part, measure, staff, layer, entry.entryNumber) == voice &&
+                           isOther(entry);
+                };
+                if (frame != nullptr &&
+                    std::any_of(frame->entries.begin(), frame->entries.end(), isOtherHere)) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
+    // A voice of the staff that is silent here, else the lowest number that the part has not.
+    std::string FreeVoice(std::size_t staff) const {
+        for (const std::string& name : m_part.staves[staff].names) {
+            if (!name.empty() && !IsHere(Escaped(name)) && IsOnlyOn(staff, name)) {
+                return Escaped(name);
+            }
+        }
+        int number = 1;
+        while (IsHere(std::to_string(number)) || IsKnown(std::to_string(number))) {
+            ++number;
+        }
+        return std::to_string(number);
+    }
+
+    bool IsHere(const std::string& voice) const {
+        const auto hasVoice = [&voice](const auto& holder) { return holder.voice == voice; };
+        return std::any_of(m_streams.begin(), m_streams.end(), hasVoice) ||
+               std::any_of(m_strands.begin(), m_strands.end(), hasVoice);
+    }
+
+    bool IsOnlyOn(std::size_t staff, const std::string& name) const {
+        for (std::size_t other = 0; other < m_part.staves.size(); ++other) {
+            const auto& names = m_part.staves[other].names;
+            if (other != staff && std::find(names.begin(), names.end(), name) != names.end()) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    bool IsKnown(const std::string& name) const {
+        return std::any_of(
+            m_part.staves.begin(), m_part.staves.end(), [&name](const StaffVoices& staff) {
+                return std::find(staff.names.begin(), staff.names.end(), name) != staff.names.end();
+            });
+    }
+
+    // As it was read, where nothing is new; else graces lead to the notes of their time.
+    void SortByTime(VoiceStream& stream) const {
+        const bool isAsRead =
+            std::all_of(stream.events.begin(), stream.events.end(),
+                        [this](const PlannedEvent& event) { return WasRead(event); });
+        const auto order = [isAsRead](const PlannedEvent& event) {
+            return std::pair{!isAsRead && !event.IsGrace(),
+                             isAsRead ? event.time.entry->entryNumber : 0U};
+        };
+        std::stable_sort(stream.events.begin(), stream.events.end(),
+                         [&](const PlannedEvent& a, const PlannedEvent& b) {
+                             return a.time.start == b.time.start ? order(a) < order(b)
+                                                                 : a.time.start < b.time.start;
+                         });
+    }
+
+    const ImportedScore& m_score;
+    const ScorePart& m_part;
+    const PartMeasure& m_original;
+    u16 m_measure;
+    std::set<std::string> m_changedVoices;
+    std::vector<Strand> m_strands;
+    std::vector<VoiceStream> m_streams;
+};
+
+}  // namespace
+
+std::vector<VoiceStream> StreamsOf(const ImportedScore& score, const ScorePart& part,
+                                   std::size_t measure) {
+    return Streams{score, part, measure}.Build();
+}
+
+std::string VoiceName(const ScorePart& part, u16 measure, std::size_t staff, u16 layer, u32 entry) {
+    const std::string& known = part.staves[staff].NameAt(measure, layer, entry);
+    if (!known.empty()) {
+        return Escaped(known);
+    }
+    const auto isUsed = [&part](const std::string& name) {
+        return std::any_of(part.staves.begin(), part.staves.end(), [&](const StaffVoices& voices) {
+            return std::find(voices.names.begin(), voices.names.end(), name) != voices.names.end();
+        });
+    };
+    const std::size_t first = staff * kLayers + layer + 1;
+    std::size_t number = first;
+    while (isUsed(std::to_string(number))) {
+        number += part.staves.size() * kLayers;
+    }
+    return std::to_string(number);
+}
+
+}  // namespace standin
