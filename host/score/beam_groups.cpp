@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/score/entry_times.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {
@@ -43,11 +44,16 @@ Grouping GroupingOf(const EDTMeasureSpec2014& measure) {
 
 class Beamer {
 public:
-    Beamer(const std::vector<EXENTRY>& entries, const EDTMeasureSpec2014& measure)
-        : m_entries{entries}, m_grouping{GroupingOf(measure)}, m_levels(entries.size()) {}
+    Beamer(const std::vector<EXENTRY>& entries, const EDTMeasureSpec2014& measure,
+           const RecordStore& records)
+        : m_entries{entries},
+          m_records{records},
+          m_grouping{GroupingOf(measure)},
+          m_levels(entries.size()) {}
 
     std::vector<BeamLevels> Run() {
         for (const u32 voice : {0U, EntryFlag::kVoice2}) {
+            m_tuplets = TupletRunsOf(m_entries, voice != 0, m_records);
             for (const u32 grace : {0U, EntryFlag::kGrace}) {
                 BeamVoice(voice, grace);
             }
@@ -100,12 +106,33 @@ private:
     }
 
     void Close(Group& group) {
-        if (group.size() > 1) {
-            for (std::size_t level = 0; level < std::tuple_size_v<BeamLevels>; ++level) {
-                BeamLevel(group, level);
+        for (const Group& piece : PiecesOf(group)) {
+            for (std::size_t level = 0; level < std::tuple_size_v<BeamLevels> && piece.size() > 1;
+                 ++level) {
+                BeamLevel(piece, level);
             }
         }
         group.clear();
+    }
+
+    // Parted where a tuplet begins or ends that has only some of the entries.
+    std::vector<Group> PiecesOf(const Group& group) const {
+        std::vector<Group> pieces;
+        for (const std::size_t entry : group) {
+            if (pieces.empty() || IsParted(group, pieces.back().back(), entry)) {
+                pieces.emplace_back();
+            }
+            pieces.back().push_back(entry);
+        }
+        return pieces;
+    }
+
+    bool IsParted(const Group& group, std::size_t entry, std::size_t next) const {
+        return std::any_of(m_tuplets.begin(), m_tuplets.end(), [&](const TupletRun& tuplet) {
+            const bool begins = entry < tuplet.first && tuplet.first <= next;
+            const bool ends = entry <= tuplet.last && tuplet.last < next;
+            return (begins && group.back() < tuplet.last) || (ends && tuplet.first < group.front());
+        });
     }
 
     bool Reaches(std::size_t entry, std::size_t level) const {
@@ -149,6 +176,8 @@ private:
     }
 
     const std::vector<EXENTRY>& m_entries;
+    const RecordStore& m_records;
+    std::vector<TupletRun> m_tuplets;  // of the voice
     Grouping m_grouping;
     std::vector<BeamLevels> m_levels;
 };
@@ -156,8 +185,9 @@ private:
 }  // namespace
 
 std::vector<BeamLevels> ComputeBeams(const std::vector<EXENTRY>& entries,
-                                     const EDTMeasureSpec2014& measure) {
-    return Beamer{entries, measure}.Run();
+                                     const EDTMeasureSpec2014& measure,
+                                     const RecordStore& records) {
+    return Beamer{entries, measure, records}.Run();
 }
 
 }  // namespace standin

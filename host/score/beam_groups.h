@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/score/frame.h"
+#include "host/score/record_store.h"
 #include "shell/host/host_records.h"
 
 namespace standin {
@@ -11,8 +12,9 @@ namespace standin {
 // The beams of each entry, as the time signature groups them: by beat; three eighths where the
 // beats are eighths in threes; plain eighths by half measures in 4/4. Rests of an eighth and
 // longer, hidden entries and primary beam breaks end a beam; secondary beam breaks end all but
-// the first. Grace notes that follow each other are beamed among themselves.
+// the first. A beam has the whole of a tuplet or lies within it, else it ends where the tuplet
+// begins or ends. Grace notes that follow each other are beamed among themselves.
 std::vector<BeamLevels> ComputeBeams(const std::vector<EXENTRY>& entries,
-                                     const EDTMeasureSpec2014& measure);
+                                     const EDTMeasureSpec2014& measure, const RecordStore& records);
 
 }  // namespace standin

@@ -121,7 +121,7 @@ int Document::Rebeam(const EREGION& region) {
             continue;
         }
         BeforeFrameChange(key);
-        frame.beams = ComputeBeams(frame.entries, Measure(key.measure));
+        frame.beams = ComputeBeams(frame.entries, Measure(key.measure), m_records);
         frame.needsRebeam = false;
         ++beamed;
     }

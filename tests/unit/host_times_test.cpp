@@ -84,6 +84,9 @@ TEST(HostBeams, FollowTheTimeSignature) {
     EXPECT_EQ(beams(4, 1024, "e:c4 e:c4 e:c4 e:c4 e:c4 e:c4 q:c4"), "bccebe.");
     EXPECT_EQ(beams(4, 1024, "e:c4 s:c4 s:c4 e:c4 e:c4"), "bcebe .be..");
     EXPECT_EQ(beams(3, 1024, "e:c4 e:c4 e:c4 e:c4 q:c4"), "bebe.");
+    // No beam has only part of the inner tuplet and something beside it.
+    EXPECT_EQ(beams(2, 1024, "(3:2q e:c4 e:c4 (5:2 e:c4 e:c4 e:c4 e:c4 e:c4) e:c4 e:c4)"),
+              "bebcebebe");
     EXPECT_EQ(beams(6, 512, "e:c4 e:c4 e:c4 e:c4 e:c4 e:c4"), "bcebce");
     EXPECT_EQ(beams(2, 1536, "e:c4 e:c4 e:c4 e:c4 e:c4 e:c4"), "bcebce");
     EXPECT_EQ(beams(2, 1024, "e.:c4 s:c4 s:c4 e.:c4"), "bebe .kf.");
