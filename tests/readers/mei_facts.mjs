@@ -163,6 +163,9 @@ class MeiReader {
             if (attributes.endid !== undefined || attributes.tstamp2 !== undefined) {
                 ends.push(this.endOf(attributes.endid, attributes.tstamp2, attributes.staff, isOfNotes));
             }
+            if (element.name === "octave") {
+                ends.forEach((end) => delete end.pitches); // it has times, verovio looks for entries at them
+            }
             const what = kinds.flatMap((kind) => (attributes[kind] === undefined ? [] : [attributes[kind]]));
             this.facts.add(element.name, ends, [...what, element.text].join(" ").trim());
         }
@@ -176,7 +179,7 @@ class MeiReader {
         }
         const key = id.replace("#", "");
         const place = (isOfNotes ? undefined : this.chords.get(key)) ?? this.places.get(key);
-        return place ?? { measure: this.measure, text: "nowhere" };
+        return place === undefined ? { measure: this.measure, text: "nowhere" } : { ...place };
     }
 }
 

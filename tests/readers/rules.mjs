@@ -17,6 +17,13 @@ const rules = [
             after.list.some((other) => isSame(other, fact) && holds(other, fact)),
     },
     {
+        name: "a lyric with another number",
+        why: "Where two notes of a chord bring a lyric of one number, the second takes the next free one, and the report says so.",
+        explains: ({ side, fact }, { findings }) =>
+            fact?.aspect === "lyric" &&
+            findings.some((other) => other.side !== side && isSameLyric(other.fact, fact, side)),
+    },
+    {
         name: "a tie from voice to voice",
         reader: "verovio",
         why: "verovio looks for the end of a tie in the layer of its start. Where the next note stands in another one, it takes a note many measures later, or none; after a merge both may be in one layer, and the tie is right.",
@@ -56,7 +63,7 @@ const rules = [
     },
 ];
 
-const joinable = new Set(["note", "duration", "tuplet", "tie", "articulation", "fermata", "trill"]);
+const joinable = new Set(["note", "duration", "tuplet", "tie", "articulation", "fermata", "trill", "lyric"]);
 const ofNotes = new Set(["note", "duration", "tuplet"]);
 
 // Whether a tie ends where its first note does.
@@ -73,6 +80,17 @@ function isJoined(tie, facts) {
             ? `${stop}` === `${end.onset}`
             : end.measure === start.measure + 1 && `${stop}` === `${length}` && `${end.onset}` === "0";
     });
+}
+
+// Lyrics are "1 text ..." with their number; after a merge it is higher.
+function isSameLyric(other, fact, side) {
+    if (other?.aspect !== "lyric" || other.where !== fact.where) {
+        return false;
+    }
+    const [before, after] = side === "lost" ? [fact, other] : [other, fact];
+    const [number, ...words] = before.what.split(" ");
+    const [numberAfter, ...wordsAfter] = after.what.split(" ");
+    return Number(number) < Number(numberAfter) && words.join() === wordsAfter.join() && holds(after, before);
 }
 
 const isSame = (one, other) =>
