@@ -15,6 +15,7 @@ struct Row {
     u32 downTag;
     std::size_t size;
     u32 flag;
+    u32 kind;  // the set of it alone
     bool isOfNote;
     u32 noteFlag;
 
@@ -23,10 +24,10 @@ struct Row {
 
 // Smart shapes have tests of their own: their marks go with the shape.
 constexpr Row kRows[] = {
-#define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, ...) \
-    {#name, tag, downTag, sizeof(structure), DetailFlag::flag, false, 0},
-#define NOTE_DETAIL(name, structure, tag, flag, noteFlag, ...) \
-    {#name, tag, 0, sizeof(structure), DetailFlag::flag, true, noteFlag},
+#define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, kind, rule) \
+    {#name, tag, downTag, sizeof(structure), DetailFlag::flag, DetailKind::kind, false, 0},
+#define NOTE_DETAIL(name, structure, tag, flag, noteFlag, kind) \
+    {#name, tag, 0, sizeof(structure), DetailFlag::flag, DetailKind::kind, true, noteFlag},
 #include "shell/host/entry_details.inc"
 };
 
@@ -43,11 +44,11 @@ TEST_P(EveryDetail, IsCopiedOnceAndDeleted) {
     for (const FinPITGFPtr* frame : {&source, &target}) {
         frame->EntryAt(0)->notes[0].flags |= row.noteFlag;
     }
-    EXPECT_EQ(Copy(kOntoPlaced) + Copy(kOntoPlaced), 2);
+    EXPECT_EQ(Copy(row.kind) + Copy(row.kind), 2);
     // The first of two layers has its stems up, the second down.
     EXPECT_EQ(host.Attached(Target(), row.downTag != 0 ? row.downTag : row.tag), content);
     EXPECT_TRUE(target.EntryAt(0).HasFlag(row.flag));
-    EXPECT_EQ(Delete(kFromSource | DetailKind::kTuplet), 1);
+    EXPECT_EQ(Delete(row.kind), 1);
     EXPECT_EQ(host.Attached(Source(), row.tag), "");
     EXPECT_FALSE(source.EntryAt(0).HasFlag(row.flag));
 }
