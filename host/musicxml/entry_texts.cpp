@@ -23,7 +23,11 @@ bool IsMarked(const Document& document, u32 entry, u16 shape) {
 
 void AddSpanner(const Document& document, u32 entry, u16 shape, EntryTexts& texts) {
     const Bytes* record = document.Records().Find(Tag::kSmartShape, RecordKey::Other(shape));
-    if (record == nullptr) {
+    // An entry where both ends came together has a mark for each.
+    const bool isKnown =
+        std::any_of(texts.spanners.begin(), texts.spanners.end(),
+                    [shape](const SpannerAtEntry& known) { return known.shape == shape; });
+    if (record == nullptr || isKnown) {
         return;
     }
     const auto ends = FromBytes<EDTSmartShape>(*record);

@@ -240,6 +240,11 @@ const struct {
      Half("C5", "1", Notations("<slide type=\"start\"/>")) +
          Half("D5", "1", Notations("<slide type=\"stop\"/>")) + kSecondVoice,
      {{'C', "<slide type=\"start\""}, {'D', "<slide type=\"stop\""}}},
+    {"ALineWhoseEndsComeTogether",
+     Half("C5", "1", Notations("<glissando type=\"start\"/>")) + Backup(4) +
+         Half("A4", "2", Notations("<glissando type=\"stop\"/>")),
+     {{'C', "<notations>\n    <glissando type=\"start\"/>\n  </notations>"},
+      {'A', "<notations>\n    <glissando type=\"stop\"/>\n  </notations>"}}},
     {"LyricsOfOneNumber",
      Half("C5", "1", Lyric("1", "la") + Lyric("2", "lo")) + Half("D5", "1", Lyric("1", "li")) +
          Backup(8) + Half("A4", "2", Lyric("1", "ho")) + Half("B4", "2", Lyric("2", "he")),
