@@ -6,6 +6,7 @@
 
 #include "host/musicxml/entry_texts.h"
 #include "host/musicxml/lyric_numbers.h"
+#include "host/musicxml/write/tie_links.h"
 #include "host/musicxml/xml/xml_text.h"
 #include "host/report/places.h"
 #include "host/score/selection.h"
@@ -253,6 +254,49 @@ void AddCarried(const ImportedScore& score, u16 layers, u16 slot, FrameKey key,
     }
 }
 
+// Whether the event's entry stood there with that note when it was read.
+bool WasThere(const Document& document, FrameKey key, const PlannedEvent& event,
+              const EXNOTE& note) {
+    const Frame* frame = document.ImportedFrame(key);
+    return frame != nullptr &&
+           std::any_of(frame->entries.begin(), frame->entries.end(), [&](const EXENTRY& entry) {
+               const std::span notes{entry.notes, static_cast<std::size_t>(entry.noteCount)};
+               return entry.entryNumber == event.time.entry->entryNumber &&
+                      std::any_of(notes.begin(), notes.end(), [&note](const EXNOTE& was) {
+                          return was.pitch == note.pitch && was.second == note.second;
+                      });
+           });
+}
+
+// Ties whose end had to be written before their start. firstSlot: of the part's staves.
+void AddTies(const ImportedScore& score, const ScorePart& part, std::size_t measure, u16 firstSlot,
+             std::vector<Remark>& remarks) {
+    const MeasurePlan plan = PlanMeasure(score, part, measure);
+    std::vector<const PlannedStream*> streams;
+    for (const PlannedStream& stream : plan.streams) {
+        streams.push_back(&stream);
+    }
+    for (const TieLink& tie : TieLinksOf(streams)) {
+        const EXNOTE& note = tie.start->time.entry->notes[tie.note];
+        const auto wasThere = [&](const PlannedEvent& event) {
+            const FrameKey key{part.staves[event.staff].staff, static_cast<u16>(measure + 1),
+                               event.layer};
+            return WasThere(*score.document, key, event, note);
+        };
+        if (tie.from < tie.to || (wasThere(*tie.start) && wasThere(*tie.stop))) {
+            continue;
+        }
+        Remark& remark = remarks.emplace_back();
+        remark.kind = Remark::Kind::kTie;
+        remark.staff = static_cast<u16>(firstSlot + tie.start->staff);
+        remark.measure = static_cast<u16>(measure + 1);
+        remark.layer = tie.start->layer;
+        remark.onset = tie.start->time.entry->elapsedTime;
+        remark.what = NameOfNote(*score.document, remark.measure, note);
+        remark.words = Say(Text::kTieGoesOn, {remark.what, std::to_string(tie.stop->layer + 1)});
+    }
+}
+
 void AddPlace(const Document& document, const std::vector<std::string>& staffNames,
               Remark& remark) {
     remark.number = PrintedNumber(document, remark.measure);
@@ -269,6 +313,7 @@ std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
     std::vector<Remark> remarks;
     u16 slot = 0;
     for (const ScorePart& part : score.parts) {
+        const auto firstSlot = static_cast<u16>(slot + 1);
         for (const StaffVoices& staff : part.staves) {
             ++slot;
             for (std::size_t i = 0; i < part.measures.size(); ++i) {
@@ -279,7 +324,18 @@ std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
                 }
             }
         }
+        for (std::size_t i = 0; i < part.measures.size(); ++i) {
+            const auto isChanged = [&](const StaffVoices& staff) {
+                return changed.contains({staff.staff, static_cast<u16>(i + 1)});
+            };
+            if (std::any_of(part.staves.begin(), part.staves.end(), isChanged)) {
+                AddTies(score, part, i, firstSlot, remarks);
+            }
+        }
     }
+    std::stable_sort(remarks.begin(), remarks.end(), [](const Remark& a, const Remark& b) {
+        return std::pair{a.staff, a.measure} < std::pair{b.staff, b.measure};
+    });
     for (Remark& remark : remarks) {
         AddPlace(*score.document, staffNames, remark);
     }

@@ -272,6 +272,15 @@ TEST_F(CommandRun, WhatBelongsToANoteStandsWithIt) {
     }
 }
 
+std::string Quarter(std::string_view pitch, std::string_view voice = "1",
+                    std::string_view more = "") {
+    return Note({.pitch = pitch, .voice = voice, .more = more});
+}
+
+std::string Eighth(std::string_view pitch) {
+    return Note({.pitch = pitch, .duration = 1, .type = "eighth"});
+}
+
 const std::string kTieStart = Notations("<tied type=\"start\"/>");
 const std::string kTieStop = Notations("<tied type=\"stop\"/>");
 const std::string kTrill = Notations("<ornaments><trill-mark/></ornaments>");
@@ -298,6 +307,11 @@ const struct {
     {"ALyric",
      Half("C5", "1", Lyric("1", "la")) + Backup(4) + Half("A4", "2", Lyric("1", "ho")),
      {"m. 1, Piano, beat 1: the lyric \"ho\" is now number 2"}},
+    {"TiesThatRunBothWays",
+     Quarter("C5") + Eighth("D5") + Eighth("D5") + Eighth("E5") + Eighth("E5") + Quarter("F5") +
+         Backup(8) + Quarter("G4", "2", kTieStart) + Quarter("G4", "2", kTieStop) +
+         Quarter("A4", "2", kTieStart) + Quarter("A4", "2", kTieStop),
+     {"m. 1, Piano, beat 3: the tie of A4 goes on in layer 1"}},
     {"TwoTiesOfOnePitch",
      Half("C5", "1", kTieStart) + Half("C5", "1", kTieStop) + Backup(8) +
          Half("C5", "2", kTieStart) + Half("C5", "2", kTieStop),
@@ -321,6 +335,18 @@ TEST_F(CommandRun, WhatTheScoresReaderShouldKnowIsNamed) {
     }
     EXPECT_EQ(Run({"merge", File("in.xml"), "-o", File("out.xml")}), kDone);
     EXPECT_NE(output.find("\n  m. 1, Piano: a fifth voice is not merged\n"), std::string::npos);
+}
+
+// Readers look for the end of a tie behind its start.
+TEST_F(CommandRun, ATieThatGoesOnInAnotherLayerIsWrittenInItsOrder) {
+    const std::string input = Write(
+        "in.xml", standin::ScoreText({Quarter("E5") + Quarter("F5") + Half("A5") + Backup(8) +
+                                      Half("C5", "2", kTieStart) + Half("C5", "2", kTieStop)}));
+    ASSERT_EQ(Run({"merge", input, "-o", File("out.xml"), "--verify"}), kDone) << errors;
+    EXPECT_NE(output.find("1 chord formed"), std::string::npos) << output;
+    EXPECT_EQ(output.find("the tie"), std::string::npos) << output;
+    const std::string merged = Content(File("out.xml"));
+    EXPECT_LT(merged.find("<tied type=\"start\""), merged.find("<tied type=\"stop\"")) << merged;
 }
 
 // The fifth voice has the free layer 2 in its measure, unless somebody means voice 2 by that.

@@ -9,6 +9,7 @@
 #include "host/musicxml/write/crossing_ends.h"
 #include "host/musicxml/write/item_text.h"
 #include "host/musicxml/write/stream_order.h"
+#include "host/musicxml/write/tie_links.h"
 #include "host/musicxml/write/voice_streams.h"
 #include "host/score/tags.h"
 
@@ -277,7 +278,7 @@ private:
         }
     }
 
-    // Of the lines that start in one stream and stop in another one of the measure.
+    // Of the lines and ties that start in one stream and stop in another one of the measure.
     std::vector<StreamLink> Links() const {
         std::map<u32, std::size_t> starts;
         std::map<u32, std::size_t> stops;
@@ -298,6 +299,13 @@ private:
             if (stop != stops.end() && stop->second != start) {
                 links.emplace_back(start, stop->second);
             }
+        }
+        std::vector<const PlannedStream*> streams;
+        for (const Draft& draft : m_drafts) {
+            streams.push_back(&draft.stream);
+        }
+        for (const TieLink& tie : TieLinksOf(streams)) {
+            links.emplace_back(tie.from, tie.to);
         }
         return links;
     }

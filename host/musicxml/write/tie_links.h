@@ -1,0 +1,24 @@
+// Ties that go on in another stream of the measure.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "host/musicxml/write/measure_plan.h"
+
+namespace standin {
+
+// A tie between two streams. Readers find its end by pitch among the notes of the staff, if they
+// come to it after its start.
+struct TieLink {
+    std::size_t from = 0;  // the stream
+    std::size_t to = 0;
+    const PlannedEvent* start = nullptr;
+    const PlannedEvent* stop = nullptr;
+    int note = 0;  // of the start, from 0
+};
+
+// What ends in its own stream or in another measure is left out.
+std::vector<TieLink> TieLinksOf(const std::vector<const PlannedStream*>& streams);
+
+}  // namespace standin
