@@ -17,6 +17,10 @@ void AddOption(CLI::App& app, const OptionRow& row) {
         app.add_flag(names)->take_all();
         return;
     }
+    if (row.kind == ValueKind::kScores) {
+        app.add_option(names)->take_all()->allow_extra_args();
+        return;
+    }
     // An option without its value is refused in our own words.
     app.add_option(names)
         ->expected(row.IsArgument() ? 1 : 0, 1)

@@ -1,7 +1,9 @@
 #include "host/cli/command_line.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
+#include <thread>
 
 #include "host/cli/arguments.h"
 #include "host/cli/completion.h"
@@ -84,13 +86,84 @@ std::string ContradictionIn(const MergeCommand& merge) {
                    ? std::string{Say(Text::kOntoTerminal)}
                    : std::string{};
     }
+    std::error_code failed;
+    if (std::filesystem::equivalent(PathOf(merge.input), PathOf(merge.output), failed) &&
+        !merge.force) {
+        return Say(Text::kOntoInput, {merge.output});
+    }
     return IsScoreName(merge.output) || IsDeviceOrPipe(merge.output)
                ? std::string{}
                : Say(Text::kWrongExtension, {merge.output});
 }
 
+// The options that a batch gives on to the merge of each score.
+std::vector<std::string> OptionsForEach(const Arguments& arguments) {
+    std::vector<std::string> words;
+    for (const OptionRow& row : arguments.command->options) {
+        const bool isOfTheBatch = row.id == kInput || row.id == kOutput || row.id == kRecursive ||
+                                  row.id == kInPlace || row.id == kJobs || row.id == kJson ||
+                                  row.id == kQuiet || row.id == kDetails;
+        if (isOfTheBatch || !arguments.Has(row.id)) {
+            continue;
+        }
+        words.push_back(row.LongName());
+        if (row.kind != ValueKind::kNone) {
+            words.push_back(arguments.Value(row.id));
+        }
+    }
+    return words;
+}
+
+bool IsBatch(const Arguments& arguments) {
+    const std::vector<std::string>& inputs = arguments.values.at(kInput);
+    std::error_code failed;
+    const std::filesystem::path first = PathOf(inputs.front());
+    const bool isPattern = inputs.front().find_first_of("*?") != std::string::npos;
+    return inputs.size() > 1 || arguments.Has(kInPlace) ||
+           std::filesystem::is_directory(first, failed) ||
+           (isPattern && !std::filesystem::exists(first, failed));
+}
+
+BatchCommand BatchOf(const Arguments& arguments) {
+    BatchCommand batch;
+    batch.inputs = arguments.values.at(kInput);
+    batch.folder = arguments.Has(kDryRun) ? std::string{} : arguments.Value(kOutput);
+    batch.options = OptionsForEach(arguments);
+    batch.recursive = arguments.Has(kRecursive);
+    batch.inPlace = arguments.Has(kInPlace) && !arguments.Has(kDryRun);
+    batch.json = arguments.Has(kJson);
+    batch.quiet = arguments.Has(kQuiet);
+    const int processors = std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+    batch.jobs = ParseCount(arguments.Value(kJobs)).value_or(processors);
+    return batch;
+}
+
+std::string ContradictionIn(const BatchCommand& batch, const Arguments& arguments) {
+    const std::string output = arguments.Value(kOutput);
+    if (batch.inPlace && !output.empty()) {
+        return std::string{Say(Text::kOutputAndInPlace)};
+    }
+    if (output.empty() && !batch.inPlace && !arguments.Has(kDryRun)) {
+        return Say(Text::kMissingArgument, {"-o FOLDER"});
+    }
+    std::error_code failed;
+    const bool isFile = std::filesystem::exists(PathOf(output), failed) &&
+                        !std::filesystem::is_directory(PathOf(output), failed);
+    return output == kStandardStream || isFile ? Say(Text::kNeedsFolder, {output}) : std::string{};
+}
+
+std::variant<Command, ExitCode> BatchCommandOf(const Arguments& arguments) {
+    const BatchCommand batch = BatchOf(arguments);
+    const std::string problem = ContradictionIn(batch, arguments);
+    return problem.empty() ? std::variant<Command, ExitCode>{Command{batch}}
+                           : Refuse(problem, arguments.command);
+}
+
 std::variant<Command, ExitCode> CommandOf(const Arguments& arguments) {
     const CommandRow& row = *arguments.command;
+    if (row.name == "merge" && IsBatch(arguments)) {
+        return BatchCommandOf(arguments);
+    }
     if (row.name == "merge") {
         const MergeCommand merge = MergeOf(arguments);
         const std::string problem = ContradictionIn(merge);

@@ -34,6 +34,18 @@ struct MergeCommand {
     bool force = false;  // write a score onto a terminal; clear measures into which nothing moves
 };
 
+// Several scores, a folder, or scores that are written where they were.
+struct BatchCommand {
+    std::vector<std::string> inputs;
+    std::string folder;                // to write to; empty when nothing is written, or in place
+    std::vector<std::string> options;  // for the merge of each score
+    bool recursive = false;
+    bool inPlace = false;
+    bool json = false;
+    bool quiet = false;
+    int jobs = 1;  // at once
+};
+
 struct ShowCommand {
     std::string input;
     bool json = false;
@@ -55,7 +67,8 @@ enum ExitCode : int {
 
 struct DoctorCommand {};
 
-using Command = std::variant<MergeCommand, ShowCommand, CompareCommand, DoctorCommand>;
+using Command =
+    std::variant<MergeCommand, BatchCommand, ShowCommand, CompareCommand, DoctorCommand>;
 
 // The arguments without the program's own name. When there is nothing to run (help was asked
 // for, or the usage is wrong), the text went to the right stream, and the exit code is given.

@@ -7,6 +7,7 @@
 namespace standin::cli {
 
 ExitCode Merge(const MergeCommand& command);
+ExitCode MergeBatch(const BatchCommand& command);
 ExitCode Show(const ShowCommand& command);
 ExitCode CompareScores(const CompareCommand& command);
 ExitCode Doctor();

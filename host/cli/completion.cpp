@@ -24,7 +24,8 @@ std::vector<std::string> NamesOf(const OptionRow& row) {
 }
 
 bool IsScore(ValueKind kind) {
-    return kind == ValueKind::kScore || kind == ValueKind::kOutputScore;
+    return kind == ValueKind::kScore || kind == ValueKind::kScores ||
+           kind == ValueKind::kOutputScore;
 }
 
 // In single quotes, as every shell takes it.
@@ -134,7 +135,9 @@ std::vector<std::string> ZshSpecs(const OptionRow& row) {
     const std::string action = row.kind == ValueKind::kNone ? "" : ZshAction(row);
     std::vector<std::string> specs;
     for (const std::string& name : NamesOf(row)) {
-        specs.push_back(Quoted(name + "[" + ZshText(Say(row.help)) + "]" + action));
+        std::string spec = name;
+        spec.append("[").append(ZshText(Say(row.help))).append("]").append(action);
+        specs.push_back(Quoted(spec));
     }
     return specs;
 }

@@ -14,6 +14,7 @@ constexpr std::size_t kWidth = 96;
 constexpr Example kExamples[] = {
     {"plyweld merge score.mxl -o merged.mxl", Text::kExampleCarol},
     {"plyweld merge score.mxl -o merged.mxl --from 2 --to 1 --measures 5-12", Text::kExamplePart},
+    {"plyweld merge scores -o merged --verify", Text::kExampleBatch},
     {"plyweld show score.mxl", Text::kExampleShow},
 };
 
@@ -98,8 +99,8 @@ std::string UsageOf(const CommandRow& command) {
         if (row.IsArgument()) {
             usage +=
                 row.required ? " " + std::string{row.names} : " [" + std::string{row.names} + "]";
-        } else if (row.required) {
-            usage += " " + std::string{row.names.substr(0, 2)} + " " + std::string{row.value};
+        } else if (row.id == OptionId::kOutput) {
+            usage += " -o " + std::string{row.value};
         } else {
             hasOptions = true;
         }

@@ -9,15 +9,17 @@ namespace {
 using enum OptionId;
 using ValueKind::kBeat;
 using ValueKind::kChoice;
+using ValueKind::kCount;
 using ValueKind::kName;
 using ValueKind::kOutputScore;
 using ValueKind::kRange;
 using ValueKind::kScore;
+using ValueKind::kScores;
 
 constexpr std::string_view kLayerChoices = "1 2 3 4";
 
 constexpr OptionRow kMergeOptions[] = {
-    {kInput, "IN", Text::kInputHelp, kScore, "", "", "", true},
+    {kInput, "IN", Text::kInputHelp, kScores, "", "", "", true},
     {kOutput, "-o,--output", Text::kOutputHelp, kOutputScore, "OUT"},
     {kFrom, "--from", Text::kFromHelp, kChoice, "LAYER", "all", "all 1 2 3 4"},
     {kTo, "--to", Text::kToHelp, kChoice, "LAYER", "1", kLayerChoices},
@@ -29,6 +31,9 @@ constexpr OptionRow kMergeOptions[] = {
     {kToBeat, "--to-beat", Text::kToBeatHelp, kBeat, "BEAT"},
     {kStaves, "--staves", Text::kStavesHelp, kRange, "RANGE"},
     {kPart, "--part", Text::kPartHelp, kName, "NAME"},
+    {kRecursive, "-r,--recursive", Text::kRecursiveHelp},
+    {kInPlace, "--in-place", Text::kInPlaceHelp},
+    {kJobs, "-j,--jobs", Text::kJobsHelp, kCount, "N"},
     {kVerify, "--verify", Text::kVerifyHelp},
     {kDryRun, "-n,--dry-run", Text::kDryRunHelp},
     {kDetails, "--details", Text::kDetailsHelp},

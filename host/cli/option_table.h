@@ -29,6 +29,9 @@ enum class OptionId {
     kForce,
     kDetails,
     kDryRun,
+    kRecursive,
+    kInPlace,
+    kJobs,
     kSecondScore,
     kTopic,
     kShell,
@@ -37,7 +40,18 @@ enum class OptionId {
 };
 
 // What the value of an option is, for its check and for completion.
-enum class ValueKind { kNone, kScore, kOutputScore, kChoice, kRange, kMeasures, kBeat, kName };
+enum class ValueKind {
+    kNone,
+    kScore,
+    kScores,
+    kOutputScore,
+    kChoice,
+    kRange,
+    kMeasures,
+    kBeat,
+    kCount,
+    kName
+};
 
 struct OptionRow {
     OptionId id{};

@@ -87,6 +87,10 @@ std::optional<double> ParseBeat(std::string_view text) {
     return isBeat ? std::optional{beat} : std::nullopt;
 }
 
+std::optional<int> ParseCount(std::string_view text) {
+    return WholeNumber(text);
+}
+
 std::string ProblemOf(const OptionRow& row, const std::vector<std::string>& values) {
     const std::string name = row.LongName();
     const std::string& value = values.back();
@@ -96,7 +100,7 @@ std::string ProblemOf(const OptionRow& row, const std::vector<std::string>& valu
     if (value.empty()) {
         return Say(Text::kMissingValue, {name});
     }
-    if (values.size() > 1) {
+    if (values.size() > 1 && row.kind != ValueKind::kScores) {
         return Say(Text::kGivenTwice, {name});
     }
     if (row.kind == ValueKind::kChoice && !IsOneOf(row.choices, value)) {
@@ -107,6 +111,9 @@ std::string ProblemOf(const OptionRow& row, const std::vector<std::string>& valu
     }
     if (row.kind == ValueKind::kMeasures && !ParseMeasures(value)) {
         return Say(Text::kNotMeasures, {name, value});
+    }
+    if (row.kind == ValueKind::kCount && !ParseCount(value)) {
+        return Say(Text::kNotACount, {name, value});
     }
     if (row.kind == ValueKind::kBeat && !ParseBeat(value)) {
         return Say(Text::kNotABeat, {name, value});

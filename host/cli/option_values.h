@@ -32,6 +32,9 @@ std::optional<std::vector<MeasureStretch>> ParseMeasures(std::string_view text);
 // From 1 to 1000. Nothing when the text is no such number.
 std::optional<double> ParseBeat(std::string_view text);
 
+// From 1 to 32767. Nothing when the text is no such number.
+std::optional<int> ParseCount(std::string_view text);
+
 // What is wrong with the values given for an option, in one line; empty when nothing is.
 std::string ProblemOf(const OptionRow& row, const std::vector<std::string>& values);
 

@@ -101,6 +101,7 @@ private:
 
     std::vector<std::string> PitchesOf(const EXENTRY& entry) const {
         std::vector<std::string> pitches;
+        pitches.reserve(static_cast<std::size_t>(entry.noteCount));
         for (int i = 0; i < entry.noteCount; ++i) {
             pitches.push_back(NameOfNote(m_document, m_result.measure, entry.notes[i]));
         }

@@ -52,6 +52,10 @@ void PrepareStreams();
 // Makes the file, or empties it, and brings the bytes to the disk. Returns what failed.
 std::error_code WriteThrough(const std::filesystem::path& file, std::string_view bytes);
 
+// A new folder for files of this run alone, among the system's temporary files. Throws when there
+// can be none.
+std::filesystem::path MakeTemporaryFolder();
+
 // Brings the names in a folder to the disk, where the system can do that.
 void FlushFolder(const std::filesystem::path& folder);
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstdlib>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -87,6 +88,14 @@ std::error_code WriteThrough(const std::filesystem::path& file, std::string_view
     // A pipe or a device has nothing to bring to a disk.
     const bool failed = fsync(out.descriptor) != 0 && errno != EINVAL && errno != EROFS;
     return failed ? LastError() : std::error_code{};
+}
+
+std::filesystem::path MakeTemporaryFolder() {
+    std::string name = (std::filesystem::temp_directory_path() / "plyweld-XXXXXX").string();
+    if (mkdtemp(name.data()) == nullptr) {
+        throw std::system_error{LastError()};
+    }
+    return name;
 }
 
 void FlushFolder(const std::filesystem::path& folder) {

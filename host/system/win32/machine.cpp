@@ -110,6 +110,15 @@ std::error_code WriteThrough(const std::filesystem::path& file, std::string_view
     return failed;
 }
 
+std::filesystem::path MakeTemporaryFolder() {
+    // The number of the process names it alone as long as it runs.
+    const std::filesystem::path folder = std::filesystem::temp_directory_path() /
+                                         ("plyweld-" + std::to_string(GetCurrentProcessId()));
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directory(folder);
+    return folder;
+}
+
 void FlushFolder(const std::filesystem::path&) {}
 
 bool ErrorsGoToTerminal() {

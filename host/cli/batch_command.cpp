@@ -1,0 +1,202 @@
+#include <algorithm>
+#include <atomic>
+#include <fstream>
+#include <iostream>
+#include <mutex>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <thread>
+
+#include "host/cli/batch.h"
+#include "host/cli/commands.h"
+#include "host/cli/output_file.h"
+#include "host/system/child_process.h"
+#include "host/system/machine.h"
+
+namespace standin::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ContentOf(const fs::path& file) {
+    std::ostringstream text;
+    text << std::ifstream{file, std::ios::binary}.rdbuf();
+    return std::move(text).str();
+}
+
+struct Totals {
+    int chords = 0;
+    int notes = 0;
+    int stayed = 0;
+};
+
+std::string Count(int number, Text one, Text many) {
+    return Say(number == 1 ? one : many, {std::to_string(number)});
+}
+
+std::string Summary(Text line, std::vector<std::string> start, const Totals& totals) {
+    start.push_back(Count(totals.chords, Text::kOneChordFormed, Text::kManyChordsFormed));
+    start.push_back(Count(totals.notes, Text::kOneNoteMoved, Text::kManyNotesMoved));
+    start.push_back(Count(totals.stayed, Text::kOneStayedShort, Text::kManyStayedShort));
+    return Say(line, start);
+}
+
+// Merges each score by a run of this program of its own, some of them at once: what one of them
+// does to its memory, or to its process, is no matter of the others.
+class Batch {
+public:
+    Batch(const BatchCommand& command, std::vector<BatchItem> items)
+        : m_command{command},
+          m_items{std::move(items)},
+          m_temporary{machine::MakeTemporaryFolder()} {}
+    ~Batch() {
+        std::error_code failed;
+        fs::remove_all(m_temporary, failed);
+    }
+    Batch(const Batch&) = delete;
+    Batch& operator=(const Batch&) = delete;
+
+    ExitCode Run() {
+        std::vector<std::thread> workers;
+        const std::size_t count =
+            std::min(m_items.size(), static_cast<std::size_t>(m_command.jobs));
+        workers.reserve(count);
+        for (std::size_t i = 0; i < count; ++i) {
+            workers.emplace_back([this] { Work(); });
+        }
+        for (std::thread& worker : workers) {
+            worker.join();
+        }
+        Conclude();
+        if (m_interrupted) {
+            return kInterrupted;
+        }
+        return m_failed.empty() ? kDone : kFailed;
+    }
+
+private:
+    void Work() {
+        for (std::size_t next = m_next++; next < m_items.size() && !m_interrupted;
+             next = m_next++) {
+            MergeOne(next);
+        }
+    }
+
+    void MergeOne(std::size_t index) {
+        const BatchItem& item = m_items[index];
+        const fs::path report = m_temporary / (std::to_string(index) + ".json");
+        const fs::path errors = m_temporary / (std::to_string(index) + ".txt");
+        fs::path target = item.output;
+        if (m_command.inPlace) {
+            target = m_temporary / std::to_string(index);
+            target += item.input.extension();
+        }
+        int exitCode = kFailed;
+        std::string problem = m_command.inPlace ? std::string{} : MakeFolderOf(target);
+        if (problem.empty()) {
+            std::vector<std::string> arguments{"merge", TextOf(item.input), "--json"};
+            if (!target.empty()) {
+                arguments.insert(arguments.end(), {"-o", TextOf(target)});
+            }
+            arguments.insert(arguments.end(), m_command.options.begin(), m_command.options.end());
+            exitCode = machine::RunThisProgram(arguments, report, errors);
+            problem = exitCode < 0 ? Say(Text::kCrashed, {TextOf(item.input)}) : std::string{};
+        }
+        if (exitCode == kDone && m_command.inPlace) {
+            problem = PutInPlace(item.input, target);
+        }
+        const std::lock_guard lock{m_output};
+        m_interrupted = m_interrupted || exitCode == kInterrupted;
+        std::cerr << ContentOf(errors);
+        if (!problem.empty()) {
+            std::cerr << "plyweld: " << problem << '\n';
+        }
+        const bool isDone = exitCode == kDone && problem.empty();
+        Tell(item, isDone ? ContentOf(report) : std::string{});
+    }
+
+    // Both say what went wrong.
+    static std::string MakeFolderOf(const fs::path& file) {
+        std::error_code failed;
+        if (!file.parent_path().empty()) {
+            fs::create_directories(file.parent_path(), failed);
+        }
+        return failed ? Say(Text::kCannotMakeFolder, {TextOf(file.parent_path()), failed.message()})
+                      : std::string{};
+    }
+
+    static std::string PutInPlace(const fs::path& score, const fs::path& merged) {
+        fs::path backup = score;
+        backup += ".bak";
+        std::error_code failed;
+        if (fs::exists(backup, failed)) {
+            return Say(Text::kBackupExists, {TextOf(backup)});
+        }
+        fs::copy_file(score, backup, failed);
+        if (failed) {
+            return Say(Text::kCannotKeep, {TextOf(score), failed.message()});
+        }
+        const std::string problem = WriteWhole(TextOf(score), ContentOf(merged));
+        return problem.empty() ? problem : TextOf(score) + ": " + problem;
+    }
+
+    // report: empty when the score was not merged.
+    void Tell(const BatchItem& item, const std::string& report) {
+        const std::string name = TextOf(item.input);
+        auto json = nlohmann::ordered_json::parse(report, nullptr, false);
+        if (json.is_discarded() || !json.contains("totals")) {
+            m_failed.push_back(name);
+            return;
+        }
+        const auto& counts = json["totals"];
+        const Totals totals{counts["chordsFormed"], counts["notesMoved"], counts["stayed"]};
+        m_totals.chords += totals.chords;
+        m_totals.notes += totals.notes;
+        m_totals.stayed += totals.stayed;
+        if (m_command.json) {
+            json["output"] = m_command.inPlace ? json["input"] : json["output"];
+            m_reports.push_back(json);
+        } else if (!m_command.quiet) {
+            std::cout << Summary(Text::kSummaryLine, {name}, totals) << '\n' << std::flush;
+        }
+    }
+
+    void Conclude() {
+        if (m_command.json) {
+            std::cout << m_reports.dump(2) << '\n';
+        } else if (!m_command.quiet) {
+            const std::size_t done = m_items.size() - m_failed.size();
+            std::cout << Summary(Text::kTotalLine,
+                                 {std::to_string(done), std::to_string(m_items.size())}, m_totals)
+                      << '\n';
+        }
+        std::sort(m_failed.begin(), m_failed.end());
+        for (const std::string& name : m_failed) {
+            std::cerr << "plyweld: " << Say(Text::kFailedLine, {name}) << '\n';
+        }
+    }
+
+    const BatchCommand& m_command;
+    const std::vector<BatchItem> m_items;
+    const fs::path m_temporary;
+    std::atomic<std::size_t> m_next = 0;
+    std::atomic<bool> m_interrupted = false;
+    std::mutex m_output;  // guards what follows, and the streams
+    Totals m_totals;
+    std::vector<std::string> m_failed;
+    nlohmann::ordered_json m_reports = nlohmann::ordered_json::array();
+};
+
+}  // namespace
+
+ExitCode MergeBatch(const BatchCommand& command) {
+    auto found = ItemsOf(command);
+    if (const auto* problem = std::get_if<std::string>(&found)) {
+        std::cerr << "plyweld: " << *problem << '\n';
+        return kUsage;
+    }
+    return Batch{command, std::move(std::get<std::vector<BatchItem>>(found))}.Run();
+}
+
+}  // namespace standin::cli
