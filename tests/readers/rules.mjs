@@ -42,6 +42,15 @@ const rules = [
                 findings.some(({ fact: note }) => note?.aspect === "note" && sharesTimeAndPitch(fact, note))),
     },
     {
+        name: "several notations of one note",
+        reader: "verovio",
+        why: "verovio reads the first <articulations> of a note. A note that is written anew has all of them in one, and is read in full.",
+        explains: ({ side, fact }, { source }) =>
+            side === "new" &&
+            fact.aspect === "articulation" &&
+            /<\/(notations|articulations)>\s*<\1/.test(source),
+    },
+    {
         name: "one fermata to a chord",
         why: "Both programs put one fermata on a chord, also where two of its notes bring one of different shapes.",
         explains: ({ side, fact }, { after }) =>
