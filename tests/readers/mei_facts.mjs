@@ -158,28 +158,32 @@ class MeiReader {
             if (leftOut.has(element.name) || !lineEnds.some((end) => attributes[end] !== undefined)) {
                 continue;
             }
-            const isOfNotes = element.name === "tie" || element.name === "gliss" || element.name === "lv";
-            const ends = [this.endOf(attributes.startid, attributes.tstamp, attributes.staff, isOfNotes)];
-            if (attributes.endid !== undefined || attributes.tstamp2 !== undefined) {
-                ends.push(this.endOf(attributes.endid, attributes.tstamp2, attributes.staff, isOfNotes));
-            }
-            if (element.name === "octave") {
-                ends.forEach((end) => delete end.pitches); // it has times, verovio looks for entries at them
+            const { startid, endid, tstamp, tstamp2, staff } = attributes;
+            const ends = [this.endOf(element, startid, tstamp, staff)];
+            if (endid !== undefined || tstamp2 !== undefined) {
+                ends.push(this.endOf(element, endid, tstamp2, staff));
             }
             const what = kinds.flatMap((kind) => (attributes[kind] === undefined ? [] : [attributes[kind]]));
             this.facts.add(element.name, ends, [...what, element.text].join(" ").trim());
         }
     }
 
-    endOf(id, time, staff, isOfNotes) {
+    endOf({ name }, id, time, staff) {
+        const isOctave = name === "octave";
+        const isOfNotes = name === "tie" || name === "gliss" || name === "lv";
         if (id === undefined) {
             const [beat, measures] = (time ?? "").split("+").reverse();
             const measure = this.measure + Number.parseInt(measures ?? "0", 10);
             return { measure, text: `m. ${measure}, staff ${staff}, beat ${beat}` };
         }
         const key = id.replace("#", "");
+        if (isOctave) {
+            // verovio gives it to the entries beside it in the text, whatever their voice.
+            const { measure } = this.places.get(key) ?? this;
+            return { measure, text: `m. ${measure}` };
+        }
         const place = (isOfNotes ? undefined : this.chords.get(key)) ?? this.places.get(key);
-        return place === undefined ? { measure: this.measure, text: "nowhere" } : { ...place };
+        return place ?? { measure: this.measure, text: "nowhere" };
     }
 }
 
