@@ -9,7 +9,7 @@
 namespace standin {
 namespace {
 
-constexpr DetailKindRow kRows[] = {
+constexpr DetailKindRow kDetailKinds[] = {
 #define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, ...) \
     {tag, downTag, DetailFlag::flag, 0, false, false},
 #define NOTE_DETAIL(name, structure, tag, flag, noteFlag, ...) \
@@ -21,15 +21,15 @@ constexpr DetailKindRow kRows[] = {
 }  // namespace
 
 std::span<const DetailKindRow> DetailKinds() noexcept {
-    return kRows;
+    return kDetailKinds;
 }
 
 const DetailKindRow* FindDetailKind(u32 tag) noexcept {
-    const auto* const found =
-        std::find_if(std::begin(kRows), std::end(kRows), [tag](const DetailKindRow& row) {
+    const auto* const found = std::find_if(
+        std::begin(kDetailKinds), std::end(kDetailKinds), [tag](const DetailKindRow& row) {
             return row.tag == tag || (row.downTag == tag && tag != 0);
         });
-    return found != std::end(kRows) ? found : nullptr;
+    return found != std::end(kDetailKinds) ? found : nullptr;
 }
 
 u32 DetailFlagOf(u32 tag) noexcept {

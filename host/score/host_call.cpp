@@ -8,28 +8,28 @@
 namespace standin {
 namespace {
 
-struct Row {
+struct CallRow {
     const char* name;
     bool hasResult;
 };
 
-constexpr Row kRows[] = {
+constexpr CallRow kCalls[] = {
 #define HOST_CALLBACK(name, function, result, missing, parameters) \
     {#function, !std::is_void_v<result>},
 #include "shell/host/host_callbacks.inc"
 #undef HOST_CALLBACK
     {"", false},
 };
-static_assert(std::size(kRows) == kHostCallCount + 1);
+static_assert(std::size(kCalls) == kHostCallCount + 1);
 
 }  // namespace
 
 const char* NameOf(HostCall call) noexcept {
-    return kRows[static_cast<std::size_t>(call)].name;
+    return kCalls[static_cast<std::size_t>(call)].name;
 }
 
 bool HasResult(HostCall call) noexcept {
-    return kRows[static_cast<std::size_t>(call)].hasResult;
+    return kCalls[static_cast<std::size_t>(call)].hasResult;
 }
 
 }  // namespace standin

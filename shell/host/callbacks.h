@@ -9,7 +9,7 @@
 namespace Host {
 
 #define HOST_CALLBACK(name, function, result, missing, parameters) \
-    inline constinit Callback<decltype(function)> name{#function, missing};
+    inline constinit auto name = Callback<decltype(function)>{#function, missing};
 #include "shell/host/host_callbacks.inc"
 #undef HOST_CALLBACK
 
