@@ -115,7 +115,7 @@ private:
             if (HasEnd(was.start, is.start) && HasEnd(was.stop, is.stop)) {
                 isFound = true;
                 m_isFound[index] = true;
-                stopStandsFirst = stopStandsFirst && is.stopStandsFirst;
+                stopStandsFirst = stopStandsFirst && is.stopStandsFirst && is.couldRunForward;
             }
         };
         const auto [first, last] = m_linesAfter.equal_range(key);
@@ -143,7 +143,8 @@ private:
 
     // Of a tuplet.
     void CheckOrder(const Line& is) const {
-        if (is.stopStandsFirst && !m_stopFirstBefore.contains(KeyOf(m_after, is))) {
+        if (is.stopStandsFirst && is.couldRunForward &&
+            !m_stopFirstBefore.contains(KeyOf(m_after, is))) {
             Report(m_after, is, kStopStandsFirst);
         }
     }

@@ -9,14 +9,17 @@ namespace {
 
 struct Slip {
     bool Chord::*mark;
+    bool Chord::*counts;  // without it, the mark is nobody's fault
     const char* words;
 };
 
 constexpr Slip kSlips[] = {
-    {&Chord::sharesTime, "shares time with its own voice"},
-    {&Chord::onTwoStaves, "stands in a voice that sounds on two staves at once"},
-    {&Chord::tieRunsBackward, "is tied to a note that stands before it in the file"},
-    {&Chord::repeatsLyric, "has two lyrics with one number"},
+    {&Chord::sharesTime, &Chord::sharesTime, "shares time with its own voice"},
+    {&Chord::onTwoStaves, &Chord::onTwoStaves,
+     "stands in a voice that sounds on two staves at once"},
+    {&Chord::tieRunsBackward, &Chord::tieCouldRunForward,
+     "is tied to a note that stands before it in the file"},
+    {&Chord::repeatsLyric, &Chord::repeatsLyric, "has two lyrics with one number"},
 };
 
 // What had the slip before: notes by place, and voices of whole measures for rests.
@@ -52,7 +55,7 @@ struct Known {
 void CompareSlips(const Comparison& comparison, const Slip& slip) {
     const Known known{comparison.before, slip.mark};
     for (const Chord& chord : comparison.after.score.chords) {
-        if (chord.*slip.mark && !known.Has(comparison.after, chord)) {
+        if (chord.*slip.counts && !known.Has(comparison.after, chord)) {
             comparison.findings.Add(
                 chord.part, chord.place,
                 WordsForNote(comparison, comparison.after, chord.notes.begin) + ' ' + slip.words);

@@ -38,7 +38,7 @@ void LinePairing::Add(u32 end) {
         Close(open);
         Add(end);
     } else {
-        m_score.lines.push_back({start, stop, !waitsForStop});
+        m_score.lines.push_back({start, stop, !waitsForStop, false});
         open = {};
     }
 }

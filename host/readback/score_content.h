@@ -59,12 +59,13 @@ struct Chord {
     u32 grace = 0;  // 0, or how many grace notes before the next other note, itself included
     ExactTime duration;
     bool rest = false;
-    bool hidden = false;           // of a rest: not printed
-    bool modified = false;         // has a time modification
-    bool sharesTime = false;       // with another of its voice and staff
-    bool onTwoStaves = false;      // its voice sounds on another staff, too
-    bool repeatsLyric = false;     // two lyrics have one number
-    bool tieRunsBackward = false;  // where its tie ends stands before it in the text
+    bool hidden = false;              // of a rest: not printed
+    bool modified = false;            // has a time modification
+    bool sharesTime = false;          // with another of its voice and staff
+    bool onTwoStaves = false;         // its voice sounds on another staff, too
+    bool repeatsLyric = false;        // two lyrics have one number
+    bool tieRunsBackward = false;     // where its tie ends stands before it in the text
+    bool tieCouldRunForward = false;  // with its voices the other way round
     Range notes;
     std::vector<u32> brackets;  // of the tuplets it is in, by text
 
@@ -95,6 +96,7 @@ struct Line {
     u32 start = 0;  // ends
     u32 stop = 0;
     bool stopStandsFirst = false;  // in the text
+    bool couldRunForward = false;  // with its voices the other way round
 };
 
 // A tuplet with <backup> or <forward> between its notes.

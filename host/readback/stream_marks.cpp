@@ -7,6 +7,8 @@
 #include <tuple>
 #include <vector>
 
+#include "host/readback/voice_order.h"
+
 namespace standin::readback {
 namespace {
 
@@ -80,8 +82,14 @@ void MarkTuplets(Score& score, Texts& texts) {
     }
 }
 
-// Where a tie within a measure ends is looked for by pitch and staff, as readers do.
-void MarkTies(Score& score) {
+// From a chord to one that stands in another place of the text.
+struct Run {
+    u32 from = 0;  // chords
+    u32 to = 0;
+};
+
+// Ties within a measure: where each ends is looked for by pitch and staff, as readers do.
+std::vector<Run> TiesOf(const Score& score) {
     const auto keyOf = [&score](const Note& note, ExactTime time) {
         const Chord& chord = score.chords[note.chord];
         return std::tuple{chord.place.staff, chord.place.measure, time, note.pitch};
@@ -93,14 +101,59 @@ void MarkTies(Score& score) {
             lastStop[keyOf(note, score.chords[note.chord].place.onset)] = note.chord;
         }
     }
+    std::vector<Run> ties;
     for (const Note& note : score.notes) {
-        if (note.tieStart) {
-            const auto stop =
-                lastStop.find(keyOf(note, score.chords[note.chord].place.onset + note.duration));
-            Chord& chord = score.chords[note.chord];
-            chord.tieRunsBackward =
-                chord.tieRunsBackward || (stop != lastStop.end() && stop->second < note.chord);
+        const auto stop =
+            note.tieStart
+                ? lastStop.find(keyOf(note, score.chords[note.chord].place.onset + note.duration))
+                : lastStop.end();
+        if (stop != lastStop.end()) {
+            ties.push_back({note.chord, stop->second});
         }
+    }
+    return ties;
+}
+
+VoiceOrder& OrderAt(VoiceOrders& orders, const Chord& chord) {
+    return orders[{chord.part, chord.place.measure}];
+}
+
+void Want(const Score& score, const Run& run, VoiceOrders& orders) {
+    const Chord& from = score.chords[run.from];
+    const Chord& to = score.chords[run.to];
+    if (from.place.measure == to.place.measure && from.voice != to.voice) {
+        OrderAt(orders, from).Want(from.voice, to.voice);
+    }
+}
+
+void MarkOrder(Score& score) {
+    const std::vector<Run> ties = TiesOf(score);
+    VoiceOrders orders;
+    for (const Run& tie : ties) {
+        Want(score, tie, orders);
+    }
+    const auto runOf = [&score](const Line& line) {
+        return Run{score.ends[line.start].chord, score.ends[line.stop].chord};
+    };
+    for (const Line& line : score.lines) {
+        if (runOf(line).from != kNone && runOf(line).to != kNone) {
+            Want(score, runOf(line), orders);
+        }
+    }
+    const auto allows = [&](const Run& run) {
+        const Chord& from = score.chords[run.from];
+        const Chord& to = score.chords[run.to];
+        return from.voice == to.voice || OrderAt(orders, from).Allows(from.voice, to.voice);
+    };
+    for (const Run& tie : ties) {
+        Chord& chord = score.chords[tie.from];
+        const bool backward = tie.to < tie.from;
+        chord.tieRunsBackward = chord.tieRunsBackward || backward;
+        chord.tieCouldRunForward = chord.tieCouldRunForward || (backward && allows(tie));
+    }
+    for (Line& line : score.lines) {
+        const Run run = runOf(line);
+        line.couldRunForward = run.from == kNone || run.to == kNone || allows(run);
     }
 }
 
@@ -123,7 +176,7 @@ void MarkLyrics(Score& score) {
 void MarkStreams(Score& score, Texts& texts) {
     MarkSharedTime(score);
     MarkTuplets(score, texts);
-    MarkTies(score);
+    MarkOrder(score);
     MarkLyrics(score);
 }
 

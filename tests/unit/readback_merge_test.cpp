@@ -300,6 +300,11 @@ const struct {
     {"GraceNotesOfOneVoicePart",
      {Grace("D5", "2") + Grace("E5", "2") + Half("C5", "2")},
      {Grace("E5", "1") + Half("C5", "1") + Backup(4) + Grace("D5", "2")}},
+    {"TiesThatCrossBetweenVoicesCannotAllRunForward",
+     {Half("C5", "1", Tied("start")) + Half("C5", "1", Tied("stop")) + Backup(8) +
+      Half("C4", "2", Tied("start")) + Half("C4", "2", Tied("stop"))},
+     {Half("C5", "1", Tied("start")) + Half("C4", "1", Tied("stop")) + Backup(8) +
+      Half("C4", "2", Tied("start")) + Half("C5", "2", Tied("stop"))}},
     {"StopThatStoodBeforeItsStart",
      {Forward(4) + Half("D5", "1", Slur("stop")) + Backup(8) + Half("C5", "2", Slur("start"))},
      {Forward(4) + Half("D5", "1", Slur("stop")) + Backup(8) + Half("C5", "1", Slur("start"))}},
