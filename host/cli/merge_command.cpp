@@ -9,12 +9,11 @@
 #include "host/cli/open_score.h"
 #include "host/cli/output_file.h"
 #include "host/cli/selection.h"
-#include "host/musicxml/music/compare.h"
+#include "host/cli/verified_merge.h"
 #include "host/musicxml/write/write_score.h"
 #include "host/musicxml/xml/archive.h"
 #include "host/report/report_json.h"
 #include "host/report/report_text.h"
-#include "host/verify/merge_faults.h"
 
 namespace standin::cli {
 
@@ -46,60 +45,6 @@ OwnLayers LayersNamed(const MergeOptions& options) {
     }
     return own;
 }
-
-// Merges stretch by stretch, and holds the result against the score before.
-class VerifiedMerge {
-public:
-    VerifiedMerge(const OpenScore& open, const MergeCommand& command)
-        : m_document{open.GetDocument()}, m_command{command} {
-        if (command.verify) {
-            m_before = MusicOf(open.Score());
-        }
-    }
-
-    MergeRun Run(const EREGION& selection) {
-        if (!m_command.verify) {
-            return RunMerge(m_document, selection, m_command.options);
-        }
-        m_document.selection = selection;
-        const DocumentContent start = StartOfMerge(m_document, m_command.options);
-        MergeRun run = RunMerge(m_document, selection, m_command.options);
-        for (std::string& fault :
-             FaultsOfMerge(m_document, start, m_document.Content(), m_command.options)) {
-            m_losses.push_back(std::move(fault));
-        }
-        return run;
-    }
-
-    // What the document or the output lacks; empty when no music was lost, and without --verify.
-    std::vector<std::string> Losses(const std::string& bytes,
-                                    const std::vector<EREGION>& selections) {
-        if (!m_command.verify) {
-            return {};
-        }
-        const ReadResult after = ReadScore(bytes);
-        if (!after) {
-            return {"the result cannot be read: " + after.message};
-        }
-        CompareOptions options;
-        options.merged = true;
-        if (m_command.options.mode != 0) {
-            for (const EREGION& selection : selections) {
-                options.replaced.push_back({selection, m_command.options.destination});
-            }
-        }
-        for (std::string& loss : Compare(m_before, MusicOf(*after.score), options)) {
-            m_losses.push_back(std::move(loss));
-        }
-        return m_losses;
-    }
-
-private:
-    Document& m_document;
-    const MergeCommand& m_command;
-    Music m_before;
-    std::vector<std::string> m_losses;
-};
 
 // Why Replace is not let loose on the score; empty when it may be. The plug-in itself clears what
 // is selected, as it was told to; here nobody sees the score while it happens.
@@ -146,7 +91,7 @@ ExitCode Merge(const MergeCommand& command) {
         return Fail(kUsage, command.input + ": " + *problem);
     }
     const auto& selections = std::get<std::vector<EREGION>>(found);
-    VerifiedMerge merge{open, command};
+    VerifiedMerge merge{open.Score(), command.options, command.verify};
     for (const EREGION& selection : selections) {
         const MergeRun run = merge.Run(selection);
         if (!run.problem.empty()) {
@@ -164,7 +109,7 @@ ExitCode Merge(const MergeCommand& command) {
     if (!unwritable.empty()) {
         return Fail(kFailed, command.input + ": " + unwritable);
     }
-    const std::vector<std::string> losses = merge.Losses(bytes, selections);
+    const std::vector<std::string> losses = merge.Losses(bytes);
     for (const std::string& loss : losses) {
         std::cerr << loss << '\n';
     }
