@@ -44,20 +44,41 @@ bool IsEnd(const FinPITGFPtr& frame, u16 record) {
     return !hasLater && last.DocumentID() == frame.Document();
 }
 
+// The number of the first record from this one on; kNoInci = none.
+u16 FirstNumberFrom(u16 measure, u16 record) {
+    ExpressionAssignRecord next(record == 0 ? static_cast<u16>(measure - 1) : measure,
+                                static_cast<u16>(record - 1));
+    return next.LoadNext() != 0 && next.GetCmper1() == measure ? next.Inci() : kNoInci;
+}
+
+// Where to go on after a record that did not load: behind a gap, or, with kNoInci, nowhere. An
+// error is pending where the host refused the load.
+u16 NumberAfterMissing(const FinPIScoreExpr& missing, const FinPITGFPtr& frame, u16 record) {
+    if (IsEnd(frame, record)) {
+        return kNoInci;
+    }
+    const u16 later = FirstNumberFrom(frame.Measure(), record);
+    if (later == kNoInci || later <= record) {
+        PostNotLoaded(missing);
+        return kNoInci;
+    }
+    return later;
+}
+
 // Record numbers of the measure's expressions that may follow.
 std::set<u16> Collect(const FramePair& frames, u16 layer) {
     std::set<u16> candidates;
-    for (u16 record = 0; record < kNoInci; ++record) {
-        FinPIScoreExpr expression(frames.destination.Measure(), record);
+    const u16 measure = frames.destination.Measure();
+    for (u16 record = 0; record < kNoInci;) {
+        FinPIScoreExpr expression(measure, record);
         if (expression.Load() == 0) {
-            if (!IsEnd(frames.destination, record)) {
-                PostNotLoaded(expression);
-            }
-            break;
+            record = NumberAfterMissing(expression, frames.destination, record);
+            continue;
         }
         if (IsCandidate(expression, frames, layer)) {
             candidates.insert(record);
         }
+        ++record;
     }
     return candidates;
 }

@@ -29,11 +29,12 @@ i64 ReferenceLength(const EDTTuplet2005& tuplet) {
 std::vector<EDTTuplet2005> LoadTuplets(u32 entryNumber) {
     std::vector<EDTTuplet2005> tuplets;
     EDTTuplet2005 tuplet{};
-    for (u16 record = 0; record < kDeepestNesting; ++record) {
-        const EntryDetailKey key{entryNumber, record};
+    EntryDetailKey key{entryNumber - 1, 0xFFFF};
+    for (u16 i = 0; i < kDeepestNesting; ++i) {
         u32 size = sizeof(tuplet);
-        if (Host::LoadEData(EntryDetailTag::kTuplet, static_cast<const void*>(&key),
-                            static_cast<void*>(&tuplet), &size, kInterfaceVersion) == 0) {
+        if (Host::NextEData(EntryDetailTag::kTuplet, static_cast<void*>(&key),
+                            static_cast<void*>(&tuplet), &size, kInterfaceVersion) == 0 ||
+            key.entryNumber != entryNumber) {
             break;
         }
         if (SymbolicLength(tuplet) > 0 && ReferenceLength(tuplet) > 0) {

@@ -18,7 +18,7 @@ struct TupletSpan {
     i16 referenceUnitDuration;
 };
 
-// In order of their starts, outer tuplets before those inside. Rests on FX_LoadEData, for
+// In order of their starts, outer tuplets before those inside. Rests on FX_NextEData, for
 // entries that have tuplets.
 std::vector<TupletSpan> TupletsOf(const FinPITGFPtr& frame);
 

@@ -41,7 +41,11 @@ i16 FX_GetDocumentPath(u16 document, char16* buffer, u32 units, u32 version) {
     return Serve(HostCall::kGetDocumentPath, version, i16{0}, [&](Application& app) -> i16 {
         const Document* found = app.FindDocument(document);
         const bool copied = found != nullptr && CopyText(found->Path(), buffer, units);
-        return copied ? i16{1} : RefuseByRule(app, i16{0});
+        if (!copied) {
+            return RefuseByRule(app, i16{0});
+        }
+        WriteOn(app, buffer + units);
+        return 1;
     });
 }
 
@@ -71,14 +75,18 @@ i16 FX_SetCurrentPartInView(i16 part, u32 version) {
 }
 
 i16 FX_GetPartName_UTF16(i16 part, char16* buffer, u32 units, u32 version) {
-    return ServeDocument(
-        HostCall::kGetPartName, version, i16{0}, [&](Application& app, Document& document) -> i16 {
-            const Part* found = document.FindPart(part);
-            if (found == nullptr) {
-                return 0;
-            }
-            return CopyText(found->name, buffer, units) ? i16{1} : RefuseByRule(app, i16{0});
-        });
+    return ServeDocument(HostCall::kGetPartName, version, i16{0},
+                         [&](Application& app, Document& document) -> i16 {
+                             const Part* found = document.FindPart(part);
+                             if (found == nullptr) {
+                                 return 0;
+                             }
+                             if (!CopyText(found->name, buffer, units)) {
+                                 return RefuseByRule(app, i16{0});
+                             }
+                             WriteOn(app, buffer + units);
+                             return 1;
+                         });
 }
 
 i16 FX_AutoNumberedName_UTF16(u16 staff, i16 measure, i32 position, char16* buffer, u32 version) {

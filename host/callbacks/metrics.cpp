@@ -87,6 +87,7 @@ i16 Measure(HostCall call, EXFRAME* frame, i16 index, ENTRYMETRICS* out, u32 ver
         out->bottom = (range.lowest - 1) * kUnitsPerStep;
         out->stemDirection = StemDirection(app, document, loan->Key(), entry);
         out->pageNumber = document.PageOfMeasure(loan->Key().measure);
+        WriteOn(app, out + 1);
         return 1;
     });
 }

@@ -162,7 +162,10 @@ i16 FX_DeleteEData(u32 tag, const void* key, u32 version) {
             if (call.family == RecordFamily::kStaffAt || call.family == RecordFamily::kPreference) {
                 return RefuseByRule(app, i16{0});
             }
-            if (!call.records.Delete(call.tag, call.key)) {
+            const bool leavesGap = app.manners.gaps && call.family == RecordFamily::kEntryDetail;
+            if (!call.records.Delete(
+                    call.tag, call.key,
+                    leavesGap ? RecordStore::After::kGap : RecordStore::After::kCloseUp)) {
                 return 0;
             }
             call.AfterChange();

@@ -1,6 +1,7 @@
 #include "host/callbacks/serve.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace standin {
 
@@ -27,6 +28,14 @@ i16 Mannered(HostCall call, i16 result) noexcept {
         return result;
     }
     return manners.talkative ? i16{1} : i16{0};
+}
+
+void WriteOn(const Application& app, void* end) noexcept {
+    constexpr std::size_t kBytes = 512;
+    constexpr int kPattern = 0xA5;
+    if (app.manners.wide) {
+        std::memset(end, kPattern, kBytes);
+    }
 }
 
 bool CopyText(const std::u16string& text, char16* buffer, u32 units) noexcept {

@@ -60,6 +60,9 @@ Result ServeDocument(HostCall call, u32 version, Result refused, Body body) noex
     });
 }
 
+// A wide host writes on behind what it was asked for, where it was told no size.
+void WriteOn(const Application& app, void* end) noexcept;
+
 // Copies as much as fits and ends it with a 0. False when there is no room at all.
 bool CopyText(const std::u16string& text, char16* buffer, u32 units) noexcept;
 

@@ -29,6 +29,7 @@ i16 FX_GetCurrentWindowInfo(WINDOWINFO* out, u32 version) {
                              *out = WINDOWINFO{};
                              out->document = document.Number();
                              out->view = app.view;
+                             WriteOn(app, out + 1);
                              return 1;
                          });
 }

@@ -11,6 +11,8 @@ namespace standin {
 struct Manners {
     bool taciturn = false;   // results that nobody promised are 0, whatever the call did
     bool talkative = false;  // they are 1, also when the call did nothing
+    bool wide = false;       // what it fills without being told a size is longer than assumed
+    bool gaps = false;       // record numbers of entry details do not close up after a delete
 
     bool operator==(const Manners&) const = default;
 };
@@ -25,6 +27,8 @@ struct Manner {
 inline constexpr Manner kManners[] = {
     {"taciturn", &Manners::taciturn},
     {"talkative", &Manners::talkative},
+    {"wide", &Manners::wide},
+    {"gaps", &Manners::gaps},
 };
 
 // From names joined by commas; empty when one of them is no manner's.

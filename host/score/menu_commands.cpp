@@ -60,17 +60,15 @@ i32 PositionInMeasure(const Document& document, FrameKey key, const EXENTRY& ent
 
 // Leaves a visible rest of the same duration; what is written on the note goes, tuplets stay.
 void TurnIntoRest(Document& document, EXENTRY& entry) {
-    std::vector<std::pair<u32, u16>> counts;  // of the details that go, by tag
+    std::vector<std::pair<u32, RecordKey>> doomed;  // the last ones first
     RecordStore& records = document.Records();
     records.ForEachDetail(entry.entryNumber, [&](u32 tag, RecordKey key, const Bytes&) {
-        if (tag != Tag::kTuplet && key.Inci() == 0) {
-            counts.emplace_back(tag, records.CountOfEntry(tag, entry.entryNumber));
+        if (tag != Tag::kTuplet) {
+            doomed.insert(doomed.begin(), {tag, key});
         }
     });
-    for (auto [tag, count] : counts) {
-        while (count > 0) {
-            records.Delete(tag, RecordKey::OfEntry(entry.entryNumber, --count));
-        }
+    for (const auto& [tag, key] : doomed) {
+        records.Delete(tag, key);
     }
     constexpr u32 kStays = EntryFlag::kVoice2 | EntryFlag::kLaunchVoice2 | DetailFlag::kTuplet;
     entry.flags = (entry.flags & kStays) | EntryFlag::kMadeRest | EntryFlag::kNoNotes;

@@ -76,7 +76,7 @@ std::optional<RecordKey> RecordStore::Create(u32 tag, RecordKey key, Bytes bytes
     return key;
 }
 
-bool RecordStore::Delete(u32 tag, RecordKey key) {
+bool RecordStore::Delete(u32 tag, RecordKey key, After after) {
     const auto named = m_tables.find(tag);
     if (named == m_tables.end()) {
         return false;
@@ -88,7 +88,8 @@ bool RecordStore::Delete(u32 tag, RecordKey key) {
     }
     Tell(tag, key, &at->second);
     at = table.erase(at);
-    while (HasRecordNumbers(tag) && at != table.end() && at->first.Item() == key.Item()) {
+    while (after == After::kCloseUp && HasRecordNumbers(tag) && at != table.end() &&
+           at->first.Item() == key.Item()) {
         const auto later = at++;
         Renumber(tag, table, later, static_cast<u16>(later->first.Inci() - 1));
     }
@@ -148,7 +149,7 @@ std::optional<Bytes> RecordStore::Exchange(u32 tag, RecordKey key, std::optional
     return before;
 }
 
-// Record numbers of an item run from 0 without a gap, so the last one tells.
+// Where an item's record numbers have gaps, these count as well.
 u16 RecordStore::CountOfItem(const Table& table, RecordKey key) const {
     const auto after = table.upper_bound(key.WithInci(kAppend));
     if (after == table.begin()) {

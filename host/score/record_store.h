@@ -52,8 +52,9 @@ public:
     // numbered item in use is refused; a text with item kAppend takes the next free item.
     std::optional<RecordKey> Create(u32 tag, RecordKey key, Bytes bytes);
 
-    // Moves the later record numbers of the item down by one. False when there is none.
-    bool Delete(u32 tag, RecordKey key);
+    // Closing up moves the later record numbers of the item down by one. False when there is none.
+    enum class After { kCloseUp, kGap };
+    bool Delete(u32 tag, RecordKey key, After after = After::kCloseUp);
 
     // The first record after the key, the last one before it; null when there is none.
     const Table::value_type* Next(u32 tag, RecordKey key) const;
@@ -63,7 +64,8 @@ public:
     const Table& OfTag(u32 tag) const;
     const std::map<u32, Table>& All() const noexcept { return m_tables; }
 
-    // How many records of the tag the entry has.
+    // How many records of the tag the entry has; where their numbers have gaps, one more than the
+    // last number.
     u16 CountOfEntry(u32 tag, u32 entry) const;
     bool HasDetails(u32 entry) const { return m_entryTags.contains(entry); }
 

@@ -8,6 +8,7 @@
 #include "Class Files/score/document/FinPIMetricsCache.h"
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "tests/unit/support/library_test.h"
+#include "tests/unit/support/mannered.h"
 
 namespace standin {
 

@@ -132,6 +132,31 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
     EXPECT_EQ(Copy(kOntoChord), 1) << "a host that cannot look back has no later record";
 }
 
+// Numbers that do not close up: when records are deleted here, and where others were before.
+TEST_F(Details, GapsInTheNumbersHideNoRecord) {
+    const Mannered mannered{&Manners::gaps};
+    Write("q:c4", "q:c4");
+    for (const char* content : {"a", "b", "c", "d"}) {
+        host.Attach(Source(), kArticulation, content);
+    }
+    const auto drop = [this](u16 number) {
+        host.Score().Records().Delete(kArticulation,
+                                      RecordKey::OfEntry(host.EntryNumber(Source()), number),
+                                      RecordStore::After::kGap);
+    };
+    drop(0);
+    drop(2);
+    host.Attach(Target(), kArticulation, "b");
+    LoadBoth();
+    EXPECT_EQ(Copy(kOntoChord), 1);
+    EXPECT_EQ(host.Attached(Target(), kArticulation), "b,d");
+    RefuseOnly(HostCall::kLoadEData, 2);
+    EXPECT_EQ(Delete(kFromSource), -1) << "a refused load is no gap";
+    EXPECT_EQ(TakePendingError(), "29998 FinPIEntryDetail::Load: edIM");
+    EXPECT_EQ(Delete(kFromSource), 1);
+    EXPECT_EQ(host.Attached(Source(), kArticulation), "");
+}
+
 TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
     WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     const FinPIEntryPtr entry = source.EntryAt(0);
@@ -219,8 +244,10 @@ TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
     WriteAndLoad("q:c4", "q:c4");
     EXPECT_EQ(Copy(kOntoPlaced), 1);
     EXPECT_EQ(Delete(kFromSource), 0);
-    EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), HostTag("edEx")), 1);
     EXPECT_EQ(App().calls.Total(), 0U);
+    EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), HostTag("edEx")), 1);
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 1U) << "a smart shape's end is looked for";
+    EXPECT_EQ(App().calls.Total(), 2U);
 }
 
 TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {

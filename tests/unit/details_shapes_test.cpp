@@ -79,6 +79,13 @@ TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
     EXPECT_EQ(Ends(2), "t0 s1");
 }
 
+TEST_F(Shapes, MoveAlsoFromAnEntryThatIsHeldWithoutItsFlag) {
+    SlurAndLoad(0, 1);
+    source.EntryAt(0)->flags &= ~DetailFlag::kSmartShape;
+    EXPECT_EQ(Move(), 1);
+    EXPECT_EQ(Ends(1), "t0 s1");
+}
+
 TEST_F(Shapes, RefusedMovesArePosted) {
     const auto error = [&](HostCall refused, u64 nth) {
         Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");

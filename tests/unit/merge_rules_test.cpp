@@ -215,6 +215,22 @@ TEST(Expressions, FollowTheMusicTheyHangOn) {
 }
 
 // The rest begins inside and is filled as a whole.
+TEST(Expressions, AreFoundBehindGapsInTheirNumbers) {
+    StandIn host;
+    host.Write({"h:c4 h:r", "h:e4 h:f4"});
+    for (const i32 position : {0, 0, 2048, 2048}) {
+        host.Expression(1, 1, position, 1);
+    }
+    for (const u16 gone : {u16{0}, u16{2}}) {
+        host.Score().Records().Delete(Tag::kExpression, RecordKey::Other(1, gone),
+                                      RecordStore::After::kGap);
+    }
+    Plugin{}.Merge(host);
+    EXPECT_TRUE(App().alerts.empty()) << AlertTexts();
+    EXPECT_EQ(ExpressionOf(host, 1).layer, 1);
+    EXPECT_EQ(ExpressionOf(host, 3).layer, 1);
+}
+
 TEST(Expressions, BeyondTheSelectionStay) {
     StandIn host;
     host.Write({"w:r", "h:c4 h:d4"});

@@ -36,9 +36,9 @@ Outcome RunOnce(const Scenario& scenario) {
     return outcome;
 }
 
-class Manners : public testing::TestWithParam<Manner> {};
+class OnHosts : public testing::TestWithParam<Manner> {};
 
-TEST_P(Manners, ChangeNothingOfAScenario) {
+TEST_P(OnHosts, EveryScenarioGivesTheSame) {
     for (const Scenario& scenario : Scenarios()) {
         SCOPED_TRACE(scenario.name);
         const Outcome usual = RunOnce(scenario);
@@ -51,7 +51,7 @@ TEST_P(Manners, ChangeNothingOfAScenario) {
     RecordRuns(GetParam(), Scenarios().size());
 }
 
-INSTANTIATE_TEST_SUITE_P(OfHosts, Manners, testing::ValuesIn(kManners), NameOfManner);
+INSTANTIATE_TEST_SUITE_P(ThatAre, OnHosts, testing::ValuesIn(kManners), NameOfManner);
 
 }  // namespace
 }  // namespace standin

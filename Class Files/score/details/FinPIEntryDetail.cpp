@@ -125,19 +125,6 @@ bool FinPIEntryDetail::CheckSameKind(const FinPIEntryDetail& other, const char* 
     return true;
 }
 
-bool FinPIEntryDetail::IsPlausible(u16 deleted, const char* operation) const {
-    if (deleted < kMostRecords) {
-        return true;
-    }
-    PostRecordError<FinPIDeleteEDataFailed>(operation, Tag());
-    return false;
-}
-
-bool FinPIEntryDetail::LoadRecord(u16 recordNumber) {
-    SelectRecord(recordNumber);
-    return recordNumber < kMostRecords && Load() != 0;
-}
-
 i16 FinPIEntryDetail::StemDirection() const {
     if (m_stemDirection == kStemNotAsked) {
         m_stemDirection = m_entry.StemDirection();
@@ -166,6 +153,18 @@ u32 FinPIEntryDetail::CountOf(u32 tag) {
     return found && key.entryNumber == m_entry.Number() ? key.recordNumber + 1U : 0;
 }
 
+u16 FinPIEntryDetail::FirstNumberFrom(u16 recordNumber) {
+    const DocumentScope scope{m_entry.Document()};
+    EntryDetailKey key{m_entry.Number(), static_cast<u16>(recordNumber - 1)};
+    if (recordNumber == 0) {
+        key = {m_entry.Number() - 1, kNewRecord};
+    }
+    u32 size = GetDataSize();
+    const bool found = scope && Host::NextEData(Tag(), static_cast<void*>(&key), MutableData(),
+                                                &size, m_version) != 0;
+    return found && key.entryNumber == m_entry.Number() ? key.recordNumber : kNewRecord;
+}
+
 bool FinPIEntryDetail::IsStored(u32 tag) {
     SelectRecord(0);
     const bool isStored = LoadFrom(tag) != 0 || CountOf(tag) != 0;
@@ -177,13 +176,38 @@ bool FinPIEntryDetail::HasRecord() {
     return IsStored(m_tag) || (m_secondTag != 0 && IsStored(m_secondTag));
 }
 
-bool FinPIEntryDetail::CheckEndsBefore(u16 recordNumber) {
-    const bool hasNoRecords = GetDataSize() == 0;
-    if (hasNoRecords || CountOf(Tag()) <= recordNumber) {
+bool FinPIEntryDetail::Walk::Load(u16 recordNumber) {
+    m_detail.SelectRecord(recordNumber);
+    if (m_detail.Load() == 0) {
+        return false;
+    }
+    m_next = static_cast<u16>(recordNumber + 1);
+    return true;
+}
+
+bool FinPIEntryDetail::Walk::Fail() {
+    PostRecordError<FinPILoadEDataFailed>(m_operation, m_detail.Tag());
+    m_failed = true;
+    return false;
+}
+
+bool FinPIEntryDetail::Walk::Next() {
+    if (m_failed) {
+        return false;
+    }
+    if (m_seen++ == kMostRecords) {
+        return Fail();
+    }
+    if (Load(m_next)) {
         return true;
     }
-    PostRecordError<FinPILoadEDataFailed>("FinPIEntryDetail::Load", Tag());
-    return false;
+    const bool hasNoRecords = m_detail.GetDataSize() == 0;
+    if (hasNoRecords || m_detail.CountOf(m_detail.Tag()) <= m_next) {
+        return false;
+    }
+    const u16 later = m_detail.FirstNumberFrom(m_next);
+    const bool isBehindGap = later > m_next && later != kNewRecord;
+    return (isBehindGap && Load(later)) || Fail();
 }
 
 void FinPIEntryDetail::FollowStoredVariant() {
@@ -196,13 +220,13 @@ FinPIEntryDetail::Search FinPIEntryDetail::SelectEqualRecord(const FinPIEntryDet
                                                              u32 earlierEqual) {
     if (!HasNothing()) {
         u32 equal = 0;
-        u16 number = 0;
-        for (; LoadRecord(number); ++number) {
+        Walk records{*this};
+        while (records.Next()) {
             if (IsSkipped() == 0 && IsSame(source) != 0 && ++equal > earlierEqual) {
                 return Search::kFound;
             }
         }
-        if (!CheckEndsBefore(number)) {
+        if (records.HasFailed()) {
             return Search::kInDoubt;
         }
     }
@@ -243,8 +267,8 @@ i16 FinPIEntryDetail::CopyDetail(FinPIEntryDetail& target, FinPIEntryDetail& sou
     }
     source.FollowStoredVariant();
     std::map<u32, u32> timesSeen;
-    u16 number = 0;
-    for (; source.LoadRecord(number); ++number) {
+    Walk records{source};
+    while (records.Next()) {
         if (source.IsSkipped() == 0) {
             const u32 earlierEqual = timesSeen[source.RecordKey()]++;
             if (target.CopyRecord(source, earlierEqual, "FinPIEntryDetail::CopyDetail",
@@ -253,7 +277,7 @@ i16 FinPIEntryDetail::CopyDetail(FinPIEntryDetail& target, FinPIEntryDetail& sou
             }
         }
     }
-    return source.CheckEndsBefore(number);
+    return records.HasFailed() ? 0 : 1;
 }
 
 FinPIEntryDetail::Removal FinPIEntryDetail::DeleteAll() {
@@ -262,19 +286,21 @@ FinPIEntryDetail::Removal FinPIEntryDetail::DeleteAll() {
         return removal;
     }
     FollowStoredVariant();
-    u16 number = 0;
-    for (u16 deleted = 0; LoadRecord(number);) {
+    bool anySkipped = false;
+    Walk records{*this};
+    while (records.Next()) {
         if (IsSkipped() != 0) {
-            ++number;
+            anySkipped = true;
             continue;
         }
-        if (Delete() == 0 || !IsPlausible(++deleted, "FinPIEntryDetail::DeleteAll")) {
+        if (Delete() == 0) {
             removal.succeeded = false;
             return removal;
         }
+        records.Deleted();
         removal.anyDeleted = true;
     }
-    removal.succeeded = CheckEndsBefore(number);
-    removal.leftNone = removal.succeeded && number == 0 && m_secondTag == 0;
+    removal.succeeded = !records.HasFailed();
+    removal.leftNone = removal.succeeded && !anySkipped && m_secondTag == 0;
     return removal;
 }

@@ -68,13 +68,8 @@ public:
     u32 FlagsOfDeleted() const noexcept { return m_flagsOfDeleted; }
     // Whether a record is stored for the entry, under either tag; loads none.
     bool HasRecord();
-    // Whether a record that did not load is not there because the records end before it: the
-    // host may have refused the load. Asks FX_PreviousEData, and posts when that gives a later
-    // record, on which nothing that is to be moved may be deleted.
-    bool CheckEndsBefore(u16 recordNumber);
-    // Whether the entry can have had as many records to delete; posts when the host must have
-    // kept what it said it deleted.
-    bool IsPlausible(u16 deleted, const char* operation) const;
+    // The entry's records of the kind, one after the other.
+    class Walk;
 
     const FinPIEntryPtr& Entry() const noexcept { return m_entry; }
 
@@ -86,7 +81,6 @@ protected:
 
     // Posts when the other is of another kind.
     bool CheckSameKind(const FinPIEntryDetail& other, const char* operation) const;
-    bool LoadRecord(u16 recordNumber);  // false also from kMostRecords on
     i16 StemDirection() const;
     u32 Tag() const;
     void* MutableData() { return const_cast<void*>(GetData()); }
@@ -111,8 +105,10 @@ protected:
 
 private:
     i16 LoadFrom(u32 tag);
-    // How many records of the tag the host tells of, without a load.
+    // One more than the number of the last record of the tag, without a load; 0 = none.
     u32 CountOf(u32 tag);
+    // The number of the first record from this one on, without a load; kNewRecord = none.
+    u16 FirstNumberFrom(u16 recordNumber);
     // By a load and by the count, so that one refused call hides no record.
     bool IsStored(u32 tag);
     // Takes the records there are when none are of the stem's direction: music that came into
@@ -120,4 +116,32 @@ private:
     void FollowStoredVariant();
     enum class Search { kFound, kNotFound, kInDoubt };
     Search SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual);
+};
+
+// Goes over the gaps that a host may leave in the numbers when a record is deleted. A load that
+// the host refuses does not pass for a gap or for the end: what is there is asked for in other
+// ways, by FX_PreviousEData and FX_NextEData.
+class FinPIEntryDetail::Walk {
+public:
+    // operation is the one to name in errors.
+    explicit Walk(FinPIEntryDetail& detail, const char* operation = "FinPIEntryDetail::Load")
+        : m_detail{detail}, m_operation{operation} {}
+
+    // Selects and loads the next record. False: there is none, or the walk failed.
+    bool Next();
+    // The selected record is gone. The next one may have taken its number.
+    void Deleted() noexcept { m_next = m_detail.m_recordNumber; }
+    // A record did not load, or there seems to be no end of them; an error is pending. Nothing
+    // that is to be moved may be deleted then.
+    bool HasFailed() const noexcept { return m_failed; }
+
+private:
+    bool Load(u16 recordNumber);
+    bool Fail();
+
+    FinPIEntryDetail& m_detail;
+    const char* m_operation;
+    u16 m_next = 0;
+    u16 m_seen = 0;
+    bool m_failed = false;
 };

@@ -34,24 +34,25 @@ i16 FinPIEntryPtr::MoveSmartShapeAssigns(const FinPIEntryPtr& source, u32 tag) c
     if (!*this || !source) {
         return 0;
     }
-    if (!source.HasFlag(DetailFlag::kSmartShape) || source.Number() == Number()) {
+    FinPISmartShapeMark from{source, tag};
+    const bool isMarked = source.HasFlag(DetailFlag::kSmartShape) || from.Load() != 0;
+    if (!isMarked || source.Number() == Number()) {
         return 1;
     }
     if (!CheckDocumentIsCurrent(kOperation)) {
         return 0;
     }
-    FinPISmartShapeMark from{source, tag};
     FinPISmartShapeMark to{*this, tag};
-    for (u16 moved = 0; from.Load() != 0; from.SelectRecord(0)) {
+    FinPIEntryDetail::Walk marks{from, kOperation};
+    while (marks.Next()) {
         to.SelectRecord(FinPIEntryDetail::kNewRecord);
         if (to.CopyAttributes(from) == 0 || !MoveShapeEnds(from.ShapeNumber(), source, *this) ||
-            to.Create() == 0 || from.Delete() == 0 || !from.IsPlausible(++moved, kOperation)) {
+            to.Create() == 0 || from.Delete() == 0) {
             return 0;
         }
+        marks.Deleted();
     }
-    // A mark that did not load is still an end.
-    if (from.HasRecord()) {
-        PostRecordError<FinPILoadEDataFailed>(kOperation, tag);
+    if (marks.HasFailed()) {  // a mark that did not load is still an end
         return 0;
     }
     const u32 otherTag = tag == EntryDetailTag::kSmartShapeAssign

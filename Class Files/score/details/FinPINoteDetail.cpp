@@ -69,8 +69,8 @@ i16 FinPINoteDetail::CopyNoteDetail(FinPINoteDetail& target, FinPINoteDetail& so
         return 1;
     }
     std::map<std::pair<i16, u32>, u32> timesSeen;
-    u16 number = 0;
-    for (; source.LoadRecord(number); ++number) {
+    Walk records{source};
+    while (records.Next()) {
         const i16 from = source.FindNoteOfRecord();
         if (from < 0) {
             continue;
@@ -87,5 +87,5 @@ i16 FinPINoteDetail::CopyNoteDetail(FinPINoteDetail& target, FinPINoteDetail& so
             return 0;
         }
     }
-    return source.CheckEndsBefore(number);
+    return records.HasFailed() ? 0 : 1;
 }

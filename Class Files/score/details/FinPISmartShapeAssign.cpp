@@ -159,13 +159,13 @@ bool FinPISmartShapeAssign::CreateEndMark() {
 bool FinPISmartShapeAssign::DeleteEndMark() {
     const FinPIEntryPtr end = FindEndEntry();
     FinPISmartShapeMark mark{end, Tag()};
-    u16 number = 0;
-    for (; mark.Load() != 0; mark.SelectRecord(++number)) {
+    Walk marks{mark};
+    while (marks.Next()) {
         if (mark.ShapeNumber() == ShapeNumber()) {
             return mark.Delete() != 0;
         }
     }
-    return mark.CheckEndsBefore(number);
+    return !marks.HasFailed();
 }
 
 i16 FinPISmartShapeAssign::Delete() {

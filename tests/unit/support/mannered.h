@@ -11,7 +11,8 @@ namespace standin {
 // The host has this manner until the scope ends.
 class Mannered {
 public:
-    explicit Mannered(const Manner& manner) { App().manners.*manner.flag = true; }
+    explicit Mannered(const Manner& manner) : Mannered{manner.flag} {}
+    explicit Mannered(bool Manners::*manner) { App().manners.*manner = true; }
     ~Mannered() { App().manners = {}; }
     Mannered(const Mannered&) = delete;
     Mannered& operator=(const Mannered&) = delete;

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "host/score/detail_kinds.h"
+#include "shell/host/output_room.h"
 
 namespace standin {
 namespace {
@@ -30,10 +31,10 @@ u32 VariantFor(EntryPlace place, u32 tag) {
     }
     EXFRAME* frame = FX_LoadTGF(0, place.slot, static_cast<i16>(place.measure), place.layer, 1,
                                 kInterfaceVersion);
-    ENTRYMETRICS metrics{};
-    FX_GetEntryMetrics(frame, static_cast<i16>(place.index), &metrics, kInterfaceVersion);
+    OutputRoom<ENTRYMETRICS> metrics;
+    FX_GetEntryMetrics(frame, static_cast<i16>(place.index), metrics.Address(), kInterfaceVersion);
     FX_FreeTGF(frame, kInterfaceVersion);
-    return metrics.stemDirection < 0 ? down : tag;
+    return metrics.Known().stemDirection < 0 ? down : tag;
 }
 
 void AddDetail(StandIn& host, const WrittenScore::Detail& detail) {
