@@ -1,6 +1,7 @@
 #include "Class Files/FinPISaveSettingsDlg.h"
 
 #include <algorithm>
+#include <new>
 #include <string_view>
 
 #include "Class Files/FinPI.h"
@@ -9,6 +10,7 @@
 #include "Class Files/interface/DialogLayout.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "platform/resources.h"
+#include "platform/text.h"
 #include "platform/window.h"
 #include "shell/host/callbacks.h"
 
@@ -18,6 +20,17 @@ namespace {
 
 constexpr u16 kSaveSettingsDialog = 20003;
 constexpr u32 kDefaultNameString = 20015;
+
+constexpr std::size_t kMostNameBytes = 255;  // in UTF-8
+
+std::u16string CutAtBytes(std::u16string text, std::size_t bytes) {
+    const auto utf8 = platform::Utf16ToMultiByte(text, platform::CodePage::kUtf8);
+    if (!utf8 || utf8->size() <= bytes) {
+        return text;
+    }
+    return platform::MultiByteToUtf16(platform::CutUtf8(*utf8, bytes), platform::CodePage::kUtf8)
+        .value_or(std::u16string{});
+}
 
 void ReportOpeningError(const char* detail) {
     PostError(FinPIAppError("FinPISaveSettingsDlg::OnInitializeWindow", detail));
@@ -55,7 +68,7 @@ std::u16string FinPISaveSettingsDlg::DefaultSettingName(u16 number) const {
     const std::string digits = std::to_string(number);
     std::u16string name{m_commandKey};
     name.append(u"/").append(platform::ResourceString(kDefaultNameString)).append(u" ");
-    return name.append(digits.begin(), digits.end());
+    return CutAtBytes(name.append(digits.begin(), digits.end()), kMostNameBytes);
 }
 
 SavedSettingPtr* FinPISaveSettingsDlg::StoredSetting(SavedSettingItem item) {
@@ -103,7 +116,12 @@ void FinPISaveSettingsDlg::ListStoredSettings() {
 }
 
 bool FinPISaveSettingsDlg::LoadStoredSettings() {
-    m_storedSettings.reserve(static_cast<std::size_t>(m_loadedCount));
+    try {
+        m_storedSettings.reserve(static_cast<std::size_t>(m_loadedCount));
+    } catch (const std::bad_alloc&) {
+        ReportOpeningError("Unable to allocate m_storedSettings array.");
+        return false;
+    }
     for (i16 number = 1; number <= m_loadedCount; ++number) {
         if (!LoadStoredSetting(SavedSettings::StoredNumber(CommandID(), number))) {
             return false;

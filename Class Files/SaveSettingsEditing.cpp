@@ -102,7 +102,8 @@ i16 FinPISaveSettingsDlg::HandleCommand(WindowHandle window, u16 control, u8* fi
             CloseDialog(window);
             return 1;
         case Control::kList:
-            if (const i16 selected = List().Selected(); selected != m_currentPosition) {
+            if (const i16 selected = List().Selected();
+                selected > 0 && selected != m_currentPosition) {
                 CommitEditedName(selected);
             }
             return 1;

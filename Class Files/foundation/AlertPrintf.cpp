@@ -9,7 +9,8 @@
 u16 AlertPrintf(const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
-    const FinPIVarString text(format, arguments);
+    FinPIVarString text;
+    text.SetFormatted(format, arguments);
     va_end(arguments);
     const FinPIVarStringUtf16 alert(text.Text());
     return static_cast<u16>(Host::AlertMessage(nullptr, i16{0}, u16{0}, alert.Text()));

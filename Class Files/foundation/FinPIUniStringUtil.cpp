@@ -20,8 +20,11 @@ void CopyCut(Unit* destination, const Unit* source, u64 length, u64 size) {
     std::fill_n(destination + copied, size - copied, Unit{});
 }
 
-// Nothing when the text is neither UTF-8 nor ANSI text.
+// Nothing when the text is neither UTF-8 nor ANSI text, or none at all.
 std::optional<std::u16string> Decode(const char* source) {
+    if (source == nullptr) {
+        return std::nullopt;
+    }
     std::optional<std::u16string> text =
         platform::MultiByteToUtf16(source, platform::CodePage::kUtf8);
     return text ? text : platform::MultiByteToUtf16(source, platform::CodePage::kAnsi);
@@ -31,7 +34,8 @@ std::optional<std::u16string> Decode(const char* source) {
 
 char* UniChar_Utf8encode(char* destination, const char16* source, u64 size) {
     const std::optional<std::string> text =
-        platform::Utf16ToMultiByte(source, platform::CodePage::kUtf8);
+        source != nullptr ? platform::Utf16ToMultiByte(source, platform::CodePage::kUtf8)
+                          : std::nullopt;
     if (text) {
         CopyCut(destination, text->data(), text->size(), size);
         return destination;

@@ -29,12 +29,11 @@ std::string Format(const char* format, va_list arguments) {
 FinPIVarString::FinPIVarString(const char* format, ...) {
     va_list arguments;
     va_start(arguments, format);
-    const std::string text = Format(format, arguments);
+    SetFormatted(format, arguments);
     va_end(arguments);
-    Set(text.c_str());
 }
 
-FinPIVarString::FinPIVarString(const char* format, va_list arguments) {
+void FinPIVarString::SetFormatted(const char* format, va_list arguments) {
     Set(Format(format, arguments).c_str());
 }
 

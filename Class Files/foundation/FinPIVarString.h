@@ -13,8 +13,10 @@ public:
     FinPIVarString() noexcept = default;
     // printf-style; a format that cannot be formatted gives the empty text.
     explicit FinPIVarString(const char* format, ...);
-    FinPIVarString(const char* format, va_list arguments);
 
+    // The same from arguments at hand. No constructor: where a va_list is a pointer, any pointer
+    // to characters would pass for one.
+    void SetFormatted(const char* format, va_list arguments);
     // The buffer, sized to the text and its terminator; null empties the text and gives null.
     const char* Set(const char* utf8);
 

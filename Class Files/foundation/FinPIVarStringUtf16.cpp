@@ -34,7 +34,8 @@ FinPIVarStringUtf16::FinPIVarStringUtf16(u32 resourceID, ...) {
     format.AppendResource(resourceID);
     va_list arguments;
     va_start(arguments, resourceID);
-    const FinPIVarString text(format.Text(), arguments);
+    FinPIVarString text;
+    text.SetFormatted(format.Text(), arguments);
     va_end(arguments);
     Set(Decode(text.Text()).data());
 }

@@ -118,7 +118,8 @@ u16 ShowAlert(FinPI* owner, WindowHandle ownerWindow, AlertType type, u32 messag
     }
     va_list arguments;
     va_start(arguments, messageId);
-    const FinPIVarString message{alert.Message(), arguments};
+    FinPIVarString message;
+    message.SetFormatted(alert.Message(), arguments);
     va_end(arguments);
     alert.SetMessage(message.Text());
     constexpr u16 kModal = 1;

@@ -119,7 +119,9 @@ protected:
     i16 m_top;
 
 private:
-    int m_eventsInHand = 0;  // one within another
+    int m_eventsInHand = 0;    // one within another
+    int m_commandsInHand = 0;  // likewise
+    int m_ticksPassedOver = 0;
     bool m_ended = false;
 
     // False also for an object that has gone: a host may send events of its window still.
@@ -128,6 +130,7 @@ private:
     i16 HandleCreation(WindowHandle window, u64 eventWord, i64 eventLong);
     i16 HandleControlEvent(WindowHandle window, u64 notificationCode, u64 control);
     i16 HandleNotification(WindowHandle window, i64 eventLong);
+    bool PassesOverTick();
     i16 HandleTimer(WindowHandle window);
     i16 HandleMove(WindowHandle window, u64 eventWord, i64 eventLong);
     i16 HandleSystemCommand(WindowHandle window, u64 command, i64 eventLong);

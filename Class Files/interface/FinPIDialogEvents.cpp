@@ -1,6 +1,5 @@
 // How the events of a dialog's window become calls of its virtual operations.
 #include <bit>
-#include <utility>
 
 #include "Class Files/foundation/FinPITrace.h"
 #include "Class Files/interface/FinPIDialog.h"
@@ -122,18 +121,25 @@ i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u
     m_notificationCode = notificationCode;
     m_lastControl = control;
     // A command event may arrive while another one is being handled.
-    const u16 outerCommand = std::exchange(m_inCommand, u16{1});
+    struct InHand {
+        explicit InHand(int& count) noexcept : commands{count} { ++commands; }
+        ~InHand() { --commands; }
+        int& commands;
+    };
     u8 final = 0;
     i16 result = 0;
+    m_inCommand = 1;
+    m_ticksPassedOver = 0;
     try {
+        const InHand inHand{m_commandsInHand};
         result = HandleCommand(window, static_cast<u16>(control), &final);
     } catch (...) {
-        m_inCommand = outerCommand;
+        m_inCommand = m_commandsInHand > 0 ? 1 : 0;
         throw;
     }
     // Ticks that arrive while an ended dialog goes away are passed over.
     if (final == 0) {
-        m_inCommand = outerCommand;
+        m_inCommand = m_commandsInHand > 0 ? 1 : 0;
     }
     return result;
 }
@@ -146,8 +152,17 @@ i16 FinPIDialog::HandleNotification(WindowHandle window, i64 eventLong) {
     return HandleControlEvent(window, kTabSelectionNotification, header->senderId);
 }
 
+// A dialog that goes on getting ticks after its last command did not go away.
+bool FinPIDialog::PassesOverTick() {
+    constexpr int kTicksOfGoingAway = 5;
+    if (m_inCommand != 0 && m_commandsInHand == 0 && ++m_ticksPassedOver > kTicksOfGoingAway) {
+        m_inCommand = 0;
+    }
+    return m_inCommand != 0;
+}
+
 i16 FinPIDialog::HandleTimer(WindowHandle window) {
-    if (m_inCommand != 0) {
+    if (PassesOverTick()) {
         return 1;
     }
     if ((m_showFlags & kModal) == 0) {

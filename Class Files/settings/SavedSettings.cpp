@@ -1,6 +1,7 @@
 #include "Class Files/settings/SavedSettings.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -94,8 +95,10 @@ void SavedSettings::MoveFromOldOwner(u16 commandID) {
         return;
     }
     bool allMoved = true;
-    for (i16 number = 0; number <= kMostPerCommand; ++number) {
-        const RegistryResult result = CopyFromOldOwner(oldKey, StoredNumber(commandID, number));
+    // Also those beyond the number that a command can have now.
+    for (i32 number = 0; commandID + number <= INT16_MAX; ++number) {
+        const RegistryResult result =
+            CopyFromOldOwner(oldKey, StoredNumber(commandID, static_cast<i16>(number)));
         if (result == RegistryResult::kNotFound && number > 0) {
             break;
         }

@@ -10,6 +10,7 @@
 #include "host/cli/output_file.h"
 #include "host/desktop/script/script_player.h"
 #include "host/desktop/script/script_settings.h"
+#include "host/desktop/toolkit/wide_text.h"
 #include "host/desktop/window/main_window.h"
 
 namespace standin::desktop {
@@ -18,6 +19,7 @@ namespace {
 
 constexpr int kMostFailures = 100;
 constexpr int kUnreadable = 101;
+constexpr int kNoWindow = 102;
 
 struct ScriptOptions {
     std::filesystem::path pictures = ".";
@@ -112,10 +114,15 @@ bool WantsWindow(const std::vector<std::string>& arguments) {
 }
 
 int RunWindow(const std::vector<std::string>& arguments) {
-    if (!arguments.empty() && arguments[0] == "script") {
-        return RunScript(ReadOptions(arguments));
+    try {
+        if (!arguments.empty() && arguments[0] == "script") {
+            return RunScript(ReadOptions(arguments));
+        }
+        return RunForPerson(arguments);
+    } catch (const std::exception& problem) {
+        MessageBoxW(nullptr, WideFromUtf8(problem.what()).c_str(), L"Finale", MB_OK | MB_ICONERROR);
+        return kNoWindow;
     }
-    return RunForPerson(arguments);
 }
 
 }  // namespace standin::desktop

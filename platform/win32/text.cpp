@@ -4,12 +4,14 @@
 
 #include <climits>
 
+#include "platform/win32/code_page.h"
+
 namespace platform {
 
 namespace {
 
 UINT Number(CodePage page) noexcept {
-    return page == CodePage::kUtf8 ? CP_UTF8 : CP_ACP;
+    return page == CodePage::kUtf8 ? CP_UTF8 : GetACP();
 }
 
 }  // namespace
@@ -42,7 +44,7 @@ std::optional<std::string> Utf16ToMultiByte(std::u16string_view text, CodePage p
     if (text.size() > INT_MAX) {
         return std::nullopt;
     }
-    const DWORD flags = page == CodePage::kUtf8 ? 0 : WC_NO_BEST_FIT_CHARS;
+    const DWORD flags = FlagsToCodePage(Number(page));
     const auto* units = reinterpret_cast<const wchar_t*>(text.data());
     const int count = static_cast<int>(text.size());
     const int bytes =

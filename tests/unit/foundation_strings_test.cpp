@@ -84,6 +84,17 @@ TEST_F(Strings, CopiesAreBoundedAndAppendsFollowTheText) {
     EXPECT_EQ(text.data(), std::u16string(u"Bar\u1E61-12ñ"));
 }
 
+TEST_F(Strings, NoTextIsNoUtf) {
+    std::array<char, 4> narrow{'x', 'y'};
+    std::array<char16, 4> wide{u'x', u'y'};
+    EXPECT_STREQ(Util::UniChar_Utf8encode(narrow.data(), nullptr, narrow.size()), "");
+    EXPECT_NE(g_pendingError, nullptr);
+    g_pendingError.reset();
+    EXPECT_EQ(Util::UniChar_Utf16encode(wide.data(), nullptr, wide.size())[0], u'\0');
+    EXPECT_NE(g_pendingError, nullptr);
+    g_pendingError.reset();
+}
+
 TEST_F(Strings, OwnedStringsAreSizedToTheirText) {
     FinPIVarString narrow("%s-%05.1f%%", "x", 2.5);
     EXPECT_STREQ(narrow.Text(), "x-002.5%");

@@ -203,6 +203,25 @@ TEST_F(DialogTest, TheTimerRunsToTheWindowsEnd) {
     EXPECT_TRUE(open.timers.empty());
 }
 
+// A host may refuse to end it; after some ticks without an end it is up to date again.
+TEST_F(DialogTest, ThatStaysAfterItsLastCommandHearsItsTimerAgain) {
+    OpenDialog& open = Show(dialog);
+    standin::App().faults.refuseKind = standin::FaultPlan::AllOf(standin::HostCall::kEndDialog);
+    open.Press(2);
+    dialog.TakeNotes();
+    open.Send(WindowMessage::kTimer);
+    EXPECT_EQ(dialog.TakeNotes(), Notes{}) << "it may be on its way";
+    for (int tick = 0; tick < 10; ++tick) {
+        open.Send(WindowMessage::kTimer);
+    }
+    EXPECT_FALSE(dialog.TakeNotes().empty());
+    open.Press(2);
+    open.Press(3);
+    dialog.TakeNotes();
+    open.Send(WindowMessage::kTimer);
+    EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "a later command was none of the end";
+}
+
 TEST_F(DialogTest, LayoutChangesWhatIsAsked) {
     // Of one control, from 30,40,100,50; and of the dialog's buttons, where they stand.
     const std::tuple<u16, void (*)(WindowHandle), platform::Rectangle> cases[] = {

@@ -3,6 +3,7 @@
 
 #include "platform/headless/session.h"
 #include "platform/headless/window_model.h"
+#include "tests/unit/support/failing_memory.h"
 #include "tests/unit/support/files.h"
 #include "tests/unit/support/plugin_driver.h"
 
@@ -123,6 +124,22 @@ TEST_F(Items, MoveIntoTheSubmenuAlsoUnderALongName) {
     ASSERT_EQ(menu->items.size(), 1U);
     EXPECT_EQ(menu->items[0].submenu->items.back().text,
               std::u16string(127 - std::u16string_view{u"Plyweld 6.10 "}.size(), u'n'));
+}
+
+// Whatever request for memory is refused while the menu is shaped.
+TEST_F(Items, StayWhereTheyAreWhenMemoryRunsOut) {
+    Plugin::StoreSetting(1, {.name = "Slow", .useSubmenu = true});
+    for (int granted = 0; granted < 50; ++granted) {
+        plugin.Init();
+        FailingMemory::granted = granted;
+        try {
+            platform::headless::FireTimers();
+        } catch (const std::bad_alloc&) {  // refused to the session itself
+        }
+        FailingMemory::granted = -1;
+        platform::headless::FireTimers();
+    }
+    EXPECT_EQ(platform::headless::FireTimers(), 0);
 }
 
 TEST_F(Items, ASavedSettingRunsWithItsOptions) {

@@ -7,6 +7,7 @@
 #include "Class Files/settings/SavedSettings.h"
 #include "host/score/application.h"
 #include "tests/unit/interface_support.h"
+#include "tests/unit/support/failing_memory.h"
 #include "tests/unit/support/registry_values.h"
 
 namespace {
@@ -114,6 +115,47 @@ TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
     }
     EXPECT_EQ(StoredValue(owner, "ZKSC22004"), std::nullopt) << "behind a gap";
     EXPECT_FALSE(KeyExists(old));
+}
+
+TEST_F(SavedSettingsTest, MoreOlderOnesThanThereMayBeNowMoveAsWell) {
+    for (int number = 22001; number <= 22101; ++number) {
+        StoreValue(kPreferences + "\\Einstellungen speichern", "ZKSC" + std::to_string(number),
+                   "x");
+    }
+    SavedSettings::MoveFromOldOwner(kCommand);
+    EXPECT_EQ(StoredValue(kPreferences + "\\Save Settings", "ZKSC22101"), "x");
+}
+
+TEST_F(SavedSettingsTest, AnEmptyListHasNoEntryToChoose) {
+    StoreLetters(2);
+    Run([](OpenDialog& save) {
+        for (int i = 0; i < 3; ++i) {
+            save.Press(Control::kDelete);
+            save.Choose(Control::kList, 1);
+            save.Press(Control::kDelete);
+        }
+        save.window.controls[Control::kList].items.clear();
+        save.Choose(Control::kList, 0);
+        EXPECT_TRUE(save.Items(Control::kList).empty());
+    });
+}
+
+TEST_F(SavedSettingsTest, AllTheMemoryThereIsIsNotEnough) {
+    StoreLetters(19);
+    FailingMemory::refused = 19 * sizeof(SavedSettingPtr);
+    Run([](OpenDialog&) {});
+    FailingMemory::refused = 0;
+    ASSERT_EQ(Alerts(), 1U);
+    EXPECT_NE(standin::App().alerts[0].text.find(u"Unable to allocate m_storedSettings array."),
+              std::u16string::npos);
+}
+
+TEST_F(SavedSettingsTest, ADefaultNameHasAtMost255Bytes) {
+    std::u16string shown;
+    FinPISaveSettingsDlg save{&command, std::u16string(255, u'\u00E9').c_str()};
+    desk.Then([&shown](OpenDialog& open) { shown = open.Items(Control::kList).at(0); });
+    save.ShowDialogWindow(nullptr, 1);
+    EXPECT_EQ(shown, std::u16string(127, u'\u00E9'));
 }
 
 TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {

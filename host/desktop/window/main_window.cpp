@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <system_error>
 
 #include "host/desktop/grid/layer_strip.h"
 #include "host/desktop/grid/selection_text.h"
@@ -25,9 +26,14 @@ constexpr int kHeight = 640;
 
 HWND CreateMainWindow(WNDPROC procedure, void* object) {
     RegisterWindowClass(kClassName, procedure);
-    return CreateWindowExW(0, kClassName, kProgramName, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40,
-                           40, kWidth, kHeight, nullptr, nullptr, GetModuleHandleW(nullptr),
-                           object);
+    HWND window =
+        CreateWindowExW(0, kClassName, kProgramName, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, 40, 40,
+                        kWidth, kHeight, nullptr, nullptr, GetModuleHandleW(nullptr), object);
+    if (window == nullptr) {
+        throw std::system_error{static_cast<int>(GetLastError()), std::system_category(),
+                                "the window was not created"};
+    }
+    return window;
 }
 
 HACCEL MakeAccelerators() {

@@ -20,6 +20,7 @@ namespace standin::desktop {
 
 class MainWindow {
 public:
+    // Throws when the system gives no window.
     explicit MainWindow(MenuBarKind menus);
     ~MainWindow();
     MainWindow(const MainWindow&) = delete;
@@ -66,12 +67,12 @@ private:
     void Tell(const std::wstring& text, UINT icon) const;
 
     MessagePump m_pump;
-    HWND m_window;
-    ProgressWindow m_progress;
     OpenDocuments m_documents;
     std::unique_ptr<MenuBar> m_menus;
     std::unique_ptr<GridWindow> m_grid;
     HWND m_status = nullptr;
+    HWND m_window;  // hears of messages while it is created: behind what it looks at
+    ProgressWindow m_progress;
     WindowsDialogs m_dialogs;
     std::unique_ptr<cli::Plugin> m_plugin;
 };
