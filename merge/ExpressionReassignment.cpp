@@ -6,6 +6,7 @@
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/document/FinPIScoreExpr.h"
 #include "Class Files/score/frames/FinPIEntryPtr.h"
+#include "shell/host/callbacks.h"
 
 namespace {
 
@@ -79,6 +80,10 @@ std::set<u16> Collect(const FramePair& frames, u16 layer) {
             candidates.insert(record);
         }
         ++record;
+    }
+    // A host that answers nothing any more seems to have none.
+    if (Host::GetCurrentEnigmaDocument() != frames.destination.Document()) {
+        PostError(FinPINoOpenDocumentError{});
     }
     return candidates;
 }

@@ -4,9 +4,11 @@
 #include <set>
 
 #include "Class Files/foundation/FinPIException.h"
+#include "Class Files/score/frames/NormalizeFrame.h"
 #include "merge/EntryTools.h"
 #include "merge/ExpressionReassignment.h"
 #include "merge/FramePair.h"
+#include "merge/NoteOrder.h"
 #include "merge/Plyweld.h"
 #include "shell/host/callbacks.h"
 
@@ -14,8 +16,12 @@ namespace {
 
 constexpr char kMergeOperation[] = "Plyweld::MergeFrame";
 
-// From the index of a source entry to that of the destination entry it joins.
-using PairMap = std::map<i16, i16>;
+struct Joined {
+    i16 destination;             // index
+    std::vector<u16> noteIDs{};  // of the notes that came from the source, in its order
+};
+// By the index of the source entry.
+using PairMap = std::map<i16, Joined>;
 
 bool IsSelectedNote(const FinPIRegion& region, const FinPIEntryPtr& entry) {
     return entry.IsNote() && entry.Document() == region.DocumentID() &&
@@ -40,18 +46,19 @@ bool FormsChord(const FinPIEntryPtr& source, const FinPIEntryPtr& destination) {
 // A source entry that two destination entries could take joins one: that of its own voice,
 // else the first.
 void Claim(PairMap& pairs, const FramePair& frames, i16 source, i16 destination) {
-    const auto [pair, isNew] = pairs.emplace(source, destination);
+    const auto [pair, isNew] = pairs.emplace(source, Joined{destination});
     if (isNew) {
         return;
     }
     const bool voice2 = frames.source.EntryAt(source).IsVoice2();
-    if (frames.destination.EntryAt(pair->second).IsVoice2() != voice2 &&
+    Joined& joined = pair->second;
+    if (frames.destination.EntryAt(joined.destination).IsVoice2() != voice2 &&
         frames.destination.EntryAt(destination).IsVoice2() == voice2) {
-        pair->second = destination;
+        joined.destination = destination;
     }
 }
 
-// Behind the chord's own notes; without IDs, which saving assigns afresh.
+// Behind the chord's own notes; without IDs, which are assigned afresh.
 void AppendNotes(EXENTRY& chord, const EXENTRY& source) {
     for (i16 i = 0; i < source.noteCount; ++i) {
         EXNOTE& note = chord.notes[chord.noteCount++];
@@ -86,31 +93,38 @@ PairMap PairCoincidingEntries(const FramePair& frames) {
             Claim(pairs, frames, source, i);
         }
     }
-    for (const auto& [source, destination] : pairs) {
-        AppendNotes(*frames.destination.EntryAt(destination), *frames.source.EntryAt(source));
-    }
     return pairs;
 }
 
-// What hangs on a note goes to the first note of its pitch: while it moves, the notes that were
-// appended stand before the chord's own, of which one may have the same pitch.
-void MoveAttachmentsOfPair(const FinPIEntryPtr& source, const FinPIEntryPtr& destination) {
-    const std::span<EXNOTE> notes = destination.Notes();
-    const auto appended = std::min(source.Notes().size(), notes.size());
-    std::rotate(notes.begin(), notes.end() - static_cast<std::ptrdiff_t>(appended), notes.end());
-    MoveAttachments(source, destination, kChordDetails);
-    std::rotate(notes.begin(), notes.begin() + static_cast<std::ptrdiff_t>(appended), notes.end());
+void JoinNotes(const FramePair& frames, PairMap& pairs) {
+    for (const auto& [source, joined] : pairs) {
+        AppendNotes(*frames.destination.EntryAt(joined.destination),
+                    *frames.source.EntryAt(source));
+    }
+    if (!pairs.empty()) {
+        NormalizeFrame(*frames.destination.Frame());
+    }
+    for (auto& [source, joined] : pairs) {
+        joined.noteIDs = NoteIDs(frames.destination.EntryAt(joined.destination));
+        const auto own = std::ssize(joined.noteIDs) - frames.source.EntryAt(source)->noteCount;
+        joined.noteIDs.erase(joined.noteIDs.begin(), joined.noteIDs.begin() + own);
+    }
 }
 
 void MovePairedEntries(FramePair& frames, const PairMap& pairs) {
     std::set<u32> graceRests;
-    for (const auto& [sourceIndex, destinationIndex] : pairs) {
+    for (const auto& [sourceIndex, joined] : pairs) {
         const FinPIEntryPtr source = frames.source.EntryAt(sourceIndex);
-        const FinPIEntryPtr destination = frames.destination.EntryAt(destinationIndex);
+        const FinPIEntryPtr destination = frames.destination.EntryAt(joined.destination);
         if (!source || !destination) {
             continue;
         }
-        MoveAttachmentsOfPair(source, destination);
+        {
+            // What hangs on a note goes to the first note of its pitch: while it moves, the notes
+            // that came with it stand before the chord's own, one of which may have that pitch.
+            const NotesInOrder order{destination, joined.noteIDs};
+            MoveAttachments(source, destination, kChordDetails);
+        }
         frames.AddMoved(source, destination);
         MakeRest(source, source->duration, frames.hideRests);
         if (source.IsGrace()) {
@@ -147,7 +161,8 @@ i16 Plyweld::MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destination
     frames.sourceGraces = GraceIndices(frames.source);
     frames.hideRests = m_configData.hideAddedRests != 0;
 
-    const PairMap pairs = PairCoincidingEntries(frames);
+    PairMap pairs = PairCoincidingEntries(frames);
+    JoinNotes(frames, pairs);
     if (frames.destination.ReloadTGF() == 0) {
         return 0;
     }

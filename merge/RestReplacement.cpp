@@ -6,6 +6,7 @@
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "merge/EntryTools.h"
+#include "merge/NoteOrder.h"
 #include "shell/host/detail_flags.h"
 
 namespace {
@@ -13,8 +14,10 @@ namespace {
 // Details that a reader misses when the rest they hang on is replaced.
 constexpr u32 kTiedToTheRest = DetailFlag::kArticulation | DetailFlag::kLyric;
 
-// A host rounds the times of tuplets; more than this is another time.
+// A host rounds the times of tuplets, and may round those of each entry on its own, which adds up
+// until the tuplet ends; more than this is another time.
 constexpr i32 kTimeTolerance = 2;
+constexpr i32 kMostAddedUp = 14;
 
 constexpr const char* kFillOperation = "Plyweld::FillRestRuns";
 
@@ -171,8 +174,11 @@ bool MoveMusic(FramePair& frames, const RestRun& run, const SourceSpan& span,
         if (!source || !target || source.IsNote() != target.IsNote()) {
             return false;
         }
-        MatchTieEnds(target, source);
-        MoveAttachments(source, target, kPlacedEntryDetails);
+        {
+            const NotesInOrder order{target, NoteIDs(source)};
+            MatchTieEnds(target, source);
+            MoveAttachments(source, target, kPlacedEntryDetails);
+        }
         frames.AddMoved(source, target);
         MakeRest(source, source->duration, frames.hideRests);
         if (source.IsGrace()) {
@@ -185,10 +191,12 @@ bool MoveMusic(FramePair& frames, const RestRun& run, const SourceSpan& span,
 bool KeptTheirTimes(const FramePair& frames, const RestRun& run, const SourceSpan& span) {
     const std::span<EXENTRY> source = Part(frames.source, span.first, span.count);
     const std::span<EXENTRY> target = Part(frames.destination, run.start, span.count);
+    i32 before = 0;  // entries of the span
     return std::equal(source.begin(), source.end(), target.begin(), target.end(),
-                      [](const EXENTRY& a, const EXENTRY& b) {
-                          return std::abs(a.elapsedTime - b.elapsedTime) <= kTimeTolerance &&
-                                 std::abs(a.actualDuration - b.actualDuration) <= kTimeTolerance;
+                      [&before](const EXENTRY& a, const EXENTRY& b) {
+                          const i32 tolerance = kTimeTolerance + std::min(before++, kMostAddedUp);
+                          return std::abs(a.elapsedTime - b.elapsedTime) <= tolerance &&
+                                 std::abs(a.actualDuration - b.actualDuration) <= tolerance;
                       });
 }
 

@@ -22,14 +22,16 @@ ensure_desktop_prefix() {
     cp "$top/examples/"*.musicxml "$WINEPREFIX/drive_c/Scores/"
 }
 
-# play LOCALE SCRIPT PICTURES: a line for each step on standard output, and the program's exit
-# code. Needs a display and a prefix; ends after play_limit seconds whatever happens.
+# play LOCALE SCRIPT PICTURES, on a host of the manners PLYWELD_HOST: a line for each step on
+# standard output, and the program's exit code. Needs a display and a prefix; ends after play_limit
+# seconds whatever happens.
 play_limit=120
 play() {
     local status=0
     mkdir -p "$3"
-    LOCPATH="$build/locale" LC_ALL=$1 timeout "$play_limit" wine "$build/windows/FINALE.EXE" script \
-        --pictures "$3" "$2" </dev/null >"$3/.played" 2>/dev/null || status=$?
+    LOCPATH="$build/locale" LC_ALL=$1 timeout "$play_limit" wine "$build/windows/FINALE.EXE" \
+        ${PLYWELD_HOST:+--host "$PLYWELD_HOST"} script --pictures "$3" "$2" \
+        </dev/null >"$3/.played" 2>/dev/null || status=$?
     tr -d '\r' <"$3/.played"
     rm -f "$3/.played"
     return "$status"

@@ -1,6 +1,8 @@
 // Entry frames on loan, and measure durations.
+#include <algorithm>
 #include <limits>
 #include <span>
+#include <utility>
 
 #include "host/callbacks/serve.h"
 #include "host/score/detail_kinds.h"
@@ -71,6 +73,22 @@ void Respell(std::span<EXENTRY> entries) {
     }
 }
 
+// From the lowest to the highest; a note's alteration decides among those of one step.
+bool IsLower(const EXNOTE& a, const EXNOTE& b) {
+    const auto height = [](const EXNOTE& note) {
+        const i32 alteration = note.pitch & 7;
+        return std::pair{static_cast<i16>(note.pitch) >> 4,
+                         (note.pitch & 8) != 0 ? -alteration : alteration};
+    };
+    return height(a) < height(b);
+}
+
+void SortNotes(std::span<EXENTRY> entries) {
+    for (EXENTRY& entry : entries) {
+        std::stable_sort(entry.notes, entry.notes + entry.noteCount, IsLower);
+    }
+}
+
 void CountFlagsOutOfStep(Application& app, const Document& document,
                          std::span<const EXENTRY> entries) {
     for (const EXENTRY& entry : entries) {
@@ -131,7 +149,11 @@ i16 FX_SaveTGF(EXFRAME* frame, u32 version) {
                 return RefuseByRule(app, i16{0});
             }
             CountFlagsOutOfStep(app, document, entries);
-            document.PutFrame(loan.Key(), {entries.begin(), entries.end()});
+            std::vector<EXENTRY> stored{entries.begin(), entries.end()};
+            if (app.manners.sorting) {
+                SortNotes(stored);
+            }
+            document.PutFrame(loan.Key(), std::move(stored));
             return 1;
         });
 }

@@ -5,6 +5,7 @@
 
 #include "host/cli/installation.h"
 #include "host/cli/output_file.h"
+#include "host/score/application.h"
 
 namespace standin::cli {
 
@@ -55,6 +56,12 @@ std::string Plugin::FindExports() {
 }
 
 std::string Plugin::Handshake(WindowHandle mainWindow) {
+    for (std::size_t i = 0; App().manners.shy && i < kHostCallCount; ++i) {
+        const auto call = static_cast<HostCall>(i);
+        if (IsDispensable(call) && !machine::HideExport(NameOf(call))) {
+            return std::string{"the host cannot do without "} + NameOf(call);
+        }
+    }
     if (m_version(kInterfaceVersion) != kInterfaceVersion) {
         return "it speaks another version of the interface";
     }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/score/application.h"
 #include "host/system/machine.h"
 
 namespace standin::cli {
@@ -21,6 +22,9 @@ struct Runner {
 
 int Run(std::vector<std::string> arguments) {
     try {
+        if (!TakeManners(arguments)) {
+            return kUsage;
+        }
         const auto parsed = ParseCommandLine(std::move(arguments));
         if (const auto* exitCode = std::get_if<ExitCode>(&parsed)) {
             return *exitCode;
@@ -33,6 +37,20 @@ int Run(std::vector<std::string> arguments) {
 }
 
 }  // namespace
+
+bool TakeManners(std::vector<std::string>& arguments) {
+    if (arguments.size() < 2 || arguments[0] != "--host") {
+        return true;
+    }
+    const std::optional<Manners> manners = ParseManners(arguments[1]);
+    if (!manners) {
+        std::cerr << "plyweld: no manner of a host: " << arguments[1] << '\n';
+        return false;
+    }
+    App().manners = *manners;
+    arguments.erase(arguments.begin(), arguments.begin() + 2);
+    return true;
+}
 
 int RunCommandLine(std::vector<std::string> arguments) {
     machine::PrepareStreams();

@@ -10,6 +10,9 @@ int wmain(int argc, wchar_t** argv) {
         arguments.push_back(
             platform::Utf16ToMultiByte(argument, platform::CodePage::kUtf8).value_or(""));
     }
+    if (!standin::cli::TakeManners(arguments)) {
+        return 2;
+    }
     if (standin::desktop::WantsWindow(arguments)) {
         return standin::desktop::RunWindow(arguments);
     }

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/score/application.h"
 #include "host/score/beam_groups.h"
 #include "host/score/detail_kinds.h"
 #include "host/score/document.h"
@@ -22,7 +23,8 @@ Frame& Document::FrameAt(FrameKey key) {
 }
 
 void Document::PutFrame(FrameKey key, std::vector<EXENTRY> entries) {
-    ComputeTimes(entries, m_records);
+    ComputeTimes(entries, m_records,
+                 App().manners.rounding ? TupletRounding::kWholeUnits : TupletRounding::kBothEnds);
     for (EXENTRY& entry : entries) {
         ToStoredForm(entry);
         entry.flags =

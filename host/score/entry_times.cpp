@@ -22,9 +22,11 @@ struct OpenTuplet {
 // The place in time that one voice has reached.
 class VoiceClock {
 public:
-    explicit VoiceClock(TimePosition start) : m_position{start} {}
+    explicit VoiceClock(TupletRounding rounding) : m_rounding{rounding} {}
 
     TimePosition Position() const { return m_position; }
+    // The time that is told of the place.
+    i32 Told() const { return m_told; }
     std::vector<TupletRun>& Runs() { return m_runs; }
 
     // What comes next starts outside all tuplets.
@@ -60,6 +62,8 @@ public:
         }
         m_position = m_position + time;
         Fill(TimePosition{duration});
+        const bool addsUp = m_rounding == TupletRounding::kWholeUnits && !m_tuplets.empty();
+        m_told = addsUp ? m_told + static_cast<i32>(time.Whole()) : m_position.Rounded();
     }
 
 private:
@@ -76,7 +80,9 @@ private:
         }
     }
 
+    TupletRounding m_rounding;
     TimePosition m_position;
+    i32 m_told = 0;
     std::vector<OpenTuplet> m_tuplets;  // the innermost last
     std::vector<TupletRun> m_runs;
 };
@@ -85,34 +91,37 @@ bool IsGrace(const EXENTRY& entry) {
     return (entry.flags & EntryFlag::kGrace) != 0;
 }
 
-// Calls visit(place, start, end) for each entry.
+// Calls visit(place, start, clock) for each entry, with the clock at the entry's end.
 template <typename Visit>
-void ForEachTime(const std::vector<EXENTRY>& entries, const RecordStore& records, Visit visit) {
-    VoiceClock voice1{TimePosition{}};
-    VoiceClock voice2{TimePosition{}};
+void ForEachTime(const std::vector<EXENTRY>& entries, const RecordStore& records,
+                 TupletRounding rounding, Visit visit) {
+    VoiceClock voice1{rounding};
+    VoiceClock voice2{rounding};
     for (std::size_t place = 0; place < entries.size(); ++place) {
         const EXENTRY& entry = entries[place];
         const bool isVoice2 = (entry.flags & EntryFlag::kVoice2) != 0;
         if (!isVoice2 && (entry.flags & EntryFlag::kLaunchVoice2) != 0) {
-            voice2 = VoiceClock{voice1.Position()};
+            voice2 = voice1;
+            voice2.CloseTuplets();
         }
         VoiceClock& clock = isVoice2 ? voice2 : voice1;
-        const TimePosition start = clock.Position();
+        const i32 start = clock.Told();
         if (!IsGrace(entry)) {
             clock.OpenTuplets(entry.entryNumber, place, false, records);
             clock.Advance(entry.duration, place);
         }
-        visit(place, start, clock.Position());
+        visit(place, start, clock);
     }
 }
 
 }  // namespace
 
-void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records) {
-    ForEachTime(entries, records,
-                [&entries](std::size_t place, TimePosition start, TimePosition end) {
-                    entries[place].elapsedTime = start.Rounded();
-                    entries[place].actualDuration = end.Rounded() - start.Rounded();
+void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records,
+                  TupletRounding rounding) {
+    ForEachTime(entries, records, rounding,
+                [&entries](std::size_t place, i32 start, const VoiceClock& clock) {
+                    entries[place].elapsedTime = start;
+                    entries[place].actualDuration = clock.Told() - start;
                 });
 }
 
@@ -120,14 +129,15 @@ std::vector<TimePosition> ExactEndsOf(const std::vector<EXENTRY>& entries,
                                       const RecordStore& records) {
     std::vector<TimePosition> ends;
     ends.reserve(entries.size());
-    ForEachTime(entries, records,
-                [&ends](std::size_t, TimePosition, TimePosition end) { ends.push_back(end); });
+    ForEachTime(
+        entries, records, TupletRounding::kBothEnds,
+        [&ends](std::size_t, i32, const VoiceClock& clock) { ends.push_back(clock.Position()); });
     return ends;
 }
 
 std::vector<TupletRun> TupletRunsOf(const std::vector<EXENTRY>& entries, bool voice2,
                                     const RecordStore& records) {
-    VoiceClock clock{TimePosition{}};
+    VoiceClock clock{TupletRounding::kBothEnds};
     for (std::size_t place = 0; place < entries.size(); ++place) {
         const EXENTRY& entry = entries[place];
         if (((entry.flags & EntryFlag::kVoice2) != 0) != voice2) {

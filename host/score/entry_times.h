@@ -10,6 +10,11 @@
 
 namespace standin {
 
+enum class TupletRounding {
+    kBothEnds,
+    kWholeUnits,  // an entry takes the whole units of its time, the last of a tuplet what remains
+};
+
 // Sets elapsed time and actual duration of every entry, in duration units, from the notated
 // durations and the tuplets on record. A grace entry takes no time and stands with its main
 // note. Voice 2 starts with the entry that launches it; voice 1 goes on where that entry ends.
@@ -17,10 +22,11 @@ namespace standin {
 // A tuplet begins at the entry it is recorded with and runs over entries of that voice until
 // its symbolic span is full; further tuplets of the same entry, and ones that begin inside it,
 // are nested in it and count in it with their reference span. Both ends of an entry are
-// rounded, so that a tuplet ends exactly where its reference span does. A tuplet with a span
-// that is not positive or beyond 2^20 units, with a ratio beyond 1:64 or 64:1, or nested deeper
-// than four, is taken as none.
-void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records);
+// rounded, unless told otherwise; a tuplet ends exactly where its reference span does. A tuplet
+// with a span that is not positive or beyond 2^20 units, with a ratio beyond 1:64 or 64:1, or
+// nested deeper than four, is taken as none.
+void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records,
+                  TupletRounding rounding = TupletRounding::kBothEnds);
 
 // Where each entry ends, by the same rules but exactly; of a grace entry, where it stands.
 std::vector<TimePosition> ExactEndsOf(const std::vector<EXENTRY>& entries,

@@ -16,9 +16,12 @@ constexpr HostCall kUnpromised[] = {
     HostCall::kGetPartName,
     HostCall::kAutoNumberedName,
     HostCall::kDeleteEXENTRY,
+    HostCall::kFreeTGF,
     HostCall::kReduceEntries,
     HostCall::kGetEntryMetrics,
     HostCall::kGetEntryMetrics2014,
+    HostCall::kFreeEntryMetrics,
+    HostCall::kFreeMeasureMetrics,
     HostCall::kStartFinaleEdit,
     HostCall::kEndFinaleEdit,
     HostCall::kCancelFinaleEdit,
@@ -43,10 +46,50 @@ constexpr HostCall kUnpromised[] = {
     HostCall::kAlertMessage,
 };
 
+constexpr HostCall kDispensable[] = {
+    HostCall::kGetNextEnigmaDocument,
+    HostCall::kGetDocumentPath,
+    HostCall::kGetCurrentPartID,
+    HostCall::kGetNextPartID,
+    HostCall::kSetCurrentPartID,
+    HostCall::kSetCurrentPartInView,
+    HostCall::kGetPartName,
+    HostCall::kAutoNumberedName,
+    HostCall::kGetTGFDuration,
+    HostCall::kReduceEntries,
+    HostCall::kGetKeySig,
+    HostCall::kGetEntryMetrics2014,
+    HostCall::kFreeEntryMetrics,
+    HostCall::kFreeMeasureMetrics,
+    HostCall::kStartMassEdit,
+    HostCall::kMassEditProgress,
+    HostCall::kEndMassEdit,
+    HostCall::kRebeamRegion,
+    HostCall::kRedrawMusic,
+    HostCall::kGetDlgItemUser,
+    HostCall::kSetDlgItemUser,
+    HostCall::kEnableDlgItem,
+    HostCall::kShowHideDlgItem,
+    HostCall::kSetDlgFocus,
+    HostCall::kSetTimer,
+    HostCall::kKillTimer,
+    HostCall::kGetMeasureNumberString,
+    HostCall::kGetCurrentWindowInfo,
+};
+
+template <std::size_t count>
+bool IsIn(const HostCall (&calls)[count], HostCall call) noexcept {
+    return std::find(std::begin(calls), std::end(calls), call) != std::end(calls);
+}
+
 }  // namespace
 
 bool IsResultPromised(HostCall call) noexcept {
-    return std::find(std::begin(kUnpromised), std::end(kUnpromised), call) == std::end(kUnpromised);
+    return !IsIn(kUnpromised, call);
+}
+
+bool IsDispensable(HostCall call) noexcept {
+    return IsIn(kDispensable, call);
 }
 
 std::optional<Manners> ParseManners(std::string_view names) {

@@ -30,6 +30,9 @@ private:
     void* m_handle;
 };
 
+// From here on nobody finds this export of the program. False: it cannot be hidden.
+bool HideExport(const char* name);
+
 // The file name of the plug-in.
 extern const char* const kPluginFile;
 

@@ -2,6 +2,8 @@
 // and runs of destination rests are filled by source music of exactly their time.
 #include <tuple>
 
+#include "host/verify/merge_faults.h"
+#include "tests/unit/support/mannered.h"
 #include "tests/unit/support/named_cases.h"
 #include "tests/unit/support/plugin_driver.h"
 
@@ -197,6 +199,33 @@ TEST(Details, OfEqualPitchesStayApart) {
 MyExpressionAssign ExpressionOf(StandIn& host, u16 record) {
     return FromBytes<MyExpressionAssign>(
         *host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, record)));
+}
+
+// A host that computes the times of tuplets otherwise than whoever wrote the score.
+TEST(Times, OfALongTupletMayBeRoundedAnewWhenItIsPlaced) {
+    StandIn host;
+    host.Write({"w:r", "(7:4 e:c4 e:d4 e:e4 e:f4 e:g4 e:a4 e:b4) h:c5"});
+    const Mannered mannered{&Manners::rounding};
+    Plugin{}.Merge(host);
+    EXPECT_EQ(AlertTexts(), "");
+    EXPECT_EQ(host.Layer(1, 1, 0), "(7:4 e:c4 e:d4 e:e4 e:f4 e:g4 e:a4 e:b4) h:c5");
+}
+
+// The lower source note stands behind the higher one, and a note of the chord has its pitch.
+TEST(Sorting, PartsNoNoteFromWhatHangsOnIt) {
+    for (const char* destination : {"w:c4,e4", "w:r"}) {
+        StandIn host;
+        const Mannered mannered{&Manners::sorting};
+        host.Write({destination, "w:g4,~c4,c4"});
+        const EXENTRY source = host.Entry({1, 1, 1, 0});
+        const std::string id{reinterpret_cast<const char*>(&source.notes[2].noteID), sizeof(u16)};
+        host.Attach({1, 1, 1, 0}, HostTag("E\002cn"), id + "head");
+        const DocumentContent before = host.Score().Content();
+        Plugin{}.Merge(host);
+        EXPECT_EQ(AlertTexts(), "");
+        EXPECT_EQ(Lines(FaultsOfMerge(host.Score(), before, host.Score().Content(), {})), "");
+        EXPECT_NE(host.Attached({1, 1, 0, 0}, HostTag("E\002cn")), "");
+    }
 }
 
 TEST(Expressions, FollowTheMusicTheyHangOn) {

@@ -1,4 +1,6 @@
 // Every scenario on hosts of every manner: the same music, the same messages.
+#include <algorithm>
+
 #include "host/verify/merge_faults.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/dialog_desk.h"
@@ -13,6 +15,18 @@ struct Outcome {
     std::string alerts;
     std::string problems;
 };
+
+// Without the order of a chord's notes.
+std::vector<std::string> Unordered(std::vector<std::string> layers) {
+    for (std::string& layer : layers) {
+        for (auto word = layer.begin(); word != layer.end();) {
+            const auto end = std::find(word + 1, layer.end(), ' ');
+            std::sort(word, end);
+            word = end;
+        }
+    }
+    return layers;
+}
 
 Outcome RunOnce(const Scenario& scenario) {
     const Plugin plugin;
@@ -44,7 +58,7 @@ TEST_P(OnHosts, EveryScenarioGivesTheSame) {
         const Outcome usual = RunOnce(scenario);
         const Mannered mannered{GetParam()};
         const Outcome outcome = RunOnce(scenario);
-        EXPECT_EQ(outcome.layers, usual.layers);
+        EXPECT_EQ(Unordered(outcome.layers), Unordered(usual.layers));
         EXPECT_EQ(outcome.alerts, usual.alerts);
         EXPECT_EQ(outcome.problems, "") << Print(scenario.score);
     }

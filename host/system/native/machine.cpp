@@ -57,6 +57,11 @@ void* Library::FindExport(const char* name) const {
     return dlsym(m_handle, name);
 }
 
+bool HideExport(const char* name) {
+    platform::headless::HideHostFunction(name);
+    return true;
+}
+
 ShiftHeld::ShiftHeld() {
     platform::headless::HoldShift(true);
 }

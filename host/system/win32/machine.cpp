@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <fcntl.h>
 #include <io.h>
 #include <system_error>
@@ -54,6 +55,37 @@ std::unique_ptr<Library> Library::Open(const std::filesystem::path& file, std::s
     // The texts of alerts that the plug-in names by number are in its own resources.
     platform::SetPluginModule(module);
     return std::unique_ptr<Library>{new Library{module}};
+}
+
+// An entry of the table of addresses that is 0 stands for no export.
+bool HideExport(const char* name) {
+    auto* const image = reinterpret_cast<unsigned char*>(GetModuleHandleW(nullptr));
+    const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(image);
+    const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(image + dos->e_lfanew);
+    const IMAGE_DATA_DIRECTORY& directory =
+        headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
+    if (directory.Size == 0) {
+        return false;
+    }
+    const auto* exports =
+        reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(image + directory.VirtualAddress);
+    const auto* names = reinterpret_cast<const DWORD*>(image + exports->AddressOfNames);
+    const auto* places = reinterpret_cast<const WORD*>(image + exports->AddressOfNameOrdinals);
+    auto* const addresses = reinterpret_cast<DWORD*>(image + exports->AddressOfFunctions);
+    for (DWORD i = 0; i < exports->NumberOfNames; ++i) {
+        if (std::strcmp(reinterpret_cast<const char*>(image + names[i]), name) != 0) {
+            continue;
+        }
+        DWORD* const address = addresses + places[i];
+        DWORD protection = 0;
+        if (VirtualProtect(address, sizeof(DWORD), PAGE_READWRITE, &protection) == 0) {
+            return false;
+        }
+        *address = 0;
+        VirtualProtect(address, sizeof(DWORD), protection, &protection);
+        return true;
+    }
+    return false;
 }
 
 Library::~Library() {

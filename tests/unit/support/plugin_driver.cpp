@@ -18,6 +18,11 @@ Plugin::Plugin(const std::string& path)
     }
     platform::headless::Reset();
     platform::headless::SetLanguage(platform::headless::Language::kEnglish);
+    for (std::size_t i = 0; App().manners.shy && i < kHostCallCount; ++i) {
+        if (IsDispensable(static_cast<HostCall>(i))) {
+            platform::headless::HideHostFunction(NameOf(static_cast<HostCall>(i)));
+        }
+    }
     Find(m_version, "FinaleExtensionVersion");
     Find(m_init, "FinaleExtensionInit");
     Find(m_enumerate, "FinaleExtensionEnumerate_UTF16");
