@@ -40,6 +40,9 @@
     "You may not write to $0. Choose another folder, or close this program and start it with a right click and $\"Run as administrator$\"." \
     "No tiene permiso para escribir en $0. Elija otra carpeta, o cierre este programa e inícielo con el botón derecho y «Ejecutar como administrador»."
   ${T} NotWritten "Files could not be written to $Home." "No se pudieron escribir archivos en $Home."
+  ${T} EarlierStays \
+    "The earlier version in $Earlier could not be removed. Nothing was changed." \
+    "No se pudo quitar la versión anterior de $Earlier. No se ha cambiado nada."
   ${T} InUse \
     "Plyweld is in use. Close Finale, then try again.$\r$\n$\r$\n$0\plyweld.fxt" \
     "Plyweld está en uso. Cierre Finale e inténtelo de nuevo.$\r$\n$\r$\n$0\plyweld.fxt"
@@ -53,6 +56,6 @@
   ${T} RemoveText \
     "Plyweld will be removed from Finale's plug-in folder. Close Finale first." \
     "Plyweld se quitará de la carpeta de plugins de Finale. Cierre Finale antes."
-  ${T} RemoveSettingsToo "Remove my saved settings too" "Quitar también mis ajustes guardados"
+  ${T} RemoveSettingsToo "Remove my saved &settings too" "Quitar también mis a&justes guardados"
   ${T} RemoveButton "Remove" "Quitar"
 !macroend

@@ -141,7 +141,13 @@ Section
     Call WaitUntilFree
     ; The earlier version knows what it brought.
     ${If} ${FileExists} "$Earlier\uninstall.exe"
-      ExecWait '"$Earlier\uninstall.exe" /S _?=$Earlier'
+      ClearErrors
+      ExecWait '"$Earlier\uninstall.exe" /S _?=$Earlier' $1
+      ${If} ${Errors}
+      ${OrIf} $1 <> 0
+        SetErrorLevel ${REFUSED}
+        Abort "$(EarlierStays)"
+      ${EndIf}
       Delete "$Earlier\uninstall.exe"
       RMDir "$Earlier"
     ${EndIf}
