@@ -1,17 +1,14 @@
 // Made-up MusicXML, merged with the command as a user would. PLYWELD_FILES sets how many scores,
 // PLYWELD_SEED repeats one.
-#include "tests/unit/support/made_up_xml.h"
-
 #include <array>
 #include <cstdlib>
 
 #include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
-#include "host/readback/compare.h"
-#include "host/readback/read_content.h"
 #include "host/score/application.h"
 #include "tests/unit/musicxml_support.h"
 #include "tests/unit/support/files.h"
+#include "tests/unit/support/made_up_xml.h"
 #include "tests/unit/support/merge_count.h"
 
 namespace standin {
@@ -36,22 +33,12 @@ protected:
         const std::string input = (folder / "in.musicxml").string();
         std::ofstream{input, std::ios::binary} << text;
         Words arguments = {"merge",    input,    "-o", (folder / "out.musicxml").string(),
-                            "--quiet"};
+                           "--verify", "--quiet"};
         arguments.insert(arguments.end(), way.begin(), way.end());
         testing::internal::CaptureStderr();
         const int exitCode = cli::RunCommandLine(arguments);
         const std::string errors = testing::internal::GetCapturedStderr();
-        if (exitCode != cli::kDone) {
-            return std::to_string(exitCode) + ": " + errors;
-        }
-        readback::Texts texts;
-        const auto before = readback::ReadContent(text, texts);
-        const auto after = readback::ReadContent(Content(folder / "out.musicxml"), texts);
-        std::string faults;
-        for (const std::string& fault : readback::FaultsOfMerge(*before.score, *after.score, texts)) {
-            faults += fault + '\n';
-        }
-        return faults;
+        return exitCode == cli::kDone ? "" : std::to_string(exitCode) + ": " + errors;
     }
 
     // A smaller score that fails as well.
