@@ -204,6 +204,25 @@ TEST_F(CommandRun, AVoiceSoundsOnOneStaffAtATime) {
     EXPECT_EQ(voiceOf("D"), "3") << merged;
 }
 
+// Of a chord over two staves one note leaves. Readers would put the rest it left and the other note
+// one after the other if both had one voice.
+TEST_F(CommandRun, ARestLeftBehindSharesNoVoiceWithAnotherStaff) {
+    const std::string text = Score({At(1, "1", "D4", 8) + Note({.pitch = "B3",
+                                                                .duration = 8,
+                                                                .voice = "1",
+                                                                .more = "<staff>2</staff>",
+                                                                .first = "<chord/>"})});
+    ASSERT_EQ(Run({"merge", Write("in.xml", text), "-o", File("out.xml"), "--from", "1", "--to",
+                   "2", "--staves", "1", "--verify"}),
+              kDone)
+        << errors;
+    const std::string merged = Content(File("out.xml"));
+    const auto voiceAfter = [&merged](const std::string& mark) {
+        return merged.substr(merged.find("<voice>", merged.find(mark)) + 7, 1);
+    };
+    EXPECT_NE(voiceAfter("<rest"), voiceAfter("<step>B")) << merged;
+}
+
 std::string Triplet(std::string_view voice, std::string_view pitch, std::string_view tuplet = "") {
     const std::string ends =
         tuplet.empty() ? ""

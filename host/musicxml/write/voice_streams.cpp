@@ -219,13 +219,14 @@ private:
         });
     }
 
-    // Whether the strand sounds while its voice does on another staff, and did not when read.
-    bool SoundsNewlyTogether(const VoiceStream& stream, const Strand& strand) const {
+    // Whether the strand has music or rests while its voice has some on another staff, and did not
+    // when read. Readers put what has one voice into one layer, one after the other, rests too.
+    bool IsNewlyTwofold(const VoiceStream& stream, const Strand& strand) const {
         return std::any_of(stream.events.begin(), stream.events.end(), [&](const PlannedEvent& a) {
-            return a.Sounds() && a.staff != strand.staff &&
+            return a.staff != strand.staff &&
                    std::any_of(
                        strand.events.begin(), strand.events.end(), [&](const PlannedEvent& b) {
-                           return b.Sounds() && SharesTime(a, b) && !(WasRead(a) && WasRead(b));
+                           return SharesTime(a, b) && !(a.place.isAsRead && b.place.isAsRead);
                        });
         });
     }
@@ -242,7 +243,7 @@ private:
                 Join(stream, strand);
                 return;
             }
-            isNewlyTwofold = isNewlyTwofold || SoundsNewlyTogether(stream, strand);
+            isNewlyTwofold = isNewlyTwofold || IsNewlyTwofold(stream, strand);
         }
         VoiceStream& stream = m_streams.emplace_back();
         stream.changed = m_changedVoices.contains(strand.voice);

@@ -20,8 +20,8 @@ struct VoiceStream {
 };
 
 // The measure counted from 0. A voice that shares no time with itself becomes one stream, over
-// all its staves. Of one that newly would sound on two staves at once, what is away from its
-// own staff becomes a voice that is free there. Layers of nothing but hidden rests give none.
+// all its staves. Of one that newly would be on two staves at once, rests too, what is away from
+// its own staff becomes a voice that is free there. Layers of nothing but hidden rests give none.
 std::vector<VoiceStream> StreamsOf(const ImportedScore& score, const ScorePart& part,
                                    std::size_t measure);
 
