@@ -47,7 +47,7 @@ std::string JoinedNames(std::span<const OptionRow> rows) {
     return joined + "-h --help";
 }
 
-std::string CommandNames() {
+std::string WordsOfCommands() {
     std::string names;
     for (const CommandRow& command : Commands()) {
         names += command.forPeople ? std::string{command.name} + ' ' : "";
@@ -87,7 +87,7 @@ std::string BashScript() {
         "    local word=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD-1]}\n"
         "    if [ \"$COMP_CWORD\" -eq 1 ]; then\n"
         "        COMPREPLY=($(compgen -W '" +
-        CommandNames() +
+        WordsOfCommands() +
         " -h --help -V --version' -- \"$word\"))\n"
         "        return\n"
         "    fi\n"

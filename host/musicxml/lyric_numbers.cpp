@@ -7,7 +7,7 @@
 namespace standin {
 namespace {
 
-std::string NumberOf(std::string_view lyric) {
+std::string LyricNumberOf(std::string_view lyric) {
     const std::string_view number = AttributeText(lyric, "number");
     return std::string{number.empty() ? std::string_view{"1"} : number};
 }
@@ -27,7 +27,7 @@ std::vector<std::string> LyricNumbers(const Fragments& fragments,
     std::vector<std::string> taken;
     taken.reserve(lyrics.size());
     for (const LyricAtEntry& lyric : lyrics) {
-        taken.push_back(NumberOf(fragments[lyric.fragment]));
+        taken.push_back(LyricNumberOf(fragments[lyric.fragment]));
     }
     std::vector<std::string> numbers(lyrics.size());
     for (std::size_t i = 1; i < lyrics.size(); ++i) {

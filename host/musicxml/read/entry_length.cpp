@@ -5,7 +5,6 @@ namespace {
 
 constexpr i64 kLongestDuration = 0x7FFF;
 constexpr i16 kGraceDuration = kQuarterNote / 2;
-constexpr i64 kLargestRatio = 64;
 
 // The reference span as count times unit; false when it has no such factors.
 bool SetReference(EDTTuplet2005& tuplet, i64 actual) {

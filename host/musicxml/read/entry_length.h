@@ -7,6 +7,9 @@
 
 namespace standin {
 
+// By how much a ratio of written to actual length may stretch or shrink a note.
+inline constexpr i64 kLargestRatio = 64;
+
 struct EntryLength {
     i16 duration = 0;
     bool needsTuplet = false;  // the actual length differs from the duration

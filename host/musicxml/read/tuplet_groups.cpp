@@ -5,14 +5,14 @@
 #include <tuple>
 
 #include "host/musicxml/entry_texts.h"
+#include "host/musicxml/read/entry_length.h"
 
 namespace standin {
 namespace {
 
 constexpr i64 kLongestSpan = 0x7FFF;  // that both a count and a unit can say
-constexpr i64 kLargestRatio = 64;
 // One less than the host's, which leaves room for an entry's own.
-constexpr std::size_t kDeepestNesting = 3;
+constexpr std::size_t kMaxOpenTuplets = 3;
 
 // Of the element inside, where a bracket stands in <notations> of its own.
 std::string_view BracketAttribute(std::string_view element, std::string_view name) {
@@ -337,7 +337,7 @@ void TupletGroups::GroupBrackets(const Voice& voice, std::vector<BracketPair> pa
         const bool isNested = open.empty() || (end <= open.back().end);
         const TupletText text{pair.start.element, pair.stop.element, pair.start.bracket};
         if (voice[pair.start.entry]->Grace() || voice[pair.stop.entry]->Grace() || !isNested ||
-            open.size() >= kDeepestNesting || !MayBeGroup(entries)) {
+            open.size() >= kMaxOpenTuplets || !MayBeGroup(entries)) {
             voice[pair.start.entry]->bracketEnds.push_back({text.start, 0, text.bracket});
             voice[pair.stop.entry]->bracketEnds.push_back({0, text.stop, text.bracket});
             continue;
