@@ -96,7 +96,7 @@ private:
         remark.kind = kind;
         remark.staff = m_slot;
         remark.measure = m_key.measure;
-        remark.onset = entry.elapsedTime;
+        remark.onset = i32{entry.elapsedTime};
         return remark;
     }
 
@@ -291,7 +291,7 @@ void AddTies(const ImportedScore& score, const ScorePart& part, std::size_t meas
         remark.staff = static_cast<u16>(firstSlot + tie.start->staff);
         remark.measure = static_cast<u16>(measure + 1);
         remark.layer = tie.start->layer;
-        remark.onset = tie.start->time.entry->elapsedTime;
+        remark.onset = i32{tie.start->time.entry->elapsedTime};
         remark.what = NameOfNote(*score.document, remark.measure, note);
         remark.words = Say(Text::kTieGoesOn, {remark.what, std::to_string(tie.stop->layer + 1)});
     }

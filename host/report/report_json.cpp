@@ -84,13 +84,15 @@ Json AsJson(const MergeOptions& options) {
 
 // Positions are duration units from the barline; a last position of null is the measure's end.
 Json AsJson(const EREGION& selection) {
-    return {{"firstStaff", selection.startSlot},
-            {"lastStaff", selection.endSlot},
-            {"firstMeasure", selection.startMeasure},
-            {"firstPosition", selection.startPosition},
-            {"lastMeasure", selection.endMeasure},
-            {"lastPosition",
-             selection.endPosition == kEndOfMeasure ? Json(nullptr) : Json(selection.endPosition)}};
+    // Copies: the fields of a packed structure cannot be referred to.
+    const i32 first = selection.startPosition;
+    const i32 last = selection.endPosition;
+    return {{"firstStaff", i16{selection.startSlot}},
+            {"lastStaff", i16{selection.endSlot}},
+            {"firstMeasure", i16{selection.startMeasure}},
+            {"firstPosition", first},
+            {"lastMeasure", i16{selection.endMeasure}},
+            {"lastPosition", last == kEndOfMeasure ? Json(nullptr) : Json(last)}};
 }
 
 Json Totals(const MergeReport& report) {

@@ -61,7 +61,7 @@ TEST(Slips, ANoteOfNoLengthInATripletTakesAThird) {
                            "<type>quarter</type><time-modification><actual-notes>3</actual-notes>"
                            "<normal-notes>2</normal-notes></time-modification>") +
                    Note({})}));
-    EXPECT_EQ(Entries(*score, 1, 0).at(1).elapsedTime, 2 * 1024 / 3 + 1);
+    EXPECT_EQ(+Entries(*score, 1, 0).at(1).elapsedTime, 2 * 1024 / 3 + 1);
 }
 
 // Its text would say another time than what is written after it counts on.

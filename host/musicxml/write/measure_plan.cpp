@@ -339,7 +339,7 @@ void AddEndsOfStream(const ImportedScore& score, const ScorePart& part, const Pa
     for (const PlannedStep& step : stream.steps) {
         const auto carried = step.event == nullptr
                                  ? score.carried.end()
-                                 : score.carried.find(step.event->time.entry->entryNumber);
+                                 : score.carried.find(u32{step.event->time.entry->entryNumber});
         if (carried != score.carried.end()) {
             AddEndsOfText(part.lines, carried->second.begin, carried->second.end, ends);
         } else if (step.event != nullptr) {

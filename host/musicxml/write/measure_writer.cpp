@@ -83,7 +83,7 @@ std::string MeasureWriter::Write(const MeasurePlan& plan) {
 
 // A carried entry goes out as it came, but for the numbers of its lines.
 bool MeasureWriter::WriteCarried(const PlannedEvent& event) {
-    const auto carried = m_score.carried.find(event.time.entry->entryNumber);
+    const auto carried = m_score.carried.find(u32{event.time.entry->entryNumber});
     if (carried == m_score.carried.end()) {
         return false;
     }

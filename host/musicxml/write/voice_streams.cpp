@@ -118,7 +118,7 @@ private:
         std::set<u32> known;
         if (const Frame* imported = m_score.document->ImportedFrame(key)) {
             for (const EXENTRY& entry : imported->entries) {
-                known.insert(entry.entryNumber);
+                known.insert(u32{entry.entryNumber});
             }
         }
         Strand& strand = m_strands.emplace_back();
@@ -130,7 +130,7 @@ private:
         for (const TimedEntry& timed : entries) {
             AddEvent(frame, timed, strand);
             PlannedEvent& event = strand.events.back();
-            event.cameIn = !known.contains(timed.entry->entryNumber);
+            event.cameIn = !known.contains(u32{timed.entry->entryNumber});
             event.place.isAsRead =
                 !event.cameIn && (timed.entry->flags & EntryFlag::kMadeRest) == 0;
             indices.push_back(static_cast<std::size_t>(timed.entry - frame.entries.data()));
@@ -161,7 +161,7 @@ private:
     u32 RankOf(const std::vector<TimedEntry>& entries, u16 staff) const {
         u32 rank = m_original.lastEntry + 1;
         for (const TimedEntry& timed : entries) {
-            rank = std::min(rank, timed.entry->entryNumber);
+            rank = std::min(rank, u32{timed.entry->entryNumber});
         }
         if (rank <= m_original.lastEntry) {
             return rank;
@@ -173,8 +173,9 @@ private:
                 continue;
             }
             for (const EXENTRY& entry : frame->entries) {
-                rank = entry.entryNumber <= m_original.lastEntry ? std::max(rank, entry.entryNumber)
-                                                                 : rank;
+                rank = entry.entryNumber <= m_original.lastEntry
+                           ? std::max(rank, u32{entry.entryNumber})
+                           : rank;
             }
         }
         return rank;
