@@ -89,6 +89,7 @@ bool ShareTime(const EntryDraft& a, const EntryDraft& b) {
 bool ShareTime(const std::vector<EntryDraft*>& a, const std::vector<EntryDraft*>& b) {
     using Owned = std::pair<const EntryDraft*, bool>;
     std::vector<Owned> all;
+    all.reserve(a.size() + b.size());
     for (const EntryDraft* entry : a) {
         all.emplace_back(entry, true);
     }

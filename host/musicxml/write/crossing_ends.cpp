@@ -72,6 +72,7 @@ CrossingEnds Difference(const ImportedEntry& entry, const BeamedEntry& beamed) {
 
 void AddCrossing(const std::vector<ImportedEntry>& voice, std::vector<CrossingEnds>& all) {
     std::vector<BeamedEntry> beamed;
+    beamed.reserve(voice.size());
     for (const ImportedEntry& entry : voice) {
         beamed.push_back(entry.beamed);
     }
