@@ -165,12 +165,18 @@ void PartReader::Reach(Rational time) {
     }
 }
 
+Problem PartReader::ReadMove(pugi::xml_node move, Rational& length) const {
+    Problem problem = m_notes.ReadDuration(move.child("duration"), m_context.divisions, length);
+    if (problem && problem.offset == 0) {
+        return {"<" + std::string{move.name()} + "> needs a <duration>", OffsetOf(move)};
+    }
+    return problem;
+}
+
 Problem PartReader::ReadBackup(pugi::xml_node backup) {
     Rational length;
-    if (Problem problem =
-            m_notes.ReadDuration(backup.child("duration"), m_context.divisions, length)) {
-        return problem.offset == 0 ? Problem{"<backup> needs a <duration>", OffsetOf(backup)}
-                                   : problem;
+    if (Problem problem = ReadMove(backup, length)) {
+        return problem;
     }
     LeaveStream();
     m_time = m_time - m_uncounted - length;
@@ -186,10 +192,8 @@ Problem PartReader::ReadBackup(pugi::xml_node backup) {
 
 Problem PartReader::ReadForward(pugi::xml_node forward) {
     Rational length;
-    if (Problem problem =
-            m_notes.ReadDuration(forward.child("duration"), m_context.divisions, length)) {
-        return problem.offset == 0 ? Problem{"<forward> needs a <duration>", OffsetOf(forward)}
-                                   : problem;
+    if (Problem problem = ReadMove(forward, length)) {
+        return problem;
     }
     if (length.IsZero()) {
         m_score.warnings.Add("a <forward> of no length is passed over", OffsetOf(forward));

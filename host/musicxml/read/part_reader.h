@@ -40,6 +40,8 @@ private:
     Problem ReadChild(pugi::xml_node child);
     Problem ReadNote(pugi::xml_node node);
     void GiveLength(NoteElement& note);
+    // The length of a <backup> or <forward>.
+    Problem ReadMove(pugi::xml_node move, Rational& length) const;
     Problem ReadBackup(pugi::xml_node backup);
     Problem ReadForward(pugi::xml_node forward);
     Problem ReadItem(pugi::xml_node item);
