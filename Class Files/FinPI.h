@@ -1,6 +1,6 @@
-// A command of the plug-in: what stands between the host's invoke call and the end of a run.
-// It resolves a saved setting, reads the Shift key, chooses the region, and walks the measures
-// and staves of that region. A command class answers the virtual operations below.
+// A command of the plug-in, from the host's invoke call to the end of a run: it resolves a saved
+// setting, reads the Shift key, chooses the region, and walks the measures and staves of that
+// region. A command class implements the virtual operations below.
 #pragma once
 
 #include "shell/host/host_frames.h"
@@ -25,7 +25,7 @@ public:
     virtual u16 GetCommandID() const { return m_commandID; }
     virtual u32 GetSettingsSize() const = 0;  // bytes
     virtual void* GetSettings() = 0;
-    // Lets every question that was told not to show again show again.
+    // Lets all questions appear again that the user had turned off.
     virtual void ResetAlerts();
     // Drops the stored dialog position of a saved setting; identifier 0 is the command's own.
     virtual void ForgetWindowPlace(u16 identifier);
@@ -46,8 +46,8 @@ public:
     virtual i16 AllowProgress(u64 workSteps, i16 layers);
     virtual i16 KeepEdit() { return 1; }
     virtual i16 ChangesGeneralPrefs() { return 0; }
-    // Walks the region: 1 when it ran to its end, 0 when a hook, an error or the user stopped
-    // it. firstMeasure -1 is the region's own. Clearing continueFlag stops what follows.
+    // Walks the region: 1 when it ran to its end, 0 when a hook, an error or the user stopped it.
+    // firstMeasure -1 is the region's own. Clearing continueFlag stops the walk.
     virtual i16 DoProcessDocument(const EREGION& region, i16 walkMode, i16 reportStaves,
                                   i16 reportMeasures, i16 reportLayers, i16 firstMeasure,
                                   i16 measureHook, i16 skipMultimeasureRests, u16* continueFlag);
@@ -59,7 +59,7 @@ public:
     virtual i16 ProcessEntry() { return 1; }
     virtual i16 ProcessNote() { return 1; }
     virtual i16 UnusedHook() { return 1; }
-    // Nonzero: the dialog is open and drives the object from now on.
+    // Nonzero: the dialog is open and controls the object from now on.
     virtual i16 ShowDialog(const EREGION* selection, const EREGION* wholeDocument);
     // The command's work: nonzero when something changed.
     virtual i16 Execute(const EREGION* selection, const EREGION* wholeDocument);
@@ -81,7 +81,7 @@ public:
     void UseSavedSetting(i16 number, u16 identifier);
 
 protected:
-    // Prepares a run. False: the command is not to be run, and the user has been told why.
+    // Prepares a run. False: the command must not run, and the user has been shown the reason.
     bool Invoke(const EREGION* selection, const EREGION& wholeDocument);
     // The selection when there is one, in a single staff list; else the whole document.
     void ChooseRegion(const EREGION* selection, const EREGION& wholeDocument);
@@ -109,7 +109,7 @@ private:
     };
 
     bool ResolveSavedSetting();
-    // The walk itself: one ProcessStaffMeasure a staff and measure, until the flag is cleared.
+    // The walk itself: one ProcessStaffMeasure per staff and measure, until the flag is cleared.
     void ProcessEvery(const EREGION& region, MeasureRange measures, i16 layers,
                       ProgressCounter& progress, u16& continueFlag);
 };

@@ -61,7 +61,7 @@ i16 FinPIModeless::Start(const EREGION* selection, const EREGION* wholeDocument)
     if (m_savedSetting != 0) {
         SetTitle(m_savedSettingName);
     }
-    // A dialog that opens drives the object, and one that closes at once has destroyed it.
+    // A dialog that stays open controls the object; one that has closed already has destroyed it.
     FinPIModeless* const command = self.release();
     if (command->ShowDialog(selection, wholeDocument) == 0 && IsLive(command)) {
         self.reset(command);
@@ -70,12 +70,12 @@ i16 FinPIModeless::Start(const EREGION* selection, const EREGION* wholeDocument)
 }
 
 void FinPIModeless::RunModeless() {
-    // The pending error and the edit are those of one run: there is none inside another's.
+    // The pending error and the edit belong to one run, so runs cannot be nested.
     if (m_stop != 0 || IsAnyRunning()) {
         return;
     }
     const FlagScope running{m_running};
-    g_pendingError.reset();  // of what the dialog could not show, and not of this run
+    g_pendingError.reset();  // posted while the dialog was open, not by this run
     if (Host::GetCurrentEnigmaDocument() == 0) {
         PostError(FinPINoOpenDocumentError{});
         ReportPendingError();
@@ -99,7 +99,7 @@ bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& whole
     char16 undoText[kUndoTextUnits];
     std::unique_ptr<FinPIException> ofTheRun = std::move(g_pendingError);
     GetUndoText(undoText, kUndoTextUnits, m_region);
-    g_pendingError = std::move(ofTheRun);  // the text does without what cannot be read
+    g_pendingError = std::move(ofTheRun);  // unreadable parts are left out of the text
     UndoableEdit edit{undoText};
     const bool changed = Execute(selection, &wholeDocument) != 0;
     bool failed = m_stop != 0;

@@ -19,7 +19,7 @@ public:
     // 0: the dialog did not open.
     i16 ShowDialog(const EREGION* selection, const EREGION* wholeDocument) override;
 
-    // Not while a run is in progress, which the object must outlive.
+    // Not allowed during a run, because the object must outlive it.
     i16 CloseDialog(WindowHandle window) override;
     // Without a stored place the dialog appears beside the one that was opened before it.
     i16 LoadWindowPosition(u16 keyOffset) override;

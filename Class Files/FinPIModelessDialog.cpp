@@ -1,4 +1,4 @@
-// What the dialog of a modeless command adds to a dialog.
+// What a modeless command adds to its dialog.
 #include "Class Files/FinPIModeless.h"
 #include "Class Files/LiveCommands.h"
 #include "Class Files/interface/HostMenu.h"
@@ -17,7 +17,7 @@ constexpr u32 kLastListedEvent = 10503;
 std::set<u16> OpenDocuments() {
     std::set<u16> documents;
     u16 document = Host::GetNextEnigmaDocument(u16{0});
-    // A number met before would come round for ever.
+    // A repeated number would make the walk endless.
     while (document != 0 && documents.insert(document).second) {
         document = Host::GetNextEnigmaDocument(document);
     }
@@ -64,7 +64,7 @@ i16 FinPIModeless::LoadWindowPosition(u16 keyOffset) {
     if (m_nextLive == nullptr) {
         return 0;
     }
-    // Where it stands now; its remembered place may be older, or none at all.
+    // Its current place; the stored one may be older or missing.
     if (m_nextLive->Window() != nullptr && m_nextLive->m_minimized == 0) {
         m_nextLive->RememberWindowPlace(m_nextLive->Window());
     }

@@ -1,4 +1,4 @@
-// What comes before a run: the saved setting, the Shift key, the region.
+// The preparation of a run: the saved setting, the Shift key, the region.
 #include <utility>
 
 #include "Class Files/FinPI.h"
@@ -13,14 +13,14 @@ namespace {
 constexpr u16 kScoreStaffList = 0;
 constexpr u16 kStaleMenuText = 20004;
 
-// A region whose ends count in different staff lists, in one: the start's when the end's staff
-// stands there too, else the score's own.
+// Converts a region whose ends use different staff lists to a single list: the start's if it
+// contains the last staff, else the score's own.
 EREGION InOneStaffList(const EREGION& selection) {
     const u16 lastStaff = Host::SlotToInst(selection.endSlot, selection.endStaffList);
     const bool fits = Host::InstToSlot(lastStaff, selection.startStaffList) != 0;
     FinPIRegion region{selection, Host::GetCurrentEnigmaDocument()};
     region.ChangeToIUList(fits ? selection.startStaffList : kScoreStaffList);
-    if (region.startSlot > region.endSlot) {  // staves have another order in another list
+    if (region.startSlot > region.endSlot) {  // the order of staves differs between lists
         std::swap(region.startSlot, region.endSlot);
     }
     return region;

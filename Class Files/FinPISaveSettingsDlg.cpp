@@ -21,7 +21,7 @@ namespace {
 constexpr u16 kSaveSettingsDialog = 20003;
 constexpr u32 kDefaultNameString = 20015;
 
-constexpr std::size_t kMostNameBytes = 255;  // in UTF-8
+constexpr std::size_t kMaxNameBytes = 255;  // in UTF-8
 
 std::u16string CutAtBytes(std::u16string text, std::size_t bytes) {
     const auto utf8 = platform::Utf16ToMultiByte(text, platform::CodePage::kUtf8);
@@ -68,7 +68,7 @@ std::u16string FinPISaveSettingsDlg::DefaultSettingName(u16 number) const {
     const std::string digits = std::to_string(number);
     std::u16string name{m_commandKey};
     name.append(u"/").append(platform::ResourceString(kDefaultNameString)).append(u" ");
-    return CutAtBytes(name.append(digits.begin(), digits.end()), kMostNameBytes);
+    return CutAtBytes(name.append(digits.begin(), digits.end()), kMaxNameBytes);
 }
 
 SavedSettingPtr* FinPISaveSettingsDlg::StoredSetting(SavedSettingItem item) {
@@ -165,7 +165,7 @@ void FinPISaveSettingsDlg::GiveIdentifier(SavedSettingHeader& header) {
                            });
     };
     do {
-        ++m_nextIdentifier;  // behind the highest number come the lowest
+        ++m_nextIdentifier;  // the lowest numbers follow the highest
     } while (m_nextIdentifier == 0 || isTaken(m_nextIdentifier));
     header.identifier = m_nextIdentifier;
 }
@@ -201,7 +201,7 @@ void FinPISaveSettingsDlg::SelectFirstEntry() {
             }
         }
     }
-    if (m_loadedCount < SavedSettings::kMostPerCommand) {
+    if (m_loadedCount < SavedSettings::kMaxPerCommand) {
         AddNewItem(false);
     } else {
         list.Select(1);

@@ -25,8 +25,8 @@ public:
     i16 SelectedNumber() const noexcept { return m_selectedNumber; }
     u16 SelectedIdentifier() const noexcept { return m_selectedIdentifier; }
 
-    // Rewrites the settings part of a saved setting; reports an error when it cannot be written,
-    // and when there is none, as under number 0.
+    // Rewrites the settings part of a saved setting; reports an error if it cannot be written or
+    // does not exist, as with number 0.
     static void PutSavedSettings(u16 commandID, i16 number, const void* settings, u32 size);
 
 protected:
@@ -49,11 +49,11 @@ private:
     void SelectFirstEntry();
 
     bool HasRoom() const;
-    // It was not added only now, and is not the one in use.
+    // It was stored before, and is not the one in use.
     bool CanDelete(SavedSettingItem item);
     void UpdateButtons();
-    // After a press of a button. One that is disabled now must not keep the keyboard focus, nor
-    // hand it to the button behind it, where the same key would do something else.
+    // Called after a button was pressed. If it is disabled now, it must not keep the keyboard focus
+    // or pass it to the next button, where the same key would do something else.
     void LeaveButton(bool stillEnabled);
     void CommitEditedName(i16 chosen);
     void AddNewItem(bool commitFirst);

@@ -9,10 +9,10 @@ namespace {
 
 // The measure number's text, its terminator included.
 constexpr u32 kMeasureNumberUnits = 25;
-// Below this there is no room for a separator and a digit.
+// The least room for a separator and a digit.
 constexpr i32 kLeastRoom = 3;
 
-// Returns the text's new length. A measure that is not there is no error of the run.
+// Returns the text's new length. A missing measure does not make the run fail.
 i32 AppendMeasure(char16* buffer, i32 capacity, i32 length, char16 separator, i16 measure) {
     if (capacity - length < kLeastRoom || MeasureRecord(static_cast<u16>(measure)).Load() == 0) {
         return length;

@@ -22,8 +22,8 @@ u64 Extent(i16 first, i16 last) {
     return last < first ? 0 : static_cast<u64>(last - first + 1);
 }
 
-// Meanwhile the user may use a dialog or the menu, which report errors of their own and empty the
-// slot: the run's error is kept out of it.
+// During a report the user may use a dialog or the menu, which report errors of their own and empty
+// the slot. The run's error is kept elsewhere meanwhile.
 bool ReportProgress(ProgressCounter& progress, i16 steps, i16 measure) {
     std::unique_ptr<FinPIException> ofTheRun = std::move(g_pendingError);
     const bool goesOn = progress.Report(steps, 0, measure, -1);
@@ -37,9 +37,9 @@ i16 LastPage() {
     return page.LoadLast() != 0 ? static_cast<i16>(page.GetCmper1()) : i16{0};
 }
 
-// The number of the staff system that holds the measure, searched from another one on. A
-// stale layout is brought up to date once. Leaves an error pending when that did not help; one
-// that is pending already is of the music before, and stays.
+// The number of the staff system that holds the measure, searching from the given one on. Updates a
+// stale layout once, and leaves an error pending if that did not help. An error that is already
+// pending comes from earlier music and stays.
 u16 FindStaffSystem(i16 measure, u16 searchFrom) {
     const bool wasPending = ErrorIsPending();
     const FinPIStaffSystem system{measure, searchFrom};
@@ -62,7 +62,7 @@ i16 FinPI::ProcessCurrentDocument() {
     return result;
 }
 
-// One call a staff and measure, with a report after each, is the only walk there is.
+// The only walk so far: one call per staff and measure, with a report after each.
 i16 FinPI::DoProcessDocument(const EREGION& region, i16 /*walkMode*/, i16 /*reportStaves*/,
                              i16 /*reportMeasures*/, i16 /*reportLayers*/, i16 firstMeasure,
                              i16 /*measureHook*/, i16 /*skipMultimeasureRests*/,
@@ -71,7 +71,7 @@ i16 FinPI::DoProcessDocument(const EREGION& region, i16 /*walkMode*/, i16 /*repo
     EREGION selection{};
     EREGION wholeDocument{};
     Host::GetCurERegions(&result, &selection, &wholeDocument);
-    if (wholeDocument.endMeasure == 0) {  // refused: a walk over nothing must not pass for one
+    if (wholeDocument.endMeasure == 0) {  // refused: a walk over nothing must not look like success
         PostError(
             FinPIAppError{"FinPI::DoProcessDocument", "Unable to read the document's extent."});
         *continueFlag = 0;

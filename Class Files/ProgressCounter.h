@@ -1,5 +1,5 @@
 // The host's progress display of one walk. Open from construction to destruction; the host is
-// called once an interval of steps, so that large regions do not spend their time there.
+// called once per interval of steps, to save time in large regions.
 #pragma once
 
 #include "shell/host/host_frames.h"
@@ -12,7 +12,7 @@ public:
     ProgressCounter(const ProgressCounter&) = delete;
     ProgressCounter& operator=(const ProgressCounter&) = delete;
 
-    // Reports are then counted, but the host is not told.
+    // Later reports are counted, but not passed to the host.
     void Disable() noexcept { m_enabled = 0; }
     // False: the user stopped, now or before. Staff 0 and layer -1 = not given.
     bool Report(i16 steps, u16 staff, i16 measure, i16 layer);

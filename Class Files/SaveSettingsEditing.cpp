@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kComparedUnits = 128;
 
-// The names that a list shows are as long as the field's text may be; records keep less.
+// A list shows names as long as the field allows; records keep less.
 bool SameName(const std::u16string& left, const std::u16string& right) {
     return left.compare(0, kComparedUnits, right, 0, kComparedUnits) == 0;
 }
@@ -20,12 +20,12 @@ bool SameName(const std::u16string& left, const std::u16string& right) {
 }  // namespace
 
 bool FinPISaveSettingsDlg::HasRoom() const {
-    return List().Count() < SavedSettings::kMostPerCommand;
+    return List().Count() < SavedSettings::kMaxPerCommand;
 }
 
 bool FinPISaveSettingsDlg::CanDelete(SavedSettingItem item) {
     const SavedSettingPtr* stored = StoredSetting(item);
-    // What an older version stored may have had no identifier when the command took it up.
+    // A setting stored by an older version may have had no identifier when the command loaded it.
     return stored != nullptr &&
            item.StoredNumber() != SavedSettings::StoredNumber(CommandID(), m_numberInUse) &&
            stored->Header().identifier != m_owner->SavedSettingIdentifier();

@@ -11,7 +11,7 @@
 
 void FinPISaveSettingsDlg::Accept(u8* final) {
     if (List().Count() > 0) {
-        // The entry takes the edited name, made unique, and its place in the order of names.
+        // Gives the entry the edited name, made unique, and sorts it into the list.
         CommitEditedName(m_currentPosition);
     }
     if (!CommitSavedSettings()) {
@@ -28,7 +28,7 @@ bool FinPISaveSettingsDlg::ConfirmStaleMenu() {
             AlertAnswer::kYes) {
         return true;
     }
-    // Anything but Yes is not to be remembered.
+    // Only Yes may be remembered.
     ZKFX_DeleteSettings(FinPIAlert::kSettingName, static_cast<i16>(FinPIAlert::kStaleMenuQuestion),
                         FinPIAlert::kStoredUnder);
     return false;

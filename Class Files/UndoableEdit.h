@@ -1,12 +1,12 @@
-// One undoable edit of the host: rolled back unless it is kept.
+// An undoable edit of the host, rolled back unless it is kept.
 #pragma once
 
 #include "Class Files/foundation/DocumentScope.h"
 #include "shell/host/callbacks.h"
 
-// Belongs to the document that is current at its start, and ends there, whatever is current. What
-// the host answers to its start and its end says nothing: a host that opens no edit has none to
-// undo, and one that was ended is not cancelled.
+// Belongs to the document that is current at its start, and ends there, whichever document is
+// current then. The host's results for starting and ending it have no meaning, so they are ignored.
+// An edit that was ended is never canceled.
 class UndoableEdit {
 public:
     // undoText is what the host's undo command shows.

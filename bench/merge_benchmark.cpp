@@ -1,6 +1,6 @@
-// The cost of a merge by the size of the score: time an entry, host calls a staff measure of
-// each kind, memory at its peak. All layers go into the first one, which makes a chord of every
-// pair of notes.
+// The cost of a merge by the size of the score: time per entry, host calls of each kind per staff
+// and measure, peak memory. All layers go into the first one, so every pair of notes becomes a
+// chord.
 #include <benchmark/benchmark.h>
 #include <fstream>
 #include <string>

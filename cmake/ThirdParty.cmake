@@ -1,4 +1,4 @@
-# The libraries the project stands on. Natively they are Debian's packages; the Windows build and
+# The libraries that the project uses. Natively they are Debian's packages; the Windows build and
 # the portable one take the same versions from Debian's source packages, which setup has unpacked
 # into PLYWELD_THIRD_PARTY.
 if(WIN32)

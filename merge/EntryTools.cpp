@@ -18,8 +18,8 @@ bool HasEqualPitches(const FinPIEntryPtr& entry) {
     return false;
 }
 
-// What stays behind would hang on a rest: the run must not pass for a success. Dropped when the
-// operation that failed has told more.
+// Details left behind would belong to a rest, so the run must fail. Ignored if the failing
+// operation has already posted an error.
 void PostStayedBehind() {
     PostError(FinPIAppError{"Plyweld::MergeFrame", "Unable to move details."});
 }

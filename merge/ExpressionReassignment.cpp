@@ -17,12 +17,12 @@ i32 PositionOf(const MyExpressionAssign& expression) {
     return static_cast<i32>((u32{expression.positionHigh} << 16U) | expression.positionLow);
 }
 
-// Of a layer as the record names it; 0 = none in particular, for a layer beyond those it can name.
+// The record's word for a layer; 0 = no particular layer, for a layer too high for the record.
 u16 LayerField(u16 layer) {
     return layer < ExpressionLayer::kLayerMask ? static_cast<u16>(layer + 1) : u16{0};
 }
 
-// Only expressions of the frame's own staff can hang on its entries.
+// Only expressions of the frame's own staff can belong to its entries.
 bool IsCandidate(const FinPIScoreExpr& expression, const FramePair& frames, u16 layer) {
     return expression.staffListMarker == 0 && LayerField(layer) != 0 &&
            (expression.layer & ExpressionLayer::kLayerMask) == LayerField(layer) &&
@@ -36,8 +36,8 @@ void PostNotLoaded(const FinPIScoreExpr& expression) {
     PostRecordError<FinPILoadEDataFailed>("Plyweld::MergeFrame", expression.Tag());
 }
 
-// The records of a measure end where one does not load, unless the host has a later one. A host
-// that no longer has the document cannot tell.
+// The records of a measure end where one does not load, unless the host has a later one. If the
+// document is gone, nothing is known.
 bool IsEnd(const FinPITGFPtr& frame, u16 record) {
     ExpressionAssignRecord last(frame.Measure(), record);
     const bool hasLater =
@@ -52,8 +52,8 @@ u16 FirstNumberFrom(u16 measure, u16 record) {
     return next.LoadNext() != 0 && next.GetCmper1() == measure ? next.Inci() : kNoInci;
 }
 
-// Where to go on after a record that did not load: behind a gap, or, with kNoInci, nowhere. An
-// error is pending where the host refused the load.
+// The next record after one that did not load: the first one after a gap, or kNoInci at the end. If
+// the host refused the load, an error is pending.
 u16 NumberAfterMissing(const FinPIScoreExpr& missing, const FinPITGFPtr& frame, u16 record) {
     if (IsEnd(frame, record)) {
         return kNoInci;
@@ -66,7 +66,7 @@ u16 NumberAfterMissing(const FinPIScoreExpr& missing, const FinPITGFPtr& frame, 
     return later;
 }
 
-// Record numbers of the measure's expressions that may follow.
+// Record numbers of the measure's expressions that may have to move.
 std::set<u16> Collect(const FramePair& frames, u16 layer) {
     std::set<u16> candidates;
     const u16 measure = frames.destination.Measure();
@@ -81,15 +81,15 @@ std::set<u16> Collect(const FramePair& frames, u16 layer) {
         }
         ++record;
     }
-    // A host that answers nothing any more seems to have none.
+    // If the document is gone, the measure only seems to have no expressions.
     if (Host::GetCurrentEnigmaDocument() != frames.destination.Document()) {
         PostError(FinPINoOpenDocumentError{});
     }
     return candidates;
 }
 
-// Whether the expression hung on what is this entry now; its grace index then follows the entry's
-// place among the grace notes.
+// Whether the expression belonged to the music that is now in this entry. If so, its grace index
+// becomes that of the entry.
 bool Follows(FinPIScoreExpr& expression, const FinPIEntryPtr& entry, i16 graceIndexBefore) {
     if (expression.graceIndex != graceIndexBefore) {
         return false;

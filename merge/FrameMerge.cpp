@@ -28,13 +28,13 @@ bool IsSelectedNote(const FinPIRegion& region, const FinPIEntryPtr& entry) {
            region.ContainsTime(static_cast<i16>(entry.Measure()), entry.ScaledPosition());
 }
 
-// Without its durations no place in a frame can be told.
+// Without its durations, positions in a frame are unknown.
 bool IsMeasured(const FinPITGFPtr& frame) {
     return !frame || (frame.NominalMeasureDuration() > 0 && frame.StaffMeasureDuration() > 0);
 }
 
-// A pair that would not fit into one chord is left alone, so that no note is lost; so is a
-// grace entry that launches voice 2, which would have nothing to launch it.
+// A pair with too many notes for one chord stays separate, so that no note is lost. A grace entry
+// that launches voice 2 stays, because nothing else would launch that voice.
 bool FormsChord(const FinPIEntryPtr& source, const FinPIEntryPtr& destination) {
     return source.IsNote() && source->elapsedTime == destination->elapsedTime &&
            source->actualDuration == destination->actualDuration &&
@@ -43,8 +43,8 @@ bool FormsChord(const FinPIEntryPtr& source, const FinPIEntryPtr& destination) {
            !(source.IsGrace() && source.HasFlag(EntryFlag::kLaunchVoice2));
 }
 
-// A source entry that two destination entries could take joins one: that of its own voice,
-// else the first.
+// If two destination entries match a source entry, it joins the one of its own voice, else the
+// first.
 void Claim(PairMap& pairs, const FramePair& frames, i16 source, i16 destination) {
     const auto [pair, isNew] = pairs.emplace(source, Joined{destination});
     if (isNew) {
@@ -58,7 +58,7 @@ void Claim(PairMap& pairs, const FramePair& frames, i16 source, i16 destination)
     }
 }
 
-// Behind the chord's own notes; without IDs, which are assigned afresh.
+// After the chord's own notes and without IDs, so that they get new ones.
 void AppendNotes(EXENTRY& chord, const EXENTRY& source) {
     for (i16 i = 0; i < source.noteCount; ++i) {
         EXNOTE& note = chord.notes[chord.noteCount++];
@@ -120,8 +120,8 @@ void MovePairedEntries(FramePair& frames, const PairMap& pairs) {
             continue;
         }
         {
-            // What hangs on a note goes to the first note of its pitch: while it moves, the notes
-            // that came with it stand before the chord's own, one of which may have that pitch.
+            // A detail goes to the first note of its pitch. The chord's own notes may have the same
+            // pitch, so the new notes come first while details move.
             const NotesInOrder order{destination, joined.noteIDs};
             MoveAttachments(source, destination, kChordDetails);
         }

@@ -17,8 +17,8 @@ struct FramePair {
     FinPITGFPtr destination;
     bool hideRests = false;      // hide the rests that are left in the source
     bool staffSelected = false;  // the staff lies between the region's slots
-    // By number, with the grace index as it was before the merge: the source's grace entries, and
-    // the destination entries that received music, with that of the source entry it came from.
+    // Grace indices from before the merge, by entry number: of the source's grace entries, and of
+    // the source entries whose music a destination entry received.
     std::map<u32, i16> sourceGraces{};
     std::map<u32, i16> moved{};
     bool preFilled = false;  // the destination was given rests that mirror the source

@@ -8,7 +8,7 @@
 // The IDs of the entry's notes, in their order.
 std::vector<u16> NoteIDs(const FinPIEntryPtr& entry);
 
-// Until the scope ends, notes of these IDs stand first, in this order, the others behind them.
+// Puts the notes with these IDs first, in this order, until the scope ends.
 class NotesInOrder {
 public:
     NotesInOrder(const FinPIEntryPtr& entry, const std::vector<u16>& noteIDs);

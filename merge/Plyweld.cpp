@@ -36,7 +36,7 @@ i16 Plyweld::ProcessStaffMeasure(i16 /*slot*/, u16 staff, i16 measure, u16 /*sta
             MergeFrame(staff, measure, static_cast<u16>(layer), destination) != 0) {
             continue;
         }
-        // The merge of a frame may fail without telling why; the edit must not be kept.
+        // A failed frame merge may have posted no error, but the edit must be rolled back.
         PostRecordError<FinPISaveEDataFailed>("Plyweld::MergeFrame", kFrameTag);
         return 0;
     }

@@ -38,30 +38,30 @@ public:
     // The dialog, filled from the options when it opens.
     i16 OnInitializeWindow(WindowHandle window) override;
     i16 HandleCommand(WindowHandle window, u16 control, u8* final) override;
-    // However its window ends, the options are as it showed them.
+    // However the window closes, the options keep what it showed.
     i16 OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) override;
     void CopyDialogToConfigData(WindowHandle window) override;
-    // Says in words what is selected.
+    // Describes the selection.
     void UpdateSelectionText(WindowHandle window) override;
 
 private:
     Plyweld(WindowHandle owner, u16 item, std::u16string name);
     // A run needs two different layers and a selection.
     void UpdateGoButton(WindowHandle window);
-    // One source layer into the destination, for one staff in one measure. 0 = a frame could
-    // not be saved, or another document became current; the run must not be kept then.
+    // Merges one source layer into the destination, for one staff in one measure. 0 = a frame could
+    // not be saved, or another document became current; the edit must then be rolled back.
     i16 MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destinationLayer);
-    // Source entries take the place of destination rests of exactly their time; ends with
-    // saving both frames. 0 as above.
+    // Replaces destination rests with source entries of exactly the same time and position, then
+    // saves both frames. 0 as above.
     i16 FillRestRuns(FramePair& frames);
-    // The first run of selected destination rests from an index on; the time missing behind
-    // the destination's entries counts as rests. 0 = none.
+    // Finds the first run of selected destination rests from an index on. Missing time after the
+    // destination's entries counts as rests. 0 = none.
     i16 FindRestRun(const FramePair& frames, i16 startIndex, RestRun& run) const;
-    // The dialog; without one the window that the command was invoked from.
+    // The dialog, or without one the window from which the command was invoked.
     WindowHandle AlertOwner() const noexcept {
         return Window() != nullptr ? Window() : OwnerWindow();
     }
-    // The bytes read; 0 = nothing is stored.
+    // Returns the bytes read; 0 = nothing is stored.
     u32 ReadStoredSettings();
     void RebeamWholeMeasures() const;
 

@@ -25,5 +25,5 @@ static_assert(offsetof(PlyweldConfigData, hideAddedRests) == 10);
 namespace MergeMode {
 inline constexpr u16 kMergeIntoTarget = 0;
 inline constexpr u16 kReplaceInTarget = 1;
-inline constexpr u16 kNeither = 65535;  // no button of the dialog is on
+inline constexpr u16 kNeither = 65535;  // neither button of the dialog is on
 }  // namespace MergeMode

@@ -14,7 +14,7 @@ namespace {
 
 constexpr u32 kNoSelectionLabel = 22004;
 
-// Nothing when nothing is selected.
+// False when nothing is selected.
 bool ReadSelection(EREGION& selection) {
     u64 result = 0;
     EREGION wholeDocument{};
@@ -29,11 +29,11 @@ std::u16string SelectionText() {
         const bool wasPending = g_pendingError != nullptr;
         std::u16string text = region.Description();
         if (!wasPending) {
-            g_pendingError.reset();  // the text does without what cannot be read
+            g_pendingError.reset();  // unreadable parts are left out of the text
         }
         return text;
     }
-    // As the system's code page can show it.
+    // As shown in the system's code page.
     const auto text = platform::Utf16ToMultiByte(platform::ResourceString(kNoSelectionLabel),
                                                  platform::CodePage::kAnsi);
     return platform::MultiByteToUtf16(text.value_or(""), platform::CodePage::kAnsi).value_or(u"");
@@ -106,7 +106,7 @@ i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
 }
 
 i16 Plyweld::OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) {
-    // A run keeps the options it began with; a list that is gone shows none.
+    // A run keeps the options it started with, and a destroyed list has no values.
     if (m_initialized != 0 && !IsRunning() && m_toList.GetItemCount() > 0) {
         CopyDialogToConfigData(window);
     }

@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kOptionsName = "ZKCF";
 
-// Empty when the name has no form in the system's code page.
+// Empty if the name cannot be converted to the system's code page.
 std::string PluginKey(const char16* name) {
     return platform::Utf16ToMultiByte(name, platform::CodePage::kAnsi).value_or("");
 }

@@ -21,8 +21,8 @@ void ActivateLayer(i16 layer) {
 
 constexpr i16 kNotTold = -1;
 
-// Only with the option on is the layer that shows the active one. Where several show, the host
-// did not take the option.
+// The visible layer is the active one only while the option is on. If several show, the host
+// ignored the option.
 i16 ShownLayer() {
     const i16 layers = Host::GetMaxLayers();
     i16 shown = kNotTold;
@@ -37,7 +37,7 @@ i16 ShownLayer() {
     return shown;
 }
 
-// For a host whose command leaves the option off, which then is on for the question alone.
+// If the host's command leaves the option off, it is turned on only for this query.
 i16 FindActiveLayer(const FinPIDoc& document, bool optionOn) {
     if (!optionOn) {
         document.SetShowActiveLayerOnlyOption(1);
@@ -53,8 +53,8 @@ void PostNotActivated() {
     PostError(FinPIAppError{"Plyweld::PrepareDocument", "Unable to activate the layer."});
 }
 
-// The command acts on whatever layer is active: never on another than the destination. Whether the
-// host took the order to activate it shows in the layers, if anywhere.
+// The host's command clears whichever layer is active, which must be the destination. Only the
+// visible layers can show whether the host activated it.
 void ReplaceInLayer(const FinPIDoc& document, i16 destination, i16 active, bool optionOn) {
     if (active != destination) {
         ActivateLayer(destination);
@@ -73,7 +73,7 @@ i16 Plyweld::PrepareDocument() {
     if (m_configData.mode != MergeMode::kReplaceInTarget) {
         return 1;
     }
-    // Beyond the layers, activating one would be another command of the host's.
+    // A number beyond the layers would be a different menu command.
     if (m_configData.destinationLayer >= Host::GetMaxLayers()) {
         PostNotActivated();
         return 1;

@@ -1,4 +1,4 @@
-// Rest filling: source entries take the place of destination rests of exactly their time.
+// Rest filling: source entries replace destination rests of exactly the same time and position.
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "merge/FramePair.h"
 #include "merge/Plyweld.h"
@@ -7,7 +7,7 @@
 
 namespace {
 
-// The end of what the destination holds is where missing time begins.
+// Missing time begins where the destination's entries end.
 i32 StartTime(const FramePair& frames, const RestRun& run) {
     const FinPIEntryPtr first = frames.destination.EntryAt(run.start);
     return first ? first->elapsedTime : frames.destination.Duration();

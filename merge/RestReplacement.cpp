@@ -11,13 +11,13 @@
 
 namespace {
 
-// Details that a reader misses when the rest they hang on is replaced.
+// Details of a rest that would be lost if it were replaced.
 constexpr u32 kTiedToTheRest = DetailFlag::kArticulation | DetailFlag::kLyric;
 
-// A host rounds the times of tuplets, and may round those of each entry on its own, which adds up
-// until the tuplet ends; more than this is another time.
+// A host rounds the times of tuplets. It may round each entry separately, so errors add up until
+// the tuplet ends. A larger difference is a different time.
 constexpr i32 kTimeTolerance = 2;
-constexpr i32 kMostAddedUp = 14;
+constexpr i32 kMaxDrift = 14;
 
 constexpr const char* kFillOperation = "Plyweld::FillRestRuns";
 
@@ -33,7 +33,7 @@ bool AnyHas(std::span<const EXENTRY> entries, u32 flags) {
                        [flags](const EXENTRY& entry) { return (entry.flags & flags) != 0; });
 }
 
-// Rests of which the reader sees fewer than the time holds, and nothing that sounds instead.
+// Rests, some of them hidden, without any note.
 bool HidesWithoutMusic(std::span<const EXENTRY> entries) {
     return AnyHas(entries, EntryFlag::kIgnore) && !AnyHas(entries, EntryFlag::kNote);
 }
@@ -51,7 +51,7 @@ bool LeavesTupletsWhole(FramePair& frames, i32 startTime, i32 endTime) {
            SameTupletsRunAt(endTime, *frames.sourceTuplets, destination);
 }
 
-// A second voice may last longer than the entry that launches it: into the next one's time.
+// A second voice may last longer than the entry that launches it and so overlap the next one.
 bool LeavesSecondVoicesApart(const FinPITGFPtr& destination, std::span<const EXENTRY> music) {
     const auto end = [](const EXENTRY& entry) { return entry.elapsedTime + entry.actualDuration; };
     const auto isVoice2 = [](const EXENTRY& entry) {
@@ -70,7 +70,7 @@ Replacement Fail(const char* detail) {
     return Replacement::kFailed;
 }
 
-// The stored frame holds what the destination held before the host refused.
+// The stored frame still has the destination's contents from before the refusal.
 Replacement Restore(FramePair& frames) {
     const FinPITGFPtr& held = frames.destination;
     frames.destination =
@@ -78,7 +78,7 @@ Replacement Restore(FramePair& frames) {
     return frames.destination ? Replacement::kRefused : Fail("Unable to reload.");
 }
 
-// All but what is the host's own. The details are yet to come, and with them their flags.
+// All fields except the host's own. Details are copied later, and set their flags then.
 void CopyFields(EXENTRY& target, const EXENTRY& source) {
     target.duration = source.duration;
     target.fieldAt6 = source.fieldAt6;
@@ -96,7 +96,7 @@ void CopySpan(FramePair& frames, const SourceSpan& span, i16 at) {
     }
 }
 
-// False: the host kept the rests.
+// False: the host did not delete the rests.
 bool DeleteRests(FinPITGFPtr& frame, const RestRun& run) {
     const i16 count = frame.Count();
     if (run.count > 0) {
@@ -105,7 +105,7 @@ bool DeleteRests(FinPITGFPtr& frame, const RestRun& run) {
     return frame.Count() == count - run.count;
 }
 
-// The usual way: the rests go, then the entries come.
+// The usual order: delete the rests, then insert the entries.
 Replacement Exchange(FramePair& frames, const RestRun& run, const SourceSpan& span) {
     const i16 count = frames.destination.Count();
     if (!DeleteRests(frames.destination, run)) {
@@ -119,7 +119,7 @@ Replacement Exchange(FramePair& frames, const RestRun& run, const SourceSpan& sp
     return frames.destination.ReloadTGF() != 0 ? Replacement::kDone : Replacement::kFailed;
 }
 
-// The place in the span of the entry that sounds when the rest begins.
+// The index in the span of the entry that sounds when the rest begins; -1 = none.
 i16 SoundingAt(const FramePair& frames, const SourceSpan& span, i32 time) {
     const std::span<EXENTRY> source = Part(frames.source, span.first, span.count);
     for (std::size_t k = 0; k < source.size(); ++k) {
@@ -131,8 +131,8 @@ i16 SoundingAt(const FramePair& frames, const SourceSpan& span, i32 time) {
     return -1;
 }
 
-// Smart shapes that begin or end on a rest keep that end: both stand in the frame while the
-// ends move.
+// Moves the ends of smart shapes from the rests to the new entries, so both are in the frame
+// meanwhile.
 Replacement ExchangeKeepingShapes(FramePair& frames, const RestRun& run, const SourceSpan& span) {
     const i16 count = frames.destination.Count();
     const i16 at = static_cast<i16>(run.start + run.count);
@@ -191,10 +191,10 @@ bool MoveMusic(FramePair& frames, const RestRun& run, const SourceSpan& span,
 bool KeptTheirTimes(const FramePair& frames, const RestRun& run, const SourceSpan& span) {
     const std::span<EXENTRY> source = Part(frames.source, span.first, span.count);
     const std::span<EXENTRY> target = Part(frames.destination, run.start, span.count);
-    i32 before = 0;  // entries of the span
+    i32 before = 0;  // entries of the span so far
     return std::equal(source.begin(), source.end(), target.begin(), target.end(),
                       [&before](const EXENTRY& a, const EXENTRY& b) {
-                          const i32 tolerance = kTimeTolerance + std::min(before++, kMostAddedUp);
+                          const i32 tolerance = kTimeTolerance + std::min(before++, kMaxDrift);
                           return std::abs(a.elapsedTime - b.elapsedTime) <= tolerance &&
                                  std::abs(a.actualDuration - b.actualDuration) <= tolerance;
                       });

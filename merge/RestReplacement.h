@@ -7,15 +7,15 @@
 #include "merge/RestRun.h"
 #include "merge/SourceSpan.h"
 
-// False when replacing would break a tuplet of either frame, would lose what hangs on a rest,
-// would put two second voices in one time, or would hide rests without music in their place.
-// startTime: of the run, in the staff's units.
+// False when replacing would break a tuplet of either frame, lose details of a rest, make two
+// second voices overlap, or hide rests without putting music in their place.
+// startTime: start of the run, in the staff's duration units.
 bool MayReplace(FramePair& frames, const RestRun& run, const SourceSpan& span, i32 startTime);
 
 enum class Replacement {
     kDone,
-    kRefused,  // the host kept the rests; both frames are as they were
-    kFailed,   // an error is pending, and the edit must not be kept
+    kRefused,  // the host did not replace the rests; both frames are unchanged
+    kFailed,   // an error is pending, and the edit must be rolled back
 };
 
 // Adds to graceRests the numbers of source grace entries that became rests.

@@ -18,8 +18,8 @@ bool IsReplaceable(const FinPIEntryPtr& entry) {
     return !entry.IsNote() && !entry.HasFlag(EntryFlag::kLaunchVoice2);
 }
 
-// Where the selected time of the measure ends, as the staff counts and as far as the source has
-// music.
+// The end of the selection in the measure, or of the source's music if that is earlier. In the
+// staff's duration.
 i32 FillLimit(const FramePair& frames) {
     const i32 sourceEnd = frames.source.Duration();
     const i32 nominal = frames.destination.NominalMeasureDuration();
@@ -28,11 +28,12 @@ i32 FillLimit(const FramePair& frames) {
         frames.region.endPosition >= ScaleToNominal(sourceEnd, nominal, staff)) {
         return sourceEnd;
     }
-    // The other way round: from the measure's duration to the staff's.
+    // The reverse conversion: from the measure's duration to the staff's.
     return std::min(ScaleToNominal(frames.region.endPosition + 1, staff, nominal), sourceEnd);
 }
 
-// Whether time missing from here on, as the staff counts, lies within the selection.
+// Whether time missing from here on, in the staff's duration, lies after the start of the
+// selection.
 bool IsAfterSelectionStart(const FramePair& frames, i32 time) {
     return frames.destination.Measure() != frames.region.startMeasure ||
            ScaleToNominal(time, frames.destination.NominalMeasureDuration(),

@@ -3,9 +3,9 @@
 
 #include "shell/host/host_types.h"
 
-// Consecutive rests of voice 1, and the time they take with what is missing behind them.
+// Consecutive rests of voice 1 and their total time, including missing time after them.
 struct RestRun {
     i16 start = -1;    // index of the first; the entry count for missing time alone
-    i16 count = 0;     // of rests
+    i16 count = 0;     // rests
     i32 duration = 0;  // duration units of the staff
 };

@@ -39,6 +39,6 @@ bool FitSkeleton(FramePair& frames) {
         ++index;
     }
     frames.preFilled = true;
-    // A tuplet that came last changed times in the store only.
+    // The last tuplet changed times only in the stored frame.
     return !timesAreStale || frames.destination.ReloadTGF() != 0;
 }

@@ -25,7 +25,7 @@ i64 ReferenceLength(const EDTTuplet2005& tuplet) {
     return i64{tuplet.referenceCount} * tuplet.referenceUnitDuration;
 }
 
-// Those that begin at the entry, outer ones first.
+// The tuplets that begin at the entry, outer ones first.
 std::vector<EDTTuplet2005> LoadTuplets(u32 entryNumber) {
     std::vector<EDTTuplet2005> tuplets;
     EDTTuplet2005 tuplet{};
@@ -50,10 +50,10 @@ std::vector<EDTTuplet2005> LoadTuplets(u32 entryNumber) {
 
 struct OpenTuplet {
     i32 end;
-    double inside;  // what a duration unit inside is worth
+    double inside;  // actual length of a duration unit inside
 };
 
-// Tuplets that no score has may last longer than any number tells.
+// Capped, because damaged tuplets may last longer than the type can hold.
 i32 EndOf(const EDTTuplet2005& tuplet, i32 start, double outside) {
     constexpr double kLatest = 1 << 30;
     const double length = static_cast<double>(ReferenceLength(tuplet)) * outside;

@@ -1,5 +1,5 @@
-// Where the tuplets of a frame begin and end. Rests may be replaced only at places where that
-// leaves every tuplet whole.
+// Where the tuplets of a frame begin and end. Rests may be replaced only where every tuplet stays
+// whole.
 #pragma once
 
 #include <span>
@@ -18,8 +18,8 @@ struct TupletSpan {
     i16 referenceUnitDuration;
 };
 
-// In order of their starts, outer tuplets before those inside. Rests on FX_NextEData, for
-// entries that have tuplets.
+// Ordered by start, outer tuplets before inner ones. Calls FX_NextEData for entries that have
+// tuplets.
 std::vector<TupletSpan> TupletsOf(const FinPITGFPtr& frame);
 
 // True when at this time no tuplet of either frame is running, or the same ones in both.

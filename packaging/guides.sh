@@ -20,7 +20,7 @@ for text in "$@"; do
     links+=(-e "s#href=\"(\.\./|docs/)*$(basename "$text")\"#href=\"$(page_name "$text")\"#g")
 done
 
-# A link to a text that is no page here would lead nowhere: its words stay.
+# A link to a text without a page here would be broken: only its words stay.
 links+=(-e 's#<a href="[^":]*\.md">([^<]*)</a>#\1#g')
 
 for text in "$@"; do

@@ -5,7 +5,7 @@ here=$(cd "$(dirname "$0")" && pwd)
 cat <<'TEXT'
 # Dependencies
 
-What the project stands on, from `packaging/dependencies.json`; `packaging/reasons.sh` writes this
+The project's dependencies, from `packaging/dependencies.json`; `packaging/reasons.sh` writes this
 page. `tests/packages/notices` compares the table with what the builds really read and link, and
 `packaging/notices.sh` makes the notices of each package from it. The code is C++20 and needs nothing
 else at run time: on Windows nothing but Windows' own libraries.

@@ -22,7 +22,7 @@ public:
     void Clear();
 
     std::u16string ItemText(int position) const;
-    // 32 bits that the program keeps with an item; 0 when there is no such item.
+    // 32 bits that the program stores with an item; 0 if the item does not exist.
     std::uint32_t ItemData(int position) const;
     void SetItemData(int position, std::uint32_t data);
 

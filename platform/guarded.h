@@ -1,11 +1,12 @@
-// The border to callers that know nothing of exceptions: the host, the system, C libraries.
+// The boundary to callers that cannot handle exceptions: the host, the system, C libraries.
 #pragma once
 
 #include <exception>
 
 namespace platform {
 
-// What the operation returns, or whenThrown when it throws; thrown, if given, then holds what.
+// The operation's result, or whenThrown if it throws; thrown, if given, then refers to the
+// exception.
 template <typename Result, typename Operation>
 Result Guarded(Result whenThrown, Operation&& operation,
                std::exception_ptr* thrown = nullptr) noexcept {

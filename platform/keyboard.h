@@ -1,4 +1,4 @@
-// The state of the keyboard at this moment.
+// The current state of the keyboard.
 #pragma once
 
 namespace platform {

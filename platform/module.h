@@ -9,11 +9,11 @@ namespace platform {
 // it exports none. The host's module is found once, at the first call.
 void* FindHostFunction(const char* name) noexcept;
 
-// Says which module is the plug-in: its instance handle on Windows, any address inside it
-// elsewhere. To be called when the library is attached to the process.
+// Sets which module is the plug-in: its instance handle on Windows, any address inside it
+// elsewhere. Called when the library is attached to the process.
 void SetPluginModule(void* module) noexcept;
 
-// The full path of the plug-in's own file, UTF-8; empty when the system does not tell.
+// The full path of the plug-in's own file, UTF-8; empty if the system does not give it.
 std::string PluginFilePath();
 
 }  // namespace platform

@@ -1,5 +1,5 @@
-// The current user's part of the registry. Every operation answers as the registry itself
-// does, with its own result codes; names and paths are 8-bit texts in the ANSI code page.
+// The current user's part of the registry. Every operation returns the registry's own result codes;
+// names and paths are 8-bit texts in the ANSI code page.
 #pragma once
 
 #include <cstddef>

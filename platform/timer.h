@@ -11,7 +11,7 @@ using TimerRoutine = void (*)(std::uintptr_t timer);
 // loop. Returns the timer's identifier; 0 when the system gives no timer.
 std::uintptr_t StartThreadTimer(std::uint32_t milliseconds, TimerRoutine routine) noexcept;
 
-// False when there is no such timer.
+// False if the timer does not exist.
 bool StopThreadTimer(std::uintptr_t timer) noexcept;
 
 }  // namespace platform

@@ -29,7 +29,7 @@ struct Size {
     int height = 0;
 };
 
-// Nothing when there is no such window.
+// Nothing if the window does not exist.
 std::optional<Rectangle> WindowRectangle(Window window);
 void MoveWindowTo(Window window, int left, int top);
 

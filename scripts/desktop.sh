@@ -1,12 +1,12 @@
 # shellcheck shell=bash
 # Runs FINALE.EXE with its window, played by scripts, under Wine. Sourced after setup.sh.
 
-# A Wine prefix with a desktop of its own, so that windows have their frames and keep their
-# places whatever the display does, and with scores to open in C:\Scores. Each name is a
-# prefix apart: what is played in one does not meet what is played in another.
+# A Wine prefix with its own desktop, so that windows have frames and keep their places whatever the
+# display does, and with scores to open in C:\Scores. Each name is a separate prefix, so that
+# scripts do not affect each other.
 ensure_desktop_prefix() {
     export WINEPREFIX="$build/wine-$1" WINEARCH=win64 WINEDEBUG=-all
-    # A program that crashes ends, instead of asking somebody.
+    # A program that crashes ends instead of showing a dialog.
     export WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe="
     make_wine_prefix
     if [ ! -e "$WINEPREFIX/.desktop" ]; then
@@ -37,8 +37,8 @@ play() {
     return "$status"
 }
 
-# What ./run --dialog shows: the program used as a person would, with a picture of each step.
-# It is started anew for each script of the tour.
+# What ./run --dialog shows: the program used as a person would, with a picture of each step. It is
+# started again for each script of the tour.
 show_tour() {
     local pictures="$build/run/dialog" script picture
     rm -rf "$pictures"

@@ -61,7 +61,7 @@ def code_lines(text):
 
 
 def faults_of(match):
-    """What may stand in place of the token."""
+    """The tokens that may replace this one."""
     kind, token = match.lastgroup, match.group()
     if kind == "swap":
         return SWAPPED[token]

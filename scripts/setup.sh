@@ -1,7 +1,7 @@
 # shellcheck shell=bash
 # What ./run, ./check and the benchmarks need on a Debian 12 machine. Sourced, not run; the
-# caller has set `top`, the project's folder. Everything is installed once: a second call looks
-# and leaves. What is not a Debian package goes to build/ and touches nothing else.
+# caller has set `top`, the project's folder. Everything is installed once: a second
+# call does nothing. Anything that is not a Debian package goes into build/.
 
 build="$top/build"
 
@@ -38,7 +38,7 @@ is_installed() {
     [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
 }
 
-# Those of the named Debian packages that are not installed, one a line.
+# Those of the named Debian packages that are not installed, one per line.
 missing_packages() {
     local package
     for package in "$@"; do
@@ -56,8 +56,8 @@ installation_size() {
         tr -d '\n'
 }
 
-# Installs those of the named Debian packages that are missing. $build/debian-packages keeps
-# their names, for whoever wants them gone again.
+# Installs those of the named Debian packages that are missing. Their names are kept in
+# $build/debian-packages, so that they can be removed later.
 ensure_packages() {
     local missing size
     mapfile -t missing < <(missing_packages "$@")
@@ -65,7 +65,7 @@ ensure_packages() {
     command -v apt-get >/dev/null ||
         fail "needs these Debian packages, and apt-get is not here: ${missing[*]}"
     size=$(installation_size "${missing[@]}")
-    # A list fetched earlier will do; only when it does not is a new one fetched.
+    # The lists fetched earlier are used if possible; otherwise new ones are fetched.
     if [ -z "$size" ]; then
         quietly as_root apt-get update -q || fail "the package lists could not be fetched"
         size=$(installation_size "${missing[@]}")
@@ -171,8 +171,8 @@ make_wine_prefix() {
     say "$version" >"$WINEPREFIX/.ready"
 }
 
-# A new prefix holds copies of all of Wine's libraries, 600 MB of them: links to the originals do
-# as well. Wine must not bring such a prefix up to date, or it would write through the links.
+# A new prefix holds copies of all of Wine's libraries, 600 MB; links to the originals are enough.
+# Wine must not update such a prefix, or it would write through the links.
 link_wine_libraries() {
     local originals=/usr/lib/x86_64-linux-gnu/wine/x86_64-windows copy original
     for copy in "$WINEPREFIX"/drive_c/windows/system32/{,drivers/}*; do
@@ -184,7 +184,7 @@ link_wine_libraries() {
 
 wine_server() { "$(command -v wineserver || echo /usr/lib/wine/wineserver64)" "$@"; }
 
-# Runs a command with an X display: the one there is, or one of its own.
+# Runs a command with an X display: the existing one, or a new one.
 with_display() {
     if [ -n "${DISPLAY:-}" ]; then
         "$@"

@@ -3,9 +3,9 @@
 
 #include "shell/host/host_types.h"
 
-// Restores the document that was current before. When the document is current already, the
-// one question which document that is remains the only host call. Whether the host switched is
-// asked of it, and not taken from its answer to the order.
+// Restores the document that was current before. If the document is already current, the only host
+// call is the one that asks for it. Whether the host switched is checked, not concluded from the
+// result of the call.
 class DocumentScope {
 public:
     explicit DocumentScope(u16 document);

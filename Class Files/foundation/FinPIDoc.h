@@ -5,8 +5,8 @@
 
 class FinPIStaff;
 
-// What belongs to a document derives from this. The options read the records of the host's
-// current document; when a record does not load, they post that and give 0.
+// Base class of everything that belongs to a document. The options read the records of the host's
+// current document; if a record does not load, they post an error and return 0.
 class FinPIDoc {
 public:
     FinPIDoc();  // the host's current document

@@ -29,8 +29,8 @@ FinPIException::FinPIException(u32 messageID, const char* function) : m_msgID{me
     FinPITrace("Class Files\\FinPIException", 45, "%s: %s", m_function, m_message);
 }
 
-// A text that cannot be converted posts an error, whose own text is then left empty instead
-// of failing the same way without end.
+// A text that cannot be converted posts an error. The text of that error stays empty, so that it
+// cannot fail in the same way forever.
 void FinPIException::LoadMessage() {
     static bool loading = false;
     m_message[0] = '\0';
@@ -77,7 +77,7 @@ u16 ReportPendingError() {
     if (!g_pendingError) {
         return 0;
     }
-    // While its alert is up the user may start what empties the slot.
+    // While its alert is open, the user may start something that empties the slot.
     const std::unique_ptr<FinPIException> error = std::move(g_pendingError);
     error->Report();
     g_pendingError.reset();

@@ -19,7 +19,7 @@ public:
 
     u32 m_msgID;           // the message format's id in the string table
     char m_function[100];  // the operation that failed; cut at 99 characters
-    u16 m_stop = 1;        // the run that meets the error stops
+    u16 m_stop = 1;        // the error stops the run
     char m_message[512];   // the message format, UTF-8
 
 protected:
@@ -51,7 +51,7 @@ protected:
     using Base::Base;
 };
 
-// The errors that the library raises, one class a message
+// The errors that the library posts, one class per message
 
 // A failure inside the library: the operation and what went wrong.
 class FinPIAppError final : public FinPIClonedError<FinPIAppError> {
@@ -116,7 +116,7 @@ public:
         : FinPIClonedError(29988, function) {}
 };
 
-// What the user can put right; these name no operation.
+// Errors that the user can correct; they name no operation.
 class FinPINoOpenDocumentError final : public FinPIClonedError<FinPINoOpenDocumentError> {
 public:
     FinPINoOpenDocumentError() : FinPIClonedError(29987, "") {}

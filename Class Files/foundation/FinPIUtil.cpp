@@ -17,7 +17,7 @@ namespace {
 
 constexpr char kTraceName[] = "Class Files\\FinPIUtil";
 
-// Answers that were stored under this owner's older key are asked again, never taken over.
+// Answers stored under this owner's older key are not taken over; the user is asked again.
 constexpr char kDontShowAgainKey[] = "Dont Show Again Alert";
 
 // Settings numbered 21600 were numbered 20700 before.

@@ -1,9 +1,9 @@
 // The settings store: small binary values in the current user's part of the registry.
 //
-// A value is addressed by its owner (the plug-in key), a short name and a number. It is read
-// from the layout in use or from either of two older ones; writing it puts it into the layout
-// in use and clears the older copies. All names are 8-bit texts in the ANSI code page. Nothing
-// is reported to the user: results tell, and callers raise their own errors.
+// A value is addressed by its owner (the plug-in key), a short name and a number. It is read from
+// the layout in use or from either of two older ones; writing it puts it into the layout in use and
+// clears the older copies. All names are 8-bit texts in the ANSI code page. Nothing is reported to
+// the user; callers check results and post their own errors.
 #pragma once
 
 #include "shell/host/host_types.h"

@@ -1,11 +1,11 @@
-// A growable UTF-8 text. What follows its first NUL in the buffer is zero.
+// A growable UTF-8 text. Everything after its first NUL in the buffer is zero.
 #pragma once
 
 #include <cstdarg>
 
 #include "Class Files/foundation/FinPIVarLenStruct.h"
 
-// What the longest string that is read from the string table takes, its terminator included.
+// The size of the longest string read from the string table, including its terminator.
 inline constexpr u32 kResourceUnits = 4096;
 
 class FinPIVarString : public FinPIVarLenStruct<char> {
@@ -14,8 +14,8 @@ public:
     // printf-style; a format that cannot be formatted gives the empty text.
     explicit FinPIVarString(const char* format, ...);
 
-    // The same from arguments at hand. No constructor: where a va_list is a pointer, any pointer
-    // to characters would pass for one.
+    // The same with a va_list. Not a constructor, because where va_list is a pointer, any pointer
+    // to characters would match.
     void SetFormatted(const char* format, va_list arguments);
     // The buffer, sized to the text and its terminator; null empties the text and gives null.
     const char* Set(const char* utf8);

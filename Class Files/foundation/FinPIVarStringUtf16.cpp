@@ -14,7 +14,7 @@ namespace {
 
 using Traits = std::char_traits<char16>;
 
-// Every UTF-8 byte gives at most one unit.
+// Every UTF-8 byte becomes at most one unit.
 std::vector<char16> Decode(const char* utf8) {
     std::vector<char16> text(std::strlen(utf8) + 1);
     FinPIUniStringUtil::UniChar_Utf16encode(text.data(), utf8, text.size());

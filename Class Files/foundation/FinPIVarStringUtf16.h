@@ -1,4 +1,4 @@
-// A growable UTF-16 text. What follows its first zero unit in the buffer is zero.
+// A growable UTF-16 text. Everything after its first zero unit in the buffer is zero.
 #pragma once
 
 #include "Class Files/foundation/FinPIVarLenStruct.h"

@@ -14,7 +14,7 @@ public:
     PartScope(const PartScope&) = delete;
     PartScope& operator=(const PartScope&) = delete;
 
-    // False: there is no such part, or the host refused, and the previous one is still current.
+    // False: the part does not exist, or the host refused, and the previous one is still current.
     explicit operator bool() const noexcept { return m_isCurrent; }
 
 private:

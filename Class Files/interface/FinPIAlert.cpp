@@ -95,7 +95,7 @@ i16 FinPIAlert::HandleCommand(WindowHandle window, u16 control, u8* final) {
             break;
         case kSecondButton:
             m_answer = yesNo ? AlertAnswer::kNo : AlertAnswer::kCancel;
-            // A cancelled alert leaves what is remembered as it was.
+            // A canceled alert changes nothing that is remembered.
             if (yesNo) {
                 CopyDialogToConfigData(window);
             }

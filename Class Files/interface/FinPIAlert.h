@@ -1,4 +1,4 @@
-// A question or a warning that the user can tell not to show again; the answer then stands.
+// A question or a warning with a "do not show again" box; the answer is then remembered.
 #pragma once
 
 #include "Class Files/interface/FinPICheckBox.h"

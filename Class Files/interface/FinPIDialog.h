@@ -22,7 +22,7 @@ using DeviceContext = HDC__*;
 class FinPIDialog {
 public:
     // positionKey names the owner under which the window's place is stored. title null: the
-    // template's caption stands. version null: no version is shown. None of the texts is kept.
+    // template's caption stays. version null: no version is shown. None of the texts is kept.
     FinPIDialog(FinPI* owner, u16 dialogNumber, const char16* positionKey, const char16* title,
                 const char16* version);
     FinPIDialog(const FinPIDialog&) = delete;
@@ -34,7 +34,7 @@ public:
     virtual i16 CloseDialog(WindowHandle window);  // the result of FX_EndDialog
     // Takes left and top from the store: 1 = found; 0 = they stay as they are.
     virtual i16 LoadWindowPosition(u16 keyOffset);
-    // What tells apart the places that one dialog keeps; 0 = it keeps one.
+    // Distinguishes several stored places of one dialog; 0 = it stores one.
     virtual u16 GetPositionKeyOffset(WindowHandle window, u64 eventWord, i64 eventLong);
     virtual i16 OnControlColor(WindowHandle window, u16 control, DeviceContext context, u16 kind);
     virtual u16 GetExtraShowFlags(WindowHandle ownerWindow, u16 flags);
@@ -91,10 +91,10 @@ protected:
 
     // Deletes the stored place that belongs to a key offset.
     void ForgetStoredPosition(u16 keyOffset) const;
-    // For an object that owns itself, while it handles an event: it is deleted once no event is
-    // being handled any more, and hears of no other.
+    // For an object that owns itself, while it handles an event: it gets no further events and is
+    // deleted once none is being handled.
     void DeleteWhenIdle() noexcept { m_ended = true; }
-    // Takes left and top from the window; false: the system does not tell.
+    // Takes left and top from the window; false if the system does not give them.
     bool RememberWindowPlace(WindowHandle window);
 
     FinPI* m_owner;
@@ -124,7 +124,8 @@ private:
     int m_ticksPassedOver = 0;
     bool m_ended = false;
 
-    // False also for an object that has gone: a host may send events of its window still.
+    // False also for an object that was deleted, because a host may still send events of its
+    // window.
     static bool Exists(const void* dialogObject);
     i16 HandleEvent(WindowHandle window, u32 message, u64 eventWord, i64 eventLong);
     i16 HandleCreation(WindowHandle window, u64 eventWord, i64 eventLong);

@@ -13,7 +13,7 @@ namespace {
 constexpr char kTracedFile[] = "Class Files\\FinPIDialog";
 constexpr u16 kModal = 1;  // of the show flags
 
-// As OnControlColor knows the kinds of controls; 0 = the message is of another sort.
+// The kind of control as OnControlColor expects it; 0 = another message.
 u16 ControlKind(u32 message) noexcept {
     switch (message) {
         case WindowMessage::kControlColorEdit:

@@ -1,4 +1,4 @@
-// Where a dialog's window stood when it closed, kept in the settings store.
+// The place of a dialog's window when it closed, kept in the settings store.
 #include <optional>
 
 #include "Class Files/foundation/FinPIUniStringUtil.h"
@@ -27,7 +27,7 @@ bool IsOnDesktop(i16 left, i16 top) {
 }  // namespace
 
 i16 FinPIDialog::PositionNumber(u16 keyOffset) const noexcept {
-    // Offsets of one dialog have numbers apart from the numbers of the dialogs themselves.
+    // The numbers of a dialog's offsets never equal the numbers of dialogs.
     const int number = keyOffset == 0 ? m_dialogNumber : m_dialogNumber + keyOffset - 10000;
     return static_cast<i16>(number);
 }
@@ -80,7 +80,7 @@ void FinPIDialog::SaveWindowPosition(WindowHandle window, u64 eventWord, i64 eve
 
 void FinPIDialog::ForgetStoredPosition(u16 keyOffset) const {
     const i16 number = PositionNumber(keyOffset);
-    if (number >= 0) {  // a negative one stands for every number
+    if (number >= 0) {  // a negative one means every number
         ZKFX_DeleteSettings(kSettingName, number, PositionOwner().c_str());
     }
 }

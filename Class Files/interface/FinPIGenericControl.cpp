@@ -8,7 +8,7 @@
 
 namespace {
 
-// The kind that the host is given for a control's value in the user's units.
+// The kind passed to the host for a control's value in the user's units.
 constexpr i16 kUserUnits = 1;
 
 }  // namespace

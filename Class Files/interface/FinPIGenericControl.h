@@ -1,9 +1,9 @@
-// One control of a dialog: holds its id and the dialog's window, and reads and writes it
-// through the host's dialog operations.
+// One control of a dialog: holds its id and the dialog's window, and reads and writes it through
+// the host's dialog operations.
 //
-// A control object is made with its id before the dialog runs, and attached to the dialog's
-// window when that is initialised. A control the dialog does not have reads as 0 and as an
-// empty text; writing to it does nothing.
+// A control object is made with its id before the dialog runs, and attached to the dialog's window
+// when that is initialized. A control the dialog does not have reads as 0 and as an empty text;
+// writing to it does nothing.
 #pragma once
 
 #include "shell/host/host_types.h"

@@ -12,7 +12,7 @@ namespace {
 
 constexpr u32 kAllLayersString = 20075;
 
-// What a buffer for an item's text holds, its terminator included.
+// The size of a buffer for an item's text, including its terminator.
 constexpr std::size_t kItemTextUnits = 1024;
 
 }  // namespace

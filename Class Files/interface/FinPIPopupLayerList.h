@@ -6,7 +6,7 @@
 
 class FinPIPopupLayerList : public FinPIPopupListInt {
 public:
-    // The item value that stands for all layers; in settings they are 65535.
+    // The item value for all layers; settings use 65535.
     static constexpr i16 kAllLayersItem = static_cast<i16>(kAllLayers);
 
     using FinPIPopupListInt::FinPIPopupListInt;
@@ -25,7 +25,7 @@ public:
 
     // Lists the layers, after an item for all of them when asked. 65535 selects that one.
     void FillLayers(u16 selectedLayer, bool includeAll);
-    // Whether the event made another selection.
+    // Whether the event changed the selection.
     bool SelectionChanged(u64 notificationCode);
 
 private:

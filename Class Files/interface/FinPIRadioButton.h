@@ -13,10 +13,10 @@ public:
 
     u32 GetValue() override;
     i16 Enable(u16 enabled) override;
-    // Positions outside the group stand for its first and last button.
+    // Positions outside the group mean its first and last button.
     void SetValue(u32 value) override;
 
-    // What a click on a button of the group means.
+    // Handles a click on a button of the group.
     void CheckButton(u16 checked);
 
 private:

@@ -31,7 +31,7 @@ public:
     virtual void AddFixedItems(WindowHandle window) = 0;
     virtual i16 IsSelectionEvent(u64 notificationCode) = 0;
     virtual void AppendItem(const char16* text) = 0;
-    // clear: the buffer is emptied first, so that it is empty when there is no such item.
+    // clear: empties the buffer first, so that it is empty if the item does not exist.
     virtual char16* GetItemText(i16 position, char16* buffer, i16 clear) = 0;
     virtual void ReplaceItemText(const char16* text, i16 position) = 0;
     // The item that follows is selected then, or the new last one.

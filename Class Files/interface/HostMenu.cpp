@@ -18,7 +18,7 @@ bool BeginsWith(const std::u16string& menuText, const std::u16string& text) {
         if (place < menuText.size() && menuText[place] == u'&') {
             ++place;
         }
-        // Of "&&", which shows as an ampersand, none may be in the searched text.
+        // The searched text must not contain "&&", which shows as an ampersand.
         while (place < menuText.size() && menuText[place] == u'&' && character != u'&') {
             ++place;
         }

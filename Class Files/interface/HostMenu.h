@@ -1,7 +1,7 @@
 // Reshaping the host's plug-in menu, which the host itself fills with one flat item for each
 // command and saved setting.
 //
-// An item that is not found, or cannot be read, stays where the host put it; nothing is said.
+// An item that is not found, or cannot be read, stays where the host put it, without an error.
 #pragma once
 
 #include <optional>
@@ -24,13 +24,13 @@ FoundMenuItem FindMenuItemByText(platform::Menu menu, const std::u16string& text
 // Searches the host's menus from the sixth on; after the first hit only the menu of that hit.
 FoundMenuItem FindPluginMenuItem(WindowHandle hostMainWindow, const std::u16string& text);
 
-// Replaces the item searchText + "..." with a submenu whose first item is itemText + "..." and
-// runs the same command. Null when there is no such item, or it opens a submenu already.
+// Replaces the item searchText + "..." with a submenu whose first item is itemText + "..." and runs
+// the same command. Null if the item does not exist or already opens a submenu.
 platform::Menu MakePluginSubmenu(WindowHandle hostMainWindow, const std::u16string& submenuTitle,
                                  const std::u16string& itemText, const std::u16string& searchText);
 
-// Moves an item to the submenu's end. Its new text: the replacement when there is no prefix;
-// with a prefix, its own text less as many leading characters as the prefix has; else its own.
+// Moves an item to the submenu's end. Its new text: without a prefix, the replacement; with one,
+// its own text without as many leading characters as the prefix has; else its own.
 bool MoveItemToSubmenu(const FoundMenuItem& found, platform::Menu submenu,
                        const std::optional<std::u16string>& prefix,
                        const std::optional<std::u16string>& replacement);
@@ -39,6 +39,6 @@ bool MoveItemToSubmenu(const FoundMenuItem& found, platform::Menu submenu,
 bool MoveSettingItem(WindowHandle hostMainWindow, platform::Menu submenu,
                      const std::u16string& label, const std::u16string& prefix);
 
-// The registered window message by which other programs tell open dialogs of menu events; its
+// The registered window message with which other programs send menu events to open dialogs; its
 // event long is the event's number.
 u32 MenuEventMessage();

@@ -7,8 +7,8 @@
 #include "platform/combo_box.h"
 #include "shell/host/host_types.h"
 
-// What the list keeps with an item: in the low half the number in the store, 0 for a setting
-// that was added since the dialog opened; in the high half its skip-dialog flag.
+// The list's value of an item. Low half: the number in the store, 0 for a setting added since the
+// dialog opened. High half: its skip-dialog flag.
 class SavedSettingItem {
 public:
     explicit SavedSettingItem(u32 data) noexcept : m_data{data} {}
@@ -35,13 +35,13 @@ public:
     SavedSettingItem Item(i16 position) const;
     void SetItem(i16 position, SavedSettingItem item);
 
-    // The place of a name among the items, from 0; -1 when an item has this name and it must not
-    // be changed. makeUnique: a name in use gets a blank and a counter behind it.
+    // The place of a name among the items, from 0; -1 when an item has this name and it must not be
+    // changed. makeUnique: a name in use gets a space and a counter appended.
     int FindNamePosition(std::u16string& name, bool makeUnique) const;
     // The new item's position; 0 when the name is in use and must not be changed.
     i16 InsertSorted(std::u16string name, SavedSettingItem item, bool makeUnique);
     void Remove(i16 position);
-    // Removes the selected item and selects the one behind it, or the new last one.
+    // Removes the selected item and selects the next one, or the new last one.
     void RemoveSelected();
     void Clear();
 

@@ -45,7 +45,7 @@ public:
     std::u16string Name() const;
     // Cut at 127 bytes, between characters.
     void SetName(const std::u16string& name);
-    // Sets the sizes and the host version anew.
+    // Updates the sizes and the host version.
     void StampHeader() noexcept;
 
     bool written = false;  // by the Save Settings dialog

@@ -23,7 +23,7 @@ constexpr std::size_t kStoredNameUnits = 128;
 
 bool g_movedFromOldOwner = false;
 
-// kNotFound: there is no such value.
+// kNotFound: the value does not exist.
 RegistryResult CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number) {
     const std::string name = SavedSettings::kName + std::to_string(number);
     platform::ValueType type{};
@@ -41,13 +41,13 @@ RegistryResult CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number)
     return result;
 }
 
-// The bytes that stand there, compatible or not.
+// The stored bytes, compatible or not.
 u32 ReadHeader(u16 commandID, i16 number, SavedSettingHeader& header) {
     return ZKFX_GetSettings(SavedSettings::kName, SavedSettings::StoredNumber(commandID, number),
                             &header, sizeof(header), SavedSettings::kOwner);
 }
 
-// Nothing when no record that is compatible stands there.
+// Nothing if no compatible record is stored there.
 std::optional<u16> IdentifierAt(u16 commandID, i16 number) {
     SavedSettingHeader header{};
     ReadHeader(commandID, number, header);
@@ -80,7 +80,7 @@ i16 SavedSettings::CurrentNumber(u16 commandID, i16 number, u16 identifier) {
     if (there == identifier) {
         return number;
     }
-    for (i16 other = 1; other <= kMostPerCommand; ++other) {
+    for (i16 other = 1; other <= kMaxPerCommand; ++other) {
         if (IdentifierAt(commandID, other) == identifier) {
             return other;
         }
@@ -120,7 +120,7 @@ i16 ReadSavedSetting(u16 commandID, i16 number, char16* name, u16* commandItem, 
         g_movedFromOldOwner = true;
         SavedSettings::MoveFromOldOwner(commandID);
     }
-    if (number < 1 || number > SavedSettings::kMostPerCommand) {
+    if (number < 1 || number > SavedSettings::kMaxPerCommand) {
         return 0;
     }
     SavedSettingPtr setting{0};

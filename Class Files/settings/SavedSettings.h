@@ -6,25 +6,25 @@
 
 namespace SavedSettings {
 
-// Where the settings store keeps them: one owner for every command, told apart by the command
-// id that is added to the number.
+// Where the settings store keeps them: under one owner for all commands. The command id is added to
+// the number.
 inline constexpr char kOwner[] = "Save Settings";
 inline constexpr char kName[] = "ZKSC";
 
-inline constexpr i16 kMostPerCommand = 99;
+inline constexpr i16 kMaxPerCommand = 99;
 
 // The number in the store.
 constexpr i16 StoredNumber(u16 commandID, i16 number) noexcept {
     return static_cast<i16>(commandID + number);
 }
 
-// Reports that a saved setting cannot be had; not when its record is incompatible, which was
-// reported when it was read.
+// Reports that a saved setting is missing, unless its record is incompatible, which was reported
+// when it was read.
 void ReportMissing(u16 commandID, i16 number, const char* function, const char* detail);
 
-// The number of the saved setting that stood under this one and has this identifier: others that
-// were saved or deleted since have moved it. Without one of the identifier the number itself, or 0
-// when another setting stands there.
+// The present number of the saved setting that had this number and has this identifier; adding or
+// deleting others moves it. If none has the identifier: the number itself, or 0 if another setting
+// has it now.
 i16 CurrentNumber(u16 commandID, i16 number, u16 identifier);
 
 // Moves what older versions kept under another owner; that owner's key goes, unless a
@@ -33,8 +33,8 @@ void MoveFromOldOwner(u16 commandID);
 
 }  // namespace SavedSettings
 
-// Set once the user has changed saved settings: the host's menu is then out of date until the
-// host starts anew.
+// Set once the user has changed saved settings: the host's menu is then out of date until the host
+// restarts.
 extern u16 g_savedSettingsChanged;
 
 // 1 = saved setting number of the command exists. name: 128 UTF-16 units, zero-filled; it and

@@ -16,7 +16,7 @@ using namespace standin;
 
 namespace {
 
-constexpr i32 kMostEntries = 0x7FFF;
+constexpr i32 kMaxEntries = 0x7FFF;
 
 std::span<EXENTRY> EntriesOf(const EXFRAME& frame) {
     return {frame.entries, static_cast<std::size_t>(frame.count)};
@@ -187,7 +187,7 @@ i16 FX_InsertEXENTRY(EXFRAME* frame, i16 index, i16 count, u32 version) {
         HostCall::kInsertEXENTRY, version, frame, i16{0},
         [&](Application& app, Document& document, LentFrame& loan) -> i16 {
             const i32 before = loan.View().count;
-            if (index < 0 || index > before || count < 1 || before + count > kMostEntries) {
+            if (index < 0 || index > before || count < 1 || before + count > kMaxEntries) {
                 return RefuseByRule(app, i16{0});
             }
             std::vector<EXENTRY> fresh(static_cast<std::size_t>(count));

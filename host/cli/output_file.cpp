@@ -13,12 +13,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kMostLinks = 40;
+constexpr int kMaxLinks = 40;
 
 // Where links lead, also when nothing is there yet.
 fs::path Followed(fs::path file) {
     std::error_code failed;
-    for (int i = 0; i < kMostLinks && fs::is_symlink(fs::symlink_status(file, failed)); ++i) {
+    for (int i = 0; i < kMaxLinks && fs::is_symlink(fs::symlink_status(file, failed)); ++i) {
         file = file.parent_path() / fs::read_symlink(file, failed);
     }
     return file;

@@ -17,7 +17,7 @@ namespace standin::desktop {
 
 namespace {
 
-constexpr int kMostFailures = 100;
+constexpr int kMaxFailures = 100;
 constexpr int kUnreadable = 101;
 constexpr int kNoWindow = 102;
 
@@ -88,7 +88,7 @@ int RunScript(const ScriptOptions& options) {
     window.StartPlugin();
     window.Run();
     player.join();
-    return std::min(failures, kMostFailures);
+    return std::min(failures, kMaxFailures);
 }
 
 int RunForPerson(const std::vector<std::string>& files) {

@@ -27,7 +27,7 @@ enum class LineKind : u8 {
 // What an element says of its line. A point on the way neither opens nor closes it.
 enum class LineRole : u8 { kStart, kOnTheWay, kStop };
 
-inline constexpr int kMostLineNumbers = 16;  // that the format knows, from 1
+inline constexpr int kMaxLineNumbers = 16;  // that the format knows, from 1
 
 // None when elements of that name belong to no line.
 std::optional<LineKind> LineKindOf(std::string_view elementName);

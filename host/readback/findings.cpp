@@ -8,7 +8,7 @@ namespace standin::readback {
 
 namespace {
 
-constexpr std::size_t kMostFindings = 200;
+constexpr std::size_t kMaxFindings = 200;
 constexpr std::size_t kLongestText = 60;
 
 // At most three decimals.
@@ -36,7 +36,7 @@ std::vector<std::string> Findings::Lines() const {
         return std::tie(a->place.measure, a->part, a->place.staff, a->place.onset) <
                std::tie(b->place.measure, b->part, b->place.staff, b->place.onset);
     });
-    sorted.resize(std::min(sorted.size(), kMostFindings));
+    sorted.resize(std::min(sorted.size(), kMaxFindings));
     std::vector<std::string> lines;
     for (const Finding* finding : sorted) {
         const std::string place = PlaceWords(finding->part, finding->place);

@@ -14,7 +14,7 @@ namespace standin::readback {
 namespace {
 
 constexpr int kDeepestNesting = 200;
-constexpr u32 kMostStavesOfPart = 1000;
+constexpr u32 kMaxStavesOfPart = 1000;
 
 class DepthLimit : public pugi::xml_tree_walker {
 public:
@@ -29,7 +29,7 @@ u32 StavesOf(pugi::xml_node part) {
                                child.child("staves").text().as_uint(1)});
         }
     }
-    return std::min(staves, kMostStavesOfPart);
+    return std::min(staves, kMaxStavesOfPart);
 }
 
 void ReadHeader(pugi::xml_node root, Score& score, Texts& texts) {

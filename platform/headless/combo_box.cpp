@@ -8,7 +8,7 @@ namespace {
 
 using Items = std::vector<HWND__::ListItem>;
 
-// Null when there is no such control.
+// Null if the control does not exist.
 Items* FindItems(Window dialog, std::uint16_t control) {
     if (dialog == nullptr) {
         return nullptr;

@@ -1,5 +1,5 @@
-// What a program without a desktop decides in place of the user and of Windows. There is one
-// session a process: the tool or test and the plug-in it loads see the same.
+// What a program without a desktop decides instead of the user and Windows. There is one session
+// per process: the tool or test and the plug-in it loads share it.
 #pragma once
 
 #include <cstdint>
@@ -22,7 +22,7 @@ Language CurrentLanguage();
 // Keeps FindHostFunction from finding this export, as with an older host.
 void HideHostFunction(const std::string& name);
 
-// Calls the routine of every running timer once; returns how many were called.
+// Calls the routine of every running timer once; returns the number called.
 int FireTimers();
 // No further timer can be started.
 void RefuseTimers();

@@ -1,5 +1,5 @@
-// What stands for a window where there is no desktop: its geometry, texts and lists, kept in
-// memory. Whoever plays the host makes the windows.
+// A window without a desktop: its geometry, texts and lists, kept in memory. The program that acts
+// as the host creates the windows.
 #pragma once
 
 #include <cstdint>

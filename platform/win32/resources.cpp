@@ -9,7 +9,7 @@
 namespace platform {
 
 std::u16string_view ResourceString(std::uint32_t id) noexcept {
-    // With no room given, LoadStringW answers where the text lies in the module.
+    // With a size of 0, LoadStringW returns a pointer to the text in the module.
     const wchar_t* text = nullptr;
     const int units = LoadStringW(PluginModule(), id, reinterpret_cast<wchar_t*>(&text), 0);
     if (units <= 0 || text == nullptr) {

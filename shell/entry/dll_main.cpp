@@ -1,4 +1,4 @@
-// Tells the platform which module is the plug-in, as soon as the library is attached.
+// Registers the plug-in's module with the platform as soon as the library is attached.
 #include <windows.h>
 
 #include "platform/module.h"

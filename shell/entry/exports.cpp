@@ -1,4 +1,4 @@
-// The six functions the host knows the plug-in by. Each forwards; none lets an exception out.
+// The six functions that the host calls. Each forwards the call and lets no exception out.
 #include "platform/guarded.h"
 #include "shell/entry/invoke.h"
 #include "shell/entry/menu_items.h"

@@ -15,7 +15,7 @@ namespace {
 constexpr u32 kOldestInterface = 0x1A200000;
 // From this host version on, the plug-in sets the first bit of the flags word.
 constexpr u32 kFlagsHostVersion = 0x0C010000;
-// The menu step runs this long after the host went back to its message loop.
+// The delay of the menu step after the host's return to its message loop.
 constexpr u32 kMenuStepDelay = 10;  // milliseconds
 
 void OnTimer(std::uintptr_t timer) noexcept {
@@ -38,7 +38,7 @@ void ArmDeferredMenuStep() {
     }
 }
 
-// During each question the count is the index asked for; a prefix depends on it.
+// During each query the count equals the index; a prefix depends on it.
 void CountMenuItems() {
     MenuItemDescriptor scratch{};
     g_module.itemCount = 0;

@@ -18,7 +18,7 @@ inline constexpr u32 kStemOrBeamMods = 0x00000080;
 inline constexpr u32 kCrossStaff = 0x00000040;
 inline constexpr u32 kSmartShape = 0x00000020;
 
-// Those that stand for stored records; a flag of another kind is the whole detail.
+// The flags that mark stored records; any other flag is the whole detail.
 inline constexpr u32 kStored = 0
 #define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, ...) | flag
 #define NOTE_DETAIL(name, structure, tag, flag, ...) | flag
@@ -26,7 +26,7 @@ inline constexpr u32 kStored = 0
 #include "shell/host/entry_details.inc"
     ;
 
-// Flags that are the whole detail, and say nothing of a record.
+// Flags that are the whole detail, without a record.
 inline constexpr u32 kFrozenStem = 0x00000100;
 inline constexpr u32 kFrozenStemUp = 0x00000101;
 inline constexpr u32 kFlagDetail1 = 0x00000010;

@@ -1,6 +1,6 @@
-// The host's records that are attached to an entry, as far as their content is the host's
-// alone. All are assumed to be 12 bytes, times the tag's second character where that is a
-// small number; a detail of a note is assumed to begin with the note's ID.
+// The host's records that are attached to an entry and whose content only the host knows. All are
+// assumed to be 12 bytes, times the tag's second character where that is a small number; a detail
+// of a note is assumed to begin with the note's ID.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 #pragma pack(push, 2)
 
-// What addresses a detail.
+// The key of a detail.
 struct EntryDetailKey {
     u32 entryNumber;
     u16 recordNumber;  // among the entry's records of the tag, from 0

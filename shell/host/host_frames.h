@@ -1,6 +1,6 @@
-// What the host lends and fills in place: the selection region, entry frames with their
-// entries and notes, metrics, the window's state and the menu item descriptor.
-// Little-endian, packed to two bytes; every size and every used offset is asserted here.
+// Data that the host lends or fills in: the selection region, entry frames with their entries and
+// notes, metrics, the window's state and the menu item descriptor. Little-endian, packed to two
+// bytes; every size and every used offset is asserted here.
 #pragma once
 
 #include <cstddef>
@@ -32,7 +32,7 @@ struct EXNOTE {
 
 // A note, chord or rest.
 struct EXENTRY {
-    u32 entryNumber;  // the entry's identity; never changes, never used again
+    u32 entryNumber;  // the entry's identity; never changes, never reused
     i16 duration;     // notated, in duration units
     u16 fieldAt6;     // copied with the entry
     u32 flags;        // EntryFlag
@@ -56,7 +56,7 @@ struct EXFRAME {
     i16 count;
 };
 
-// Where an entry stands on its page. Every field is assumed.
+// The position of an entry on its page. Every field is assumed.
 struct ENTRYMETRICS {
     i32 left;
     i32 top;
@@ -119,7 +119,7 @@ static_assert(offsetof(MenuItemDescriptor, skipsDialog) == 768);
 static_assert(offsetof(MenuItemDescriptor, alwaysOne) == 770);
 static_assert(offsetof(MenuItemDescriptor, flags) == 778);
 
-// Bits of EXENTRY::flags. The bits that mark attached details stand in detail_flags.h.
+// Bits of EXENTRY::flags. The bits that mark attached details are in detail_flags.h.
 namespace EntryFlag {
 inline constexpr u32 kMadeRest = 0x80000000;      // set on every entry turned into a rest
 inline constexpr u32 kNote = 0x40000000;          // a note or chord; clear: a rest

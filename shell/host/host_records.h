@@ -58,7 +58,8 @@ struct CurrEDTMiscPrefs {
     u8 opaque10[26];
 };
 
-// An expression put at a place of a measure. From byte 24 on nothing is the host's.
+// An expression assigned to a position in a measure. The bytes from 24 on do not belong to the
+// host.
 struct MyExpressionAssign {
     u16 definition;
     u16 positionLow;
@@ -110,7 +111,7 @@ struct EDTTuplet2005 {
     u8 opaque8[28];
 };
 
-// What every detail of a note begins with.
+// The beginning of every detail of a note.
 struct NoteDetailHead {
     u16 noteID;  // assumed
 };

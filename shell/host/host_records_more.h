@@ -101,8 +101,8 @@ struct EDTPartDefinition {
     u8 opaque2[10];
 };
 
-// 'SDFL', by staff and measure: what a staff has of its own in a measure. Every field is assumed,
-// and counts when the staff's flags say so.
+// 'SDFL', by staff and measure: a staff's own key and time signature in a measure. Every field is
+// assumed, and in effect when the staff's flags say so.
 struct EDTMeasureFloat2014 {
     u16 key;
     i16 beats;
@@ -157,7 +157,7 @@ struct EDTClefExtra {
 };
 
 // 'otTU' and 'otTL', by the item number that a measure holds in place of its beats or its beat
-// duration. A 0 ends the list; further values stand in the next record number. Assumed.
+// duration. A 0 ends the list; further values are in the next record number. Assumed.
 struct EDTCompositeTimeSig {
     i16 groups[6];
 };

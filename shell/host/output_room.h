@@ -1,4 +1,4 @@
-// Room for a record that the host fills without being told a size.
+// Room for a record that the host fills without knowing the size of the buffer.
 #pragma once
 
 #include <algorithm>
@@ -7,14 +7,14 @@
 
 #include "shell/host/host_types.h"
 
-// A host's own record may be longer than the part of it that is known here: behind that part it
-// finds some thousand bytes more to write to. All of it is zero at first.
+// A host's record may be longer than the part known here, so some thousand bytes follow that part.
+// All bytes are zero at first.
 template <typename Record>
 class OutputRoom {
 public:
     static constexpr std::size_t kBytes = sizeof(Record) + 4096;
 
-    // What to hand to the host.
+    // The pointer to pass to the host.
     Record* Address() noexcept { return reinterpret_cast<Record*>(m_bytes.data()); }
 
     Record Known() const noexcept {
@@ -22,7 +22,7 @@ public:
         std::memcpy(&record, m_bytes.data(), sizeof record);
         return record;
     }
-    // Whether the host wrote anything into the known part, where its answer says nothing.
+    // Whether the host wrote anything into the known part, if its result has no meaning.
     bool IsWritten() const noexcept {
         return std::any_of(m_bytes.begin(), m_bytes.begin() + sizeof(Record),
                            [](u8 byte) { return byte != 0; });

@@ -11,7 +11,7 @@ struct ModuleState {
     u32 hostVersion = kInterfaceVersion;
     // Reaches the host's menu bar. Null before FinaleExtensionInit.
     WindowHandle hostMainWindow = nullptr;
-    // Menu items found at initialisation: the command, and one for each saved setting.
+    // Menu items found at initialization: the command, and one for each saved setting.
     i16 itemCount = 0;
 
     // The step that reshapes the host's menu: null unless armed, and the timer that runs it.

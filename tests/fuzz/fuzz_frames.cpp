@@ -43,9 +43,9 @@ void AddTuplet(FuzzedDataProvider& input, Document& document, u32 entry) {
 }
 
 void FillLayer(FuzzedDataProvider& input, StandIn& host, u16 measure, u16 layer) {
-    constexpr int kMostEntries = 10;
+    constexpr int kMaxEntries = 10;
     std::vector<EXENTRY> entries(
-        static_cast<std::size_t>(input.ConsumeIntegralInRange(0, kMostEntries)));
+        static_cast<std::size_t>(input.ConsumeIntegralInRange(0, kMaxEntries)));
     for (EXENTRY& entry : entries) {
         entry = EntryFrom(input);
         entry.entryNumber = host.Score().NewEntryNumber();

@@ -23,11 +23,11 @@ constexpr std::pair<const char*, const char*> kValues[] = {{"Plyweld", "ZKCF2200
                                                            {"Dont Show Again Alert", "CKAT20003"}};
 
 void Store(FuzzedDataProvider& input) {
-    constexpr std::size_t kMostBytes = 400;
+    constexpr std::size_t kMaxBytes = 400;
     for (const auto& [owner, name] : kValues) {
         if (input.ConsumeBool()) {
             const auto bytes =
-                input.ConsumeBytes<u8>(input.ConsumeIntegralInRange<std::size_t>(0, kMostBytes));
+                input.ConsumeBytes<u8>(input.ConsumeIntegralInRange<std::size_t>(0, kMaxBytes));
             Plugin::StoreBytes(owner, name, bytes.data(), static_cast<u32>(bytes.size()));
         }
     }

@@ -200,7 +200,7 @@ class MscxReader {
 
 
     // The time at a measure's end is that of the next one's start.
-    normalised([staff, voice, measure, onset]) {
+    normalized([staff, voice, measure, onset]) {
         while (this.lengths[measure] !== undefined && !onset.isLess(this.lengths[measure])) {
             onset = onset.minus(this.lengths[measure]);
             measure += 1;
@@ -211,7 +211,7 @@ class MscxReader {
     joinLines() {
         const joints = new Map();
         const keyOf = (type, start, end, pitch) =>
-            [type, this.normalised(start).text, this.normalised(end).text, pitch].join("|");
+            [type, this.normalized(start).text, this.normalized(end).text, pitch].join("|");
         const pitchOfTie = (line) => (line.type === "Tie" ? line.place.pitches[0] : "");
         for (const end of this.ends) {
             const key = keyOf(end.type, end.there, end.here, pitchOfTie(end));
@@ -226,7 +226,7 @@ class MscxReader {
     }
 
     atRealTime(place) {
-        const { measure, onset } = this.normalised([place.staff, 0, place.measure, place.onset]);
+        const { measure, onset } = this.normalized([place.staff, 0, place.measure, place.onset]);
         return { ...place, measure, onset };
     }
 }

@@ -52,7 +52,7 @@ TEST(Endurance, ALargeScoreMergesInOneRunWithinItsOwnSize) {
 
 TEST(Endurance, ManyRunsLeaveNothingBehind) {
     constexpr u32 kWarmUp = 50;
-    constexpr u64 kMostBytesARun = 192;  // new entries take numbers, which are never used again
+    constexpr u64 kMaxBytesPerRun = 192;  // new entries take numbers, which are never used again
     const u32 runs = IsLong() ? 2000 : 300;
     StandIn host{2, 1};
     host.LayerEverywhere(0, "q:c4 q:r h:r");
@@ -86,7 +86,7 @@ TEST(Endurance, ManyRunsLeaveNothingBehind) {
     }
     RecordProperty("runs", std::to_string(runs));
     EXPECT_TRUE(host.Score().Content() == before);
-    EXPECT_LE(MemoryInUse(), memory + kMostBytesARun * (runs - kWarmUp));
+    EXPECT_LE(MemoryInUse(), memory + kMaxBytesPerRun * (runs - kWarmUp));
     EXPECT_EQ(inUse(), warm);
 }
 

@@ -1,4 +1,4 @@
-// The kinds of entry details, a bit each, and sets of them.
+// The kinds of entry details, one bit each, and sets of them.
 #pragma once
 
 #include "shell/host/host_types.h"
@@ -30,8 +30,8 @@ inline constexpr u32 kDuration = 1U << 26U;
 inline constexpr u32 kPercNoteCode = 1U << 28U;
 inline constexpr u32 kNoteAlts = 1U << 29U;
 
-// No kind: what belongs to a note goes to the note of the same pitch rather than of the same
-// place in the chord. (Bit 22, of the tie kinds, makes no difference.)
+// Not a kind: details of a note go to the note with the same pitch instead of the same index in the
+// chord. (Bit 22, of the tie kinds, has no effect.)
 inline constexpr u32 kMatchNotesByPitch = 1U << 27U;
 
 inline constexpr u32 kBeams =

@@ -1,5 +1,5 @@
-// The classes of the kinds of details, a class a row of shell/host/entry_details.inc: each binds
-// a host record, its tag and the flag of its entries.
+// The classes of the kinds of details, one per row of shell/host/entry_details.inc: each binds a
+// host record, its tag and the flag of its entries.
 #pragma once
 
 #include "Class Files/score/details/FinPINoteDetail.h"
@@ -44,7 +44,7 @@ private:
     Record m_record{};
 };
 
-// A record that only alters what would be drawn anyway: without a value it is not worth storing.
+// A record that only adjusts the default drawing: without a value it is not stored.
 template <typename Record, u32 tag, u32 secondTag, u32 entryFlags>
 class FinPIAlterationTemplate final
     : public FinPIEntDetTemplate<Record, tag, secondTag, entryFlags> {
@@ -61,8 +61,7 @@ public:
     }
 };
 
-// A tuplet counts the entry it starts on in its own units, so that the entry's duration goes
-// with it.
+// A tuplet counts its first entry in its own units, so the entry's duration is copied with it.
 template <typename Record, u32 tag, u32 secondTag, u32 entryFlags>
 class FinPITupletTemplate final : public FinPIEntDetTemplate<Record, tag, secondTag, entryFlags> {
 public:

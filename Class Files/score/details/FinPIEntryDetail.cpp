@@ -195,7 +195,7 @@ bool FinPIEntryDetail::Walk::Next() {
     if (m_failed) {
         return false;
     }
-    if (m_seen++ == kMostRecords) {
+    if (m_seen++ == kMaxRecords) {
         return Fail();
     }
     if (Load(m_next)) {

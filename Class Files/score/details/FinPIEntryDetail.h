@@ -12,11 +12,11 @@
 // a record which does not load posts nothing.
 class FinPIEntryDetail {
 public:
-    // Selected to create a record behind the others.
+    // Selected to create a record after the others.
     static constexpr u16 kNewRecord = 0xFFFF;
-    // Records of one kind at one entry. No music has as many, but a host that always has one
-    // more would keep a walk over them going.
-    static constexpr u16 kMostRecords = 4096;
+    // The limit of records of one kind at one entry. No music has as many; the limit stops a walk
+    // if a host always returns one more.
+    static constexpr u16 kMaxRecords = 4096;
 
     FinPIEntryDetail(const FinPIEntryDetail&) = delete;
     FinPIEntryDetail& operator=(const FinPIEntryDetail&) = delete;
@@ -28,9 +28,9 @@ public:
     virtual i16 Commit();
     virtual i16 Delete();
     virtual void SelectRecord(u16 recordNumber);
-    // Whether the other record, of the same kind, says the same.
+    // Whether the other record, of the same kind, has the same content.
     virtual i16 IsSame(const FinPIEntryDetail& other) const;
-    // Takes over what the source says; 0 = it is not to be copied.
+    // Copies the content of the source; 0 = it must not be copied.
     virtual i16 CopyAttributes(const FinPIEntryDetail& source);
     // By the entry's flags; no host call.
     virtual i16 HasDetails() const;
@@ -38,18 +38,18 @@ public:
     virtual i16 IsSkipped() const { return 0; }
     // Whether this entry can take the loaded record of the source.
     virtual i16 IsApplicable(const FinPIEntryDetail& /*source*/) const { return 1; }
-    // A record without effect, which is not worth storing.
+    // A record without effect, which is not stored.
     virtual i16 IsEmpty() const { return 0; }
-    // Told after the source's record was stored here.
+    // Called after the source's record was stored here.
     virtual void OnCopied(const FinPIEntryDetail& /*source*/) {}
     // Both post when the record was never loaded, or loaded already.
     virtual i16 Save();
     virtual i16 Create();
-    // What the record refers to, when it comes from another document.
+    // Converts references of a record that comes from another document.
     virtual i16 CopyDependentStructs(const FinPIEntryDetail& /*source*/) { return 1; }
     virtual const void* GetData() const = 0;  // null when the kind has no record
     virtual u32 GetDataSize() const = 0;      // bytes
-    // The bytes by which two records are the same.
+    // The bytes that are compared between two records.
     virtual std::span<const u8> Identity() const;
 
     // Copies the records that the target lacks and brings those it has up to date. sameKind:
@@ -109,18 +109,17 @@ private:
     u32 CountOf(u32 tag);
     // The number of the first record from this one on, without a load; kNewRecord = none.
     u16 FirstNumberFrom(u16 recordNumber);
-    // By a load and by the count, so that one refused call hides no record.
+    // Checks by a load and by the count, so that one refused call hides no record.
     bool IsStored(u32 tag);
-    // Takes the records there are when none are of the stem's direction: music that came into
-    // another layer can have turned the stem.
+    // Uses the records of the other direction if there are none for the stem's direction, because
+    // music that joined the layer may have turned the stem.
     void FollowStoredVariant();
     enum class Search { kFound, kNotFound, kInDoubt };
     Search SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual);
 };
 
-// Goes over the gaps that a host may leave in the numbers when a record is deleted. A load that
-// the host refuses does not pass for a gap or for the end: what is there is asked for in other
-// ways, by FX_PreviousEData and FX_NextEData.
+// Skips the gaps that a host may leave in the numbers when a record is deleted. A refused load must
+// not look like a gap or the end, so FX_PreviousEData and FX_NextEData are also called.
 class FinPIEntryDetail::Walk {
 public:
     // operation is the one to name in errors.
@@ -131,8 +130,8 @@ public:
     bool Next();
     // The selected record is gone. The next one may have taken its number.
     void Deleted() noexcept { m_next = m_detail.m_recordNumber; }
-    // A record did not load, or there seems to be no end of them; an error is pending. Nothing
-    // that is to be moved may be deleted then.
+    // A record did not load, or the records do not end; an error is pending. Nothing may be deleted
+    // then.
     bool HasFailed() const noexcept { return m_failed; }
 
 private:

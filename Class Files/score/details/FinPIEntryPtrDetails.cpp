@@ -10,10 +10,10 @@
 
 namespace {
 
-// What copying and deleting do with a kind.
+// How a kind is copied and deleted.
 struct KindRow {
     u32 selector;    // the set holds the kind when it has all of these bits
-    u32 entryFlags;  // of kinds whose records the host keeps; several share a flag
+    u32 entryFlags;  // of kinds with stored records; several kinds share a flag
     i16 (*copy)(const FinPIEntryPtr& target, const FinPIEntryPtr& source, u32 kinds);
     FinPIEntryDetail::Removal (*remove)(const FinPIEntryPtr& entry);
     bool (*hasRecord)(const FinPIEntryPtr& entry);
@@ -33,7 +33,7 @@ bool HasRecordOfKind(const FinPIEntryPtr& entry) {
     return Kind{entry}.HasRecord();
 }
 
-// Clears those of the flags that no stored detail asks for any more.
+// Clears the flags that no stored detail needs any more.
 void ClearFlags(const FinPIEntryPtr& entry, u32 flags);
 
 template <typename Kind, CopyRule rule>
@@ -88,7 +88,7 @@ FinPIEntryDetail::Removal DeleteDuration(const FinPIEntryPtr& /*entry*/) {
     return {};
 }
 
-// Positioning by hand takes the place of the automatic modes that know nothing of it.
+// Manual positioning replaces the automatic modes that would ignore it.
 i16 RaisePositioningMode(const FinPIEntryPtr& entry) {
     constexpr u16 kModeBits = 7;
     const DocumentScope document{entry.Document()};
@@ -139,7 +139,7 @@ constexpr KindRow kKinds[] = {
 
 using KindMarks = std::array<bool, std::size(kKinds)>;
 
-// The same; emptied marks the kinds that are known to have none.
+// The same; emptied receives the kinds known to have no records.
 void ClearFlags(const FinPIEntryPtr& entry, u32 flags, const KindMarks& emptied) {
     for (std::size_t i = 0; i < std::size(kKinds) && flags != 0; ++i) {
         if ((kKinds[i].entryFlags & flags) != 0 && !emptied[i] && kKinds[i].hasRecord(entry)) {

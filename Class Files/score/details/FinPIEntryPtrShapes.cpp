@@ -8,14 +8,14 @@ namespace {
 
 constexpr char kOperation[] = "FinPIEntryPtr::MoveSmartShapeAssigns";
 
-// Asks for it in another way than a load does, which the host may have refused.
+// Finds it without a load, which the host may have refused.
 bool IsStored(u16 shapeNumber) {
     FinPISmartShape last{shapeNumber};
     return last.LoadLastInci() != 0 && last.GetCmper1() == shapeNumber;
 }
 
-// Redirects the ends of the shape that are at one entry to another. Scores hold marks whose
-// shape is long gone: those have no end to redirect.
+// Redirects the ends of the shape from one entry to another. Scores contain marks whose shape was
+// deleted long ago; they have no end to redirect.
 bool MoveShapeEnds(u16 shapeNumber, const FinPIEntryPtr& from, const FinPIEntryPtr& to) {
     FinPISmartShape shape{shapeNumber};
     if (shape.Load() != 0) {

@@ -14,8 +14,8 @@ public:
     i16 CopyAttributes(const FinPIEntryDetail& source) override;
     std::span<const u8> Identity() const override;
 
-    // Copies what belongs to a note of the source onto the note of the same pitch, or else of
-    // the same place, among those that can take it; the rest is left out. Both entries are of
+    // Copies the details of each source note to the note with the same pitch, or else the same
+    // index, among the notes that can have them; other details are left out. Both entries are in
     // one staff and measure, where equal pitch fields are equal pitches, transposed or not.
     static i16 CopyNoteDetail(FinPINoteDetail& target, FinPINoteDetail& source, bool matchByPitch,
                               i16& anyCopied);

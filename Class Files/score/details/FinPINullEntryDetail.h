@@ -3,7 +3,7 @@
 
 #include "Class Files/score/details/FinPIEntryDetail.h"
 
-// Behaves as a kind with one record of no bytes, which is there when the flags are.
+// Behaves like a kind with one empty record, which exists while the flags are set.
 class FinPINullEntryDetailBase : public FinPIEntryDetail {
 public:
     i16 Load() override;
@@ -15,8 +15,8 @@ public:
     u32 GetDataSize() const override { return 0; }
 
 protected:
-    // Of a kind whose flags depend on the stem's direction, the flags of both directions tell
-    // that it is there, and all of the mask goes with it.
+    // If the flags depend on the stem's direction, the flags of either direction mean that the
+    // detail exists, and the whole mask is copied.
     FinPINullEntryDetailBase(const FinPIEntryPtr& entry, u32 upFlags, u32 downFlags, u32 mask)
         : FinPIEntryDetail{entry, 0, 0, mask}, m_upFlags{upFlags}, m_downFlags{downFlags} {}
     ~FinPINullEntryDetailBase() = default;

@@ -6,8 +6,8 @@
 #include "Class Files/score/details/FinPISmartShapeMark.h"
 #include "Class Files/score/records/EnigmaRecords.h"
 
-// A shape goes with the entry it starts at; the mark of its end is skipped and follows the
-// shape. The copy ends where the shape ends, or at the entry it was copied to when both ends
+// A shape is copied with the entry at its start; the mark at its end is skipped and created with
+// the shape. The copy ends where the shape ends, or at the entry it was copied to when both ends
 // are at one entry. Copying needs the region of both entries, in which the shape has to lie.
 // Commit, Create and Delete fail, and post, when the entry's document is not the current one.
 class FinPISmartShapeAssign : public FinPISmartShapeMark {
@@ -17,16 +17,16 @@ public:
 
     // The mark and its shape; a mark without a shape is skipped.
     i16 Load() override;
-    // Fails, and posts, when there is no shape, or its end is at no entry.
+    // Fails, and posts, if the shape is missing or its end is not at an entry.
     i16 Commit() override;
-    // The shape goes with its start. Fails, and posts, when there is no shape.
+    // Deletes the shape with its start. Fails, and posts, if the shape is missing.
     i16 Delete() override;
     i16 CopyAttributes(const FinPIEntryDetail& source) override;
     i16 IsSkipped() const override;
     i16 IsApplicable(const FinPIEntryDetail& source) const override;
     i16 Save() override;
     // Creates the shape under the next free number, and the marks of both its ends. Fails, and
-    // posts, when loaded already or when there is no shape.
+    // posts, when loaded already or when the shape is missing.
     i16 Create() override;
 
     // Whether there is a shape with both ends in the entry's region. Posts when it has none.

@@ -7,7 +7,7 @@
 
 class FinPILayer final : public LayerPrefsRecord {
 public:
-    // Layers count from 0. Loads the record; posts when there is no such layer or no record.
+    // Layers count from 0. Loads the record; posts if the layer or its record does not exist.
     explicit FinPILayer(u16 layer);
 
     // In the user's language, counted from 1.

@@ -1,4 +1,4 @@
-// Where the lyrics of one verse or chorus stand below a staff.
+// The position of the lyrics of one verse or chorus below a staff.
 #pragma once
 
 #include "Class Files/score/records/EnigmaRecords.h"

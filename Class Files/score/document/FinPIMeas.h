@@ -13,13 +13,13 @@ public:
     // the measure's document; what does not load counts as 0.
     FinPITimeSig GetTimeSig() const;
 
-    // What this measure shows in a staff. Rest on FX_GetKeySig and the records of the staff, of
-    // what it has of its own in the measure, and of the barline preferences; one of these that
-    // does not load is posted and counts as all zero. None, when its document cannot be made
-    // current.
-    // The time signature, of 0 beats when it shows none, as after a measure with the same.
+    // What this measure shows in a staff. They use FX_GetKeySig and the records of the staff, of
+    // the staff in the measure, and of the barline preferences. A record that does not load is
+    // posted and counts as all zero. None if the document cannot be made current. The time
+    // signature, of 0 beats when it shows none, as after a measure with the same.
     void VisibleTimeSig(i16 staff, FinPITimeSig& signature) const;
-    // Whether it shows a key signature: another than the measure before, or than no accidentals.
+    // Whether it shows a key signature: one that differs from the previous measure's, or from no
+    // accidentals.
     i16 InstHasVisibleKeySig(i16 staff) const;
     // 1: the staff is written without key signatures; attributes are then those of the key that
     // holds there, if it has any.

@@ -45,14 +45,14 @@ struct MeasureKey {
 // What it puts there, ClearAll gives back with FX_FreeMeasureMetrics.
 void*& FindMeasureMetrics(const MeasureKey& key);
 
-// Whether page view shows the measure, as its entries' metrics told last. Of other measures than
-// the last one nothing is known, and they count as shown.
+// Whether page view shows the measure, according to its entries' metrics. Only the last measure is
+// known; all others count as shown.
 void NotePageView(const MeasureKey& key, bool isShown);
 bool IsShownInPageView(const MeasureKey& key);
 
-// 1 when the staff is in the document's staff list for special part extraction. Loads the
-// list's number once a document (a failure is posted) and rests on FX_InstToSlot, which asking
-// again for the same document and staff does not call.
+// 1 when the staff is in the document's staff list for special part extraction. Loads the list's
+// number once per document (a failure is posted) and calls FX_InstToSlot, but not again for the
+// same document and staff.
 u16 SpecPartExtractionCmper(u16 document, u16 staff);
 
 // Forgets everything.

@@ -1,4 +1,4 @@
-// An expression put at a place of a measure.
+// An expression assigned to a position in a measure.
 #pragma once
 
 #include "Class Files/score/records/EnigmaRecords.h"
@@ -17,14 +17,14 @@ public:
         return CompleteStep(ExpressionAssignRecord::LoadLastCmper1(cmper1));
     }
     i16 IsPartSpecific() const override { return 1; }
-    // A part places the score's expressions, and has none that could go.
+    // A part only positions the score's expressions; it has none that could be deleted.
     i16 CanDeleteInPart() override { return 0; }
-    // By the fields that are the host's.
+    // Compares the host's fields.
     i16 IsSameMeasOther(const FinPIMeasOther& other) const override;
 
-    // Fills hasPosition, belongsToEntry and what follows from the definition, which it loads
-    // with FX_LoadEData from the expression's document. 0 when that cannot be made current, and
-    // with an error posted when there is no such definition.
+    // Fills hasPosition, belongsToEntry and what follows from the definition, which it loads with
+    // FX_LoadEData from the expression's document. 0 if that document cannot be made current, or,
+    // with an error posted, if the definition does not exist.
     i16 LoadCachedItems();
 
 private:

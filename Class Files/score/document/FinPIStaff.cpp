@@ -10,7 +10,7 @@ constexpr u32 kStaffAtMeasure = HostTag("SOSC");
 constexpr u32 kNameText = HostTag("txbl");
 constexpr u32 kFullNamePosition = HostTag("otNS");
 constexpr u32 kAbbreviatedNamePosition = HostTag("otns");
-constexpr u16 kNoItem = 0xFFFF;  // a create of a text with it takes the next free item
+constexpr u16 kNoItem = 0xFFFF;  // creating a text with it takes the next free item
 
 // Dependent structures of the serialized form, in order.
 enum DependentStruct : u16 {
@@ -75,8 +75,8 @@ std::array<ShapeNotesRecord*, 4> FinPIStaff::ShapeNotes() noexcept {
     return {&m_shapeNoteDoubleWhole, &m_shapeNoteWhole, &m_shapeNoteHalf, &m_shapeNoteQuarter};
 }
 
-// A staff need not have positions, shape notes and drums of its own, but what it refers to by
-// number has to be there.
+// A staff need not have its own positions, shape notes and drums, but records that it refers to by
+// number must exist.
 bool FinPIStaff::LoadDependents() {
     m_fullNamePosition.Load();
     m_abbreviatedNamePosition.Load();
@@ -116,7 +116,7 @@ i16 FinPIStaff::Commit() {
         PostError(FinPIAppError("FinPIStaff::Commit", "Cannot modify a virtual staff."));
         return 0;
     }
-    // What the staff refers to would go to the other document, although the staff cannot.
+    // Dependent records would be written to the other document, although the staff cannot be.
     if (Host::GetCurrentEnigmaDocument() != m_docID) {
         PostError(
             FinPIAppError("FinPIStaff::Commit", "Attempted to update a non-current document"));

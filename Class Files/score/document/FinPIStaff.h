@@ -1,12 +1,12 @@
-// A staff, as a whole or as it is at a place of the score, with the records that depend on it.
+// A staff, in general or at a position in the score, with its dependent records.
 #pragma once
 
 #include <array>
 
 #include "Class Files/score/document/FinPIShapeNote.h"
 
-// The plain staff can be changed and committed; the staff at a measure and position is the
-// host's answer on what holds there, and only read.
+// The general staff can be changed and committed. The staff at a measure and position is the host's
+// record of what is in effect there, and read-only.
 class FinPIStaff final : public StaffRecord {
 public:
     // Loads the staff, at a measure when that is above 0, and the records that it refers to;

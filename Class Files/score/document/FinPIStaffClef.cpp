@@ -10,7 +10,7 @@ namespace {
 constexpr u16 kFullSize = 100;
 
 // The last clef change of the staff at or before the place, searched back measure by measure;
-// nothing when there is none. Ends also when the host finds a measure that is no earlier one.
+// nothing if there is none. Also ends if the host returns a measure that is not earlier.
 std::optional<EDTClefExtra> LoadEffectiveAt(u16 staff, u16 measure, i32 position) {
     FinPIClefChange last(measure);
     u32 before = measure + 1U;

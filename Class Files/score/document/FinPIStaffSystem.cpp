@@ -27,7 +27,7 @@ u16 FinPIStaffSystem::FindSystemForMeasure(i16 measure, u16 startSystem) {
             break;
         }
         if (++system == kNoSystem) {
-            break;  // a host that never runs out of them
+            break;  // the host may always return another one
         }
         record.SetCmpers(system);
     }

@@ -3,7 +3,7 @@
 #include "shell/host/callbacks.h"
 
 FinPIStaffView::FinPIStaffView(u16 staff) : FinPIPartView{0} {
-    i32 previous = -1;  // a host that stays at a part would never end
+    i32 previous = -1;  // a host may return the same part forever
     while (LoadNext() != 0 && GetCmper1() > previous && Host::InstToSlot(staff, staffList) == 0) {
         previous = GetCmper1();
     }

@@ -11,16 +11,15 @@ class FinPIScoreExpr;
 // Stem directions by entry number: 1 up, -1 down.
 using StemDirections = std::map<u32, i16>;
 
-// Names an entry by its index, with the frame it stands in. Pointers made by EntryAt and by
-// steps within the frame share the frame, cost no host call and end with it, and with any
-// insert, delete or reload; an entry is then found again by its number. Positions: duration
-// units from the barline.
+// Refers to an entry by its frame and index. Pointers made by EntryAt and by steps within the frame
+// share the frame and make no host call. They become invalid with the frame and after any insert,
+// delete or reload; find the entry again by its number. Positions: duration units from the barline.
 class FinPIEntryPtr : public FinPITGFPtr {
 public:
     FinPIEntryPtr() noexcept = default;  // invalid
     // Shares a frame of the current document. Rests on FX_GetMeasureDuration.
     FinPIEntryPtr(EXFRAME* frame, i16 index);
-    // With the owner's document and durations. An owner's frame is loaded anew.
+    // With the owner's document and durations. An owner's frame is loaded again.
     FinPIEntryPtr(const FinPITGFPtr& owner, i16 index);
     // Takes the frame over.
     FinPIEntryPtr(FinPITGFPtr&& owner, i16 index);
@@ -50,8 +49,8 @@ public:
     i32 ScaledPosition() const noexcept { return m_scaledPosition; }
     i32 ScaledActualDuration() const noexcept { return m_scaledActualDuration; }
 
-    // The next entry. Past the last one, the first of the next measure unless told to stay in
-    // the frame; that entry owns its frame. Invalid when there is none.
+    // The next entry. After the last one, the first of the next measure, which owns its frame,
+    // unless the step must stay in the frame. Invalid if there is none.
     FinPIEntryPtr Next(bool stayInFrame) const;
     // The same within the entry's voice; voice 2 ends with its frame at the latest.
     FinPIEntryPtr NextInVoice(bool stayInFrame) const;
@@ -63,14 +62,14 @@ public:
     // 1 for the first of a run of grace entries; 0 for other entries.
     i16 GraceIndex() const noexcept;
 
-    // Whether the expression hangs on this entry: on the first of several it could hang on.
-    // launchTest: not on an entry that launches voice 2. layerTest: only in its own layer.
+    // Whether the expression belongs to this entry: if several match, to the first. launchTest:
+    // never to an entry that launches voice 2. layerTest: only in its own layer.
     i16 IsExpressionAttached(const FinPIScoreExpr& expression, bool launchTest,
                              bool layerTest) const;
 
-    // Up 1, down -1, from the beam group and the host's metrics of it; asked once when a
-    // cache is attached. Posts when the entry is hidden or stands on no page; then up. Rests
-    // on FX_GetEntryMetrics.
+    // Up 1, down -1, from the beam group and the host's metrics of it; asked once when a cache is
+    // attached. Posts, and returns up, if the entry is hidden or not on a page. Rests on
+    // FX_GetEntryMetrics.
     i16 StemDirection() const;
     // The cache must outlive the pointer and its copies.
     void AttachStemDirections(StemDirections* cache) noexcept { m_stemDirections = cache; }
@@ -104,7 +103,7 @@ public:
 private:
     // A sharing pointer to another entry of the same frame.
     FinPIEntryPtr Sibling(i16 index) const;
-    // The same for a pointer that shares its frame; an owner's frame is loaded anew.
+    // The same for a pointer that shares its frame; an owner's frame is loaded again.
     FinPIEntryPtr Step(i16 index) const;
     void Place(i16 index);
     bool IsAttachedHere(const FinPIScoreExpr& expression, bool launchTest, bool layerTest) const;

@@ -21,7 +21,7 @@ bool StartsBeam(const FinPIEntryPtr& entry) {
     return entry.HasFlag(DetailFlag::kPrimaryBeamBreak);
 }
 
-// Whether two neighbours of a voice can stand under one beam.
+// Whether two neighboring entries of a voice can share a beam.
 bool AreBeamed(const FinPIEntryPtr& entry, const FinPIEntryPtr& following) {
     return CanBeBeamed(entry) && CanBeBeamed(following) && !StartsBeam(following) &&
            entry.IsGrace() == following.IsGrace();
@@ -59,7 +59,7 @@ i16 FinPIEntryPtr::AskStemDirection() const {
     return metrics.stemDirection;
 }
 
-// An entry without a stem of its own, such as a rest, goes with its beam.
+// An entry without a stem, such as a rest, follows its beam.
 i16 FinPIEntryPtr::BeamStemDirection() const {
     FinPIEntryPtr member = Shared();
     for (FinPIEntryPtr before = member.PreviousInVoice(); AreBeamed(before, member);

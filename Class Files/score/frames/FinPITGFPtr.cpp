@@ -25,8 +25,8 @@ EXFRAME* LoadFrame(u16 firstKey, u16 slot, u16 measure, u16 layer) {
     EXFRAME* const frame = Host::LoadTGF(firstKey, static_cast<i16>(slot),
                                          static_cast<i16>(measure), layer, kAlwaysOne);
     if (frame != nullptr && frame->entries != nullptr) {
-        // An entry has twelve slots for notes, whatever count comes with it; and times are added
-        // up, so none may be longer than music can be.
+        // An entry has twelve slots for notes, whatever its count says. Times are summed, so none
+        // may be longer than music can be.
         for (i16 i = 0; i < frame->count; ++i) {
             EXENTRY& entry = frame->entries[i];
             entry.noteCount = std::clamp<i16>(entry.noteCount, 0, kMaxNotesPerEntry);
@@ -42,7 +42,7 @@ EXFRAME* LoadAgain(const EXFRAME& frame) {
     return LoadFrame(frame.firstKey, frame.slot, frame.measure, frame.layer);
 }
 
-// What the host would answer, from the entries as they are held.
+// The host's result, computed from the entries held here.
 i32 DurationOf(std::span<const EXENTRY> entries) {
     i64 duration = 0;
     for (const EXENTRY& entry : entries) {
@@ -51,7 +51,7 @@ i32 DurationOf(std::span<const EXENTRY> entries) {
     return static_cast<i32>(std::min<i64>(duration, kLatestTime));
 }
 
-// What the host may respell while it deletes entries.
+// The fields that the host may respell while it deletes entries.
 struct NoteFields {
     u16 pitch;
     u16 second;

@@ -6,7 +6,7 @@
 
 #include "shell/host/host_frames.h"
 
-// By which errors name a frame.
+// The tag that names a frame in errors.
 inline constexpr u32 kFrameTag = HostTag("aTGF");
 
 class FinPIEntryPtr;
@@ -34,7 +34,7 @@ public:
     bool IsOwner() const noexcept { return m_owned != 0; }
     u16 Document() const;  // without a frame the current one
 
-    // Where the frame stands; 0 without a frame.
+    // The frame's keys; 0 without a frame.
     u16 StaffNumber() const noexcept { return m_frame == nullptr ? u16{0} : m_frame->staff; }
     u16 Measure() const noexcept { return m_frame == nullptr ? u16{0} : m_frame->measure; }
     u16 Layer() const noexcept { return m_frame == nullptr ? u16{0} : m_frame->layer; }
@@ -46,12 +46,12 @@ public:
     // The entries in place; insert, delete, reduce and reload move them.
     std::span<EXENTRY> Entries() const noexcept;
     i16 Count() const noexcept { return static_cast<i16>(Entries().size()); }
-    // Shares the frame, which must outlive it; invalid when there is no such entry.
+    // Shares the frame, which must outlive it; invalid if the entry does not exist.
     FinPIEntryPtr EntryAt(i16 index) const;
     // -1 = no entry of the frame has that number.
     i16 FindEntryByNumber(u32 entryNumber) const noexcept;
-    // The total time of the voice-1 entries; 0 when empty. Rests on FX_GetTGFDuration, and where
-    // that gives nothing on the entries.
+    // The total time of the voice-1 entries; 0 when empty. Calls FX_GetTGFDuration, and adds up the
+    // entries if that returns 0.
     i32 Duration() const;
 
     // Stores the frame. Does not switch documents: fails when the frame's is not the current
@@ -61,8 +61,8 @@ public:
     i16 ReloadTGF();
     // The host's result. The new entries are zeroed and have entry numbers.
     i16 InsertEntries(i16 index, i16 count);
-    // The host's result, which says nothing: Count() tells whether they went. Entries that remain
-    // keep the first two fields of their notes, which the host may respell.
+    // The host's result, which has no meaning: compare Count() before and after. The remaining
+    // entries keep the first two fields of their notes, which the host may respell.
     i16 DeleteEntriesAt(i16 index, i16 count);
     // Deletes the entries that are found, reduces and reloads. A refused deletion is posted, and
     // the others go on; 0 = not reloaded.

@@ -26,7 +26,7 @@ u16 LowestFreeID(std::span<const EXNOTE> notes) {
     return noteID;
 }
 
-// Of two notes with the same ID the later one keeps it.
+// If two notes have the same ID, the later one keeps it.
 void AssignNoteIDs(std::span<EXNOTE> notes) {
     u16 highest = 0;
     for (const EXNOTE& note : notes) {

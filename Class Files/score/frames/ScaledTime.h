@@ -3,8 +3,8 @@
 
 #include "shell/host/host_types.h"
 
-// A time in the staff's duration, told in the measure's nominal duration and rounded; as it is
-// when the staff's measure has no duration. All in duration units.
+// Converts a time in the staff's duration to the measure's nominal duration, rounded; unchanged if
+// the staff's measure has no duration. All in duration units.
 inline i32 ScaleToNominal(i32 time, i32 nominalDuration, i32 staffDuration) noexcept {
     if (staffDuration == 0) {
         return time;

@@ -1,5 +1,4 @@
-// The record classes. A class named ...Record is what a class with operations of its own
-// derives from.
+// The record classes. A class named ...Record is the base of a class with operations of its own.
 #pragma once
 
 #include "Class Files/score/records/FinPIDetail.h"

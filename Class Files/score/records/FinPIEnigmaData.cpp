@@ -72,7 +72,8 @@ i16 FinPIEnigmaData::Load() {
     return IsLoaded();
 }
 
-// What a walk step found becomes this record; without a find it addresses nothing.
+// The record found by a walk step becomes this record; if none was found, this one addresses
+// nothing.
 i16 FinPIEnigmaData::TakeFound(i16 found, const EnigmaKey& key) {
     if (found == 0) {
         Reset(kNoInci);
@@ -90,7 +91,7 @@ i16 FinPIEnigmaData::LoadNext() {
     }
     m_loaded = 0;
     if (m_clearOnReset != 0) {
-        ClearData();  // the host leaves what a shorter record does not fill
+        ClearData();  // the host does not fill the bytes after a shorter record
     }
     EnigmaKey key{};
     GetKey(key);

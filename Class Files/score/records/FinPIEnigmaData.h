@@ -1,5 +1,5 @@
-// A typed handle on one record of a host document: its address, a copy of its bytes, and the
-// data version that the bytes follow.
+// A typed handle to one record of a host document: its key, a copy of its bytes, and their data
+// version.
 #pragma once
 
 #include <array>
@@ -86,8 +86,8 @@ public:
     virtual i16 CopyDependentStructs(const FinPIEnigmaData& /*source*/) { return 1; }
     virtual i16 CopyDependentStructsPostCommit(const FinPIEnigmaData& /*source*/) { return 1; }
     virtual void SetDataOrClear(const void* bytes, u32 size);
-    // Dependent structures count from 2. The size written, or without a buffer the size needed;
-    // 0 = there is none, or the buffer is too small.
+    // Dependent structures count from 2. The size written, or without a buffer the size needed; 0 =
+    // there are no more, or the buffer is too small.
     virtual u32 GetSerializedDependentStruct(u16 index, u16 serialVersion, void* out,
                                              u32 size) const;
     virtual i16 PutSerializedDependentStruct(u16 index, u16 serialVersion, const void* bytes,
@@ -97,7 +97,7 @@ public:
     virtual i16 IsPartSpecific() const { return 0; }
     virtual i16 CanDeleteInScore() { return 1; }
     virtual i16 CanDeleteInPart() { return 1; }
-    // Told by the commits for score and parts, with that part current.
+    // Called by the commits for score and parts, with that part current.
     virtual void OnCommittedInScore() {}
     virtual void OnCommittedInPart() {}
     virtual i16 UnusedHook3() { return 0; }

@@ -23,7 +23,7 @@ i16 FinPIEnigmaData::CommitInScoreAndParts() {
         return 0;
     }
     if (Host::GetCurrentPartID() == PartScope::kScore) {
-        std::set<i16> committed;  // a host that comes back to a part would never end
+        std::set<i16> committed;  // a host may return the same part forever
         for (i16 part = Host::GetNextPartID(PartScope::kScore);
              part > PartScope::kScore && committed.insert(part).second;
              part = Host::GetNextPartID(part)) {

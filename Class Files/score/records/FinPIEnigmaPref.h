@@ -14,7 +14,7 @@ public:
     u16 GetKey(EnigmaKey& out) const override;
     void SetKey(const EnigmaKey& key) override;
     i16 IsSameKey(const FinPIEnigmaData& other) const override;
-    virtual ~FinPIEnigmaPref() = default;  // stands last in the order of the operations
+    virtual ~FinPIEnigmaPref() = default;  // last in the order of the operations
 
 protected:
     using FinPIEnigmaData::FinPIEnigmaData;

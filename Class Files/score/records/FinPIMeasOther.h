@@ -12,13 +12,13 @@ public:
     void SetKey(const EnigmaKey& key) override;
     i16 IsSameKey(const FinPIEnigmaData& other) const override;
 
-    // The order of these, after those of every record, is the interface.
-    // Whether the other record, in whatever measure, is of this kind and says the same.
+    // The order of these, after those of every record, is the interface. Whether the other record,
+    // in any measure, is of this kind and has the same content.
     virtual i16 IsSameMeasOther(const FinPIMeasOther& other) const;
-    // Takes over what the other says; measure and record number stay. 0, and posted, when it is
-    // of another kind.
+    // Copies the content of the other; measure and record number stay. 0, and posted, when it is of
+    // another kind.
     virtual i16 CopyMeasOtherAttributes(const FinPIMeasOther& other);
-    // Where copies of the record have to stand; null = anywhere.
+    // The region that copies of the record must stay in; null = anywhere.
     virtual const FinPIRegion* GetTargetRegion() const { return nullptr; }
 
     u16 MeasureFlags() const noexcept { return m_flags; }

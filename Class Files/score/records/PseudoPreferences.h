@@ -27,7 +27,7 @@ struct FinPIPseudoClefPrefs {
 static_assert(sizeof(FinPIPseudoClefPrefs) == 18);
 static_assert(offsetof(FinPIPseudoClefPrefs, changePercent) == 10);
 
-// The words that stand before the tables of the host's record.
+// The words before the tables of the host's record.
 struct FinPIPseudoStemsPrefs {
     u16 words0[9];
 

@@ -205,7 +205,7 @@ i16 FinPIRegion::NormalizeEndpoint(i16& measure, i32& position, bool equalAllowe
             measure = 0;
             position = 0;
         } else {
-            // Going back, the measure that is entered is the one to count from the end of.
+            // Going back, the position counts from the end of the measure that is entered.
             position += backwards ? MeasureDuration(measure) : -duration;
         }
     }

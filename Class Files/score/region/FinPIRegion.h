@@ -27,16 +27,16 @@ public:
     FinPIRegion& operator=(const FinPIRegion& other);
     virtual ~FinPIRegion() = default;
 
-    // Null empties the region. The document stays; the region stands for all layers, and the
-    // frames that it kept of its one layer are given back.
+    // Null empties the region. The document stays; the region then covers all layers, and frames
+    // that it kept of a single layer are freed.
     void SetRegion(const EREGION* region);
     // Gives back the frames and empties the lists and the text.
     void Release() noexcept;
     // The same document, in the same view of it, and the same staves and span.
     bool operator==(const FinPIRegion& other) const noexcept;
 
-    // Not empty, these stand in for the host's answers: staff numbers by slot, and durations
-    // from the start measure on.
+    // If not empty, used instead of host calls: staff numbers by slot, and durations from the start
+    // measure on.
     std::vector<u16>& StaffList() noexcept { return m_staffList; }
     std::vector<i32>& MeasureDurations() noexcept { return m_measureDurations; }
 
@@ -46,7 +46,7 @@ public:
     // the host has none there. Rests on FX_LoadTGF.
     FinPITGFPtr& OneLayerFrame(u16 staff, u16 measure);
 
-    // In the start staff list. 0 = no such slot; 0 = the staff is not in the list. Rest on
+    // In the start staff list. 0 = no such slot; 0 = the staff is not in the list. Call
     // FX_SlotToInst and FX_InstToSlot.
     u16 StaffOfSlot(i16 slot) const;
     u16 SlotOfStaff(u16 staff) const;
@@ -55,19 +55,19 @@ public:
 
     // Whether the staff's slot lies between the region's; the slots may be in either order.
     bool ContainsStaff(u16 staff) const;
-    bool ContainsSlot(i32 slot) const noexcept;  // false for 0, which is no slot
+    bool ContainsSlot(i32 slot) const noexcept;  // false for 0, which is not a slot
     // No host call.
     bool ContainsTime(i16 measure, i32 position) const noexcept;
 
-    // The whole measure's, 0 = no such measure; the part of it within the region; that of all
-    // its measures. Rest on FX_GetMeasureDuration.
+    // The duration of the whole measure, 0 = no such measure; of the part within the region; of the
+    // whole region. Call FX_GetMeasureDuration.
     i32 MeasureDuration(i16 measure) const;
     i32 DurationInRegion(i16 measure) const;
     i32 TotalDuration() const;
 
     // Moves a position outside its measure, or before it when negative, to the measure it falls
-    // into. equalAllowed: the very end of a measure may stay. clamp: a position past either end
-    // of the document becomes the last, or first, place there. 0 = there is no such place.
+    // into. equalAllowed: the very end of a measure may stay. clamp: a position past either end of
+    // the document becomes the last or first position there. 0 = not found.
     i16 NormalizeEndpoint(i16& measure, i32& position, bool equalAllowed, bool clamp) const;
     // Both ends, or neither. An end at kEndOfMeasure is normal.
     i16 NormalizeEndpoints(bool startEqualAllowed, bool endEqualAllowed, bool clamp);
@@ -77,7 +77,7 @@ public:
     // be made current, which is posted, the region is left with no slot.
     void ChangeToIUList(u16 staffList);
 
-    // The selection in words, in the user's language. Empty when its document cannot be made
+    // Describes the selection in the user's language. Empty when its document cannot be made
     // current.
     std::u16string Description() const;
     // The same, kept with the region until the next call.

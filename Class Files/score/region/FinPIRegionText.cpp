@@ -24,7 +24,7 @@ constexpr u16 kFirstStaffSet = 65500;
 constexpr std::size_t kNameUnits = 511;
 constexpr std::size_t kNumberUnits = 512;
 
-// What a callback writes into a buffer, whatever it answers; empty when it writes nothing.
+// The text that a callback writes, whatever its result; empty if it writes nothing.
 template <std::size_t units, typename Ask>
 std::u16string HostText(Ask ask) {
     OutputRoom<std::array<char16, units>> room;
@@ -52,7 +52,7 @@ double BeatNumber(i32 position, const FinPITimeSig& timeSig) {
                : 0;
 }
 
-// With four decimals at most, and no zeros or point that say nothing.
+// With at most four decimals, without trailing zeros or point.
 std::u16string BeatText(double beat) {
     std::array<char, 32> digits{};
     const int length = std::snprintf(digits.data(), digits.size(), "%0.4f", beat);

@@ -219,7 +219,7 @@ std::string System(ScriptScene& scene, WPARAM command) {
     return Done(target != nullptr, "there is no window");
 }
 
-std::string Minimise(ScriptScene& scene, Words) {
+std::string Minimize(ScriptScene& scene, Words) {
     return System(scene, SC_MINIMIZE);
 }
 
@@ -302,7 +302,7 @@ constexpr Step kSteps[] = {
     {"key", 1, Key},
     {"wait", 1, Wait},
     {"slow", 1, Slow},
-    {"minimise", 0, Minimise},
+    {"minimize", 0, Minimize},
     {"restore", 0, Restore},
     {"close", 0, Close},
     {"move", 2, Move},

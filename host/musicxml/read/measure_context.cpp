@@ -9,8 +9,8 @@ namespace standin {
 namespace {
 
 constexpr i32 kWholeNote = 4 * kQuarterNote;
-constexpr int kMostSharps = 7;
-constexpr i32 kMostBeats = 1000;
+constexpr int kMaxSharps = 7;
+constexpr i32 kMaxBeats = 1000;
 
 // "3+2+2" is 7 beats; 0 when it is no such sum.
 i32 BeatsOf(std::string_view text) {
@@ -18,7 +18,7 @@ i32 BeatsOf(std::string_view text) {
     while (true) {
         const std::size_t plus = text.find('+');
         const auto beats = IntegerOf(text.substr(0, plus));
-        if (!beats || *beats <= 0 || *beats > kMostBeats) {
+        if (!beats || *beats <= 0 || *beats > kMaxBeats) {
             return 0;
         }
         total += *beats;
@@ -65,7 +65,7 @@ Problem ReadAttributes(pugi::xml_node attributes, MeasureContext& context) {
     }
     if (const pugi::xml_node fifths = attributes.child("key").child("fifths")) {
         context.fifths =
-            std::clamp(IntegerOf(fifths.child_value()).value_or(0), -kMostSharps, kMostSharps);
+            std::clamp(IntegerOf(fifths.child_value()).value_or(0), -kMaxSharps, kMaxSharps);
     } else if (attributes.child("key")) {
         context.fifths = 0;
     }

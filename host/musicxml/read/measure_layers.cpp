@@ -73,7 +73,7 @@ void MeasureLayers::SplitIntoLines(Voice& voice) {
 
 namespace {
 
-constexpr int kMostLayers = 256;  // of a staff in a measure, those of carried voices too
+constexpr int kMaxLayers = 256;  // of a staff in a measure, those of carried voices too
 
 bool ShareTime(const EntryDraft& a, const EntryDraft& b) {
     const auto isWithin = [](const EntryDraft& grace, const EntryDraft& other) {
@@ -122,11 +122,11 @@ int MeasureLayers::FreeLayer(const Used& used) const {
     return -1;
 }
 
-// A layer below 0 stands for one that carries. Returns kMostLayers when there are no more of them.
+// A layer below 0 stands for one that carries. Returns kMaxLayers when there are no more of them.
 int MeasureLayers::TakeLayer(const Voice& voice, int layer, Used& used) {
     if (layer < 0) {
-        if (used.nextCarried == kMostLayers) {
-            return kMostLayers;
+        if (used.nextCarried == kMaxLayers) {
+            return kMaxLayers;
         }
         layer = used.nextCarried++;
         PartMeasure& measure = m_part.measures.back();
@@ -144,7 +144,7 @@ Problem MeasureLayers::ChooseFurtherLayer(Voice& voice, Used& used) {
     if (free >= 0 || !ShareLayer(voice)) {
         voice.layer = TakeLayer(voice, free, used);
     }
-    return voice.layer == kMostLayers ? TooManyVoices(voice) : Problem{};
+    return voice.layer == kMaxLayers ? TooManyVoices(voice) : Problem{};
 }
 
 // Its entries join those of a voice of the same staff that it has no time in common with.
@@ -282,7 +282,7 @@ Problem MeasureLayers::StoreVoice(Voice& voice, Used& used) {
         }
         const int layer = TakeLayer(voice, free, used);
         if (Problem problem =
-                layer == kMostLayers ? TooManyVoices(voice) : StoreLine(voice, line, layer)) {
+                layer == kMaxLayers ? TooManyVoices(voice) : StoreLine(voice, line, layer)) {
             return problem;
         }
     }

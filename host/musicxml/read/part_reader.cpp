@@ -12,7 +12,7 @@ namespace standin {
 namespace {
 
 constexpr std::string_view kDefaultVoice = "1";
-constexpr std::size_t kMostMeasures = 30000;
+constexpr std::size_t kMaxMeasures = 30000;
 
 bool IsRightBarline(pugi::xml_node node) {
     return std::strcmp(node.name(), "barline") == 0 &&
@@ -55,7 +55,7 @@ PartReader::PartReader(ImportedScore& score, ScorePart& part, std::array<bool, k
 
 Problem PartReader::Read(pugi::xml_node part) {
     for (const pugi::xml_node measure : part.children("measure")) {
-        if (m_measure >= kMostMeasures) {
+        if (m_measure >= kMaxMeasures) {
             return {"the score has too many measures", OffsetOf(measure)};
         }
         ++m_measure;

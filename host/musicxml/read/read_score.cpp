@@ -15,8 +15,8 @@ namespace standin {
 namespace {
 
 constexpr int kDeepestNesting = 200;
-constexpr int kMostStavesOfPart = 64;
-constexpr std::size_t kMostStaves = 4000;
+constexpr int kMaxStavesOfPart = 64;
+constexpr std::size_t kMaxStaves = 4000;
 
 constexpr unsigned kParseOptions = pugi::parse_cdata | pugi::parse_escapes |
                                    pugi::parse_embed_pcdata | pugi::parse_comments | pugi::parse_pi;
@@ -88,7 +88,7 @@ Problem CountStaves(pugi::xml_node part, ScorePart& result, int& staves) {
                 continue;
             }
             const auto number = IntegerOf(count.child_value());
-            if (!number || *number < 1 || *number > kMostStavesOfPart) {
+            if (!number || *number < 1 || *number > kMaxStavesOfPart) {
                 return {'<' + std::string{count.name()} + "> must be a number from 1 to 64",
                         OffsetOf(count)};
             }
@@ -129,7 +129,7 @@ Problem ReadPart(pugi::xml_node root, pugi::xml_node node, OwnLayers own, u16& l
         return problem;
     }
     for (int i = 0; i < staves; ++i) {
-        if (++lastStaff > kMostStaves) {
+        if (++lastStaff > kMaxStaves) {
             return {"the score has too many staves", OffsetOf(node)};
         }
         part.staves.push_back({lastStaff, {}, {}});

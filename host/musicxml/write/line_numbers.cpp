@@ -33,10 +33,10 @@ void Extend(Span& span, std::size_t position, LineRole role) {
     span.hasStop = span.hasStop || role == LineRole::kStop;
 }
 
-using Taken = std::array<bool, kMostLineNumbers + 1>;
+using Taken = std::array<bool, kMaxLineNumbers + 1>;
 
 void Take(Taken& taken, int number) {
-    if (number >= 1 && number <= kMostLineNumbers) {
+    if (number >= 1 && number <= kMaxLineNumbers) {
         taken[static_cast<std::size_t>(number)] = true;
     }
 }

@@ -12,7 +12,7 @@ namespace standin {
 
 namespace {
 
-constexpr std::size_t kMostDigits = 12;  // that reading takes, too
+constexpr std::size_t kMaxDigits = 12;  // that reading takes, too
 constexpr std::array<char, 7> kSteps{'C', 'D', 'E', 'F', 'G', 'A', 'B'};
 
 }  // namespace
@@ -26,7 +26,7 @@ std::string DurationText(Rational length, Rational divisions) {
     num %= den;
     if (num != 0) {
         text += '.';
-        while (num != 0 && text.size() <= kMostDigits) {
+        while (num != 0 && text.size() <= kMaxDigits) {
             num *= 10;
             text += static_cast<char>('0' + num / den);
             num %= den;

@@ -54,7 +54,7 @@ public:
         }
         const Line& line = m_part.lines.lines[m_chosen->failure->line];
         return "part " + m_part.id + ", measure " + std::to_string(m_chosen->failure->measure + 1) +
-               ": more than " + std::to_string(kMostLineNumbers) + " lines of one kind (" +
+               ": more than " + std::to_string(kMaxLineNumbers) + " lines of one kind (" +
                std::string{NameOfLine(line.kind)} + ") would overlap, which cannot be written";
     }
 

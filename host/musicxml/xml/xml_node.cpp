@@ -71,7 +71,7 @@ std::string_view Trimmed(std::string_view value) {
 }
 
 std::optional<Rational> DecimalOf(std::string_view value) {
-    constexpr std::size_t kMostDigits = 12;
+    constexpr std::size_t kMaxDigits = 12;
     value = Trimmed(value);
     const bool negative = value.starts_with('-');
     if (negative || value.starts_with('+')) {
@@ -84,7 +84,7 @@ std::optional<Rational> DecimalOf(std::string_view value) {
     for (const char c : value) {
         if (c == '.' && !fraction) {
             fraction = true;
-        } else if (c >= '0' && c <= '9' && digits < kMostDigits) {
+        } else if (c >= '0' && c <= '9' && digits < kMaxDigits) {
             number = number * 10 + (c - '0');
             scale *= fraction ? 10 : 1;
             ++digits;

@@ -18,7 +18,7 @@ namespace {
 // The plug-in shapes the host's menu 10 milliseconds after it was started.
 constexpr DWORD kTimersAreDue = 50;
 
-constexpr std::size_t kMostAtOnce = 1U << 30U;  // bytes written in one call
+constexpr std::size_t kMaxAtOnce = 1U << 30U;  // bytes written in one call
 
 std::error_code LastError() {
     return {static_cast<int>(GetLastError()), std::system_category()};
@@ -129,7 +129,7 @@ std::error_code WriteThrough(const std::filesystem::path& file, std::string_view
     }
     std::error_code failed;
     while (!failed && !bytes.empty()) {
-        const auto part = static_cast<DWORD>(std::min(bytes.size(), kMostAtOnce));
+        const auto part = static_cast<DWORD>(std::min(bytes.size(), kMaxAtOnce));
         DWORD written = 0;
         failed = WriteFile(out, bytes.data(), part, &written, nullptr) == 0 ? LastError() : failed;
         bytes.remove_prefix(written);

@@ -182,12 +182,12 @@ void AddDetailKinds(std::vector<Scenario>& all) {
 // Made-up music that is neither trivial nor large.
 void AddMadeUp(std::vector<Scenario>& all) {
     constexpr int kMadeUp = 16;
-    constexpr std::size_t kMostFrames = 6;
+    constexpr std::size_t kMaxFrames = 6;
     int added = 0;
     for (u32 seed = 1; added < kMadeUp; ++seed) {
         WrittenScore score = MakeUpScore(seed);
         const bool hangsOn = !score.details.empty() && !score.shapes.empty();
-        if (hangsOn && score.frames.size() >= 2 && score.frames.size() <= kMostFrames) {
+        if (hangsOn && score.frames.size() >= 2 && score.frames.size() <= kMaxFrames) {
             all.push_back({"MadeUp" + std::to_string(seed), std::move(score)});
             ++added;
         }
