@@ -2,10 +2,6 @@
 # How each package is put together. Sourced by ./package, after setup.sh, with the folders `stage`
 # and `dist` made and SOURCE_DATE_EPOCH set.
 
-project_version() {
-    sed -nE 's/^project\(Plyweld VERSION ([0-9]+\.[0-9]+)\.[0-9]+ .*/\1/p' "$top/CMakeLists.txt"
-}
-
 # The second plug-in, where the project has it.
 has_probe() { [ -e "$build/windows/plyweld-probe.fxt" ]; }
 

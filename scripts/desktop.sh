@@ -24,16 +24,17 @@ ensure_desktop_prefix() {
 
 # play LOCALE SCRIPT PICTURES, on a host of the manners PLYWELD_HOST: a line for each step on
 # standard output, and the program's exit code. Needs a display and a prefix; ends after play_limit
-# seconds whatever happens.
+# seconds whatever happens. @VERSION@ in a script is the project's version.
 play_limit=120
 play() {
     local status=0
     mkdir -p "$3"
+    sed "s/@VERSION@/$(project_version)/g" "$2" >"$3/.script"
     LOCPATH="$build/locale" LC_ALL=$1 timeout "$play_limit" wine "$build/windows/FINALE.EXE" \
-        ${PLYWELD_HOST:+--host "$PLYWELD_HOST"} script --pictures "$3" "$2" \
+        ${PLYWELD_HOST:+--host "$PLYWELD_HOST"} script --pictures "$3" "$3/.script" \
         </dev/null >"$3/.played" 2>/dev/null || status=$?
     tr -d '\r' <"$3/.played"
-    rm -f "$3/.played"
+    rm -f "$3/.played" "$3/.script"
     return "$status"
 }
 

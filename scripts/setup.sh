@@ -11,6 +11,10 @@ fail() {
     exit 1
 }
 
+project_version() {
+    sed -nE 's/^project\(Plyweld VERSION ([0-9]+\.[0-9]+)\.[0-9]+ .*/\1/p' "$top/CMakeLists.txt"
+}
+
 # Runs a noisy command quietly; its output is shown only when it fails.
 quietly() {
     local log status=0

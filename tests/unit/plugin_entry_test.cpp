@@ -102,8 +102,8 @@ TEST_F(Items, AreSavedSettingsToo) {
 
 TEST_F(Items, ForASubmenuHaveAPrefix) {
     Plugin::StoreSetting(1, {.name = "Slow", .useSubmenu = true});
-    EXPECT_EQ(List(), (std::vector<Listed>{{u"Plyweld 6.10...", 0, 0x81},
-                                           {u"Plyweld 6.10 Slow...", 0, 0x81}}));
+    EXPECT_EQ(List(), (std::vector<Listed>{{u"Plyweld " PLYWELD_VERSION "...", 0, 0x81},
+                                           {u"Plyweld " PLYWELD_VERSION " Slow...", 0, 0x81}}));
 }
 
 TEST_F(Items, MoveIntoTheSubmenuAlsoUnderALongName) {
@@ -122,8 +122,9 @@ TEST_F(Items, MoveIntoTheSubmenuAlsoUnderALongName) {
     }
     platform::headless::FireTimers();
     ASSERT_EQ(menu->items.size(), 1U);
-    EXPECT_EQ(menu->items[0].submenu->items.back().text,
-              std::u16string(127 - std::u16string_view{u"Plyweld 6.10 "}.size(), u'n'));
+    EXPECT_EQ(
+        menu->items[0].submenu->items.back().text,
+        std::u16string(127 - std::u16string_view{u"Plyweld " PLYWELD_VERSION " "}.size(), u'n'));
 }
 
 // Whatever request for memory is refused while the menu is shaped.

@@ -148,7 +148,7 @@ TEST_F(OpenCommand, ASavedSettingOpensBesideTheOtherDialogAndKeepsAPlaceOfItsOwn
     Open().Send(kCloseMessage);
     OpenDialog& again = Open();
     OpenDialog& setting = Open(1);
-    EXPECT_EQ(setting.window.caption, u"A v6.10");
+    EXPECT_EQ(setting.window.caption, u"A v" PLYWELD_VERSION);
     EXPECT_EQ(setting.window.rectangle.left, again.window.rectangle.left + 10);
     setting.Press(kClose);
     EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS12003").empty());
