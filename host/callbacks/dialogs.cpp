@@ -1,4 +1,4 @@
-// The dialog callbacks: whatever program shows dialogs answers them.
+// The dialog callbacks, forwarded to the program's dialog service.
 #include "host/callbacks/serve.h"
 #include "shell/host/host_functions.h"
 

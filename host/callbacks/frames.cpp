@@ -42,7 +42,7 @@ Result ServeLoan(HostCall call, u32 version, const EXFRAME* frame, Result refuse
     });
 }
 
-// Entry numbers must be this document's, and not stand in another frame.
+// Entry numbers must be this document's, and not in another frame.
 bool OwnsAll(const Document& document, FrameKey key, std::span<const EXENTRY> entries) {
     for (const EXENTRY& entry : entries) {
         const FrameKey home = document.HomeOf(entry.entryNumber);
@@ -73,7 +73,7 @@ void Respell(std::span<EXENTRY> entries) {
     }
 }
 
-// From the lowest to the highest; a note's alteration decides among those of one step.
+// From the lowest to the highest; of notes on one step, the alteration decides.
 bool IsLower(const EXNOTE& a, const EXNOTE& b) {
     const auto height = [](const EXNOTE& note) {
         const i32 alteration = note.pitch & 7;

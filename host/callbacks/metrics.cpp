@@ -1,4 +1,5 @@
-// Where entries stand on the page. The drawing is nobody's here; stems and pages are real.
+// The positions of entries on the page. Nothing is drawn, so coordinates are invented; stems and
+// pages are real.
 #include <algorithm>
 
 #include "host/callbacks/serve.h"

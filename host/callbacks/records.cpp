@@ -30,7 +30,7 @@ bool IsSizeAllowed(u32 tag, u32 size) noexcept {
     return size > 0 && size <= kLargestRecord;
 }
 
-// What one record call is about.
+// The subject of a record call.
 struct RecordCall {
     Document& document;
     RecordStore& records;
@@ -77,7 +77,7 @@ i16 Hand(const Bytes& bytes, void* data, u32* size) noexcept {
     return 1;
 }
 
-// The staff's record holds at every place of the score that exists.
+// The staff's record is in effect at every position in the score.
 const Bytes* FindStaffAt(const RecordCall& call, const void* key) {
     u16 measure = 0;
     std::memcpy(&measure, static_cast<const char*>(key) + sizeof(u16), sizeof(measure));

@@ -10,11 +10,11 @@
 
 namespace standin {
 
-// Whether the counted call may go on. anyVersion: the version is that of a record class, which
-// is none of ours but 0 and none newer than the host.
+// Whether the counted call may continue. anyVersion: the version is that of a record class, so it
+// may be anything from 0 to the host's own.
 bool Admit(HostCall call, u32 version, bool anyVersion) noexcept;
 
-// The result as the host's manners give it: the same, unless nobody promised it.
+// The result as the host's manners change it: the same, unless the interface leaves it open.
 i16 Mannered(HostCall call, i16 result) noexcept;
 
 template <typename Result, typename Body>
@@ -43,8 +43,8 @@ Result Serve(HostCall call, u32 version, Result refused, Body body,
     }
 }
 
-// For a call that the interface does not allow: counted, so that a test can tell it from one
-// that merely found nothing.
+// For a call that the interface does not allow: counted, so that a test can distinguish it from one
+// that found nothing.
 template <typename Result>
 Result RefuseByRule(Application& app, Result refused) noexcept {
     ++app.calls.refusedByRule;
@@ -60,10 +60,10 @@ Result ServeDocument(HostCall call, u32 version, Result refused, Body body) noex
     });
 }
 
-// A wide host writes on behind what it was asked for, where it was told no size.
+// A wide host writes beyond the known record if it does not know the buffer's size.
 void WriteOn(const Application& app, void* end) noexcept;
 
-// Copies as much as fits and ends it with a 0. False when there is no room at all.
+// Copies as much as fits and terminates it. False when there is no room at all.
 bool CopyText(const std::u16string& text, char16* buffer, u32 units) noexcept;
 
 }  // namespace standin

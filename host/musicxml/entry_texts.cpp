@@ -9,7 +9,7 @@
 namespace standin {
 namespace {
 
-// An end's entry may be gone, or have become a rest without any mark.
+// An end's entry may be deleted, or have become a rest without any mark.
 bool IsMarked(const Document& document, u32 entry, u16 shape) {
     const RecordStore::Table& marks = document.Records().OfTag(Tag::kShapeOnEntry);
     for (auto at = marks.lower_bound(RecordKey::OfEntry(entry));
@@ -23,7 +23,7 @@ bool IsMarked(const Document& document, u32 entry, u16 shape) {
 
 void AddSpanner(const Document& document, u32 entry, u16 shape, EntryTexts& texts) {
     const Bytes* record = document.Records().Find(Tag::kSmartShape, RecordKey::Other(shape));
-    // An entry where both ends came together has a mark for each.
+    // An entry that now has both ends has a mark for each.
     const bool isKnown =
         std::any_of(texts.spanners.begin(), texts.spanners.end(),
                     [shape](const SpannerAtEntry& known) { return known.shape == shape; });

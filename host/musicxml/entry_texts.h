@@ -1,4 +1,4 @@
-// What hangs on an entry, gathered from its records.
+// The attachments of an entry, from its records.
 #pragma once
 
 #include <string_view>
@@ -42,8 +42,8 @@ struct EntryTexts {
     void Clear();
 };
 
-// Replaces what texts held. Of equal notes in a chord, details that all stand on the first are
-// shared out again. A spanner whose other end is no longer marked is left out.
+// Replaces the content of texts. If equal notes of a chord have their details all on the first,
+// they are distributed again. A spanner whose other end is no longer marked is left out.
 void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts& texts);
 
 // The brackets in a tuplet's record.
@@ -59,12 +59,12 @@ void ForEachElement(std::string_view bundle, Visit visit) {
     }
 }
 
-// The attributes that a bundle begins with.
+// The attributes at the start of a bundle.
 inline std::string_view BundleAttributes(std::string_view bundle) {
     return bundle.substr(0, bundle.find('<'));
 }
 
-// The note of the entry that a spanner's end stands at, from 0; the first when its own is gone.
+// The note of the entry that has the spanner's end, from 0; the first if that note is gone.
 int NoteOfSpanner(const EXENTRY& entry, const SpannerAtEntry& end);
 
 }  // namespace standin

@@ -5,7 +5,7 @@
 
 namespace standin {
 
-// Where a direction stands.
+// The position of a direction.
 struct ExpressionPlace {
     u16 staff = 0;
     u16 measure = 0;
@@ -15,12 +15,12 @@ struct ExpressionPlace {
     bool atEntry = false;  // an entry of the layer starts there
 };
 
-// Creates the assignment and, when it is new, the text expression definition. item: the
-// direction's index in its measure of the part. False when the score cannot hold one more.
+// Creates the assignment and, when it is new, the text expression definition. item: the direction's
+// index in its measure of the part. False if the score has no room for another.
 [[nodiscard]] bool AddExpression(ImportedScore& score, const ExpressionPlace& place,
                                  FragmentId text, u32 item);
 
-// The item that an assignment stands for.
+// The item of an assignment.
 u32 ItemOfExpression(const Bytes& record);
 
 }  // namespace standin

@@ -1,4 +1,4 @@
-// Pieces of XML text that records refer to by number, so that equal pieces have equal records.
+// Pieces of XML text with numbers that records refer to, so that equal pieces have equal records.
 #pragma once
 
 #include <deque>
@@ -19,7 +19,7 @@ public:
     FragmentId Intern(std::string_view text);
     // The number of a text that is copied when it is new.
     FragmentId InternCopy(std::string_view text);
-    // Empty for 0 and for numbers never given out.
+    // Empty for 0 and for unknown numbers.
     std::string_view operator[](FragmentId id) const noexcept {
         return id < m_texts.size() ? m_texts[id] : std::string_view{};
     }

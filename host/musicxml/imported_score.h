@@ -1,4 +1,4 @@
-// A MusicXML score as a host document, with all that is needed to write it back.
+// A MusicXML score as a host document, with everything needed to write it back.
 #pragma once
 
 #include <array>
@@ -19,11 +19,11 @@
 
 namespace standin {
 
-// The layers that the host knows. A voice that finds none of them is carried: its frames stand in
-// further layers, which no host function reaches, so that no merge and no Replace touches it.
+// The layers that the host knows. A voice without a free layer is carried: its frames are in
+// further layers that no host function reaches, so no merge or Replace changes it.
 inline constexpr u16 kLayers = 4;
 
-// A child of <measure> other than a note, backup or forward, and the time it stands at.
+// A child of <measure> other than a note, backup or forward, and its time.
 struct MeasureItem {
     std::size_t begin = 0;  // its text in the score's text
     std::size_t end = 0;
@@ -31,13 +31,13 @@ struct MeasureItem {
     Rational offset{};           // that it is displayed later, by its own <offset>
     bool closesMeasure = false;  // the right barline
     Rational divisions{};        // that it sets; 0 = none
-    // The entry whose note follows it in its stream, else the one whose note it follows; 0 = none,
-    // where it stands between <backup> and <forward>.
+    // The entry of the next note in its stream, else of the previous one; 0 = none, between
+    // <backup> and <forward>.
     u32 before = 0;
     u32 after = 0;
     u16 staff = 0;      // of that entry
     std::string voice;  // likewise
-    u32 lastEntry = 0;  // the last one of the measure that stands before it; 0 = none
+    u32 lastEntry = 0;  // the last one of the measure before it; 0 = none
 };
 
 // One <measure> of one part.
@@ -46,14 +46,14 @@ struct PartMeasure {
     std::size_t bodyEnd = 0;
     Rational divisions{1, 1};       // a quarter note, in force where the measure starts
     Rational grid{1, 1};            // likewise, where it ends
-    Rational length{};              // the farthest time that its content reaches
-    u32 lastEntry = 0;              // the entry that was read last, 0 = none; later ones are new
-    bool changesDivisions = false;  // by <attributes> that say nothing else and are no item
-    u16 layers = kLayers;           // more where voices are carried: those from kLayers on
+    Rational length{};              // the latest time of its content
+    u32 lastEntry = 0;              // the last entry of the file, 0 = none; later ones are new
+    bool changesDivisions = false;  // by <attributes> that contain nothing else and are not an item
+    u16 layers = kLayers;           // layers from kLayers on are carried voices
     std::vector<MeasureItem> items;
 };
 
-// One staff of a part: which voice each layer stands for.
+// One staff of a part: the voice of each layer.
 struct StaffVoices {
     u16 staff = 0;
     std::array<std::string, kLayers> names;             // empty = no voice yet
@@ -62,7 +62,7 @@ struct StaffVoices {
 
     // Empty when no voice of that layer is known.
     const std::string& Name(u16 measure, u16 layer) const;
-    // The voice of an entry that stands in that layer.
+    // The voice of an entry in that layer.
     const std::string& NameAt(u16 measure, u16 layer, u32 entry) const;
 };
 
@@ -79,11 +79,11 @@ struct ScorePart {
     bool namesDivisions = false;  // its durations have a unit that the file gives
 };
 
-// A carried entry's <note> elements as they stand in the score's text.
+// A carried entry's <note> elements as in the score's text.
 struct CarriedText {
     std::size_t begin = 0;
     std::size_t end = 0;
-    Rational divisions{};  // that its durations count in
+    Rational divisions{};  // of its durations
 };
 
 struct ImportedScore {
@@ -97,10 +97,10 @@ struct ImportedScore {
     Fragments pitches;  // unpitched and microtonal notes, by the second field of a note
     WrittenForms forms;
     std::unordered_map<u32, CarriedText> carried;  // by entry
-    // Text expression definitions, by text and whether they stand at an entry.
+    // Text expression definitions, by text and whether they belong to an entry.
     std::map<std::pair<FragmentId, bool>, u16> definitions;
     Document* document = nullptr;
-    std::unique_ptr<Document> ownDocument;  // when it was imported into none that was there
+    std::unique_ptr<Document> ownDocument;  // unless it was imported into an existing document
 };
 
 }  // namespace standin

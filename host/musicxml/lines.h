@@ -1,5 +1,5 @@
-// Lines drawn from one place of a part to another, told apart by numbers: slurs and the like
-// between notes, wedges and the like between directions.
+// Lines from one place of a part to another, identified by numbers: slurs and the like between
+// notes, wedges and the like between directions.
 #pragma once
 
 #include <cstddef>
@@ -24,16 +24,16 @@ enum class LineKind : u8 {
     kPedal,
 };
 
-// What an element says of its line. A point on the way neither opens nor closes it.
+// The role of an element in its line. A point on the way neither starts nor stops it.
 enum class LineRole : u8 { kStart, kOnTheWay, kStop };
 
 inline constexpr int kMaxLineNumbers = 16;  // that the format knows, from 1
 
-// None when elements of that name belong to no line.
+// None if elements of that name do not belong to lines.
 std::optional<LineKind> LineKindOf(std::string_view elementName);
 std::string_view NameOfLine(LineKind kind);  // the element's
 
-// By the element's type attribute; none for types that say nothing of a line.
+// By the element's type attribute; none for other types.
 std::optional<LineRole> LineRoleOf(LineKind kind, std::string_view type);
 
 // One element that belongs to a line, as it was read.

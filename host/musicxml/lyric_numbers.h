@@ -1,4 +1,4 @@
-// The numbers of the lyrics at one note: verses that came together there need one each.
+// The numbers of the lyrics at one note: each verse of a merged chord needs its own.
 #pragma once
 
 #include <string>
@@ -8,9 +8,8 @@
 
 namespace standin {
 
-// For each lyric the number it needs instead of its own; empty = its own will do. A lyric that
-// joined the note gives way to those of the same number before it, and takes the next number that
-// no lyric of the note has.
+// For each lyric its new number; empty = it keeps its own. If an earlier lyric of the note has the
+// same number, a lyric that joined the note takes the next free one.
 std::vector<std::string> LyricNumbers(const Fragments& fragments,
                                       const std::vector<LyricAtEntry>& lyrics);
 

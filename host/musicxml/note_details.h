@@ -1,5 +1,5 @@
-// The records in which an imported score keeps what hangs on entries and notes. Texts stand in
-// the score's table of fragments; a record holds their numbers.
+// The records in which an imported score keeps the attachments of entries and notes. The texts are
+// in the score's table of fragments; a record holds their numbers.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace standin {
 
-// Tags in use beside those of host/score/tags.h.
+// Tags used in addition to those of host/score/tags.h.
 namespace DetailTag {
 inline constexpr u32 kArticulation = EntryDetailTag::kArticulation;  // EntryText
 inline constexpr u32 kRestLook = EntryDetailTag::kNoteAlts;          // EntryText, kRestLook
@@ -24,12 +24,12 @@ inline constexpr u32 kTieStart = EntryDetailTag::kTieStartRaw;
 inline constexpr u32 kTieEnd = EntryDetailTag::kTieEndRaw;
 }  // namespace DetailTag
 
-// Where an entry's text belongs within <note>.
+// The place of an entry's text within <note>.
 enum class EntryTextKind : u16 {
     kArticulation = 1,  // inside <notations><articulations>
     kOrnament,          // inside <notations><ornaments>; with the accidental marks after it
-    kNotation,          // inside <notations>, or a <notations> of its own
-    kRestLook,          // of a rest: attributes, and children that nobody misses without it
+    kNotation,          // inside <notations>, or its own <notations>
+    kRestLook,          // of a rest: attributes and children that are not needed without it
     kRestExtras,        // its other children beyond the usual
     kBeams,
     kStem,
@@ -41,7 +41,7 @@ struct EntryText {
     EntryTextKind kind;
     u16 unused2;
     FragmentId fragment;
-    u32 lineOnItsWay;  // 1 + the line of the part that goes on there; 0 = none
+    u32 lineOnItsWay;  // 1 + the line of the part that continues there; 0 = none
 };
 
 // What one note of an entry has: its attributes first, then elements one after the other.
@@ -57,7 +57,7 @@ struct NoteText24 {
     u8 unused12[12];
 };
 
-// A tie end whose elements are not simply one <tie> and one <tied>.
+// A tie end with elements other than one plain <tie> and one plain <tied>.
 struct TieText {
     u16 noteID;
     u16 unused2;
@@ -66,14 +66,14 @@ struct TieText {
     u8 unused12[24];
 };
 
-// The note that carries an end, found by its pitch wherever it goes: the two fields of EXNOTE.
+// The note at an end, identified by its pitch wherever it moves: the two fields of EXNOTE.
 struct SpannerNote {
     u16 pitch;
     u16 second;
 };
 
-// In a smart shape's own bytes, from offset 36 on. A line that lacks an end has no text for it,
-// and both of the shape's ends at the one entry.
+// In a smart shape's own bytes, from offset 36 on. A line without an end has no text for it, and
+// both of the shape's ends are at one entry.
 struct SpannerText {
     FragmentId start;
     FragmentId stop;
@@ -83,13 +83,13 @@ struct SpannerText {
 
 #pragma pack(pop)
 
-// In a tuplet record's own bytes, from offset 8 on: the elements of its bracket. A tuplet that the
-// file wrote without one has none; a bracket that could not become one tuplet of the host has a
-// record for each end, at that end's entry.
+// In a tuplet record's own bytes, from offset 8 on: the elements of its bracket, if the file had
+// one. A bracket that could not become one tuplet of the host has a record for each end, at that
+// end's entry.
 struct TupletText {
     FragmentId start;
     FragmentId stop;
-    u32 bracket;  // the same number for all that belongs to one bracket, on all staves of its voice
+    u32 bracket;  // the same number for all parts of one bracket, on all staves of its voice
 };
 
 inline constexpr std::size_t kSpannerTextOffset = 36;

@@ -5,7 +5,7 @@
 namespace standin {
 namespace {
 
-// Each is twice as long as the one before; the first lasts 4 units.
+// Each is twice as long as the previous one; the first lasts 4 units.
 constexpr std::array<std::string_view, 15> kTypes{"",     "1024th", "512th", "256th",  "128th",
                                                   "64th", "32nd",   "16th",  "eighth", "quarter",
                                                   "half", "whole",  "breve", "long",   "maxima"};

@@ -10,10 +10,10 @@ namespace standin {
 // An index into the table of note types, shortest first; 0 = no type given.
 using NoteType = u8;
 
-NoteType NoteTypeOf(std::string_view name) noexcept;  // 0 when it is no type
+NoteType NoteTypeOf(std::string_view name) noexcept;  // 0 if it is not a type
 std::string_view NoteTypeName(NoteType type) noexcept;
 
-// The notated length; 0 without a type. A maxima is longer than an entry's duration can say.
+// The notated length; 0 without a type. A maxima exceeds the range of an entry's duration.
 i32 NotatedLength(NoteType type, int dots) noexcept;
 
 struct NoteValue {

@@ -15,9 +15,8 @@ struct WrittenPitch {
     bool operator==(const WrittenPitch&) const = default;
 };
 
-// The host's field for a pitch in a key (-7 to 7 sharps): steps above the key's tonic in the
-// octave from middle C, and the alteration of the key's own note. None when the key cannot
-// say it.
+// The host's field for a pitch in a key (-7 to 7 sharps): steps above the key's tonic in the octave
+// from middle C, and the alteration of the key's own note. None if the key cannot express it.
 std::optional<u16> PitchField(const WrittenPitch& pitch, int fifths) noexcept;
 
 WrittenPitch PitchOfField(u16 field, int fifths) noexcept;

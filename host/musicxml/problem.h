@@ -1,4 +1,4 @@
-// Why a score is refused.
+// The reason why a score is refused.
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// Slips of a file that is read all the same, as other programs read it.
+// Mistakes in a file that do not prevent reading it as other programs do.
 #pragma once
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 namespace standin {
 
 struct ReadWarning {
-    std::string message;     // what is wrong, and what it counts as
+    std::string message;     // the mistake, and how it is read
     std::size_t offset = 0;  // of the first such place in the score's text
     std::size_t line = 1;    // likewise, from 1
     int count = 1;           // how many places
@@ -22,7 +22,7 @@ struct ReadWarning {
 
 class ReadWarnings {
 public:
-    // Places of the same kind are one warning.
+    // Mistakes of the same kind share one warning.
     void Add(std::string_view message, std::size_t offset) {
         const auto known = std::find_if(
             m_all.begin(), m_all.end(),

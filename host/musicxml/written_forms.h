@@ -1,5 +1,5 @@
-// What the format says of an entry beyond the host's own fields: kept in a table, by a number
-// that stands in the entry's field at offset 12 and so goes wherever the entry goes.
+// An entry's values in the format beyond the host's own fields. They are kept in a table by a
+// number in the entry's field at offset 12, which moves with the entry.
 #pragma once
 
 #include <unordered_map>
@@ -12,7 +12,7 @@
 namespace standin {
 
 struct WrittenForm {
-    Rational length{};  // the exact time it takes; 0 = as the host's times say
+    Rational length{};  // its exact time; 0 = the host's time
     i16 notated = 0;    // the entry's duration that type and dots belong to
     NoteType type = 0;  // 0 = the note had no type
     u8 dots = 0;
@@ -26,7 +26,7 @@ struct WrittenForm {
 
 class WrittenForms {
 public:
-    // The form's number; 0, the form that says nothing, when there are too many.
+    // The form's number; 0, the empty form, if there are too many.
     u16 Intern(const WrittenForm& form);
     const WrittenForm& operator[](u16 id) const noexcept {
         return id < m_forms.size() ? m_forms[id] : m_forms[0];

@@ -1,4 +1,4 @@
-// What the layers of a score hold, staff by staff and measure by measure.
+// The contents of a score's layers, by staff and measure.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ struct LayerContent {
     int hiddenRests = 0;
 };
 
-// One staff in one measure, as it is now.
+// The present contents of one staff in one measure.
 struct StaffMeasureContent {
     u16 staff = 0;  // counted from 1 through the score
     u16 measure = 0;

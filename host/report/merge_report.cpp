@@ -66,7 +66,7 @@ private:
         }
     }
 
-    // Other rests may take the place of a rest, too.
+    // A rest may also be replaced by other rests.
     bool GaveWayToMusic(const EXENTRY& rest) const {
         const auto end = [](const EXENTRY& entry) {
             return entry.elapsedTime + entry.actualDuration;

@@ -1,4 +1,4 @@
-// What a merge did to a score, told from the document before and after. The one model behind the
+// What a merge did to a score, computed from the document before and after. The model behind the
 // report as text, as JSON and as a page.
 #pragma once
 
@@ -15,7 +15,7 @@ namespace standin {
 // Why a note or chord of a source layer stayed where it was.
 enum class Stay : u8 {
     kOtherDuration,  // the destination has an entry of another duration at its time
-    kNoRestToFill,   // no rests of the destination span its time exactly
+    kNoRestToFill,   // no run of destination rests has exactly its time
     kTooManyNotes,   // the chord would have more notes than an entry can hold
 };
 
@@ -32,20 +32,20 @@ struct MergedMeasure {
     u16 staff = 0;  // counted from 1 through the score
     u16 measure = 0;
     std::string number;    // of the measure, as it is printed
-    int chordsFormed = 0;  // destination entries that took in notes
-    int notesMoved = 0;    // noteheads that came to the destination layer, those of chords too
-    int restsFilled = 0;   // destination rests that gave way to music
+    int chordsFormed = 0;  // destination entries that received notes
+    int notesMoved = 0;    // noteheads that moved, including those of chords
+    int restsFilled = 0;   // destination rests replaced by music
     int notesCleared = 0;  // noteheads of the destination that Replace took away
     std::vector<StayedEntry> stayed;
 
     bool IsEmpty() const noexcept;
 };
 
-// What was asked for.
+// The options of the merge.
 struct MergeRequest {
     std::string input;
     std::string output;               // empty when nothing was to be written
-    std::vector<EREGION> selections;  // in order, one for each stretch of measures
+    std::vector<EREGION> selections;  // in order, one per range of measures
     MergeOptions options;
 };
 
@@ -68,8 +68,8 @@ struct MergeReport {
     std::vector<const MergedMeasure*> ClearedForNothing() const;
 };
 
-// Compares the document with its state at the import. What is outside the selections, or of a
-// layer that was no source, does not count as stayed.
+// Compares the document with its state at the import. Music outside the selections, or in a layer
+// that was not a source, does not count as stayed.
 MergeReport ReportMerge(const ImportedScore& score, MergeRequest request);
 
 // "another duration at the same time"

@@ -1,4 +1,4 @@
-// How the places of a score are named to a person.
+// Names of places in a score for the user.
 #pragma once
 
 #include <string>

@@ -15,7 +15,7 @@
 namespace standin {
 namespace {
 
-// As musicians call it, from the element's name.
+// A musician's name for the element.
 std::string NameOfMarking(std::string_view element) {
     while (ElementName(element) == "notations") {
         element.remove_prefix(TagEnd(element, 0));
@@ -111,7 +111,7 @@ private:
         }
     }
 
-    // Those that one of the entries that joined had, and not all of them.
+    // The markings that some of the joined entries had, but not all.
     void AddMarkings(const EXENTRY& entry, std::vector<Remark>& remarks) const {
         const bool isBare = m_texts.texts.empty() && m_texts.notes.empty();
         const std::vector<u16> layers = isBare ? std::vector<u16>{} : LayersOf(entry);
@@ -151,7 +151,7 @@ private:
         remark.words = Say(Text::kMarkingOfChord, {name, std::to_string(owners.front() + 1)});
     }
 
-    // Two tied notes of one pitch in one chord, which other programs take for one.
+    // Two tied notes of the same pitch in one chord, which other programs read as one.
     void AddUnisons(const EXENTRY& entry, std::vector<Remark>& remarks) const {
         const std::span notes{entry.notes, static_cast<std::size_t>(entry.noteCount)};
         for (auto note = notes.begin(); note != notes.end(); ++note) {
@@ -254,7 +254,7 @@ void AddCarried(const ImportedScore& score, u16 layers, u16 slot, FrameKey key,
     }
 }
 
-// Whether the event's entry stood there with that note when it was read.
+// Whether the event's entry was there with that note in the file.
 bool WasThere(const Document& document, FrameKey key, const PlannedEvent& event,
               const EXNOTE& note) {
     const Frame* frame = document.ImportedFrame(key);

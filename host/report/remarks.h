@@ -1,4 +1,4 @@
-// What a merge did, or left, that a reader of the score should know of, place by place.
+// Things worth knowing about a merged score, with their places.
 #pragma once
 
 #include <optional>
@@ -12,8 +12,8 @@ namespace standin {
 struct Remark {
     enum class Kind : u8 {
         kVoiceNotMerged,  // a voice beyond the fourth is left as it was
-        kLyricNumber,     // a lyric took another number than it had
-        kMarking,         // a marking of one note or chord has come to stand at more notes
+        kLyricNumber,     // a lyric got a new number
+        kMarking,         // a marking of one note or chord now applies to more notes
         kTie,             // a tie that other programs may not read
     };
     Kind kind = Kind::kMarking;
@@ -25,7 +25,7 @@ struct Remark {
     std::optional<i32> onset;  // duration units from the barline
     double beat = 0;           // likewise in beats of the time signature, from 1
     std::string what;          // the marking's or lyric's name; "a fifth voice"
-    std::string words;         // the whole without its place: "a fifth voice is not merged"
+    std::string words;         // the full text without its place: "a fifth voice is not merged"
 };
 
 // Compares the document with its state at the import. destination: from 0. By staff and measure.

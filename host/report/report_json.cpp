@@ -10,7 +10,7 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-constexpr int kFormat = 1;  // changes when a program that reads it would have to
+constexpr int kFormat = 1;  // changes when programs that read it would have to change
 
 const char* NameOf(Stay reason) {
     switch (reason) {
@@ -84,7 +84,7 @@ Json AsJson(const MergeOptions& options) {
 
 // Positions are duration units from the barline; a last position of null is the measure's end.
 Json AsJson(const EREGION& selection) {
-    // Copies: the fields of a packed structure cannot be referred to.
+    // Copies, because fields of a packed structure cannot be bound to references.
     const i32 first = selection.startPosition;
     const i32 last = selection.endPosition;
     return {{"firstStaff", i16{selection.startSlot}},

@@ -17,7 +17,7 @@ std::string Count(int number, Text one, Text many) {
     return Say(number == 1 ? one : many, {std::to_string(number)});
 }
 
-// What stayed in one layer of one staff for one reason, in measures that follow one another.
+// Music that stayed in one layer of one staff for one reason, in consecutive measures.
 struct Stretch {
     u16 staff = 0;
     u16 layer = 0;
@@ -28,7 +28,7 @@ struct Stretch {
     std::set<double> beats;
 };
 
-// Extends the stretch that ends in the measure before, or begins a new one.
+// Extends the range that ends in the previous measure, or starts a new one.
 void Add(std::vector<Stretch>& stretches, const MergedMeasure& measure, const StayedEntry& entry) {
     const auto goesOn = [&](const Stretch& stretch) {
         return stretch.staff == measure.staff && stretch.layer == entry.layer &&
@@ -77,7 +77,7 @@ std::string LineOf(const Stretch& stretch, const MergeReport& report) {
                                      {BeatsOf(stretch)})});
 }
 
-// The lines, indented; what is beyond the most that are shown is counted.
+// The lines, indented; lines beyond the limit are counted.
 std::string Listed(const std::vector<std::string>& lines, bool withDetails) {
     const std::size_t shown = withDetails ? lines.size() : std::min(lines.size(), kMaxLines);
     std::string text;

@@ -7,7 +7,8 @@
 
 namespace standin {
 
-// Each line ends with a line break. A long list of what stayed is cut unless all of it is wanted.
+// Each line ends with a line break. A long list of music that stayed is cut unless details are
+// wanted.
 std::string ReportAsText(const MergeReport& report, bool withDetails);
 
 // One line: what Replace cleared, "cleared: 163 notes in 12 measures of layer 1".

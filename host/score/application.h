@@ -1,4 +1,4 @@
-// The host program's state: its open documents, what is current, and what the plug-in did.
+// The host program's state: its open documents, the current one, and a log of what the plug-in did.
 #pragma once
 
 #include <functional>
@@ -40,7 +40,7 @@ public:
     Document* FindDocument(u16 number) const;  // null when none
     Document* CurrentDocument() const { return FindDocument(m_current); }
     u16 CurrentNumber() const noexcept { return m_current; }
-    bool SetCurrentDocument(u16 number);  // false when there is none of that number
+    bool SetCurrentDocument(u16 number);  // false if no document has that number
     // The first document numbered above this one; 0 starts, 0 = none left.
     u16 NextDocument(u16 number) const;
 
@@ -63,18 +63,18 @@ public:
     std::vector<ProgressReport> progress;
     // Called for each report; false = the user stops. Optional.
     std::function<bool(const ProgressReport&)> progressListener;
-    std::set<u64> progressDisplays;  // handles of those open
+    std::set<u64> progressDisplays;  // handles of the open displays
     u64 progressDisplaysOpened = 0;
-    i16 lastProgressStopped = 0;  // what the last display was closed with
+    i16 lastProgressStopped = 0;  // the argument that closed the last display
     std::vector<EREGION> redrawn;
     EREGION lastRebeamed{};
-    i16 lastLayoutPage = -1;        // that the last update of the layout was asked with
+    i16 lastLayoutPage = -1;        // the argument of the last layout update
     std::vector<u16> menuCommands;  // as run by the plug-in
     DialogService* dialogs = nullptr;
 
     EntryMemory& EntryMemoryForFrames() const;
 
-    // Starts counting and logging anew and drops the fault plan; documents stay as they are.
+    // Resets counters, logs and the fault plan; documents stay as they are.
     void ResetCounts();
     // As at the start of the program, with the same manners.
     void Reset();

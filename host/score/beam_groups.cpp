@@ -115,7 +115,7 @@ private:
         group.clear();
     }
 
-    // Parted where a tuplet begins or ends that has only some of the entries.
+    // Split where a tuplet begins or ends that contains only some of the entries.
     std::vector<Group> PiecesOf(const Group& group) const {
         std::vector<Group> pieces;
         for (const std::size_t entry : group) {
@@ -167,7 +167,7 @@ private:
         }
     }
 
-    // A hook points to the note it completes the beat with.
+    // A hook points to the note with which it completes the beat.
     Beam HookOf(const Group& group, std::size_t position) const {
         const EXENTRY& entry = m_entries[group[position]];
         const bool startsPair = entry.elapsedTime % (2 * entry.duration) == 0;

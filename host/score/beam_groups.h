@@ -1,4 +1,4 @@
-// Which entries of a frame hang on one beam.
+// Which entries of a frame share a beam.
 #pragma once
 
 #include <vector>
@@ -11,8 +11,8 @@ namespace standin {
 
 // The beams of each entry, as the time signature groups them: by beat; three eighths where the
 // beats are eighths in threes; plain eighths by half measures in 4/4. Rests of an eighth and
-// longer, hidden entries and primary beam breaks end a beam; secondary beam breaks end all but
-// the first. A beam has the whole of a tuplet or lies within it, else it ends where the tuplet
+// longer, hidden entries and primary beam breaks end a beam; secondary beam breaks end all but the
+// first. A beam contains a whole tuplet or lies within it; otherwise it ends where the tuplet
 // begins or ends. Grace notes that follow each other are beamed among themselves.
 std::vector<BeamLevels> ComputeBeams(const std::vector<EXENTRY>& entries,
                                      const EDTMeasureSpec2014& measure, const RecordStore& records);

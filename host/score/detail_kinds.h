@@ -17,7 +17,7 @@ struct DetailKindRow {
     bool isShapeMark;
 };
 
-// Those of which records are stored.
+// The kinds with stored records.
 std::span<const DetailKindRow> DetailKinds() noexcept;
 
 // By either tag of the kind; null for other tags.
@@ -29,7 +29,7 @@ u32 DetailFlagOf(u32 tag) noexcept;
 // Whether details of this tag begin with the ID of the note they belong to.
 bool IsOfNote(u32 tag) noexcept;
 
-// The flags that the details on record ask for.
+// The flags that match the stored details.
 u32 DetailFlagsOf(u32 entry, const RecordStore& records);
 
 }  // namespace standin

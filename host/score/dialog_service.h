@@ -1,5 +1,5 @@
-// What the dialog callbacks need from the program that shows dialogs. A program installs one
-// in the application; without one every dialog callback answers 0.
+// The dialog callbacks' interface to the program that shows dialogs. A program installs one in the
+// application; without one every dialog callback returns 0.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ class DialogService {
 public:
     virtual ~DialogService() = default;
 
-    // Results as the callbacks of the same names have them.
+    // The same results as the callbacks of the same names.
     virtual i16 Dialog(u16 dialogNumber, DialogEventCallback callback, WindowHandle owner,
                        u16 flags, void* dialogObject) = 0;
     virtual i16 EndDialog(WindowHandle window) = 0;

@@ -27,7 +27,7 @@ struct Part {
     std::u16string name;
 };
 
-// Everything an undo must bring back, for deep comparison. Empty frames do not appear.
+// Everything that an undo must restore, for deep comparison. Without empty frames.
 struct DocumentContent {
     std::map<FrameKey, Frame> frames;
     std::map<u32, RecordStore::Table> records;
@@ -52,10 +52,10 @@ public:
     bool AddStaff(u16 staff, std::u16string name = {});
     bool HasStaff(u16 staff) const { return m_staffNames.contains(staff); }
     const std::u16string& StaffName(u16 staff) const;  // empty when unknown
-    // The name a reader sees: staves that share a name are numbered from 1.
+    // The displayed name: staves that share a name are numbered from 1.
     std::u16string AutoNumberedName(u16 staff) const;
     // Staff numbers by slot. List 0 is the score's own; lists from 65500 are staff sets.
-    const std::vector<u16>& StaffList(u16 list) const;  // empty when there is no such list
+    const std::vector<u16>& StaffList(u16 list) const;  // empty if the list does not exist
     void SetStaffList(u16 list, std::vector<u16> staves);
     u16 StaffInSlot(i16 slot, u16 list) const;   // 0 = no such slot
     i16 SlotOfStaff(u16 staff, u16 list) const;  // 0 = not in the list
@@ -67,13 +67,13 @@ public:
     bool HasMeasure(i32 measure) const { return measure >= 1 && measure <= m_measureCount; }
     EDTMeasureSpec2014 Measure(u16 measure) const;  // zeros when there is none
     // In duration units. Staff 0 = the measure's own, beats times beat duration unless set
-    // otherwise; a staff without a duration of its own has the measure's. 0 = no such measure.
+    // otherwise; a staff without its own duration has the measure's. 0 = no such measure.
     i32 MeasureDuration(u16 staff, i32 measure) const;
     void SetMeasureDuration(u16 staff, u16 measure, i32 duration);
     // The number as it is printed; decimal unless set otherwise.
     std::u16string MeasureNumberText(u16 measure) const;
     void SetMeasureNumberText(u16 measure, std::u16string text);
-    // The page a measure stands on, from 1; 0 = not visible in page view.
+    // The page of a measure, from 1; 0 = not visible in page view.
     u16 PageOfMeasure(u16 measure) const;
     void SetPageOfMeasure(u16 measure, u16 page);
 
@@ -84,11 +84,10 @@ public:
     i16 currentPart = 0;
     i16 partInView = 0;
 
-    // --- Staff systems
-    // Lays the score out anew; UpdateLayout repeats it with the last number given.
+    // --- Staff systems Lays the score out; UpdateLayout repeats it with the last number given.
     void LayoutSystems(u16 measuresPerSystem);
     void UpdateLayout();
-    // Makes every system record tell that its first measure is not known.
+    // Marks the first measure of every system record as unknown.
     void MakeLayoutStale();
 
     // --- Records. Details of entries without a frame may be created here, by builders only.
@@ -98,7 +97,7 @@ public:
     // --- Frames. Those of every layer of every staff and measure exist; most are empty.
     // Null when the frame is empty.
     const Frame* FindFrame(FrameKey key) const;
-    // In no order; frames that became empty may still stand here, without entries.
+    // Unordered; frames that became empty may still be here, without entries.
     const std::unordered_map<FrameKey, Frame>& Frames() const noexcept { return m_frames; }
     // Stores the entries in stored form: placeholders dropped, times computed with the
     // tuplets on record, detail flags set by the details on record, details of entries that
@@ -106,11 +105,11 @@ public:
     void PutFrame(FrameKey key, std::vector<EXENTRY> entries);
     u32 NewEntryNumber();
     bool IsIssued(u32 entry) const noexcept { return entry >= 1 && entry < m_homes.size(); }
-    // Where the entry is stored; staff 0 when nowhere.
+    // The frame of the entry; staff 0 if it is not stored.
     FrameKey HomeOf(u32 entry) const;
-    // Null when the entry is stored nowhere. Valid until its frame changes.
+    // Null if the entry is not stored. Valid until its frame changes.
     const EXENTRY* FindEntry(u32 entry) const;
-    // Sets the entry's detail flags by the details on record.
+    // Sets the entry's detail flags to match its stored details.
     void RefreshDetailFlags(u32 entry);
     // Beams the frames of the region that changed since they were last beamed; returns how
     // many. Slots count in the region's start staff list.
@@ -131,11 +130,11 @@ public:
     DocumentContent Content() const;
     u64 Digest() const;  // equal contents have equal digests
 
-    // --- Changes since the import
-    // From here on the document can tell what differs from what it holds now.
+    // --- Changes since the import From now on the document can report what differs from its
+    // present content.
     void MarkImported();
-    // The staves and measures in which a frame, an entry's details, an expression or an end of
-    // a smart shape differs from the import. Touched but equal does not count.
+    // The staves and measures in which a frame, an entry's details, an expression or an end of a
+    // smart shape differs from the import. Touched but equal content does not count.
     std::set<std::pair<u16, u16>> ChangedMeasures() const;
     // A frame and a record as imported; the present one when untouched, null when none.
     const Frame* ImportedFrame(FrameKey key) const;

@@ -60,8 +60,8 @@ bool WasMarked(const Document& document, u32 entry, u16 shape) {
     return true;
 }
 
-// The ends that moved; both when the line came or went: without one of its marks it is drawn at
-// neither.
+// The ends that moved; both if the line appeared or disappeared, because a line without one of its
+// marks is not drawn.
 void AddChangedEnds(const Document& document, u16 number, std::set<Place>& places) {
     const RecordKey key = RecordKey::Other(number);
     const Bytes* before = document.ImportedRecord(Tag::kSmartShape, key);
@@ -80,7 +80,7 @@ void AddChangedEnds(const Document& document, u16 number, std::set<Place>& place
     }
 }
 
-// Where a record's content shows; nothing for records that show nowhere in particular.
+// Where a record's content is visible; nothing for records without a particular place.
 void AddPlacesOf(u32 tag, RecordKey key, const Bytes& bytes, const Document& document,
                  std::set<Place>& places) {
     if (tag == Tag::kExpression) {
@@ -90,7 +90,7 @@ void AddPlacesOf(u32 tag, RecordKey key, const Bytes& bytes, const Document& doc
         AddChangedEnds(document, key.OtherItem(), places);
     } else if (FamilyOf(tag) == RecordFamily::kEntryDetail) {
         const FrameKey home = document.HomeOf(key.Entry());
-        if (home.staff != 0) {  // an entry that is gone changed its frame
+        if (home.staff != 0) {  // a deleted entry has changed its frame
             places.emplace(home.staff, home.measure);
         }
         if (tag == Tag::kShapeOnEntry) {
@@ -104,7 +104,7 @@ void AddPlacesOf(u32 tag, RecordKey key, const Bytes& bytes, const Document& doc
 void Document::BeforeRecordChange(u32 tag, RecordKey key, const Bytes* before) {
     if (m_edit) {
         m_edit->journal.NoteRecord(tag, key, before);
-    } else if (tag != Tag::kStaffSystem) {  // laying out is no edit of the score
+    } else if (tag != Tag::kStaffSystem) {  // layout is not an edit of the score
         m_undo.clear();
         m_redo.clear();
     }

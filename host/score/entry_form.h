@@ -1,4 +1,4 @@
-// The form in which entries are stored, and what makes a frame unfit to be stored.
+// The form in which entries are stored, and the faults for which a frame is refused.
 #pragma once
 
 #include <span>
@@ -12,9 +12,9 @@ namespace standin {
 // low bits of its ID. Times are left alone.
 void ToStoredForm(EXENTRY& entry) noexcept;
 
-// Why the entries cannot be stored, in a few words; null when they can. Wants sane counts and
-// durations, notes exactly on entries flagged as notes, note IDs that are unique and nonzero
-// with their copies in the flags, different entry numbers, and voice 2 only behind its launcher.
+// Why the entries cannot be stored, in a few words; null if they can. Counts and durations must be
+// valid, exactly the entries flagged as notes must have notes, note IDs must be unique, nonzero and
+// copied to the flags, entry numbers must differ, and voice 2 must follow its launching entry.
 const char* WhyNotStorable(std::span<const EXENTRY> entries);
 
 }  // namespace standin

@@ -11,7 +11,7 @@ constexpr i64 kLargestRatio = 64;
 constexpr i64 kLongestSpan = i64{1} << 20U;
 constexpr std::size_t kDeepestNesting = 4;
 
-// A tuplet that entries still fall into.
+// A tuplet that is not full yet.
 struct OpenTuplet {
     i64 symbolicSpan;   // duration units as written
     i64 referenceSpan;  // duration units as played, in the tuplet around it
@@ -19,17 +19,17 @@ struct OpenTuplet {
     std::size_t run;  // its place among the runs
 };
 
-// The place in time that one voice has reached.
+// The time that one voice has reached.
 class VoiceClock {
 public:
     explicit VoiceClock(TupletRounding rounding) : m_rounding{rounding} {}
 
     TimePosition Position() const { return m_position; }
-    // The time that is told of the place.
+    // The time reported for the position.
     i32 Told() const { return m_told; }
     std::vector<TupletRun>& Runs() { return m_runs; }
 
-    // What comes next starts outside all tuplets.
+    // The next entry starts outside all tuplets.
     void CloseTuplets() { m_tuplets.clear(); }
 
     // place: of the entry, for the runs.

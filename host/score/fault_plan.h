@@ -1,4 +1,4 @@
-// What a test tells the host to do wrong, and the counters it goes by.
+// The faults that a test makes the host commit, and the counters for them.
 #pragma once
 
 #include <array>
@@ -20,7 +20,7 @@ struct FaultPlan {
         u64 last = 1;   // ... to this one
     };
     std::optional<OfKind> refuseKind{};
-    // Calls of this kind do nothing and say that they did.
+    // Calls of this kind do nothing but report success.
     std::optional<HostCall> pretendKind{};
 
     struct Switch {
@@ -29,11 +29,11 @@ struct FaultPlan {
     };
     std::optional<Switch> switchDocument{};
 
-    u64 stopAtProgress = 0;        // this progress report is answered by "stop"; 0 = none
+    u64 stopAtProgress = 0;        // this progress report returns "stop"; 0 = none
     bool guardFrames = false;      // lent entries end at a page that must not be touched
     bool wildEntries = false;      // lent entries have times and note counts that no music has
     bool respellsNotes = false;    // deleting entries respells the notes of the others
-    bool failsWhenLoaded = false;  // records are loaded, and said not to be
+    bool failsWhenLoaded = false;  // records are loaded, but the call reports failure
 
     static OfKind AllOf(HostCall call) noexcept { return {call, 1, ~u64{0}}; }
 };
@@ -52,7 +52,7 @@ public:
     u64 framesLent = 0;
     u64 framesReturned = 0;
     u64 strangeFrames = 0;   // frame pointers that were not lent, or returned before
-    u64 flagsOutOfStep = 0;  // entries saved with detail flags other than their details ask
+    u64 flagsOutOfStep = 0;  // entries saved with detail flags that do not match their details
     u64 framesBeamed = 0;    // by FX_RebeamRegion
     u64 progressReports = 0;
     std::optional<HostCall> firstRefused{};  // because of the fault plan

@@ -9,7 +9,7 @@
 
 namespace standin {
 
-// What one beam level does at an entry.
+// The state of one beam level at an entry.
 enum class Beam : u8 { kNone, kBegin, kContinue, kEnd, kForwardHook, kBackwardHook };
 
 // The beam levels of one entry; index 0 is the eighth beam.
@@ -19,8 +19,8 @@ struct Frame {
     // In playing order. Always in stored form: rests have no notes, slots past the note count
     // are zero, times are computed.
     std::vector<EXENTRY> entries;
-    // One element an entry after the host has beamed the frame; empty while the beams are
-    // the ones the score came with, or none since its music changed.
+    // One element per entry after the host has beamed the frame; empty while the beams are those of
+    // the file, or none since the music changed.
     std::vector<BeamLevels> beams;
     bool needsRebeam = false;  // changed since it was last beamed
 
@@ -32,12 +32,12 @@ inline bool SameEntries(const std::vector<EXENTRY>& a, const std::vector<EXENTRY
            (a.empty() || std::memcmp(a.data(), b.data(), a.size() * sizeof(EXENTRY)) == 0);
 }
 
-// The same music and the same beams; whether beaming is due does not count.
+// Compares music and beams, but not whether beaming is due.
 inline bool operator==(const Frame& a, const Frame& b) noexcept {
     return SameEntries(a.entries, b.entries) && a.beams == b.beams;
 }
 
-// Bits of EXENTRY::flags that are this host's own; they travel with the entry.
+// Bits of EXENTRY::flags that belong to this host; they are copied with the entry.
 namespace HostEntryFlag {
 inline constexpr u32 kFixedStem = 0x04000000;  // the stem's direction is set by hand
 inline constexpr u32 kStemUp = 0x02000000;     // with kFixedStem: up; without: no meaning

@@ -1,4 +1,4 @@
-// Which layer of which staff in which measure: the place of a frame.
+// The key of a frame: staff, measure and layer.
 #pragma once
 
 #include <cstddef>

@@ -17,7 +17,7 @@ inline constexpr std::size_t kHostCallCount = static_cast<std::size_t>(HostCall:
 // The exported name, such as "FX_LoadTGF"; empty for kCount.
 const char* NameOf(HostCall call) noexcept;
 
-// Whether it answers anything, and so can be refused.
+// Whether it has a result, and so can be refused.
 bool HasResult(HostCall call) noexcept;
 
 }  // namespace standin

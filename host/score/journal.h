@@ -1,6 +1,6 @@
-// What frames and records held before they were first changed. An open edit keeps one to take
-// everything back; an imported score keeps one to tell what differs from the import.
-// Its size follows what was touched, not the score.
+// The contents of frames and records before their first change. An open edit keeps one for undo; an
+// imported score keeps one to find what differs from the import. Its size follows what was touched,
+// not the score.
 #pragma once
 
 #include <map>

@@ -1,4 +1,4 @@
-// The frames that are lent to the plug-in at the moment.
+// The frames currently lent to the plug-in.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,7 @@
 
 namespace standin {
 
-// One loan: the frame as the plug-in sees it, and what the host remembers of it.
+// One loan: the frame as the plug-in sees it, and the host's data about it.
 class LentFrame {
 public:
     // A copy of the entries, with no entry array when there are none.
@@ -26,7 +26,7 @@ public:
     u16 DocumentNumber() const noexcept { return m_document; }
     FrameKey Key() const noexcept { return m_key; }
 
-    // Whether the fields that only the host sets are as the host left them.
+    // Whether the fields that only the host sets are unchanged.
     bool IsIntact() const noexcept;
 
     // Both move the entry array. The range must lie within the frame.
@@ -48,7 +48,7 @@ private:
 class LentFrames {
 public:
     EXFRAME* Lend(std::unique_ptr<LentFrame> frame);
-    // Null when the pointer is no frame on loan.
+    // Null if the pointer is not a frame on loan.
     LentFrame* Find(const EXFRAME* frame) const;
     bool Return(const EXFRAME* frame);  // false when it is not on loan
     std::size_t Count() const noexcept { return m_frames.size(); }

@@ -6,8 +6,8 @@
 namespace standin {
 namespace {
 
-// Results that say nothing but whether the call worked, and not even that on every host. Metrics
-// may come with any result: whether there are some shows in what was written.
+// Results that mean success on some hosts and nothing on others. Metrics may come with any result:
+// only the written bytes show whether there are any.
 constexpr HostCall kUnpromised[] = {
     HostCall::kSetCurrentEnigmaDocument,
     HostCall::kGetDocumentPath,

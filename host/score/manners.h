@@ -1,4 +1,4 @@
-// What a host may do that the interface leaves open: whatever it is, the plug-in must work with it.
+// Behavior that the interface leaves open to the host. The plug-in must work with all of it.
 #pragma once
 
 #include <optional>
@@ -9,22 +9,22 @@
 namespace standin {
 
 struct Manners {
-    bool taciturn = false;   // results that nobody promised are 0, whatever the call did
-    bool talkative = false;  // they are 1, also when the call did nothing
-    bool wide = false;       // what it fills without being told a size is longer than assumed
+    bool taciturn = false;   // results without a meaning are 0, whatever the call did
+    bool talkative = false;  // they are 1, even if the call did nothing
+    bool wide = false;       // records of unstated size are longer than assumed
     bool gaps = false;       // record numbers of entry details do not close up after a delete
     bool sorting = false;    // every save sorts the notes of an entry by pitch
-    bool rounding = false;   // entries of a tuplet take whole units, the last one what remains
-    bool shy = false;        // callbacks that a run can do without are not exported
+    bool rounding = false;   // entries of a tuplet take whole units, the last one the remainder
+    bool shy = false;        // callbacks that a run does not need are not exported
 
     bool operator==(const Manners&) const = default;
 };
 
-// Whether the interface says what the call's result means. The rest may answer anything.
+// Whether the interface gives the call's result a meaning. All other results may be anything.
 bool IsResultPromised(HostCall call) noexcept;
 
-// Whether a run does the same where the callback is missing. Not of those that an edit is made of:
-// a run could still be kept, but no longer taken back.
+// Whether a run does the same without the callback. Not for the calls of an edit, because such a
+// run could not be undone.
 bool IsDispensable(HostCall call) noexcept;
 
 struct Manner {
@@ -38,7 +38,7 @@ inline constexpr Manner kManners[] = {
     {"shy", &Manners::shy},
 };
 
-// From names joined by commas; empty when one of them is no manner's.
+// From names joined by commas; empty if one of them is not a manner.
 std::optional<Manners> ParseManners(std::string_view names);
 
 }  // namespace standin

@@ -8,7 +8,7 @@
 namespace standin {
 namespace {
 
-// An edit of the host's own, unless one is open already: then the command is part of it.
+// An edit of the host's own, or part of the one already open.
 class CommandEdit {
 public:
     CommandEdit(Document& document, std::u16string undoText)
@@ -37,7 +37,7 @@ bool ToggleShowActiveLayerOnly(Document& document) {
     return document.Records().Save(Tag::kMiscPrefs, RecordKey::Other(0), BytesOf(prefs));
 }
 
-// The part of a measure that is selected, both ends included.
+// The selected part of a measure, including both ends.
 struct Span {
     i32 first;
     i32 last;
@@ -50,7 +50,7 @@ Span SelectedSpan(const EREGION& region, i32 measure) {
             measure == region.endMeasure ? i32{region.endPosition} : kEndOfMeasure};
 }
 
-// An entry's start in the measure's own units, as selections count.
+// An entry's start in the measure's own units, as in selections.
 i32 PositionInMeasure(const Document& document, FrameKey key, const EXENTRY& entry) {
     const i64 nominal = document.MeasureDuration(0, key.measure);
     const i64 staff = document.MeasureDuration(key.staff, key.measure);
@@ -58,7 +58,7 @@ i32 PositionInMeasure(const Document& document, FrameKey key, const EXENTRY& ent
                       : static_cast<i32>((nominal * entry.elapsedTime + staff / 2) / staff);
 }
 
-// Leaves a visible rest of the same duration; what is written on the note goes, tuplets stay.
+// Leaves a visible rest of the same duration; details of the note are deleted, tuplets stay.
 void TurnIntoRest(Document& document, EXENTRY& entry) {
     std::vector<std::pair<u32, RecordKey>> doomed;  // the last ones first
     RecordStore& records = document.Records();

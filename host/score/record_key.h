@@ -1,4 +1,4 @@
-// How records are addressed: the family of a tag decides which words its key has.
+// The keys of records: the family of a tag determines the words of its key.
 #pragma once
 
 #include "shell/host/host_types.h"
@@ -6,7 +6,7 @@
 namespace standin {
 
 enum class RecordFamily {
-    kNone,         // no record has such a tag
+    kNone,         // not the tag of a record
     kOther,        // { item, record number }
     kDetail,       // { first item, second item, record number }
     kPreference,   // { item }; 'pf' and 'gb': saving one that is missing creates it
@@ -17,14 +17,13 @@ enum class RecordFamily {
 
 RecordFamily FamilyOf(u32 tag) noexcept;
 
-// Records of these tags have one record an item, number 0: measures, staves, staff systems,
-// pages and smart shapes.
+// Tags with one record per item, number 0: measures, staves, staff systems, pages and smart shapes.
 bool IsNumberedItem(u32 tag) noexcept;
 
-// A record number that asks for the next free one.
+// The record number that means the next free one.
 inline constexpr u16 kAppend = 0xFFFF;
 
-// A key with its words packed so that comparing it is the host's order.
+// A key packed so that comparison gives the host's order.
 struct RecordKey {
     u64 order = 0;
 

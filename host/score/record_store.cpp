@@ -6,7 +6,7 @@
 namespace standin {
 namespace {
 
-constexpr unsigned kSharedBit = 63;  // of the tags that have no bit of their own
+constexpr unsigned kSharedBit = 63;  // for the tags without their own bit
 
 bool HasRecordNumbers(u32 tag) noexcept {
     const RecordFamily family = FamilyOf(tag);
@@ -149,7 +149,7 @@ std::optional<Bytes> RecordStore::Exchange(u32 tag, RecordKey key, std::optional
     return before;
 }
 
-// Where an item's record numbers have gaps, these count as well.
+// Gaps in an item's record numbers are counted too.
 u16 RecordStore::CountOfItem(const Table& table, RecordKey key) const {
     const auto after = table.upper_bound(key.WithInci(kAppend));
     if (after == table.begin()) {

@@ -1,4 +1,4 @@
-// All records of a document but its frames: by tag, then in the order of their keys.
+// All records of a document except its frames: by tag, then in the order of their keys.
 #pragma once
 
 #include <map>
@@ -26,7 +26,7 @@ Structure FromBytes(const Bytes& bytes) {
     return structure;
 }
 
-// Told before a record changes; null = there is none yet.
+// Called before a record changes; null = it does not exist yet.
 class RecordListener {
 public:
     virtual void BeforeRecordChange(u32 tag, RecordKey key, const Bytes* before) = 0;
@@ -41,7 +41,7 @@ public:
 
     void SetListener(RecordListener* listener) noexcept { m_listener = listener; }
 
-    // Null when there is no such record.
+    // Null if the record does not exist.
     const Bytes* Find(u32 tag, RecordKey key) const;
 
     // False when the record does not exist, except that a preference is then created.
@@ -52,11 +52,12 @@ public:
     // numbered item in use is refused; a text with item kAppend takes the next free item.
     std::optional<RecordKey> Create(u32 tag, RecordKey key, Bytes bytes);
 
-    // Closing up moves the later record numbers of the item down by one. False when there is none.
+    // Closing up moves the later record numbers of the item down by one. False if it does not
+    // exist.
     enum class After { kCloseUp, kGap };
     bool Delete(u32 tag, RecordKey key, After after = After::kCloseUp);
 
-    // The first record after the key, the last one before it; null when there is none.
+    // The first record after the key, the last one before it; null if none.
     const Table::value_type* Next(u32 tag, RecordKey key) const;
     const Table::value_type* Previous(u32 tag, RecordKey key) const;
 
@@ -64,8 +65,7 @@ public:
     const Table& OfTag(u32 tag) const;
     const std::map<u32, Table>& All() const noexcept { return m_tables; }
 
-    // How many records of the tag the entry has; where their numbers have gaps, one more than the
-    // last number.
+    // How many records of the tag the entry has; if their numbers have gaps, the last number + 1.
     u16 CountOfEntry(u32 tag, u32 entry) const;
     bool HasDetails(u32 entry) const { return m_entryTags.contains(entry); }
 
@@ -73,11 +73,11 @@ public:
     template <typename Visit>
     void ForEachDetail(u32 entry, Visit visit) const;
 
-    // Drops every detail of the entry.
+    // Deletes every detail of the entry.
     void DeleteDetails(u32 entry);
 
-    // Puts exactly this state there, without renumbering and without telling the listener;
-    // returns what was there before. Also the way to store record numbers with gaps.
+    // Sets exactly this state without renumbering and without calling the listener; returns the
+    // previous state. Also used to store record numbers with gaps.
     std::optional<Bytes> Exchange(u32 tag, RecordKey key, std::optional<Bytes> bytes);
 
 private:
@@ -87,7 +87,7 @@ private:
     u16 CountOfItem(const Table& table, RecordKey key) const;
     void Tell(u32 tag, RecordKey key, const Bytes* before);
     void Put(u32 tag, Table& table, RecordKey key, Bytes bytes);
-    // The record number it moves to must be free.
+    // The new record number must be free.
     void Renumber(u32 tag, Table& table, Table::iterator position, u16 inci);
     TagMask MaskOf(u32 tag);
     void UnmarkIfLast(u32 tag, RecordKey key);

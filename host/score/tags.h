@@ -1,4 +1,4 @@
-// The tags of the records this host itself reads or makes.
+// The tags of the records that this host itself reads or writes.
 #pragma once
 
 #include "shell/host/entry_detail_tags.h"

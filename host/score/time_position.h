@@ -20,12 +20,12 @@ public:
     TimePosition Scaled(i64 numerator, i64 denominator) const;
     bool operator<(TimePosition other) const;
 
-    // The whole units, and the fraction of a unit that comes on top.
+    // The whole units, and the remaining fraction of a unit.
     i64 Whole() const { return m_whole; }
     i64 Numerator() const { return m_numerator; }
     i64 Denominator() const { return m_denominator; }
 
-    // The nearest whole duration unit, halves upward; cut to what 32 bits hold.
+    // The nearest whole duration unit, halves upward; clamped to 32 bits.
     i32 Rounded() const;
 
 private:

@@ -7,9 +7,9 @@
 
 namespace standin::machine {
 
-// Runs this program with the arguments, in UTF-8, and waits until it ends; its standard output
-// and error go to the files, which are made anew. Returns its exit code; 130 when a signal
-// interrupted it, -1 when it could not be started or crashed. Several threads may call it at once.
+// Runs this program with the arguments, in UTF-8, and waits until it ends; its standard output and
+// error go to the files, which are overwritten. Returns its exit code; 130 if a signal interrupted
+// it, -1 if it could not be started or crashed. Several threads may call it at once.
 int RunThisProgram(const std::vector<std::string>& arguments, const std::filesystem::path& output,
                    const std::filesystem::path& errors);
 

@@ -17,8 +17,7 @@ public:
 // Zeroed memory of the heap.
 EntryMemory& HeapEntryMemory();
 
-// Zeroed memory that ends at a page which must not be touched, so that a stray access stops
-// the program at once.
+// Zeroed memory that ends at a protected page, so that a stray access stops the program at once.
 EntryMemory& GuardedEntryMemory();
 
 }  // namespace standin

@@ -1,4 +1,4 @@
-// What the program needs of the machine it runs on, beyond what platform/ gives the plug-in.
+// The operating system services that the program needs beyond platform/.
 #pragma once
 
 #include <filesystem>
@@ -11,10 +11,10 @@
 
 namespace standin::machine {
 
-// The folder that the program's own file is in.
+// The folder of the program's own file.
 std::filesystem::path ProgramFolder();
 
-// A library of code, closed when the object ends.
+// A shared library, closed when the object ends.
 class Library {
 public:
     // Null when it cannot be loaded; problem then says why.
@@ -23,20 +23,20 @@ public:
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
 
-    void* FindExport(const char* name) const;  // null when it exports none of this name
+    void* FindExport(const char* name) const;  // null if it exports nothing of this name
 
 private:
     explicit Library(void* handle) : m_handle{handle} {}
     void* m_handle;
 };
 
-// From here on nobody finds this export of the program. False: it cannot be hidden.
+// Hides this export of the program from now on. False: it cannot be hidden.
 bool HideExport(const char* name);
 
 // The file name of the plug-in.
 extern const char* const kPluginFile;
 
-// Holds the Shift key down until the scope ends.
+// Holds the Shift key down until the end of the scope.
 class ShiftHeld {
 public:
     ShiftHeld();
@@ -48,27 +48,26 @@ public:
 // Lets the timers that the plug-in started run, as a program does between two commands.
 void RunTimers();
 
-// Standard input and output carry bytes, not lines. A file that would outgrow what is allowed is
-// an error for who writes it, not the program's end.
+// Standard input and output carry bytes, not lines. A file beyond the allowed size is a write error
+// and does not end the program.
 void PrepareStreams();
 
-// Makes the file, or empties it, and brings the bytes to the disk. Returns what failed.
+// Creates or overwrites the file and flushes the bytes to the disk. Returns the error.
 std::error_code WriteThrough(const std::filesystem::path& file, std::string_view bytes);
 
-// A new folder for files of this run alone, among the system's temporary files. Throws when there
-// can be none.
+// A new folder for temporary files of this run. Throws if it cannot be created.
 std::filesystem::path MakeTemporaryFolder();
 
-// Brings the names in a folder to the disk, where the system can do that.
+// Flushes a folder's names to the disk, where the system can do that.
 void FlushFolder(const std::filesystem::path& folder);
 
 bool ErrorsGoToTerminal();
 bool OutputGoesToTerminal();
 
-// That of the user interface: on Windows the user's choice, elsewhere the environment's.
+// The language of the user interface: on Windows the user's choice, elsewhere from the environment.
 Language UserLanguage();
 
-// Whether the plug-in's stored settings are there in the program's next run.
+// Whether the plug-in's stored settings survive the end of the program.
 bool SettingsOutliveTheProgram();
 
 }  // namespace standin::machine

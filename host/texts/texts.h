@@ -1,4 +1,4 @@
-// What the programs say to a person, in the language of the user interface.
+// The programs' messages, in the language of the user interface.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace standin {
 
-// One for each row of texts.inc.
+// One per row of texts.inc.
 enum class Text {
 #define PLYWELD_TEXT(name, english, spanish) name,
 #include "host/texts/texts.inc"
@@ -20,7 +20,7 @@ enum class Language { kEnglish, kSpanish };
 void SetLanguage(Language language);
 Language CurrentLanguage();
 
-// The text as it is, for instance with its placeholders.
+// The text itself, including its placeholders.
 std::string_view Say(Text text);
 
 // The text with {0}, {1} ... replaced by the values in that order. A value may hold braces.

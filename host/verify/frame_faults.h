@@ -1,4 +1,4 @@
-// What no frame of a merged score may have.
+// Faults that no frame of a merged score may have.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 namespace standin {
 
 // Adds a line for each layer that grew or overlaps itself, each entry whose detail flags do not
-// tell of its details, each second voice without its launch, and note IDs that are not unique.
+// match its details, each second voice without a launching entry, and note IDs that are not unique.
 void AddFaultsOfFrames(const DocumentContent& before, const DocumentContent& after,
                        std::vector<std::string>& faults);
 

@@ -29,13 +29,13 @@ bool IsShapeEnd(const std::string& attachment) {
     return attachment.find(" of shape ") != std::string::npos;
 }
 
-// The look of a rest, which goes with it when it is filled.
+// The appearance of a rest, which is lost when the rest is filled.
 bool IsLook(const std::string& attachment) {
     return attachment.starts_with("edST ") || attachment.starts_with("edub ") ||
            attachment.starts_with("edAS ");
 }
 
-// Its last staff is found in the list of its start, when it stands there, else in the score's own.
+// Its last staff is looked up in the start's list if it is there, else in the score's own.
 EREGION InOneStaffList(const Document& document, EREGION region) {
     if (region.startStaffList != region.endStaffList) {
         const auto slotIn = [&, list = u16{region.endStaffList}](i16 slot, u16 other) {
@@ -91,7 +91,7 @@ private:
                (m_options.source == kAllLayers || m_options.source == layer);
     }
 
-    // An entry's start as selections count.
+    // An entry's start in the units of selections.
     i32 Position(const EntryFacts& fact) const {
         const i64 nominal = m_document.MeasureDuration(0, fact.key.measure);
         const i64 staff = m_document.MeasureDuration(fact.key.staff, fact.key.measure);
@@ -135,7 +135,7 @@ private:
         tell(after, before, " added");
     }
 
-    // Each entry's notes must stand in one entry afterwards, with all that hung on it.
+    // Afterwards each entry's notes must be in one entry, with all attachments.
     void CompareCompany() {
         for (const EntryFacts& fact : m_factsBefore) {
             if (fact.IsNote() ? !HasCompany(fact) : !RestKeepsAll(fact)) {
@@ -163,14 +163,14 @@ private:
         });
     }
 
-    // A line may end on what sounds now where its rest was; where several layers came in one
-    // after the other, on what begins earlier.
+    // A line that ended on a rest may end on the music that replaced it. After several layers, that
+    // music may begin earlier.
     bool FitsShapeEnd(const EXENTRY& rest, const EXENTRY& now) const {
         return rest.elapsedTime >= now.elapsedTime &&
                (rest.elapsedTime < std::max(EndOf(now), 1) || m_options.source == kAllLayers);
     }
 
-    // What else hung on a rest hangs on a rest of its time.
+    // Other attachments of a rest must be on a rest at the same time.
     bool RestKeepsAll(const EntryFacts& fact) {
         const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
         const auto isKept = [&](const std::string& attachment) {
@@ -223,8 +223,8 @@ private:
         return static_cast<i32>(u32{expression.positionHigh} << 16U | expression.positionLow);
     }
 
-    // The entries at the expression's time in the layer that it is assigned to; of grace entries
-    // the one that it names by its place among them.
+    // The entries at the expression's time in its assigned layer; among grace entries, the one with
+    // its grace index.
     std::vector<const EntryFacts*> Under(const Facts& facts, u16 measure,
                                          const MyExpressionAssign& expression) const {
         std::vector<const EntryFacts*> under;
@@ -267,11 +267,11 @@ private:
                                  std::to_string(LayerOf(before));
         MyExpressionAssign otherwise = before;
         otherwise.layer = after.layer;
-        otherwise.graceIndex = after.graceIndex;  // graces of another layer may come before
+        otherwise.graceIndex = after.graceIndex;  // grace notes of another layer may come first
         if (BytesOf(otherwise).substr(0, kHostsBytes) != BytesOf(after).substr(0, kHostsBytes)) {
             m_faults.push_back(name + " changed");
         }
-        // A layer that the record cannot name becomes none in particular.
+        // A layer too high for the record becomes no particular layer.
         const bool isNameable = m_options.destination < ExpressionLayer::kLayerMask;
         const int destination = isNameable ? i32{m_options.destination} : -1;
         if (before.layer != after.layer && LayerOf(after) != destination) {
@@ -283,7 +283,7 @@ private:
             !music.empty() && std::all_of(music.begin(), music.end(),
                                           [](const EntryFacts* was) { return was->IsNote(); });
         if (!hangsOnNotes || !IsSelected(measure, before) || LayerOf(after) < 0) {
-            return;  // it may go with a rest of either voice; outside the selection it stays
+            return;  // it may move with a rest of either voice; outside the selection it stays
         }
         const bool found = std::any_of(music.begin(), music.end(), [&](const EntryFacts* was) {
             return std::any_of(musicNow.begin(), musicNow.end(), [was](const EntryFacts* is) {
@@ -295,7 +295,7 @@ private:
         }
     }
 
-    // Whatever is neither music nor hangs on it stays as it was.
+    // Everything that is neither music nor attached to it must not change.
     void CompareOtherRecords() {
         const auto others = [](const DocumentContent& content) {
             std::map<u32, RecordStore::Table> records = content.records;
@@ -375,7 +375,7 @@ private:
     const EREGION m_region;
     Facts m_factsBefore;
     Facts m_factsAfter;
-    std::map<Measure, std::vector<const EntryFacts*>> m_byMeasure;  // of afterwards
+    std::map<Measure, std::vector<const EntryFacts*>> m_byMeasure;  // after the merge
     Lines m_faults;
 };
 

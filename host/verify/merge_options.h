@@ -1,4 +1,4 @@
-// What a merge is asked for, in the form in which the plug-in stores it.
+// The options of a merge, in the form in which the plug-in stores them.
 #pragma once
 
 #include "shell/host/host_types.h"

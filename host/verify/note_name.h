@@ -1,4 +1,4 @@
-// A note in a few characters.
+// A short name for a note.
 #pragma once
 
 #include <string>

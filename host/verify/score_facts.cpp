@@ -84,7 +84,7 @@ bool IsMarked(const DocumentContent& content, u32 entry, u16 shapeNumber) {
     return false;
 }
 
-// An end whose entry has lost its mark is no end of a line that is drawn.
+// If an end's entry has lost its mark, the line is not drawn there.
 std::multimap<u32, std::string> ShapeEndsOf(const DocumentContent& content) {
     std::multimap<u32, std::string> ends;
     const auto shapes = content.records.find(Tag::kSmartShape);

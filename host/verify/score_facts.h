@@ -1,4 +1,4 @@
-// A document's content in words: what stands where, and what hangs on it.
+// A document's content in words: music, its places and its attachments.
 #pragma once
 
 #include <map>
@@ -23,7 +23,7 @@ struct EntryFacts {
 // In order of staff, measure, layer and place. Refers into the content.
 std::vector<EntryFacts> FactsOf(const DocumentContent& content);
 
-// The flags that the details on record ask for, by entry number.
+// The flags that match the stored details, by entry number.
 std::map<u32, u32> DetailFlagsByEntry(const DocumentContent& content);
 
 }  // namespace standin

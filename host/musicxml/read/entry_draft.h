@@ -1,4 +1,4 @@
-// An entry on its way from its <note> elements into a frame.
+// An entry between its <note> elements and its frame.
 #pragma once
 
 #include <string_view>
@@ -13,7 +13,7 @@ namespace standin {
 
 struct TupletGroup;
 
-// What <time-modification> says.
+// The values of <time-modification>.
 struct NoteRatio {
     int actual = 0;  // 0 = there is none
     int normal = 0;
@@ -33,7 +33,7 @@ struct EntryDraft {
     CarriedText text{};       // its <note> elements
     bool isOnePiece = true;   // with nothing between them
 
-    TupletGroup* tuplet = nullptr;          // the innermost that it counts in
+    TupletGroup* tuplet = nullptr;          // the innermost tuplet that contains it
     std::vector<TupletText> bracketEnds{};  // those of no group
 
     bool Grace() const noexcept { return (entry.flags & EntryFlag::kGrace) != 0; }

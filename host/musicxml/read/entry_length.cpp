@@ -6,7 +6,7 @@ namespace {
 constexpr i64 kLongestDuration = 0x7FFF;
 constexpr i16 kGraceDuration = kQuarterNote / 2;
 
-// The reference span as count times unit; false when it has no such factors.
+// The reference span as count times unit; false if it has no such factors.
 bool SetReference(EDTTuplet2005& tuplet, i64 actual) {
     for (i64 count = 1; count <= kLongestDuration; ++count) {
         if (actual % count == 0 && actual / count <= kLongestDuration) {

@@ -1,4 +1,4 @@
-// How an entry of a given notated and actual length is kept by the host.
+// How the host stores an entry of a given notated and actual length.
 #pragma once
 
 #include <optional>
@@ -7,7 +7,7 @@
 
 namespace standin {
 
-// By how much a ratio of written to actual length may stretch or shrink a note.
+// The limits of the ratio of written to actual length.
 inline constexpr i64 kLargestRatio = 64;
 
 struct EntryLength {
@@ -16,9 +16,9 @@ struct EntryLength {
     EDTTuplet2005 tuplet{};    // of this entry alone: its duration in the time of its length
 };
 
-// An entry keeps its ratio in a tuplet of its own, so that it takes its time wherever it goes.
-// notated: by type and dots, 0 = no type. actual: the time it takes in the measure. Units are
-// duration units. None when no entry can have that length.
+// An entry keeps its ratio in its own tuplet, so that it keeps its time wherever it moves. notated:
+// by type and dots, 0 = no type. actual: the time it takes in the measure. Units are duration
+// units. None when no entry can have that length.
 std::optional<EntryLength> LengthOfEntry(i32 notated, i64 actual, bool grace);
 
 }  // namespace standin

@@ -9,7 +9,7 @@
 namespace standin {
 namespace {
 
-// A tuplet that changes nothing, to keep a bracket's end at its entry.
+// A tuplet without effect on times, to keep a bracket's end at its entry.
 Bytes HolderOf(const TupletText& text, i16 duration) {
     const EDTTuplet2005 tuplet{1, duration, 1, duration, {}};
     Bytes bytes = BytesOf(tuplet);
@@ -55,7 +55,7 @@ void LineFrame::PushGap(Rational from, Rational to, i64 duration) {
     m_frame.push_back(gap);
 }
 
-// More than one rest when the gap is longer than an entry can be.
+// More than one rest if the gap is longer than one entry can be.
 void LineFrame::FillUntil(Rational time) {
     if (!(m_time < time)) {
         return;

@@ -1,4 +1,4 @@
-// Lays entries that follow one another into a frame: gaps become hidden rests, groups tuplets.
+// Puts consecutive entries into a frame: gaps become hidden rests, groups become tuplets.
 #pragma once
 
 #include <vector>
@@ -15,8 +15,8 @@ public:
     LineFrame(ImportedScore& score, u32 flags, Rational from)
         : m_score{score}, m_flags{flags}, m_time{from} {}
 
-    // Entries in order, none sharing time with another or with a group of another. main: of a
-    // grace note, the note that follows; else the entry itself.
+    // Entries in order, none overlapping another or another's group. main: for a grace note, the
+    // next note; else the entry itself.
     Problem Append(EntryDraft& draft, const EntryDraft& main);
 
     // The frame's entries, up to the end of the last group.

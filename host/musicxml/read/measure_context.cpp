@@ -12,7 +12,7 @@ constexpr i32 kWholeNote = 4 * kQuarterNote;
 constexpr int kMaxSharps = 7;
 constexpr i32 kMaxBeats = 1000;
 
-// "3+2+2" is 7 beats; 0 when it is no such sum.
+// "3+2+2" is 7 beats; 0 if it is not such a sum.
 i32 BeatsOf(std::string_view text) {
     i32 total = 0;
     while (true) {

@@ -1,4 +1,4 @@
-// What <attributes> say that matters for reading the music after them.
+// The <attributes> that affect how the following music is read.
 #pragma once
 
 #include <pugixml.hpp>
@@ -21,7 +21,7 @@ struct MeasureContext {
     Meter meter;
 };
 
-// Takes over what the <attributes> element changes.
+// Applies the <attributes> element.
 Problem ReadAttributes(pugi::xml_node attributes, MeasureContext& context);
 
 // The time signature, compound beats of three joined: 6/8 is two beats of three eighths.

@@ -39,7 +39,7 @@ int MeasureLayers::LayerOf(int staff, std::string_view name) const {
     return -1;
 }
 
-// Grace entries go with the entry that follows them.
+// Grace entries belong to the entry that follows them.
 void MeasureLayers::SplitIntoLines(Voice& voice) {
     const auto byStart = [](const EntryDraft* a, const EntryDraft* b) {
         return a->start < b->start;
@@ -122,7 +122,7 @@ int MeasureLayers::FreeLayer(const Used& used) const {
     return -1;
 }
 
-// A layer below 0 stands for one that carries. Returns kMaxLayers when there are no more of them.
+// A layer below 0 means a carrying layer. Returns kMaxLayers if none is left.
 int MeasureLayers::TakeLayer(const Voice& voice, int layer, Used& used) {
     if (layer < 0) {
         if (used.nextCarried == kMaxLayers) {
@@ -147,7 +147,7 @@ Problem MeasureLayers::ChooseFurtherLayer(Voice& voice, Used& used) {
     return voice.layer == kMaxLayers ? TooManyVoices(voice) : Problem{};
 }
 
-// Its entries join those of a voice of the same staff that it has no time in common with.
+// Its entries join a voice of the same staff that they do not overlap.
 bool MeasureLayers::ShareLayer(Voice& voice) {
     const auto takesIn = [&](const Voice& host) {
         return host.staff == voice.staff && host.layer >= 0 && host.layer < kLayers &&
@@ -170,7 +170,7 @@ bool MeasureLayers::ShareLayer(Voice& voice) {
     return true;
 }
 
-// Known voices first, so that a further one takes a layer that none of them needs here.
+// Known voices first, so that another one takes a layer that none of them needs here.
 Problem MeasureLayers::ChooseLayers(int staff) {
     StaffVoices& names = m_part.staves[static_cast<std::size_t>(staff)];
     Used used{};
@@ -206,7 +206,7 @@ Problem MeasureLayers::ChooseLayers(int staff) {
     return {};
 }
 
-// A tuplet is whole in its line, and has its time there for itself.
+// A tuplet is complete in its line, and nothing else there overlaps it.
 void MeasureLayers::DissolveTornTuplets(const Voice& voice) {
     std::map<TupletGroup*, const Line*> homes;
     std::set<TupletGroup*> torn;

@@ -24,17 +24,17 @@ public:
     // A new entry of a voice on a staff of the part (from 0); valid until Store.
     EntryDraft& Add(int staff, std::string_view voice);
 
-    // Lays each voice into its layer and stores the frames. What shares time with its own
-    // voice goes to a layer that is free in this measure, else to voice 2 of its layer. What finds
-    // no layer is carried.
+    // Puts each voice into its layer and stores the frames. Entries that overlap their own voice go
+    // to a layer that is free in this measure, else to voice 2 of their layer. Entries that fit in
+    // no layer are carried.
     Problem Store();
 
-    // The layer that the measure's voice went to, kLayers or more when it is carried; -1 when it
-    // has no music there.
+    // The layer of the measure's voice, kLayers or more if it is carried; -1 if it has no music
+    // there.
     int LayerOf(int staff, std::string_view voice) const;
 
 private:
-    // Entries one after the other, none sharing time with another.
+    // Consecutive entries that do not overlap.
     struct Line {
         std::vector<EntryDraft*> entries;
         Rational end{};

@@ -12,7 +12,7 @@ namespace standin {
 namespace {
 
 enum class NoteChild {
-    kOwnFact,  // read by the note reader, written anew
+    kOwnFact,  // read by the note reader and written from the music
     kExtra,
     kType,
     kDot,
@@ -61,7 +61,7 @@ std::string NotationsTag(std::string_view attributes) {
     return "<notations" + (attributes.empty() ? "" : ' ' + std::string{attributes}) + '>';
 }
 
-// An id stands once in a file, so that of several pieces only the first can have it.
+// An id must be unique in a file, so only the first of several pieces keeps it.
 std::string WithoutId(std::string_view attributes) {
     const std::string tag = WithAttribute(NotationsTag(attributes), "id", {});
     const std::size_t name = std::string_view{"<notations"}.size();
@@ -102,7 +102,7 @@ void NoteAttachments::CreateNoteText(u32 tag, FragmentId fragment) {
     }
 }
 
-// What is written last is kept last, so that a note written anew reads the same.
+// Kept in the order of writing, so that a rewritten note reads the same.
 void NoteAttachments::AddExtra(std::string_view element) {
     const bool isComment = element.starts_with("<!") || element.starts_with("<?");
     const bool isSeparate = ElementName(element) == "notations";
@@ -131,7 +131,8 @@ bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
         const std::size_t begin = hiddenRest ? 0 : OffsetOf(note.node);
         std::string_view attributes = tag.substr(begin, TagEnd(tag, begin) - begin - 1);
         attributes.remove_prefix(std::strlen("<note"));
-        // What follows the attributes begins with "<", which a careless file has in a value, too.
+        // The text after the attributes begins with "<", which a careless file may also have in a
+        // value.
         for (const char sign : Trimmed(attributes)) {
             m_extras += sign == '<' ? std::string_view{"&lt;"} : std::string_view{&sign, 1};
         }
@@ -264,7 +265,7 @@ void NoteAttachments::ReadNotation(pugi::xml_node notation, std::string_view att
     const std::string_view name = notation.name();
     std::string wrapped;
     std::string_view element = TextOf(m_text, notation);
-    // A footnote stands first, which it would not behind notations of other notes.
+    // A footnote must come first, which it would not after other notes' notations.
     const bool isEditorial = name == "footnote" || name == "level";
     if (!attributes.empty() || isEditorial) {
         wrapped = NotationsTag(attributes);
@@ -299,7 +300,7 @@ void NoteAttachments::ReadArticulations(pugi::xml_node articulations) {
     }
 }
 
-// Those of the chord's first note are the entry's; lines may be those of any note.
+// Elements of the chord's first note belong to the entry; lines may belong to any note.
 void NoteAttachments::ReadOrnaments(pugi::xml_node ornaments) {
     std::string ofLaterNote;
     for (pugi::xml_node child = ornaments.first_child(); child; child = child.next_sibling()) {

@@ -1,4 +1,4 @@
-// What hangs on a note or entry, from its <note> into the host's detail records.
+// Reads the attachments of a note or entry from its <note> into the host's detail records.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace standin {
 
-// The entry that a note element went to.
+// The entry of a note element.
 struct EntryPlace {
     EXENTRY* entry = nullptr;
     WrittenForm* form = nullptr;
@@ -29,7 +29,7 @@ public:
           m_records{score.document->Records()},
           m_spanners{spanners} {}
 
-    // False when the entry's records cannot hold all that hangs on it.
+    // False if the entry's records cannot hold all attachments.
     [[nodiscard]] bool Read(const NoteElement& note, const EntryPlace& place);
 
     // The <tuplet> elements of the note read last.

@@ -9,7 +9,7 @@
 namespace standin {
 namespace {
 
-// No note of music lasts longer.
+// No note lasts longer.
 constexpr i64 kLongestInQuarters = 10000;
 
 std::optional<int> StepOf(std::string_view name) {

@@ -1,5 +1,5 @@
-// One <note> element's own facts: its time, pitch, voice and look. What hangs on it is read by
-// note_attachments.h.
+// The basic values of one <note> element: time, pitch, voice and appearance. note_attachments.h
+// reads its attachments.
 #pragma once
 
 #include <pugixml.hpp>

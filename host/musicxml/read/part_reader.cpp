@@ -23,14 +23,14 @@ Problem NoRoomFor(const std::string& what, pugi::xml_node node) {
     return {"there are more " + what + " than a score of the host can hold", OffsetOf(node)};
 }
 
-// Of <attributes>: that they are plain <divisions>, which the writer chooses as it needs them.
+// Whether <attributes> are plain <divisions>, which the writer chooses itself.
 bool SaysNothingElse(pugi::xml_node attributes) {
     const pugi::xml_node child = attributes.first_child();
     return !attributes.first_attribute() && child == attributes.last_child() &&
            !child.first_attribute() && !child.first_child();
 }
 
-// Where no <divisions> were given, a note's type still tells what its duration means.
+// Without <divisions>, a note's type still gives the unit of its duration.
 Rational ImpliedDivisions(pugi::xml_node note) {
     const NoteType type = NoteTypeOf(Trimmed(note.child_value("type")));
     const auto duration = DecimalOf(note.child_value("duration"));
@@ -67,7 +67,7 @@ Problem PartReader::Read(pugi::xml_node part) {
     return m_spanners.KeepUnpaired() ? Problem{} : NoRoomFor("slurs and other lines", part);
 }
 
-// A measure is called by its number in the file, which need not be its place.
+// Messages name a measure by its number in the file, which may differ from its position.
 void PartReader::NameMeasure(std::string_view number) {
     const bool isPlain =
         std::all_of(number.begin(), number.end(), [](char c) { return c > ' ' && c < '\x7f'; });
@@ -255,7 +255,7 @@ void PartReader::AddLineEnds(pugi::xml_node item) {
     }
 }
 
-// What follows a note in its stream belongs to the next one, when there is one.
+// Items after a note in its stream belong to the next note, if there is one.
 void PartReader::EnterStream(const StreamPlace& note) {
     std::vector<MeasureItem>& items = m_part.measures.back().items;
     for (; m_itemsWaiting < items.size(); ++m_itemsWaiting) {
@@ -347,7 +347,7 @@ void PartReader::GiveLength(NoteElement& note) {
     m_uncounted = joins ? m_uncounted : m_uncounted + length;
 }
 
-// A chord's note joins the entry on its own staff and in its own voice, when it is as long.
+// A chord's note joins the entry on its own staff and in its own voice, if it is as long.
 EntryDraft& PartReader::EntryFor(const NoteElement& note, bool& isNew) {
     Rational start = m_time;
     if (note.chord && !m_chord.empty()) {

@@ -51,8 +51,8 @@ u32 Spanners::Add(const SpannerEnding& ending) {
     return line;
 }
 
-// Voices are written one after the other, so that a stop may stand before its start; in time it
-// never does.
+// Voices are written one after the other, so a stop may come before its start in the text, but
+// never in time.
 u32 Spanners::Start(const SpannerEnding& start) {
     const auto stop = std::find_if(m_stops.begin(), m_stops.end(), [&](const Open& candidate) {
         return BelongTogether(candidate.ending, start) && !AreAtOneEntry(candidate.ending, start) &&
@@ -85,8 +85,8 @@ u32 Spanners::OnTheWay(const SpannerEnding& ending) {
     return start == m_starts.end() ? NewLine(ending) : start->line;
 }
 
-// A number that is taken twice says no more which line is meant: then the voice does, else the
-// latest start. Only trills may begin and end on one note.
+// If a number is open twice, the stop ends the line of its voice, else the latest start. Only
+// trills may begin and end on one note.
 std::vector<Spanners::Open>::iterator Spanners::FindStart(const SpannerEnding& ending) {
     auto best = m_starts.end();
     const auto rank = [&](const Open& start) {
@@ -145,7 +145,7 @@ void Spanners::AddShape(const Pair& pair) {
     AddShape(start, stop, {start.fragment, stop.fragment, start.note, stop.note}, line);
 }
 
-// Both ends are at the one entry, so that the shape goes wherever that goes.
+// Both ends are at the one entry, so that the shape moves with it.
 void Spanners::AddShapeOf(const Open& open) {
     const SpannerEnding& ending = open.ending;
     if (ending.entry == 0) {

@@ -1,5 +1,5 @@
-// Lines of a part (slurs and wedges, among others): finds the two ends of each in the order in
-// which they stand in the text, and makes smart shapes of those between notes.
+// Lines of a part (slurs, wedges and others): finds the two ends of each in document order, and
+// makes smart shapes of those between notes.
 #pragma once
 
 #include <pugixml.hpp>
@@ -22,7 +22,7 @@ struct SpannerEnding {
     LineRole role = LineRole::kStart;
     int number = 1;
     std::size_t offset = 0;  // of the element in the score's text
-    std::string voice;       // of the note; what else tells streams of the part apart
+    std::string voice;  // of the note, or another number that identifies the stream in the part
     u16 staff = 0;
     u16 measure = 0;
     i32 position = 0;  // duration units
@@ -31,7 +31,8 @@ struct SpannerEnding {
     SpannerNote note{};
 };
 
-// Kind, role, number and offset from an element of the score; false when it belongs to no line.
+// Kind, role, number and offset from an element of the score; false if it does not belong to a
+// line.
 bool ReadLineEnd(pugi::xml_node element, SpannerEnding& ending);
 
 class Spanners {
@@ -73,7 +74,7 @@ private:
     Document& m_document;
     PartLines& m_lines;
     std::vector<Open> m_starts;  // waiting for their stop, in document order
-    std::vector<Open> m_stops;   // of this measure, waiting for a start that stands later
+    std::vector<Open> m_stops;   // of this measure, waiting for a start later in the text
     std::vector<Open> m_lost;    // stops without a start
     std::vector<Pair> m_pairs;   // not made into shapes yet
     bool m_fits = true;

@@ -10,17 +10,17 @@
 namespace standin {
 namespace {
 
-constexpr i64 kLongestSpan = 0x7FFF;  // that both a count and a unit can say
+constexpr i64 kLongestSpan = 0x7FFF;  // the limit of both counts and units
 // One less than the host's, which leaves room for an entry's own.
 constexpr std::size_t kMaxOpenTuplets = 3;
 
-// Of the element inside, where a bracket stands in <notations> of its own.
+// The element inside, if a bracket has its own <notations>.
 std::string_view BracketAttribute(std::string_view element, std::string_view name) {
     const bool isWrapped = ElementName(element) == "notations";
     return AttributeText(isWrapped ? element.substr(TagEnd(element, 0)) : element, name);
 }
 
-// The time it is written with, in quarters; 0 when that is not told.
+// Its written time in quarters; 0 if unknown.
 Rational WrittenLength(const EntryDraft& draft) {
     const i32 units = NotatedLength(draft.form.type, draft.form.dots);
     return units <= kLongestSpan ? Rational::OfUnits(units) : Rational{};
@@ -37,7 +37,7 @@ bool IsSaneRatio(Rational ratio) {
            ratio.den <= ratio.num * kLargestRatio;
 }
 
-// The span as the host's whole units, where a record can say it.
+// The span in the host's whole units, if a record can hold it.
 std::optional<i64> SpanInUnits(Rational span) {
     const i64 units = RoundToUnits(span);
     const bool fits = span.IsWholeUnits() && units > 0 && units <= kLongestSpan;
@@ -97,7 +97,7 @@ bool Express(TupletGroup& group, Rational outside) {
     return true;
 }
 
-// Where no ratio can be told, a tuplet of one to one holds the entries together.
+// If no ratio can be found, a tuplet of 1:1 holds the entries together.
 void Shape(TupletGroup& group) {
     if (group.start.IsWholeUnits() && group.end.IsWholeUnits() && Express(group, {1, 1})) {
         return;
@@ -155,8 +155,8 @@ public:
         return true;
     }
 
-    // As many notes of the type as the ratio says, or of one twice as long, and so on. Without a
-    // type given, that of the shortest note.
+    // As many notes of the type as the ratio says, or of a type twice as long, and so on. Without a
+    // type, that of the shortest note.
     bool IsFull() const {
         const NoteRatio& ratio = m_entries.front()->ratio;
         const auto written = SpanInUnits((m_end - m_entries.front()->start) *

@@ -1,5 +1,5 @@
-// Which entries of a measure form tuplets: those between the two ends of a bracket, and, where
-// the file gives ratios without brackets, as many as fill one tuplet.
+// Which entries of a measure form tuplets: those between the two ends of a bracket and, if the file
+// gives ratios without brackets, as many as fill one tuplet.
 #pragma once
 
 #include <deque>
@@ -15,10 +15,10 @@
 
 namespace standin {
 
-// A tuplet of one voice in one measure. On each staff that the voice uses, the tuplet is whole:
-// gaps stand for what the other staves have of it.
+// A tuplet of one voice in one measure. It is complete on each staff that the voice uses: gaps
+// replace the music on the other staves.
 struct TupletGroup {
-    std::vector<EntryDraft*> entries;  // but grace notes; in the file's order, at least one
+    std::vector<EntryDraft*> entries;  // except grace notes; in the file's order, at least one
     TupletGroup* outer = nullptr;
     std::vector<TupletGroup*> inner;
     Rational start{};
@@ -35,7 +35,7 @@ struct TupletGroup {
     bool SharesRatio() const { return !(ratio == Rational{1, 1}); }
 };
 
-// The time that is an entry's own in its line: that of its whole tuplet.
+// The time that an entry occupies in its line: that of its whole tuplet.
 inline Rational SpanStart(const EntryDraft& draft) {
     return draft.tuplet != nullptr ? draft.tuplet->Outermost().start : draft.start;
 }
@@ -53,8 +53,8 @@ public:
     // call; measures come in order.
     void Find(std::deque<EntryDraft>& drafts, u16 measure);
 
-    // Takes an outermost group and all inside it for no tuplets: entries take their time each for
-    // itself, and keep the ends of brackets.
+    // Dissolves an outermost group and all inside it: each entry keeps its own time, and brackets
+    // keep their ends.
     static void Dissolve(TupletGroup& group);
 
     // The bytes of the group's record.

@@ -56,7 +56,7 @@ Voices VoicesOf(const ImportedScore& score, const ScorePart& part, u16 measure) 
     return voices;
 }
 
-// What mending takes away or turns has its other end in another measure.
+// The other end of a removed or changed beam is in another measure.
 CrossingEnds Difference(const ImportedEntry& entry, const BeamedEntry& beamed) {
     CrossingEnds ends{entry.time, entry.beams};
     for (std::size_t level = 0; level < beamed.levels.size(); ++level) {

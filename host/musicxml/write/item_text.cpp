@@ -8,7 +8,7 @@
 namespace standin {
 namespace {
 
-// The element's first child of which test(name) holds, past comments; empty when there is none.
+// The element's first child for which test(name) holds, after comments; empty if none.
 template <typename Test>
 std::string_view ChildWith(std::string_view element, Test test) {
     const std::size_t inner = TagEnd(element, 0);
@@ -26,7 +26,7 @@ std::string_view ChildWith(std::string_view element, Test test) {
     return {};
 }
 
-// What stands between the element's tags, past comments at its begin.
+// The text between the element's tags, after leading comments.
 std::string_view ValueOf(std::string_view element) {
     std::size_t at = TagEnd(element, 0);
     while (element.substr(at).starts_with("<!--")) {
@@ -35,7 +35,7 @@ std::string_view ValueOf(std::string_view element) {
     return element.substr(at, element.find('<', at) - at);
 }
 
-// The item with that voice in the place of its own.
+// The item with that voice instead of its own.
 std::string WithVoice(std::string text, std::string_view voice) {
     const std::string_view child =
         ChildWith(text, [](std::string_view name) { return name == "voice"; });

@@ -1,4 +1,4 @@
-// The text of a direction or another item, with what a change of its place or lines asks for.
+// The text of a direction or another item, adapted to its new place and lines.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ bool CanBeDelayed(const ImportedScore& score, const MeasureItem& item);
 std::string ItemText(const ImportedScore& score, const PartLines& lines, const MeasureItem& item,
                      const LineNumbers& numbers, const ItemChanges& changes);
 
-// A piece of the text as it was read, with new numbers where its lines have such.
+// A piece of the original text, with new numbers for lines that have them.
 std::string WithNewNumbers(std::string_view text, std::size_t begin, std::size_t end,
                            const PartLines& lines, const LineNumbers& numbers);
 

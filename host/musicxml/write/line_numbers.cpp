@@ -9,15 +9,15 @@ namespace {
 
 constexpr std::size_t kNever = std::numeric_limits<std::size_t>::max();
 
-// What a line takes of the text, counted in ends of lines.
+// The range of the text that a line covers, counted in ends of lines.
 struct Span {
     std::size_t first = kNever;
     std::size_t last = 0;
     std::size_t measure = 0;  // of its first end
     bool hasStart = false;
     bool hasStop = false;
-    bool isFixed = true;     // no end stands in a rewritten measure
-    bool isWritten = false;  // every end stands in one
+    bool isFixed = true;     // no end is in a rewritten measure
+    bool isWritten = false;  // every end is in one
 
     bool Exists() const noexcept { return first != kNever; }
     bool IsWhole() const noexcept { return hasStart && hasStop; }
@@ -87,10 +87,10 @@ public:
     }
 
 private:
-    // Lines of a kind that must not have one number. Those that stay as they were are not told
-    // apart from each other.
+    // Lines of a kind that must have different numbers. Unchanged lines are not compared with each
+    // other.
     void FindNeighbours() {
-        std::array<std::vector<u32>, 9> open;  // by kind: those that still go on
+        std::array<std::vector<u32>, 9> open;  // by kind: those still open
         std::array<std::vector<u32>, 9> startsOnly;
         for (const u32 line : m_order) {
             const Span& span = m_spans[line];

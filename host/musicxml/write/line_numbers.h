@@ -1,4 +1,4 @@
-// Numbers that tell the lines of a part apart in the order in which their ends are written.
+// Numbers that identify the lines of a part in the order in which their ends are written.
 #pragma once
 
 #include <optional>
@@ -11,10 +11,10 @@ namespace standin {
 
 class LineNumbers {
 public:
-    // All as they were read.
+    // All unchanged.
     explicit LineNumbers(const PartLines& lines);
 
-    // The number, where it is not the one that was read.
+    // The number, if it differs from the one in the file.
     std::optional<int> NewOf(u32 line) const;
     std::optional<int> NewOfShape(u16 shape) const;
 
@@ -27,7 +27,7 @@ private:
     std::vector<int> m_numbers;  // by line
 };
 
-// What one measure will hold.
+// The future content of one measure.
 struct MeasureEnds {
     std::vector<WrittenEnd> ends;  // in document order
     bool rewritten = false;        // else it stays as it was read
@@ -35,7 +35,7 @@ struct MeasureEnds {
 
 struct ChosenNumbers {
     LineNumbers numbers;
-    // A line that finds no number among 16, with the measure, from 0, that it stands in.
+    // A line for which none of 16 numbers is free, with its measure, from 0.
     struct Failure {
         u32 line = 0;
         std::size_t measure = 0;

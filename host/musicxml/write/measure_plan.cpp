@@ -43,7 +43,7 @@ void MendBeams(const std::vector<CrossingEnds>& crossing, Events& events) {
     }
 }
 
-// Where the expression of a direction with a voice is assigned to.
+// The place to which the expression of a direction with a voice is assigned.
 struct Assignment {
     std::size_t staff = 0;  // within the part
     u16 layer = 0;
@@ -143,7 +143,7 @@ private:
         return VoiceName(m_part, m_measure, place.staff, place.layer);
     }
 
-    // Rather the layer's own voice than a guest in it.
+    // The layer's own voice is preferred to a guest in it.
     Draft* DraftOf(const Assignment& place) {
         const std::string name = NameOf(place);
         Draft* found = nullptr;
@@ -171,7 +171,7 @@ private:
         m_blocks.back().behind.push_back({nullptr, index, item.time, {}});
     }
 
-    // The stream that the item's entry is in; else one of its voice; else whatever fits.
+    // The stream of the item's entry; else one of its voice; else any that fits.
     Draft& StreamOf(const MeasureItem& item) {
         const std::string voice = Escaped(item.voice);
         Draft* ofVoice = nullptr;

@@ -1,5 +1,4 @@
-// What is written of a measure, in the order of its text: streams of notes, each with the items
-// that stand in it.
+// The content of a measure in the order of its text: streams of notes, each with its items.
 #pragma once
 
 #include <string>
@@ -21,7 +20,7 @@ struct PlannedEvent {
     std::string beams;
     BracketPlace place;
     bool beamedByHost = false;
-    bool isFiller = false;  // nobody needs to see it written when its voice holds nothing else
+    bool isFiller = false;  // not written if its voice contains nothing else
     bool cameIn = false;    // since the import
 
     bool IsGrace() const noexcept { return (time.entry->flags & EntryFlag::kGrace) != 0; }
@@ -29,7 +28,7 @@ struct PlannedEvent {
     Rational End() const noexcept { return time.start + time.length; }
 };
 
-// One thing of a stream: an event or, when that is null, an item.
+// One element of a stream: an event or, if that is null, an item.
 struct PlannedStep {
     const PlannedEvent* event = nullptr;
     std::size_t item = 0;  // in the measure as it was read
@@ -37,14 +36,14 @@ struct PlannedStep {
     Rational delay{};      // of an item that belongs to a later time than that
 };
 
-// Events that follow one another in one voice, over as many staves as it has.
+// Consecutive events of one voice, on all its staves.
 struct PlannedStream {
     std::string voice;                 // as it is written
     std::vector<PlannedEvent> events;  // in order of time
     std::vector<PlannedStep> steps;    // the events and the items among them
 };
 
-// A direction's voice, where it differs from the one in its text.
+// A direction's voice, if it differs from the one in its text.
 struct ItemVoice {
     std::size_t item = 0;
     std::string voice;

@@ -29,7 +29,7 @@ std::string ChildIndent(const ImportedScore& score, const PartMeasure& measure) 
     return first < measure.bodyEnd ? std::string{LineIndent(score.text, first)} : std::string{};
 }
 
-// By how much the measure's children stand deeper than the measure.
+// The indentation of the measure's children relative to the measure.
 std::string IndentUnit(const ImportedScore& score, const PartMeasure& measure,
                        std::string_view indent) {
     const std::size_t tag = score.text.rfind('<', measure.bodyBegin - 1);
@@ -81,7 +81,7 @@ std::string MeasureWriter::Write(const MeasurePlan& plan) {
     return std::move(m_out);
 }
 
-// A carried entry goes out as it came, but for the numbers of its lines.
+// A carried entry is copied, except for the numbers of its lines.
 bool MeasureWriter::WriteCarried(const PlannedEvent& event) {
     const auto carried = m_score.carried.find(u32{event.time.entry->entryNumber});
     if (carried == m_score.carried.end()) {
@@ -138,7 +138,7 @@ void MeasureWriter::WriteItem(const PlannedStep& step) {
 
 void MeasureWriter::MoveTo(Rational time) {
     if (!m_mayMove) {
-        return;  // without a note's type, nothing would tell what a duration means
+        return;  // without a note's type, a duration would have no meaning
     }
     if (time < m_time) {
         WriteMove("backup", m_time - time);
@@ -149,8 +149,8 @@ void MeasureWriter::MoveTo(Rational time) {
     m_reached = m_reached < m_time ? m_time : m_reached;
 }
 
-// Music moves to where other divisions hold, which may not tell its length. Finer ones tell what
-// theirs did, too.
+// Music may move to a measure whose divisions cannot express its length. Finer divisions express
+// both.
 void MeasureWriter::MakeRoomFor(Rational length) {
     if (DurationText(length, m_divisions).empty()) {
         const bool fits = !DurationText(length, m_original.grid).empty();

@@ -1,4 +1,4 @@
-// Writes one measure of one part anew, as it was planned.
+// Writes one measure of one part according to its plan.
 #pragma once
 
 #include <string>
@@ -15,7 +15,7 @@ public:
     MeasureWriter(const ImportedScore& score, const ScorePart& part, std::size_t measure,
                   const LineNumbers& numbers);
 
-    // What stands between the measure's tags.
+    // The text between the measure's tags.
     std::string Write(const MeasurePlan& plan);
 
 private:

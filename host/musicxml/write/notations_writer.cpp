@@ -7,7 +7,7 @@
 namespace standin {
 namespace {
 
-// The element with that number, also where it stands inside <notations>.
+// The element with that number, also if it is inside <notations>.
 std::string WithNumber(std::string_view element, int number) {
     const std::string text = std::to_string(number);
     if (ElementName(element) != "notations") {

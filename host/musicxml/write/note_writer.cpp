@@ -111,7 +111,7 @@ bool NoteWriter::Extras(Slot slot) {
     return any;
 }
 
-// Attributes of the first bundle; a second one, of an equal note that joined, adds nothing.
+// Attributes of the first bundle; a second one, from an equal note that joined, is ignored.
 void NoteWriter::Attributes() {
     if (!m_attributes.empty()) {
         m_out->append(1, ' ').append(m_attributes.front());

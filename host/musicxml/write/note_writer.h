@@ -1,4 +1,4 @@
-// Writes one entry as its <note> elements, children in the order that the schema wants.
+// Writes one entry as its <note> elements, with children in the order of the schema.
 #pragma once
 
 #include <deque>
@@ -24,7 +24,7 @@ struct NoteContext {
 
 class NoteWriter {
 public:
-    // indent: what stands before each <note>, with its line break; unit: one step more.
+    // indent: the text before each <note>, with its line break; unit: one more step.
     NoteWriter(const ImportedScore& score, const LineNumbers& numbers, std::string indent,
                std::string_view unit)
         : m_score{score},
@@ -36,7 +36,7 @@ public:
     void Write(const NoteContext& context, const EntryTexts& texts, std::string& out);
 
 private:
-    // Places for children that were kept as they stood; all others have a fixed place.
+    // Places for children that were kept unchanged; all others have a fixed place.
     enum class Slot {
         kGrace,
         kCue,
@@ -101,7 +101,7 @@ private:
     std::deque<std::string> m_made;  // texts that the score does not hold
 };
 
-// A number of divisions as the format writes it; empty when that takes more than 12 digits.
+// A number of divisions in the format's notation; empty if it has more than 12 digits.
 std::string DurationText(Rational length, Rational divisions);
 
 }  // namespace standin

@@ -10,8 +10,8 @@ namespace standin {
 // A line that starts in one stream and stops in another.
 using StreamLink = std::pair<std::size_t, std::size_t>;
 
-// The streams from 0 to count - 1, put so that lines start before they stop; where lines run both
-// ways, so that as few as can be seen at each step do not. Else streams keep their order.
+// Orders the streams from 0 to count - 1 so that lines start before they stop. If lines run both
+// ways, each step picks the stream with the fewest exceptions. Otherwise streams keep their order.
 std::vector<std::size_t> OrderOfStreams(std::size_t count, const std::vector<StreamLink>& links);
 
 }  // namespace standin

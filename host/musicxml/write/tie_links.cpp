@@ -13,7 +13,7 @@ struct TiedNote {
     int note = 0;
 };
 
-// The ends of ties that meet: on one staff, at one time, of one pitch.
+// The ends of ties that meet: on one staff, at one time, at one pitch.
 struct Meeting {
     std::vector<TiedNote> starts;
     std::vector<TiedNote> stops;

@@ -1,4 +1,4 @@
-// Ties that go on in another stream of the measure.
+// Ties that continue in another stream of the measure.
 #pragma once
 
 #include <cstddef>
@@ -8,8 +8,8 @@
 
 namespace standin {
 
-// A tie between two streams. Readers find its end by pitch among the notes of the staff, if they
-// come to it after its start.
+// A tie between two streams. Readers find its end by pitch among the notes of the staff, if it
+// comes after its start in the text.
 struct TieLink {
     std::size_t from = 0;  // the stream
     std::size_t to = 0;
@@ -18,7 +18,7 @@ struct TieLink {
     int note = 0;  // of the start, from 0
 };
 
-// What ends in its own stream or in another measure is left out.
+// Ties that end in their own stream or in another measure are left out.
 std::vector<TieLink> TieLinksOf(const std::vector<const PlannedStream*>& streams);
 
 }  // namespace standin

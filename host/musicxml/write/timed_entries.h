@@ -11,12 +11,12 @@ struct TimedEntry {
     const EXENTRY* entry = nullptr;
     Rational start{};
     Rational length{};       // 0 for a grace entry
-    bool asWritten = false;  // it takes the time its form says
+    bool asWritten = false;  // its time is that of its form
 };
 
-// The voice-1 or the voice-2 entries of a frame, in order. Times follow the forms where these
-// agree with the host's rounded ones, else the tuplets where these give whole divisions of a
-// quarter note, else the nearest division.
+// The voice-1 or the voice-2 entries of a frame, in order. Times come from the forms if these agree
+// with the host's rounded times, else from the tuplets if these give whole divisions of a quarter
+// note, else from the nearest division.
 std::vector<TimedEntry> TimedEntriesOf(const ImportedScore& score, const Frame& frame, bool voice2,
                                        Rational divisions);
 

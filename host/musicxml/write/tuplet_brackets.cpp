@@ -67,7 +67,7 @@ std::string_view InnerElement(std::string_view element) {
     return ElementName(element) == "notations" ? element.substr(TagEnd(element, 0)) : element;
 }
 
-// The element with an attribute, also where it stands inside <notations>.
+// The element with an attribute, also if it is inside <notations>.
 std::string With(std::string_view element, std::string_view name, std::string_view value) {
     const std::string_view inner = InnerElement(element);
     return std::string{element.substr(0, element.size() - inner.size())} +
@@ -144,7 +144,7 @@ public:
 private:
     int Outer(int tuplet) const { return m_tuplets[static_cast<std::size_t>(tuplet)].outer; }
 
-    // The brackets around have theirs already.
+    // The outer brackets already have theirs.
     void Number(Bracket& bracket) {
         std::set<std::string> taken;
         for (int outer = bracket.tuplets.front()->outer; outer >= 0; outer = Outer(outer)) {

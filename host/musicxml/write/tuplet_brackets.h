@@ -1,4 +1,4 @@
-// Where the brackets of tuplets stand in one voice of a measure.
+// The brackets of tuplets in one voice of a measure.
 #pragma once
 
 #include <functional>
@@ -36,10 +36,10 @@ void AddBracketTuplets(const std::vector<EXENTRY>& entries, const RecordStore& r
                        const std::vector<std::size_t>& indices,
                        std::vector<BracketTuplet>& tuplets);
 
-// A bracket starts at the first written entry of its tuplet, on whichever staff, and stops at the
-// last, and has a number that none around it has. One that lacks an end is left out, unless
-// mayStandAlone says that it has it in another measure, or never had it. Around rests left behind
-// it is not shown.
+// A bracket starts at the first written entry of its tuplet, on any staff, stops at the last, and
+// has a number that no outer bracket has. A bracket without one of its ends is left out, unless
+// mayStandAlone says that the other end is in another measure or never existed. Around rests left
+// behind it is not shown.
 void PlaceBrackets(
     std::vector<BracketPlace>& places, const std::vector<BracketTuplet>& tuplets,
     const Fragments& fragments,

@@ -13,7 +13,7 @@ bool IsHiddenRest(const EXENTRY& entry) {
     return entry.noteCount == 0 && (entry.flags & EntryFlag::kIgnore) != 0;
 }
 
-// A hidden rest that nobody needs to see written when its voice holds nothing else.
+// A hidden rest that is not written if its voice contains nothing else.
 bool IsFiller(const EXENTRY& entry, const WrittenForm& form) {
     return IsHiddenRest(entry) && (form.gap || (entry.flags & EntryFlag::kMadeRest) != 0);
 }
@@ -23,7 +23,7 @@ bool SharesTime(const PlannedEvent& a, const PlannedEvent& b) {
            b.time.start < a.End();
 }
 
-// What one voice of one frame holds.
+// The contents of one voice of one frame.
 struct Strand {
     std::string voice;
     std::size_t staff = 0;
@@ -95,7 +95,7 @@ private:
         }
     }
 
-    // Voices that share a layer are strands of their own.
+    // Voices that share a layer are separate strands.
     void CollectStrands(const Frame& frame, FrameKey key, std::size_t staff, bool voice2) {
         std::vector<std::pair<std::string, std::vector<TimedEntry>>> voices;
         for (const TimedEntry& timed : TimedEntriesOf(m_score, frame, voice2, m_original.grid)) {
@@ -138,7 +138,7 @@ private:
         AddBracketTuplets(frame.entries, m_score.document->Records(), indices, strand.tuplets);
     }
 
-    // What is all filler is not written, unless a tuplet would lack what it has on this staff.
+    // A strand of only filler is not written, unless a tuplet needs its part on this staff.
     void DropFillerStrands() {
         std::set<std::pair<std::string, u32>> shared;
         for (const Strand& strand : m_strands) {
@@ -157,7 +157,7 @@ private:
         });
     }
 
-    // By the first entry that was read; new music comes after what its staff has.
+    // Ordered by the first entry in the file; new music comes after the other music of its staff.
     u32 RankOf(const std::vector<TimedEntry>& entries, u16 staff) const {
         u32 rank = m_original.lastEntry + 1;
         for (const TimedEntry& timed : entries) {
@@ -200,7 +200,7 @@ private:
         }
     }
 
-    // Hidden rests that a merge left behind give way to music of their own voice.
+    // Music of the same voice replaces hidden rests that a merge left behind.
     static void DropFillers(std::vector<PlannedEvent>& events,
                             const std::vector<PlannedEvent>& others) {
         for (PlannedEvent& event : events) {
@@ -277,8 +277,8 @@ private:
         }
     }
 
-    // Where part of a tuplet was on another staff of its voice, and came into another voice, it
-    // takes hidden rests to fill the tuplet.
+    // If part of a tuplet was on another staff of its voice and moved to another voice, hidden
+    // rests fill the tuplet.
     static void WriteGapsThatCameIn(const std::vector<PlannedEvent*>& events,
                                     const std::vector<BracketTuplet>& tuplets) {
         for (const BracketTuplet& tuplet : tuplets) {
@@ -362,7 +362,7 @@ private:
         return false;
     }
 
-    // A voice of the staff that is silent here, else the lowest number that the part has not.
+    // A voice of the staff that is silent here, else the lowest number that the part does not use.
     std::string FreeVoice(std::size_t staff) const {
         for (const std::string& name : m_part.staves[staff].names) {
             if (!name.empty() && !IsHere(Escaped(name)) && IsOnlyOn(staff, name)) {
@@ -399,7 +399,7 @@ private:
             });
     }
 
-    // As it was read, where nothing is new; else graces lead to the notes of their time.
+    // As in the file if nothing is new; else grace notes precede the notes at their time.
     void SortByTime(VoiceStream& stream) const {
         const bool isAsRead =
             std::all_of(stream.events.begin(), stream.events.end(),

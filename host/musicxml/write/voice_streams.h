@@ -1,4 +1,4 @@
-// The streams of a measure: which entries are written one after the other, and as which voice.
+// The streams of a measure: which entries are written in sequence, and as which voice.
 #pragma once
 
 #include <set>
@@ -9,19 +9,19 @@
 
 namespace standin {
 
-// A stream on its way into a plan.
+// A stream before it becomes part of a plan.
 struct VoiceStream {
     std::string voice;
     std::string readAs;  // the voice that the layers stand for, where it is another
     std::vector<PlannedEvent> events;
     std::vector<BracketTuplet> tuplets;  // in places among the events as they came together
-    bool changed = false;                // its voice holds other music than was read
+    bool changed = false;                // its voice has other music than in the file
     u32 rank = 0;                        // streams of lower ranks were written first
 };
 
-// The measure counted from 0. A voice that shares no time with itself becomes one stream, over
-// all its staves. Of one that newly would be on two staves at once, rests too, what is away from
-// its own staff becomes a voice that is free there. Layers of nothing but hidden rests give none.
+// The measure counted from 0. A voice that does not overlap itself becomes one stream on all its
+// staves. If a voice, including its rests, would newly be on two staves at once, its music away
+// from its own staff gets a voice that is free there. Layers of only hidden rests become no stream.
 std::vector<VoiceStream> StreamsOf(const ImportedScore& score, const ScorePart& part,
                                    std::size_t measure);
 

@@ -24,7 +24,7 @@ bool IsChanged(const ScorePart& part, std::size_t measure, const Changes& change
     return false;
 }
 
-// One part on its way out: its changed measures planned, its lines numbered.
+// One part to be written: its changed measures planned, its lines numbered.
 class PartWriter {
 public:
     PartWriter(const ImportedScore& score, const ScorePart& part, const Changes& changes,
@@ -75,7 +75,7 @@ public:
 private:
     const ImportedScore& m_score;
     const ScorePart& m_part;
-    std::vector<std::optional<MeasurePlan>> m_plans;  // of the measures to be written anew
+    std::vector<std::optional<MeasurePlan>> m_plans;  // of the measures to be rewritten
     std::optional<ChosenNumbers> m_chosen;
 };
 

@@ -1,4 +1,4 @@
-// MusicXML out: the score's text, with the measures whose music changed written anew.
+// MusicXML output: the score's text, with the changed measures rewritten.
 #pragma once
 
 #include <string>
@@ -8,12 +8,12 @@
 namespace standin {
 
 struct WriteOptions {
-    bool rebuildAll = false;  // write every measure anew, changed or not
+    bool rebuildAll = false;  // rewrite every measure, changed or not
 };
 
-// The file's bytes, in the encoding and, for a .mxl, in the archive it came in. What did not
-// change since the import comes out byte for byte, but for the numbers of lines that changed music
-// now overlaps in the text. Empty when the score cannot be written; problem then says why.
+// The file's bytes, in the encoding and, for a .mxl, in the archive it came in. Measures unchanged
+// since the import are copied byte for byte, except for the numbers of lines that changed music now
+// overlaps in the text. Empty when the score cannot be written; problem then says why.
 std::string WriteScore(const ImportedScore& score, WriteOptions options = {},
                        std::string* problem = nullptr);
 

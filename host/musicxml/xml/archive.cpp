@@ -7,8 +7,8 @@
 namespace standin {
 namespace {
 
-// A small archive can hold any size, and a score takes up to 30 times its text in memory: this
-// bounds it at 2 GB. Larger scores can still be read unpacked.
+// A small archive can unpack to any size, and a score takes up to 30 times its text in memory: this
+// limits it to 2 GB. Larger scores can still be read unpacked.
 constexpr zip_uint64_t kLargestMember = zip_uint64_t{64} << 20U;
 constexpr zip_uint64_t kLargestContainer = zip_uint64_t{1} << 20U;
 
@@ -21,7 +21,7 @@ using ArchiveHandle = std::unique_ptr<zip_t, Discard>;
 using MemberHandle = std::unique_ptr<zip_file_t, Discard>;
 using SourceHandle = std::unique_ptr<zip_source_t, Discard>;
 
-// The source is the caller's too, so that what was written to it can be read.
+// The caller shares the source, so that it can read the written bytes.
 ArchiveHandle OpenArchive(zip_source_t* source, int flags) {
     zip_source_keep(source);
     ArchiveHandle archive{zip_open_from_source(source, flags, nullptr)};
@@ -68,7 +68,7 @@ std::string CloseAndRead(ArchiveHandle archive, zip_source_t* target) {
 
 // The bytes must last until the archive is closed.
 bool AddMember(zip_t* archive, const char* name, std::string_view bytes, zip_int32_t method) {
-    // The first day that a zip archive can tell: all archives of the same music are equal.
+    // The earliest date of a zip archive, so that all archives of the same music are equal.
     constexpr zip_uint16_t kFirstDay = (1U << 5U) | 1U;
     SourceHandle content{zip_source_buffer(archive, bytes.data(), bytes.size(), 0)};
     const zip_int64_t index = content ? zip_file_add(archive, name, content.get(), 0) : -1;

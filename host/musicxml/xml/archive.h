@@ -9,7 +9,7 @@ namespace standin {
 struct ArchiveMember {
     std::string name;
     std::string bytes;
-    std::string problem;  // why there is none; empty when there is
+    std::string problem;  // why it failed; empty on success
 };
 
 bool IsArchive(std::string_view bytes);
@@ -17,8 +17,8 @@ bool IsArchive(std::string_view bytes);
 // The score that META-INF/container.xml names first. Members larger than 64 MiB are refused.
 ArchiveMember ReadArchivedScore(std::string_view archive);
 
-// The archive with that member replaced and all others as they are; empty on failure. The
-// member keeps its time stamp.
+// The archive with that member replaced and all others unchanged; empty on failure. The member
+// keeps its time stamp.
 std::string ReplaceArchivedScore(std::string_view archive, const std::string& member,
                                  std::string_view bytes);
 

@@ -8,7 +8,7 @@ namespace standin {
 
 struct FileBytes {
     std::string bytes;
-    std::string problem;  // why there are none; empty when there are
+    std::string problem;  // why it failed; empty on success
 };
 
 FileBytes ReadFileBytes(const std::filesystem::path& file);

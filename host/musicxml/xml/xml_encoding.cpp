@@ -11,7 +11,8 @@
 namespace standin {
 namespace {
 
-// What windows-1252 has between 0x80 and 0x9F, where ISO 8859-1 has control characters; 0: nothing.
+// The characters of windows-1252 from 0x80 to 0x9F, where ISO 8859-1 has control characters; 0:
+// none.
 constexpr u16 kWindows1252[32] = {0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                   0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0,      0x017D, 0,
                                   0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
@@ -21,7 +22,7 @@ bool IsUnused(u8 byte) {
     return byte >= 0x80 && byte < 0xA0 && kWindows1252[byte - 0x80] == 0;
 }
 
-// Unpaired surrogates come out as what no UTF-8 has, so that the check finds them.
+// Unpaired surrogates become invalid UTF-8, so that the check finds them.
 std::string FromUtf16(std::string_view bytes, bool bigEndian) {
     const auto unit = [&](std::size_t i) {
         const u32 first = static_cast<u8>(bytes[i]);
@@ -70,7 +71,7 @@ std::string FromBytes(std::string_view bytes, Encoding encoding) {
     return text;
 }
 
-// The byte that stands for the character; nothing when the encoding lacks it.
+// The byte of the character; nothing if the encoding lacks it.
 std::optional<u8> ByteOf(char32_t code, Encoding encoding) {
     const bool isLatin1 = encoding == Encoding::kLatin1;
     if (code < 0x80 || (code < 0x100 && (isLatin1 || code >= 0xA0))) {
@@ -113,8 +114,8 @@ DecodedText FromMarkedUtf16(std::string_view bytes, bool bigEndian, bool mark) {
     return {FromUtf16(bytes.substr(mark ? 2 : 0), bigEndian), {encoding, mark}, {}};
 }
 
-// Where the text holds what is not UTF-8; its size when it is. Eight bytes of ASCII are passed
-// over at once: scores have little else.
+// The offset of the first bytes that are not UTF-8; the text's size if there are none. Eight bytes
+// of ASCII are passed over at once: scores have little else.
 std::size_t FindInvalid(std::string_view text) {
     const char* at = text.data();
     const char* const end = at + text.size();
@@ -136,7 +137,7 @@ std::size_t FindInvalid(std::string_view text) {
     return static_cast<std::size_t>(at - text.data());
 }
 
-// The declaration itself could be read byte by byte, so that it is no UTF-16 whatever it says.
+// The declaration could be read byte by byte, so the text is not UTF-16, whatever it says.
 DecodedText FromMislabelled(std::string bytes) {
     if (FindInvalid(bytes) < bytes.size()) {
         return {{}, {}, "the file says that it is UTF-16, but it is not, and no UTF-8 either"};

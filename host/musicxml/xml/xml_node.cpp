@@ -11,7 +11,8 @@ std::size_t OffsetOf(pugi::xml_node node) {
     if (offset <= 0) {
         return 0;
     }
-    // An element's offset is that of its name; that of others, what follows their opening.
+    // The offset of an element is that of its name; of other nodes, that of the text after their
+    // opening.
     const std::ptrdiff_t before = node.type() == pugi::node_comment  ? 4
                                   : node.type() == pugi::node_pi     ? 2
                                   : node.type() == pugi::node_cdata  ? 9

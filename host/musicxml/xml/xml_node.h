@@ -1,4 +1,4 @@
-// Reading values from nodes of a parsed score, and finding the text they came from.
+// Reads values from nodes of a parsed score, and finds their source text.
 #pragma once
 
 #include <optional>
@@ -9,7 +9,7 @@
 
 namespace standin {
 
-// Where the node's '<' stands in the text it was parsed from.
+// The offset of the node's '<' in the text it was parsed from.
 std::size_t OffsetOf(pugi::xml_node node);
 
 // The node's text, from its '<' to past its end.
@@ -21,10 +21,10 @@ std::string_view AttributesOf(std::string_view text, pugi::xml_node node);
 // The first node nested deeper than the limit below the given one; null when there is none.
 pugi::xml_node FindNestedDeeper(pugi::xml_node top, int limit);
 
-// A decimal number such as "-12.5", exactly; none when it is no such number or too long.
+// A decimal number such as "-12.5", exactly; none if it is not a number or too long.
 std::optional<Rational> DecimalOf(std::string_view value);
 
-// A whole number; none when it is none or outside int.
+// A whole number; none if it is not one or outside int.
 std::optional<int> IntegerOf(std::string_view value);
 
 std::string_view Trimmed(std::string_view value);

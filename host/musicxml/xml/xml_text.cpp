@@ -15,7 +15,8 @@ std::size_t FindPast(std::string_view text, std::string_view what, std::size_t f
     return at == std::string_view::npos ? text.size() : at + what.size();
 }
 
-// Past a comment, instruction, CDATA section or declaration; 0 when begin is none of these.
+// The offset after a comment, instruction, CDATA section or declaration; 0 if begin is none of
+// these.
 std::size_t SpecialEnd(std::string_view text, std::size_t begin) {
     const std::string_view rest = text.substr(begin);
     if (rest.starts_with("<!--")) {
@@ -37,7 +38,7 @@ std::size_t SpecialEnd(std::string_view text, std::size_t begin) {
     return 0;
 }
 
-// Where an attribute stands in the element's first tag: its name and value, quotes excluded.
+// The place of an attribute in the element's first tag: its name and value, without quotes.
 struct AttributePlace {
     std::size_t nameBegin = 0;
     std::size_t valueBegin = 0;

@@ -1,4 +1,4 @@
-// The text of an XML file: its encoding, and finding one's way in it by offsets.
+// The text of an XML file: its encoding, and navigation by offsets.
 #pragma once
 
 #include <cstddef>
@@ -19,25 +19,25 @@ struct TextFormat {
 struct DecodedText {
     std::string text;       // UTF-8, without a byte order mark
     TextFormat format;      // how the bytes were written
-    std::string problem;    // why the bytes are no text; empty when they are
+    std::string problem;    // why the bytes are not text; empty if they are
     std::size_t line = 1;   // where, from 1
-    std::string warning{};  // why they were read otherwise than declared; mostly empty
+    std::string warning{};  // why they were not read as declared; usually empty
 };
 
-// Takes the bytes of an XML file to UTF-8, by byte order mark or by the XML declaration.
+// Converts the bytes of an XML file to UTF-8, by byte order mark or by the XML declaration.
 DecodedText DecodeXml(std::string bytes);
 
 // The reverse. A character that the encoding lacks becomes a character reference.
 std::string EncodeXml(std::string text, TextFormat format);
 
-// The line, from 1, on which the offset stands.
+// The line of the offset, from 1.
 std::size_t LineAt(std::string_view text, std::size_t offset);
 
-// The offset just past the node (element, comment, instruction, CDATA) whose '<' stands at
-// begin; the text's size when it does not end. The text must be well-formed.
+// The offset just after the node (element, comment, instruction, CDATA) whose '<' is at begin; the
+// text's size if it does not end. The text must be well-formed.
 std::size_t NodeEnd(std::string_view text, std::size_t begin);
 
-// The offset just past the '>' of the tag whose '<' stands at begin.
+// The offset just after the '>' of the tag whose '<' is at begin.
 std::size_t TagEnd(std::string_view text, std::size_t begin);
 
 // The name of the element whose text begins with '<'.
@@ -49,7 +49,7 @@ std::string_view AttributeText(std::string_view element, std::string_view name);
 // The element with the attribute set; added when missing, dropped when value is empty.
 std::string WithAttribute(std::string_view element, std::string_view name, std::string_view value);
 
-// The text as it stands between tags, with references for the characters that mean markup.
+// The text escaped for use between tags.
 std::string Escaped(std::string_view text);
 
 }  // namespace standin

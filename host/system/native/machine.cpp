@@ -90,7 +90,7 @@ std::error_code WriteThrough(const std::filesystem::path& file, std::string_view
         }
         bytes.remove_prefix(static_cast<std::size_t>(std::max<ssize_t>(written, 0)));
     }
-    // A pipe or a device has nothing to bring to a disk.
+    // A pipe or a device has nothing to flush to a disk.
     const bool failed = fsync(out.descriptor) != 0 && errno != EINVAL && errno != EROFS;
     return failed ? LastError() : std::error_code{};
 }

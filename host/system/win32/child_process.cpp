@@ -19,7 +19,7 @@ struct OwnedHandle {
     const HANDLE handle;
 };
 
-// As the C runtime of the child takes a command line apart: backslashes count only before a
+// Quotes as the child's C runtime parses a command line: backslashes are special only before a
 // quotation mark.
 std::wstring Quoted(const std::wstring& word) {
     std::wstring quoted = L"\"";

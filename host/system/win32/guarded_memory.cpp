@@ -1,4 +1,4 @@
-// Guarded memory by VirtualAlloc: the page behind it is reserved and never committed.
+// Guarded memory by VirtualAlloc: the next page is reserved and never committed.
 #include <windows.h>
 
 #include "host/system/entry_memory.h"

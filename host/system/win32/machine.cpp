@@ -26,7 +26,7 @@ std::error_code LastError() {
 
 void SetShift(BYTE state) {
     std::array<BYTE, 256> keys{};
-    // A thread has a keyboard state of its own once it asked for a message.
+    // A thread has its own keyboard state only after it has called for a message.
     MSG message;
     PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);
     if (GetKeyboardState(keys.data()) != 0) {
@@ -52,12 +52,12 @@ std::unique_ptr<Library> Library::Open(const std::filesystem::path& file, std::s
         problem = std::system_category().message(static_cast<int>(GetLastError()));
         return nullptr;
     }
-    // The texts of alerts that the plug-in names by number are in its own resources.
+    // Numbered texts of alerts are in the plug-in's own resources.
     platform::SetPluginModule(module);
     return std::unique_ptr<Library>{new Library{module}};
 }
 
-// An entry of the table of addresses that is 0 stands for no export.
+// An entry of 0 in the address table means no export.
 bool HideExport(const char* name) {
     auto* const image = reinterpret_cast<unsigned char*>(GetModuleHandleW(nullptr));
     const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(image);
@@ -134,7 +134,7 @@ std::error_code WriteThrough(const std::filesystem::path& file, std::string_view
         failed = WriteFile(out, bytes.data(), part, &written, nullptr) == 0 ? LastError() : failed;
         bytes.remove_prefix(written);
     }
-    // What is no file on a disk has nothing to flush.
+    // Anything but a file on a disk has nothing to flush.
     if (!failed && GetFileType(out) == FILE_TYPE_DISK && FlushFileBuffers(out) == 0) {
         failed = LastError();
     }
@@ -143,7 +143,7 @@ std::error_code WriteThrough(const std::filesystem::path& file, std::string_view
 }
 
 std::filesystem::path MakeTemporaryFolder() {
-    // The number of the process names it alone as long as it runs.
+    // The process number is unique as long as the process runs.
     const std::filesystem::path folder = std::filesystem::temp_directory_path() /
                                          ("plyweld-" + std::to_string(GetCurrentProcessId()));
     std::filesystem::remove_all(folder);
