@@ -10,7 +10,7 @@ namespace standin::cli {
 
 namespace {
 
-// What CLI11 calls an option: "-o,--output", and the argument's name for an argument.
+// The name that CLI11 uses: "-o,--output" for an option, the argument's name for an argument.
 void AddOption(CLI::App& app, const OptionRow& row) {
     const std::string names{row.names};
     if (row.kind == ValueKind::kNone) {
@@ -21,7 +21,7 @@ void AddOption(CLI::App& app, const OptionRow& row) {
         app.add_option(names)->take_all()->allow_extra_args();
         return;
     }
-    // An option without its value is refused in our own words.
+    // A missing value gets this program's own message.
     app.add_option(names)
         ->expected(row.IsArgument() ? 1 : 0, 1)
         ->take_all()
@@ -59,7 +59,7 @@ std::vector<std::string> OptionNames(std::span<const OptionRow> rows) {
     return names;
 }
 
-// The first word that nothing knows; empty when every word has its place.
+// The first unknown word; empty if all words are known.
 std::string UnknownWord(const CLI::App& app, const CommandRow* command) {
     for (const std::string& word : app.remaining(false)) {
         if (word.size() > 1 && word.front() == '-') {
@@ -81,7 +81,7 @@ std::string UnknownWord(const CLI::App& app, const CommandRow* command) {
     return {};
 }
 
-// Takes over what was given of these options; says the first thing that is wrong with them.
+// Collects the values of these options; returns the first error.
 std::string TakeValues(const CLI::App& app, std::span<const OptionRow> rows, Arguments& arguments) {
     std::string problem;
     for (const OptionRow& row : rows) {
@@ -121,7 +121,7 @@ std::string Arguments::Value(OptionId id, std::string_view initial) const {
 Arguments TakeApart(std::vector<std::string> words) {
     CLI::App app;
     app.set_help_flag();
-    app.allow_windows_style_options(false);  // a path may begin with a slash there, too
+    app.allow_windows_style_options(false);  // paths may begin with a slash there, too
     app.allow_extras();
     app.require_subcommand(0, 1);  // a score may be named like a command
     AddOptions(app, ProgramOptions());

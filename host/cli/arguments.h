@@ -1,4 +1,4 @@
-// The words of the command line, taken apart by the table of options.
+// The words of the command line, parsed with the table of options.
 #pragma once
 
 #include <map>
@@ -13,17 +13,17 @@ namespace standin::cli {
 
 struct Arguments {
     const CommandRow* command = nullptr;  // null when none was named
-    // Of each option that was given; a flag has one value, which does not matter.
+    // The values of each given option; a flag has one value, which is ignored.
     std::map<OptionId, std::vector<std::string>> values;
-    std::string problem;  // what is wrong, in one line; empty when nothing is
+    std::string problem;  // the error, in one line; empty if there is none
 
     bool Has(OptionId id) const { return values.contains(id); }
     // The last value given, else the initial one.
     std::string Value(OptionId id, std::string_view initial = {}) const;
 };
 
-// The words without the program's name. A misspelt word counts before anything that is missing;
-// required arguments and the forms of values are checked, unless help or the version is asked for.
+// The words without the program's name. A misspelled word is reported before a missing argument.
+// Required arguments and the forms of values are checked, unless help or the version is requested.
 Arguments TakeApart(std::vector<std::string> words);
 
 }  // namespace standin::cli

@@ -11,7 +11,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// A score, and its place below what was named.
+// A score and its path relative to the given folder.
 struct FoundScore {
     fs::path file;
     fs::path relative;
@@ -35,7 +35,7 @@ void AddScores(const fs::path& folder, std::vector<FoundScore>& scores) {
     }
 }
 
-// Whether the name is what the pattern with * and ? stands for.
+// Whether the name matches the pattern with * and ?.
 bool Matches(std::u32string_view pattern, std::u32string_view name) {
     if (pattern.empty()) {
         return name.empty();

@@ -1,4 +1,4 @@
-// Which scores several inputs mean, and where each goes.
+// The scores of several inputs and their outputs.
 #pragma once
 
 #include <filesystem>
@@ -15,8 +15,8 @@ struct BatchItem {
     std::filesystem::path output;  // empty when nothing is to be written
 };
 
-// The scores of the inputs in their order, each once; a folder's by name, below the output folder
-// in the same folders. A text says what is wrong.
+// The scores of the inputs in order, each once; a folder's scores by name, with the same subfolders
+// below the output folder. A string is an error message.
 std::variant<std::vector<BatchItem>, std::string> ItemsOf(const BatchCommand& command);
 
 }  // namespace standin::cli

@@ -42,8 +42,8 @@ std::string Summary(Text line, std::vector<std::string> start, const Totals& tot
     return Say(line, start);
 }
 
-// Merges each score by a run of this program of its own, some of them at once: what one of them
-// does to its memory, or to its process, is no matter of the others.
+// Merges each score in its own process, several at a time, so that a crash or a lack of memory does
+// not affect the others.
 class Batch {
 public:
     Batch(const BatchCommand& command, std::vector<BatchItem> items)
@@ -116,7 +116,7 @@ private:
         Tell(item, isDone ? ContentOf(report) : std::string{});
     }
 
-    // Both say what went wrong.
+    // Both return an error message.
     static std::string MakeFolderOf(const fs::path& file) {
         std::error_code failed;
         if (!file.parent_path().empty()) {
@@ -182,7 +182,7 @@ private:
     const fs::path m_temporary;
     std::atomic<std::size_t> m_next = 0;
     std::atomic<bool> m_interrupted = false;
-    std::mutex m_output;  // guards what follows, and the streams
+    std::mutex m_output;  // guards the members below, and the streams
     Totals m_totals;
     std::vector<std::string> m_failed;
     nlohmann::ordered_json m_reports = nlohmann::ordered_json::array();

@@ -70,7 +70,7 @@ bool IsScoreName(const std::string& name) {
     return ending == ".musicxml" || ending == ".xml" || ending == ".mxl";
 }
 
-// What cannot be meant, although each option by itself is right.
+// Contradictions between options that are valid by themselves.
 std::string ContradictionIn(const MergeCommand& merge) {
     if (merge.options.source == merge.options.destination) {
         return std::string{Say(Text::kSameLayer)};
@@ -96,7 +96,7 @@ std::string ContradictionIn(const MergeCommand& merge) {
                : Say(Text::kWrongExtension, {merge.output});
 }
 
-// The options that a batch gives on to the merge of each score.
+// The options that a batch passes on to the merge of each score.
 std::vector<std::string> OptionsForEach(const Arguments& arguments) {
     std::vector<std::string> words;
     for (const OptionRow& row : arguments.command->options) {

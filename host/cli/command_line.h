@@ -1,4 +1,4 @@
-// What the user asked for.
+// The user's request.
 #pragma once
 
 #include <optional>
@@ -15,8 +15,8 @@ namespace standin::cli {
 struct SelectionOptions {
     std::vector<MeasureStretch> measures;  // none: all
     double firstBeat = 1;                  // in the first measure, from 1
-    std::optional<double> lastBeat;  // in the last measure, from 1; its whole beat belongs to it
-    int firstStaff = 1;              // from 1, from the top of the score
+    std::optional<double> lastBeat;        // in the last measure, from 1; includes the whole beat
+    int firstStaff = 1;                    // from 1, from the top of the score
     std::optional<int> lastStaff;
     std::string part;  // a part's name; empty: all
 };
@@ -34,7 +34,7 @@ struct MergeCommand {
     bool force = false;  // write a score onto a terminal; clear measures into which nothing moves
 };
 
-// Several scores, a folder, or scores that are written where they were.
+// Several scores, a folder, or scores that are overwritten.
 struct BatchCommand {
     std::vector<std::string> inputs;
     std::string folder;                // to write to; empty when nothing is written, or in place
@@ -70,8 +70,8 @@ struct DoctorCommand {};
 using Command =
     std::variant<MergeCommand, BatchCommand, ShowCommand, CompareCommand, DoctorCommand>;
 
-// The arguments without the program's own name. When there is nothing to run (help was asked
-// for, or the usage is wrong), the text went to the right stream, and the exit code is given.
+// The arguments without the program's own name. If nothing is to be run (help was requested, or the
+// usage is wrong), the text has been printed and the exit code is set.
 std::variant<Command, ExitCode> ParseCommandLine(std::vector<std::string> arguments);
 
 }  // namespace standin::cli

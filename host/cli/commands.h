@@ -1,5 +1,4 @@
-// What the program does: one function a subcommand. Each returns the exit code, and has told
-// the user what there is to tell.
+// The program's subcommands, one function each. Each prints its messages and returns the exit code.
 #pragma once
 
 #include "host/cli/command_line.h"

@@ -22,7 +22,7 @@ readback::Reading Read(const std::string& name, readback::Texts& texts) {
                                 : readback::Reading{nullptr, std::move(file.problem), 0};
 }
 
-// When the score cannot be read, a line on standard error says why.
+// If the score cannot be read, prints the reason to standard error.
 std::unique_ptr<readback::Score> Open(const std::string& name, readback::Texts& texts) {
     readback::Reading reading = Read(name, texts);
     if (reading.score == nullptr) {

@@ -28,7 +28,7 @@ bool IsScore(ValueKind kind) {
            kind == ValueKind::kOutputScore;
 }
 
-// In single quotes, as every shell takes it.
+// In single quotes, for every shell.
 std::string Quoted(std::string_view text) {
     std::string quoted = "'";
     for (const char c : text) {

@@ -27,13 +27,13 @@ std::string Heading(Text text) {
     return "\n" + std::string{Say(text)} + ":\n";
 }
 
-// How many columns the text takes: UTF-8 continues a character with bytes that count for nothing.
+// The width of the text in columns: continuation bytes of UTF-8 do not count.
 std::size_t Columns(std::string_view text) {
     return static_cast<std::size_t>(
         std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
-// The term, and from a column of its own the explanation, broken between words.
+// The term and, in a second column, the explanation, broken between words.
 std::string Row(const std::string& term, std::string_view explanation) {
     std::string text = "  " + term;
     std::size_t at = Columns(text);
@@ -67,7 +67,7 @@ std::string TermOf(const OptionRow& row) {
     return row.value.empty() ? term : term + ' ' + std::string{row.value};
 }
 
-// With the choices and the value that holds without it.
+// With the choices and the default value.
 std::string ExplanationOf(const OptionRow& row) {
     std::string text{Say(row.help)};
     std::string notes;

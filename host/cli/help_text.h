@@ -7,13 +7,13 @@
 
 namespace standin::cli {
 
-// An invocation to start from, and what it does.
+// An example invocation and its effect.
 struct Example {
     std::string_view line;
     Text what{};
 };
 
-// The program's exit codes and what each stands for.
+// The program's exit codes and their meanings.
 struct ExitCodeRow {
     std::string_view code;
     Text meaning{};

@@ -11,7 +11,7 @@ namespace standin::cli {
 
 namespace {
 
-// The first of the places that exists; empty when none does.
+// The first of the paths that exists; empty if none does.
 std::string FirstOf(std::initializer_list<std::filesystem::path> places) {
     for (const std::filesystem::path& place : places) {
         std::error_code failed;

@@ -7,7 +7,7 @@ namespace standin::cli {
 
 namespace {
 
-// Text as troff takes it: a hyphen that may be copied, no command by chance.
+// Escapes text for troff: hyphens that can be copied, and no accidental commands.
 std::string Troff(std::string_view text) {
     std::string escaped;
     for (const char c : text) {

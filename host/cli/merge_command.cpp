@@ -24,7 +24,7 @@ ExitCode Fail(ExitCode code, const std::string& problem) {
     return code;
 }
 
-// The score in the form that the output's name asks for; empty on failure, with the reason.
+// The score in the format of the output's extension; empty on failure, with the reason.
 std::string BytesFor(const std::string& output, ImportedScore& score, std::string& problem) {
     const bool zipped = LowerCaseExtension(output) == ".mxl";
     if (zipped != score.archive.empty()) {
@@ -35,7 +35,7 @@ std::string BytesFor(const std::string& output, ImportedScore& score, std::strin
     return zipped && !text.empty() ? MakeArchive("score.musicxml", text) : text;
 }
 
-// Who names a layer means the voice that has it through the piece.
+// A user who names a layer means the voice that has it throughout the piece.
 OwnLayers LayersNamed(const MergeOptions& options) {
     OwnLayers own{};
     for (const u16 layer : {options.source, options.destination}) {
@@ -46,8 +46,8 @@ OwnLayers LayersNamed(const MergeOptions& options) {
     return own;
 }
 
-// Why Replace is not let loose on the score; empty when it may be. The plug-in itself clears what
-// is selected, as it was told to; here nobody sees the score while it happens.
+// The reason for refusing Replace; empty if it may run. The plug-in clears whatever is selected,
+// but here the user does not see the score.
 std::string ClearedForNothing(const MergeReport& report) {
     const std::vector<const MergedMeasure*> cleared = report.ClearedForNothing();
     if (cleared.empty()) {

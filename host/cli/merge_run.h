@@ -9,9 +9,9 @@
 namespace standin::cli {
 
 struct MergeRun {
-    bool kept = false;     // the edit was ended, not cancelled
+    bool kept = false;     // the edit was ended, not canceled
     bool stopped = false;  // by the user
-    std::string problem;   // why the run failed; empty when it did not
+    std::string problem;   // why the run failed; empty if it did not
 };
 
 // Starts the plug-in, runs its command with these options on the current document's selection,

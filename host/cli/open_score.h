@@ -8,11 +8,11 @@
 
 namespace standin::cli {
 
-// Opens a document, makes it current and reads the score into it; closes it when the scope
-// ends. When the score cannot be read, a line on standard error has said why.
+// Opens a document, makes it current and reads the score into it; closes it when the scope ends. If
+// the score cannot be read, prints the reason to standard error.
 class OpenScore {
 public:
-    // own: layers that a further voice must not take.
+    // own: layers that no further voice may take.
     explicit OpenScore(const std::string& name, OwnLayers own = {});
     ~OpenScore();
     OpenScore(const OpenScore&) = delete;

@@ -1,5 +1,5 @@
-// The commands of the program and their options. Parsing, help, completion and the manual page all
-// come from these rows.
+// The commands of the program and their options. Parsing, help, completion and the manual page are
+// made from these rows.
 #pragma once
 
 #include <span>
@@ -39,7 +39,7 @@ enum class OptionId {
     kVersion,
 };
 
-// What the value of an option is, for its check and for completion.
+// The type of an option's value, for its check and for completion.
 enum class ValueKind {
     kNone,
     kScore,
@@ -55,12 +55,12 @@ enum class ValueKind {
 
 struct OptionRow {
     OptionId id{};
-    // "-o,--output", or a name in capitals for an argument given by its place.
+    // "-o,--output", or a name in capitals for a positional argument.
     std::string_view names;
     Text help{};
     ValueKind kind = ValueKind::kNone;
-    std::string_view value{};    // how help names the value
-    std::string_view initial{};  // the value without the option; empty when there is none to show
+    std::string_view value{};    // the value's name in help
+    std::string_view initial{};  // the default value; empty if there is none to show
     std::string_view choices{};  // separated by blanks
     bool required = false;
 
@@ -78,7 +78,7 @@ struct CommandRow {
 
 std::span<const CommandRow> Commands();
 
-// Null when no command has this name.
+// Null if no command has this name.
 const CommandRow* FindCommand(std::string_view name);
 
 // Those of the program itself and of every command.

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kMaxLinks = 40;
 
-// Where links lead, also when nothing is there yet.
+// The target of links, even if it does not exist yet.
 fs::path Followed(fs::path file) {
     std::error_code failed;
     for (int i = 0; i < kMaxLinks && fs::is_symlink(fs::symlink_status(file, failed)); ++i) {
@@ -38,7 +38,7 @@ fs::path NameBeside(const fs::path& target) {
     }
 }
 
-// Removes a file unless it was kept.
+// Removes a file unless it is kept.
 class Leftover {
 public:
     explicit Leftover(fs::path file) : m_file{std::move(file)} {}

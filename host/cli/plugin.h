@@ -1,4 +1,4 @@
-// The plug-in, loaded from beside the program and driven through its six exports.
+// The plug-in, loaded from the program's folder and called through its six exports.
 #pragma once
 
 #include <memory>
@@ -17,16 +17,16 @@ struct PluginItem {
 
 class Plugin {
 public:
-    // Loads and initialises it, and lists its menu items. Null when it is not there, lacks an
-    // export, speaks another version of the interface, refuses to start or offers no command;
-    // problem then says which. Without a main window the timers that it starts run at once.
+    // Loads and initializes it, and lists its menu items. Null if it is missing, lacks an export,
+    // uses another version of the interface, refuses to start or offers no command; problem then
+    // says which. Without a main window the timers that it starts run at once.
     static std::unique_ptr<Plugin> Start(std::string& problem, WindowHandle mainWindow = nullptr);
     // Terminates and unloads it.
     ~Plugin();
     Plugin(const Plugin&) = delete;
     Plugin& operator=(const Plugin&) = delete;
 
-    // As it listed them when it was started; the command is the first.
+    // As it listed them at its start; the command is the first.
     const std::vector<PluginItem>& Items() const noexcept { return m_items; }
     bool IsEnabled(int item) const;
     // Chooses a menu item. The selection may be null.
@@ -37,7 +37,7 @@ public:
 
 private:
     explicit Plugin(std::unique_ptr<machine::Library> library);
-    // Each empty when all went well, else what is wrong.
+    // Each returns the error; empty on success.
     std::string FindExports();
     std::string Handshake(WindowHandle mainWindow);
     void ListItems(WindowHandle mainWindow);

@@ -1,12 +1,12 @@
-// The run's progress on standard error, and the user's wish to stop it.
+// Shows the run's progress on standard error and lets the user stop it.
 #pragma once
 
 #include "host/score/application.h"
 
 namespace standin::cli {
 
-// Follows the progress that the plug-in reports until the scope ends. Ctrl-C stops the run at
-// the next report; nothing is written when standard error is no terminal.
+// Shows the progress that the plug-in reports until the scope ends. Ctrl-C stops the run at the
+// next report. Nothing is written if standard error is not a terminal.
 class ProgressLine {
 public:
     explicit ProgressLine(u16 lastMeasure);

@@ -1,4 +1,4 @@
-// The program behind its command line.
+// The command-line program.
 #pragma once
 
 #include <string>
@@ -6,8 +6,8 @@
 
 namespace standin::cli {
 
-// Takes "--host MANNERS" from the front of the arguments, by which the stand-in behaves as other
-// hosts may: see host/score/manners.h. False: there is no such manner, and that was told.
+// Takes "--host MANNERS" from the front of the arguments and gives the stand-in these manners; see
+// host/score/manners.h. False: unknown manner, with a message printed.
 bool TakeManners(std::vector<std::string>& arguments);
 
 // The arguments, in UTF-8, without the program's own name. Returns the exit code.

@@ -17,11 +17,11 @@ i32 StartOfBeat(const Document& document, int measure, double beat) {
     return static_cast<i32>(std::lround((beat - 1) * beatDuration));
 }
 
-// Either what was asked for, or why there is none of it.
+// Either the result or the reason why there is none.
 template <typename Value>
 using Found = std::variant<Value, std::string>;
 
-// The place, from 1, of the measure with that name, "#5" or a printed number.
+// The position, from 1, of the measure with that name, "#5" or a printed number.
 Found<u16> PlaceOfMeasure(const Document& document, const std::string& name) {
     const u16 count = document.MeasureCount();
     if (name.front() == '#') {
@@ -40,7 +40,7 @@ Found<u16> PlaceOfMeasure(const Document& document, const std::string& name) {
                {name, PrintedNumber(document, 1), PrintedNumber(document, count)});
 }
 
-// Sets the slots of the region; says why there are none.
+// Sets the slots of the region; returns the reason if there are none.
 std::string SelectStaves(const Document& document, const std::vector<ScorePart>& parts,
                          const SelectionOptions& options, EREGION& region) {
     const int count = static_cast<int>(document.StaffList(0).size());
@@ -69,7 +69,7 @@ std::string SelectStaves(const Document& document, const std::vector<ScorePart>&
     return closest.empty() ? problem : Say(Text::kDidYouMean, {problem, closest});
 }
 
-// Sets the measures of the region; says why there are none.
+// Sets the measures of the region; returns the reason if there are none.
 std::string SelectMeasures(const Document& document, const MeasureStretch& stretch,
                            EREGION& region) {
     const Found<u16> first = PlaceOfMeasure(document, stretch.first);
@@ -86,7 +86,7 @@ std::string SelectMeasures(const Document& document, const MeasureStretch& stret
                                                     : std::string{Say(Text::kSelectionBackwards)};
 }
 
-// Narrows the first and the last region to the beats; says why nothing is left.
+// Narrows the first and the last region to the beats; returns the reason if nothing is left.
 std::string SelectBeats(const Document& document, const SelectionOptions& options,
                         std::vector<EREGION>& regions) {
     EREGION& first = regions.front();

@@ -1,4 +1,4 @@
-// The part of a score that the user asked for.
+// The part of a score that the user selected.
 #pragma once
 
 #include <string>
@@ -11,8 +11,8 @@
 
 namespace standin::cli {
 
-// The regions to merge one after the other, in slots of the score's own staff list; one for each
-// stretch of measures. A text says why there are none.
+// The regions to merge in sequence, in slots of the score's own staff list; one per range of
+// measures. A string is the reason why there are none.
 std::variant<std::vector<EREGION>, std::string> SelectionsIn(const Document& document,
                                                              const std::vector<ScorePart>& parts,
                                                              const SelectionOptions& options);

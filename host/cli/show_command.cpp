@@ -15,7 +15,7 @@ namespace standin::cli {
 
 namespace {
 
-// How many measures of a staff have entries in each layer, and how many in several.
+// How many measures of a staff have entries in each layer and in several layers.
 struct LayersInUse {
     std::array<int, kLayers> measures{};
     int shared = 0;
@@ -88,7 +88,7 @@ std::string TextOf(const nlohmann::ordered_json& json) {
 
 }  // namespace
 
-// A merge that is not written shows what one would do.
+// A merge that is not written shows the effect of one.
 ExitCode Show(const ShowCommand& command) {
     const OpenScore open{command.input, OwnLayers{true}};
     if (!open) {

@@ -6,7 +6,7 @@ namespace standin::cli {
 
 namespace {
 
-// How many letters must be changed, added, left out or swapped with their neighbor.
+// How many letters must be changed, added, deleted or swapped with their neighbor.
 std::size_t Distance(std::string_view a, std::string_view b) {
     std::vector<std::vector<std::size_t>> steps(a.size() + 1,
                                                 std::vector<std::size_t>(b.size() + 1));
@@ -33,7 +33,7 @@ std::string ClosestWord(std::string_view misspelt, const std::vector<std::string
     std::size_t least = std::max<std::size_t>(1, misspelt.size() / 3) + 1;
     for (const std::string& word : words) {
         const std::size_t distance = Distance(misspelt, word);
-        // What was only begun is meant, too.
+        // The beginning of a word matches, too.
         const bool isBegun = misspelt.size() > 3 && word.starts_with(misspelt);
         if (distance < least || (isBegun && closest.empty())) {
             closest = word;

@@ -1,4 +1,4 @@
-// What a misspelt word was meant to be.
+// Suggestions for misspelled words.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace standin::cli {
 
-// The word that differs least, by letters left out, added, changed or swapped; empty when none is
-// near enough to be meant.
+// The word that differs least, by letters deleted, added, changed or swapped; empty if none is
+// close enough.
 std::string ClosestWord(std::string_view misspelt, const std::vector<std::string>& words);
 
 }  // namespace standin::cli

@@ -1,4 +1,4 @@
-// The command's options where the plug-in reads them: a value of the registry.
+// The command's options, stored where the plug-in reads them: a value of the registry.
 #pragma once
 
 #include <optional>
@@ -9,10 +9,10 @@
 
 namespace standin::cli {
 
-// Where in the registry the plug-in keeps its settings.
+// The registry key of the plug-in's settings.
 inline constexpr const char* kBaseKey = "Software\\ZKW\\Finale Plugin Prefs";
 
-// Puts the options into the registry; what stood there comes back when the object ends.
+// Writes the options to the registry; restores the previous value when the object ends.
 class StoredOptions {
 public:
     explicit StoredOptions(const MergeOptions& options);

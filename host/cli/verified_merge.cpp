@@ -9,7 +9,7 @@ namespace standin::cli {
 
 namespace {
 
-// The voices that a layer stands for in a measure of a staff.
+// The voices of a layer in a measure of a staff.
 std::set<std::string> VoicesIn(const Document& document, const StaffVoices& voices, FrameKey key) {
     std::set<std::string> names;
     if (const Frame* frame = document.FindFrame(key)) {
@@ -46,7 +46,7 @@ MergeRun VerifiedMerge::Run(const EREGION& selection) {
     return run;
 }
 
-// What replacing clears: the destination's voices in the selection.
+// The music that Replace clears: the destination's voices in the selection.
 void VerifiedMerge::NoteCleared(const EREGION& selection) {
     u32 staff = 0;
     for (const ScorePart& part : m_score.parts) {

@@ -1,4 +1,4 @@
-// Runs of the command whose result is held against the score it came from.
+// Runs of the command whose result is compared with the original score.
 #pragma once
 
 #include <string>
@@ -11,17 +11,17 @@
 
 namespace standin::cli {
 
-// Twice: over the document, and over the file that was read and the one to be written, by a
-// reading of their own that the merge has no part in.
+// Checks twice: the document, and the input file against the output file, with a separate reading
+// that shares no code with the merge.
 class VerifiedMerge {
 public:
-    // Before any merge of the score, which must outlive this. Checks nothing unless told to verify.
+    // Create before any merge of the score, which must outlive it. Checks only if verify is true.
     VerifiedMerge(const ImportedScore& score, const MergeOptions& options, bool verifies);
 
     MergeRun Run(const EREGION& selection);
 
-    // What the document or the bytes to be written lack or have too much after the runs, a line
-    // each; empty when no music was lost, and when nothing is verified.
+    // Everything lost or added in the document or in the bytes to be written, one line each; empty
+    // if no music was lost, or without verifying.
     std::vector<std::string> Losses(const std::string& bytes);
 
 private:

@@ -38,8 +38,8 @@ ScriptOptions ReadOptions(const std::vector<std::string>& arguments) {
     return options;
 }
 
-// What stands before the line "start" is there when the plug-in starts: "short-menus", and
-// settings. False: a line of it is something else, or was not done.
+// Executes the lines before "start", which prepare the plug-in's start: "short-menus" and settings.
+// False: another line, or one that failed.
 bool Prepare(std::vector<ScriptLine>& lines, MenuBarKind& menus) {
     const auto start = std::find_if(lines.begin(), lines.end(), [](const ScriptLine& line) {
         return line.words[0] == "start";
@@ -80,11 +80,11 @@ int RunScript(const ScriptOptions& options) {
         failures =
             PlayScript({window, options.script.parent_path(), options.pictures, SessionLanguage()},
                        script.lines);
-        // A menu that is still open would not hear of the end.
+        // A menu that is still open would not notice the end.
         SendMessageW(window.Window(), WM_CANCELMODE, 0, 0);
         PostThreadMessageW(windowThread, WM_QUIT, 0, 0);
     }};
-    // The plug-in may have something to say already, which the script answers.
+    // The plug-in may already show an alert, which the script answers.
     window.StartPlugin();
     window.Run();
     player.join();

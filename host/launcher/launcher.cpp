@@ -1,5 +1,5 @@
-// plyweld.exe: starts FINALE.EXE, which lies beside it, with the same arguments, console and exit
-// code. The plug-in asks for a module of that name; a person types the other.
+// plyweld.exe: starts FINALE.EXE in the same folder with the same arguments, console and exit code.
+// The plug-in looks for a module of that name; users type the other.
 #include <windows.h>
 
 #include <cstdio>
@@ -27,8 +27,8 @@ std::wstring ProgramBesideThis() {
     return path.substr(0, path.rfind(L'\\') + 1) + L"FINALE.EXE";
 }
 
-// What follows the program's name on the command line, as it was written: whoever reads it splits
-// it, so that quotes and backslashes arrive untouched.
+// The command line after the program's name, unparsed, so that quotes and backslashes arrive
+// unchanged.
 std::wstring Arguments() {
     const std::wstring line = GetCommandLineW();
     const bool quoted = !line.empty() && line[0] == L'"';
@@ -38,7 +38,7 @@ std::wstring Arguments() {
     return rest == std::wstring::npos ? std::wstring{} : line.substr(rest);
 }
 
-// Opened from a folder window: nobody else uses the console, if there is one.
+// Opened from a folder window: no other program uses the console, if there is one.
 bool IsAloneOnItsConsole() {
     DWORD processes[2];
     return GetConsoleProcessList(processes, 2) <= 1;
@@ -80,7 +80,7 @@ int main() {
     }
     const Handle job{CreateJobObjectW(nullptr, nullptr)};
     EndTogether(job.value, process.value);
-    // Ctrl-C is for the other program: this one waits for what comes of it.
+    // Ctrl-C is meant for the other program; this one waits for its result.
     SetConsoleCtrlHandler(nullptr, TRUE);
     ResumeThread(thread.value);
     WaitForSingleObject(process.value, INFINITE);

@@ -32,7 +32,7 @@ void AppendEscaped(std::string& out, std::string_view text) {
     }
 }
 
-// Whether the number says more than which one of several this is.
+// Whether the number means more than an index.
 bool HasOwnNumber(std::string_view name) {
     return !IsLine(name) && name != "lyric";
 }

@@ -1,4 +1,4 @@
-// An element as text that is equal whenever the elements mean the same.
+// A canonical text for elements: equal if the elements have the same meaning.
 #pragma once
 
 #include <pugixml.hpp>
@@ -7,7 +7,7 @@
 
 namespace standin::readback {
 
-// Elements that come in pairs, told apart by a number that says nothing else.
+// Elements that come in pairs, identified by a number without other meaning.
 bool IsLine(std::string_view elementName);
 
 // Without white space between tags, comments and instructions; attributes by name; without the
@@ -18,7 +18,7 @@ std::string CanonicalXml(pugi::xml_node node);
 // The attributes alone: ` name="value"` each, without the one named.
 std::string CanonicalAttributes(pugi::xml_node node, std::string_view without = {});
 
-// The element's text; values may stand on lines of their own.
+// The element's text; values may be on separate lines.
 std::string TrimmedValue(pugi::xml_node node);
 
 }  // namespace standin::readback

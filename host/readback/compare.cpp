@@ -48,7 +48,7 @@ std::vector<bool> ClearedIn(const Score& score, const std::vector<ClearedMusic>&
     return result;
 }
 
-// False when the scores have too little in common to go on.
+// False if the scores have too little in common to continue.
 bool CompareShape(const Score& before, const Score& after, const Texts& texts, Findings& findings) {
     const auto same = [&](std::size_t was, std::size_t is, const std::string& what) {
         if (was != is) {

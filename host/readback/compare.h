@@ -1,4 +1,4 @@
-// Compares what two files say, in words.
+// Compares the contents of two files and describes the differences.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace standin::readback {
 
-// Music that was cleared by intent: what one voice holds on one staff in a stretch of one measure.
+// Music that was cleared on purpose: one voice on one staff in a part of one measure.
 struct ClearedMusic {
     u32 staff = 0;    // from 1 through the score
     u32 measure = 0;  // from 1, by place, not by printed number
@@ -18,16 +18,17 @@ struct ClearedMusic {
     i64 last = 0;
 };
 
-// One line a difference, such as "m. 5, staff 2, beat 2.5: C#4 quarter lost", with printed measure
-// numbers and beats as the time signature counts them. Empty when there is none; 200 at most.
+// One line per difference, such as "m. 5, staff 2, beat 2.5: C#4 quarter lost", with printed
+// measure numbers and beats as the time signature counts them. Empty when there is none; 200 at
+// most.
 
 // Whether two scores are the same music, whatever their voices and chords. Stems, beams and rests
 // count.
 std::vector<std::string> Differences(const Score& before, const Score& after, const Texts& texts);
 
-// What a merge did that it never should: something lost or gained, or written so that readers take
-// it for something else. It may make chords of notes, join equal marks of a chord, move notes to
-// other voices, let rests come and go, and change stems and beams.
+// The faults of a merge: music lost or added, or written so that readers misread it. A merge may
+// form chords, join equal marks of a chord, move notes to other voices, add and remove rests, and
+// change stems and beams.
 std::vector<std::string> FaultsOfMerge(const Score& before, const Score& after, const Texts& texts,
                                        const std::vector<ClearedMusic>& cleared = {});
 

@@ -1,4 +1,4 @@
-// Whether a merge kept each note, with its company and all that belongs to it.
+// Whether a merge kept each note, with its chord and its attachments.
 #include <algorithm>
 #include <string>
 
@@ -75,7 +75,7 @@ private:
         }
     }
 
-    // Each chord in one chord, with its marks; no mark that none of its notes brought.
+    // Each chord must be in one chord, with its marks; no mark may come from nowhere.
     void CompareCompany(const Group& group) const {
         for (const u32 was : group.before) {
             if (!m_before.score.chords[was].rest && !m_before.isCleared[was]) {
@@ -120,7 +120,7 @@ private:
         }
     }
 
-    // Notes that are nowhere are told as lost.
+    // Missing notes are reported as lost.
     bool HasEachNote(const Chord& chord, const Indices& after) const {
         for (u32 note = chord.notes.begin; note < chord.notes.end; ++note) {
             const u32 id = m_before.noteIds[note];
@@ -131,7 +131,7 @@ private:
         return true;
     }
 
-    // What the first chord had and the second, which has its notes, has not.
+    // Attachments of the first chord that are missing in the second, which has its notes.
     Indices LostAttachments(u32 was, u32 is) const {
         Indices lost;
         const Range& notes = m_before.score.chords[was].notes;
@@ -147,8 +147,8 @@ private:
         return lost;
     }
 
-    // Whether the chord has the attachment, which must be on that note if it is one note's alone.
-    // A lyric may have another number where its own is taken.
+    // Whether the chord has the attachment, which must be on that note if it is one note's alone. A
+    // lyric may have another number if its own is taken.
     static bool Has(const Side& side, u32 chord, const Attachment& wanted, u32 noteId) {
         const Range& notes = side.score.chords[chord].notes;
         bool hasText = false;

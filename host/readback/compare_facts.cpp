@@ -1,4 +1,4 @@
-// Whether two scores hold the same notes, rests and marks, whatever their voices and chords.
+// Whether two scores contain the same notes, rests and marks, regardless of voices and chords.
 #include <algorithm>
 #include <tuple>
 

@@ -1,4 +1,4 @@
-// Whether slurs, hairpins, tuplets and other lines run from where to where they ran.
+// Whether slurs, hairpins, tuplets and other lines still have the same ends.
 #include <algorithm>
 #include <string>
 #include <tuple>
@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* kStopStandsFirst = ": its stop stands before its start";
 
-// An end by what and where it is. Grace notes stand apart from others at their time.
+// An end by kind and place. Grace notes are distinguished from other notes at their time.
 struct EndKey {
     u32 kind;
     LineEnd::Type type;
@@ -92,7 +92,7 @@ private:
         }
     }
 
-    // After a merge tuplets are held against their notes: those of rests come and go.
+    // After a merge, tuplets are compared by their notes, because those of rests may change.
     bool Counts(const Side& side, const Line& line) const {
         return !m_all.merged || m_all.texts[side.score.ends[line.start].kind] != "tuplet";
     }
@@ -149,8 +149,8 @@ private:
         }
     }
 
-    // Whether the end is at the note it was at, or in a chord with it. What the chord has on each
-    // note stays with the note.
+    // Whether the end is at the same note, or in a chord with it. Marks of single notes stay with
+    // the note.
     bool HasEnd(u32 wasIndex, u32 isIndex) const {
         const LineEnd& was = m_before.score.ends[wasIndex];
         const LineEnd& is = m_after.score.ends[isIndex];
@@ -163,7 +163,7 @@ private:
                                                       : HasNote(m_after, is.chord, noteId);
     }
 
-    // What was at a rest may be at the note that took its place, which may begin earlier.
+    // A mark of a rest may be at the note that replaced it, which may begin earlier.
     bool IsMoved(const LineEnd& was, const LineEnd& is) const {
         const bool isThere =
             was.place == is.place ||
@@ -184,7 +184,7 @@ private:
         return {};
     }
 
-    // Ends of which nobody knew who belongs to whom may have found each other.
+    // Ends whose pairing was unknown may be paired now.
     bool WasLoose(const Line& line) const {
         const LineKey key = KeyOf(m_after, line);
         return m_looseBefore.contains(key.first) && m_looseBefore.contains(key.second);
@@ -254,7 +254,7 @@ private:
     Ends m_endsAfter;
     std::map<EndKey, Loose> m_looseBefore;
     std::map<EndKey, Loose> m_looseAfter;
-    std::set<EndKey> m_explained;  // ends of lines whose loss is told
+    std::set<EndKey> m_explained;  // ends of lines already reported as lost
 };
 
 }  // namespace

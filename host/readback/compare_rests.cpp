@@ -1,4 +1,4 @@
-// Whether rests that carry something keep it through a merge.
+// Whether rests keep their marks in a merge.
 #include <string>
 
 #include "host/readback/comparison.h"
@@ -11,7 +11,7 @@ struct Carried {
     u32 chord = 0;  // one of those that carry it
 };
 
-// What the rests carry, by text.
+// The marks of rests, by text.
 std::map<u32, Carried> MarksOf(const Side& side, const Indices& chords, bool withCleared) {
     std::map<u32, Carried> marks;
     for (const u32 index : chords) {
@@ -36,7 +36,7 @@ std::map<u32, Carried> MarksOf(const Side& side, const Indices& chords, bool wit
 
 }  // namespace
 
-// Such rests stay rests, and never become one.
+// Such rests stay rests, and are never joined.
 void CompareRests(const Comparison& comparison, const Group& group) {
     const auto report = [&](const Side& side, const std::map<u32, Carried>& marks,
                             const std::map<u32, Carried>& others, const char* verb) {

@@ -1,4 +1,4 @@
-// Whether a merge wrote something that readers stumble over, where they did not before.
+// Whether a merge wrote something that readers misread, and did not before.
 #include <algorithm>
 #include <string>
 
@@ -9,7 +9,7 @@ namespace {
 
 struct Slip {
     bool Chord::*mark;
-    bool Chord::*counts;  // without it, the mark is nobody's fault
+    bool Chord::*counts;  // otherwise the mark is not a fault of the merge
     const char* words;
 };
 
@@ -22,7 +22,7 @@ constexpr Slip kSlips[] = {
     {&Chord::repeatsLyric, &Chord::repeatsLyric, "has two lyrics with one number"},
 };
 
-// What had the slip before: notes by place, and voices of whole measures for rests.
+// Where the fault existed before: notes by place, and voices of whole measures for rests.
 struct Known {
     std::set<std::tuple<Place, u32>> notes;
     std::set<std::tuple<u32, u32, u32>> voices;  // by part, measure, voice
@@ -76,7 +76,7 @@ void CompareBrokenTuplets(const Comparison& comparison) {
     }
 }
 
-// Some readers take the voice that a direction names for the first of its staff.
+// Some readers take a direction's voice as the first of its staff.
 void CompareEarlyItems(const Comparison& comparison) {
     std::set<std::tuple<Place, u32>> known;
     for (const Item& item : comparison.before.score.items) {

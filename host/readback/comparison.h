@@ -1,4 +1,4 @@
-// What the parts of a comparison share.
+// Shared data of a comparison.
 #pragma once
 
 #include <map>
@@ -27,7 +27,7 @@ struct Comparison {
     bool merged = false;
 };
 
-// Of notes that stand at one time on one staff; grace notes apart from others.
+// Notes at one time on one staff; grace notes separate from others.
 using GroupKey = std::pair<Place, bool>;
 inline GroupKey GroupOf(const Chord& chord) {
     return {chord.place, chord.grace != 0};
@@ -41,7 +41,7 @@ struct Group {
     Indices after;
 };
 
-// Whether the chord has a note like that.
+// Whether the chord has an equal note.
 bool HasNote(const Side& side, u32 chord, u32 noteId);
 
 // Whether all notes of the one chord are in the other.

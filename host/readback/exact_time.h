@@ -8,14 +8,14 @@
 
 namespace standin::readback {
 
-// Always in lowest terms, with a positive denominator. What would need more than 30 bits above or
-// below the line becomes invalid, and stays so.
+// Always in lowest terms, with a positive denominator. A value with more than 30 bits in numerator
+// or denominator becomes invalid, and stays so.
 class ExactTime {
 public:
     constexpr ExactTime() = default;
     ExactTime(i64 numerator, i64 denominator) noexcept;
 
-    // A decimal number such as "-12.5"; zero for what is none.
+    // A decimal number such as "-12.5"; zero for other text.
     static ExactTime OfDecimal(std::string_view text) noexcept;
 
     bool IsValid() const noexcept { return m_den != 0; }
@@ -26,7 +26,7 @@ public:
 
     ExactTime operator+(ExactTime other) const noexcept;
     ExactTime operator-(ExactTime other) const noexcept;
-    // Invalid when the other is zero.
+    // Invalid if the other is zero.
     ExactTime operator/(ExactTime other) const noexcept;
 
     bool operator==(const ExactTime&) const noexcept = default;

@@ -69,7 +69,7 @@ std::string Findings::Quoted(u32 text) const {
     }
     std::size_t end = kLongestText;
     while (end > 0 && (static_cast<unsigned char>(quoted[end]) & 0xC0U) == 0x80U) {
-        --end;  // a character of several bytes is not cut
+        --end;  // does not cut a multi-byte character
     }
     return quoted.substr(0, end) + "...";
 }

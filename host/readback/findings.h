@@ -1,4 +1,4 @@
-// Collects differences and puts them into words.
+// Collects and describes differences.
 #pragma once
 
 #include <string>

@@ -61,7 +61,7 @@ void LinePairing::Close(Open& open) {
     open = {};
 }
 
-// No start in a later measure is early enough for a stop that waits.
+// A start in a later measure is too late for a waiting stop.
 void LinePairing::EndMeasure() {
     for (auto& [key, open] : m_open) {
         if (open.starts < 0) {

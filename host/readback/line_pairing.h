@@ -1,4 +1,4 @@
-// Pairs the ends of lines of one part in the order in which they stand in its text.
+// Pairs the ends of lines of one part in document order.
 #pragma once
 
 #include <map>
@@ -9,10 +9,10 @@
 
 namespace standin::readback {
 
-// A number tells lines apart that are open at once, whatever their time, voice or staff: an end
-// belongs to the open end of its kind and number. A stop may stand before its start within a
-// measure. Where a number is taken again while it is open, nothing says for sure which ends belong
-// together: all ends are loose until as many have stopped as were started.
+// A number identifies lines that are open at once, whatever their time, voice or staff: an end
+// belongs to the open end of its kind and number. Within a measure a stop may come before its
+// start. If a number is started again while it is open, the pairing is unknown: all its ends are
+// loose until as many have stopped as started.
 class LinePairing {
 public:
     explicit LinePairing(Score& score) : m_score{score} {}
@@ -21,12 +21,12 @@ public:
     void EndMeasure();
     void EndPart();
 
-    // The starts of that kind that wait for their stops.
+    // The starts of that kind without a stop so far.
     std::vector<u32> OpenStarts(u32 kind) const;
 
 private:
     struct Open {
-        std::vector<u32> ends;  // one, or several of which nobody knows who belongs to whom
+        std::vector<u32> ends;  // one, or several whose pairing is unknown
         int starts = 0;         // more than stops
         bool contested = false;
     };

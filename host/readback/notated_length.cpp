@@ -9,7 +9,7 @@
 namespace standin::readback {
 
 namespace {
-// From the longest; each is half as long as the one before.
+// From the longest; each is half as long as the previous one.
 constexpr std::array<std::string_view, 14> kTypes{"maxima",  "long",   "breve", "whole", "half",
                                                   "quarter", "eighth", "16th",  "32nd",  "64th",
                                                   "128th",   "256th",  "512th", "1024th"};

@@ -1,4 +1,4 @@
-// How long a note lasts by its looks.
+// The notated length of a note.
 #pragma once
 
 #include <pugixml.hpp>

@@ -37,7 +37,7 @@ Child ChildOf(std::string_view name) {
     return found == kChildren.end() ? Child::kExtra : found->second;
 }
 
-// What a note of a chord keeps for itself when other notes join it.
+// Elements that belong to one note of a chord, not to the whole chord.
 bool IsOfOneNote(std::string_view notation) {
     constexpr std::array<std::string_view, 6> kOfOneNote{
         "technical", "arpeggiate", "non-arpeggiate", "accidental-mark", "footnote", "level"};
@@ -48,7 +48,7 @@ bool HoldsMarks(std::string_view notation) {
     return notation == "articulations" || notation == "ornaments" || notation == "technical";
 }
 
-// What a rest may lose to music that takes its place.
+// Elements that a rest may lose when music replaces it.
 bool IsLookOfRest(pugi::xml_node child) {
     return std::string_view{child.name()} == "instrument" && child.parent().child("rest");
 }
@@ -118,7 +118,7 @@ void NoteReading::ReadChild(pugi::xml_node child) {
 }
 
 void NoteReading::ReadNotations(pugi::xml_node notations) {
-    // An id stands once in a file, so that only the first of several pieces could keep it.
+    // An id must be unique in a file, so only the first of several pieces can keep it.
     const std::string attributes = CanonicalAttributes(notations, "id");
     const std::string wrapping = attributes.empty() ? "" : "<notations" + attributes + '>';
     for (const pugi::xml_node notation : notations.children()) {

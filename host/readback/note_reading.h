@@ -1,4 +1,4 @@
-// Reads what stands on one <note> of a score.
+// Reads one <note> of a score.
 #pragma once
 
 #include <pugixml.hpp>
@@ -32,7 +32,7 @@ private:
     std::string m_form;
 };
 
-// How a line's "type" counts.
+// The role of a line's "type".
 LineEnd::Type TypeOfLine(pugi::xml_node line);
 
 }  // namespace standin::readback

@@ -1,4 +1,4 @@
-// How a note is called in messages.
+// Names of notes in messages.
 #pragma once
 
 #include <pugixml.hpp>

@@ -89,8 +89,8 @@ void PartReading::ReadNote(pugi::xml_node note) {
     PairNewEnds();
 }
 
-// A note whose duration is none lasts as long as its chord, or as it looks. What follows begins
-// later than the file counts, up to the next <backup>.
+// A note without duration lasts as long as its chord, or its notated length. The following notes
+// begin later than in the file's count, up to the next <backup>.
 ExactTime PartReading::LengthOfNone(pugi::xml_node note) {
     if (note.child("chord") && !m_score.chords.empty()) {
         return m_score.chords.back().duration;
@@ -113,7 +113,7 @@ void PartReading::BeginChord(pugi::xml_node note, ExactTime duration) {
     chord.notes.begin = static_cast<u32>(m_score.notes.size());
 }
 
-// Whatever stands before the barline is taken to be at it.
+// Everything just before the barline counts as being at it.
 void PartReading::Move(ExactTime by) {
     m_isExact = m_isExact && (m_cursor + by).IsValid();
     m_cursor = std::max(m_cursor + by, ExactTime{});
@@ -177,7 +177,7 @@ void PartReading::PairNewEnds() {
     }
 }
 
-// Where no staff is named, that of the next note counts, or of the last before the measure's end.
+// Without a staff number, the next note's staff counts, or at the measure's end the last note's.
 void PartReading::PlaceInStreams(u32 firstChord) {
     const auto end = static_cast<u32>(m_score.chords.size());
     std::map<u32, u32> firstOfStaff;
@@ -201,7 +201,7 @@ void PartReading::AddItem(const Place& place, std::string text, bool closesMeasu
     m_score.items.push_back({m_part, place, closesMeasure, false, m_texts.Of(std::move(text))});
 }
 
-// Counts back from the note that they lead to, in each voice.
+// Counts back from their main note, in each voice.
 void PartReading::NumberGraceNotes(u32 firstChord) {
     std::map<u32, u32> countOfVoice;
     for (auto at = static_cast<u32>(m_score.chords.size()); at > firstChord; --at) {

@@ -1,4 +1,4 @@
-// Reads one <part>: where its notes, directions and all else stand.
+// Reads one <part>: its notes, directions and other elements, with their places.
 #pragma once
 
 #include <map>
@@ -15,14 +15,14 @@ namespace standin::readback {
 
 class PartReading {
 public:
-    // Reads into the last part of the score, whose staves are counted.
+    // Reads into the last part of the score, whose staves are known.
     PartReading(Score& score, Texts& texts);
 
-    // False when the times of a measure cannot be told exactly; it is then the last one.
+    // False if the times of a measure cannot be computed exactly; it is then the last one.
     bool Read(pugi::xml_node part);
 
 private:
-    // An item that belongs to a stream of notes: readers go by where it stands in the text.
+    // An item in a stream of notes: readers use its place in the text.
     struct StreamItem {
         u32 item = 0;
         u32 next = 0;  // chord, if there is one in the measure
@@ -61,13 +61,12 @@ private:
     ExactTime m_beat{1, 1};
     ExactTime m_cursor;
     ExactTime m_chordOnset;
-    ExactTime m_uncounted;               // what the cursor is ahead of the file's count
+    ExactTime m_uncounted;               // how far the cursor is ahead of the file's count
     std::vector<StreamItem> m_unplaced;  // of the measure
     std::set<u32> m_broken;              // tuplets by their starts
 };
 
-// What one beat takes as the time signature counts, in quarter notes; the fallback when it cannot
-// be told.
+// The length of a beat of the time signature, in quarter notes; the fallback if it is unknown.
 ExactTime BeatOf(pugi::xml_node time, ExactTime fallback);
 
 }  // namespace standin::readback

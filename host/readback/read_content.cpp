@@ -42,7 +42,7 @@ void ReadHeader(pugi::xml_node root, Score& score, Texts& texts) {
     }
 }
 
-// One line, whatever of the file it quotes.
+// One line, even if the quoted text has several.
 Reading Refused(std::string problem, std::size_t line) {
     std::replace_if(
         problem.begin(), problem.end(),

@@ -11,14 +11,14 @@
 namespace standin::readback {
 
 struct Reading {
-    std::unique_ptr<Score> score;  // null when the file cannot be read
-    std::string problem;           // one line on why not
+    std::unique_ptr<Score> score;  // null if the file cannot be read
+    std::string problem;           // the reason, in one line
     std::size_t line = 0;          // in the XML, from 1; 0 when no line is to blame
 };
 
-// Takes the bytes of a file: partwise MusicXML, plain or in an archive. Whatever is well-formed
-// is read; values that make no sense count as missing. The archive and the encoding are undone by
-// the same helpers as for every reading of a score, and nothing beyond that is shared.
+// Takes the bytes of a file: partwise MusicXML, plain or in an archive. Any well-formed file is
+// read; invalid values count as missing. Unpacking and decoding are shared with the other reader,
+// but nothing else.
 Reading ReadContent(std::string bytes, Texts& texts);
 
 // The same for XML in UTF-8.

@@ -1,7 +1,7 @@
-// What a MusicXML score says, as a plain list of facts in the order of the file.
+// The content of a MusicXML score, as a plain list in the order of the file.
 //
-// This is a second reading, for the checks alone: it knows nothing of layers, entries or records,
-// and pairs the two ends of a line as the format has it, by their order in the part's text.
+// This is a second reader, only for the checks: it has no layers, entries or records, and pairs the
+// two ends of a line as the format defines, by their order in the part's text.
 #pragma once
 
 #include <string>
@@ -26,13 +26,13 @@ struct Place {
     }
 };
 
-// A stretch of one of the lists below.
+// A range of one of the lists below.
 struct Range {
     u32 begin = 0;
     u32 end = 0;
 };
 
-// Something on a note or rest: an articulation, a lyric, a notehead.
+// An attachment of a note or rest: an articulation, a lyric, a notehead.
 struct Attachment {
     u32 text = 0;         // canonical
     u32 lyric = kNone;    // the number of a lyric
@@ -64,7 +64,7 @@ struct Chord {
     bool sharesTime = false;          // with another of its voice and staff
     bool onTwoStaves = false;         // its voice sounds on another staff, too
     bool repeatsLyric = false;        // two lyrics have one number
-    bool tieRunsBackward = false;     // where its tie ends stands before it in the text
+    bool tieRunsBackward = false;     // its tie ends earlier in the text
     bool tieCouldRunForward = false;  // with its voices the other way round
     Range notes;
     std::vector<u32> brackets;  // of the tuplets it is in, by text
@@ -77,14 +77,14 @@ struct LineEnd {
     enum class Type : u8 { kStart, kStop, kOther };
     Type type = Type::kOther;
     u32 kind = 0;    // the element's name
-    u32 number = 0;  // as written, "1" when it is not
+    u32 number = 0;  // as written, "1" if missing
     u32 text = 0;    // canonical
     Place place;
-    u32 chord = kNone;  // none when it stands in a direction
+    u32 chord = kNone;  // none in a direction
     u32 note = kNone;
 };
 
-// Why an end has no partner, or none for sure.
+// Why an end has no partner, or no certain one.
 enum class Loose : u8 { kNoStart, kNoStop, kNumberTakenTwice };
 
 struct LooseEnd {
@@ -105,13 +105,13 @@ struct BrokenTuplet {
     Place place;  // where it starts
 };
 
-// Whatever else stands in a measure, or outside the parts.
+// Any other element of a measure or outside the parts.
 struct Item {
     u32 part = 0;  // from 0
     Place place;
     bool closesMeasure = false;
-    // Names a voice and stands before the first note of its staff in the measure, which has
-    // another.
+    // Names a voice and comes before the first note of its staff in the measure, which has another
+    // voice.
     bool comesTooEarly = false;
     u32 text = 0;
 };
@@ -119,7 +119,7 @@ struct Item {
 struct MeasureContent {
     u32 number = 0;  // as printed, by text
     ExactTime beat{1, 1};
-    ExactTime length;        // the farthest that its content reaches
+    ExactTime length;        // the latest time of its content
     ExactTime fullestVoice;  // the most that the durations of one voice add up to
 };
 

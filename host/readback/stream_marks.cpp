@@ -82,20 +82,20 @@ void MarkTuplets(Score& score, Texts& texts) {
     }
 }
 
-// From a chord to one that stands in another place of the text.
+// From a chord to one elsewhere in the text.
 struct Run {
     u32 from = 0;  // chords
     u32 to = 0;
 };
 
-// Ties within a measure: where each ends is looked for by pitch and staff, as readers do.
+// Ties within a measure: each end is found by pitch and staff, as readers do.
 std::vector<Run> TiesOf(const Score& score) {
     const auto keyOf = [&score](const Note& note, ExactTime time) {
         const Chord& chord = score.chords[note.chord];
         return std::tuple{chord.place.staff, chord.place.measure, time, note.pitch};
     };
     using Key = decltype(keyOf(score.notes[0], ExactTime{}));
-    std::map<Key, u32> lastStop;  // by where it stands
+    std::map<Key, u32> lastStop;  // by its place in the text
     for (const Note& note : score.notes) {
         if (note.tieStop) {
             lastStop[keyOf(note, score.chords[note.chord].place.onset)] = note.chord;

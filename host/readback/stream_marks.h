@@ -1,5 +1,5 @@
-// Finds what readers stumble over, once a score is read: what shares time with its own voice, what
-// tuplets notes are in, ties that run backward in the text, lyrics with one number.
+// Finds notation that readers misread, after a score is read: overlaps within a voice, the tuplets
+// of notes, ties that run backward in the text, lyrics with equal numbers.
 #pragma once
 
 #include "host/readback/score_content.h"

@@ -1,4 +1,4 @@
-// Texts by number: equal texts of both scores of a comparison have equal numbers.
+// Numbers for texts: equal texts of both scores of a comparison have equal numbers.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// Whether the voices of a measure could stand in an order in which lines run forward in the text.
+// Whether the voices of a measure could be ordered so that lines run forward in the text.
 #pragma once
 
 #include <map>
@@ -9,12 +9,13 @@
 
 namespace standin::readback {
 
-// Of one measure of one part. Lines that run from one voice to another want the one to stand first.
+// For one measure of one part. A line from one voice to another requires the first voice to come
+// first.
 class VoiceOrder {
 public:
     void Want(u32 first, u32 second) { m_wanted[first].insert(second); }
 
-    // False when other lines want it the other way round, be it through further voices.
+    // False if other lines require the opposite order, directly or through other voices.
     bool Allows(u32 first, u32 second) const;
 
 private:

@@ -1,4 +1,4 @@
-// The questions for a file name.
+// The dialogs for a file name.
 #pragma once
 
 #include <filesystem>
@@ -8,7 +8,7 @@
 
 namespace standin::desktop {
 
-// Nothing when the user thinks better of it.
+// Nothing if the user cancels.
 std::optional<std::filesystem::path> AskForFileToOpen(HWND owner);
 std::optional<std::filesystem::path> AskForFileToSave(HWND owner,
                                                       const std::filesystem::path& present);

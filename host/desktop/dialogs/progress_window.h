@@ -1,4 +1,4 @@
-// Shows how far the plug-in is, with a Stop button, and lets the user work nothing else.
+// Shows the plug-in's progress with a Stop button and blocks all other input.
 #pragma once
 
 #include <optional>
@@ -17,10 +17,10 @@ public:
     ProgressWindow(const ProgressWindow&) = delete;
     ProgressWindow& operator=(const ProgressWindow&) = delete;
 
-    // One report of the plug-in. The window comes up when a run takes longer than a moment.
-    // False: the user has pressed Stop.
+    // One report of the plug-in. The window appears once a run takes more than a moment. False: the
+    // user has pressed Stop.
     bool Report(const ProgressReport& report);
-    // Takes the window away; the next report begins a new run.
+    // Closes the window; the next report begins a new run.
     void Finish();
 
     // Waits this long at each report, so that a short piece takes as long as a large one.

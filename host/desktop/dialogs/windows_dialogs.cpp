@@ -11,7 +11,7 @@ namespace standin::desktop {
 
 namespace {
 
-// Where a dialog comes up unless it says otherwise: in the middle of its owner.
+// The default place of a dialog: the middle of its owner.
 void PlaceOver(HWND owner, HWND dialog) {
     RECT above{};
     RECT rect{};
@@ -67,7 +67,7 @@ INT_PTR WindowsDialogs::Handle(HWND window, UINT message, WPARAM word, LPARAM da
         return result != 0 && !dialog->focusGiven ? TRUE : FALSE;
     }
     if (message == WM_DESTROY) {
-        // Its object may be gone; a modal dialog is forgotten where it was run.
+        // Its object may be gone; a modal dialog is removed where it was run.
         SetWindowLongPtrW(window, DWLP_USER, 0);
         dialog->ended = true;
         if (!dialog->modal) {

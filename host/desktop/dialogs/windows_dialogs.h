@@ -17,12 +17,12 @@ public:
     WindowsDialogs(MessagePump& pump, HWND mainWindow);
     ~WindowsDialogs() override { CloseAll(); }
 
-    // Closes what is still open; the plug-in hears of it as of any other closing.
+    // Closes all open dialogs; the plug-in gets the usual events.
     void CloseAll();
 
     i16 Dialog(u16 dialogNumber, DialogEventCallback callback, WindowHandle owner, u16 flags,
                void* dialogObject) override;
-    // A modal dialog goes away when its loop comes round, a modeless one at once.
+    // A modal dialog closes at the next turn of its loop, a modeless one at once.
     i16 EndDialog(WindowHandle window) override;
     u32 GetItemVal(WindowHandle window, u16 control, i16 kind) override;
     i16 SetItemVal(WindowHandle window, u16 control, i16 kind, u32 value) override;
@@ -52,7 +52,7 @@ private:
     static INT_PTR CALLBACK Procedure(HWND window, UINT message, WPARAM word, LPARAM data);
     static INT_PTR Handle(HWND window, UINT message, WPARAM word, LPARAM data);
     static INT_PTR ResultOf(HWND window, UINT message, i16 result);
-    // Null for a window that is no open dialog of this service.
+    // Null for a window that is not an open dialog of this service.
     OpenDialog* Find(HWND window);
     void Forget(HWND window);
 

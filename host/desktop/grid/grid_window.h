@@ -1,4 +1,4 @@
-// The window in which the score is shown and music is selected.
+// The window that shows the score and lets the user select music.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace standin::desktop {
 
 class GridWindow {
 public:
-    // The listener hears of each change of the selection that the user makes here.
+    // The listener is called for each change of the selection that the user makes here.
     GridWindow(HWND parent, std::function<void()> selectionListener);
     GridWindow(const GridWindow&) = delete;
     GridWindow& operator=(const GridWindow&) = delete;
@@ -22,7 +22,7 @@ public:
     void ShowDocument();
     void Redraw() const { InvalidateRect(m_window, nullptr, FALSE); }
 
-    // What the menu offers; they act as the same keys do.
+    // The menu's commands, same as their keys.
     void SelectAll();
     void SelectNone();
     void WidenToMeasures();
@@ -61,7 +61,7 @@ private:
     int m_scrollX = 0;
     int m_scrollY = 0;
     bool m_dragging = false;
-    SelectionUnit m_dragUnit = SelectionUnit::kMeasure;  // as the drag began
+    SelectionUnit m_dragUnit = SelectionUnit::kMeasure;  // at the start of the drag
 };
 
 }  // namespace standin::desktop

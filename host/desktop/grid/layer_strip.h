@@ -1,4 +1,4 @@
-// What a layer holds in one staff and measure, as the grid draws and names it.
+// The contents of a layer in one staff and measure, as drawn and named by the grid.
 #pragma once
 
 #include <string>

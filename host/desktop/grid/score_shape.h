@@ -1,4 +1,4 @@
-// What a score looks like as a grid: its staves and the lengths of its measures.
+// The shape of a score as a grid: its staves and the lengths of its measures.
 #pragma once
 
 #include <vector>

@@ -111,7 +111,7 @@ void SelectionEditor::Adopt(const std::optional<EREGION>& region) {
     if (region->endPosition < Measure(last.measure).duration - 1) {
         last.beat = std::max(i32{region->endPosition}, 0) / Measure(last.measure).beat;
     }
-    // A whole measure reaches to both of its ends, so beside a beat it is told in beats too.
+    // A whole measure extends to both of its ends, so next to a beat it is also expressed in beats.
     if (first.beat != kWhole || last.beat != kWhole) {
         first.beat = std::max(first.beat, 0);
         last.beat = last.beat == kWhole ? Measure(last.measure).Beats() - 1 : last.beat;

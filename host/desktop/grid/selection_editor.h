@@ -14,15 +14,15 @@ enum class Direction { kLeft, kRight, kUp, kDown };
 
 class SelectionEditor {
 public:
-    // A selection that reaches beyond the new shape is given up.
+    // A selection beyond the new shape is dropped.
     void SetShape(ScoreShape shape);
 
     // Selects the measure or beat at a place of the score.
     void Begin(GridPoint point, SelectionUnit unit);
-    // Lets the selection reach to there; as Begin when nothing is selected.
+    // Extends the selection to there; same as Begin if nothing is selected.
     void Extend(GridPoint point, SelectionUnit unit);
-    // Selects the next measure, beat or staff in a direction, or lets the selection reach to
-    // it. Selects the first one when nothing is selected. The edges of the score hold.
+    // Selects the next measure, beat or staff in a direction, or extends the selection to it.
+    // Selects the first one if nothing is selected. Stops at the edges of the score.
     void Move(Direction direction, SelectionUnit unit, bool extend);
     void SelectAll();
     void Clear() { m_span.reset(); }

@@ -15,7 +15,7 @@ std::u16string StaffName(const Document& document, i16 slot, u16 list) {
     return name.empty() ? u"staff " + Number(slot) : name;
 }
 
-// The beat, from 1, that a position lies in; nothing when it says no more than the measure.
+// The beat, from 1, of a position; nothing if it adds nothing to the measure.
 std::u16string Beat(const Document& document, i16 measure, i32 position, bool says) {
     const i32 beat = document.Measure(static_cast<u16>(measure)).beatDuration;
     return says && beat > 0 ? u" beat " + Number(position / beat + 1) : std::u16string{};

@@ -1,4 +1,4 @@
-// The selection in words, for the status bar.
+// The description of the selection for the status bar.
 #pragma once
 
 #include <optional>

@@ -1,5 +1,5 @@
-// Bytes as a script writes them: hexadecimal digits in groups, 'text' for its UTF-8, and
-// XX*N for N times the same. "?" stands for any digit.
+// The bytes of a script: hexadecimal digits in groups, 'text' for its UTF-8, and XX*N for N times
+// the same. "?" matches any digit.
 #pragma once
 
 #include <optional>

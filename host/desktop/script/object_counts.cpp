@@ -22,7 +22,7 @@ int WindowCount(HWND mainWindow) {
     return count;
 }
 
-// Menus cannot be listed; a handle's lower half alone is taken for the handle.
+// Menus cannot be listed, but a handle's lower half works as the handle.
 int MenuCount() {
     constexpr std::uintptr_t kFirstHandle = 0x20;
     constexpr std::uintptr_t kEnd = 0x10000;
@@ -33,7 +33,7 @@ int MenuCount() {
     return count;
 }
 
-// A place in the table of drawing objects. Wine keeps one for each process.
+// An entry in the table of drawing objects. Wine has one table per process.
 struct DrawingObject {
     std::uint64_t object;
     std::uint32_t owner;
@@ -57,7 +57,7 @@ std::span<const DrawingObject> DrawingObjects() {
     return {table, table != nullptr ? kTableLength : 0};
 }
 
-// Handles cannot be listed either, and Wine does not count them.
+// Handles cannot be listed, and Wine does not count them.
 int HandleCount() {
     constexpr std::uintptr_t kEnd = 0x8000;
     int count = 0;

@@ -1,4 +1,4 @@
-// What the program has of the system's objects, so that a script sees what is not given back.
+// Counts of the program's system objects, so that a script can find leaks.
 #pragma once
 
 #include <cstddef>
@@ -20,8 +20,8 @@ struct ObjectCounts {
 
 ObjectCounts CountObjects(HWND mainWindow);
 
-// What is now more than it was, as text; empty when nothing is. Windows, menus, fonts and what is
-// stored must be as many; the others vary a little with what is painted when.
+// Describes the growth; empty if there is none. Windows, menus, fonts and stored bytes must be
+// equal; the others vary a little with painting.
 std::string Growth(const ObjectCounts& before, const ObjectCounts& now);
 
 }  // namespace standin::desktop

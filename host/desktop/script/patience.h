@@ -1,4 +1,4 @@
-// How long a script waits for the program, and between two looks at it; milliseconds.
+// How long a script waits for the program, and between two checks; milliseconds.
 #pragma once
 
 namespace standin::desktop {

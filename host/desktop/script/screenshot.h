@@ -1,4 +1,4 @@
-// Pictures of what is on the screen.
+// Pictures of the screen.
 #pragma once
 
 #include <filesystem>

@@ -31,7 +31,7 @@ std::string Done(bool done, const char* otherwise) {
     return done ? std::string{} : std::string{otherwise};
 }
 
-// False: it did not come to hold, as long as a person would wait.
+// False: it did not become true within a person's patience.
 template <typename Condition>
 bool Await(Condition holds) {
     bool held = holds();
@@ -42,7 +42,7 @@ bool Await(Condition holds) {
     return held;
 }
 
-// The window the script works in, once it is there. Null when it does not come.
+// The window that the script uses, once it exists. Null if it does not appear.
 HWND AwaitTarget(const ScriptScene& scene) {
     HWND target = nullptr;
     Await([&] { return (target = scene.Target()) != nullptr; });
@@ -126,7 +126,7 @@ std::string In(ScriptScene& scene, Words words) {
     return {};
 }
 
-// What a click would hit is the control itself, not a window above it.
+// Whether a click would hit the control itself, not a window above it.
 bool CanBeHit(HWND control) {
     HWND hit = WindowFromPoint(MiddleOf(control));
     return hit == control || IsChild(control, hit) != 0 || hit == GetParent(control);
@@ -141,7 +141,7 @@ std::string Click(ScriptScene& scene, Words words) {
     if (IsWindowVisible(control) == 0 || IsWindowEnabled(control) == 0) {
         return "it is hidden or disabled";
     }
-    // A window that was closed may still be going away.
+    // A closed window may not have disappeared yet.
     if (!Await([control] { return CanBeHit(control); })) {
         return "another window covers it";
     }
@@ -149,7 +149,7 @@ std::string Click(ScriptScene& scene, Words words) {
     return {};
 }
 
-// As a click does it, but at once and without a hand on the mouse.
+// Like a click, but at once and without the mouse.
 std::string Press(ScriptScene& scene, Words words) {
     HWND control = scene.Control(words[0]);
     if (control != nullptr) {
@@ -242,7 +242,7 @@ std::string Move(ScriptScene& scene, Words words) {
     return {};
 }
 
-// Another program's word to the plug-in's dialogs about a menu event.
+// Another program's message to the plug-in's dialogs about a menu event.
 std::string MenuEvent(ScriptScene& scene, Words words) {
     const UINT message = RegisterWindowMessageA("FinaleMenuEventForOrvandelPlugins");
     PostMessageW(scene.Target(), message, 0, Number(words[0]).value_or(0));

@@ -1,4 +1,4 @@
-// What a script does.
+// The actions of a script.
 #pragma once
 
 #include <string>
@@ -8,7 +8,7 @@
 
 namespace standin::desktop {
 
-// Does one step. Empty when it was done, else what stood in the way.
+// Executes one step. Empty on success, else the reason for the failure.
 std::string TakeStep(ScriptScene& scene, const std::vector<std::string>& words);
 
 }  // namespace standin::desktop

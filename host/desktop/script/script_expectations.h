@@ -1,4 +1,4 @@
-// What a script expects to see.
+// The expectations of a script.
 #pragma once
 
 #include <string>
@@ -8,8 +8,8 @@
 
 namespace standin::desktop {
 
-// Looks once. Empty when it is as expected, else what was found instead. The words follow
-// "expect": what is looked at, where, and what is expected.
+// Checks once. Empty if the expectation is met, else what was found instead. The words follow
+// "expect": the kind of thing, its place, and the expected value.
 std::string CheckExpectation(ScriptScene& scene, const std::vector<std::string>& words);
 
 }  // namespace standin::desktop

@@ -72,8 +72,8 @@ void SendMouse(POINT place, DWORD flags) {
     Send(input);
 }
 
-// Waits until no mouse or keyboard input waits for the program any more, what it does with the
-// last of it is done, unless that is a dialog or a menu, and the windows are painted.
+// Waits until the program has taken and processed all mouse and keyboard input, unless it opened a
+// dialog or a menu, and has painted its windows.
 void LetProgramWork(HWND mainWindow) {
     for (DWORD waited = 0; waited < kLongestWork; waited += kBetweenInputs) {
         Sleep(kBetweenInputs);
@@ -88,8 +88,8 @@ class KeysHeld {
 public:
     KeysHeld(HWND mainWindow, const std::vector<WORD>& keys)
         : m_mainWindow{mainWindow}, m_keys{keys} {
-        // Where the mouse or the focus comes to another window, the window system compares the
-        // keys with its own keyboard, and takes back those that nobody holds there.
+        // When the mouse or the focus moves to another window, the window system compares the keys
+        // with its own keyboard and releases those that are not held there.
         LetProgramWork(m_mainWindow);
         for (int i = 0; i < kTries && !AreDown(); ++i) {
             for (const WORD key : m_keys) {

@@ -1,4 +1,4 @@
-// Mouse and keyboard of a script, by way of the system's own input queue.
+// Mouse and keyboard input of a script, through the system's own input queue.
 #pragma once
 
 #include <optional>
@@ -18,8 +18,8 @@ struct KeyStroke {
 // Such as "Tab", "Shift+Tab", "Ctrl+Z", "F4". Nothing for an unknown name.
 std::optional<KeyStroke> ReadKeyStroke(std::string_view name);
 
-// Each of these returns when the program has taken the input, so that what comes next finds
-// the program as a person would. The window is the program's main window.
+// Each of these returns when the program has taken the input, so that the next step sees the same
+// state as a person would. The window is the program's main window.
 void PressKeys(HWND mainWindow, const KeyStroke& stroke);
 void TypeText(HWND mainWindow, std::wstring_view text);
 // Screen coordinates. The keys are held meanwhile.

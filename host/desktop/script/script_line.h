@@ -1,6 +1,6 @@
-// A script drives the program without a hand on it: one command a line, words separated by
-// blanks, texts with blanks in quotes. "#" begins a comment. A line that begins with "en:" or
-// "es:" counts only when the program's texts are in that language.
+// A script runs the program without a user: one command per line, words separated by blanks, texts
+// with blanks in quotes. "#" begins a comment. A line that begins with "en:" or "es:" counts only
+// when the program's texts are in that language.
 #pragma once
 
 #include <optional>
@@ -29,7 +29,7 @@ ScriptText ReadScript(std::string_view text, ScriptLanguage language);
 // The parts of a text between separators, without the blanks around them.
 std::vector<std::string> SplitText(std::string_view text, char separator);
 
-// "3" or "3-5"; nothing for anything else, for numbers below 1, and when the end comes first.
+// "3" or "3-5"; nothing for anything else, for numbers below 1, or if the end comes first.
 struct ScriptRange {
     int first = 1;
     int last = 1;

@@ -1,4 +1,4 @@
-// How a script finds its way in the menus.
+// Menu navigation of scripts.
 #include <algorithm>
 #include <array>
 
@@ -28,7 +28,7 @@ bool ShowsMenu(HWND mainWindow) {
     });
 }
 
-// Where an item of an open menu is; nothing when the menu does not come up.
+// The place of an item of an open menu; nothing if the menu does not appear.
 std::optional<POINT> WaitForItem(HWND mainWindow, const MenuPlace& place) {
     for (int waited = 0; waited < kComesUp; waited += kLook) {
         RECT rect{};
@@ -53,7 +53,7 @@ POINT BarPlace(HWND mainWindow, const MenuPlace& place) {
     return MiddleOf(rect);
 }
 
-// Opens a menu of the bar. False: it does not come up.
+// Opens a menu of the bar. False: it does not appear.
 bool OpenFromBar(HWND mainWindow, const MenuPlace& place) {
     HMENU menu = GetSubMenu(place.menu, place.position);
     for (int i = 0; i < kTries; ++i) {

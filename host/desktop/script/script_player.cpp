@@ -35,7 +35,7 @@ std::string Expect(ScriptScene& scene, const std::vector<std::string>& words) {
     return problem;
 }
 
-// What the plug-in was lent and began must have come back when nothing runs any more.
+// When nothing is running, the plug-in must have returned all loans and ended all edits.
 std::string LeftOver(const ScriptScene& scene) {
     std::string problem;
     scene.window.InWindowThread([&problem] {
@@ -52,7 +52,7 @@ std::string LeftOver(const ScriptScene& scene) {
 
 using Lines = std::span<const ScriptLine>;
 
-// Returns whether the script can go on; each line is reported, in a repetition only when it fails.
+// Returns whether the script can continue; each line is reported, in a repetition only if it fails.
 bool PlayLine(ScriptScene& scene, const ScriptLine& line, bool repeated, int* failures) {
     const bool expects = line.words[0] == "expect";
     const std::string problem = expects ? Expect(scene, line.words) : TakeStep(scene, line.words);

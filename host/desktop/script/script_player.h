@@ -1,4 +1,4 @@
-// Plays a script against the running program, from a thread of its own, and reports each line.
+// Plays a script against the running program in a separate thread and reports each line.
 #pragma once
 
 #include <vector>

@@ -1,4 +1,4 @@
-// Where a script is: the window it works in, and where its files are.
+// The state of a script: its window and its folders.
 #pragma once
 
 #include <filesystem>
@@ -14,16 +14,16 @@ namespace standin::desktop {
 
 struct ScriptScene {
     MainWindow& window;
-    std::filesystem::path folder;    // relative files are looked for here
+    std::filesystem::path folder;    // relative paths start here
     std::filesystem::path pictures;  // screenshots go here
     ScriptLanguage language = ScriptLanguage::kEnglish;
-    // The title of the window the script works in; nothing = the front dialog.
+    // The title of the script's window; nothing = the front dialog.
     std::optional<std::wstring> title = {};
     ObjectCounts objects = {};  // as the script last counted them
 
-    // The window the script works in; null when it is not there.
+    // The script's window; null if it does not exist.
     HWND Target() const;
-    // A control of it by its number; null when it has none.
+    // Its control with that number; null if it has none.
     HWND Control(const std::string& number) const;
 };
 

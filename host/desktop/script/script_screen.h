@@ -1,4 +1,4 @@
-// What a script finds on the screen: the program's windows, their controls, the menu bar.
+// The program's windows, controls and menu bar as a script sees them.
 #pragma once
 
 #include <optional>
@@ -9,9 +9,9 @@
 
 namespace standin::desktop {
 
-// The program's top-level windows that can be seen, the front one first.
+// The program's visible top-level windows, front to back.
 std::vector<HWND> VisibleWindows(HWND mainWindow);
-// The front dialog or message box that takes input; null when there is none.
+// The front dialog or message box that takes input; null if there is none.
 HWND FrontDialog(HWND mainWindow);
 HWND DialogTitled(HWND mainWindow, const std::wstring& title);
 
@@ -21,7 +21,7 @@ bool IsChecked(HWND control);
 // A combo box's items, and the one that is chosen.
 std::vector<std::wstring> ItemsOf(HWND comboBox);
 std::optional<std::wstring> ChosenItem(HWND comboBox);
-// Where an item of the dropped list is; nothing when it is not in view.
+// The place of an item of the open list; nothing if it is not visible.
 std::optional<POINT> ItemPlace(HWND comboBox, int index);
 
 // A place in the menus: "&" and what follows a tab do not count.
@@ -31,7 +31,7 @@ struct MenuPlace {
 };
 std::wstring MenuItemText(HMENU menu, int position);  // empty for a line
 std::optional<MenuPlace> FindMenuItem(HMENU menu, const std::wstring& text);
-// Along several menus. Nothing when one of them is not there.
+// Along several menus. Nothing if one of them does not exist.
 std::optional<MenuPlace> FindMenuPath(HWND mainWindow, const std::vector<std::string>& path);
 
 // Opens the menus with the mouse, one after the other, and chooses the last item, with these

@@ -1,5 +1,5 @@
-// The plug-in's stored settings, as a script reads and prepares them. Keys are those below
-// "Software\ZKW\Finale Plugin Prefs".
+// The plug-in's stored settings, for scripts. Keys are those below "Software\ZKW\Finale Plugin
+// Prefs".
 #pragma once
 
 #include <cstddef>
@@ -9,13 +9,13 @@
 
 namespace standin::desktop {
 
-// Nothing when there is no such value.
+// Nothing if the value does not exist.
 std::optional<std::vector<unsigned char>> ReadSetting(const std::string& key,
                                                       const std::string& value);
-// Carries out "forget", which takes all of the plug-in's settings away, or "setting KEY VALUE
-// BYTES", where "absent" takes the value away. False: it is neither, or it was not done.
+// Executes "forget", which deletes all of the plug-in's settings, or "setting KEY VALUE BYTES",
+// where "absent" deletes the value. False: neither of these, or it failed.
 bool PrepareSetting(const std::vector<std::string>& words);
-// Lets nobody write settings below the key, or everybody again. False: the system refused.
+// Forbids or allows writing settings below the key. False: the system refused.
 bool ProtectSettings(const std::string& key, bool isProtected);
 // The bytes of all values, those of the keys below included.
 std::size_t StoredBytes();

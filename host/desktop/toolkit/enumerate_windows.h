@@ -1,5 +1,5 @@
-// Windows one after the other. What a visit throws reaches whoever asked for the windows; it does
-// not leave through the system, which calls the visits.
+// Visits windows in sequence. An exception of a visit reaches the caller, but does not pass through
+// the system, which calls the visits.
 #pragma once
 
 #include <exception>

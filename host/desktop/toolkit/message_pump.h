@@ -19,12 +19,12 @@ public:
     // Called after each message, also inside the loops of modal dialogs.
     void SetAfterMessage(std::function<void()> routine) { m_afterMessage = std::move(routine); }
 
-    // Until the program is told to end. Returns its exit code.
+    // Runs until the program is asked to end. Returns its exit code.
     int Run();
-    // Until done answers true. False when the program is told to end first; that is then still
-    // to be read by an outer loop.
+    // Runs until done returns true. False if the program is asked to end first; an outer loop then
+    // still sees that request.
     bool RunUntil(const std::function<bool()>& done);
-    // What is waiting now. False as for RunUntil.
+    // Processes the waiting messages. False as for RunUntil.
     bool RunWaiting();
 
 private:

@@ -7,8 +7,8 @@ namespace standin::desktop {
 
 // Runs the std::function<void()> that the last parameter points to.
 inline constexpr UINT kRunRoutine = WM_APP + 1;
-// Answers whether input or something to paint waits for the window's thread, once it has heard
-// what the window system has to say by now.
+// Returns whether input or painting is pending for the window's thread, after it has received the
+// window system's messages so far.
 inline constexpr UINT kWorkIsWaiting = WM_APP + 2;
 
 }  // namespace standin::desktop

@@ -1,4 +1,4 @@
-// Texts between Windows' wide characters and the program's UTF-16 and UTF-8.
+// Conversions between Windows' wide characters and the program's UTF-16 and UTF-8.
 #pragma once
 
 #include <string>

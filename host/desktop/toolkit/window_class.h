@@ -1,4 +1,4 @@
-// What the program's own window classes have in common: an object behind each window.
+// The common part of the program's own window classes: an object for each window.
 #pragma once
 
 #include "host/desktop/toolkit/windows_api.h"

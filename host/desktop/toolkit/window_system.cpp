@@ -5,7 +5,7 @@
 namespace standin::desktop {
 
 void AwaitWindowSystem() {
-    // The answer to a question comes after all that was asked and said before it.
+    // The reply to a query comes after everything sent before it.
     HDC screen = GetDC(nullptr);
     GetPixel(screen, 0, 0);
     ReleaseDC(nullptr, screen);

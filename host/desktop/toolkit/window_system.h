@@ -1,10 +1,10 @@
-// The window system that carries out what the program's threads ask of their windows.
+// Synchronization with the window system.
 #pragma once
 
 namespace standin::desktop {
 
-// Returns when the window system has carried out what this thread asked of it so far, and has
-// sent everything that it had to say to this thread until then.
+// Returns when the window system has processed this thread's requests so far and has sent it all
+// messages up to then.
 void AwaitWindowSystem();
 
 }  // namespace standin::desktop

@@ -1,5 +1,5 @@
-// The Windows interface, for files that also know the host interface: both have a record
-// named WINDOWINFO, and Windows' one serves nothing here.
+// The Windows interface, for files that also include the host interface: both have a record named
+// WINDOWINFO, and Windows' one is not used here.
 #pragma once
 
 #define WINDOWINFO SystemWINDOWINFO

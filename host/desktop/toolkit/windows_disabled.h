@@ -1,4 +1,4 @@
-// Takes the user's input from all other windows of the thread while one is in front.
+// Blocks user input to all other windows of the thread while one is in front.
 #pragma once
 
 #include <vector>

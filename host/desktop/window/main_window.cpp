@@ -176,7 +176,7 @@ void MainWindow::InWindowThread(const std::function<void()>& routine) const {
     SendMessageW(m_window, kRunRoutine, 0, reinterpret_cast<LPARAM>(&routine));
 }
 
-// What the plug-in did while it handled the message, in its windows or in ours, is shown now.
+// Shows everything that the plug-in changed while it handled the message.
 void MainWindow::AfterMessage() {
     KeepDialogsInFront();
     if (App().progressDisplays.empty()) {

@@ -26,9 +26,9 @@ public:
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
-    // Starts the plug-in and lists its items; tells the user when it does not start.
+    // Starts the plug-in and lists its items; shows a message if it does not start.
     void StartPlugin();
-    // Tells the user when it cannot be opened. False: not opened.
+    // Shows a message if it cannot be opened. False: not opened.
     bool Open(const std::filesystem::path& file);
     // Runs until the window is closed.
     int Run();
@@ -71,7 +71,7 @@ private:
     std::unique_ptr<MenuBar> m_menus;
     std::unique_ptr<GridWindow> m_grid;
     HWND m_status = nullptr;
-    HWND m_window;  // hears of messages while it is created: behind what it looks at
+    HWND m_window;  // receives messages during its creation, so it comes after the members it uses
     ProgressWindow m_progress;
     WindowsDialogs m_dialogs;
     std::unique_ptr<cli::Plugin> m_plugin;

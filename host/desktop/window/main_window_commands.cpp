@@ -1,4 +1,4 @@
-// What the commands of the menu bar do.
+// The commands of the menu bar.
 #include "host/desktop/dialogs/file_prompts.h"
 #include "host/desktop/toolkit/wide_text.h"
 #include "host/desktop/window/commands.h"

@@ -18,8 +18,7 @@ public:
     MenuBar(HWND window, MenuBarKind kind);
 
     void ListPluginItems(const std::vector<cli::PluginItem>& items);
-    // Brings states, marks and the texts of undo, redo and the documents up to date. The
-    // plug-in may be null.
+    // Updates states, marks and the texts of undo, redo and the documents. The plug-in may be null.
     void Update(const cli::Plugin* plugin, const OpenDocuments& documents);
 
 private:

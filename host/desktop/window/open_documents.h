@@ -1,4 +1,4 @@
-// The scores that are open: the files they came from, and whether they differ from them.
+// The open scores: their files, and whether they have unsaved changes.
 #pragma once
 
 #include <filesystem>
