@@ -9,6 +9,7 @@
 
 #include "host/cli/batch.h"
 #include "host/cli/commands.h"
+#include "host/cli/messages.h"
 #include "host/cli/output_file.h"
 #include "host/system/child_process.h"
 #include "host/system/machine.h"
@@ -110,7 +111,7 @@ private:
         m_interrupted = m_interrupted || exitCode == kInterrupted;
         std::cerr << ContentOf(errors);
         if (!problem.empty()) {
-            std::cerr << "plyweld: " << problem << '\n';
+            Complain(problem);
         }
         const bool isDone = exitCode == kDone && problem.empty();
         Tell(item, isDone ? ContentOf(report) : std::string{});
@@ -173,7 +174,7 @@ private:
         }
         std::sort(m_failed.begin(), m_failed.end());
         for (const std::string& name : m_failed) {
-            std::cerr << "plyweld: " << Say(Text::kFailedLine, {name}) << '\n';
+            Complain(Say(Text::kFailedLine, {name}));
         }
     }
 
@@ -193,7 +194,7 @@ private:
 ExitCode MergeBatch(const BatchCommand& command) {
     auto found = ItemsOf(command);
     if (const auto* problem = std::get_if<std::string>(&found)) {
-        std::cerr << "plyweld: " << *problem << '\n';
+        Complain(*problem);
         return kUsage;
     }
     return Batch{command, std::move(std::get<std::vector<BatchItem>>(found))}.Run();

@@ -8,6 +8,7 @@
 #include "host/cli/arguments.h"
 #include "host/cli/completion.h"
 #include "host/cli/help_text.h"
+#include "host/cli/messages.h"
 #include "host/cli/option_values.h"
 #include "host/cli/output_file.h"
 #include "host/system/machine.h"
@@ -22,7 +23,7 @@ ExitCode Refuse(const std::string& problem, const CommandRow* command) {
     const std::string topic = command == nullptr ? "" : std::string{command->name};
     std::string help = Say(Text::kSeeHelp, {topic});
     help.resize(help.find_last_not_of(' ') + 1);
-    std::cerr << "plyweld: " << problem << " (" << help << ")\n";
+    Complain(problem + " (" + help + ")");
     return kUsage;
 }
 
@@ -174,7 +175,9 @@ std::variant<Command, ExitCode> CommandOf(const Arguments& arguments) {
         return Command{ShowCommand{arguments.Value(kInput), arguments.Has(kJson)}};
     }
     if (row.name == "compare") {
-        return Command{CompareCommand{arguments.Value(kInput), arguments.Value(kSecondScore)}};
+        return Command{CompareCommand{arguments.Value(kInput), arguments.Value(kSecondScore),
+                                      arguments.Has(kMerged), arguments.Has(kDetails),
+                                      arguments.Has(kJson)}};
     }
     if (row.name == "doctor") {
         return Command{DoctorCommand{}};

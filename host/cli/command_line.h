@@ -54,6 +54,9 @@ struct ShowCommand {
 struct CompareCommand {
     std::string first;
     std::string second;
+    bool merged = false;   // the second is a merge of the first
+    bool details = false;  // the whole list
+    bool json = false;
 };
 
 // The exit codes of the program.

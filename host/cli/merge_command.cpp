@@ -6,6 +6,7 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/merge_run.h"
+#include "host/cli/messages.h"
 #include "host/cli/open_score.h"
 #include "host/cli/output_file.h"
 #include "host/cli/selection.h"
@@ -20,7 +21,7 @@ namespace standin::cli {
 namespace {
 
 ExitCode Fail(ExitCode code, const std::string& problem) {
-    std::cerr << "plyweld: " << problem << '\n';
+    Complain(problem);
     return code;
 }
 
@@ -111,7 +112,7 @@ ExitCode Merge(const MergeCommand& command) {
     }
     const std::vector<std::string> losses = merge.Losses(bytes);
     for (const std::string& loss : losses) {
-        std::cerr << loss << '\n';
+        Complain(command.input + ": " + loss);
     }
     if (!losses.empty()) {
         return Fail(kFailed, command.input + ": music would be lost; nothing was written");

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "host/cli/messages.h"
 #include "host/cli/output_file.h"
 
 namespace standin::cli {
@@ -25,18 +26,12 @@ OpenScore::OpenScore(const std::string& name, OwnLayers own)
     App().SetCurrentDocument(m_document.Number());
     ReadResult result = Read(name, m_document, own);
     m_score = std::move(result.score);
-    const std::string shown = name == kStandardStream ? "standard input" : name;
     if (m_score == nullptr) {
-        std::cerr << "plyweld: " << shown;
-        if (result.line > 0) {
-            std::cerr << ':' << result.line;
-        }
-        std::cerr << ": " << result.message << '\n';
+        Complain(PlaceIn(name, result.line) + ": " + result.message);
         return;
     }
     for (const ReadWarning& warning : m_score->warnings.All()) {
-        std::cerr << "plyweld: " << shown << ':' << warning.line << ": warning: " << warning.Words()
-                  << '\n';
+        Warn(PlaceIn(name, warning.line), warning.Words());
     }
 }
 

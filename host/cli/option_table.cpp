@@ -50,6 +50,9 @@ constexpr OptionRow kShowOptions[] = {
 constexpr OptionRow kCompareOptions[] = {
     {kInput, "A", Text::kFirstScoreHelp, kScore, "", "", "", true},
     {kSecondScore, "B", Text::kSecondScoreHelp, kScore, "", "", "", true},
+    {kMerged, "--merged", Text::kMergedHelp},
+    {kDetails, "--details", Text::kCompareDetailsHelp},
+    {kJson, "--json", Text::kJsonHelp},
 };
 
 constexpr OptionRow kHelpOptions[] = {

@@ -33,6 +33,7 @@ enum class OptionId {
     kInPlace,
     kJobs,
     kSecondScore,
+    kMerged,
     kTopic,
     kShell,
     kHelp,

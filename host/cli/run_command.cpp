@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/cli/commands.h"
+#include "host/cli/messages.h"
 #include "host/score/application.h"
 #include "host/system/machine.h"
 
@@ -31,7 +32,7 @@ int Run(std::vector<std::string> arguments) {
         }
         return std::visit(Runner{}, std::get<Command>(parsed));
     } catch (const std::exception& error) {
-        std::cerr << "plyweld: " << error.what() << '\n';
+        Complain(error.what());
         return kFailed;
     }
 }
@@ -44,7 +45,7 @@ bool TakeManners(std::vector<std::string>& arguments) {
     }
     const std::optional<Manners> manners = ParseManners(arguments[1]);
     if (!manners) {
-        std::cerr << "plyweld: no manner of a host: " << arguments[1] << '\n';
+        Complain("no manner of a host: " + arguments[1]);
         return false;
     }
     App().manners = *manners;

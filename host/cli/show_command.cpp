@@ -5,6 +5,7 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/merge_run.h"
+#include "host/cli/messages.h"
 #include "host/cli/open_score.h"
 #include "host/report/layer_contents.h"
 #include "host/report/places.h"
@@ -98,7 +99,7 @@ ExitCode Show(const ShowCommand& command) {
     const EREGION whole = open.GetDocument().WholeRegion();
     const MergeRun run = RunMerge(open.GetDocument(), whole, {});
     if (!run.problem.empty()) {
-        std::cerr << "plyweld: " << run.problem << '\n';
+        Complain(command.input + ": " + run.problem);
         return run.stopped ? kInterrupted : kFailed;
     }
     const MergeReport report = ReportMerge(open.Score(), {command.input, {}, {whole}, {}});

@@ -79,9 +79,9 @@ std::vector<std::string> VerifiedMerge::Losses(const std::string& bytes) {
                                : "the result cannot be read: " + after.problem);
         return m_losses;
     }
-    for (std::string& fault :
+    for (const readback::Difference& fault :
          readback::FaultsOfMerge(*m_before.score, *after.score, m_texts, m_cleared)) {
-        m_losses.push_back(std::move(fault));
+        m_losses.push_back(WordsFor(fault));
     }
     return m_losses;
 }

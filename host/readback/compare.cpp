@@ -52,31 +52,32 @@ std::vector<bool> ClearedIn(const Score& score, const std::vector<ClearedMusic>&
 bool CompareShape(const Score& before, const Score& after, const Texts& texts, Findings& findings) {
     const auto same = [&](std::size_t was, std::size_t is, const std::string& what) {
         if (was != is) {
-            findings.AddForScore(what + ": " + std::to_string(was) + " before, " +
-                                 std::to_string(is) + " after");
+            findings.AddForScore(
+                Say(Text::kCountsDiffer, {what, std::to_string(was), std::to_string(is)}));
         }
         return was == is;
     };
-    if (!same(before.parts.size(), after.parts.size(), "parts")) {
+    if (!same(before.parts.size(), after.parts.size(), std::string{Say(Text::kPartsCounted)})) {
         return false;
     }
     bool isSame = true;
     for (std::size_t i = 0; i < before.parts.size(); ++i) {
         const Part& was = before.parts[i];
         const Part& is = after.parts[i];
-        const std::string part = "part " + std::to_string(i + 1) + ", ";
+        const std::string part = std::to_string(i + 1);
         if (was.id != is.id) {
-            findings.AddForScore(part + "id: " + texts[was.id] + " before, " + texts[is.id] +
-                                 " after");
+            findings.AddForScore(Say(Text::kCountsDiffer,
+                                     {Say(Text::kIdOfPart, {part}), texts[was.id], texts[is.id]}));
         }
-        isSame = same(was.measures.size(), is.measures.size(), part + "measures") &&
-                 same(was.staves, is.staves, part + "staves") && isSame;
+        isSame =
+            same(was.measures.size(), is.measures.size(), Say(Text::kMeasuresCounted, {part})) &&
+            same(was.staves, is.staves, Say(Text::kStavesCounted, {part})) && isSame;
     }
     return isSame;
 }
 
-std::vector<std::string> Compare(const Score& before, const Score& after, const Texts& texts,
-                                 bool merged, const std::vector<ClearedMusic>& cleared) {
+std::vector<Difference> Compare(const Score& before, const Score& after, const Texts& texts,
+                                bool merged, const std::vector<ClearedMusic>& cleared) {
     Findings findings{before, texts};
     if (CompareShape(before, after, texts, findings)) {
         NoteNumbers numbers;
@@ -95,7 +96,7 @@ std::vector<std::string> Compare(const Score& before, const Score& after, const 
             CompareFacts(comparison);
         }
     }
-    return findings.Lines();
+    return findings.All();
 }
 
 }  // namespace
@@ -120,6 +121,12 @@ const std::string& WordsForNote(const Comparison& comparison, const Side& side, 
     return comparison.texts[side.score.notes[note].words];
 }
 
+void AddMissing(const Comparison& comparison, u32 part, const Place& place, Difference::Kind kind,
+                const std::string& words) {
+    const Text text = kind == Difference::Kind::kLost ? Text::kLost : Text::kGained;
+    comparison.findings.Add(part, place, kind, Say(text, {words}));
+}
+
 void CompareItems(const Comparison& comparison) {
     using Key = std::tuple<u32, Place, bool, u32>;
     const auto keysOf = [](const Score& score) {
@@ -133,24 +140,24 @@ void CompareItems(const Comparison& comparison) {
     const std::vector<Key> before = keysOf(comparison.before.score);
     const std::vector<Key> after = keysOf(comparison.after.score);
     const auto report = [&](const std::vector<Key>& items, const std::vector<Key>& others,
-                            const char* verb) {
+                            Difference::Kind kind) {
         std::vector<Key> missing;
         std::set_difference(items.begin(), items.end(), others.begin(), others.end(),
                             std::back_inserter(missing));
         for (const auto& [part, place, closes, text] : missing) {
-            comparison.findings.Add(part, place, comparison.findings.Quoted(text) + verb);
+            AddMissing(comparison, part, place, kind, comparison.findings.Quoted(text));
         }
     };
-    report(before, after, " lost");
-    report(after, before, " gained");
+    report(before, after, Difference::Kind::kLost);
+    report(after, before, Difference::Kind::kGained);
 }
 
-std::vector<std::string> Differences(const Score& before, const Score& after, const Texts& texts) {
+std::vector<Difference> Differences(const Score& before, const Score& after, const Texts& texts) {
     return Compare(before, after, texts, false, {});
 }
 
-std::vector<std::string> FaultsOfMerge(const Score& before, const Score& after, const Texts& texts,
-                                       const std::vector<ClearedMusic>& cleared) {
+std::vector<Difference> FaultsOfMerge(const Score& before, const Score& after, const Texts& texts,
+                                      const std::vector<ClearedMusic>& cleared) {
     return Compare(before, after, texts, true, cleared);
 }
 

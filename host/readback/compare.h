@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/readback/difference.h"
 #include "host/readback/score_content.h"
 #include "host/readback/texts.h"
 
@@ -18,18 +19,17 @@ struct ClearedMusic {
     i64 last = 0;
 };
 
-// One line per difference, such as "m. 5, staff 2, beat 2.5: C#4 quarter lost", with printed
-// measure numbers and beats as the time signature counts them. Empty when there is none; 200 at
-// most.
+// Sorted by measure, part, staff and beat; empty if there is none. Measures are named as in the
+// first score.
 
 // Whether two scores are the same music, whatever their voices and chords. Stems, beams and rests
 // count.
-std::vector<std::string> Differences(const Score& before, const Score& after, const Texts& texts);
+std::vector<Difference> Differences(const Score& before, const Score& after, const Texts& texts);
 
 // The faults of a merge: music lost or added, or written so that readers misread it. A merge may
 // form chords, join equal marks of a chord, move notes to other voices, add and remove rests, and
 // change stems and beams.
-std::vector<std::string> FaultsOfMerge(const Score& before, const Score& after, const Texts& texts,
-                                       const std::vector<ClearedMusic>& cleared = {});
+std::vector<Difference> FaultsOfMerge(const Score& before, const Score& after, const Texts& texts,
+                                      const std::vector<ClearedMusic>& cleared = {});
 
 }  // namespace standin::readback

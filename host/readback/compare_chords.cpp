@@ -31,8 +31,11 @@ public:
     }
 
 private:
-    void Report(const Chord& chord, std::string what) const {
-        m_all.findings.Add(chord.part, chord.place, std::move(what));
+    void Report(const Chord& chord, Difference::Kind kind, const std::string& words) const {
+        AddMissing(m_all, chord.part, chord.place, kind, words);
+    }
+    void ReportOther(const Chord& chord, Text text, const std::string& words) const {
+        m_all.findings.Add(chord.part, chord.place, Difference::Kind::kOther, Say(text, {words}));
     }
 
     // Each note as often as before.
@@ -68,9 +71,9 @@ private:
                 number.side->score.chords[number.side->score.notes[number.note].chord];
             const std::string& words = WordsForNote(m_all, *number.side, number.note);
             if (number.found < number.required) {
-                Report(chord, words + " lost");
+                Report(chord, Difference::Kind::kLost, words);
             } else if (number.found > number.possible) {
-                Report(chord, words + " gained");
+                Report(chord, Difference::Kind::kGained, words);
             }
         }
     }
@@ -109,14 +112,15 @@ private:
         const Chord& chord = m_before.score.chords[was];
         const std::string& words = WordsForNote(m_all, m_before, chord.notes.begin);
         if (!isWhole && HasEachNote(chord, after)) {
-            Report(chord, words + " parted from its chord");
+            ReportOther(chord, Text::kPartedFromChord, words);
         }
         if (lacksTuplet) {
-            Report(chord, words + " out of its tuplet");
+            ReportOther(chord, Text::kOutOfTuplet, words);
         }
         for (const u32 attachment : missing) {
-            Report(chord, m_all.findings.Quoted(m_before.score.attachments[attachment].text) +
-                              " of " + words + " lost");
+            const u32 text = m_before.score.attachments[attachment].text;
+            Report(chord, Difference::Kind::kLost,
+                   Say(Text::kMarkOf, {m_all.findings.Quoted(text), words}));
         }
     }
 
@@ -182,8 +186,9 @@ private:
                                HasText(m_before, was, attachment, m_after.noteIds[note]);
                     });
                 if (!isBrought) {
-                    Report(chord, m_all.findings.Quoted(attachment.text) + " of " +
-                                      WordsForNote(m_all, m_after, note) + " gained");
+                    Report(chord, Difference::Kind::kGained,
+                           Say(Text::kMarkOf, {m_all.findings.Quoted(attachment.text),
+                                               WordsForNote(m_all, m_after, note)}));
                 }
             }
         }

@@ -19,8 +19,9 @@ struct Fact {
 };
 
 constexpr u32 kIsNote = kNone;
+constexpr const char* kPlainRest = "<rest/>";
 
-std::vector<Fact> FactsOf(const Side& side) {
+std::vector<Fact> FactsOf(const Side& side, const Texts& texts) {
     const Score& score = side.score;
     std::vector<Fact> facts;
     for (u32 i = 0; i < score.notes.size(); ++i) {
@@ -31,6 +32,9 @@ std::vector<Fact> FactsOf(const Side& side) {
             {chord.place, chord.grace, kIsNote, side.noteIds[i] * 2 + visible, i, note.chord});
         for (u32 at = note.attachments.begin; at < note.attachments.end; ++at) {
             const Attachment& attachment = score.attachments[at];
+            if (texts[attachment.text] == kPlainRest) {
+                continue;  // the rest itself counts
+            }
             const u32 owner = attachment.ofNote ? note.pitch : attachment.lyric;
             facts.push_back({chord.place, chord.grace, attachment.text, owner, i, note.chord});
         }
@@ -43,26 +47,28 @@ std::vector<Fact> FactsOf(const Side& side) {
 }  // namespace
 
 void CompareFacts(const Comparison& comparison) {
-    const std::vector<Fact> before = FactsOf(comparison.before);
-    const std::vector<Fact> after = FactsOf(comparison.after);
+    const std::vector<Fact> before = FactsOf(comparison.before, comparison.texts);
+    const std::vector<Fact> after = FactsOf(comparison.after, comparison.texts);
     const auto report = [&](const std::vector<Fact>& facts, const std::vector<Fact>& others,
-                            const Side& side, const char* verb) {
+                            const Side& side, Difference::Kind kind) {
         std::vector<Fact> missing;
         std::set_difference(facts.begin(), facts.end(), others.begin(), others.end(),
                             std::back_inserter(missing),
                             [](const Fact& a, const Fact& b) { return a.Key() < b.Key(); });
         for (const Fact& fact : missing) {
             const Chord& chord = side.score.chords[fact.chord];
-            std::string what = fact.kind == kIsNote
-                                   ? std::string{}
-                                   : comparison.findings.Quoted(fact.kind) + " of ";
-            what.append(chord.rest && chord.hidden ? "hidden " : "");
-            what.append(WordsForNote(comparison, side, fact.note)).append(verb);
-            comparison.findings.Add(chord.part, fact.place, std::move(what));
+            std::string what = WordsForNote(comparison, side, fact.note);
+            if (chord.rest && chord.hidden) {
+                what = Say(Text::kHiddenRest, {what});
+            }
+            if (fact.kind != kIsNote) {
+                what = Say(Text::kMarkOf, {comparison.findings.Quoted(fact.kind), what});
+            }
+            AddMissing(comparison, chord.part, fact.place, kind, what);
         }
     };
-    report(before, after, comparison.before, " lost");
-    report(after, before, comparison.after, " gained");
+    report(before, after, comparison.before, Difference::Kind::kLost);
+    report(after, before, comparison.after, Difference::Kind::kGained);
 }
 
 }  // namespace standin::readback

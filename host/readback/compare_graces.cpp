@@ -35,7 +35,8 @@ void CompareGraces(const Comparison& comparison, const Group& group) {
         const Chord* last = Found(comparison, second, group.after);
         if (first != nullptr && last != nullptr && first->voice == last->voice &&
             first->grace < last->grace) {
-            comparison.findings.Add(last->part, last->place, "grace notes change their order");
+            comparison.findings.Add(last->part, last->place, Difference::Kind::kOther,
+                                    std::string{Say(Text::kGracesOutOfOrder)});
         }
     }
 }

@@ -1,5 +1,6 @@
 // Whether slurs, hairpins, tuplets and other lines still have the same ends.
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <tuple>
 
@@ -7,8 +8,6 @@
 
 namespace standin::readback {
 namespace {
-
-constexpr const char* kStopStandsFirst = ": its stop stands before its start";
 
 // An end by kind and place. Grace notes are distinguished from other notes at their time.
 struct EndKey {
@@ -73,7 +72,7 @@ public:
             if (!Counts(m_after, line)) {
                 CheckOrder(line);
             } else if (!m_isFound[i] && !WasLoose(line)) {
-                Report(m_after, line, " gained");
+                Report(m_after, line, Difference::Kind::kGained);
             }
         }
         CompareLooseEnds();
@@ -135,9 +134,9 @@ private:
         if (!isFound && !IsCleared(was.start) && !IsCleared(was.stop)) {
             m_explained.insert(key.first);
             m_explained.insert(key.second);
-            Report(m_before, was, " lost" + WhyLost(key));
+            Report(m_before, was, Difference::Kind::kLost, WhyLost(key));
         } else if (isFound && m_all.merged && stopStandsFirst && !was.stopStandsFirst) {
-            Report(m_before, was, kStopStandsFirst);
+            Report(m_before, was, Difference::Kind::kOther, Text::kStopStandsFirst);
         }
     }
 
@@ -145,7 +144,7 @@ private:
     void CheckOrder(const Line& is) const {
         if (is.stopStandsFirst && is.couldRunForward &&
             !m_stopFirstBefore.contains(KeyOf(m_after, is))) {
-            Report(m_after, is, kStopStandsFirst);
+            Report(m_after, is, Difference::Kind::kOther, Text::kStopStandsFirst);
         }
     }
 
@@ -172,16 +171,15 @@ private:
         return isThere && was.kind == is.kind && was.text == is.text;
     }
 
-    std::string WhyLost(const LineKey& key) const {
+    std::optional<Text> WhyLost(const LineKey& key) const {
         for (const EndKey& end : {key.first, key.second}) {
             const auto loose = m_looseAfter.find(end);
             if (loose != m_looseAfter.end() && !m_looseBefore.contains(end)) {
-                return loose->second == Loose::kNumberTakenTwice
-                           ? ": its number is taken twice"
-                           : ": its ends do not find each other";
+                return loose->second == Loose::kNumberTakenTwice ? Text::kNumberTakenTwice
+                                                                 : Text::kEndsApart;
             }
         }
-        return {};
+        return std::nullopt;
     }
 
     // Ends whose pairing was unknown may be paired now.
@@ -194,20 +192,20 @@ private:
         for (const auto& [key, index] : m_endsBefore) {
             const bool isAlone = key.type == LineEnd::Type::kOther || m_looseBefore.contains(key);
             if (isAlone && !m_endsAfter.contains(key) && !IsCleared(index)) {
-                ReportEnd(m_before, index, " lost");
+                ReportEnd(m_before, index, Text::kLost);
             }
         }
         for (const auto& [key, index] : m_endsAfter) {
             if (key.type == LineEnd::Type::kOther && !m_endsBefore.contains(key)) {
-                ReportEnd(m_after, index, " gained");
+                ReportEnd(m_after, index, Text::kGained);
             }
         }
         for (const LooseEnd& loose : m_after.score.looseEnds) {
             const EndKey key = KeyOf(m_after, m_after.score.ends[loose.end]);
             if (!m_looseBefore.contains(key) && !m_explained.contains(key)) {
                 ReportEnd(m_after, loose.end,
-                          loose.why == Loose::kNumberTakenTwice ? ": its number is taken twice"
-                                                                : " without its other end");
+                          loose.why == Loose::kNumberTakenTwice ? Text::kNumberTakenTwice
+                                                                : Text::kWithoutOtherEnd);
             }
         }
     }
@@ -220,27 +218,42 @@ private:
         return static_cast<u32>(part - side.score.parts.begin());
     }
 
-    void Report(const Side& side, const Line& line, const std::string& what) const {
+    void Report(const Side& side, const Line& line, Difference::Kind kind,
+                std::optional<Text> why = std::nullopt) const {
         const LineEnd& start = side.score.ends[line.start];
         const LineEnd& stop = side.score.ends[line.stop];
         const u32 part = PartOf(side, start);
-        std::string words = m_all.texts[start.kind];
-        if (start.note != kNone && stop.note != kNone) {
-            words += " from " + WordsForNote(m_all, side, start.note) + " to " +
-                     WordsForNote(m_all, side, stop.note) + " in ";
-        } else {
-            words += " to ";
+        const std::string& name = m_all.texts[start.kind];
+        const std::string until = m_all.findings.TimeWords(part, stop.place);
+        std::string words =
+            start.note == kNone || stop.note == kNone
+                ? Say(Text::kLineUntil, {name, until})
+                : Say(Text::kLineBetweenNotes, {name, WordsForNote(m_all, side, start.note),
+                                                WordsForNote(m_all, side, stop.note), until});
+        if (kind != Difference::Kind::kOther) {
+            words = Say(kind == Difference::Kind::kLost ? Text::kLost : Text::kGained, {words});
         }
-        m_all.findings.Add(part, start.place,
-                           words + m_all.findings.TimeWords(part, stop.place) + what);
+        if (why) {
+            words.append(": ").append(Say(*why));
+        }
+        m_all.findings.Add(part, start.place, kind, std::move(words));
     }
 
-    void ReportEnd(const Side& side, u32 index, const char* what) const {
+    void ReportEnd(const Side& side, u32 index, Text what) const {
         const LineEnd& end = side.score.ends[index];
-        const std::string of =
-            end.note == kNone ? std::string{} : " of " + WordsForNote(m_all, side, end.note);
-        m_all.findings.Add(PartOf(side, end), end.place,
-                           m_all.findings.Quoted(end.text) + of + what);
+        std::string words = m_all.findings.Quoted(end.text);
+        if (end.note != kNone) {
+            words = Say(Text::kMarkOf, {words, WordsForNote(m_all, side, end.note)});
+        }
+        const auto kind = what == Text::kLost     ? Difference::Kind::kLost
+                          : what == Text::kGained ? Difference::Kind::kGained
+                                                  : Difference::Kind::kOther;
+        if (what == Text::kNumberTakenTwice) {
+            words.append(": ").append(Say(what));
+        } else {
+            words = Say(what, {words});
+        }
+        m_all.findings.Add(PartOf(side, end), end.place, kind, std::move(words));
     }
 
     const Comparison& m_all;

@@ -39,21 +39,21 @@ std::map<u32, Carried> MarksOf(const Side& side, const Indices& chords, bool wit
 // Such rests stay rests, and are never joined.
 void CompareRests(const Comparison& comparison, const Group& group) {
     const auto report = [&](const Side& side, const std::map<u32, Carried>& marks,
-                            const std::map<u32, Carried>& others, const char* verb) {
+                            const std::map<u32, Carried>& others, Difference::Kind kind) {
         for (const auto& [text, carried] : marks) {
             const auto other = others.find(text);
             if (other == others.end() || other->second.count < carried.count) {
                 const Chord& chord = side.score.chords[carried.chord];
-                comparison.findings.Add(chord.part, chord.place,
-                                        comparison.findings.Quoted(text) + " of a rest" + verb);
+                AddMissing(comparison, chord.part, chord.place, kind,
+                           Say(Text::kOfARest, {comparison.findings.Quoted(text)}));
             }
         }
     };
     const Side& before = comparison.before;
     const Side& after = comparison.after;
     const std::map<u32, Carried> is = MarksOf(after, group.after, true);
-    report(before, MarksOf(before, group.before, false), is, " lost");
-    report(after, is, MarksOf(before, group.before, true), " gained");
+    report(before, MarksOf(before, group.before, false), is, Difference::Kind::kLost);
+    report(after, is, MarksOf(before, group.before, true), Difference::Kind::kGained);
 }
 
 }  // namespace standin::readback

@@ -10,16 +10,14 @@ namespace {
 struct Slip {
     bool Chord::*mark;
     bool Chord::*counts;  // otherwise the mark is not a fault of the merge
-    const char* words;
+    Text words;
 };
 
 constexpr Slip kSlips[] = {
-    {&Chord::sharesTime, &Chord::sharesTime, "shares time with its own voice"},
-    {&Chord::onTwoStaves, &Chord::onTwoStaves,
-     "stands in a voice that sounds on two staves at once"},
-    {&Chord::tieRunsBackward, &Chord::tieCouldRunForward,
-     "is tied to a note that stands before it in the file"},
-    {&Chord::repeatsLyric, &Chord::repeatsLyric, "has two lyrics with one number"},
+    {&Chord::sharesTime, &Chord::sharesTime, Text::kSharesTime},
+    {&Chord::onTwoStaves, &Chord::onTwoStaves, Text::kOnTwoStaves},
+    {&Chord::tieRunsBackward, &Chord::tieCouldRunForward, Text::kTiedBackward},
+    {&Chord::repeatsLyric, &Chord::repeatsLyric, Text::kTwoLyrics},
 };
 
 // Where the fault existed before: notes by place, and voices of whole measures for rests.
@@ -56,9 +54,9 @@ void CompareSlips(const Comparison& comparison, const Slip& slip) {
     const Known known{comparison.before, slip.mark};
     for (const Chord& chord : comparison.after.score.chords) {
         if (chord.*slip.counts && !known.Has(comparison.after, chord)) {
-            comparison.findings.Add(
-                chord.part, chord.place,
-                WordsForNote(comparison, comparison.after, chord.notes.begin) + ' ' + slip.words);
+            const std::string& note = WordsForNote(comparison, comparison.after, chord.notes.begin);
+            comparison.findings.Add(chord.part, chord.place, Difference::Kind::kOther,
+                                    Say(slip.words, {note}));
         }
     }
 }
@@ -70,8 +68,8 @@ void CompareBrokenTuplets(const Comparison& comparison) {
     }
     for (const BrokenTuplet& tuplet : comparison.after.score.brokenTuplets) {
         if (!known.contains(tuplet.place)) {
-            comparison.findings.Add(tuplet.part, tuplet.place,
-                                    "a tuplet with <backup> or <forward> between its notes");
+            comparison.findings.Add(tuplet.part, tuplet.place, Difference::Kind::kOther,
+                                    std::string{Say(Text::kBrokenTuplet)});
         }
     }
 }
@@ -86,9 +84,8 @@ void CompareEarlyItems(const Comparison& comparison) {
     }
     for (const Item& item : comparison.after.score.items) {
         if (item.comesTooEarly && !known.contains({item.place, item.text})) {
-            comparison.findings.Add(item.part, item.place,
-                                    comparison.findings.Quoted(item.text) +
-                                        " stands before the first voice of its staff");
+            comparison.findings.Add(item.part, item.place, Difference::Kind::kOther,
+                                    Say(Text::kTooEarly, {comparison.findings.Quoted(item.text)}));
         }
     }
 }
@@ -100,10 +97,11 @@ void CompareLengths(const Comparison& comparison) {
             const MeasureContent& was = parts[part].measures[i];
             const MeasureContent& is = comparison.after.score.parts[part].measures[i];
             if (is.length > was.length) {
-                comparison.findings.Add(part, {0, i, {}}, "longer than before");
+                comparison.findings.Add(part, {0, i, {}}, Difference::Kind::kOther,
+                                        std::string{Say(Text::kLonger)});
             } else if (is.fullestVoice > std::max(was.length, was.fullestVoice)) {
-                comparison.findings.Add(part, {0, i, {}},
-                                        "the durations of a voice add up to more than the measure");
+                comparison.findings.Add(part, {0, i, {}}, Difference::Kind::kOther,
+                                        std::string{Say(Text::kVoiceTooLong)});
             }
         }
     }

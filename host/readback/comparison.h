@@ -9,6 +9,7 @@
 
 #include "host/readback/compare.h"
 #include "host/readback/findings.h"
+#include "host/texts/texts.h"
 
 namespace standin::readback {
 
@@ -49,6 +50,10 @@ bool HasNotesOf(const Side& whole, u32 chord, const Side& part, u32 of);
 
 // "C#4 quarter"; of a chord its first note.
 const std::string& WordsForNote(const Comparison& comparison, const Side& side, u32 note);
+
+// Adds that something is lost, or gained.
+void AddMissing(const Comparison& comparison, u32 part, const Place& place, Difference::Kind kind,
+                const std::string& words);
 
 void CompareFacts(const Comparison& comparison);   // all but lines, whatever the chords
 void CompareChords(const Comparison& comparison);  // after a merge

@@ -1,34 +1,20 @@
 #include "host/readback/findings.h"
 
 #include <algorithm>
-#include <cmath>
 #include <tuple>
+
+#include "host/readback/element_words.h"
+#include "host/readback/place_words.h"
 
 namespace standin::readback {
 
-namespace {
-
-constexpr std::size_t kMaxFindings = 200;
-constexpr std::size_t kLongestText = 60;
-
-// At most three decimals.
-std::string Decimal(double value) {
-    constexpr int kScale = 1000;
-    const long long scaled = std::llround(value * kScale);
-    std::string text = std::to_string(scaled / kScale);
-    std::string decimals = std::to_string(kScale + std::abs(scaled % kScale)).substr(1);
-    decimals.erase(decimals.find_last_not_of('0') + 1);
-    return decimals.empty() ? text : text + '.' + decimals;
+void Findings::Add(u32 part, const Place& place, Difference::Kind kind, std::string what) {
+    m_findings.push_back({part, place, kind, std::move(what)});
 }
 
-}  // namespace
-
-void Findings::Add(u32 part, const Place& place, std::string what) {
-    m_findings.push_back({part, place, std::move(what)});
-}
-
-std::vector<std::string> Findings::Lines() const {
+std::vector<Difference> Findings::All() const {
     std::vector<const Finding*> sorted;
+    sorted.reserve(m_findings.size());
     for (const Finding& finding : m_findings) {
         sorted.push_back(&finding);
     }
@@ -36,56 +22,50 @@ std::vector<std::string> Findings::Lines() const {
         return std::tie(a->place.measure, a->part, a->place.staff, a->place.onset) <
                std::tie(b->place.measure, b->part, b->place.staff, b->place.onset);
     });
-    sorted.resize(std::min(sorted.size(), kMaxFindings));
-    std::vector<std::string> lines;
+    std::vector<Difference> all;
+    all.reserve(sorted.size());
     for (const Finding* finding : sorted) {
-        const std::string place = PlaceWords(finding->part, finding->place);
-        lines.push_back(place.empty() ? finding->what : place + ": " + finding->what);
+        all.push_back(At(*finding));
     }
-    return lines;
-}
-
-std::string Findings::PlaceWords(u32 part, const Place& place) const {
-    if (part == kNone) {
-        return {};
-    }
-    const std::string where =
-        place.staff == 0 ? ", part " + std::to_string(part + 1)
-                         : ", staff " + std::to_string(place.staff) + BeatWords(part, place);
-    return MeasureWords(part, place.measure) + where;
+    return all;
 }
 
 std::string Findings::TimeWords(u32 part, const Place& place) const {
-    return MeasureWords(part, place.measure) + BeatWords(part, place);
+    return MeasureWords(NumberOf(part, place.measure)) + ", " + BeatWords(BeatOf(part, place));
 }
 
 std::string Findings::Quoted(u32 text) const {
-    std::string quoted = m_texts[text];
-    std::replace_if(
-        quoted.begin(), quoted.end(),
-        [](char sign) { return static_cast<unsigned char>(sign) < 0x20; }, ' ');
-    if (quoted.size() <= kLongestText) {
-        return quoted;
-    }
-    std::size_t end = kLongestText;
-    while (end > 0 && (static_cast<unsigned char>(quoted[end]) & 0xC0U) == 0x80U) {
-        --end;  // does not cut a multi-byte character
-    }
-    return quoted.substr(0, end) + "...";
+    return ElementWords(m_texts[text]);
 }
 
-std::string Findings::MeasureWords(u32 part, u32 measure) const {
+Difference Findings::At(const Finding& finding) const {
+    Difference difference;
+    difference.kind = finding.kind;
+    difference.what = finding.what;
+    if (finding.part != kNone) {
+        difference.part = finding.part + 1;
+        difference.measure = finding.place.measure + 1;
+        difference.number = NumberOf(finding.part, finding.place.measure);
+        difference.staff = finding.place.staff;
+        if (finding.place.staff != 0) {
+            difference.beat = BeatOf(finding.part, finding.place);
+        }
+    }
+    return difference;
+}
+
+std::string Findings::NumberOf(u32 part, u32 measure) const {
     const auto& measures = m_score.parts[part].measures;
     const std::string number =
-        measure < measures.size() ? Quoted(measures[measure].number) : std::string{};
-    return "m. " + (number.empty() ? std::to_string(measure + 1) : number);
+        measure < measures.size() ? InOneLine(m_texts[measures[measure].number]) : std::string{};
+    return number.empty() ? std::to_string(measure + 1) : number;
 }
 
-std::string Findings::BeatWords(u32 part, const Place& place) const {
+double Findings::BeatOf(u32 part, const Place& place) const {
     const auto& measures = m_score.parts[part].measures;
     const ExactTime beat =
         place.measure < measures.size() ? measures[place.measure].beat : ExactTime{1, 1};
-    return ", beat " + Decimal(1 + place.onset.AsDouble() / beat.AsDouble());
+    return 1 + place.onset.AsDouble() / beat.AsDouble();
 }
 
 }  // namespace standin::readback

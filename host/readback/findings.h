@@ -2,9 +2,9 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "host/readback/difference.h"
 #include "host/readback/score_content.h"
 #include "host/readback/texts.h"
 
@@ -15,28 +15,31 @@ public:
     // Measures are named as in that score.
     Findings(const Score& score, const Texts& texts) : m_score{score}, m_texts{texts} {}
 
-    void Add(u32 part, const Place& place, std::string what);
-    void AddForScore(std::string what) { Add(kNone, {}, std::move(what)); }
+    // what: as in Difference.
+    void Add(u32 part, const Place& place, Difference::Kind kind, std::string what);
+    void AddForScore(std::string what) {
+        Add(kNone, {}, Difference::Kind::kOther, std::move(what));
+    }
 
-    // By measure, staff and beat.
-    std::vector<std::string> Lines() const;
+    // In the order of places.
+    std::vector<Difference> All() const;
 
-    // "m. 12, staff 2, beat 2.5"
-    std::string PlaceWords(u32 part, const Place& place) const;
     // "m. 12, beat 2.5"
     std::string TimeWords(u32 part, const Place& place) const;
-    // The text of an element, cut when long.
+    // What the element says, cut when long.
     std::string Quoted(u32 text) const;
 
 private:
     struct Finding {
         u32 part;
         Place place;
+        Difference::Kind kind;
         std::string what;
     };
 
-    std::string MeasureWords(u32 part, u32 measure) const;
-    std::string BeatWords(u32 part, const Place& place) const;
+    Difference At(const Finding& finding) const;
+    std::string NumberOf(u32 part, u32 measure) const;
+    double BeatOf(u32 part, const Place& place) const;
 
     const Score& m_score;
     const Texts& m_texts;

@@ -7,6 +7,7 @@
 
 #include "host/readback/canonical_xml.h"
 #include "host/readback/note_words.h"
+#include "host/texts/texts.h"
 
 namespace standin::readback {
 namespace {
@@ -72,7 +73,7 @@ void NoteReading::Read(pugi::xml_node node, ExactTime duration) {
     note.duration = duration;
     note.attachments.begin = static_cast<u32>(m_score.attachments.size());
     note.pitch = m_texts.Of(chord.rest ? "rest" : PitchWords(node));
-    note.words = m_texts.Of(chord.rest ? LengthWords(node) + " rest"
+    note.words = m_texts.Of(chord.rest ? Say(Text::kRestOfLength, {LengthWords(node)})
                                        : PitchWords(node) + ' ' + LengthWords(node));
     chord.notes.end = static_cast<u32>(m_score.notes.size());
     chord.modified = chord.modified || node.child("time-modification");

@@ -1,8 +1,10 @@
 #include "host/readback/note_words.h"
 
 #include <string_view>
+#include <utility>
 
 #include "host/readback/canonical_xml.h"
+#include "host/texts/texts.h"
 
 namespace standin::readback {
 
@@ -32,19 +34,26 @@ std::string PitchWords(pugi::xml_node note) {
     const pugi::xml_node unpitched = note.child("unpitched");
     const std::string at = TrimmedValue(unpitched.child("display-step")) +
                            TrimmedValue(unpitched.child("display-octave"));
-    return at.empty() ? "unpitched" : "unpitched " + at;
+    return at.empty() ? std::string{Say(Text::kUnpitched)} : Say(Text::kUnpitchedAt, {at});
 }
 
 std::string LengthWords(pugi::xml_node note) {
+    static constexpr std::pair<std::string_view, Text> kTypes[] = {
+        {"breve", Text::kBreve},     {"whole", Text::kWhole},   {"half", Text::kHalf},
+        {"quarter", Text::kQuarter}, {"eighth", Text::kEighth}, {"16th", Text::k16th},
+        {"32nd", Text::k32nd},       {"64th", Text::k64th},     {"", Text::kNoLength},
+    };
     std::string words = TrimmedValue(note.child("type"));
-    if (words.empty()) {
-        words = "note";
+    for (const auto& [type, text] : kTypes) {
+        if (words == type) {
+            words = Say(text);
+            break;
+        }
     }
-    const pugi::xml_node dot = note.child("dot");
-    if (dot) {
-        words.insert(0, dot.next_sibling("dot") ? "double-dotted " : "dotted ");
+    if (const pugi::xml_node dot = note.child("dot")) {
+        words = Say(dot.next_sibling("dot") ? Text::kDoubleDotted : Text::kDotted, {words});
     }
-    return note.child("grace") ? "grace " + words : words;
+    return note.child("grace") ? Say(Text::kGraceLength, {words}) : words;
 }
 
 }  // namespace standin::readback

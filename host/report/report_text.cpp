@@ -77,20 +77,20 @@ std::string LineOf(const Stretch& stretch, const MergeReport& report) {
                                      {BeatsOf(stretch)})});
 }
 
-// The lines, indented; lines beyond the limit are counted.
-std::string Listed(const std::vector<std::string>& lines, bool withDetails) {
+}  // namespace
+
+std::string ListOf(const std::vector<std::string>& lines, const std::string& indent,
+                   bool withDetails) {
     const std::size_t shown = withDetails ? lines.size() : std::min(lines.size(), kMaxLines);
     std::string text;
     for (std::size_t i = 0; i < shown; ++i) {
-        text += "  " + lines[i] + '\n';
+        text.append(indent).append(lines[i]).append("\n");
     }
     if (shown < lines.size()) {
-        text += "  " + Say(Text::kMoreLines, {std::to_string(lines.size() - shown)}) + '\n';
+        text += indent + Say(Text::kMoreLines, {std::to_string(lines.size() - shown)}) + '\n';
     }
     return text;
 }
-
-}  // namespace
 
 std::string ClearedLine(const MergeReport& report) {
     return Say(Text::kClearedLine,
@@ -113,13 +113,13 @@ std::string ReportAsText(const MergeReport& report, bool withDetails) {
     }
     text +=
         Count(report.Stayed(), Text::kOneLeft, Text::kManyLeft) + (stays.empty() ? "\n" : ":\n");
-    text += Listed(stays, withDetails);
+    text += ListOf(stays, "  ", withDetails);
     std::vector<std::string> remarks;
     for (const Remark& remark : report.remarks) {
         remarks.push_back(WordsFor(remark));
     }
     if (!remarks.empty()) {
-        text += std::string{Say(Text::kRemarks)} + ":\n" + Listed(remarks, withDetails);
+        text += std::string{Say(Text::kRemarks)} + ":\n" + ListOf(remarks, "  ", withDetails);
     }
     if (report.verified) {
         text += Say(report.NotesCleared() > 0 ? Text::kVerifiedButCleared : Text::kVerified);

@@ -11,6 +11,11 @@ namespace standin {
 // wanted.
 std::string ReportAsText(const MergeReport& report, bool withDetails);
 
+// The lines, each behind the indent; without details only the first ones and how many more there
+// are.
+std::string ListOf(const std::vector<std::string>& lines, const std::string& indent,
+                   bool withDetails);
+
 // One line: what Replace cleared, "cleared: 163 notes in 12 measures of layer 1".
 std::string ClearedLine(const MergeReport& report);
 

@@ -46,8 +46,33 @@ TEST_F(CommandRun, CarolIsMergedAndNothingIsLost) {
         "  m. 20, Chorus, staff 1, beat 1: the fermata of layer 1 now applies to the whole chord\n"
         "  m. 20, Chorus, staff 2, beat 1: the fermata of layer 1 now applies to the whole chord\n"
         "Verified: no music was lost\n");
-    EXPECT_EQ(Run({"compare", kCarol, File("out.musicxml")}), kFailed);
+}
+
+TEST_F(CommandRun, WhatBecameAChordIsALossOnlyToAPlainComparison) {
+    const std::string merged = File("out.musicxml");
+    ASSERT_EQ(Run({"merge", kCarol, "-o", merged}), kDone) << errors;
     EXPECT_EQ(Run({"compare", kCarol, kCarol}), kDone);
+    EXPECT_EQ(Run({"compare", kCarol, merged, "--merged"}), kDone);
+    EXPECT_EQ(output, "No music was lost\n");
+
+    EXPECT_EQ(Run({"compare", kCarol, merged}), kFailed);
+    EXPECT_NE(output.find("(--details shows all)"), output.npos) << output;
+    EXPECT_EQ(output.find('<'), output.npos) << "words, not markup: " << output;
+    EXPECT_EQ(Run({"compare", kCarol, merged, "--details"}), kFailed);
+    const auto lines = std::count(output.begin(), output.end(), '\n');
+    EXPECT_EQ(Run({"compare", kCarol, merged, "--json"}), kFailed);
+    const auto json = nlohmann::json::parse(output);
+    EXPECT_EQ(json["differences"].size(), static_cast<std::size_t>(lines));
+    EXPECT_EQ(json["totals"]["gained"].get<long>() + json["totals"]["lost"].get<long>(), lines);
+    EXPECT_EQ(json["differences"][0]["number"], "0") << "the pickup";
+    EXPECT_EQ(json["differences"][0]["measure"], 1);
+    EXPECT_FALSE(json["same"]);
+
+    std::string robbed = Content(merged);
+    const std::string note = "<step>G</step>";
+    robbed.replace(robbed.find(note), note.size(), "<step>E</step>");
+    EXPECT_EQ(Run({"compare", kCarol, Write("robbed.musicxml", robbed), "--merged"}), kFailed);
+    EXPECT_NE(output.find("lost"), output.npos) << output;
 }
 
 TEST_F(CommandRun, OnlyTheSelectionChanges) {

@@ -49,10 +49,10 @@ inline std::string Compared(const ImportedScore& before, const std::string& writ
         return first.problem + second.problem + '\n';
     }
     std::string lines;
-    for (const std::string& line :
+    for (const readback::Difference& difference :
          merged ? readback::FaultsOfMerge(*first.score, *second.score, texts)
                 : readback::Differences(*first.score, *second.score, texts)) {
-        lines += line + '\n';
+        lines += WordsFor(difference) + '\n';
     }
     return lines;
 }

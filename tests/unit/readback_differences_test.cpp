@@ -1,4 +1,7 @@
 // What counts as a difference between two scores, and how it is put.
+#include <tuple>
+
+#include "host/texts/texts.h"
 #include "tests/unit/readback_support.h"
 
 namespace standin {
@@ -26,18 +29,17 @@ const struct {
     const char* merged;  // when the second is taken for a merge of the first; null = the same
 } kDifferences[] = {
     {"NoteLost", Note({}) + Note({.pitch = "E4"}), Note({}) + Note({.pitch = "r"}),
-     "2: <rest/> of quarter rest gained\n2: E4 quarter lost\n2: quarter rest gained\n",
-     "2: E4 quarter lost\n"},
+     "2: E4 quarter lost\n2: quarter rest gained\n", "2: E4 quarter lost\n"},
     {"OtherLength", Note({.duration = 3, .more = "<dot/>"}), Note({}),
      "1: C4 dotted quarter lost\n1: C4 quarter gained\n", nullptr},
-    {"TieLost", Note({.more = kTie}), Note({}), "1: <tied type=\"start\"/> of C4 quarter lost\n",
+    {"TieLost", Note({.more = kTie}), Note({}), "1: tied (type start) of C4 quarter lost\n",
      nullptr},
     {"VoicesAndChordsDoNotCount", Note({}) + kSecondE, Note({}) + kChordE, "", nullptr},
     {"ArticulationOfAJoinedChordMayBeOne", Note({.more = kStaccato}) + kSecondEStaccato,
-     Note({.more = kStaccato}) + kChordE, "1: <staccato/> of E4 quarter lost\n", ""},
+     Note({.more = kStaccato}) + kChordE, "1: staccato of E4 quarter lost\n", ""},
     {"ArticulationOnTheWrongOfTwoNotes", Note({.more = kStaccato}) + kSecondE,
      Note({}) + kSecondEStaccato, "",
-     "1: <staccato/> of C4 quarter lost\n1: <staccato/> of E4 quarter gained\n"},
+     "1: staccato of C4 quarter lost\n1: staccato of E4 quarter gained\n"},
     {"SlurEndsElsewhere", SlurNote("start") + SlurNote("stop") + Note({}),
      SlurNote("start") + Note({}) + SlurNote("stop"),
      "1: slur from C4 quarter to C4 quarter in m. 1, beat 2 lost\n"
@@ -50,31 +52,30 @@ const struct {
      nullptr},
     {"LyricOfARestOnANote", Note({.pitch = "r", .more = kLyric}) + kSecondE,
      Note({.pitch = "r"}) + Backup(2) + Note({.pitch = "E4", .voice = "2", .more = kLyric}), "",
-     "1: <lyric><text>a</text></lyric> of E4 quarter gained\n"
-     "1: <lyric><text>a</text></lyric> of a rest lost\n"},
+     "1: lyric: text \"a\" of E4 quarter gained\n"
+     "1: lyric: text \"a\" of a rest lost\n"},
     {"OnceOfTwoRestsIsNotEnough",
      Note({.pitch = "r", .more = kStaccato}) + Backup(2) +
          Note({.pitch = "r", .voice = "2", .more = kStaccato}),
      Note({.pitch = "r", .more = kStaccato}) + Backup(2) + Note({.pitch = "r", .voice = "2"}),
-     "1: <staccato/> of quarter rest lost\n", "1: <staccato/> of a rest lost\n"},
+     "1: staccato of quarter rest lost\n", "1: staccato of a rest lost\n"},
     {"SlursNumberDoesNotCount", SlurNote("start") + SlurNote("stop"),
      SlurNote("start", "2") + SlurNote("stop", "2"), "", nullptr},
-    {"DirectionLost", kTempo + Note({}), Note({}),
-     "1: <direction><sound tempo=\"60\"/></direction> lost\n", nullptr},
+    {"DirectionLost", kTempo + Note({}), Note({}), "1: sound (tempo 60) lost\n", nullptr},
     {"DirectionByOffset", Note({}) + kTempo + Note({}),
      "<direction><offset>2</offset><sound tempo=\"60\"/><voice>1</voice></direction>" + Note({}) +
          Note({}),
      "", nullptr},
     {"ClefLost", "<attributes><clef><sign>F</sign></clef></attributes>" + Note({}), Note({}),
-     "m. 1, part 1: <attributes><clef><sign>F</sign></clef> lost\n", nullptr},
+     "m. 1, part 1: clef: sign \"F\" lost\n", nullptr},
     {"BeamsAndStemsAreLook", Note({.more = "<stem>up</stem><beam>begin</beam>"}),
      Note({.more = "<stem>down</stem>"}),
-     "1: <beam>begin</beam> of C4 quarter lost\n1: <stem>down</stem> of C4 quarter gained\n"
-     "1: <stem>up</stem> of C4 quarter lost\n",
+     "1: beam \"begin\" of C4 quarter lost\n1: stem \"down\" of C4 quarter gained\n"
+     "1: stem \"up\" of C4 quarter lost\n",
      ""},
     {"LongTextIsCutBetweenCharacters",
      Note({.more = "<lyric><text>éééééééééééééééééééééééé</text></lyric>"}), Note({}),
-     "1: <lyric><text>ééééééééééééééééééééééé... of C4 quarter lost\n", nullptr},
+     "1: lyric: text \"ééééééééééééééééééééééé...\" of C4 quarter lost\n", nullptr},
     {"SpaceAndOrderOfAttributesDoNotCount", Note({.more = kStaccato, .first = "<?a b?><!-- -->"}),
      Note({.more = "<notations>\n <articulations>\n  <staccato />\n </articulations></notations>"}),
      "", nullptr},
@@ -106,6 +107,35 @@ TEST(Difference, IsAtThePrintedMeasureAndTheBeatOfItsTimeSignature) {
     EXPECT_EQ(
         Compared(score("D4"), score("E4")).Differences(),
         "m. 17a, staff 1, beat 2: D4 eighth lost\nm. 17a, staff 1, beat 2: E4 eighth gained\n");
+}
+
+// What a program gets: the place in numbers, apart from the words.
+TEST(Difference, KnowsItsKindAndPlace) {
+    readback::Texts texts;
+    const auto before =
+        readback::ReadContentOfText(ScoreText({Note({}), Note({}) + kTempo}), texts);
+    const auto after =
+        readback::ReadContentOfText(ScoreText({Note({}) + Note({.pitch = "G4"}), Note({})}), texts);
+    const auto all = readback::Differences(*before.score, *after.score, texts);
+    ASSERT_EQ(all.size(), 2U);
+    EXPECT_EQ(all[0].kind, readback::Difference::Kind::kGained);
+    EXPECT_EQ(all[1].kind, readback::Difference::Kind::kLost);
+    EXPECT_EQ(all[0].what, "G4 quarter gained");
+    EXPECT_EQ((std::tuple{all[0].part, all[0].measure, all[0].staff, all[0].beat}),
+              (std::tuple{1U, 1U, 1U, std::optional{2.0}}));
+    EXPECT_EQ((std::pair{all[1].measure, all[1].number}), (std::pair{2U, std::string{"2"}}));
+}
+
+TEST(Difference, IsInTheUsersLanguage) {
+    SetLanguage(Language::kSpanish);
+    const Compared compared{ScoreText({Note({.duration = 3, .more = "<dot/>" + kStaccato})}),
+                            ScoreText({Note({.pitch = "r", .duration = 3, .more = "<dot/>"})})};
+    const std::string words = compared.Differences();
+    SetLanguage(Language::kEnglish);
+    EXPECT_EQ(Sorted(words),
+              "c. 1, pentagrama 1, tiempo 1: falta C4 negra con puntillo\n"
+              "c. 1, pentagrama 1, tiempo 1: falta staccato de C4 negra con puntillo\n"
+              "c. 1, pentagrama 1, tiempo 1: sobra silencio de negra con puntillo\n");
 }
 
 TEST(Difference, OfTheScoreAsAWhole) {

@@ -158,7 +158,7 @@ const struct {
     {"TupletWithoutItsStop",
      {kSixthsOfQuarter + Triplet("C5")},
      {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("C5") + Third("C5")},
-     "1: <tuplet type=\"start\"/> of C5 eighth without its other end\n"
+     "1: tuplet (type start) of C5 eighth without its other end\n"
      "1: C5 eighth out of its tuplet\n1.333: C5 eighth out of its tuplet\n"
      "1.667: C5 eighth out of its tuplet\n"},
     {"TupletOfOneNoteStopsFirst",
@@ -177,7 +177,7 @@ const struct {
     {"LyricOfAnotherVerseForNoReason",
      {Half("C5", "1", Lyric("1", "la"))},
      {Half("C5", "1", Lyric("2", "la"))},
-     "1: <lyric><text>la</text></lyric> of C5 half lost\n"},
+     "1: lyric: text \"la\" of C5 half lost\n"},
     {"VoiceSharesTimeWithItself",
      {Half("C5") + Half("D5") + Backup(8) + Quarter("C4", "2")},
      {Half("C5") + Half("D5") + Backup(8) + Quarter("C4", "1")},
@@ -211,8 +211,8 @@ const struct {
     {"FingeringOnAnotherNoteOfTheChord",
      {Half("C5", "1", kFinger) + Backup(4) + Half("A4", "2")},
      {Half("C5") + Half("A4", "1", kFinger, kJoins)},
-     "1: <fingering>1</fingering> of A4 half gained\n"
-     "1: <fingering>1</fingering> of C5 half lost\n"},
+     "1: fingering \"1\" of A4 half gained\n"
+     "1: fingering \"1\" of C5 half lost\n"},
     {"UnisonLost",
      {Half("C5") + Backup(4) + Half("C5", "2")},
      {Half("C5") + Backup(4) + Half("r", "2")},
@@ -224,12 +224,12 @@ const struct {
     {"HarmonyChangesItsStaff",
      {Half("C5") + Backup(4) + kHarmony + Half("C3", "5", OnStaff2())},
      {kHarmony + Half("C5") + Backup(4) + Half("C3", "5", OnStaff2())},
-     "1: <harmony><root><root-step>C</root-step></root></harmony> gained\n"
-     "m. 1, staff 2, beat 1: <harmony><root><root-step>C</root-step></root></harmony> lost\n"},
+     "1: harmony: root: root-step \"C\" gained\n"
+     "m. 1, staff 2, beat 1: harmony: root: root-step \"C\" lost\n"},
     {"DirectionBeforeTheFirstVoice",
      {DirectionOf("1") + Half("C5") + Backup(4) + Half("A4", "2")},
      {DirectionOf("3") + Half("A4", "2") + Backup(4) + Half("C5", "3")},
-     "1: <direction><sound/></direction> stands before the first voice of its staff\n"},
+     "1: sound stands before the first voice of its staff\n"},
     {"RatioLost",
      {kSixthsOfQuarter + Third("C5")},
      {kSixthsOfQuarter + Note({.pitch = "C5", .type = "eighth"})},

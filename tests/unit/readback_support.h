@@ -48,10 +48,11 @@ public:
     }
 
 private:
-    static std::string Joined(const std::vector<std::string>& lines) {
+    static std::string Joined(const std::vector<readback::Difference>& differences) {
         constexpr std::string_view kUsualPlace = "m. 1, staff 1, beat ";
         std::string text;
-        for (const std::string& line : lines) {
+        for (const readback::Difference& difference : differences) {
+            const std::string line = WordsFor(difference);
             text += line.starts_with(kUsualPlace) ? line.substr(kUsualPlace.size()) : line;
             text += '\n';
         }

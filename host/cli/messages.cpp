@@ -1,0 +1,24 @@
+#include "host/cli/messages.h"
+
+#include <iostream>
+
+#include "host/cli/output_file.h"
+#include "host/texts/texts.h"
+
+namespace standin::cli {
+
+void Complain(const std::string& problem) {
+    std::cerr << "plyweld: " << problem << '\n';
+}
+
+void Warn(const std::string& place, const std::string& words) {
+    std::cerr << "plyweld: " << place << ": " << Say(Text::kWarning, {words}) << '\n';
+}
+
+std::string PlaceIn(const std::string& score, std::size_t line) {
+    const std::string name =
+        score == kStandardStream ? std::string{Say(Text::kStandardInput)} : score;
+    return line == 0 ? name : name + ':' + std::to_string(line);
+}
+
+}  // namespace standin::cli
