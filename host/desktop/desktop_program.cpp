@@ -69,7 +69,7 @@ int RunScript(const ScriptOptions& options) {
     }
     MenuBarKind menus = MenuBarKind::kFull;
     if (!Prepare(script.lines, menus)) {
-        std::fprintf(stderr, "%s: what stands before the start was not done\n",
+        std::fprintf(stderr, "%s: a line before the start failed\n",
                      cli::TextOf(options.script).c_str());
         return kUnreadable;
     }

@@ -61,7 +61,7 @@ Reading ReadContentOfText(std::string_view xml, Texts& texts) {
         std::string reason = parsed.description();
         reason.front() =
             static_cast<char>(std::tolower(static_cast<unsigned char>(reason.front())));
-        return Refused("the file is no well-formed XML: " + reason,
+        return Refused("the file is not well-formed XML: " + reason,
                        LineAt(xml, static_cast<std::size_t>(parsed.offset)));
     }
     DepthLimit limit;
@@ -70,7 +70,7 @@ Reading ReadContentOfText(std::string_view xml, Texts& texts) {
     }
     const pugi::xml_node root = document.child("score-partwise");
     if (!root) {
-        return Refused("the file is no partwise MusicXML score", 0);
+        return Refused("the file is not a partwise MusicXML score", 0);
     }
     auto score = std::make_unique<Score>();
     ReadHeader(root, *score, texts);

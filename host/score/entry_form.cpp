@@ -91,7 +91,7 @@ const char* WhyNotStorable(std::span<const EXENTRY> entries) {
     }
     std::sort(numbers.begin(), numbers.end());
     if (std::adjacent_find(numbers.begin(), numbers.end()) != numbers.end()) {
-        return "an entry that stands twice";
+        return "an entry that appears twice";
     }
     return nullptr;
 }

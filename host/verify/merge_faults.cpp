@@ -319,7 +319,7 @@ private:
         std::map<u32, const EntryFacts*> after;
         for (const EntryFacts& fact : m_factsAfter) {
             if (!after.emplace(u32{fact.entry->entryNumber}, &fact).second) {
-                Tell(fact, "an entry that stands twice");
+                Tell(fact, "an entry that appears twice");
             }
         }
         for (const auto& [number, was] : before) {

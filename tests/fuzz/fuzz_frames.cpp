@@ -1,5 +1,5 @@
 // Any entries in any layers, any selection and options: the plug-in merges them without losing a
-// note, or leaves the score as it was and says so.
+// note, or leaves the score unchanged and reports an error.
 #include <cstddef>
 #include <fuzzer/FuzzedDataProvider.h>
 #include <iostream>

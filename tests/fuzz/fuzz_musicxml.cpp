@@ -1,5 +1,6 @@
-// Any file as a score: it is read or refused with one line; what is read can be written and read
-// again. The second reading takes it or refuses it likewise, and finds it the same as itself.
+// Any file as a score: it is read or refused with one line, and a score that was read can be
+// written and read again. The second reader accepts or refuses the same files and finds the score
+// equal to itself.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -52,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const std::string written = WriteScore(*score.score, {.rebuildAll = true});
     if (written.empty()) {
-        return 0;  // the archive is damaged beside the score, or lines find no numbers
+        return 0;  // the archive is damaged outside the score, or line numbers ran out
     }
     const ReadResult again = ReadScore(written);
     if (!again) {

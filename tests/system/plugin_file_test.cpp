@@ -53,7 +53,7 @@ TEST(PluginFile, CarriesItsVersion) {
     EXPECT_EQ(std::to_wstring(version.major) + L"." + std::to_wstring(version.minor), version.text);
 }
 
-// What the plug-in answers when it is started from a folder that holds the named folder.
+// The plug-in's result when it is started beside the named folder.
 i16 StartBeside(const wchar_t* neighbour) {
     const fs::path folder = fs::temp_directory_path() / L"plyweld folder check";
     fs::remove_all(folder);

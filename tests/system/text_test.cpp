@@ -8,7 +8,7 @@
 
 namespace {
 
-// A list of arguments is a pointer to characters here: a text must not pass for one.
+// va_list is a pointer to characters here: a text must not be taken for one.
 TEST(Texts, AreFormattedFromTextsThatCouldBeWritten) {
     char staff[] = "Flute";
     char* const name = staff;

@@ -17,7 +17,7 @@ struct Value {
     std::vector<std::uint8_t> bytes;
 };
 
-// Nothing when there is no such key or value under HKEY_CURRENT_USER.
+// Nothing if the key or value does not exist under HKEY_CURRENT_USER.
 std::optional<Value> ReadValue(const std::wstring& key, const std::wstring& name);
 void WriteValue(const std::wstring& key, const std::wstring& name,
                 const std::vector<std::uint8_t>& bytes);

@@ -35,7 +35,7 @@ public:
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    // Empty when it ends, or shows none within half a minute.
+    // Empty if it ends, or shows none within half a minute.
     std::wstring TitleOfItsWindow(const std::wstring& expected) const {
         wchar_t title[256] = L"";
         for (int waited = 0; waited < 300 && expected != title; ++waited) {

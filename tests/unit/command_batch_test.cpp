@@ -1,4 +1,4 @@
-// Several scores in one command: which are taken, and where they go.
+// Several scores in one command: which scores are found, and their outputs.
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ protected:
         }
     }
 
-    // The outputs below the output folder, or why there are none.
+    // The outputs below the output folder, or the error.
     std::string Outputs(BatchCommand command) const {
         for (std::string& input : command.inputs) {
             input = TextOf(folder.Path() / PathOf(input));
@@ -49,38 +49,38 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(BatchItems, AFolderGivesItsScoresByName) {
+TEST_F(BatchItems, FolderScoresAreSortedByName) {
     EXPECT_EQ(Outputs(With({"in"})), "a score.musicxml;b.mxl;\xE8\xB6\x8A\xE5\xBE\x8C.xml;");
 }
 
-TEST_F(BatchItems, FoldersInItComeOnRequestAndKeepTheirPlace) {
+TEST_F(BatchItems, RecursiveKeepsSubfolders) {
     BatchCommand command = With({"in"});
     command.recursive = true;
     EXPECT_NE(Outputs(command).find("deep/a.xml;"), std::string::npos) << Outputs(command);
 }
 
-TEST_F(BatchItems, WildcardsThatTheShellLeftAreTakenApart) {
+TEST_F(BatchItems, ExpandsWildcards) {
     EXPECT_EQ(Outputs(With({"in/?.m*"})), "b.mxl;");
-    EXPECT_NE(Outputs(With({"in/*.pdf"})).find("no file has a name like this"), std::string::npos);
+    EXPECT_NE(Outputs(With({"in/*.pdf"})).find("no file matches"), std::string::npos);
 }
 
-TEST_F(BatchItems, AScoreGivenTwiceIsMergedOnce) {
+TEST_F(BatchItems, RepeatedScoreIsMergedOnce) {
     EXPECT_EQ(Outputs(With({"in/b.mxl", "in/b.mxl"})), "b.mxl;");
 }
 
-TEST_F(BatchItems, TwoScoresNeverGoToOneFile) {
+TEST_F(BatchItems, RefusesEqualOutputs) {
     fs::create_directory(folder / "other");
     std::ofstream{folder / "other" / "b.mxl"} << "<score-partwise/>";
     EXPECT_NE(Outputs(With({"in/b.mxl", "other/b.mxl"})).find("the same file"), std::string::npos);
 }
 
-TEST_F(BatchItems, AScoreIsNotWrittenOntoItself) {
+TEST_F(BatchItems, RefusesToOverwriteInput) {
     fs::create_directory(folder / "out");
     std::ofstream{folder / "out" / "c.xml"} << "<score-partwise/>";
     EXPECT_NE(Outputs(With({"out/c.xml"})).find("onto itself"), std::string::npos);
 }
 
-TEST_F(BatchItems, AFolderWithoutScoresIsRefused) {
+TEST_F(BatchItems, FolderWithoutScoresIsRefused) {
     fs::create_directory(folder / "empty");
     EXPECT_NE(Outputs(With({"empty"})).find("no scores"), std::string::npos);
 }

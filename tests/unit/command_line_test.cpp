@@ -63,7 +63,7 @@ constexpr WrongLine kWrongLines[] = {
     {"MissingInput", "merge -o out.xml", "IN is missing"},
     {"MissingOutput", "merge in.xml", "-o OUT is missing"},
     {"SeveralWithoutFolder", "merge a.xml b.xml", "-o FOLDER is missing"},
-    {"SeveralOntoStandardOutput", "merge a.xml b.xml -o -", "need a folder"},
+    {"SeveralOntoStandardOutput", "merge a.xml b.xml -o -", "need an output folder"},
     {"OutputAndInPlace", "merge a.xml --in-place -o b", "--in-place takes no -o"},
     {"NoJobs", "merge a.xml b.xml -o c --jobs 0", "--jobs: 0 is not a number from 1"},
     {"MissingSecondScore", "compare a.xml", "B is missing"},
@@ -97,7 +97,7 @@ TEST_P(WrongUsage, IsRefusedInOneLine) {
 INSTANTIATE_TEST_SUITE_P(Lines, WrongUsage, testing::ValuesIn(kWrongLines),
                          [](const auto& row) { return std::string{row.param.name}; });
 
-TEST(CommandLine, RefusesInTheUsersLanguage) {
+TEST(CommandLine, RefusesInUserLanguage) {
     SetLanguage(Language::kSpanish);
     EXPECT_NE(RefusalOf("mrege in.xml").find("¿quiso decir merge?"), std::string::npos);
     SetLanguage(Language::kEnglish);
@@ -111,7 +111,7 @@ std::string TextFor(const std::string& line) {
     return testing::internal::GetCapturedStdout();
 }
 
-TEST(CommandLine, HelpShowsEveryOptionOfACommand) {
+TEST(CommandLine, HelpShowsEveryOption) {
     EXPECT_EQ(TextFor(""), TextFor("help"));
     EXPECT_EQ(TextFor(""), TextFor("-h"));
     EXPECT_EQ(TextFor("merge --help"), TextFor("help merge"));

@@ -1,4 +1,4 @@
-// Lines and directions after a merge, as a program finds them that reads the text from its begin.
+// Lines and directions after a merge, as a program reads them from the beginning of the text.
 #include <map>
 #include <regex>
 #include <tuple>
@@ -12,7 +12,7 @@ using standin::Backup;
 using standin::Forward;
 using standin::Note;
 
-// One end of a line; its label goes wherever the element goes.
+// One end of a line; its label moves with the element.
 std::string End(const std::string& name, const std::string& type, int number, int label) {
     return "<" + name + " type=\"" + type + "\" number=\"" + std::to_string(number) +
            "\" default-y=\"" + std::to_string(label) + "\"/>";
@@ -50,7 +50,7 @@ std::string Attribute(const std::string& element, const std::string& name) {
                                                                                  : "1";
 }
 
-// What is wrong with the pairs that the ends make in the order of the text.
+// The errors in pairing the ends in the order of the text.
 std::string Faults(const std::string& text) {
     const std::regex pattern{"<(slur|wavy-line|wedge|octave-shift|dashes) [^>]*>"};
     std::map<std::pair<std::string, std::string>, std::string> open;  // label by name and number
@@ -124,7 +124,7 @@ const LineCase kLineCases[] = {
     {"dashes of two staves", TwoOnTwoStaves("dashes", "start"), "1", "2"},
 };
 
-TEST_F(CommandRun, EndsOfLinesPairInTheOrderOfTheText) {
+TEST_F(CommandRun, LineEndsPairInTextOrder) {
     for (const auto& c : kLineCases) {
         SCOPED_TRACE(c.name);
         ASSERT_EQ(Run({"merge", Write("in.xml", Score({c.measure})), "-o", File("out.xml"),
@@ -137,8 +137,8 @@ TEST_F(CommandRun, EndsOfLinesPairInTheOrderOfTheText) {
     }
 }
 
-// The slur that goes on into the third measure takes another number there, too.
-TEST_F(CommandRun, OnlyANumberChangesInAMeasureThatDidNot) {
+// The slur that continues into the third measure gets another number there, too.
+TEST_F(CommandRun, UnchangedMeasureChangesOnlyNumbers) {
     const std::string stop =
         "<note ><pitch><step>A</step><octave>4</octave></pitch><duration>8"
         "</duration><voice>2</voice><notations>";
@@ -160,8 +160,8 @@ TEST_F(CommandRun, OnlyANumberChangesInAMeasureThatDidNot) {
                   "</measure>\n</part>\n</score-partwise>\n");
 }
 
-// Sixteen lines are told apart, and no more.
-TEST_F(CommandRun, LinesThatFindNoNumberAreToldAndNothingIsWritten) {
+// There are numbers for sixteen lines, and no more.
+TEST_F(CommandRun, TooManyLinesAreRefused) {
     const auto slurs = [](const std::string& type, int count, int first) {
         std::string ends = "<notations>";
         for (int i = 1; i <= count; ++i) {
@@ -186,8 +186,8 @@ TEST_F(CommandRun, LinesThatFindNoNumberAreToldAndNothingIsWritten) {
     EXPECT_FALSE(std::filesystem::exists(File("9.xml")));
 }
 
-// What came to the voice's own staff drives its music on the other one into a voice of its own.
-TEST_F(CommandRun, AVoiceSoundsOnOneStaffAtATime) {
+// Music that joins the voice's own staff makes its music on the other staff a separate voice.
+TEST_F(CommandRun, VoiceSoundsOnOneStaffAtATime) {
     const std::string text = Score({At(1, "1", "C5", 4) + At(2, "1", "D4", 4) + Backup(4) +
                                     At(1, "2", "F5", 4) + Backup(8) + At(2, "5", "C3", 8)});
     ASSERT_EQ(Run({"merge", Write("in.xml", text), "-o", File("out.xml"), "--from", "2", "--to",
@@ -204,9 +204,9 @@ TEST_F(CommandRun, AVoiceSoundsOnOneStaffAtATime) {
     EXPECT_EQ(voiceOf("D"), "3") << merged;
 }
 
-// Of a chord over two staves one note leaves. Readers would put the rest it left and the other note
-// one after the other if both had one voice.
-TEST_F(CommandRun, ARestLeftBehindSharesNoVoiceWithAnotherStaff) {
+// One note of a chord across two staves moves. If the rest it left and the other note had the same
+// voice, readers would place them in sequence.
+TEST_F(CommandRun, RestLeftBehindGetsOwnVoice) {
     const std::string text = Score({At(1, "1", "D4", 8) + Note({.pitch = "B3",
                                                                 .duration = 8,
                                                                 .voice = "1",
@@ -236,8 +236,8 @@ std::string Triplet(std::string_view voice, std::string_view pitch, std::string_
                          ends});
 }
 
-// Directions of two voices at other times than their notes begin.
-TEST_F(CommandRun, NoMoveBreaksIntoAStreamForADirection) {
+// Directions of two voices at times where none of their notes begins.
+TEST_F(CommandRun, DirectionsStayInTheirStream) {
     const auto triplet = [](std::string_view voice, const std::string& pitch) {
         return Triplet(voice, pitch, "start") +
                Direction("<words>in " + std::string{voice} + "</words>", 1) +
@@ -267,8 +267,8 @@ TEST_F(CommandRun, NoMoveBreaksIntoAStreamForADirection) {
     EXPECT_EQ(merged.find("<divisions>6"), merged.rfind("<divisions>"));
 }
 
-// A voice of nothing but a whole note takes in what stood within another one.
-TEST_F(CommandRun, ADirectionWithinANoteIsWrittenWithAnOffset) {
+// A voice with only a whole note gets music from within another one.
+TEST_F(CommandRun, DirectionWithinNoteGetsOffset) {
     const std::string text =
         Score({At(1, "1", "r", 4) + Direction("<words>later</words>", 1, "<voice>1</voice>") +
                At(1, "1", "r", 4) + Backup(8) + At(1, "2", "C5", 8)});

@@ -1,4 +1,4 @@
-// What the program leaves behind: its output file, and the user's stored options.
+// The program's traces: its output file, and the user's stored options.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
@@ -24,7 +24,7 @@ protected:
     TemporaryFolder folder;
 };
 
-TEST_F(OutputFile, ReplacesWhatWasThereAndKeepsItsPermissions) {
+TEST_F(OutputFile, KeepsPermissions) {
     const fs::path file = folder / "score.musicxml";
     std::ofstream{file} << "old";
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
@@ -34,7 +34,7 @@ TEST_F(OutputFile, ReplacesWhatWasThereAndKeepsItsPermissions) {
     EXPECT_EQ(FilesInFolder(), 1U);
 }
 
-TEST_F(OutputFile, ALinkStaysALink) {
+TEST_F(OutputFile, KeepsLinks) {
     std::ofstream{folder / "real"} << "old";
     fs::create_symlink("real", folder / "link");
     EXPECT_EQ(WriteWhole((folder / "link").string(), "new"), "");
@@ -46,7 +46,7 @@ TEST_F(OutputFile, ALinkStaysALink) {
     EXPECT_EQ(FilesInFolder(), 2U);
 }
 
-TEST_F(OutputFile, AnErrorSaysItsReason) {
+TEST_F(OutputFile, ErrorGivesReason) {
     fs::create_symlink("a", folder / "b");
     fs::create_symlink("b", folder / "a");
     for (const auto& [target, reason] :
@@ -59,7 +59,7 @@ TEST_F(OutputFile, AnErrorSaysItsReason) {
     EXPECT_EQ(FilesInFolder(), 2U);
 }
 
-TEST_F(OutputFile, WhatCannotBeWrittenIsSaidAndLeavesNothing) {
+TEST_F(OutputFile, FailureLeavesNothing) {
     standin::machine::PrepareStreams();
     rlimit before{};
     getrlimit(RLIMIT_FSIZE, &before);
@@ -76,7 +76,7 @@ TEST_F(OutputFile, WhatCannotBeWrittenIsSaidAndLeavesNothing) {
     EXPECT_EQ(Content(folder / "score.mxl"), "old");
 }
 
-TEST(StoredOptions, StandWhereThePluginReadsThemAndGoAgain) {
+TEST(StoredOptions, AreRestored) {
     const std::string key = kPreferences + "\\Plyweld";
     platform::headless::Reset();
     { const StoredOptions stored{{}}; }

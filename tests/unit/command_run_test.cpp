@@ -1,4 +1,4 @@
-// The whole command: from a file through the real plug-in to a file.
+// The complete command: from a file through the real plug-in to a file.
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <set>
@@ -24,7 +24,7 @@ std::string Half(std::string_view pitch, std::string_view voice = "1", std::stri
     return Note({pitch, 4, "half", voice, more, first});
 }
 
-TEST_F(CommandRun, CarolIsMergedAndNothingIsLost) {
+TEST_F(CommandRun, CarolLosesNothing) {
     ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--verify"}), kDone) << errors;
     EXPECT_EQ(
         output,
@@ -93,7 +93,7 @@ TEST_F(CommandRun, OnlyTheSelectionChanges) {
     EXPECT_EQ(after.substr(after.find(fifth)), before.substr(before.find(fifth)));
 }
 
-TEST_F(CommandRun, EveryFormOfOutputHoldsTheSameMusic) {
+TEST_F(CommandRun, OutputFormatsHoldSameMusic) {
     ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--quiet"}), kDone);
     EXPECT_EQ(output, "");
     ASSERT_EQ(Run({"merge", kCarol, "-o", "-"}), kDone);
@@ -104,7 +104,7 @@ TEST_F(CommandRun, EveryFormOfOutputHoldsTheSameMusic) {
     EXPECT_EQ(Run({"compare", File("out.musicxml"), File("out.mxl")}), kDone) << output;
 }
 
-TEST_F(CommandRun, ReplaceSaysWhatItClearsAndClearsNothingForNothing) {
+TEST_F(CommandRun, ReplaceReportsWhatItClears) {
     // Layer 2 has music in the first measure only.
     const std::string input = Write(
         "in.xml",
@@ -123,12 +123,12 @@ TEST_F(CommandRun, ReplaceSaysWhatItClearsAndClearsNothingForNothing) {
         << errors;
     EXPECT_NE(output.find("cleared: 2 notes in 1 measure of layer 1\n"), std::string::npos)
         << output;
-    EXPECT_NE(output.find("nothing was lost but what Replace cleared"), std::string::npos);
+    EXPECT_NE(output.find("nothing was lost except what Replace cleared"), std::string::npos);
     EXPECT_EQ(Run({"merge", input, "-o", target, "--replace", "--force", "--json"}), kDone);
     EXPECT_EQ(nlohmann::json::parse(output)["totals"]["notesCleared"], 4);
 }
 
-TEST_F(CommandRun, ADryRunReportsTheSameAndWritesNothing) {
+TEST_F(CommandRun, DryRunWritesNothing) {
     ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml")}), kDone);
     const std::string report = output;
     ASSERT_EQ(Run({"merge", kCarol, "--dry-run", "--verify"}), kDone) << errors;
@@ -138,7 +138,7 @@ TEST_F(CommandRun, ADryRunReportsTheSameAndWritesNothing) {
     EXPECT_FALSE(fs::exists(File("out.musicxml")));
 }
 
-TEST_F(CommandRun, SeveralStretchesAreMergedAndVerified) {
+TEST_F(CommandRun, MergesSeveralRanges) {
     ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--measures", "1,3-4,#10",
                    "--verify", "--json"}),
               kDone)
@@ -151,7 +151,7 @@ TEST_F(CommandRun, SeveralStretchesAreMergedAndVerified) {
     EXPECT_EQ(measures, (std::set{2, 4, 5, 10}));
 }
 
-TEST_F(CommandRun, LongListsAreCutUnlessDetailsAreWanted) {
+TEST_F(CommandRun, DetailsShowWholeList) {
     std::vector<std::string> measures;
     for (int i = 0; i < 12; ++i) {
         const std::string stays =
@@ -166,7 +166,7 @@ TEST_F(CommandRun, LongListsAreCutUnlessDetailsAreWanted) {
     EXPECT_NE(output.find("m. 23, Piano: 1 stays in layer 2"), std::string::npos) << output;
 }
 
-TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
+TEST_F(CommandRun, FailedRunWritesNothing) {
     const std::string target = Write("out.musicxml", "kept");
     standin::App().faults.stopAtProgress = 3;
     EXPECT_EQ(Run({"merge", kCarol, "-o", target}), kInterrupted);
@@ -179,7 +179,7 @@ TEST_F(CommandRun, FailedRunsSayWhyAndWriteNothing) {
     EXPECT_EQ(Content(target), "kept");
 }
 
-TEST_F(CommandRun, WhatCannotBeToldIsAFailure) {
+TEST_F(CommandRun, FailedReportIsFailure) {
     std::cout.setstate(std::ios::badbit);
     EXPECT_EQ(Run({"compare", kCarol, kCarol}), kFailed);
     std::cout.clear();
@@ -193,7 +193,7 @@ const std::string kStem = "<stem default-y=\"5\">up</stem>";
 const std::string kFinger = "<technical><fingering>1</fingering></technical>";
 const std::string kSecondVoice = Backup(8) + Half("A4", "2") + Half("B4", "2");
 
-// Merges that lose nothing, although what belongs to notes and rests goes elsewhere.
+// Merges that lose nothing, although attachments of notes and rests move.
 const struct {
     const char* name;
     std::vector<std::string> measures;
@@ -223,7 +223,7 @@ const struct {
       Backup(4) + Half("C5", "2")}},
 };
 
-TEST_F(CommandRun, WhatLosesNothingIsVerified) {
+TEST_F(CommandRun, LosslessMergeIsVerified) {
     for (const auto& c : kLossless) {
         SCOPED_TRACE(c.name);
         std::vector<std::string> arguments{
@@ -236,7 +236,7 @@ TEST_F(CommandRun, WhatLosesNothingIsVerified) {
     }
 }
 
-// The <note> of that pitch in the output; the test names it by its step, which it has once.
+// The <note> of that pitch in the output; each step occurs once.
 std::string NoteWithStep(const std::string& xml, char step) {
     const std::size_t at = xml.find(std::string{"<step>"} + step);
     const std::size_t begin = xml.rfind("<note", at);
@@ -249,8 +249,8 @@ std::string Lyric(const std::string& number, const std::string& text) {
     return "<lyric number=\"" + number + "\"><text>" + text + "</text></lyric>";
 }
 
-// What belongs to a note that joins a chord is found on its own note there, or on the chord's
-// first: the note by its step, and what it must have.
+// Attachments of a note that joins a chord: the note by its step, and what it must have. Some are
+// on the note itself, some on the chord's first note.
 const struct {
     const char* name;
     std::string measure;
@@ -282,7 +282,7 @@ const struct {
      {{'C', "</type>\n  " + Lyric("1", "la") + "\n</note>"}}},
 };
 
-TEST_F(CommandRun, WhatBelongsToANoteStandsWithIt) {
+TEST_F(CommandRun, AttachmentsMoveWithNote) {
     for (const auto& c : kJoined) {
         SCOPED_TRACE(c.name);
         ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o",
@@ -314,7 +314,7 @@ const std::string kFiveVoices = Half("C5") + Half("D5") + Backup(8) + Half("A4",
                                 Backup(8) + Half("r", "4") + Half("r", "4") + Backup(8) +
                                 Half("E4", "5") + Half("F4", "5");
 
-// What the report names besides its totals.
+// The report's lines besides its totals.
 const struct {
     const char* name;
     std::string measure;
@@ -336,7 +336,7 @@ const struct {
      Quarter("C5") + Eighth("D5") + Eighth("D5") + Eighth("E5") + Eighth("E5") + Quarter("F5") +
          Backup(8) + Quarter("G4", "2", kTieStart) + Quarter("G4", "2", kTieStop) +
          Quarter("A4", "2", kTieStart) + Quarter("A4", "2", kTieStop),
-     {"m. 1, Piano, beat 3: the tie of A4 goes on in layer 1"}},
+     {"m. 1, Piano, beat 3: the tie of A4 continues in layer 1"}},
     {"TwoTiesOfOnePitch",
      Half("C5", "1", kTieStart) + Half("C5", "1", kTieStop) + Backup(8) +
          Half("C5", "2", kTieStart) + Half("C5", "2", kTieStop),
@@ -344,7 +344,7 @@ const struct {
     {"AFifthVoice", kFiveVoices, {"m. 1, Piano: a fifth voice is not merged"}},
 };
 
-TEST_F(CommandRun, WhatTheScoresReaderShouldKnowIsNamed) {
+TEST_F(CommandRun, ReportNamesRemarks) {
     for (const auto& c : kRemarks) {
         SCOPED_TRACE(c.name);
         ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o",
@@ -362,8 +362,8 @@ TEST_F(CommandRun, WhatTheScoresReaderShouldKnowIsNamed) {
     EXPECT_NE(output.find("\n  m. 1, Piano: a fifth voice is not merged\n"), std::string::npos);
 }
 
-// Readers look for the end of a tie behind its start.
-TEST_F(CommandRun, ATieThatGoesOnInAnotherLayerIsWrittenInItsOrder) {
+// Readers look for the end of a tie after its start.
+TEST_F(CommandRun, TieIntoOtherLayerKeepsOrder) {
     const std::string input = Write(
         "in.xml", standin::ScoreText({Quarter("E5") + Quarter("F5") + Half("A5") + Backup(8) +
                                       Half("C5", "2", kTieStart) + Half("C5", "2", kTieStop)}));
@@ -374,8 +374,8 @@ TEST_F(CommandRun, ATieThatGoesOnInAnotherLayerIsWrittenInItsOrder) {
     EXPECT_LT(merged.find("<tied type=\"start\""), merged.find("<tied type=\"stop\"")) << merged;
 }
 
-// The fifth voice has the free layer 2 in its measure, unless somebody means voice 2 by that.
-TEST_F(CommandRun, AFifthVoiceIsNeitherClearedNorMergedUnasked) {
+// The fifth voice gets the free layer 2 in its measure, unless the user names layer 2.
+TEST_F(CommandRun, FifthVoiceStaysUntouched) {
     std::string four = Half("C5");
     for (const char* voice : {"2", "3", "4"}) {
         four += Backup(4) + Half("C5", voice);
@@ -393,7 +393,7 @@ TEST_F(CommandRun, AFifthVoiceIsNeitherClearedNorMergedUnasked) {
     EXPECT_EQ(nlohmann::json::parse(output)["totals"]["chordsFormed"], 1);
 }
 
-TEST_F(CommandRun, SlipsOfTheFileAreTold) {
+TEST_F(CommandRun, WarnsOfMistakesInFile) {
     const std::string input = Write("in.xml", standin::ScoreText({Note({}) + Backup(9)}));
     EXPECT_EQ(Run({"merge", input, "-o", File("out.xml")}), kDone);
     EXPECT_NE(errors.find("plyweld: " + input + ":8: warning: a <backup>"), std::string::npos)
@@ -404,7 +404,7 @@ TEST_F(CommandRun, SlipsOfTheFileAreTold) {
         << output;
 }
 
-TEST_F(CommandRun, TheLookOfARestKeepsNoMusicOut) {
+TEST_F(CommandRun, StyledRestCanBeFilled) {
     std::string rest = Half("r", "1", "<stem>none</stem><beam>continue</beam>");
     rest.replace(0, 6, "<note default-x=\"5\">");
     rest.insert(rest.find("<voice>"), "<instrument id=\"I1\"/>");
@@ -415,7 +415,7 @@ TEST_F(CommandRun, TheLookOfARestKeepsNoMusicOut) {
     EXPECT_NE(output.find("1 rest filled"), std::string::npos) << output;
 }
 
-TEST_F(CommandRun, OneEndOfWhatCrossesABarlineStaysInEachMeasure) {
+TEST_F(CommandRun, LineAcrossBarlineKeepsBothEnds) {
     const std::string ends[] = {"<beam number=\"1\">begin</beam>", "<tuplet type=\"start\"/>",
                                 "<beam number=\"1\">end</beam>", "<tuplet type=\"stop\"/>"};
     const auto eighth = [](std::string_view voice, std::string_view more = "") {
@@ -432,7 +432,7 @@ TEST_F(CommandRun, OneEndOfWhatCrossesABarlineStaysInEachMeasure) {
     }
 }
 
-TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {
+TEST_F(CommandRun, DamagedFileIsRefusedInOneLine) {
     const std::pair<std::string, const char*> cases[] = {
         {File("no such file"), ""},
         {Write("text.xml", "a piano piece"), ":1: "},
@@ -447,7 +447,7 @@ TEST_F(CommandRun, DamagedFilesAreRefusedInOneLine) {
     }
 }
 
-TEST_F(CommandRun, ShowTellsWhatAMergeWouldFind) {
+TEST_F(CommandRun, ShowPredictsMerge) {
     ASSERT_EQ(Run({"show", kCarol, "--json"}), kDone) << errors;
     const auto shown = nlohmann::json::parse(output);
     EXPECT_EQ(shown["measures"], 21);

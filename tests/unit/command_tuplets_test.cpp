@@ -1,4 +1,4 @@
-// Tuplets in merges of files: whole where they come from and where they go.
+// Tuplets in merges of files: complete in both voices.
 #include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
 #include "host/score/application.h"
@@ -7,7 +7,7 @@
 
 namespace {
 
-// The file that comes of a merge with these options; empty when there is none.
+// The output of a merge with these options; empty if there is none.
 std::string Merged(const std::string& text, std::vector<std::string> options) {
     standin::App().Reset();
     TemporaryFolder folder;
@@ -73,7 +73,7 @@ const struct {
      " C[1 D[2 F]2 G]1 r[2 r[1 r]1 r]2"},
 };
 
-TEST(TupletMerges, LeaveBracketsWhole) {
+TEST(TupletMerges, KeepWholeBrackets) {
     for (const auto& c : kMerges) {
         SCOPED_TRACE(c.name);
         const std::string merged = Merged(standin::TupletScore({c.voices}), c.options);
@@ -81,7 +81,7 @@ TEST(TupletMerges, LeaveBracketsWhole) {
     }
 }
 
-// Hidden rests need no bracket that is seen.
+// Hidden rests need no visible bracket.
 TEST(TupletMerges, HideTheBracketsOfHiddenRests) {
     const std::string merged =
         Merged(standin::TupletScore({kMerges[2].voices}), kMerges[2].options);

@@ -1,4 +1,4 @@
-// Scripts as text, and the words for what a layer holds.
+// Parsing of scripts, and the words for the contents of a layer.
 #include "host/desktop/grid/layer_strip.h"
 #include "host/desktop/script/byte_pattern.h"
 #include "host/desktop/script/script_line.h"
@@ -25,7 +25,7 @@ TEST(Script, SplitsLinesIntoWords) {
     EXPECT_EQ(script.lines[2].words, (Words{"type", ""}));
 }
 
-TEST(Script, KeepsTheLinesOfItsLanguage) {
+TEST(Script, KeepsLinesOfItsLanguage) {
     const auto spanish =
         ReadScript("click 1\nen: click 2\n  es: click 3\n", ScriptLanguage::kSpanish).lines;
     ASSERT_EQ(spanish.size(), 2U);
@@ -33,7 +33,7 @@ TEST(Script, KeepsTheLinesOfItsLanguage) {
     EXPECT_EQ(spanish[1].number, 3);
 }
 
-TEST(Script, ReadsPathsAndRangesAndNamesTheLineWithAnOpenQuote) {
+TEST(Script, ReadsPathsAndRanges) {
     EXPECT_EQ(ReadScript("click 1\ntype \"abc\n", ScriptLanguage::kEnglish).problem,
               "line 2: a quote is not closed");
     EXPECT_EQ(SplitText("Plug-ins > Plyweld > Slow...", '>'),
@@ -47,7 +47,7 @@ TEST(Script, ReadsPathsAndRangesAndNamesTheLineWithAnOpenQuote) {
     }
 }
 
-TEST(BytePattern, StandsForBytes) {
+TEST(BytePattern, MatchesBytes) {
     EXPECT_EQ(BytesOf("0c00 ff*3 'A\u00f1' 00"),
               (std::vector<unsigned char>{0x0c, 0, 0xff, 0xff, 0xff, 'A', 0xc3, 0xb1, 0}));
     EXPECT_EQ(BytesOf(""), std::vector<unsigned char>{});

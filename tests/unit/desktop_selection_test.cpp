@@ -1,4 +1,4 @@
-// Selecting in the grid: what mouse and keyboard make of a score's staves, measures and beats.
+// Selecting staves, measures and beats in the grid with mouse and keyboard.
 #include <sstream>
 
 #include "host/desktop/grid/grid_layout.h"
@@ -37,14 +37,14 @@ protected:
     SelectionEditor editor;
 };
 
-TEST_F(Selecting, ByMeasureCoversWholeMeasuresInEitherDirection) {
+TEST_F(Selecting, ByMeasureCoversWholeMeasures) {
     editor.Begin({2, 3, 100}, kMeasure);
     EXPECT_EQ(Now(), "2-2 3:0-3:|");
     editor.Extend({1, 1, 3000}, kMeasure);
     EXPECT_EQ(Now(), "1-2 1:0-3:|");
 }
 
-TEST_F(Selecting, ByBeatCoversTheBeatsBothEndsLieIn) {
+TEST_F(Selecting, ByBeatIncludesBothEnds) {
     editor.Begin({1, 1, 2100}, kBeat);
     EXPECT_EQ(Now(), "1-1 1:2048-1:3071");
     editor.Extend({1, 1, 0}, kBeat);
@@ -100,7 +100,7 @@ TEST_F(Selecting, KeysMoveByBeatAcrossBarlines) {
     EXPECT_EQ(Now(), "1-1 1:0-1:1023");
 }
 
-TEST_F(Selecting, TakesOverARegionAndGivesItBack) {
+TEST_F(Selecting, RegionSurvivesRoundTrip) {
     for (const EREGION& region :
          {EREGION{0, 1, 1, 0, 0, 3, 3, kEndOfMeasure}, EREGION{0, 2, 1, 1024, 0, 2, 2, 1023},
           EREGION{0, 1, 3, 1536, 0, 1, 3, kEndOfMeasure}}) {

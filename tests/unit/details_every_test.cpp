@@ -1,5 +1,5 @@
-// What holds for every record in the list of entry details: its size is the one its tag stands
-// for, and a record of it is copied once, deleted, and marked by the flags of its entry.
+// Tests for every row of the list of entry details: its size matches its tag, and a record is
+// copied once, deleted, and marked by the flags of its entry.
 #include "shell/host/detail_flags.h"
 #include "shell/host/host_details.h"
 #include "shell/host/host_records.h"
@@ -22,7 +22,7 @@ struct Row {
     friend void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
 };
 
-// Smart shapes have tests of their own: their marks go with the shape.
+// Smart shapes have their own tests: their marks move with the shape.
 constexpr Row kRows[] = {
 #define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, kind, rule) \
     {#name, tag, downTag, sizeof(structure), DetailFlag::flag, DetailKind::kind, false, 0},
@@ -33,7 +33,7 @@ constexpr Row kRows[] = {
 
 class EveryDetail : public Details, public testing::WithParamInterface<Row> {};
 
-TEST_P(EveryDetail, HasTheSizeThatItsTagStandsFor) {
+TEST_P(EveryDetail, SizeMatchesTag) {
     EXPECT_EQ(GetParam().size, SizeOfDetail(GetParam().tag));
 }
 

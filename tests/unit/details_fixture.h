@@ -1,5 +1,5 @@
-// Two layers of a measure whose details are copied, deleted and moved, as a merge does it: with
-// both frames held, and saved afterwards.
+// Two layers of a measure whose details are copied, deleted and moved as in a merge: both frames
+// are held, and saved afterwards.
 #pragma once
 
 #include <map>
@@ -24,7 +24,7 @@ protected:
 
     Details() { FinPIMetricsCache::ClearAll(); }
 
-    // What is stored, and the flags that tell of it, still agree when the frames are saved.
+    // The stored details and their flags still match after the frames are saved.
     ~Details() override {
         if (source) {
             SaveBoth();

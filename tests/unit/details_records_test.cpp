@@ -1,5 +1,5 @@
-// Which details are copied and deleted, and which records of the target a copy meets: equal
-// ones, those of the same note, and the variants for stems up and down. What is posted when the
+// Which details are copied and deleted, and how a copy treats records of the target: equal ones,
+// those of the same note, and the variants for stems up and down. Which errors are posted when the
 // host refuses.
 #include <utility>
 #include <vector>
@@ -14,7 +14,7 @@ namespace {
 constexpr u32 kNotehead = HostTag("E\002cn");
 constexpr u32 kVerse = HostTag("SdvE");
 
-TEST_F(Details, EqualRecordsAreOne) {
+TEST_F(Details, EqualRecordsAreMerged) {
     using Contents = std::vector<std::string_view>;
     const auto copied = [&](u32 tag, const Contents& onSource, const Contents& onTarget) {
         Write("q:c4", "q:c4");
@@ -38,7 +38,7 @@ TEST_F(Details, EqualRecordsAreOne) {
     EXPECT_FALSE(target.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
 }
 
-TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
+TEST_F(Details, NoteDetailsGetNoteID) {
     // Note IDs count from 1.
     const auto copied = [&](u32 kinds, const char* from, const char* to, char noteID) {
         const std::string content = OfNote(noteID, "x");
@@ -53,7 +53,7 @@ TEST_F(Details, OfNotesGoToOneNoteOfTheChordAndCarryItsID) {
     EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:e4", 2), "") << "no such place";
 }
 
-TEST_F(Details, WhatIsOfATieGoesToATiedNote) {
+TEST_F(Details, TieDetailsNeedTiedNote) {
     constexpr u32 kTieStart = HostTag("E\003Ts");
     WriteAndLoad("q:g4~", "q:g4,g4~", {{kTieStart, {"\1\0tie", 5}}});
     EXPECT_EQ(Copy(kOntoChord), 1);
@@ -65,7 +65,7 @@ TEST_F(Details, WhatIsOfATieGoesToATiedNote) {
 }
 
 // Of two layers with music the first has its stems up, the second down.
-TEST_F(Details, AVariantForStemsUpBecomesTheOneForStemsDown) {
+TEST_F(Details, UpStemVariantBecomesDownStem) {
     WriteAndLoad("e:c4 e:d4 h.:r", "e:c4 e:d4 h.:r",
                  {{HostTag("edSU"), "up"},
                   {HostTag("edDE"), "of no use with the stem up"},
@@ -80,7 +80,7 @@ TEST_F(Details, AVariantForStemsUpBecomesTheOneForStemsDown) {
     EXPECT_FALSE(source.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
 }
 
-TEST_F(Details, ARestUnderABeamHasTheStemOfItsNeighbours) {
+TEST_F(Details, BeamedRestHasNeighborsStem) {
     WriteAndLoad("e:r h.:r e:r", "e:r e:c4 e:r e:d4 h:r");
     EXPECT_EQ(target.EntryAt(0).StemDirection(), -1) << "the first under the beam";
     EXPECT_EQ(target.EntryAt(2).StemDirection(), -1);
@@ -96,7 +96,7 @@ TEST_F(Details, ARestUnderABeamHasTheStemOfItsNeighbours) {
     EXPECT_EQ(target.EntryAt(0).StemDirection(), 1);
 }
 
-TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
+TEST_F(Details, InvisibleEntriesHaveNoStem) {
     WriteAndLoad("q:c4!", "q:c4", {{HostTag("edub"), "stub"}});
     EXPECT_EQ(Copy(kOntoChord), 1) << "nothing asks for a stem";
     host.Attach(Source(), HostTag("edSU"), "custom");
@@ -108,7 +108,7 @@ TEST_F(Details, HiddenEntriesAndPagelessMeasuresHaveNoStem) {
     EXPECT_EQ(TakePendingError(), "29986 ");
 }
 
-TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
+TEST_F(Details, RefusedCallFailsOnlyItsKind) {
     // The articulation on the target is equal to the source's or not.
     const auto error = [&](HostCall refused, u64 nth, bool isDelete, const char* onTarget) {
         Write("q:c4", "q:c4");
@@ -124,7 +124,7 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
     };
     EXPECT_EQ(error(HostCall::kCreateEData, 1, false, "-"), "29997 FinPIEntryDetail::Create: edIM");
     EXPECT_EQ(error(HostCall::kSaveEData, 1, false, "dot"), "29996 FinPIEntryDetail::Save: edIM");
-    // Whether the target has the record is in doubt.
+    // It is unknown whether the target has the record.
     EXPECT_EQ(error(HostCall::kLoadEData, 2, false, "dot"), "29998 FinPIEntryDetail::Load: edIM");
     EXPECT_EQ(error(HostCall::kDeleteEData, 1, true, "-"), "29995 FinPIEntryDetail::Delete: edIM");
     EXPECT_EQ(error(HostCall::kLoadEData, 1, true, "-"), "29998 FinPIEntryDetail::Load: edIM");
@@ -133,7 +133,7 @@ TEST_F(Details, ARefusedCallFailsForItsKindAloneAndIsPosted) {
 }
 
 // Numbers that do not close up: when records are deleted here, and where others were before.
-TEST_F(Details, GapsInTheNumbersHideNoRecord) {
+TEST_F(Details, RecordsAfterGapsAreFound) {
     const Mannered mannered{&Manners::gaps};
     Write("q:c4", "q:c4");
     for (const char* content : {"a", "b", "c", "d"}) {
@@ -157,7 +157,7 @@ TEST_F(Details, GapsInTheNumbersHideNoRecord) {
     EXPECT_EQ(host.Attached(Source(), kArticulation), "");
 }
 
-TEST_F(Details, RecordsOfAnotherDocumentAreNotTouched) {
+TEST_F(Details, OtherDocumentIsNotChanged) {
     WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     const FinPIEntryPtr entry = source.EntryAt(0);
     const OtherDocument other;
@@ -178,7 +178,7 @@ public:
     i16 CopyDependentStructs(const FinPIEntryDetail& /*source*/) override { return 0; }
 };
 
-TEST_F(Details, ARecordOfAnotherDocumentComesWithWhatItRefersToOrNotAtAll) {
+TEST_F(Details, CopyFromOtherDocumentNeedsReferences) {
     WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     const OtherDocument other;
     const FinPIEntryPtr elsewhere{target.Frame(), 0};  // of the current document
@@ -190,7 +190,7 @@ TEST_F(Details, ARecordOfAnotherDocumentComesWithWhatItRefersToOrNotAtAll) {
     EXPECT_EQ(anyCopied, 0);
 }
 
-TEST_F(Details, RecordsAreLoadedBeforeTheyAreSavedAndAreNoOtherKind) {
+TEST_F(Details, RefusesUnloadedOrOtherRecords) {
     WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     FinPIArticulation articulation{source.EntryAt(0)};
     EXPECT_TRUE(ErrorOf(articulation.Save()).ends_with("Attempted to Save but never Loaded."));
@@ -198,15 +198,15 @@ TEST_F(Details, RecordsAreLoadedBeforeTheyAreSavedAndAreNoOtherKind) {
               "29999 FinPIEntryDetail::CopyAttributes: dynamic_cast failed.");
 }
 
-TEST_F(Details, OnlyThoseThatSuitAnyEntryAreCopiedOntoARest) {
+TEST_F(Details, RestTakesOnlyGeneralKinds) {
     WriteAndLoad("q:c4", "q:r", {{kArticulation, "dot"}, {HostTag("edsB"), "break"}});
     EXPECT_EQ(Copy(kOntoPlaced), 1);
     EXPECT_EQ(host.Attached(Target(), kArticulation), "");
     EXPECT_EQ(host.Attached(Target(), HostTag("edsB")), "break");
 }
 
-// The two kinds share a flag, which must tell of the one that stays.
-TEST_F(Details, AreLeftAloneUnlessTheirKindIsSelected) {
+// The two kinds share a flag, which must stay for the remaining one.
+TEST_F(Details, OtherKindsStayUnchanged) {
     constexpr u32 kStem = HostTag("edST");
     constexpr u32 kStub = HostTag("edub");
     WriteAndLoad("q:c4", "q:c4", {{kStem, "stem"}, {kStub, "stub"}});
@@ -218,7 +218,7 @@ TEST_F(Details, AreLeftAloneUnlessTheirKindIsSelected) {
     EXPECT_EQ(host.Attached(Source(), kStub), "");
 }
 
-TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
+TEST_F(Details, FlagsNeedNoRecord) {
     // The flags afterwards of a target note with its stem down and of a rest.
     const auto copied = [&](u32 kinds, u32 flags) {
         constexpr u32 kAll = 0x800 | 0x101 | 0x10 | 0x08;
@@ -240,7 +240,7 @@ TEST_F(Details, FlagsAreCopiedAndDeletedWithoutARecord) {
     EXPECT_EQ(FinPIPrimaryBeamBreak{FinPIEntryPtr{}}.Commit(), 0);
 }
 
-TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
+TEST_F(Details, NoHostCallWithoutDetails) {
     WriteAndLoad("q:c4", "q:c4");
     EXPECT_EQ(Copy(kOntoPlaced), 1);
     EXPECT_EQ(Delete(kFromSource), 0);
@@ -250,7 +250,7 @@ TEST_F(Details, EntriesWithoutDetailsCostNoHostCall) {
     EXPECT_EQ(App().calls.Total(), 2U);
 }
 
-TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
+TEST_F(Details, EntryFieldsNeedSameKind) {
     WriteAndLoad("q:c4 q:d4", "h:c4 h:r");
     source.EntryAt(0)->fieldAt6 = 77;
     for (const i16 to : {i16{0}, i16{1}}) {
@@ -262,7 +262,7 @@ TEST_F(Details, EntryFieldsGoToEntriesOfTheSameKind) {
     EXPECT_EQ(source.EntryAt(0)->fieldAt6, 0);
 }
 
-TEST_F(Details, PositioningByHandRaisesTheModeOfTheMeasure) {
+TEST_F(Details, ManualPositionsRaiseMeasureMode) {
     WriteAndLoad("q:c4", "q:c4");
     const OtherDocument other;
     const u16 modes[][2] = {{0, 0}, {1, 4}, {2, 6}, {3, 3}, {0x19, 0x1C}};
@@ -275,7 +275,7 @@ TEST_F(Details, PositioningByHandRaisesTheModeOfTheMeasure) {
     }
 }
 
-TEST_F(Details, ATupletBringsTheDurationOfItsEntry) {
+TEST_F(Details, TupletCopiesEntryDuration) {
     WriteAndLoad("(3:2 e:c4 e:d4 e:e4) h.:f4", "q:r h.:r");
     EXPECT_EQ(Copy(DetailKind::kTuplet), 1);
     EXPECT_EQ(target.EntryAt(0)->duration, 512);

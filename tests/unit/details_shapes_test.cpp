@@ -56,7 +56,7 @@ private:
     }
 };
 
-TEST_F(Shapes, AllMarksOfAnEntryMoveAlsoTwoOfOneShapeAndThoseWhoseShapeIsGone) {
+TEST_F(Shapes, AllMarksMove) {
     host.Slur(Source(), Source());
     host.Attach(Source(), kShapeOnEntry, std::string_view{"\1", 1});
     host.Attach(Source(), kShapeOnEntry, kOrphan);
@@ -68,7 +68,7 @@ TEST_F(Shapes, AllMarksOfAnEntryMoveAlsoTwoOfOneShapeAndThoseWhoseShapeIsGone) {
     EXPECT_EQ(Marks(Source()), 0);
 }
 
-TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
+TEST_F(Shapes, TwoKindsOfMarksShareFlag) {
     host.Slur(Source(), Source(1));
     AddSmartShape(host.Score(), Shape(), kShapeOnLyric);
     LoadBoth();
@@ -79,7 +79,7 @@ TEST_F(Shapes, TheTwoKindsOfMarksShareAFlag) {
     EXPECT_EQ(Ends(2), "t0 s1");
 }
 
-TEST_F(Shapes, MoveAlsoFromAnEntryThatIsHeldWithoutItsFlag) {
+TEST_F(Shapes, MoveWithoutFlagInHeldFrame) {
     SlurAndLoad(0, 1);
     source.EntryAt(0)->flags &= ~DetailFlag::kSmartShape;
     EXPECT_EQ(Move(), 1);
@@ -114,7 +114,7 @@ protected:
     FinPIRegion region{{0, 1, 1, 0, 0, 1, 1, kEndOfMeasure}, host.Score().Number()};
 };
 
-TEST_F(CopiedShapes, AreNewShapesThatStartAtTheTarget) {
+TEST_F(CopiedShapes, StartAtTarget) {
     host.Slur(Source(), Source(2));
     host.Slur(Source(), Source());
     SlurAndLoad(1, 0);
@@ -127,7 +127,7 @@ TEST_F(CopiedShapes, AreNewShapesThatStartAtTheTarget) {
     source.EntryAt(2)->flags |= DetailFlag::kSmartShape;
 }
 
-TEST_F(CopiedShapes, LieWithinTheRegionOrAreLeftOut) {
+TEST_F(CopiedShapes, OutsideRegionAreOmitted) {
     SlurAndLoad(0, 2);
     EXPECT_EQ(CopyWithin(nullptr), 1);
     EXPECT_EQ(TakePendingError(), kOrigin + "IsShapeInEntryRegion: Entry has no region.");
@@ -146,14 +146,14 @@ TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
 }
 
-TEST_F(CopiedShapes, StayWhenTheMarkOfTheirEndDoesNotLoad) {
+TEST_F(CopiedShapes, StayIfEndMarkDoesNotLoad) {
     SlurAndLoad(0, 2);
     RefuseOnly(HostCall::kLoadEData, 3);
     EXPECT_EQ(Delete(DetailKind::kSmartShape), -1);
     EXPECT_EQ(TakePendingError(), "29998 FinPIEntryDetail::Load: edEx");
 }
 
-TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
+TEST_F(CopiedShapes, PostRefusedRecords) {
     SlurAndLoad(0, 2);
     FinPIEntryPtr from = source.EntryAt(0);
     from.AttachRegion(&region);
@@ -191,7 +191,7 @@ TEST_F(CopiedShapes, PostWhatTheirRecordsRefuse) {
     EXPECT_EQ(ErrorOf(CopyWithin(&region)), kOrigin + "Commit: Can't find entnum in this TGF");
 }
 
-TEST_F(CopiedShapes, AreNothingWithoutTheirShape) {
+TEST_F(CopiedShapes, MarkWithoutShapeIsSkipped) {
     host.Attach(Source(), kShapeOnEntry, kOrphan);
     LoadBoth();
     FinPIEntryPtr from = source.EntryAt(0);

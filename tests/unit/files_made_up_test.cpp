@@ -27,7 +27,7 @@ const std::array<Words, 6> kWays = {{
 
 class MadeUpFiles : public testing::Test {
 protected:
-    // What went wrong; empty when the merge lost nothing.
+    // The error; empty if the merge lost nothing.
     std::string Merge(const std::string& text, const Words& way) const {
         App().Reset();
         const std::string input = (folder / "in.musicxml").string();
@@ -41,7 +41,7 @@ protected:
         return exitCode == cli::kDone ? "" : std::to_string(exitCode) + ": " + errors;
     }
 
-    // A smaller score that fails as well.
+    // A smaller score that also fails.
     std::string Shrunk(u32 seed, const Words& way) const {
         MadeUpWishes smaller;
         const MadeUpXml whole = MakeUpXml(seed);

@@ -27,7 +27,7 @@ protected:
     standin::StandIn host;
 };
 
-TEST_F(Errors, OnlyTheFirstIsKeptAndShownOnceInTheLanguageOfThen) {
+TEST_F(Errors, OnlyTheFirstIsShown) {
     PostRecordError<FinPISaveEDataFailed>("Op", HostTag("pfMS"));
     PostError(FinPINoOpenDocumentError());
     platform::headless::SetLanguage(Language::kSpanish);
@@ -41,7 +41,7 @@ TEST_F(Errors, OnlyTheFirstIsKeptAndShownOnceInTheLanguageOfThen) {
     EXPECT_EQ(LastAlert(), u"Internal Application Error at Op->What.");
 }
 
-TEST_F(Errors, OneMayBeReportedWhileAnotherIsShown) {
+TEST_F(Errors, MayBeReportedWhileAnotherIsShown) {
     App().alertListener = [](const standin::Alert&) {
         App().alertListener = nullptr;
         PostError(FinPINoOpenDocumentError());
@@ -54,13 +54,13 @@ TEST_F(Errors, OneMayBeReportedWhileAnotherIsShown) {
     EXPECT_EQ(g_pendingError, nullptr);
 }
 
-TEST_F(Errors, LongTextsAreCut) {
+TEST_F(Errors, LongTextsAreTruncated) {
     const FinPIAppError error(std::string(150, 'f').c_str(), std::string(300, 'd').c_str());
     EXPECT_EQ(error.m_function, std::string(99, 'f'));
     EXPECT_EQ(error.m_detail, std::string(255, 'd'));
 }
 
-TEST_F(Errors, AnErrorWhoseTextCannotBeReadGivesItsPlaceToTheConversionError) {
+TEST_F(Errors, UnreadableTextPostsConversionError) {
     platform::headless::RefuseTextConversions(true);
     PostError(FinPINoOpenDocumentError());
     ASSERT_NE(g_pendingError, nullptr);
@@ -70,8 +70,8 @@ TEST_F(Errors, AnErrorWhoseTextCannotBeReadGivesItsPlaceToTheConversionError) {
     EXPECT_NE(LastAlert().find(u"UTF8 conversion failed."), std::u16string::npos);
 }
 
-// Whatever the host answers to the order to switch, the document that was current comes back.
-TEST(DocumentScopes, LookAtWhatIsCurrentAndNotAtTheAnswer) {
+// Whatever the switching call returns, the previous document becomes current again.
+TEST(DocumentScopes, CheckCurrentDocumentNotResult) {
     for (const standin::Manner& manner : standin::kManners) {
         standin::StandIn host;
         const standin::Mannered mannered{manner};
@@ -92,7 +92,7 @@ TEST(DocumentScopes, LookAtWhatIsCurrentAndNotAtTheAnswer) {
     }
 }
 
-TEST(DocumentScopes, SwitchForTheirLengthAndAskOnceWhenThereIsNothingToDo) {
+TEST(DocumentScopes, SwitchAndRestore) {
     standin::StandIn host;
     const u16 first = App().CurrentNumber();
     const u16 second = App().OpenDocument(u"second").Number();

@@ -20,7 +20,7 @@ protected:
     ~Strings() override { platform::headless::Reset(); }
 };
 
-TEST_F(Strings, BuffersHaveExactlyTheSizeAskedForAndKeepTheirLeadingBytes) {
+TEST_F(Strings, BuffersHaveExactSize) {
     FinPIVarLenStruct<u8> buffer;
     buffer.SetSize(4);
     std::memcpy(buffer.Elements(), "abcd", 4);
@@ -32,7 +32,7 @@ TEST_F(Strings, BuffersHaveExactlyTheSizeAskedForAndKeepTheirLeadingBytes) {
     EXPECT_EQ(buffer.Elements(), nullptr);
 }
 
-TEST_F(Strings, Utf8IsCutAtBytesAndAlwaysTerminated) {
+TEST_F(Strings, TruncatedUtf8IsTerminated) {
     const auto encoded = [](const char16* source, u64 size) {
         std::array<char, 16> out;
         out.fill('#');
@@ -45,7 +45,7 @@ TEST_F(Strings, Utf8IsCutAtBytesAndAlwaysTerminated) {
     EXPECT_EQ(encoded(u"x", 1), "");
 }
 
-TEST_F(Strings, TextThatIsNotUtf8IsReadAsAnsi) {
+TEST_F(Strings, InvalidUtf8IsReadAsAnsi) {
     const auto decoded = [](const char* source, u64 size) {
         std::array<char16, 16> out;
         out.fill(u'#');
@@ -57,7 +57,7 @@ TEST_F(Strings, TextThatIsNotUtf8IsReadAsAnsi) {
     EXPECT_EQ(decoded("Compás", 4), u"Com");
 }
 
-TEST_F(Strings, AFailedConversionLeavesAnEmptyText) {
+TEST_F(Strings, FailedConversionGivesEmptyText) {
     platform::headless::RefuseTextConversions(true);
     char out8[] = "###";
     char16 out16[] = u"###";
@@ -66,7 +66,7 @@ TEST_F(Strings, AFailedConversionLeavesAnEmptyText) {
     EXPECT_TRUE(TakePendingError().ends_with("UTF8 conversion failed."));
 }
 
-TEST_F(Strings, SearchesUnitsTheTerminatorIncluded) {
+TEST_F(Strings, SearchIncludesTerminator) {
     char16 text[] = u"a-b-";
     EXPECT_EQ(Util::UniChar_strchr(text, u'-'), text + 1);
     EXPECT_EQ(Util::UniChar_strchr(text, 0), text + 4);
@@ -74,7 +74,7 @@ TEST_F(Strings, SearchesUnitsTheTerminatorIncluded) {
     EXPECT_TRUE(TakePendingError().ends_with("code pages not supported at this time."));
 }
 
-TEST_F(Strings, CopiesAreBoundedAndAppendsFollowTheText) {
+TEST_F(Strings, CopiesAreBounded) {
     std::array<char16, 32> text;
     text.fill(u'#');
     Util::UniChar_strncpyUtf8(text.data(), "Bar\xE1\xB9\xA1 and more", 5);
@@ -84,7 +84,7 @@ TEST_F(Strings, CopiesAreBoundedAndAppendsFollowTheText) {
     EXPECT_EQ(text.data(), std::u16string(u"Bar\u1E61-12ñ"));
 }
 
-TEST_F(Strings, NoTextIsNoUtf) {
+TEST_F(Strings, NullIsNotUtf) {
     std::array<char, 4> narrow{'x', 'y'};
     std::array<char16, 4> wide{u'x', u'y'};
     EXPECT_STREQ(Util::UniChar_Utf8encode(narrow.data(), nullptr, narrow.size()), "");
@@ -95,7 +95,7 @@ TEST_F(Strings, NoTextIsNoUtf) {
     g_pendingError.reset();
 }
 
-TEST_F(Strings, OwnedStringsAreSizedToTheirText) {
+TEST_F(Strings, OwnedStringsFitTheirText) {
     FinPIVarString narrow("%s-%05.1f%%", "x", 2.5);
     EXPECT_STREQ(narrow.Text(), "x-002.5%");
     EXPECT_EQ(narrow.Size(), 9U);

@@ -23,7 +23,7 @@ protected:
     FinPITGFPtr Load(u16 layer = 0) const { return {host.Staff(1), 1, layer}; }
 };
 
-TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
+TEST_F(Frames, DeletingKeepsOtherNotes) {
     FinPITGFPtr frame = Load();
     Refuse(HostCall::kDeleteEXENTRY);
     EXPECT_EQ(frame.DeleteEntriesAt(1, 2), 0);
@@ -45,7 +45,7 @@ TEST_F(Frames, DeletingLeavesTheOtherNotesAsTheyWere) {
     EXPECT_EQ(host.Layer(1, 1, 0), "e:f4");
 }
 
-TEST_F(Frames, InsertedEntriesWithoutContentAreReducedAway) {
+TEST_F(Frames, ReduceDropsEmptyEntries) {
     FinPITGFPtr frame = Load();
     EXPECT_EQ(frame.InsertEntries(1, 2), 1);
     EXPECT_EQ(frame.Count(), 7);
@@ -54,7 +54,7 @@ TEST_F(Frames, InsertedEntriesWithoutContentAreReducedAway) {
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:r q:d4 q:e4 e:f4 e:g4");
 }
 
-TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
+TEST_F(Frames, OtherDocumentIsReloadedNotSaved) {
     FinPITGFPtr frame = Load();
     const OtherDocument other;
     EXPECT_EQ(ErrorOf(frame.SaveTGF()), kNotCurrent);
@@ -71,7 +71,7 @@ TEST_F(Frames, AnotherDocumentIsNotSavedButReloadedAndTheCurrentOneStays) {
               "29998 FinPIStaff::FinPIStaff: SOSC");
 }
 
-TEST_F(Frames, ARefusedReloadIsPostedAndTheFrameStillHeld) {
+TEST_F(Frames, RefusedReloadKeepsFrame) {
     FinPITGFPtr frame = Load();
     const EXFRAME* const held = frame.Frame();
     const std::pair<HostCall, const char*> refusals[] = {
@@ -92,7 +92,7 @@ TEST_F(Frames, ARefusedReloadIsPostedAndTheFrameStillHeld) {
               "29999 FinPITGFPtr::ReloadTGF: TGFPtr is NULL.");
 }
 
-TEST_F(Frames, NeighboursAreTheSameLayerInTheNextMeasures) {
+TEST_F(Frames, NeighborsAreInSameLayer) {
     host.Layer(1, 2, 0, "w:a4");
     const FinPITGFPtr next = Load().NextFrame();
     EXPECT_EQ(next.EntryAt(0)->duration, 4096);
@@ -102,7 +102,7 @@ TEST_F(Frames, NeighboursAreTheSameLayerInTheNextMeasures) {
     EXPECT_FALSE(next.NextFrame().NextFrame()) << "past the last measure";
 }
 
-TEST_F(Frames, OnlyLayersOfTheHostHavePreferences) {
+TEST_F(Frames, OnlyHostLayersHavePreferences) {
     EXPECT_NE(FinPILayer{3}.IsLoaded(), 0);
     EXPECT_EQ(ErrorOf(FinPILayer{4}.IsLoaded()), "29999 FinPILayer::FinPILayer: Invalid layer.");
 }
@@ -128,7 +128,7 @@ void Normalize(EXENTRY& entry) {
     NormalizeFrame(frame);
 }
 
-TEST(NormalForm, NoteIDsAreUniqueAndCopiedToTheFlags) {
+TEST(NormalForm, NoteIDsAreUnique) {
     const std::pair<std::vector<u16>, std::vector<u16>> cases[] = {
         {{5, 2, 9}, {5, 2, 9}},
         {{3, 3, 0}, {4, 3, 5}},  // of equal IDs the last is kept
@@ -153,7 +153,7 @@ TEST(NormalForm, NoteIDsAreUniqueAndCopiedToTheFlags) {
     }
 }
 
-TEST(NormalForm, ARestHasOnePlaceholderHoweverOftenItIsNormalized) {
+TEST(NormalForm, RestHasOnePlaceholder) {
     EXENTRY rest = Chord({});
     rest.flags = EntryFlag::kIgnore;
     for (int time = 1; time <= 2; ++time) {

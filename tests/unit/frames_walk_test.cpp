@@ -1,4 +1,4 @@
-// Steps from entry to entry, and where entries stand.
+// Steps from entry to entry, and positions of entries.
 
 #include "Class Files/score/document/FinPIScoreExpr.h"
 #include "Class Files/score/frames/FinPIEntryPtr.h"
@@ -44,7 +44,7 @@ TEST_F(Walks, StepsStayInTheirVoice) {
     }
 }
 
-TEST_F(Walks, EndAtAMeasureThatHoldsNothing) {
+TEST_F(Walks, EndAtEmptyMeasure) {
     const FinPITGFPtr frame = Load();
     FinPIEntryPtr entry = frame.EntryAt(6).Next(false);
     EXPECT_EQ(PlaceOf(entry), "2:0");
@@ -55,7 +55,7 @@ TEST_F(Walks, EndAtAMeasureThatHoldsNothing) {
     EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), 7}));
 }
 
-TEST_F(Walks, PositionsAreScaledToTheMeasureAndRounded) {
+TEST_F(Walks, PositionsAreScaledAndRounded) {
     host.Score().SetMeasureDuration(host.Staff(1), 1, 3072);
     host.Layer(1, 1, 0, "q:c4 e:d4 t:e4 q:f4");
     const FinPITGFPtr frame = Load();
@@ -65,7 +65,7 @@ TEST_F(Walks, PositionsAreScaledToTheMeasureAndRounded) {
     EXPECT_EQ(frame.EntryAt(3).ScaledPosition(), 2219);  // 2218.67
 }
 
-TEST_F(Walks, AnExpressionHangsOnTheEntryAtItsTimeInItsLayer) {
+TEST_F(Walks, ExpressionBelongsToEntryAtItsTime) {
     host.Layer(1, 1, 0, "ge:d4 gs:e4 q:c4 q:d4 v2{h:a3} q:e4");
     const u16 number = host.Expression(1, 1, 0, 0);
     const FinPITGFPtr frame = Load();

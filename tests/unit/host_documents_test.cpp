@@ -1,11 +1,10 @@
-// Documents and the names of their staves, what differs from the score as it was imported, and
-// edits that are undone.
+// Documents and the names of their staves, differences from the imported score, and undo.
 #include "tests/unit/support/loan.h"
 
 namespace standin {
 namespace {
 
-TEST(HostDocuments, AreListedByNumberAndOneIsCurrent) {
+TEST(HostDocuments, OneIsCurrent) {
     StandIn host;
     const u16 first = host.Score().Number();
     const u16 second = App().OpenDocument(u"two").Number();
@@ -19,7 +18,7 @@ TEST(HostDocuments, AreListedByNumberAndOneIsCurrent) {
     EXPECT_EQ(std::u16string{path}, u"thr") << "cut, with its end";
 }
 
-TEST(HostStaves, NamesThatAreSharedAreNumbered) {
+TEST(HostStaves, SharedNamesAreNumbered) {
     StandIn host{0};
     host.Score().AddStaff(4, u"Violin");
     host.Score().AddStaff(2, u"Viola");
@@ -46,7 +45,7 @@ protected:
     StandIn host;
 };
 
-TEST_F(HostChanges, NothingAtFirstNorWhenTouchedAndPutBack) {
+TEST_F(HostChanges, RestoredContentIsUnchanged) {
     const EREGION whole = host.Score().WholeRegion();
     EXPECT_EQ(FX_RebeamRegion(&whole, 0, kInterfaceVersion), 1);
     EXPECT_EQ(host.Score().ChangedMeasures(), Places{}) << "beams are no change";
@@ -64,7 +63,7 @@ TEST_F(HostChanges, NothingAtFirstNorWhenTouchedAndPutBack) {
     EXPECT_EQ(host.Score().ChangedMeasures(), Places{});
 }
 
-TEST_F(HostChanges, EntryDetailsExpressionsAndShapeEndsCount) {
+TEST_F(HostChanges, IncludeDetailsExpressionsAndShapes) {
     RecordStore& records = host.Score().Records();
     records.DeleteDetails(host.EntryNumber({1, 4, 0, 0}));
     EXPECT_EQ(host.Score().ChangedMeasures(), Places{At(1, 4)});
@@ -92,7 +91,7 @@ protected:
     Document& score = host.Score();
 };
 
-TEST_F(HostUndo, UndoAndRedoGoBackAndForth) {
+TEST_F(HostUndo, UndoesAndRedoes) {
     const u64 first = score.Digest();
     const u64 second = DigestAfter(u"One", "w:c4");
     const u64 third = DigestAfter(u"Two", "h:c4 h:d4");
@@ -110,7 +109,7 @@ TEST_F(HostUndo, UndoAndRedoGoBackAndForth) {
     EXPECT_TRUE(score.RedoTexts().empty()) << "a new edit ends what could be redone";
 }
 
-TEST_F(HostUndo, EditsDoNotNestAndEmptyOnesLeaveNoTrace) {
+TEST_F(HostUndo, EditsDoNotNest) {
     EXPECT_FALSE(score.EndEdit() || score.CancelEdit());
     ASSERT_TRUE(score.BeginEdit(u"One"));
     EXPECT_FALSE(score.BeginEdit(u"Two"));
@@ -120,7 +119,7 @@ TEST_F(HostUndo, EditsDoNotNestAndEmptyOnesLeaveNoTrace) {
     EXPECT_TRUE(score.UndoTexts().empty());
 }
 
-TEST_F(HostUndo, AChangeOutsideAnEditCannotBeUndone) {
+TEST_F(HostUndo, NeedsAnEdit) {
     DigestAfter(u"One", "h:c4 h:d4");
     host.Layer(2, 2, 0, "h:r h:d4");
     EXPECT_FALSE(score.Undo());

@@ -1,4 +1,4 @@
-// What a test can make the host do wrong.
+// The faults that a test can make the host commit.
 #include <algorithm>
 
 #include "platform/module.h"
@@ -17,14 +17,14 @@ std::string Succeeding() {
     return results;
 }
 
-TEST(HostCalls, EveryOneIsExportedUnderItsName) {
+TEST(HostCalls, AllAreExported) {
     for (std::size_t call = 0; call < kHostCallCount; ++call) {
         const char* const name = NameOf(static_cast<HostCall>(call));
         EXPECT_NE(platform::FindHostFunction(name), nullptr) << name;
     }
 }
 
-TEST(HostFaults, RefuseTheNthCallOverallOrOfAKind) {
+TEST(HostFaults, RefuseNthCall) {
     const FaultPlan::OfKind second{HostCall::kSlotToInst, 2, 2};
     const std::pair<FaultPlan, std::string> cases[] = {
         {{}, "111111"},

@@ -7,7 +7,7 @@
 namespace standin {
 namespace {
 
-TEST(HostFrames, NumbersOfInsertedEntriesNeverComeBackAndEmptyOnesAreReduced) {
+TEST(HostFrames, EntryNumbersAreNeverReused) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");
     const Loan loan{host.Key(1, 1, 0)};
@@ -19,14 +19,14 @@ TEST(HostFrames, NumbersOfInsertedEntriesNeverComeBackAndEmptyOnesAreReduced) {
     EXPECT_EQ(loan->count, 2);
 }
 
-TEST(HostFrames, DurationIsThatOfVoiceOne) {
+TEST(HostFrames, DurationIsOfVoiceOne) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c5 v2{e:a4 e:b4} ge:c5 q.:d5");
     const Loan loan{host.Key(1, 1, 0)};
     EXPECT_EQ(FX_GetTGFDuration(loan.Get(), kInterfaceVersion), 2560);
 }
 
-TEST(HostFrames, DetailsGoWithTheirEntryAndFlagsFollowTheDetails) {
+TEST(HostFrames, DetailsFollowEntry) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4 q:e4");
     host.Attach({1, 1, 0, 0}, kArticulation, "dot");
@@ -72,9 +72,9 @@ constexpr Garbage kGarbage[] = {
     {"EntryNumberZero", [](EXENTRY* e) { e[1].entryNumber = 0; }},
 };
 
-class GarbageInAFrame : public testing::TestWithParam<Garbage> {};
+class InvalidFrame : public testing::TestWithParam<Garbage> {};
 
-TEST_P(GarbageInAFrame, IsNotSaved) {
+TEST_P(InvalidFrame, IsNotSaved) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4,e4 q:d4 h:r");
     host.Layer(1, 1, 1, "q:c4");
@@ -86,9 +86,9 @@ TEST_P(GarbageInAFrame, IsNotSaved) {
     EXPECT_EQ(host.Score().Content(), before);
 }
 
-INSTANTIATE_TEST_SUITE_P(HostFrames, GarbageInAFrame, testing::ValuesIn(kGarbage), kByName);
+INSTANTIATE_TEST_SUITE_P(HostFrames, InvalidFrame, testing::ValuesIn(kGarbage), kByName);
 
-TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
+TEST(HostFrames, RefuseForeignFrames) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");
     Document& other = App().OpenDocument(u"other");
@@ -116,7 +116,7 @@ TEST(HostFrames, CallsWithAFrameOutOfPlaceAreRefused) {
 }
 
 #if !defined(_WIN32)
-TEST(HostFramesDeathTest, GuardedFramesEndTheProgramAtAStrayAccess) {
+TEST(HostFramesDeathTest, GuardedFramesStopStrayAccess) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");
     App().faults.guardFrames = true;
@@ -128,7 +128,7 @@ TEST(HostFramesDeathTest, GuardedFramesEndTheProgramAtAStrayAccess) {
 }
 #endif
 
-TEST(HostMetrics, TellStemsPagesAndWhatIsHidden) {
+TEST(HostMetrics, GiveStemsAndPages) {
     StandIn host{1, 2};
     host.Layer(1, 1, 0, "q:c5! q:r w:c4 q:d4,c6 q:a4");
     host.Layer(1, 2, 1, "q:c5 q:c5");

@@ -1,4 +1,4 @@
-// What is written down of each callback, against the list of them.
+// Compares the documentation of the callbacks with their list.
 #include <fstream>
 #include <gtest/gtest.h>
 #include <map>
@@ -24,7 +24,7 @@ std::map<std::string, std::string> Results() {
     return results;
 }
 
-TEST(HostInterface, SaysOfEachCallbackWhatItsResultIsGoodFor) {
+TEST(HostInterface, DocumentsEveryCallback) {
     std::map<std::string, std::string> results = Results();
     for (std::size_t i = 0; i < kHostCallCount; ++i) {
         const auto call = static_cast<HostCall>(i);
@@ -32,7 +32,7 @@ TEST(HostInterface, SaysOfEachCallbackWhatItsResultIsGoodFor) {
         ASSERT_FALSE(row.empty()) << NameOf(call);
         EXPECT_EQ(row.mapped() != "none", IsResultPromised(call)) << NameOf(call);
     }
-    EXPECT_EQ(results.size(), 0U) << results.begin()->first << " is no callback";
+    EXPECT_EQ(results.size(), 0U) << results.begin()->first << " is not a callback";
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ i16 Execute(u16 command) {
     return FX_ExecuteMenuItem(command, kInterfaceVersion);
 }
 
-TEST(HostMenu, TheActiveLayerIsShownAlone) {
+TEST(HostMenu, ShowsActiveLayerAlone) {
     const StandIn host;
     EXPECT_EQ(Execute(MenuCommand::kFirstLayer + 4), 0) << "there are four layers";
     ASSERT_EQ(Execute(MenuCommand::kFirstLayer + 2), 1);
@@ -21,8 +21,8 @@ TEST(HostMenu, TheActiveLayerIsShownAlone) {
     }
 }
 
-TEST(HostMenu, ClearingEmptiesWholeMeasuresAndLeavesRestsInParts) {
-    // What the first and the last measure of three hold then.
+TEST(HostMenu, ClearingPartsLeavesRests) {
+    // The contents of the first and the last of three measures afterwards.
     const auto cleared = [](i32 firstPosition, i32 lastPosition) {
         constexpr const char* kMusic = "q:c4 (3:2 e:d4 ge:g4 e:e4 e:f4) h:g4";
         StandIn host{3, 4};
@@ -45,7 +45,7 @@ TEST(HostMenu, ClearingEmptiesWholeMeasuresAndLeavesRestsInParts) {
     EXPECT_EQ(cleared(0, 1023), " | q:r (3:2 e:d4 ge:g4 e:e4 e:f4) h:g4");
 }
 
-TEST(HostMenu, ClearedEntriesLoseTheirDetailsButTuplets) {
+TEST(HostMenu, ClearedEntriesKeepOnlyTuplets) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 (3:2 e:d4 e:e4 e:f4)");
     host.Attach({1, 1, 0, 1}, kArticulation, "a");

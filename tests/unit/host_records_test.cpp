@@ -26,7 +26,7 @@ std::string ItemContents(StandIn& host, u16 item) {
     return contents;
 }
 
-TEST(HostRecords, NumbersMoveWithTheirItem) {
+TEST(HostRecords, NumbersMoveWithinItem) {
     // Creates, saves or deletes: the result, the record number used and what the item has then.
     const auto done = [](char operation, u16 inci) {
         StandIn host;
@@ -56,7 +56,7 @@ TEST(HostRecords, NumbersMoveWithTheirItem) {
     EXPECT_EQ(done('d', 3), "0 3 abc");
 }
 
-TEST(HostRecords, EntryDetailsNeedTheirEntryAndTheirSizeAndSetItsFlag) {
+TEST(HostRecords, EntryDetailsNeedEntryAndSize) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");
     const u32 first = host.EntryNumber({1, 1, 0, 0});

@@ -5,11 +5,11 @@
 namespace standin {
 namespace {
 
-TEST(HostTimes, FollowFromDurationsVoicesAndTuplets) {
+TEST(HostTimes, FollowDurationsVoicesAndTuplets) {
     const std::pair<const char*, const char*> cases[] = {
         {"q.:c4 e:r h:d4,f#4", "0+1536 1536+512 2048+2048"},
         {"q:c4 ge:d4 gs:e4 q:f4", "0+1024 1024+0 1024+0 1024+1024"},
-        // 2048 / 3 is no whole number: 682.67, 1365.33, 2048
+        // 2048 / 3 is not a whole number: 682.67, 1365.33, 2048
         {"(3:2 q:c4 q:d4 q:e4) h:r", "0+683 683+682 1365+683 2048+2048"},
         {"(3:2q h:c4 q:d4) h:r", "0+1365 1365+683 2048+2048"},
         {"(3:2 q:c4 (3:2 e:d4 e:e4 e:f4) q:g4) q:r",
@@ -27,7 +27,7 @@ TEST(HostTimes, FollowFromDurationsVoicesAndTuplets) {
     }
 }
 
-TEST(HostTimes, SenselessTupletsAreTakenAsNone) {
+TEST(HostTimes, InvalidTupletsAreIgnored) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4");
     const u32 entry = host.EntryNumber({1, 1, 0, 0});
@@ -43,7 +43,7 @@ TEST(HostTimes, SenselessTupletsAreTakenAsNone) {
     EXPECT_EQ(host.Times(1, 1, 0), "0+1024");
 }
 
-TEST(HostTimes, MeasuresHaveADurationOfTheirOwnAndStavesMayDiffer) {
+TEST(HostTimes, StavesMayHaveOwnDuration) {
     StandIn host{2, 1, 3, 1024};
     host.Score().SetMeasureDuration(host.Staff(2), 1, 4608);
     EXPECT_EQ(FX_GetMeasureDuration(host.Staff(2), 1, kInterfaceVersion), 4608);
@@ -51,7 +51,7 @@ TEST(HostTimes, MeasuresHaveADurationOfTheirOwnAndStavesMayDiffer) {
     EXPECT_EQ(FX_GetMeasureDuration(0, 2, kInterfaceVersion), 0);
 }
 
-// One word a beam level, one letter an entry: . none, b begin, c continue, e end, f and k a
+// One word per beam level, one letter per entry: . none, b begin, c continue, e end, f and k a
 // forward and a backward hook.
 std::string BeamsOf(StandIn& host) {
     constexpr std::string_view kLetters = ".bcefk";
@@ -84,7 +84,7 @@ TEST(HostBeams, FollowTheTimeSignature) {
     EXPECT_EQ(beams(4, 1024, "e:c4 e:c4 e:c4 e:c4 e:c4 e:c4 q:c4"), "bccebe.");
     EXPECT_EQ(beams(4, 1024, "e:c4 s:c4 s:c4 e:c4 e:c4"), "bcebe .be..");
     EXPECT_EQ(beams(3, 1024, "e:c4 e:c4 e:c4 e:c4 q:c4"), "bebe.");
-    // No beam has only part of the inner tuplet and something beside it.
+    // No beam contains only part of the inner tuplet and other entries.
     EXPECT_EQ(beams(2, 1024, "(3:2q e:c4 e:c4 (5:2 e:c4 e:c4 e:c4 e:c4 e:c4) e:c4 e:c4)"),
               "bebcebebe");
     EXPECT_EQ(beams(6, 512, "e:c4 e:c4 e:c4 e:c4 e:c4 e:c4"), "bcebce");
@@ -97,7 +97,7 @@ TEST(HostBeams, FollowTheTimeSignature) {
     EXPECT_EQ(beams(4, 1024, "e:c4 gs:d4 gs:e4 e:c4"), "bbee .be.");
 }
 
-TEST(HostBeams, BreaksAreKept) {
+TEST(HostBeams, KeepBreaks) {
     StandIn host;
     host.Layer(1, 1, 0, "s:c4 s:c4 s:c4 s:c4 e:c4 e:c4 e:c4 e:c4");
     host.Attach({1, 1, 0, 2}, HostTag("edsB"), "x");

@@ -12,7 +12,7 @@ protected:
     u16 Ask(AlertType type) { return ShowAlert(&command, nullptr, type, 20003); }
 };
 
-TEST_F(AlertTest, AnswersStandWhenTheBoxIsTicked) {
+TEST_F(AlertTest, AnswerIsRememberedWhenBoxIsTicked) {
     // The button (0: the window is closed), whether the box is ticked, the answer, and the next
     // one, which is what is remembered (0: it asks again).
     const std::tuple<AlertType, u16, bool, u16, u16> cases[] = {
@@ -21,7 +21,7 @@ TEST_F(AlertTest, AnswersStandWhenTheBoxIsTicked) {
         {AlertType::kYesNo, 2, true, 7, 7},
         {AlertType::kYesNo, 0, true, 0, 0},
         {AlertType::kOkCancel, 1, true, 1, 1},
-        {AlertType::kOkCancel, 2, true, 2, 0},  // a cancelled one is not remembered
+        {AlertType::kOkCancel, 2, true, 2, 0},  // a canceled one is not remembered
         {AlertType::kOk, 1, true, 1, 1},
     };
     for (const auto& c : cases) {
@@ -39,7 +39,7 @@ TEST_F(AlertTest, AnswersStandWhenTheBoxIsTicked) {
     }
 }
 
-TEST_F(AlertTest, FitsItsBoxAndFormatsItsArguments) {
+TEST_F(AlertTest, FormatsArgumentsAndFitsBox) {
     desk.Then([](OpenDialog& open) {
         EXPECT_EQ(open.texts[3], u"Applies previously saved settings from Capa.");
         EXPECT_EQ(open.hidden, std::set<u16>{2});
@@ -49,7 +49,7 @@ TEST_F(AlertTest, FitsItsBoxAndFormatsItsArguments) {
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
 }
 
-TEST_F(AlertTest, AShortStoredRecordHasTheAgreeingAnswer) {
+TEST_F(AlertTest, ShortStoredRecordMeansYes) {
     const u16 flagOnly = 1;
     ZKFX_PutSettings("CKAT", 20003, &flagOnly, 2, "Dont Show Again Alert");
     EXPECT_EQ(Ask(AlertType::kYesNo), 6);

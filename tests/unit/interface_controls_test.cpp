@@ -14,7 +14,7 @@ protected:
     WindowHandle window = &open.window;
 };
 
-TEST_F(ControlTest, ARadioGroupHasOneButtonCheckedAtMost) {
+TEST_F(ControlTest, RadioGroupChecksOneButton) {
     FinPIRadioButton group{1006, 1007};
     EXPECT_EQ(group.GetValue(), FinPIRadioButton::kNothingChecked);
     group.Attach(window, 5, 1);
@@ -28,7 +28,7 @@ TEST_F(ControlTest, ARadioGroupHasOneButtonCheckedAtMost) {
     EXPECT_EQ(open.disabled, (std::set<u16>{1006, 1007}));
 }
 
-TEST_F(ControlTest, ACheckBoxClearedWhileDisabledGetsItsValueBack) {
+TEST_F(ControlTest, EnabledCheckBoxRestoresValue) {
     FinPICheckBox box{1009, true};
     box.Attach(window, 1, 0);
     EXPECT_EQ(box.GetValue(), 0U);
@@ -43,7 +43,7 @@ TEST_F(ControlTest, ACheckBoxClearedWhileDisabledGetsItsValueBack) {
     EXPECT_EQ(plain.GetStoredValue(), 0U);
 }
 
-TEST_F(ControlTest, TextFieldsConvertAndAreCutToTheBuffer) {
+TEST_F(ControlTest, TextFieldsConvertAndTruncate) {
     FinPIEditUnicodeText field{7};
     field.AttachText(window, u"Comp\u00E1s", 1);
     char utf8[16];
@@ -81,7 +81,7 @@ TEST_F(ControlTest, LayerListsShowTheHostsLayers) {
     EXPECT_EQ(open.Items(1003), (Names{u"All Layers", u"Layer 1", u"Layer 2"}));
 }
 
-TEST_F(ControlTest, AListKeepsASelectionWhileItemsGo) {
+TEST_F(ControlTest, ListKeepsSelectionWhenItemsGo) {
     FinPIPopupLayerList list{1003};
     EXPECT_EQ(list.GetValue(), 0U);
     list.Attach(window, 0, 1);
@@ -102,7 +102,7 @@ TEST_F(ControlTest, AListKeepsASelectionWhileItemsGo) {
     EXPECT_EQ(list.GetValue(), 0U);
 }
 
-// May take choosing the same item again for no change, and Layer 3 for no choice.
+// Can ignore choosing the same item again, or Layer 3.
 struct PickyList final : FinPIPopupLayerList {
     PickyList(u16 control, bool isPicky) : FinPIPopupLayerList{control} {
         m_reselectionIsNoChange = isPicky ? 1 : 0;
@@ -111,7 +111,7 @@ struct PickyList final : FinPIPopupLayerList {
     }
 };
 
-TEST_F(ControlTest, AListSaysWhichChoicesCount) {
+TEST_F(ControlTest, ListIgnoresSomeChoices) {
     for (const bool isPicky : {false, true}) {
         PickyList list{1003, isPicky};
         list.Attach(window, 0, 1);

@@ -52,7 +52,7 @@ TEST_F(DialogTest, EventsReachTheirHandler) {
     EXPECT_EQ(dialog.TakeNotes(), Notes{}) << "no other notification";
 }
 
-TEST_F(DialogTest, AnInitialisationThatFailedLeavesTheControlsDead) {
+TEST_F(DialogTest, FailedInitializationDisablesControls) {
     dialog.initializes = 0;
     OpenDialog& open = Start();
     EXPECT_EQ(open.Press(1009), 0);
@@ -61,7 +61,7 @@ TEST_F(DialogTest, AnInitialisationThatFailedLeavesTheControlsDead) {
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
-TEST_F(DialogTest, EventsOfOtherWindowsAndDialogsAreRefusedAndExceptionsEndHere) {
+TEST_F(DialogTest, RefusesForeignEventsAndStopsExceptions) {
     OpenDialog& open = Start();
     HWND__ other;
     EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kCommand, 1, 0, &dialog), 0);
@@ -79,7 +79,7 @@ TEST_F(DialogTest, EventsOfOtherWindowsAndDialogsAreRefusedAndExceptionsEndHere)
     EXPECT_EQ(left.Send(WindowMessage::kTimer), 0);
 }
 
-TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
+TEST_F(DialogTest, TimerWaitsDuringCommand) {
     OpenDialog& open = Start();
     dialog.whileHandling = [&] {
         dialog.whileHandling = nullptr;
@@ -101,7 +101,7 @@ TEST_F(DialogTest, TimerTicksWaitWhileACommandIsHandledOrEndedTheDialog) {
     modal.ShowDialogWindow(nullptr, 1);
 }
 
-TEST_F(DialogTest, AModelessDialogHearsOfAChangedPreference) {
+TEST_F(DialogTest, ModelessDialogSeesChangedPreference) {
     OpenDialog& open = Start();
     open.Send(WindowMessage::kTimer);
     std::string general(76, '\0');
@@ -112,7 +112,7 @@ TEST_F(DialogTest, AModelessDialogHearsOfAChangedPreference) {
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer", "preferences", "timer", "timer"}));
 }
 
-TEST_F(DialogTest, TitlesAreCutToTheirFieldWithTheVersionBehind) {
+TEST_F(DialogTest, TitleIsTruncatedWithVersion) {
     const std::u16string filled(252, u'x');
     // Title, version, caption.
     const std::tuple<std::u16string, std::u16string, std::u16string> cases[] = {
@@ -137,7 +137,7 @@ bool IsPlaceStored(i16 number) {
     return ZKFX_GetSettings("WPOS", number, nullptr, 0, "Plyweld") != 0;
 }
 
-TEST_F(DialogTest, KeepsItsPlaceUnderItsKeyOffsetUnlessMinimized) {
+TEST_F(DialogTest, StoresPlaceUnlessMinimized) {
     for (const u64 next :
          {SystemCommand::kMinimize, SystemCommand::kRestore, SystemCommand::kMaximize}) {
         platform::headless::Reset();
@@ -156,7 +156,7 @@ struct ForgettingDialog final : NotingDialog {
     using NotingDialog::NotingDialog;
 };
 
-TEST_F(DialogTest, ForgetsNoOtherPlaceThanThatOfItsKeyOffset) {
+TEST_F(DialogTest, ForgetsOnlyItsOwnPlace) {
     StorePlace(50, 60);
     const ForgettingDialog placed{&command, nullptr, nullptr};
     placed.ForgetStoredPosition(21000);  // 33000 as a signed number
@@ -165,7 +165,7 @@ TEST_F(DialogTest, ForgetsNoOtherPlaceThanThatOfItsKeyOffset) {
     EXPECT_FALSE(IsPlaceStored(22000));
 }
 
-TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
+TEST_F(DialogTest, RestoresPlaceOnceAfterCreation) {
     StorePlace(50, 60);
     OpenDialog& open = Show(dialog);
     EXPECT_EQ(open.window.rectangle.left, 50);
@@ -178,7 +178,7 @@ TEST_F(DialogTest, IsPutBackOnceAfterItsCreation) {
     EXPECT_EQ(open.window.rectangle.left, 500) << "later moves are the user's";
 }
 
-TEST_F(DialogTest, AStoredPlaceHoldsWhileItsCornerIsOnTheDesktop) {
+TEST_F(DialogTest, StoredPlaceMustBeOnDesktop) {
     // The desktop's left edge, the stored corner, whether the window goes there.
     const std::tuple<int, i16, i16, bool> cases[] = {
         {0, 0, 0, true},         {0, 1919, 1079, true},  // the last pixel
@@ -195,7 +195,7 @@ TEST_F(DialogTest, AStoredPlaceHoldsWhileItsCornerIsOnTheDesktop) {
     }
 }
 
-TEST_F(DialogTest, TheTimerRunsToTheWindowsEnd) {
+TEST_F(DialogTest, TimerRunsUntilWindowEnds) {
     OpenDialog& open = Show(dialog);
     dialog.StartTimer(&open.window);
     EXPECT_EQ(open.timers, (std::map<u64, u32>{{1, 100}}));
@@ -203,8 +203,8 @@ TEST_F(DialogTest, TheTimerRunsToTheWindowsEnd) {
     EXPECT_TRUE(open.timers.empty());
 }
 
-// A host may refuse to end it; after some ticks without an end it is up to date again.
-TEST_F(DialogTest, ThatStaysAfterItsLastCommandHearsItsTimerAgain) {
+// A host may refuse to end it; after some ticks without an end it is updated again.
+TEST_F(DialogTest, TimerResumesIfDialogStays) {
     OpenDialog& open = Show(dialog);
     standin::App().faults.refuseKind = standin::FaultPlan::AllOf(standin::HostCall::kEndDialog);
     open.Press(2);
@@ -222,7 +222,7 @@ TEST_F(DialogTest, ThatStaysAfterItsLastCommandHearsItsTimerAgain) {
     EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "a later command was none of the end";
 }
 
-TEST_F(DialogTest, LayoutChangesWhatIsAsked) {
+TEST_F(DialogTest, LayoutMovesControls) {
     // Of one control, from 30,40,100,50; and of the dialog's buttons, where they stand.
     const std::tuple<u16, void (*)(WindowHandle), platform::Rectangle> cases[] = {
         {1003, [](auto w) { SizeControl(w, 1003, 20, 40); }, {30, 40, 70, 60}},

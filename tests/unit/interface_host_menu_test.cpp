@@ -22,7 +22,7 @@ std::u16string Show(const HMENU__& menu) {
 
 class HostMenuTest : public testing::Test {
 protected:
-    // Top-level menus are numbered apart in every test: what was found once is remembered.
+    // Each test numbers its top-level menus differently, because a menu found once is remembered.
     HostMenuTest() {
         static u32 nextId = 1000;
         m_firstId = nextId;
@@ -48,7 +48,7 @@ protected:
     u32 m_firstId;
 };
 
-TEST_F(HostMenuTest, TheFirstFiveMenusAreNeverSearched) {
+TEST_F(HostMenuTest, SkipsFirstFiveMenus) {
     EXPECT_FALSE(FindPluginMenuItem(&m_window, u"Plyweld"));
     HMENU__& plugins = AddMenu({u"Other...", u"Ply&weld 6.10..."});
     const FoundMenuItem found = FindPluginMenuItem(&m_window, u"Plyweld 6.10...");
@@ -68,7 +68,7 @@ TEST_F(HostMenuTest, SearchesSubmenusAndComparesBeginnings) {
     EXPECT_EQ(FindPluginMenuItem(&m_window, u"").menu, &plugins) << "the first plain item";
 }
 
-TEST_F(HostMenuTest, AfterAHitOnlyItsMenuIsSearched) {
+TEST_F(HostMenuTest, SearchesOnlyTheMenuOfTheFirstHit) {
     AddMenu({u"Elsewhere"});
     AddMenu({u"Plyweld 6.10..."});
     EXPECT_TRUE(FindPluginMenuItem(&m_window, u"Plyweld"));
@@ -77,7 +77,7 @@ TEST_F(HostMenuTest, AfterAHitOnlyItsMenuIsSearched) {
     EXPECT_TRUE(FindPluginMenuItem(&m_window, u"Elsewhere")) << "that menu is gone";
 }
 
-TEST_F(HostMenuTest, GathersTheCommandAndItsSavedSettings) {
+TEST_F(HostMenuTest, BuildsSubmenu) {
     HMENU__& plugins = AddMenu({u"First", u"Plyweld 6.10...", u"Plyweld 6.10 A&B&&C...", u"Last"});
     plugins.items[1].greyed = true;
     const platform::Menu submenu =
@@ -93,7 +93,7 @@ TEST_F(HostMenuTest, GathersTheCommandAndItsSavedSettings) {
     EXPECT_EQ(MakePluginSubmenu(&m_window, u"Plyweld", u"Plyweld", u"Plyweld 6.10"), nullptr);
 }
 
-TEST_F(HostMenuTest, AMovedItemIsNamedByPrefixOrReplacement) {
+TEST_F(HostMenuTest, MovedItemGetsNewText) {
     HMENU__& plugins = AddMenu({u"Abcdef", u"Abcdef", u"Abcdef", u"Abcdef"});
     const platform::OwnedMenu target{new HMENU__};
     EXPECT_TRUE(MoveItemToSubmenu({&plugins, 0}, target.get(), u"xyz", std::nullopt));

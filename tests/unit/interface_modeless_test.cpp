@@ -1,4 +1,4 @@
-// A command with a modeless dialog: what its timer watches, and when it goes.
+// A command with a modeless dialog: the changes that its timer watches, and when it is destroyed.
 #include "Class Files/FinPIModeless.h"
 #include "Class Files/interface/HostMenu.h"
 #include "Class Files/interface/WindowMessages.h"
@@ -44,13 +44,13 @@ protected:
     OpenDialog& open = Show(modeless);
 };
 
-TEST_F(ModelessTest, OutlivesItsHandlerWhenTheHostEndsTheWindow) {
+TEST_F(ModelessTest, OutlivesItsHandler) {
     modeless.whileHandling = [&] { open.Send(WindowMessage::kDestroy); };
     open.Press(1009);
     EXPECT_EQ(notes, (Notes{"saved", "handled", "gone"}));
 }
 
-TEST_F(ModelessTest, ATickTellsWhatChangedSinceTheLast) {
+TEST_F(ModelessTest, TickReportsChanges) {
     const auto tick = [this] {
         notes.clear();
         open.Send(WindowMessage::kTimer);

@@ -17,7 +17,7 @@ void Start(standin::StandIn& host, BookmarkMeasures* command) {
     command->Start(&*host.Score().selection, &whole);
 }
 
-TEST(LibraryExample, LeavesABookmarkInEachSelectedMeasure) {
+TEST(LibraryExample, BookmarksSelectedMeasures) {
     standin::StandIn host(2, 3);
     host.Score().LayoutSystems(3);
     host.Select(1, 2, 0, 2, 3, kEndOfMeasure);
@@ -42,7 +42,7 @@ public:
     i16 AllowProgress(u64, i16) override { return 0; }
 };
 
-TEST(LibraryExample, ACommandMayDoWithoutProgressReports) {
+TEST(LibraryExample, MayDisableProgress) {
     standin::StandIn host(6, 10);
     host.SelectAll();
     Start(host, new WithoutReports(nullptr, 0));
@@ -50,7 +50,7 @@ TEST(LibraryExample, ACommandMayDoWithoutProgressReports) {
     EXPECT_TRUE(standin::App().progress.empty());
 }
 
-TEST(LibraryExample, ACommandForgetsTheAnswersToItsQuestions) {
+TEST(LibraryExample, ForgetsAnswers) {
     const standin::StandIn host;
     constexpr i16 kQuestion = 20003;
     const u16 answer = 1;

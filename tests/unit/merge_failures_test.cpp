@@ -1,4 +1,4 @@
-// Refusals that a run goes on after, and those that it does not.
+// Refusals that a run survives, and refusals that end it.
 #include "platform/headless/session.h"
 #include "tests/unit/support/plugin_driver.h"
 
@@ -15,7 +15,7 @@ void Write(StandIn& host) {
     host.Expression(1, 1, 1024, 1);
 }
 
-TEST(Failures, OfWhatOnlyShowsTheMergeDoNotStopIt) {
+TEST(Failures, DisplayFailuresDoNotStopRun) {
     for (const HostCall call :
          {HostCall::kStartMassEdit, HostCall::kRebeamRegion, HostCall::kRedrawMusic,
           HostCall::kStartFinaleEdit, HostCall::kEndFinaleEdit}) {
@@ -30,8 +30,8 @@ TEST(Failures, OfWhatOnlyShowsTheMergeDoNotStopIt) {
     }
 }
 
-// A run of rests that the host does not let go is left alone; what else there is to merge is.
-TEST(Failures, OfTheChangeOfARunLeaveItAlone) {
+// A run of rests that the host keeps stays as it is; all other music is merged.
+TEST(Failures, RefusedRestRunStays) {
     for (const HostCall call : {HostCall::kInsertEXENTRY, HostCall::kDeleteEXENTRY}) {
         StandIn host;
         host.Write({"q:c4 q:r h:d4", "q:e4 q:f4 h:g4"});
@@ -43,7 +43,7 @@ TEST(Failures, OfTheChangeOfARunLeaveItAlone) {
     }
 }
 
-TEST(Failures, OfDroppingAGraceRestFailTheRun) {
+TEST(Failures, KeptGraceRestFailsRun) {
     StandIn host;
     host.Write({"gs:c5 w:c4", "gs:e5 w:e4"});
     App().faults.refuseKind = FaultPlan::AllOf(HostCall::kDeleteEXENTRY);
@@ -53,8 +53,8 @@ TEST(Failures, OfDroppingAGraceRestFailTheRun) {
     EXPECT_EQ(App().alerts.size(), 1U);
 }
 
-// Seen while the failure is told, before the edit is taken back.
-TEST(Failures, OfMovingAShapeKeepTheLyricsMarks) {
+// Checked while the failure is shown, before the edit is undone.
+TEST(Failures, FailedShapeMoveKeepsLyricMarks) {
     StandIn host;
     host.Write({"h:c4 h:r", "h:e4 h:f4"});
     host.Slur({1, 1, 1, 0}, {1, 1, 1, 1});
@@ -82,13 +82,13 @@ TEST(Failures, AnotherDocumentBecomesCurrent) {
         total = App().calls.Total();
         App().faults = {};
         App().SetCurrentDocument(host.Score().Number());
-        host.Score().CancelEdit();  // if it is open: the edit was of this document
+        host.Score().CancelEdit();  // if it is open: the edit belonged to this document
         EXPECT_EQ(Music(host.Score()), music) << "before call " << call;
     }
 }
 
 // Callbacks that an older host does not export.
-TEST(MissingCallbacks, OfWhatTheMergeCanDoWithout) {
+TEST(MissingCallbacks, RunStillMerges) {
     StandIn host{1, 2};
     Write(host);
     const Plugin plugin;

@@ -1,5 +1,5 @@
-// What a merge makes of two layers: notes that begin together and last as long become one chord,
-// and runs of destination rests are filled by source music of exactly their time.
+// The result of merging two layers: notes with the same start and duration become chords, and
+// source music of exactly the same time replaces runs of destination rests.
 #include <tuple>
 
 #include "host/verify/merge_faults.h"
@@ -74,7 +74,7 @@ constexpr MergeCase kRestFill[] = {
      "h:e4 h:r"},
     {"VoiceTwoInsideASpanComesAlong", "h:r h:c4", "h:e5 v2{q:a4 q:g4} h:b4",
      "h:e5 v2{q:a4 q:g4} h:c4,b4", "h:r v2{q:r q:r} h:r"},
-    // The first second voice lasts into the time of the one that is there.
+    // The first second voice would overlap the existing one.
     {"SecondVoicesDoNotOverlap", "q:r q:c4 v2{q:a3} h:r", "q:e5 v2{h:a4} h.:b4",
      "q:r q:c4 v2{q:a3} h:r", "q:e5 v2{h:a4} h.:b4"},
     {"GraceNotesAtTheStartComeAlong", "h:c4 h:r", "h:e4 gs:f4 h:g4", "h:c4,e4 gs:f4 h:g4",
@@ -97,13 +97,13 @@ constexpr MergeCase kRestFill[] = {
      "(3:2 e:d4 e:e4 e:f4) h.:g4", "(3:2 e:c4,d4 e:e4 e:f4) h.:c4,g4", "(3:2 e:r e:r e:r) h.:r"},
     {"NestedTuplets", "h:r h:c4", "(3:2 q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:b4",
      "(3:2 q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:c4,b4", "(3:2 q:r (3:2 e:r e:r e:r) q:r) h:r"},
-    // Both runs are a quarter of the time; but of another tuplet than the source's.
+    // Both runs last a quarter, but in different tuplets.
     {"NoPartOfADifferentTuplet", "(3:2 q:r q:c4 q:d4) h:c4",
      "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r", "(3:2 q:r q:c4 q:d4) h:c4",
      "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r"},
 };
 
-// Of a destination that does not reach as far, rests come first where the selection begins.
+// If the destination ends earlier, rests fill it up to the start of the selection.
 constexpr MergeCase kPartOfAMeasure[] = {
     {"SkeletonThenTheSecondHalf", "", "q:c4 q:d4 q:e4 q:f4", "q:r q:r q:e4 q:f4",
      "q:c4 q:d4 q:r q:r", 2048},
@@ -126,7 +126,7 @@ INSTANTIATE_TEST_SUITE_P(Chords, MergeRules, testing::ValuesIn(kChords), kByName
 INSTANTIATE_TEST_SUITE_P(RestFill, MergeRules, testing::ValuesIn(kRestFill), kByName);
 INSTANTIATE_TEST_SUITE_P(PartOfAMeasure, MergeRules, testing::ValuesIn(kPartOfAMeasure), kByName);
 
-TEST(Merge, HidesItsRestsWhenAsked) {
+TEST(Merge, HidesRestsOnRequest) {
     StandIn host;
     host.Layer(1, 1, 1, "h:c4 h:d4");
     host.Select(1, 1, 2048, 1, 1, kEndOfMeasure);
@@ -136,7 +136,7 @@ TEST(Merge, HidesItsRestsWhenAsked) {
     EXPECT_NE(host.Entry({1, 1, 1, 1}).flags & EntryFlag::kMadeRest, 0U);
 }
 
-TEST(Merge, ChangesNothingTheSecondTime) {
+TEST(Merge, SecondRunChangesNothing) {
     StandIn host;
     host.Write({"q:c4 q:r h:r", "q:e4 q:f4 h:g4"});
     Plugin{}.Merge(host);
@@ -145,7 +145,7 @@ TEST(Merge, ChangesNothingTheSecondTime) {
     EXPECT_EQ(host.Score().Digest(), digest);
 }
 
-TEST(ChordRegion, BothEndsAreInside) {
+TEST(ChordRegion, IncludesBothEnds) {
     StandIn host{1, 3};
     host.LayerEverywhere(0, "q:c4 q:c4 q:c4 q:c4");
     host.LayerEverywhere(1, "q:e4 q:e4 q:e4 q:e4");
@@ -157,7 +157,7 @@ TEST(ChordRegion, BothEndsAreInside) {
     EXPECT_EQ(host.Layer(1, 3, 1), "q:r q:r q:r q:e4");
 }
 
-TEST(ChordRegion, StaffWithATimeOfItsOwn) {
+TEST(ChordRegion, ScalesIndependentTime) {
     // Twice as many units in the staff as in the measure: positions are scaled to compare.
     StandIn host;
     host.Score().SetMeasureDuration(host.Staff(1), 1, 8192);
@@ -167,7 +167,7 @@ TEST(ChordRegion, StaffWithATimeOfItsOwn) {
     EXPECT_EQ(host.Layer(1, 1, 0), "h:c4,e4 q:d4,f4 q:g4");
 }
 
-TEST(Layers, AllGoInOrderIntoTheDestination) {
+TEST(Layers, AllMoveInOrder) {
     StandIn host;
     host.Write({"w:c4", "w:d4", "w:e4", "w:f4"});
     Plugin{}.Merge(host, {.destination = 1});
@@ -177,8 +177,8 @@ TEST(Layers, AllGoInOrderIntoTheDestination) {
     EXPECT_EQ(App().alerts.size(), 1U) << "there is no such layer";
 }
 
-// Each of two equal pitches has a notehead of its own, which must not meet on one note.
-TEST(Details, OfEqualPitchesStayApart) {
+// Two equal pitches have different noteheads, which must not end up on one note.
+TEST(Details, EqualPitchesKeepTheirDetails) {
     constexpr u32 kNotehead = HostTag("E\002cn");
     constexpr EntryPlace kDestination{1, 1, 0, 0};
     StandIn host;
@@ -201,8 +201,8 @@ MyExpressionAssign ExpressionOf(StandIn& host, u16 record) {
         *host.Score().Records().Find(Tag::kExpression, RecordKey::Other(1, record)));
 }
 
-// A host that computes the times of tuplets otherwise than whoever wrote the score.
-TEST(Times, OfALongTupletMayBeRoundedAnewWhenItIsPlaced) {
+// A host that computes the times of tuplets differently from the writer of the score.
+TEST(Times, LongTupletMayBeRoundedAgain) {
     StandIn host;
     host.Write({"w:r", "(7:4 e:c4 e:d4 e:e4 e:f4 e:g4 e:a4 e:b4) h:c5"});
     const Mannered mannered{&Manners::rounding};
@@ -211,8 +211,8 @@ TEST(Times, OfALongTupletMayBeRoundedAnewWhenItIsPlaced) {
     EXPECT_EQ(host.Layer(1, 1, 0), "(7:4 e:c4 e:d4 e:e4 e:f4 e:g4 e:a4 e:b4) h:c5");
 }
 
-// The lower source note stands behind the higher one, and a note of the chord has its pitch.
-TEST(Sorting, PartsNoNoteFromWhatHangsOnIt) {
+// The lower source note comes after the higher one, and a note of the chord has its pitch.
+TEST(Sorting, NotesKeepTheirDetails) {
     for (const char* destination : {"w:c4,e4", "w:r"}) {
         StandIn host;
         const Mannered mannered{&Manners::sorting};
@@ -228,10 +228,10 @@ TEST(Sorting, PartsNoNoteFromWhatHangsOnIt) {
     }
 }
 
-TEST(Expressions, FollowTheMusicTheyHangOn) {
+TEST(Expressions, FollowTheirMusic) {
     StandIn host;
     host.Write({"q:c4 q:r h:d4", "q:e4 q:f4 q:g4 q:a4"});
-    // Layers count from 1; none in particular is 0.
+    // Layers count from 1; 0 is no particular layer.
     const std::tuple<i32, i16, u16> cases[] = {
         {0, 2, 1}, {1024, 2, 1}, {3072, 2, 2}, {0, 0, 0}, {0, 3, 3}};
     for (const auto& [position, layer, afterwards] : cases) {
@@ -244,7 +244,7 @@ TEST(Expressions, FollowTheMusicTheyHangOn) {
 }
 
 // The rest begins inside and is filled as a whole.
-TEST(Expressions, AreFoundBehindGapsInTheirNumbers) {
+TEST(Expressions, AreFoundAfterGaps) {
     StandIn host;
     host.Write({"h:c4 h:r", "h:e4 h:f4"});
     for (const i32 position : {0, 0, 2048, 2048}) {
@@ -272,7 +272,7 @@ TEST(Expressions, BeyondTheSelectionStay) {
     EXPECT_EQ(ExpressionOf(host, 1).layer, 2);
 }
 
-TEST(Expressions, OfGraceNotesStayWithTheirNote) {
+TEST(Expressions, StayWithGraceNote) {
     // Layer (from 0) and grace index afterwards of those of layer 2: of its first grace note, of
     // its second, of the note itself.
     const std::tuple<const char*, const char*, std::vector<std::pair<int, int>>> cases[] = {
@@ -297,8 +297,8 @@ TEST(Expressions, OfGraceNotesStayWithTheirNote) {
     }
 }
 
-// Records name seven layers: none can be of the eighth.
-TEST(Expressions, OfNoLayerAreNotOfTheEighth) {
+// Records have numbers for seven layers, not for an eighth.
+TEST(Expressions, NoLayerIsNotTheEighth) {
     StandIn host;
     App().maxLayers = 8;
     host.Layer(1, 1, 7, "w:e4");

@@ -1,5 +1,5 @@
-// Every score of the collections at hand goes in and comes out again: unchanged byte for byte,
-// and the same music when every measure is written anew.
+// Every available score is read and written: unchanged byte for byte, and the same music if every
+// measure is rewritten.
 #include "tests/unit/musicxml_support.h"
 #include "tests/unit/support/files.h"
 
@@ -15,7 +15,7 @@ bool IsScore(const fs::path& file) {
 
 class Collection : public testing::TestWithParam<const char*> {};
 
-TEST_P(Collection, GoesInAndOut) {
+TEST_P(Collection, SurvivesRoundTrip) {
     std::error_code missing;
     for (const fs::directory_entry& entry : fs::directory_iterator{GetParam(), missing}) {
         const fs::path& file = entry.path();

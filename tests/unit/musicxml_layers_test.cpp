@@ -9,7 +9,7 @@ std::string Layers(const ImportedScore& score, u16 staff, u16 measure) {
     return Layer(score, staff, measure, 0) + " | " + Layer(score, staff, measure, 1);
 }
 
-TEST(Voices, BecomeLayersInOrderOfFirstAppearance) {
+TEST(Voices, BecomeLayersInOrder) {
     const auto score = Read(ScoreText({
         Note({.voice = "3"}) + Backup(2) + Note({.pitch = "E4", .voice = "1"}),
         Note({.voice = "1"}) + Backup(2) + Note({.pitch = "E4", .voice = "3"}),
@@ -27,7 +27,7 @@ std::string Together(std::initializer_list<const char*> voices) {
     return measure;
 }
 
-TEST(Voices, FurtherOnesTakeLayersFreeInTheirMeasureAndKeepTheirNames) {
+TEST(Voices, FurtherVoicesTakeFreeLayers) {
     const auto score = Read(ScoreText({Together({"1", "2", "3", "4"}), Together({"1", "5", "6"})}));
     EXPECT_EQ(Layers(*score, 1, 2), "q:c4 | q:c4");
     EXPECT_EQ(Layer(*score, 1, 2, 2), "q:c4");
@@ -36,8 +36,8 @@ TEST(Voices, FurtherOnesTakeLayersFreeInTheirMeasureAndKeepTheirNames) {
     EXPECT_NE(written.find("<voice>6</voice>"), std::string::npos);
 }
 
-// Where no layer is free, a voice that never sounds with another goes into that one's.
-TEST(Voices, TwoThatShareNoTimeMayShareALayer) {
+// If no layer is free, a voice shares the layer of a voice that it never overlaps.
+TEST(Voices, VoicesWithoutOverlapShareLayer) {
     const std::string text =
         ScoreText({Together({"1", "2", "3", "4"}) + Note({.pitch = "E4", .voice = "5"})});
     const auto score = Read(text);
@@ -48,8 +48,8 @@ TEST(Voices, TwoThatShareNoTimeMayShareALayer) {
     EXPECT_EQ(Differences(*score, written), "");
 }
 
-// A user who names a layer means its own voice, so that no other takes it.
-TEST(Voices, FurtherOnesKeepOutOfLayersThatAreNamed) {
+// A user who names a layer means its own voice, so no other voice may take it.
+TEST(Voices, NamedLayersAreReserved) {
     const std::string text = ScoreText({Together({"1", "2", "3", "4"}), Together({"1", "5"}),
                                         Note({.voice = "2"}) + Note({.voice = "5"})});
     const auto score = ReadScore(text, nullptr, OwnLayers{false, true}).score;
@@ -63,8 +63,8 @@ TEST(Voices, FurtherOnesKeepOutOfLayersThatAreNamed) {
     EXPECT_EQ(Layer(*whole, 1, 3, kLayers), "q:x q:c4");
 }
 
-// Whatever happens to the others, its elements stay as they were written.
-TEST(Voices, AFifthAtTheSameTimeIsCarriedAsItIs) {
+// Its elements stay unchanged, whatever happens to the others.
+TEST(Voices, FifthVoiceIsCarried) {
     const std::string odd =
         "<note ><pitch ><step>E</step><octave>4</octave></pitch><duration>1</duration>"
         "<voice>5</voice><type>eighth</type><notations><tied type='start'/></notations></note>";
@@ -82,7 +82,7 @@ TEST(Voices, AFifthAtTheSameTimeIsCarriedAsItIs) {
 }
 
 // A chord over two entries cannot be cut out of the text.
-TEST(Voices, ACarriedChordOfTwoEntriesLosesNothing) {
+TEST(Voices, CarriedChordLosesNothing) {
     std::string chord = Note({.voice = "5"});
     for (const char* pitch : {"E4", "G4"}) {
         chord += Note({.pitch = pitch, .duration = 4, .voice = "5", .first = "<chord/>"});
@@ -92,16 +92,15 @@ TEST(Voices, ACarriedChordOfTwoEntriesLosesNothing) {
     EXPECT_EQ(Differences(*score, Rebuilt(*score)), "");
 }
 
-// Two lines of one voice that share time: the second needs a layer of its own, and voice 2
-// when there is none.
-TEST(Voices, ASecondLineGoesToAFreeLayerElseToVoice2) {
+// Two overlapping lines of one voice: the second needs its own layer, or voice 2 if none is free.
+TEST(Voices, SecondLineTakesFreeLayerOrVoice2) {
     const std::string lines = Note({}) + Note({}) + Backup(2) + Note({.pitch = "G4"});
     EXPECT_EQ(Layers(*Read(ScoreText({lines})), 1, 1), "q:c4 q:c4 | q:x q:g4");
     const auto full = Read(ScoreText({lines + Backup(2) + Together({"2", "3", "4"})}));
     EXPECT_EQ(Layer(*full, 1, 1, 0), "q:c4 q:c4 v2{q:g4}");
 }
 
-TEST(Voices, AChordBeyondTwelveNotesLosesNone) {
+TEST(Voices, ChordOfMoreThanTwelveNotesLosesNone) {
     std::string chord;
     for (int i = 0; i < 14; ++i) {
         const std::string pitch{"CDEFGAB"[i % 7], static_cast<char>('3' + i / 7)};
@@ -112,7 +111,7 @@ TEST(Voices, AChordBeyondTwelveNotesLosesNone) {
 }
 
 // A voice that crosses to the other staff, once with a whole entry and once within a chord.
-TEST(Voices, CrossStaffNotesStandOnTheStaffTheyAreWrittenOn) {
+TEST(Voices, CrossStaffNotesAreOnWrittenStaff) {
     const std::string low = "<staff>2</staff>";
     const std::string high = "<staff>1</staff>";
     const auto score =
@@ -124,7 +123,7 @@ TEST(Voices, CrossStaffNotesStandOnTheStaffTheyAreWrittenOn) {
     EXPECT_EQ(Layer(*score, 2, 1, 0), "q:c3 q:x q:e3");
 }
 
-TEST(Voices, GracesGoWithTheNoteTheyLeadTo) {
+TEST(Voices, GraceNotesBelongToNextNote) {
     const std::string grace =
         Note({.pitch = "D4", .duration = 0, .type = "eighth", .first = "<grace/>"});
     const auto score = Read(ScoreText({Note({}) + grace + Note({.pitch = "E4"}) + grace}));

@@ -1,4 +1,4 @@
-// Files that are no score, damaged or hostile: one clear line, and where.
+// Damaged, hostile or other files: one clear message with its line.
 #include "host/musicxml/xml/archive.h"
 #include "tests/unit/musicxml_support.h"
 #include "tests/unit/support/named_cases.h"
@@ -28,22 +28,22 @@ struct RefusedScore {
 };
 
 const RefusedScore kRefused[] = {
-    {"NotXml", "hello", "no well-formed XML", 1},
+    {"NotXml", "hello", "not well-formed XML", 1},
     {"TextBeforeTheDeclaration", "\n\nhello <?xml version=\"1.0\"?><a/>", "before its first tag",
      3},
     {"TextBeforeTheRoot", "hello <score-partwise/>", "before its first tag", 1},
     {"NeitherUtf16NorUtf8", "<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>\xE9</a>",
      "says that it is UTF-16, but it is not", 1},
-    {"EndTagMissing", "<score-partwise>\n<part>\n</score-partwise>", "no well-formed XML", 3},
+    {"EndTagMissing", "<score-partwise>\n<part>\n</score-partwise>", "not well-formed XML", 3},
     {"AnotherFormat", "<?xml version=\"1.0\"?>\n<opus/>", "root element is <opus>", 2},
     {"Timewise", "\n\n<score-timewise/>", "timewise", 3},
     {"NoPart", "<score-partwise/>", "no part", 1},
     {"NoMeasure", "<score-partwise><part/></score-partwise>", "no measure", 1},
     {"NoteOutsideParts", "<score-partwise>\n<note/></score-partwise>", "outside any part", 2},
     {"EncodingOfTwoLines", "<?xml version=\"1.0\" encoding=\"A\nB\"?><a/>", "encoding a b", 1},
-    {"NotUtf8", "<a>\n\xE9</a>", "no text in its encoding", 2},
-    {"OverlongUtf8", "<a>\n\xC0\xAF</a>", "no text in its encoding", 2},
-    {"HalfACharacter", std::string{"\xFE\xFF\0<\0a\0>\xD8\0", 10}, "no text in its encoding", 1},
+    {"NotUtf8", "<a>\n\xE9</a>", "not valid in its encoding", 2},
+    {"OverlongUtf8", "<a>\n\xC0\xAF</a>", "not valid in its encoding", 2},
+    {"HalfACharacter", std::string{"\xFE\xFF\0<\0a\0>\xD8\0", 10}, "not valid in its encoding", 1},
     {"NegativeDuration", NoteWith("<rest/><duration>-1</duration>"), "<duration>", 7},
     {"EndlessNote", NoteWith("<rest/><duration>99999999</duration>"), "longer than any note", 7},
     {"NoteThatTakesNoTime",
@@ -68,7 +68,7 @@ const RefusedScore kRefused[] = {
 
 class Refused : public testing::TestWithParam<RefusedScore> {};
 
-TEST_P(Refused, SaysWhatIsWrongAndWhere) {
+TEST_P(Refused, NamesErrorAndLine) {
     const ReadResult result = ReadScore(GetParam().text);
     EXPECT_FALSE(result);
     EXPECT_NE(result.message.find(GetParam().message), std::string::npos) << result.message;
@@ -79,7 +79,7 @@ TEST_P(Refused, SaysWhatIsWrongAndWhere) {
 INSTANTIATE_TEST_SUITE_P(Scores, Refused, testing::ValuesIn(kRefused), kByName);
 
 // The host's records have numbers of 16 bits.
-TEST(RefusedScores, MoreThanTheHostsRecordsHold) {
+TEST(RefusedScores, ExceedHostRecords) {
     const std::pair<const char*, std::string> cases[] = {
         {"more slurs and other lines",
          Repeated(256, Note({.more = "<notations>" + Repeated(256, "<slur type=\"start\"/>") +
@@ -99,14 +99,14 @@ TEST(RefusedScores, MoreThanTheHostsRecordsHold) {
     }
 }
 
-TEST(Growth, TheBracketsOfANoteAreOneText) {
+TEST(Growth, BracketsOfNoteAreOneText) {
     const auto score = Read(ScoreText({Note(
         {.more = "<notations>" + Repeated(100, "<tuplet type=\"start\"/>") + "</notations>"})}));
     EXPECT_LT(score->fragments.InternCopy("the next text"), 10U);
 }
 
 // A file cut anywhere is refused or read, never a crash.
-TEST(Damaged, AnyPrefixOfAScoreIsSafe) {
+TEST(Damaged, TruncatedScoreIsSafe) {
     const std::string whole = ScoreText(
         {"<!-- a --><![CDATA[b]]>" + Note({.more = "<notations><slur type='start'/></notations>"}) +
          Backup(2) + Note({.voice = "2"})});
@@ -124,7 +124,7 @@ std::string Renamed(std::string archive, std::string_view from, std::string_view
     return archive;
 }
 
-TEST(Archives, DamagedOnesAreRefusedWithAReason) {
+TEST(Archives, DamagedArchiveIsRefused) {
     const std::string container = "META-INF/container.xml";
     const std::string whole = MakeArchive("music.xml", ScoreText({Note({})}));
     const std::string large((1U << 20U) + 1, ' ');
@@ -150,8 +150,8 @@ TEST(Archives, DamagedOnesAreRefusedWithAReason) {
     }
 }
 
-// A member that claims more bytes than the file has can be read, but not carried over.
-TEST(Archives, OneThatCannotTakeTheResultGivesNone) {
+// A member with a wrong size beyond the file can be read, but not copied.
+TEST(Archives, NoOutputIfArchiveCannotBeWritten) {
     std::string archive = MakeArchive("music.xml", ScoreText({Note({})}));
     constexpr std::size_t kPackedSize = 20;  // in a member's entry of the directory
     const std::size_t entry = archive.find("PK\1\2", archive.find("PK\1\2") + 1);
@@ -159,7 +159,7 @@ TEST(Archives, OneThatCannotTakeTheResultGivesNone) {
     EXPECT_EQ(WriteScore(*Read(archive), {.rebuildAll = true}), "");
 }
 
-TEST(Archives, OtherMembersAreKept) {
+TEST(Archives, KeepsOtherMembers) {
     const auto score = Read(MakeArchive("music.xml", ScoreText({Note({})})));
     const std::string written = Rebuilt(*score);
     EXPECT_EQ(Differences(*score, written), "");

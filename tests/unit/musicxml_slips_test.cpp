@@ -1,4 +1,4 @@
-// Slips of a file whose meaning is clear: read as other programs read them, and told.
+// Mistakes in a file whose meaning is clear: read as other programs read them, with a warning.
 #include "tests/unit/musicxml_support.h"
 
 namespace standin {
@@ -18,7 +18,7 @@ const struct {
     const char* name;
     std::string text;
     const char* layer1;   // of the first measure
-    const char* warning;  // a part of it; empty = there is none
+    const char* warning;  // a part of it; empty = none
     std::size_t line = 7;
 } kSlips[] = {
     {"ANoteOfNoLength", ScoreText({Note({}) + Lasting(0, "<type>half</type><dot/>") + Note({})}),
@@ -38,7 +38,7 @@ const struct {
     {"NoSlip", ScoreText({Note({})}), "q:c4", ""},
 };
 
-TEST(Slips, AreReadAndTold) {
+TEST(Slips, AreReadWithWarning) {
     for (const auto& c : kSlips) {
         SCOPED_TRACE(c.name);
         const auto score = Read(c.text);
@@ -55,7 +55,7 @@ TEST(Slips, AreReadAndTold) {
     }
 }
 
-TEST(Slips, ANoteOfNoLengthInATripletTakesAThird) {
+TEST(Slips, TripletNoteWithoutDurationTakesAThird) {
     const auto score = Read(
         ScoreText({Lasting(0,
                            "<type>quarter</type><time-modification><actual-notes>3</actual-notes>"
@@ -64,8 +64,8 @@ TEST(Slips, ANoteOfNoLengthInATripletTakesAThird) {
     EXPECT_EQ(+Entries(*score, 1, 0).at(1).elapsedTime, 2 * 1024 / 3 + 1);
 }
 
-// Its text would say another time than what is written after it counts on.
-TEST(Slips, ANoteOfNoLengthInACarriedVoiceIsWrittenWithItsOwn) {
+// Its text would give another time than the following text needs.
+TEST(Slips, CarriedNoteWithoutDurationGetsOne) {
     std::string measure = Note({.duration = 4, .type = "half"});
     for (const char* voice : {"2", "3", "4"}) {
         measure += Backup(4) + Note({.duration = 4, .type = "half", .voice = voice});

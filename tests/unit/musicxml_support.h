@@ -16,7 +16,7 @@
 
 namespace standin {
 
-// A score read; the test ends when it is refused.
+// Reads a score; the test ends if it is refused.
 inline std::unique_ptr<ImportedScore> Read(std::string bytes) {
     ReadResult result = ReadScore(std::move(bytes));
     if (!result) {
@@ -25,7 +25,7 @@ inline std::unique_ptr<ImportedScore> Read(std::string bytes) {
     return std::move(result.score);
 }
 
-// Every measure written anew.
+// Every measure rewritten.
 inline std::string Rebuilt(const ImportedScore& score) {
     return WriteScore(score, {.rebuildAll = true});
 }
@@ -40,7 +40,7 @@ inline std::vector<EXENTRY> Entries(const ImportedScore& score, u16 measure, u16
     return frame == nullptr ? std::vector<EXENTRY>{} : frame->entries;
 }
 
-// What the second reading says of a score and what was written of it, joined by line breaks.
+// The second reader's differences between a score and its output, joined by line breaks.
 inline std::string Compared(const ImportedScore& before, const std::string& written, bool merged) {
     readback::Texts texts;
     const readback::Reading first = readback::ReadContentOfText(before.text, texts);

@@ -1,4 +1,4 @@
-// Where entries start and how long they last, in the host's units and back in the file's.
+// Starts and durations of entries in the host's units, and back in the file's.
 #include "host/musicxml/pitch.h"
 #include "host/score/rational.h"
 #include "tests/unit/musicxml_support.h"
@@ -16,7 +16,7 @@ std::string Divisions(int count) {
 }
 
 // Three in the time of two, in divisions that the host's units do not divide into.
-TEST(Times, TripletsOfDifferentVoicesStandAtTheSameTimes) {
+TEST(Times, TripletsOfVoicesCoincide) {
     const std::string note = Note({.duration = 1,
                                    .type = "eighth",
                                    .more = "<time-modification><actual-notes>3</actual-notes>"
@@ -61,7 +61,7 @@ const struct {
      "0+2048 2048+2048", 4096},
 };
 
-TEST(Times, AreKeptInAndOut) {
+TEST(Times, SurviveRoundTrip) {
     for (const auto& c : kTimes) {
         SCOPED_TRACE(c.name);
         const auto score = Read(ScoreText({c.measure, Note({})}));
@@ -75,8 +75,8 @@ TEST(Times, AreKeptInAndOut) {
     }
 }
 
-// Divisions finer than the host's units: rounding there must not reach the file.
-TEST(Times, FineDivisionsComeBackExactly) {
+// Divisions finer than the host's units: the host's rounding must not reach the file.
+TEST(Times, FineDivisionsAreExact) {
     const std::string text = ScoreText({Divisions(10080) + Note({.duration = 3361})});
     EXPECT_NE(Rebuilt(*Read(text)).find(">3361<"), std::string::npos);
 }
@@ -88,7 +88,7 @@ TEST(Times, SixEighthsHaveTwoBeats) {
     EXPECT_EQ(score->document->Measure(1).beatDuration, 1536);
 }
 
-TEST(Pitches, ComeBackFromTheHostsFieldInEveryKey) {
+TEST(Pitches, SurviveRoundTripInEveryKey) {
     for (int i = 0; i < 15 * 10 * 7 * 5; ++i) {
         const int fifths = i % 15 - 7;
         const WrittenPitch pitch{i / 15 % 7, i / 105 % 10, i / 1050 - 2};
@@ -100,7 +100,7 @@ TEST(Pitches, ComeBackFromTheHostsFieldInEveryKey) {
     EXPECT_EQ(PitchField({6, 4, 0}, -1), u16{3U << 4U | 1U});  // B natural in F major
 }
 
-TEST(Times, FractionsThatLeaveTheExactRangeAreInvalid) {
+TEST(Times, OverflowingFractionsAreInvalid) {
     const Rational fine = Rational::Of(1, (i64{1} << 39U) + 1);
     EXPECT_TRUE(fine.IsValid());
     EXPECT_FALSE((fine + Rational::Of(1, 1000003)).IsValid());

@@ -103,7 +103,7 @@ const struct {
      "0+341"},
 };
 
-TEST(Tuplets, AreGroupsOfTheHostAndComeBack) {
+TEST(Tuplets, SurviveRoundTrip) {
     for (const auto& c : kTuplets) {
         SCOPED_TRACE(c.name);
         const std::string text = TupletScore(c.measures);
@@ -121,7 +121,7 @@ TEST(Tuplets, AreGroupsOfTheHostAndComeBack) {
     }
 }
 
-TEST(Tuplets, BegunOnOneStaffAreWholeOnTheOther) {
+TEST(Tuplets, AcrossStavesAreWholeOnEach) {
     const auto score =
         Read(TupletScore({"C3 eighth 12 3:2 [ s2, C4 quarter 24 3:2 ], C3 quarter 24 3:2 [ s2, C4 "
                           "eighth 12 3:2 ]"}));

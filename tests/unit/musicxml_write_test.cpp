@@ -20,7 +20,7 @@ int Count(std::string_view text, std::string_view what) {
     return count;
 }
 
-// The tags with the text behind each: children of <notations> may stand in any order.
+// The tags with the text after each: children of <notations> may be in any order.
 std::multiset<std::string> Tags(const std::string& text) {
     std::multiset<std::string> tags;
     std::istringstream stream{text};
@@ -30,8 +30,8 @@ std::multiset<std::string> Tags(const std::string& text) {
     return tags;
 }
 
-// Everything that a note can carry, on a note of a chord and on the chord itself.
-TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
+// Every possible attachment of a note, on a note of a chord and on the chord itself.
+TEST(Rebuilt, KeepsChildrenAndAttributes) {
     const std::string text = ScoreText({
         R"(<direction><direction-type><words>a</words></direction-type></direction>
 <note default-x="10" color="#FF0000"><pitch><step>C</step><alter>1</alter><octave>4</octave></pitch>
@@ -62,7 +62,7 @@ TEST(Rebuilt, KeepsEveryChildAndAttributeOfANote) {
     EXPECT_EQ(Tags(Rebuilt(*score)), Tags(text));
 }
 
-TEST(Rebuilt, PiecesOfNotationsKeepWhatTheyNeed) {
+TEST(Rebuilt, KeepsNotationsAttributes) {
     const struct {
         const char* notations;
         const char* expected;  // once
@@ -90,7 +90,7 @@ TEST(Rebuilt, PiecesOfNotationsKeepWhatTheyNeed) {
 }
 
 // No score has text between notes, but files may.
-TEST(Rebuilt, StaysXmlWhateverStandsInIt) {
+TEST(Rebuilt, StaysWellFormed) {
     std::string note = Note({.voice = "&lt;1"});
     for (const char* text : {"text", "\x0e ", "<![CDATA[a]]>", "<!-- a -->", "<?a b?>"}) {
         const std::string written = Rebuilt(*Read(ScoreText({note + text + note})));
@@ -103,7 +103,7 @@ TEST(Rebuilt, StaysXmlWhateverStandsInIt) {
     EXPECT_NE(written.find("<note id=\"a&lt;b>\">"), std::string::npos) << written;
 }
 
-TEST(Changed, OnlyItsOwnMeasureIsWrittenAnew) {
+TEST(Changed, OnlyChangedMeasureIsRewritten) {
     const std::string odd =
         "<note ><pitch><step>C</step><octave>4</octave></pitch>"
         "<duration>2</duration></note><!-- kept -->\r\n";
@@ -118,8 +118,8 @@ TEST(Changed, OnlyItsOwnMeasureIsWrittenAnew) {
     EXPECT_TRUE(written.starts_with(text.substr(0, text.find("<measure number=\"2\">"))));
 }
 
-// A layer of which a merge left nothing but hidden rests needs no voice.
-TEST(Changed, AVoiceOfHiddenRestsVanishesButTheMeasureKeepsItsLength) {
+// A layer that contains only hidden rests after a merge needs no voice.
+TEST(Changed, VoiceOfHiddenRestsIsOmitted) {
     const auto score = Read(
         ScoreText({Note({}) + Backup(2) + Note({.duration = 8, .type = "whole", .voice = "2"})}));
     std::vector<EXENTRY> entries = Entries(*score, 1, 1);
@@ -138,8 +138,8 @@ TEST(Changed, AVoiceOfHiddenRestsVanishesButTheMeasureKeepsItsLength) {
     EXPECT_EQ(Count(WriteScore(*score), "<rest/>"), 1);
 }
 
-// Entries without an exact length of their own stand on the divisions that their measure names.
-TEST(Changed, NewRestsStandOnTheDivisionsOfTheirMeasure) {
+// Entries without an exact length are placed on the divisions of their measure.
+TEST(Changed, NewRestsUseDivisionsOfMeasure) {
     const auto score =
         Read(ScoreText({"<attributes><divisions>3</divisions></attributes>" +
                         Note({.duration = 1, .type = "eighth"}) + Note({.duration = 2})}));
@@ -163,8 +163,8 @@ void Change(const ImportedScore& score, u32 tag, u16 number,
     records.Save(tag, RecordKey::Other(number), BytesOf(record));
 }
 
-// A slur that comes into a voice where another one has its number.
-TEST(Changed, SpannersThatMeetGetDifferentNumbers) {
+// A slur that joins a voice in which its number is taken.
+TEST(Changed, MeetingSpannersGetDifferentNumbers) {
     const std::string start = "<notations><slur type=\"start\" number=\"1\"/></notations>";
     const std::string stop = "<notations><slur type=\"stop\" number=\"1\"/></notations>";
     const auto voice = [&](std::string_view name) {
@@ -183,7 +183,7 @@ TEST(Changed, SpannersThatMeetGetDifferentNumbers) {
     EXPECT_EQ(Count(written, "type=\"stop\" number=\"2\""), 1);
 }
 
-TEST(Changed, ASpannerWithoutItsOtherEndIsLeftOut) {
+TEST(Changed, SpannerWithoutOtherEndIsOmitted) {
     const auto score =
         Read(ScoreText({Note({.more = "<notations><slur type=\"start\"/></notations>"}) +
                         Note({.more = "<notations><slur type=\"stop\"/></notations>"})}));
@@ -191,7 +191,7 @@ TEST(Changed, ASpannerWithoutItsOtherEndIsLeftOut) {
     EXPECT_EQ(Count(WriteScore(*score), "<slur"), 0);
 }
 
-TEST(Changed, ADirectionsVoiceFollowsItsExpressionsLayer) {
+TEST(Changed, DirectionVoiceFollowsExpressionLayer) {
     const std::string direction =
         "<direction><direction-type><words>dolce</words></direction-type>"
         "<!-- <voice>3</voice> --><voice ><!-- -->2</voice></direction>";
@@ -204,8 +204,8 @@ TEST(Changed, ADirectionsVoiceFollowsItsExpressionsLayer) {
     EXPECT_EQ(Count(WriteScore(*score), " --><voice ><!-- -->1</voice></direction>"), 1);
 }
 
-TEST(Beams, BrokenOnesAreMadeWhole) {
-    // One letter an entry: - none, b begin, c continue, e end, r a rest.
+TEST(Beams, BrokenBeamsAreRepaired) {
+    // One letter per entry: - none, b begin, c continue, e end, r a rest.
     for (const auto& [before, expected] : {std::pair{"bce", "bce"},
                                            {"bc-", "be-"},
                                            {"-ce", "-be"},
@@ -228,8 +228,8 @@ TEST(Beams, BrokenOnesAreMadeWhole) {
     }
 }
 
-// A voice that runs over two staves, when its music on one of them is gone.
-TEST(Beams, EndWhereTheirVoiceNowEnds) {
+// A voice on two staves whose music on one of them has moved away.
+TEST(Beams, EndWithTheirVoice) {
     const auto note = [](const std::string& staff, const std::string& beam) {
         return Note({.more = "<staff>" + staff + "</staff><beam>" + beam + "</beam>"});
     };
@@ -242,7 +242,7 @@ TEST(Beams, EndWhereTheirVoiceNowEnds) {
     EXPECT_EQ(Count(written, ">end<"), 1);
 }
 
-TEST(Encodings, GoOutAsTheyCameIn) {
+TEST(Encodings, SurviveRoundTrip) {
     // The euro sign, which only ISO 8859-1 lacks.
     const auto declared = [](const char* encoding, const char* more = "\xE2\x82\xAC") {
         std::string text = ScoreText({Note({})});
@@ -261,7 +261,7 @@ TEST(Encodings, GoOutAsTheyCameIn) {
     }
 }
 
-TEST(Encodings, BytesThatAreNoTextAreFound) {
+TEST(Encodings, InvalidBytesAreFound) {
     for (const auto& [text, line] : {std::pair{"\n\n1234567\xFF", 3},
                                      {"\xC0\xAF", 1},               // longer than it needs to be
                                      {"\xED\xA0\x80", 1},           // half of a pair of units

@@ -1,4 +1,4 @@
-// The headless platform behaves like the system it stands for: registry, timers, code pages, texts.
+// The headless platform behaves like Windows: registry, timers, code pages, texts.
 #include <array>
 #include <cstdint>
 #include <cstdlib>
@@ -26,7 +26,7 @@ protected:
     Session() { headless::Reset(); }
 };
 
-TEST(Guarded, GivesTheOtherValueWhenTheOperationThrows) {
+TEST(Guarded, ReturnsOtherValueOnException) {
     EXPECT_EQ(platform::Guarded(1, [] { return 2; }), 2);
     EXPECT_EQ(platform::Guarded(1, []() -> int { throw 3; }), 1);
     std::exception_ptr thrown;
@@ -35,7 +35,7 @@ TEST(Guarded, GivesTheOtherValueWhenTheOperationThrows) {
     EXPECT_THROW(std::rethrow_exception(thrown), std::bad_alloc);
 }
 
-TEST_F(Session, AValueIsFoundInAnyLetterCaseAndFitsOrLeavesTheBufferAlone) {
+TEST_F(Session, ValueNamesIgnoreCase) {
     RegistryKey::Create("Software\\Test").SetBinaryValue("Name", "abcd", 4);
     const RegistryKey key = RegistryKey::Open("SOFTWARE\\test\\", KeyAccess::kRead);
     platform::ValueType type{};
@@ -46,7 +46,7 @@ TEST_F(Session, AValueIsFoundInAnyLetterCaseAndFitsOrLeavesTheBufferAlone) {
     EXPECT_STREQ(bytes, "..");
 }
 
-TEST_F(Session, KeysRefuseWhatTheirAccessDoesNotAllowAndDeletedOnesAreDead) {
+TEST_F(Session, KeysEnforceAccess) {
     RegistryKey outer = RegistryKey::Create("Outer");
     RegistryKey middle = RegistryKey::Create("Outer\\Middle");
     RegistryKey::Create("Outer\\Middle\\Inner");
@@ -73,7 +73,7 @@ TEST_F(Session, TimersRunUntilTheyAreStopped) {
     EXPECT_EQ(platform::StartThreadTimer(10, stopItself), 0U);
 }
 
-TEST(Utf8, IsReadStrictlyAndComesBack) {
+TEST(Utf8, IsReadStrictly) {
     const std::pair<const char*, const char16_t*> cases[] = {
         {"abc", u"abc"},
         {"S\xC3\xAD", u"S\u00ED"},
@@ -92,13 +92,13 @@ TEST(Utf8, IsReadStrictlyAndComesBack) {
     EXPECT_EQ(platform::Utf16ToMultiByte(lone, CodePage::kUtf8), "x\xEF\xBF\xBDz\xEF\xBF\xBD");
 }
 
-TEST(AnsiText, HasNoBestFit) {
+TEST(AnsiText, UsesNoBestFit) {
     EXPECT_EQ(platform::Utf16ToMultiByte(u"Comp\u00E1s \u20AC \u0101", CodePage::kAnsi),
               "Comp\xE1s \x80 ?");
     EXPECT_EQ(platform::MultiByteToUtf16("Comp\xE1s \x80", CodePage::kAnsi), u"Comp\u00E1s \u20AC");
 }
 
-TEST(StringTable, HasBothLanguagesWithTheirOddQuotes) {
+TEST(StringTable, HasBothLanguages) {
     headless::SetLanguage(headless::Language::kEnglish);
     EXPECT_EQ(platform::ResourceString(29991), u"%s->Out of Memory.");
     headless::SetLanguage(headless::Language::kSpanish);
@@ -110,7 +110,7 @@ TEST(StringTable, HasBothLanguagesWithTheirOddQuotes) {
     EXPECT_EQ(std::u16string{buffer.data()}, u"");
 }
 
-TEST(StringTable, IsInTheLanguageOfTheEnvironment) {
+TEST(StringTable, FollowsEnvironmentLanguage) {
     // LC_ALL, LANG, the word for yes.
     const std::tuple<const char*, const char*, const char16_t*> cases[] = {
         {"C", "es_ES", u"Yes"},

@@ -10,14 +10,14 @@
 namespace standin {
 namespace {
 
-TEST(Version, IsTheSmallerWithinWhatThePluginKnows) {
+TEST(Version, IsLimited) {
     const Plugin plugin;
     EXPECT_EQ(plugin.Version(0x19FFFFFF), 0x1A200000U);
     EXPECT_EQ(plugin.Version(0x1B000001), 0x1B000001U);
     EXPECT_EQ(plugin.Version(0x1C000000), 0x1B400000U);
 }
 
-TEST(Init, SetsAFlagForHostsThatKnowIt) {
+TEST(Init, SetsFlagForNewHosts) {
     const StandIn host;
     const Plugin plugin;
     for (const auto& [version, expected] : {std::pair{0x0C010000U, 0x11U}, {0x0C00FFFFU, 0x10U}}) {
@@ -28,7 +28,7 @@ TEST(Init, SetsAFlagForHostsThatKnowIt) {
     }
 }
 
-TEST(Init, FoldersBesideThePluginDecide) {
+TEST(Init, RefusesBesideCertainFolders) {
     // Each is a folder beside a copy of the plug-in's file, or that file's own name.
     const std::tuple<const char*, bool, i16> cases[] = {
         {"Miscellaneous", true, 0}, {"Multimeasure Rests", true, 0}, {"Staff Sets", true, 0},
@@ -76,7 +76,7 @@ protected:
     std::u16string description;  // of the last item
 };
 
-TEST_F(Items, AreTheCommandAlone) {
+TEST_F(Items, ContainOnlyTheCommand) {
     EXPECT_EQ(List(), (std::vector<Listed>{{u"Plyweld...", 0, 0x81}}));
     EXPECT_EQ(description, u"Merges contents of two or more layers into a single layer.");
     EXPECT_EQ(plugin.Status(0), 1);
@@ -84,7 +84,7 @@ TEST_F(Items, AreTheCommandAlone) {
     EXPECT_EQ(platform::headless::FireTimers(), 0);
 }
 
-TEST_F(Items, AreSavedSettingsToo) {
+TEST_F(Items, IncludeSavedSettings) {
     platform::headless::SetLanguage(platform::headless::Language::kSpanish);
     Plugin::StoreSetting(1, {.name = "Slow"});
     Plugin::StoreSetting(2, {.name = std::string(127, 'n'), .skipsDialog = true});
@@ -100,13 +100,13 @@ TEST_F(Items, AreSavedSettingsToo) {
     EXPECT_EQ(plugin.Status(2), 1);
 }
 
-TEST_F(Items, ForASubmenuHaveAPrefix) {
+TEST_F(Items, HavePrefixForSubmenu) {
     Plugin::StoreSetting(1, {.name = "Slow", .useSubmenu = true});
     EXPECT_EQ(List(), (std::vector<Listed>{{u"Plyweld " PLYWELD_VERSION "...", 0, 0x81},
                                            {u"Plyweld " PLYWELD_VERSION " Slow...", 0, 0x81}}));
 }
 
-TEST_F(Items, MoveIntoTheSubmenuAlsoUnderALongName) {
+TEST_F(Items, LongNamesMoveIntoSubmenu) {
     const std::string name(127, 'n');
     Plugin::StoreSetting(1, {.name = name, .useSubmenu = true});
     HWND__ window;
@@ -128,7 +128,7 @@ TEST_F(Items, MoveIntoTheSubmenuAlsoUnderALongName) {
 }
 
 // Whatever request for memory is refused while the menu is shaped.
-TEST_F(Items, StayWhereTheyAreWhenMemoryRunsOut) {
+TEST_F(Items, StayInPlaceWithoutMemory) {
     Plugin::StoreSetting(1, {.name = "Slow", .useSubmenu = true});
     for (int granted = 0; granted < 50; ++granted) {
         plugin.Init();
@@ -143,7 +143,7 @@ TEST_F(Items, StayWhereTheyAreWhenMemoryRunsOut) {
     EXPECT_EQ(platform::headless::FireTimers(), 0);
 }
 
-TEST_F(Items, ASavedSettingRunsWithItsOptions) {
+TEST_F(Items, SavedSettingUsesItsOptions) {
     host.Layer(1, 1, 2, "w:c4");
     host.SelectAll();
     Plugin::StoreSetting(1, {.name = "Third into second",

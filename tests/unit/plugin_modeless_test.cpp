@@ -36,7 +36,7 @@ protected:
         return *desk.Newest();
     }
 
-    // What must do nothing during a run.
+    // Actions that must have no effect during a run.
     static void PressEverything(OpenDialog& open) {
         for (const u16 control : {kGo, kSaveSettings, kClose}) {
             open.Press(control);
@@ -71,7 +71,7 @@ TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
     EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS22000").empty());
 }
 
-TEST_F(OpenCommand, OpensOnceAnItemAndAgainWhenItDidNotOpen) {
+TEST_F(OpenCommand, OpensOncePerItem) {
     App().dialogs = nullptr;
     plugin.Invoke(host);
     App().faults.pretendKind = HostCall::kDialog;
@@ -87,7 +87,7 @@ TEST_F(OpenCommand, OpensOnceAnItemAndAgainWhenItDidNotOpen) {
     EXPECT_EQ(desk.Shown().size(), 2U);
 }
 
-TEST_F(OpenCommand, TheSelectionIsReadAnewWhenItChanges) {
+TEST_F(OpenCommand, UpdatesChangedSelection) {
     OpenDialog& open = Open();
     const std::u16string before = open.texts[kSelectionText];
     open.Type(kSelectionText, u"untouched");
@@ -104,7 +104,7 @@ TEST_F(OpenCommand, TheSelectionIsReadAnewWhenItChanges) {
 }
 
 // Neither as a failure of a run nor when something else is.
-TEST_F(OpenCommand, WhatTheSelectionsTextCannotReadIsNotToldLater) {
+TEST_F(OpenCommand, UnreadableSelectionPostsNothing) {
     host.Layer(1, 2, 1, "w:c4");
     OpenDialog& open = Open();
     host.Select(1, 1, 1024, 1, 2, kEndOfMeasure);
@@ -125,7 +125,7 @@ TEST_F(OpenCommand, WhatTheSelectionsTextCannotReadIsNotToldLater) {
     EXPECT_NE(AlertTexts().find("Saved settings for menu item not found."), std::string::npos);
 }
 
-TEST_F(OpenCommand, AListWithNoSelectionCountsAsTheFirstLayer) {
+TEST_F(OpenCommand, EmptyListMeansFirstLayer) {
     OpenDialog& open = Open();
     open.positions[kFrom] = 0;
     open.positions[kTo] = 4;
@@ -134,7 +134,7 @@ TEST_F(OpenCommand, AListWithNoSelectionCountsAsTheFirstLayer) {
     EXPECT_EQ(StoredOptions(), (std::vector<u8>{12, 0, 0, 0, 3, 0, 0, 0, 0, 0, 0, 0}));
 }
 
-TEST_F(OpenCommand, OptionsOutOfRangeShowAsNothingChosen) {
+TEST_F(OpenCommand, InvalidOptionsShowNoChoice) {
     Plugin::Store({12, 9, 8, 65535, 1, 0});
     OpenDialog& open = Open();
     EXPECT_EQ(open.SelectedItem(kFrom), u"(none)");
@@ -142,7 +142,7 @@ TEST_F(OpenCommand, OptionsOutOfRangeShowAsNothingChosen) {
     EXPECT_TRUE(open.disabled.contains(kGo));
 }
 
-TEST_F(OpenCommand, ASavedSettingOpensBesideTheOtherDialogAndKeepsAPlaceOfItsOwn) {
+TEST_F(OpenCommand, SavedSettingHasOwnPlace) {
     Plugin::StoreSetting(1, {.name = "A", .identifier = 3});
     ASSERT_EQ(plugin.Init(), 1);
     Open().Send(kCloseMessage);
@@ -154,7 +154,7 @@ TEST_F(OpenCommand, ASavedSettingOpensBesideTheOtherDialogAndKeepsAPlaceOfItsOwn
     EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS12003").empty());
 }
 
-TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
+TEST_F(OpenCommand, RunAfterSavingUsesSavedSetting) {
     Plugin::Store({12, 1, 0, 0, 1, 0});
     OpenDialog& open = Open();
     desk.ThenSaveAs(u"Mine");
@@ -167,7 +167,7 @@ TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
     ASSERT_EQ(setting.size(), 172U);
     EXPECT_EQ(setting[162], 2) << "what the dialog showed at the end";
     EXPECT_EQ(StoredOptions()[2], 1) << "the command's own stay";
-    // The host's menu is as old as before: its items are not to be trusted.
+    // The host's menu is out of date, so its items must not run.
     plugin.Invoke(host, 1);
     ASSERT_EQ(App().alerts.size(), 1U);
     EXPECT_EQ(App().alerts.front().stringId, 20004);
@@ -175,7 +175,7 @@ TEST_F(OpenCommand, ARunAfterSavingWorksOnTheSavedSetting) {
 }
 
 // Two dialogs: what is saved or deleted in one moves the setting that the other works on.
-TEST_F(OpenCommand, ASettingThatOthersMovedIsWrittenWhereItIsNow) {
+TEST_F(OpenCommand, RenumberedSettingIsWrittenToNewNumber) {
     for (const u8 i : {u8{1}, u8{2}}) {
         Plugin::StoreSetting(i, {.name = i == 1 ? "a" : "b", .identifier = i});
     }
@@ -194,7 +194,7 @@ TEST_F(OpenCommand, ASettingThatOthersMovedIsWrittenWhereItIsNow) {
     EXPECT_EQ(AlertTexts(), "");
 }
 
-TEST_F(OpenCommand, ADeletedSettingIsNotWrittenOverAnother) {
+TEST_F(OpenCommand, DeletedSettingOverwritesNoOther) {
     Plugin::StoreSetting(1, {.name = "a", .identifier = 1});
     ASSERT_EQ(plugin.Init(), 1);
     OpenDialog& a = Open(1);
@@ -204,7 +204,7 @@ TEST_F(OpenCommand, ADeletedSettingIsNotWrittenOverAnother) {
     EXPECT_EQ(App().alerts.size(), 1U);
 }
 
-TEST_F(OpenCommand, HoweverItEndsItStoresWhatItShows) {
+TEST_F(OpenCommand, StoresOptionsWhenClosed) {
     constexpr u32 kSystemCommand = 274;
     constexpr u64 kCloseCommand = 0xF060;
     Plugin::Store({12, 0, 3, 0, 1, 0});
@@ -221,7 +221,7 @@ TEST_F(OpenCommand, HoweverItEndsItStoresWhatItShows) {
     EXPECT_EQ(StoredOptions()[2], 2);
 }
 
-TEST_F(OpenCommand, ARunKeepsTheOptionsItBeganWith) {
+TEST_F(OpenCommand, RunKeepsItsOptions) {
     host.Layer(1, kMeasures, 1, "w:c4");
     OpenDialog& open = Open();
     App().progressListener = [&](const ProgressReport&) {
@@ -237,7 +237,7 @@ TEST_F(OpenCommand, ARunKeepsTheOptionsItBeganWith) {
     ASSERT_EQ(desk.Newest(), &open);
 }
 
-TEST_F(OpenCommand, NothingElseBeginsOrEndsWhileARunShowsItsAlert) {
+TEST_F(OpenCommand, AlertBlocksOtherActions) {
     Plugin::StoreSetting(1, {.name = "A"});
     ASSERT_EQ(plugin.Init(), 1);
     host.Layer(1, 1, 2, "w:c4");
@@ -258,8 +258,8 @@ TEST_F(OpenCommand, NothingElseBeginsOrEndsWhileARunShowsItsAlert) {
     EXPECT_EQ(host.Layer(1, 1, 0), "w:c4");
 }
 
-// What the first run met would be forgotten, and its edit kept.
-TEST_F(OpenCommand, NoRunBeginsInsideAnother) {
+// Otherwise the first run's error would be lost, and its edit kept.
+TEST_F(OpenCommand, RunsDoNotNest) {
     host.LayerEverywhere(0, "w:c4");
     host.LayerEverywhere(1, "w:e4");
     host.Attach({1, 3, 1, 0}, kArticulation, "accent");
@@ -281,7 +281,7 @@ TEST_F(OpenCommand, NoRunBeginsInsideAnother) {
     App().progressListener = nullptr;
 }
 
-TEST_F(OpenCommand, TakesTheMenuMessageAndNoOther) {
+TEST_F(OpenCommand, HandlesOnlyMenuMessage) {
     OpenDialog& open = Open();
     const u32 message = platform::RegisterMessage("FinaleMenuEventForOrvandelPlugins");
     EXPECT_EQ(open.Send(message, 0, 10502), 1);

@@ -13,7 +13,7 @@ void TwoLayers(StandIn& host) {
     host.LayerEverywhere(1, "w:e4");
 }
 
-TEST(Edit, IsOneAndCanBeUndone) {
+TEST(Edit, IsOneUndoStep) {
     StandIn host{1, 12};
     TwoLayers(host);
     host.Score().SetMeasureNumberText(12, u"12a");
@@ -36,7 +36,7 @@ TEST(Region, InStaffLists) {
         // The last staff has a slot in the start's list, the score's own.
         {{2, 3}, EREGION{0, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 2, 3}},
         {{3, 1, 2}, EREGION{0, 1, 1, 0, kList, 3, 1, kEndOfMeasure}, {1, 2}},
-        // The last staff stands above the first.
+        // The last staff is above the first.
         {{3, 1}, EREGION{0, 2, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 2}},
     };
     for (const auto& [list, selection, mergedSlots] : cases) {
@@ -56,7 +56,7 @@ TEST(Region, InStaffLists) {
     }
 }
 
-TEST(Run, NothingToDoIsSaidAndChangesNothing) {
+TEST(Run, NothingToDoChangesNothing) {
     for (const u16 alert : {u16{22002}, u16{22003}}) {
         const bool selected = alert == 22002;  // and the same layer in both lists
         StandIn host;
@@ -83,7 +83,7 @@ TEST(Run, WithoutADocument) {
     EXPECT_EQ(App().calls.Of(HostCall::kStartFinaleEdit), 0U);
 }
 
-TEST(Run, ReadsItsSettingsAndWritesThemBack) {
+TEST(Run, LoadsAndStoresSettings) {
     const std::pair<std::vector<u8>, MergeOptions> cases[] = {
         {{}, {}},
         {{0xFF, 0xFF, 2, 0, 3, 0, 0, 0, 0, 0, 1, 0},

@@ -1,4 +1,4 @@
-// The walk over measures and staves: progress, the user's stop, layout, what comes before it.
+// The walk over measures and staves: progress, the user's stop, layout, preparation.
 #include <tuple>
 
 #include "tests/unit/support/plugin_driver.h"
@@ -6,7 +6,7 @@
 namespace standin {
 namespace {
 
-TEST(Walk, ReportsProgressOnceAnInterval) {
+TEST(Walk, ReportsProgressOncePerInterval) {
     // Each staff and measure counts four layers, and a report comes after the last of one.
     for (const auto& [measures, staves, stepsBetween] :
          {std::tuple{10, 6, 12}, {25, 6, 16}, {100, 30, 52}}) {
@@ -22,7 +22,7 @@ TEST(Walk, ReportsProgressOnceAnInterval) {
     }
 }
 
-TEST(Walk, EndsAtTheDocumentsLastMeasure) {
+TEST(Walk, EndsAtLastMeasure) {
     StandIn host{1, 2};
     host.Layer(1, 2, 1, "w:c4");
     host.Select(1, 2, 0, 1, 9, kEndOfMeasure);
@@ -30,7 +30,7 @@ TEST(Walk, EndsAtTheDocumentsLastMeasure) {
     EXPECT_EQ(host.Layer(1, 2, 0), "w:c4");
 }
 
-TEST(Walk, HasAStaleLayoutUpdatedAndAMissingOneMadeUpToTheLastPage) {
+TEST(Walk, UpdatesStaleLayout) {
     for (const bool isMissing : {false, true}) {
         StandIn host{1, 8};
         host.LayerEverywhere(1, "w:c4");
@@ -47,7 +47,7 @@ TEST(Walk, HasAStaleLayoutUpdatedAndAMissingOneMadeUpToTheLastPage) {
     }
 }
 
-TEST(Walk, GivesUpOnALayoutThatCannotBeRead) {
+TEST(Walk, FailsOnUnreadableLayout) {
     StandIn host;
     host.Write({"", "w:c4"});
     host.Score().Records().Delete(Tag::kStaffSystem, RecordKey::Other(1));
@@ -58,7 +58,7 @@ TEST(Walk, GivesUpOnALayoutThatCannotBeRead) {
     EXPECT_EQ(host.Score().Digest(), before);
 }
 
-TEST(Rebeam, WholeMeasuresAfterEachStaffMeasure) {
+TEST(Rebeam, CoversWholeMeasures) {
     StandIn host{2, 3};
     host.Layer(1, 1, 1, "e:c4 e:d4 e:e4 e:f4 h:g4");
     host.Select(1, 1, 2048, 2, 3, 1023);
@@ -71,7 +71,7 @@ TEST(Rebeam, WholeMeasuresAfterEachStaffMeasure) {
     EXPECT_EQ(App().calls.Of(HostCall::kRebeamRegion), 6U);
 }
 
-TEST(Replace, ClearsTheDestinationAndRestoresTheView) {
+TEST(Replace, RestoresView) {
     // Whether one layer is shown, the active layer, the menu commands.
     const std::tuple<bool, i16, std::vector<u16>> cases[] = {
         {false, 1, {10632, 10635, 16048, 10634, 10632}},
@@ -97,9 +97,9 @@ TEST(Replace, ClearsTheDestinationAndRestoresTheView) {
     }
 }
 
-// The host only says that it does the commands, or refuses the first ones: to show one layer alone,
-// to activate another. The layer that shows tells.
-TEST(Replace, ClearsNoOtherLayerThanTheDestination) {
+// The host ignores the menu commands or only the first ones: showing one layer alone, activating
+// another. The visible layer shows which.
+TEST(Replace, ClearsOnlyDestination) {
     const std::tuple<const char*, u64> results[] = {{"w:c4", 4}, {"w:e4", 5}, {"w:c4", 4}};
     for (u64 refused = 0; refused <= 2; ++refused) {
         StandIn host;
@@ -119,7 +119,7 @@ TEST(Replace, ClearsNoOtherLayerThanTheDestination) {
     }
 }
 
-TEST(Replace, RunsNoCommandForALayerThatIsNone) {
+TEST(Replace, InvalidLayerRunsNoCommand) {
     StandIn host;
     host.Write({"w:c4"});
     Plugin{}.Merge(host, {.source = 0, .destination = 4, .mode = 1});
@@ -127,7 +127,7 @@ TEST(Replace, RunsNoCommandForALayerThatIsNone) {
     EXPECT_EQ(App().alerts.size(), 1U);
 }
 
-// Host calls grow with the staff measures, not with what the score holds beside them.
+// Host calls grow with the selected staves and measures, not with the rest of the score.
 TEST(Cost, IsFlatPerStaffMeasure) {
     const auto callsFor = [](int measures) {
         StandIn host{2, measures};

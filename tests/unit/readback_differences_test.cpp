@@ -1,4 +1,4 @@
-// What counts as a difference between two scores, and how it is put.
+// Differences between two scores, and their wording.
 #include <tuple>
 
 #include "host/texts/texts.h"
@@ -26,7 +26,7 @@ const struct {
     std::string before;  // one measure
     std::string after;
     const char* exact;   // lines, without "m. 1, staff 1, beat "
-    const char* merged;  // when the second is taken for a merge of the first; null = the same
+    const char* merged;  // if the second is compared as a merge of the first; null = the same
 } kDifferences[] = {
     {"NoteLost", Note({}) + Note({.pitch = "E4"}), Note({}) + Note({.pitch = "r"}),
      "2: E4 quarter lost\n2: quarter rest gained\n", "2: E4 quarter lost\n"},
@@ -85,7 +85,7 @@ const struct {
      "", nullptr},
 };
 
-TEST(Difference, IsPutInWords) {
+TEST(Difference, IsDescribed) {
     for (const auto& c : kDifferences) {
         SCOPED_TRACE(c.name);
         const Compared compared{ScoreText({c.before}), ScoreText({c.after})};
@@ -94,7 +94,7 @@ TEST(Difference, IsPutInWords) {
     }
 }
 
-TEST(Difference, IsAtThePrintedMeasureAndTheBeatOfItsTimeSignature) {
+TEST(Difference, NamesMeasureAndBeat) {
     const std::string compound =
         "<attributes><time><beats>6</beats><beat-type>8</beat-type></time></attributes>";
     const auto score = [&](std::string_view pitch) {
@@ -138,7 +138,7 @@ TEST(Difference, IsInTheUsersLanguage) {
               "c. 1, pentagrama 1, tiempo 1: sobra silencio de negra con puntillo\n");
 }
 
-TEST(Difference, OfTheScoreAsAWhole) {
+TEST(Difference, OfWholeScore) {
     const std::string one = ScoreText({Note({})});
     const std::string two = ScoreText({Note({}), Note({})});
     EXPECT_EQ(Compared(one, two).Differences(), "part 1, measures: 1 before, 2 after\n");

@@ -1,4 +1,4 @@
-// What a merge must not do, and what it may, by small scores before and after.
+// Faults of a merge, and changes that it may make, in small scores before and after.
 #include "tests/unit/readback_support.h"
 
 namespace standin {
@@ -116,7 +116,7 @@ const struct {
     {"StopBeforeStart",
      {Half("C5", "1", Slur("start")) + Backup(4) + Forward(4) + Half("D5", "2", Slur("stop"))},
      {Forward(4) + Half("D5", "1", Slur("stop")) + Backup(8) + Half("C5", "2", Slur("start"))},
-     "1: slur from C5 half to D5 half in m. 1, beat 3: its stop stands before its start\n"},
+     "1: slur from C5 half to D5 half in m. 1, beat 3: its stop comes before its start\n"},
     {"SlurOnAnotherNote",
      {Half("C5", "1", Slur("start")) + Half("D5", "1", Slur("stop")) + Backup(8) + Half("C4", "2") +
       Half("D4", "2")},
@@ -164,7 +164,7 @@ const struct {
     {"TupletOfOneNoteStopsFirst",
      {Half("C5", "1", Notations(End("tuplet", "start") + End("tuplet", "stop")))},
      {Half("C5", "1", Notations(End("tuplet", "stop") + End("tuplet", "start")))},
-     "1: tuplet from C5 half to C5 half in m. 1, beat 1: its stop stands before its start\n"},
+     "1: tuplet from C5 half to C5 half in m. 1, beat 1: its stop comes before its start\n"},
     {"BackupWithinATuplet",
      {kSixthsOfQuarter + Triplet("C5")},
      {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Backup(1) + Forward(1) + Third("C5") +
@@ -187,14 +187,14 @@ const struct {
     {"VoiceOnTwoStavesAtOnce",
      {Half("C5") + Backup(4) + Half("C3", "2", OnStaff2())},
      {Half("C5") + Backup(4) + Half("C3", "1", OnStaff2())},
-     "1: C5 half stands in a voice that sounds on two staves at once\n"
-     "m. 1, staff 2, beat 1: C3 half stands in a voice that sounds on two staves at once\n"},
+     "1: C5 half is in a voice that sounds on two staves at once\n"
+     "m. 1, staff 2, beat 1: C3 half is in a voice that sounds on two staves at once\n"},
     {"TieRunsBackward",
      {Half("C5") + Half("C5") + Backup(8) + Half("C4", "2", Tied("start")) +
       Half("C4", "2", Tied("stop"))},
      {Half("C5") + Half("C5") + Half("C4", "1", Tied("stop"), kJoins) + Backup(8) +
       Half("C4", "2", Tied("start"))},
-     "1: C4 half is tied to a note that stands before it in the file\n"},
+     "1: C4 half is tied to a note that comes before it in the file\n"},
     {"MeasureGrew",
      {Half("C5") + Half("D5")},
      {Half("C5") + Half("D5") + Half("r")},
@@ -229,14 +229,14 @@ const struct {
     {"DirectionBeforeTheFirstVoice",
      {DirectionOf("1") + Half("C5") + Backup(4) + Half("A4", "2")},
      {DirectionOf("3") + Half("A4", "2") + Backup(4) + Half("C5", "3")},
-     "1: sound stands before the first voice of its staff\n"},
+     "1: sound comes before the first voice of its staff\n"},
     {"RatioLost",
      {kSixthsOfQuarter + Third("C5")},
      {kSixthsOfQuarter + Note({.pitch = "C5", .type = "eighth"})},
      "1: C5 eighth lost\n1: C5 eighth gained\n"},
 };
 
-TEST(Merge, WhatReadersTakeForOtherMusicIsFound) {
+TEST(Merge, MisreadNotationIsFound) {
     for (const auto& c : kFaults) {
         SCOPED_TRACE(c.name);
         const Compared compared{ScoreText(c.before, "<staves>2</staves>"),
@@ -310,7 +310,7 @@ const struct {
      {Forward(4) + Half("D5", "1", Slur("stop")) + Backup(8) + Half("C5", "1", Slur("start"))}},
 };
 
-TEST(Merge, WhatItIsForIsNoFault) {
+TEST(Merge, IntendedChangesAreAllowed) {
     for (const auto& c : kRightMerges) {
         SCOPED_TRACE(c.name);
         const Compared compared{ScoreText(c.before, "<staves>2</staves>"),
@@ -319,7 +319,7 @@ TEST(Merge, WhatItIsForIsNoFault) {
     }
 }
 
-TEST(Replaced, ExceptsTheClearedVoiceWithinItsStretchAlone) {
+TEST(Replaced, ExceptsOnlyClearedRange) {
     const Compared compared{
         ScoreText({Half("C5", "1", Slur("start")) + Half("D5", "1", Slur("stop")) + Backup(8) +
                    Half("E4", "2")}),

@@ -1,18 +1,18 @@
-// What the second reading refuses, and what it makes of odd files.
+// Files that the second reader refuses, and how it reads unusual ones.
 #include "tests/unit/readback_support.h"
 
 namespace standin {
 namespace {
 
-TEST(SecondReading, RefusesWhatItCannotReadInOneLine) {
+TEST(SecondReading, RefusesInOneLine) {
     const struct {
         std::string bytes;
         std::string says;
         std::size_t line;
     } cases[] = {
-        {"", "the file is no well-formed XML: ", 1},
-        {"<score-partwise>\n<part>\n</score-partwise>", "the file is no well-formed XML: ", 3},
-        {"<score-timewise/>", "the file is no partwise MusicXML score", 0},
+        {"", "the file is not well-formed XML: ", 1},
+        {"<score-partwise>\n<part>\n</score-partwise>", "the file is not well-formed XML: ", 3},
+        {"<score-timewise/>", "the file is not a partwise MusicXML score", 0},
         {"PK no archive", "the file is a damaged archive", 0},
         {ScoreText(
              {"<attributes><divisions>999999937</divisions></attributes>" + Note({.duration = 1}) +
@@ -38,8 +38,8 @@ TEST(SecondReading, RefusesWhatItCannotReadInOneLine) {
               "elements are nested too deeply");
 }
 
-// Each is read, and is no other music than itself.
-TEST(SecondReading, TakesAnyWellFormedFile) {
+// Each is read, and equal to itself.
+TEST(SecondReading, AcceptsWellFormedFiles) {
     const std::string measures[] = {
         "",
         "<note/>",

@@ -1,4 +1,4 @@
-// What the second reading says of two scores.
+// The second reader's differences between two scores.
 #pragma once
 
 #include <algorithm>
@@ -16,7 +16,7 @@ namespace standin {
 inline const std::string kStaccato =
     "<notations><articulations><staccato/></articulations></notations>";
 
-// The order of lines at one place is of no account.
+// The order of lines at one place does not matter.
 inline std::string Sorted(const std::string& lines) {
     std::vector<std::string> all;
     for (std::size_t at = 0; at < lines.size(); at = lines.find('\n', at) + 1) {
@@ -30,7 +30,7 @@ inline std::string Sorted(const std::string& lines) {
     return sorted;
 }
 
-// The lines for two scores, joined by line breaks, without what the place of most begins with.
+// The lines for two scores, joined by line breaks, without the usual beginning.
 class Compared {
 public:
     Compared(const std::string& before, const std::string& after)

@@ -13,7 +13,7 @@ constexpr char kSaveRefused[] = "29996 FinPIEnigmaData::Save: otKF";
 
 class Records : public LibraryTest {
 protected:
-    // A stored key format record of the item, whose first byte tells it apart.
+    // A stored key format record of the item, identified by its first byte.
     FinPIKeyFormat Added(u16 item, char mark) {
         host.Score().Records().Create(kKeyFormat, RecordKey::Other(item),
                                       Bytes(1, mark) + Bytes(11, '\0'));
@@ -31,7 +31,7 @@ protected:
     }
 };
 
-TEST_F(Records, AWalkLeavesNothingOfALongerRecordInAShorterOne) {
+TEST_F(Records, WalkClearsLongerRecords) {
     host.Score().Records().Create(kKeyFormat, RecordKey::Other(1), Bytes(12, 'l'));
     host.Score().Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(2, 's'));
     FinPIKeyFormat record(0);
@@ -40,7 +40,7 @@ TEST_F(Records, AWalkLeavesNothingOfALongerRecordInAShorterOne) {
     EXPECT_EQ(record.opaque0[2], 0);
 }
 
-TEST_F(Records, OperationsOutOfTurnAreRefused) {
+TEST_F(Records, RefuseOperationsOutOfOrder) {
     FinPIKeyFormat record(1);
     record.opaque0[0] = 'x';
     EXPECT_EQ(record.Create(), 1);
@@ -52,7 +52,7 @@ TEST_F(Records, OperationsOutOfTurnAreRefused) {
     EXPECT_TRUE(ErrorOf(record.Save()).ends_with("Attempted to Save but never Loaded."));
 }
 
-TEST_F(Records, WhatTheHostRefusesIsPostedWithTheTag) {
+TEST_F(Records, RefusalsArePostedWithTag) {
     FinPIKeyFormat record = Added(1, 'a');
     record.opaque0[0] = 'z';
     Refuse(HostCall::kSaveEData);
@@ -68,7 +68,7 @@ TEST_F(Records, WhatTheHostRefusesIsPostedWithTheTag) {
     EXPECT_EQ(Marks(1), "a");
 }
 
-TEST_F(Records, ARecordIsSavedAndDeletedInItsOwnDocumentOnly) {
+TEST_F(Records, ChangeOnlyTheirOwnDocument) {
     FinPIKeyFormat record = Added(1, 'a');
     FinPIKeyFormat emptied = Added(2, 'b');
     emptied.ClearData();
@@ -84,7 +84,7 @@ TEST_F(Records, ARecordIsSavedAndDeletedInItsOwnDocumentOnly) {
     EXPECT_EQ(other->Records().OfTag(kKeyFormat).size(), 1U);
 }
 
-TEST_F(Records, ASaveThatAppendsGivesTheNewNumber) {
+TEST_F(Records, AppendingSaveReturnsNumber) {
     FinPIKeyFormat record = Added(1, 'a');
     record.SetKey({1, kNoInci});
     EXPECT_EQ(record.Save(), 1);
@@ -109,7 +109,7 @@ TEST_F(Records, CommitsDeleteSaveOrCreate) {
     }
 }
 
-TEST_F(Records, CommitsOfPartsReachTheScoreAndEachPart) {
+TEST_F(Records, CommitsReachScoreAndParts) {
     struct PartOwned final : FinPIKeyFormat {
         using FinPIKeyFormat::FinPIKeyFormat;
         i16 IsPartSpecific() const override { return 1; }

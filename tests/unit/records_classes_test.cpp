@@ -1,4 +1,4 @@
-// Record classes that do more than their line of the table says.
+// Record classes with operations of their own.
 #include "Class Files/score/document/FinPILyricText.h"
 #include "Class Files/score/document/FinPIScoreExpr.h"
 #include "Class Files/score/document/FinPIScoreView.h"
@@ -15,7 +15,7 @@ protected:
     RecordClasses() : LibraryTest{2} {}
 };
 
-TEST_F(RecordClasses, TextsAreKeyedByTheirNumberAlone) {
+TEST_F(RecordClasses, TextsAreKeyedByNumber) {
     host.Score().Records().Create(HostTag("txve"), RecordKey::Text(4), "la la");
     FinPILyricText verse(LyricTextTag::kVerse, 4);
     ASSERT_EQ(verse.Load(), 1);
@@ -33,7 +33,7 @@ TEST_F(RecordClasses, TextsAreKeyedByTheirNumberAlone) {
     EXPECT_EQ(verse.IsSame(next), 1);
 }
 
-TEST_F(RecordClasses, StringsEndAtTheirTerminatorAndAreDeletedWhenEmpty) {
+TEST_F(RecordClasses, EmptyStringsAreDeleted) {
     FinPIOtherStringUtf16 name(HostTag("otmn"), 7);
     name.SetText(u"Compás");
     EXPECT_EQ(name.Count(), 7U);
@@ -66,7 +66,7 @@ TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
     EXPECT_EQ(shape.Cmper2(), 9);
 }
 
-TEST_F(RecordClasses, FinPIScoreViewShowsTheScoreWhereExpressionsAreDeleted) {
+TEST_F(RecordClasses, ScoreViewDeletesExpressions) {
     host.Score().AddPart(1, u"Flute");
     host.Score().currentPart = 1;
     FinPIScoreExpr expression(1);
@@ -79,7 +79,7 @@ TEST_F(RecordClasses, FinPIScoreViewShowsTheScoreWhereExpressionsAreDeleted) {
     EXPECT_EQ(host.Score().currentPart, 1);
 }
 
-TEST_F(RecordClasses, FinPIStaffViewIsTheFirstPartThatHasTheStaff) {
+TEST_F(RecordClasses, StaffViewIsFirstPartWithStaff) {
     host.Score().SetStaffList(21, {host.Staff(1)});
     host.Score().SetStaffList(22, {host.Staff(2)});
     for (const i16 part : {i16{1}, i16{2}, i16{3}}) {
@@ -94,7 +94,7 @@ TEST_F(RecordClasses, FinPIStaffViewIsTheFirstPartThatHasTheStaff) {
     EXPECT_EQ(FinPIStaffView(99).IsNull(), 1);
 }
 
-TEST_F(RecordClasses, RecordsOfMeasuresCompareAndCopyWhatTheySay) {
+TEST_F(RecordClasses, MeasureRecordsCompareAndCopy) {
     FinPIScoreExpr first(1);
     first.definition = 5;
     first.hasPosition = 1;

@@ -1,5 +1,5 @@
-// What holds for every line of the table of record classes: a record of it is created, loaded,
-// walked, changed and deleted in the host, and written to blocks of both serial versions.
+// Tests for every row of the table of record classes: a record is created, loaded, walked, changed
+// and deleted in the host, and written to blocks of both serial versions.
 #include <array>
 #include <cstring>
 #include <vector>
@@ -52,7 +52,7 @@ Record Make() {
     }
 }
 
-// Of words that are each 0 or not, for the composite preferences keep some as a yes or no.
+// Words that are each 0 or 1, because the composite preferences store some as yes or no.
 template <typename Record>
 std::vector<u8> Content(const Record& record, u16 word) {
     std::vector<u8> content(record.GetDataSize() + (kIsVarLen<Record> ? 11 : 0));
@@ -76,8 +76,8 @@ std::vector<u8> DataOf(const Record& record) {
 template <typename Record>
 class EveryRecord : public LibraryTest {
 protected:
-    // Preferences are there without being created; so are the option records of those that are
-    // assembled from them.
+    // Preferences exist without being created, and so do the option records of assembled
+    // preferences.
     EveryRecord() {
         const Record record = Make<Record>();
         if (const PreferenceTable* rows = FindPreferenceTable(record.Tag())) {

@@ -65,7 +65,7 @@ TEST_F(ScoreAccess, OctaveTranspositionsFollowThePreference) {
     EXPECT_EQ(keeps(0, kOctaveDown, kInterfaceVersion, 0), 1);
 }
 
-TEST_F(ScoreAccess, MeasureDurationsAreThoseOfTheRecordsDocument) {
+TEST_F(ScoreAccess, MeasureDurationUsesRecordDocument) {
     host.Score().SetMeasureDuration(host.Staff(2), 2, 3072);
     const FinPIMeas measure(2);
     const OtherDocument other;
@@ -76,7 +76,7 @@ TEST_F(ScoreAccess, MeasureDurationsAreThoseOfTheRecordsDocument) {
     EXPECT_EQ(FinPIMeas::MeasureDuration(measure, 0, 1), 0) << "not the other document's";
 }
 
-TEST_F(ScoreAccess, MeasureNumbersFallBackToTheirDigits) {
+TEST_F(ScoreAccess, MeasureNumbersFallBackToDigits) {
     host.Score().SetMeasureNumberText(3, u"12a");
     char16 text[8];
     FinPIMeas::MeasureNumberString(3, text, 8);
@@ -132,7 +132,7 @@ protected:
     }
 };
 
-TEST_F(Signatures, AreShownWhereTheyChange) {
+TEST_F(Signatures, ShowWhereTheyChange) {
     EXPECT_EQ(Shown(1), "4 0 3k 0 4k ");
     EXPECT_EQ(Shown(2), "2k 0 0 6 0 ");
     HideTheFirst(1);
@@ -141,7 +141,7 @@ TEST_F(Signatures, AreShownWhereTheyChange) {
     EXPECT_EQ(Shown(2), "0 0 0 0 0 ");
 }
 
-TEST_F(Signatures, OfStavesWithoutAKeyHaveAttributes) {
+TEST_F(Signatures, KeylessStavesHaveAttributes) {
     const auto staff = static_cast<i16>(host.Staff(2));
     const FinPIMeas third(3);
     FinPIKeyAttributes attributes(0);
@@ -175,7 +175,7 @@ TEST_F(ScoreAccess, CommonAndCutTimeFollowThePreferences) {
     }
 }
 
-TEST_F(ScoreAccess, CompositeTimeSignaturesGiveTheirGroups) {
+TEST_F(ScoreAccess, CompositeTimeSignaturesHaveGroups) {
     Put(HostTag("otTU"), RecordKey::Other(9, 0), EDTCompositeTimeSig{{1, 2, 1, 2, 1, 2}});
     Put(HostTag("otTU"), RecordKey::Other(9, 1), EDTCompositeTimeSig{{3, 0, 5, 0, 0, 0}});
     Put(HostTag("otTL"), RecordKey::Other(8, 0), EDTCompositeTimeSig{{512, 1024, 0, 0, 0, 0}});
@@ -196,7 +196,7 @@ TEST_F(ScoreAccess, CompositeTimeSignaturesGiveTheirGroups) {
     EXPECT_TRUE(measure.GetTimeSig().groupDurations.empty()) << "no such list";
 }
 
-TEST_F(ScoreAccess, StaffSystemsAreFoundByMeasure) {
+TEST_F(ScoreAccess, FindsStaffSystemByMeasure) {
     host.Score().LayoutSystems(3);
     const std::pair<i16, u16> systems[] = {{1, 1}, {3, 1}, {4, 2}, {7, 3}};
     for (const auto& [measure, system] : systems) {
@@ -218,7 +218,7 @@ TEST_F(ScoreAccess, StaffSystemsAreFoundByMeasure) {
     }
 }
 
-TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {
+TEST_F(ScoreAccess, DefinitionPlacesExpression) {
     const std::tuple<i16, u16, u16> placements[] = {{0, 0, 0}, {2, 0, 0}, {3, 1, 0},  {4, 0, 0},
                                                     {8, 0, 0}, {9, 1, 1}, {-1, 0, 0}, {12, 1, 1}};
     const std::pair<u32, u16> kinds[] = {{HostTag("SODT"), u16{0}},
@@ -255,7 +255,7 @@ TEST_F(ScoreAccess, ExpressionsLearnTheirPlacementFromTheirDefinition) {
     EXPECT_TRUE(ErrorOf(lost.LoadNext()).starts_with("29998") && lost.IsNull() != 0);
 }
 
-TEST_F(ScoreAccess, SpecialPartExtractionAsksTheHostOnce) {
+TEST_F(ScoreAccess, SpecialPartExtractionIsCached) {
     host.Score().SetStaffList(5, {host.Staff(2)});
     Put(HostTag("otPG"), RecordKey::Other(65534), std::array<u16, 6>{0, 0, 0, 5, 0, 0});
     const auto extracts = [&, document = App().CurrentNumber()](i16 slot) {
@@ -277,7 +277,7 @@ TEST_F(ScoreAccess, SpecialPartExtractionAsksTheHostOnce) {
     EXPECT_GT(App().calls.Of(HostCall::kLoadEData), 0U);
 }
 
-TEST_F(ScoreAccess, MeasureMetricsAreGivenBackWhenTheCacheIsEmptied) {
+TEST_F(ScoreAccess, ClearedCacheFreesMetrics) {
     using namespace FinPIMetricsCache;
     int metrics = 0;
     FindMeasureMetrics({1, 2, 3}) = &metrics;

@@ -21,7 +21,7 @@ protected:
     }
 };
 
-TEST_F(Preferences, EachOptionRecordIsLoadedOnceAndSavedOnlyWhenItChanged) {
+TEST_F(Preferences, SavesOnlyChangedRecords) {
     Put(HostTag("otOB"), RecordKey::Other(0), Words{10, 11, 12, 5, 14, 15});
     Put(HostTag("otOu"), RecordKey::Other(0, 1), Words{0, 0, 22, 23, 0, 25});
     App().ResetCounts();
@@ -77,7 +77,7 @@ TEST_F(Preferences, TablesConvertInBothDirections) {
     EXPECT_EQ(SaveAssembledPreference(rows, fields.data(), 11, kInterfaceVersion), 0);
 }
 
-TEST_F(Preferences, ABufferThatIsTooSmallIsNotOverrun) {
+TEST_F(Preferences, SmallBufferIsNotOverrun) {
     Put(HostTag("otOB"), RecordKey::Other(0), Words{10, 11, 12, 0, 14, 15});
     std::vector<u8> buffer(13, 0xAA);  // ends inside the field at 12
     u32 size = static_cast<u32>(buffer.size());
@@ -88,7 +88,7 @@ TEST_F(Preferences, ABufferThatIsTooSmallIsNotOverrun) {
     EXPECT_EQ(size, 106U) << "without a buffer the record is only measured";
 }
 
-TEST_F(Preferences, ARefusedFretInstrumentIsLoadedWhenTheHostFilledIt) {
+TEST_F(Preferences, FilledFretInstrumentCountsAsLoaded) {
     FinPIFretInstrument instrument(1);
     instrument.opaque0[0] = 9;
     EXPECT_EQ(instrument.Load(), 0);

@@ -21,7 +21,7 @@ i16 Read(FinPISerializableObject& object, const std::vector<u8>& block) {
 
 class Serialized : public LibraryTest {};
 
-TEST_F(Serialized, BlocksAreLittleEndianAndSelfDescribing) {
+TEST_F(Serialized, BlocksAreSelfDescribing) {
     FinPIFont font;
     font.SetData("abcdef", 6);
     const u8 expected[] = {2,   0,   34,   0,   0,   0,   12, 0, 6, 0, 2, 0,  // header
@@ -59,7 +59,7 @@ struct WithDependent final : FinPIFont {
     std::string dependent = "---";
 };
 
-TEST_F(Serialized, DependentStructuresFollowInBothSerialVersions) {
+TEST_F(Serialized, BothVersionsHaveDependentStructures) {
     for (const u16 serial : {u16{1}, u16{2}}) {
         WithDependent written(serial);
         written.dependent = "dep";
@@ -70,7 +70,7 @@ TEST_F(Serialized, DependentStructuresFollowInBothSerialVersions) {
     }
 }
 
-TEST_F(Serialized, BlocksThatCannotBeReadAreRefused) {
+TEST_F(Serialized, InvalidBlocksAreRefused) {
     constexpr char kVersionError[] = "29989 FinPISerializableObject::PutSerialized";
     WithDependent object(1);
     const std::vector<u8> older = BlockOf(object);
@@ -90,7 +90,7 @@ TEST_F(Serialized, BlocksThatCannotBeReadAreRefused) {
     }
 }
 
-TEST_F(Serialized, AStaffCarriesItsDependentRecords) {
+TEST_F(Serialized, StaffIncludesDependentRecords) {
     FinPIStaff written(host.Staff(1));
     written.flags = StaffFlag::kShapeNotes;
     const auto dependents = [](FinPIStaff& staff) {

@@ -19,7 +19,7 @@ protected:
     std::size_t Count(u32 tag) { return host.Score().Records().OfTag(tag).size(); }
 };
 
-TEST_F(Staves, AStaffAtAMeasureIsReadOnly) {
+TEST_F(Staves, StaffAtMeasureIsReadOnly) {
     FinPIStaff staff(Number(), 2, 0x12345);
     EnigmaKey key{};
     EXPECT_EQ(staff.GetKey(key), 8);
@@ -32,7 +32,7 @@ TEST_F(Staves, AStaffAtAMeasureIsReadOnly) {
     EXPECT_EQ(ErrorOf(FinPIStaff(99, 1).IsLoaded()), "29998 FinPIStaff::FinPIStaff: SOSC");
 }
 
-TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
+TEST_F(Staves, CommitSavesDependentRecords) {
     FinPIStaff staff(Number());
     staff.flags |= StaffFlag::kFretInstrument | StaffFlag::kShapeNotes;
     staff.FullName().SetData("Flute", 5);
@@ -65,7 +65,7 @@ TEST_F(Staves, CommitsSaveTheRecordsThatDepend) {
     EXPECT_NE(StoredStaff().fullNameText, 0) << "name texts that are not to be saved stay";
 }
 
-TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
+TEST_F(Staves, ClearFlagsWithoutRecords) {
     FinPIStaff staff(Number());
     staff.ClearData();
     staff.flags = StaffFlag::kFretInstrument | StaffFlag::kShapeNotes;
@@ -75,7 +75,7 @@ TEST_F(Staves, FlagsWithoutTheirRecordsAreCleared) {
     EXPECT_EQ(Count(HostTag("SOIS")), 2U) << "no staff goes with its last flag";
 }
 
-TEST_F(Staves, EachHasAFretInstrumentOfItsOwn) {
+TEST_F(Staves, EachHasItsFretInstrument) {
     for (const i16 slot : {i16{1}, i16{2}}) {
         FinPIStaff staff(host.Staff(slot));
         staff.flags |= StaffFlag::kFretInstrument;
@@ -86,7 +86,7 @@ TEST_F(Staves, EachHasAFretInstrumentOfItsOwn) {
     EXPECT_EQ(Count(FinPIFretInstrument(0).Tag()), 2U);
 }
 
-TEST_F(Staves, TheFirstFailureEndsACommitAndANameTextThatIsMissingALoad) {
+TEST_F(Staves, FirstFailureEndsCommit) {
     FinPIStaff staff(Number());
     staff.fullNameText = 12;
     staff.FullNamePosition().SetData("p", 1);
@@ -98,7 +98,7 @@ TEST_F(Staves, TheFirstFailureEndsACommitAndANameTextThatIsMissingALoad) {
     EXPECT_EQ(TakePendingError(), "29998 FinPIStaff::FinPIStaff: SOIS");
 }
 
-TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
+TEST_F(Staves, ClefInEffectIsLastBefore) {
     const u16 other = host.Staff(2);
     const std::pair<u16, EDTClefExtra> clefs[] = {{1, {1, Number(), 0, {}}},
                                                   {1, {9, other, 0, {}}},
@@ -124,7 +124,7 @@ TEST_F(Staves, TheClefInEffectIsTheLastBeforeThePlace) {
     EXPECT_EQ(staff.CurrClef(nullptr), 3);
 }
 
-TEST_F(Staves, ATransposingStaffMayShowAClefOfItsOwn) {
+TEST_F(Staves, TransposingStaffHasOwnClef) {
     constexpr char kNoClef[] = "LoadEffectiveAt() failed to find a clef.";
     FinPIStaff staff(Number(), 1);
     EXPECT_TRUE(ErrorOf(staff.CurrClef(nullptr)).ends_with(kNoClef));

@@ -26,7 +26,7 @@ protected:
     }
 };
 
-TEST_F(Region, MapsSlotsAndStavesByItsStaffList) {
+TEST_F(Region, MapsSlotsToStaves) {
     FinPIRegion region = Of({kSystemList, 1, 1, 0, 0, 3, 1, kEndOfMeasure});
     EXPECT_EQ(region.StaffOfSlot(1), host.Staff(3));
     EXPECT_EQ(region.SlotOfStaff(host.Staff(1)), 2);
@@ -41,7 +41,7 @@ TEST_F(Region, MapsSlotsAndStavesByItsStaffList) {
     EXPECT_EQ(FinPIRegion{region}.StaffOfSlot(2), host.Staff(1)) << "a copy asks the host again";
 }
 
-TEST_F(Region, ContainsItsStavesWhicheverEndIsFirst) {
+TEST_F(Region, ContainsStavesInEitherOrder) {
     const FinPIRegion region = Of({0, 3, 1, 0, 0, 2, 1, kEndOfMeasure});
     EXPECT_FALSE(region.ContainsStaff(host.Staff(1)));
     EXPECT_TRUE(region.ContainsStaff(host.Staff(2)));
@@ -49,7 +49,7 @@ TEST_F(Region, ContainsItsStavesWhicheverEndIsFirst) {
     EXPECT_FALSE(Of({0, 0, 1, 0, 0, 2, 1, 0}).ContainsStaff(999)) << "a staff that is not listed";
 }
 
-TEST_F(Region, ContainsBothEndsOfItsTime) {
+TEST_F(Region, ContainsBothEnds) {
     const FinPIRegion region = Of(Span(2, 512, 4, 1023));
     const std::tuple<i16, i32, bool> cases[] = {{1, 4000, false}, {2, 511, false}, {2, 512, true},
                                                 {3, 0, true},     {3, 9999, true}, {4, 1023, true},
@@ -59,7 +59,7 @@ TEST_F(Region, ContainsBothEndsOfItsTime) {
     }
 }
 
-TEST_F(Region, MeasuresItsPartOfEachMeasure) {
+TEST_F(Region, MeasuresPartOfEachMeasure) {
     const std::tuple<EREGION, i16, i32, i32> cases[] = {
         {Span(3, 512, 3, kEndOfMeasure), 3, 3584, 3584},
         {Span(3, 512, 3, 1023), 3, 512, 512},
@@ -138,7 +138,7 @@ TEST_F(Region, ChangesToAnotherStaffList) {
     }
 }
 
-TEST_F(Region, AsksItsOwnDocumentOrNone) {
+TEST_F(Region, AsksOnlyItsOwnDocument) {
     FinPIRegion region = Of({0, 2, 1, 0, 0, 2, 1, kEndOfMeasure});
     const OtherDocument other;
     other->AddStaff(50);
@@ -158,7 +158,7 @@ TEST_F(Region, AsksItsOwnDocumentOrNone) {
     EXPECT_EQ(region.startSlot + region.endSlot, 0);
 }
 
-TEST_F(Region, IsTheSameOnlyInTheSameViewOfTheSameDocument) {
+TEST_F(Region, EqualityIncludesDocumentAndView) {
     const EREGION span = Span(1, 0, 2, kEndOfMeasure);
     FinPIRegion region;
     region.SetRegion(&span);
@@ -172,7 +172,7 @@ TEST_F(Region, IsTheSameOnlyInTheSameViewOfTheSameDocument) {
     EXPECT_FALSE((FinPIRegion{span, App().OpenDocument(u"other").Number()} == Of(span)));
 }
 
-TEST_F(Region, KeepsTheFramesOfItsOneLayer) {
+TEST_F(Region, KeepsFramesOfItsLayer) {
     const EREGION span = Span(1, 0, 2, kEndOfMeasure);
     FinPIRegion region = Of(span);
     region.SetOneLayer(2);
@@ -191,7 +191,7 @@ TEST_F(Region, KeepsTheFramesOfItsOneLayer) {
     EXPECT_EQ(region.StaffOfSlot(1), host.Staff(1));
 }
 
-TEST_F(Region, TellsPathStavesMeasuresAndBeats) {
+TEST_F(Region, DescribesPathStavesMeasuresBeats) {
     const std::pair<EREGION, const char16_t*> cases[] = {
         {{0, 2, 3, 1024, 0, 2, 3, 2047}, u"score Staff 2 Bar 3 Beat 2 - Bar 3 Beat 2.999"},
         {{0, 1, 1, 0, 0, 3, 9, kEndOfMeasure}, u"score Staff 1 Bar 1 - Staff 3 Bar 9 End"},
@@ -209,7 +209,7 @@ TEST_F(Region, TellsPathStavesMeasuresAndBeats) {
               u"score Staff 1 Compás 1 Tiempo 2 - Staff 3 Compás 9 Final");
 }
 
-TEST_F(Region, NamesPartAndLayerAndIsCut) {
+TEST_F(Region, DescriptionNamesPartAndLayer) {
     FinPIRegion region = Of({0, 1, 1, 0, 0, 1, 1, kEndOfMeasure});
     region.SetOneLayer(1);
     EXPECT_EQ(region.DescriptionText(),
@@ -221,7 +221,7 @@ TEST_F(Region, NamesPartAndLayerAndIsCut) {
     EXPECT_EQ(region.Description().size(), 1023U);
 }
 
-TEST_F(Region, CountsBeatsInTheGroupsOfACompositeSignature) {
+TEST_F(Region, CountsBeatsOfCompositeSignature) {
     Put(HostTag("otTU"), RecordKey::Other(5), std::array<i16, 6>{3, 2});
     const auto described = [&](i16 beatDuration, u16 flags = MeasureFlag::kCompositeNumerator) {
         EDTMeasureSpec2014 measure = host.Score().Measure(1);

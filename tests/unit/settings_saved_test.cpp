@@ -90,7 +90,7 @@ TEST_F(SavedSettingsTest, LongNamesAreCutBetweenCharacters) {
     EXPECT_EQ(record.Name(), std::u16string(128, u'z')) << "a stored name without its end";
 }
 
-TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
+TEST_F(SavedSettingsTest, IncompatibleRecordIsReported) {
     SavedSettingPtr record{4};
     record.Header().headerSize = 150;
     ASSERT_EQ(record.PutToFile(22001), 1);
@@ -100,7 +100,7 @@ TEST_F(SavedSettingsTest, ARecordOfAnotherBuildIsRefusedAloud) {
     EXPECT_EQ(Alerts(), 2U);
 }
 
-TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
+TEST_F(SavedSettingsTest, OldSettingsMoveToNewOwner) {
     const std::string owner = kPreferences + "\\Save Settings";
     const std::string old = kPreferences + "\\Einstellungen speichern";
     for (const char* name : {"ZKSC22000", "ZKSC22001", "ZKSC22002", "ZKSC22004"}) {
@@ -117,7 +117,7 @@ TEST_F(SavedSettingsTest, OlderOnesMoveToTheirNewOwner) {
     EXPECT_FALSE(KeyExists(old));
 }
 
-TEST_F(SavedSettingsTest, MoreOlderOnesThanThereMayBeNowMoveAsWell) {
+TEST_F(SavedSettingsTest, ExcessOldSettingsMoveToo) {
     for (int number = 22001; number <= 22101; ++number) {
         StoreValue(kPreferences + "\\Einstellungen speichern", "ZKSC" + std::to_string(number),
                    "x");
@@ -126,7 +126,7 @@ TEST_F(SavedSettingsTest, MoreOlderOnesThanThereMayBeNowMoveAsWell) {
     EXPECT_EQ(StoredValue(kPreferences + "\\Save Settings", "ZKSC22101"), "x");
 }
 
-TEST_F(SavedSettingsTest, AnEmptyListHasNoEntryToChoose) {
+TEST_F(SavedSettingsTest, EmptyListHasNoSelection) {
     StoreLetters(2);
     Run([](OpenDialog& save) {
         for (int i = 0; i < 3; ++i) {
@@ -140,7 +140,7 @@ TEST_F(SavedSettingsTest, AnEmptyListHasNoEntryToChoose) {
     });
 }
 
-TEST_F(SavedSettingsTest, AllTheMemoryThereIsIsNotEnough) {
+TEST_F(SavedSettingsTest, SurvivesLackOfMemory) {
     StoreLetters(19);
     FailingMemory::refused = 19 * sizeof(SavedSettingPtr);
     Run([](OpenDialog&) {});
@@ -150,7 +150,7 @@ TEST_F(SavedSettingsTest, AllTheMemoryThereIsIsNotEnough) {
               std::u16string::npos);
 }
 
-TEST_F(SavedSettingsTest, ADefaultNameHasAtMost255Bytes) {
+TEST_F(SavedSettingsTest, DefaultNameHasAtMost255Bytes) {
     std::u16string shown;
     FinPISaveSettingsDlg save{&command, std::u16string(255, u'\u00E9').c_str()};
     desk.Then([&shown](OpenDialog& open) { shown = open.Items(Control::kList).at(0); });
@@ -158,7 +158,7 @@ TEST_F(SavedSettingsTest, ADefaultNameHasAtMost255Bytes) {
     EXPECT_EQ(shown, std::u16string(127, u'\u00E9'));
 }
 
-TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
+TEST_F(SavedSettingsTest, RewritesOnlySettingsPart) {
     Store(1, u"Slow", 7, 1);
     PutSettings(1);
     EXPECT_EQ(Stored(), Notes{"Slow 7 1 wxyz"});
@@ -180,7 +180,7 @@ TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
     });
     EXPECT_EQ(StoredValue(kPreferences + "\\Save Settings", "ZKSC22002"), std::nullopt);
     EXPECT_EQ(command.SavedSettingNumber(), 0) << "nothing is left to work on";
-    // No other error is taken for that of a refused write.
+    // Another error must not look like a refused write.
     PostError(FinPIAppError{"elsewhere", "before"});
     Run([](OpenDialog& open) {
         open.Press(Control::kOk);
@@ -189,7 +189,7 @@ TEST_F(SavedSettingsTest, RewritesTheSettingsPartAloneAndTellsWhenItCannot) {
     EXPECT_EQ(Alerts(), 3U);
 }
 
-TEST_F(SavedSettingsTest, TakeWhatTheDialogShowsInTheOrderOfTheirNames) {
+TEST_F(SavedSettingsTest, StoresEntriesSortedByName) {
     Run([](OpenDialog& open) {
         EXPECT_EQ(open.Items(Control::kList), (Names{u"Plyweld/Saved Setting 1"}));
         EXPECT_EQ(open.window.rectangle.left, 310);
@@ -206,7 +206,7 @@ TEST_F(SavedSettingsTest, TakeWhatTheDialogShowsInTheOrderOfTheirNames) {
     EXPECT_EQ(command.added.size(), 2U);
 }
 
-TEST_F(SavedSettingsTest, ANameInUseGetsACounter) {
+TEST_F(SavedSettingsTest, UsedNameGetsCounter) {
     Store(1, u"X", 1);
     Store(2, u"X 1", 2);
     Store(3, u"Y", 3);
@@ -222,7 +222,7 @@ TEST_F(SavedSettingsTest, ANameInUseGetsACounter) {
     EXPECT_EQ(Stored().back(), "Y 3 0 abcd");
 }
 
-TEST_F(SavedSettingsTest, ARenamedEntryMovesAndTheChosenOneStaysChosen) {
+TEST_F(SavedSettingsTest, RenamedEntryIsSorted) {
     StoreLetters(4);
     Run([](OpenDialog& open) {
         open.Choose(Control::kList, 2);
@@ -236,7 +236,7 @@ TEST_F(SavedSettingsTest, ARenamedEntryMovesAndTheChosenOneStaysChosen) {
     });
 }
 
-TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
+TEST_F(SavedSettingsTest, DeletingClosesGap) {
     StoreLetters(3);
     Run([](OpenDialog& open) {
         open.Press(Control::kDelete);
@@ -253,7 +253,7 @@ TEST_F(SavedSettingsTest, DeletingClosesTheGapAndForgetsThePlace) {
     EXPECT_EQ(command.SavedSettingNumber(), 3);
 }
 
-TEST_F(SavedSettingsTest, BehindTheHighestIdentifierComesTheLowestFreeOne) {
+TEST_F(SavedSettingsTest, IdentifiersWrapToLowestFree) {
     Store(1, u"a", 65535);
     Store(2, u"b", 0);
     Store(3, u"c", 1);
@@ -267,7 +267,7 @@ TEST_F(SavedSettingsTest, BehindTheHighestIdentifierComesTheLowestFreeOne) {
     EXPECT_EQ(Stored(), (Notes{"a 65535 0 abcd", "b 2 0 abcd", "c 1 0 abcd", "d 3 0 dlg!"}));
 }
 
-TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
+TEST_F(SavedSettingsTest, AtMostNinetyNine) {
     StoreLetters(99);
     Run([](OpenDialog& open) {
         EXPECT_TRUE(open.disabled.contains(Control::kAdd));
@@ -282,7 +282,7 @@ TEST_F(SavedSettingsTest, NinetyNineAreTheMostAndAllCanGo) {
     EXPECT_EQ(command.forgotten.size(), 99U);
 }
 
-TEST_F(SavedSettingsTest, ASettingThatCannotBeLoadedLeavesTheDialogDead) {
+TEST_F(SavedSettingsTest, FailedLoadDisablesDialog) {
     SavedSettingPtr record{4};
     record.Header().totalSize = 100;
     ASSERT_EQ(record.PutToFile(22001), 1);
@@ -301,7 +301,7 @@ struct PlainDialog final : FinPISaveSettingsDlg {
     }
 };
 
-TEST_F(SavedSettingsTest, OptionRowsThatAreLeftOutTakeNoRoom) {
+TEST_F(SavedSettingsTest, MissingOptionRowsTakeNoSpace) {
     for (const bool withoutSkip : {true, false}) {
         const u16 gone = withoutSkip ? Control::kSkipDialog : Control::kUseSubmenu;
         const u16 kept = withoutSkip ? Control::kUseSubmenu : Control::kSkipDialog;

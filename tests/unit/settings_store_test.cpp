@@ -22,7 +22,7 @@ protected:
     void TearDown() override { EXPECT_EQ(headless::OpenRegistryKeys(), 0); }
 };
 
-TEST_F(SettingsStore, ReadingFillsTheBufferAndGivesTheStoredSize) {
+TEST_F(SettingsStore, ReadingReturnsStoredSize) {
     const std::string zeros(8, '\0');
     const std::string padded("abc\0\0\0\0\0", 8);
     const std::string full = "abcdefgh";
@@ -55,18 +55,18 @@ TEST_F(SettingsStore, ReadingFillsTheBufferAndGivesTheStoredSize) {
     }
 }
 
-TEST_F(SettingsStore, TheLayoutInUseComesBeforeTheOlderOnes) {
+TEST_F(SettingsStore, CurrentLayoutComesFirst) {
     StoreValue(kBase, "Plyweld", "oldest");
     StoreValue(kLegacy, "ZKCF1", "legacy");
     std::string buffer(6, '.');
     EXPECT_EQ(ZKFX_GetSettings("ZKCF", 1, buffer.data(), 6, "Plyweld"), 6U);
     EXPECT_EQ(buffer, "legacy");
-    // Also an empty value ends the search.
+    // An empty value also ends the search.
     StoreValue(kCurrent, "ZKCF1", "");
     EXPECT_EQ(ZKFX_GetSettings("ZKCF", 1, buffer.data(), 6, "Plyweld"), 0U);
 }
 
-TEST_F(SettingsStore, ReadingRememberedAnswersDeletesTheirLegacyKey) {
+TEST_F(SettingsStore, ReadingAnswersDeletesOldKey) {
     StoreValue(kOldAnswers, "CKAT20004", "x");
     StoreValue(kAnswers, "CKAT20003", "y");
     char byte = 0;
@@ -76,7 +76,7 @@ TEST_F(SettingsStore, ReadingRememberedAnswersDeletesTheirLegacyKey) {
     EXPECT_FALSE(KeyExists(kOldAnswers));
 }
 
-TEST_F(SettingsStore, WritingMovesASettingOutOfBothOlderLayouts) {
+TEST_F(SettingsStore, WritingClearsOlderLayouts) {
     StoreValue(kLegacy, "ZKCF22000", "old");
     StoreValue(kLegacy, "WPOS22000", "stays");
     StoreValue(kBase, "Plyweld", "oldest");
@@ -91,7 +91,7 @@ TEST_F(SettingsStore, WritingMovesASettingOutOfBothOlderLayouts) {
     EXPECT_FALSE(KeyExists(kLegacy)) << "the legacy key goes with its last value";
 }
 
-TEST_F(SettingsStore, DeletesOneValueOrAllThatBeginWithANameUntilOneStays) {
+TEST_F(SettingsStore, DeletesOneOrAllValues) {
     const std::string names[] = {"AAAA" + std::string(300, 'x'),
                                  "WPOS12003",
                                  "WPOS22000",
@@ -117,7 +117,7 @@ TEST_F(SettingsStore, DeletesOneValueOrAllThatBeginWithANameUntilOneStays) {
     EXPECT_EQ(stored(), "x----x");
 }
 
-TEST_F(SettingsStore, DeletingClearsTheLegacyCopyAndItsEmptyKey) {
+TEST_F(SettingsStore, DeletingClearsOldCopies) {
     StoreValue(kLegacy, "ZKCF22000", "x");
     headless::RefuseRegistryCall(headless::RegistryCall::kCreateKey, 1);
     ZKFX_DeleteSettings("ZKCF", 22000, "Plyweld");

@@ -52,7 +52,7 @@ Outcome RunOnce(const Scenario& scenario) {
 
 class OnHosts : public testing::TestWithParam<Manner> {};
 
-TEST_P(OnHosts, EveryScenarioGivesTheSame) {
+TEST_P(OnHosts, ScenariosGiveSameResult) {
     for (const Scenario& scenario : Scenarios()) {
         SCOPED_TRACE(scenario.name);
         const Outcome usual = RunOnce(scenario);

@@ -1,4 +1,4 @@
-// Runs on a host that says that it did what it did not, or lends what no music is.
+// Runs on a host that reports success without doing anything, or lends invalid entries.
 #include "platform/headless/session.h"
 #include "tests/unit/support/dialog_desk.h"
 #include "tests/unit/support/sweep_round.h"
@@ -8,8 +8,8 @@ namespace {
 
 class PretendedCalls : public testing::TestWithParam<Scenario> {};
 
-// No run can see through all of that, but each comes to an end and gives back what it was lent.
-TEST_P(PretendedCalls, LetTheRunEnd) {
+// No run can detect all of that, but each must end and return its loans.
+TEST_P(PretendedCalls, RunEnds) {
     const CallCounts used = Sweep{GetParam()}.Calls();
     for (std::size_t call = 0; call < kHostCallCount; ++call) {
         if (used.Of(static_cast<HostCall>(call)) == 0) {
@@ -30,7 +30,7 @@ TEST_P(PretendedCalls, LetTheRunEnd) {
         App().faults = {};
         EXPECT_LE(App().alerts.size(), 2U);  // of the music, and of settings that were not stored
         EXPECT_EQ(platform::headless::OpenRegistryKeys(), 0);
-        // What it pretended to close is still open.
+        // What the host pretended to close is still open.
         while (desk.Newest() != nullptr) {
             desk.EndDialog(&desk.Newest()->window);
         }
@@ -39,7 +39,7 @@ TEST_P(PretendedCalls, LetTheRunEnd) {
     }
 }
 
-TEST_P(PretendedCalls, WildEntriesDoNotBreakTheRun) {
+TEST_P(PretendedCalls, InvalidEntriesDoNotBreakRun) {
     platform::headless::Reset();
     const Plugin plugin;
     const auto host = Build(GetParam());

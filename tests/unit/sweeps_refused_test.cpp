@@ -1,5 +1,5 @@
-// Runs that are repeated with each of their calls refused, until a run meets no refusal, and in
-// hosts that lack an export; and what all of them together use.
+// Runs repeated with each of their calls refused, until a run meets no refusal, and on hosts
+// without an export; and the calls that all of them use.
 #include <cstdlib>
 #include <set>
 
@@ -23,11 +23,11 @@ TEST_P(Calls, RefusedOneAtATime) {
     RefuseEach([](int call) { return Refusal{.call = static_cast<u64>(call)}; });
 }
 
-TEST_P(Calls, RefusedFromOneOn) {
+TEST_P(Calls, RefusedFromOneCallOn) {
     RefuseEach([](int call) { return Refusal{.from = static_cast<u64>(call)}; });
 }
 
-TEST_P(Calls, OfTheRegistryRefused) {
+TEST_P(Calls, RegistryCallsRefused) {
     RefuseEach(
         [](int call) { return Refusal{.firstRegistryCall = call, .lastRegistryCall = call}; });
     constexpr int kAll = 1 << 30;
@@ -46,8 +46,8 @@ std::vector<HostCall> AllCalls() {
     return all;
 }
 
-// Each round loads the plug-in afresh, which looks each export up once: those with dialogs and a
-// third of the others unless all are asked for.
+// Each round loads the plug-in again, because it looks each export up only once. Runs with dialogs,
+// and a third of the others unless all are requested.
 std::vector<Scenario> SomeScenarios() {
     std::vector<Scenario> some;
     const std::size_t step = std::getenv("PLYWELD_LONG") != nullptr ? 1 : 3;
@@ -74,8 +74,9 @@ TEST_P(Exports, Missing) {
 INSTANTIATE_TEST_SUITE_P(Sweep, Exports, testing::ValuesIn(SomeScenarios()),
                          [](const auto& test) { return test.param.name; });
 
-TEST(Scenarios, UseEveryCallOfARun) {
-    // What only failures need, and what the class library offers beyond this command.
+TEST(Scenarios, UseEveryCall) {
+    // Calls needed only after failures, or by parts of the class library that this command does not
+    // use.
     const std::set<std::string> unused{"FX_CancelFinaleEdit",         "FX_FreeMeasureMetrics",
                                        "FX_GetDlgItemUser",           "FX_GetKeySig",
                                        "FX_GetEntryMetrics2014",      "FX_GetNextPartID",

@@ -1,4 +1,4 @@
-// Large scores, and many runs in one process. PLYWELD_LONG asks for the whole of both.
+// Large scores, and many runs in one process. PLYWELD_LONG runs both in full.
 #include <filesystem>
 #include <malloc.h>
 
@@ -24,7 +24,7 @@ u64 OpenFiles() {
     return static_cast<u64>(std::distance(begin(files), end(files)));
 }
 
-TEST(Endurance, ALargeScoreMergesInOneRunWithinItsOwnSize) {
+TEST(Endurance, LargeScoreStaysWithinMemory) {
     const i16 staves = IsLong() ? 40 : 8;
     const u16 measures = IsLong() ? 10000 : 200;
     const u64 empty = MemoryInUse();
@@ -50,9 +50,9 @@ TEST(Endurance, ALargeScoreMergesInOneRunWithinItsOwnSize) {
     EXPECT_LE(now, score * 5 / 2);
 }
 
-TEST(Endurance, ManyRunsLeaveNothingBehind) {
+TEST(Endurance, ManyRunsLeakNothing) {
     constexpr u32 kWarmUp = 50;
-    constexpr u64 kMaxBytesPerRun = 192;  // new entries take numbers, which are never used again
+    constexpr u64 kMaxBytesPerRun = 192;  // new entries take numbers that are never reused
     const u32 runs = IsLong() ? 2000 : 300;
     StandIn host{2, 1};
     host.LayerEverywhere(0, "q:c4 q:r h:r");

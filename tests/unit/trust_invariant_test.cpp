@@ -1,4 +1,4 @@
-// The check that all merges of made-up music go through: it must see what a bad merge does.
+// The check behind all merges of made-up music: it must detect the faults of a bad merge.
 #include "host/verify/merge_faults.h"
 #include "shell/host/detail_flags.h"
 #include "tests/unit/support/named_cases.h"
@@ -10,7 +10,7 @@ namespace {
 struct FaultCase {
     const char* name;
     void (*change)(DocumentContent&);  // to a merged score in which all is well
-    const char* fault;                 // part of a line that tells it
+    const char* fault;                 // part of a line that reports it
 
     friend void PrintTo(const FaultCase& row, std::ostream* out) { *out << row.name; }
 };
@@ -82,7 +82,7 @@ const FaultCase kFaults[] = {
 
 class Invariant : public testing::TestWithParam<FaultCase> {};
 
-TEST_P(Invariant, SeesTheFault) {
+TEST_P(Invariant, DetectsFault) {
     StandIn host{1, 2};
     host.Write({"q:c4 q:r h:r", "q:e4 q:f4~ h:g4", "w:c3"});
     host.Layer(1, 2, 1, "w:~f4");

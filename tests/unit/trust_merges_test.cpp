@@ -50,7 +50,7 @@ Outcome MergeAndCheck(const Plugin& plugin, const WrittenScore& written) {
     problem += App().calls.flagsOutOfStep == 0 ? "" : "frames saved with flags out of step\n";
     const DocumentContent after = document.Content();
     if (!App().alerts.empty()) {
-        // What the host cannot measure is a reason to stop; music about to be lost is none.
+        // Music that the host cannot measure may stop a run; music that would be lost may not.
         const std::string text = AlertTexts();
         if (text.find("Cannot process notes that are invisible") == std::string::npos) {
             problem += text;

@@ -1,4 +1,4 @@
-// What merges of made-up music have in common, beyond that each of them loses nothing.
+// Further properties of merges of made-up music.
 #include <algorithm>
 
 #include "host/verify/merge_faults.h"
@@ -11,7 +11,7 @@ namespace {
 
 enum FactsToTell { kAll, kNotesByLayer, kNotes };
 
-// What stands in the score and hangs on it, one line an entry.
+// The score's music and attachments, one line per entry.
 std::vector<std::string> FactLines(const Document& document, FactsToTell what) {
     const DocumentContent content = document.Content();
     std::vector<std::string> lines;
@@ -33,7 +33,7 @@ std::vector<std::string> FactLines(const Document& document, FactsToTell what) {
 }
 
 // One run over the selection, or one for each staff and measure of it, the last first. Nothing
-// after an alert, which takes back all of the one and a piece of the other.
+// after an alert, which undoes all of the one and a part of the other.
 std::vector<std::string> Merged(const Plugin& plugin, const WrittenScore& written, bool inPieces) {
     const std::unique_ptr<StandIn> host = Build(written);
     const EREGION whole = written.selection;
@@ -51,7 +51,7 @@ std::vector<std::string> Merged(const Plugin& plugin, const WrittenScore& writte
     return App().alerts.empty() ? FactLines(host->Score(), kAll) : std::vector<std::string>{};
 }
 
-TEST(Properties, TheOrderOfStavesAndMeasuresDoesNotMatter) {
+TEST(Properties, OrderDoesNotMatter) {
     const Plugin plugin;
     for (u32 seed = 1; seed <= MergeCount() / 5 && !HasFailure(); ++seed) {
         const WrittenScore written = MakeUpScore(seed);
@@ -66,7 +66,7 @@ TEST(Properties, TheOrderOfStavesAndMeasuresDoesNotMatter) {
     }
 }
 
-// Music alone in its layer, all of it selected. What hangs on other entries is passed over.
+// Music alone in its layer, all of it selected. Attachments of other entries are skipped.
 WrittenScore OneLayerOf(WrittenScore score) {
     std::erase_if(score.frames, [](const auto& frame) { return frame.layer != 0; });
     score.layers = 4;
@@ -76,14 +76,14 @@ WrittenScore OneLayerOf(WrittenScore score) {
     return score;
 }
 
-// A rest that launches a second voice is not replaced: what went out as its entry stays there.
+// A rest that launches a second voice is not replaced, so its music stays where it went.
 bool HasSecondVoices(const WrittenScore& score) {
     return std::any_of(score.frames.begin(), score.frames.end(), [](const auto& frame) {
         return std::count(frame.words.begin(), frame.words.end(), "v2{") != 0;
     });
 }
 
-TEST(Properties, IntoAnEmptyLayerAndBackIsTheMusicOfTheStart) {
+TEST(Properties, MovingAwayAndBackRestoresMusic) {
     const Plugin plugin;
     for (u32 seed = 1; seed <= MergeCount() / 10 && !HasFailure(); ++seed) {
         const WrittenScore written = OneLayerOf(MakeUpScore(seed));
@@ -97,8 +97,8 @@ TEST(Properties, IntoAnEmptyLayerAndBackIsTheMusicOfTheStart) {
     }
 }
 
-// Stopped at each report that a run makes, until one is not stopped any more.
-TEST(Properties, StoppingAtAnyReportChangesNothing) {
+// Stops at each report of a run, until a run is not stopped any more.
+TEST(Properties, StoppingChangesNothing) {
     const Plugin plugin;
     for (u64 report = 1, reports = 1; report <= reports; ++report) {
         StandIn host{4, 40};

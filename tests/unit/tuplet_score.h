@@ -1,4 +1,4 @@
-// Measures with tuplets, from a line of words a note.
+// Measures with tuplets, from a few words per note.
 #pragma once
 
 #include <regex>
@@ -16,7 +16,7 @@ namespace standin {
 //   [ ]    a bracket numbered 1 starts, stops; { } one numbered 2
 //   v2 s2  voice and staff, else 1
 //   g      a grace note; & a note of the chord; x not shown
-// "back 36" and "on 36" stand for <backup> and <forward>.
+// "back 36" and "on 36" mean <backup> and <forward>.
 class TupletMeasure {
 public:
     static std::string Text(std::string_view notes) {

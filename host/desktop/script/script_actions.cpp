@@ -120,7 +120,7 @@ std::string In(ScriptScene& scene, Words words) {
     scene.title = WideFromUtf8(words[0]);
     HWND target = AwaitTarget(scene);
     if (target == nullptr) {
-        return "there is no such window";
+        return "the window does not exist";
     }
     Activate(scene, target);
     return {};
@@ -136,7 +136,7 @@ std::string Click(ScriptScene& scene, Words words) {
     AwaitTarget(scene);
     HWND control = scene.Control(words[0]);
     if (control == nullptr) {
-        return "there is no such control";
+        return "the control does not exist";
     }
     if (IsWindowVisible(control) == 0 || IsWindowEnabled(control) == 0) {
         return "it is hidden or disabled";
@@ -155,7 +155,7 @@ std::string Press(ScriptScene& scene, Words words) {
     if (control != nullptr) {
         SendMessageW(control, BM_CLICK, 0, 0);
     }
-    return Done(control != nullptr, "there is no such control");
+    return Done(control != nullptr, "the control does not exist");
 }
 
 std::string Undo(ScriptScene& scene, Words) {
@@ -193,7 +193,7 @@ std::string Key(ScriptScene& scene, Words words) {
     const auto stroke = ReadKeyStroke(words[0]);
     const int times = words.size() > 1 ? Number(words[1]).value_or(1) : 1;
     if (!stroke) {
-        return "there is no such key";
+        return "unknown key";
     }
     for (int i = 0; i < times; ++i) {
         PressKeys(scene.window.Window(), *stroke);
@@ -322,7 +322,7 @@ std::string TakeStep(ScriptScene& scene, const std::vector<std::string>& words) 
     const auto* found = std::find_if(std::begin(kSteps), std::end(kSteps),
                                      [&](const Step& known) { return known.name == words[0]; });
     if (found == std::end(kSteps) || words.size() < found->words + 1) {
-        return "this is no command, or words are missing";
+        return "not a command, or words are missing";
     }
     return found->action(scene, Words{words}.subspan(1));
 }

@@ -249,7 +249,7 @@ std::string CheckExpectation(ScriptScene& scene, const std::vector<std::string>&
         std::begin(kExpectations), std::end(kExpectations),
         [&](const Expectation& known) { return !words.empty() && known.name == words[0]; });
     if (found == std::end(kExpectations) || words.size() < found->words + 1) {
-        return "this is no expectation, or words are missing";
+        return "not an expectation, or words are missing";
     }
     return found->check(scene, Words{words}.subspan(1));
 }

@@ -26,7 +26,7 @@ Problem CheckBeginning(std::string_view text, ReadWarnings& warnings) {
     const std::size_t tag = std::min(text.find('<'), text.size());
     const std::string_view before = text.substr(0, tag);
     if (!Trimmed(before).empty()) {
-        return {"the file is no well-formed XML: text stands before its first tag",
+        return {"the file is not well-formed XML: text before its first tag",
                 before.find_first_not_of(" \t\r\n")};
     }
     if (!before.empty() && text.substr(tag).starts_with("<?xml ")) {
@@ -42,7 +42,7 @@ Problem ParseXml(std::string_view text, pugi::xml_document& document) {
         std::string reason = parsed.description();
         reason.front() =
             static_cast<char>(std::tolower(static_cast<unsigned char>(reason.front())));
-        return {"the file is no well-formed XML: " + reason,
+        return {"the file is not well-formed XML: " + reason,
                 static_cast<std::size_t>(parsed.offset)};
     }
     if (const pugi::xml_node deep = FindNestedDeeper(document, kDeepestNesting)) {
@@ -57,14 +57,14 @@ Problem CheckRoot(pugi::xml_node root) {
         return {"the score is timewise; only partwise scores can be read", OffsetOf(root)};
     }
     if (name != "score-partwise") {
-        return {"the file is no MusicXML score: its root element is <" + std::string{name} + ">",
+        return {"the file is not a MusicXML score: its root element is <" + std::string{name} + ">",
                 OffsetOf(root)};
     }
     if (const pugi::xml_node note = root.child("note")) {
-        return {"a note stands outside any part", OffsetOf(note)};
+        return {"a note is outside any part", OffsetOf(note)};
     }
     if (const pugi::xml_node measure = root.child("measure")) {
-        return {"a measure stands outside any part", OffsetOf(measure)};
+        return {"a measure is outside any part", OffsetOf(measure)};
     }
     if (!root.child("part")) {
         return {"the score has no part", OffsetOf(root)};

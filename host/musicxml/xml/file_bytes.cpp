@@ -10,7 +10,7 @@ FileBytes ReadFileBytes(const std::filesystem::path& file) {
     std::error_code failed;
     const std::filesystem::file_status status = std::filesystem::status(file, failed);
     if (status.type() == std::filesystem::file_type::not_found) {
-        return {{}, "there is no such file"};
+        return {{}, "the file does not exist"};
     }
     if (std::filesystem::is_directory(status)) {
         return {{}, "this is a folder, not a score"};

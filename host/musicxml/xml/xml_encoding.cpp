@@ -196,7 +196,7 @@ DecodedText DecodeXml(std::string bytes) {
     DecodedText decoded = Decode(std::move(bytes));
     const std::size_t invalid = FindInvalid(decoded.text);
     if (invalid < decoded.text.size()) {
-        decoded.problem = "the file holds bytes that are no text in its encoding";
+        decoded.problem = "the file contains bytes that are not valid in its encoding";
         decoded.line = LineAt(decoded.text, invalid);
     }
     return decoded;

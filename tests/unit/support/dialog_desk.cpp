@@ -10,7 +10,7 @@ constexpr u32 kInitDialog = 272;
 constexpr u32 kCommand = 273;
 constexpr u64 kSelectionEndOk = 9;
 
-// What the plug-in reads of its templates, and places as tests need them.
+// The parts of the templates that the plug-in reads, with places for the tests.
 const struct {
     u16 dialog;
     u16 id;

@@ -1,8 +1,8 @@
-// A desktop for dialogs that is all memory: it runs the plug-in's dialogs for the stand-in
-// host, and the test plays the user.
+// A desktop in memory: it runs the plug-in's dialogs for the stand-in host, and the test plays the
+// user.
 //
-// A modal dialog runs the next script that the test has laid out, and is closed when the script
-// leaves it open. A modeless one stays on the desk.
+// A modal dialog runs the next script of the test, and closes if the script leaves it open. A
+// modeless one stays on the desk.
 #pragma once
 
 #include <deque>
@@ -46,7 +46,7 @@ public:
         u16 focus = 0;
 
         i16 Send(u32 message, u64 eventWord = 0, i64 eventLong = 0);
-        // What a user does; a button that is disabled or hidden does nothing.
+        // A user's actions; a button that is disabled or hidden does nothing.
         i16 Press(u16 control);
         void Choose(u16 list, u32 position);
         void Type(u16 control, const std::u16string& text) { texts[control] = text; }
@@ -55,7 +55,7 @@ public:
     };
     using Script = std::function<void(OpenDialog&)>;
 
-    // For as long as it lives it is the application's dialog service.
+    // The application's dialog service for as long as it lives.
     DialogDesk();
     ~DialogDesk() override;
 
@@ -110,7 +110,7 @@ public:
 
 private:
     OpenDialog* Find(WindowHandle window);
-    // The dialog of the window, or one in which nothing stands.
+    // The dialog of the window, or an empty one.
     OpenDialog& Of(WindowHandle window) {
         OpenDialog* open = Find(window);
         return open != nullptr ? *open : m_none = {};

@@ -1,4 +1,4 @@
-// Memory that runs out when a test says so. For one file of a program, whose memory it replaces.
+// Memory that runs out on request. Include it in one file of a program; it replaces operator new.
 #pragma once
 
 #include <cstdlib>
@@ -8,7 +8,7 @@ namespace FailingMemory {
 
 // Requests of this many bytes are refused; 0 = none.
 inline std::size_t refused = 0;
-// As many further requests are granted, then one is refused; -1 = none is.
+// This many further requests succeed, then one is refused; -1 = none.
 inline int granted = -1;
 
 inline bool Refuses(std::size_t bytes) {

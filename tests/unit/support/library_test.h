@@ -1,4 +1,4 @@
-// What tests of the class library on a score have in common.
+// The common part of tests of the class library on a score.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,12 +9,12 @@
 
 namespace standin {
 
-// What a call that must fail has posted.
+// The error posted by a call that must fail.
 inline std::string ErrorOf(i16 result) {
     return (result == 0 ? "" : "succeeded: ") + TakePendingError();
 }
 
-// Another document is current for as long as it lives, and nothing may change that.
+// Makes another document current for as long as it lives, and fails if that changes.
 class OtherDocument {
 public:
     OtherDocument() { App().SetCurrentDocument(m_document.Number()); }
@@ -30,7 +30,7 @@ private:
     Document& m_document = App().OpenDocument(u"other");
 };
 
-// Whatever the library posts, the test takes.
+// Takes all errors that the library posts.
 class LibraryTest : public testing::Test {
 protected:
     explicit LibraryTest(int staves = 1, int measures = 1) : host{staves, measures} {}
@@ -45,7 +45,7 @@ protected:
     const Bytes* Stored(u32 tag, RecordKey key) { return host.Score().Records().Find(tag, key); }
 
     static void Refuse(HostCall call) { App().faults.refuseKind = FaultPlan::AllOf(call); }
-    // Of the calls of the kind that follow, this one alone.
+    // Only this one of the following calls of the kind.
     static void RefuseOnly(HostCall call, u64 nth) {
         App().ResetCounts();
         App().faults.refuseKind = FaultPlan::OfKind{call, nth, nth};

@@ -1,4 +1,4 @@
-// A frame borrowed from the host as a plug-in borrows it, given back at the scope's end.
+// A frame borrowed from the host as by a plug-in, returned at the end of the scope.
 #pragma once
 
 #include "shell/host/host_functions.h"

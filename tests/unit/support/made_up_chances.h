@@ -1,4 +1,4 @@
-// What a made-up score is decided by.
+// The random decisions of a made-up score.
 #pragma once
 
 #include <random>
@@ -14,7 +14,7 @@ public:
 
     int Below(int end) { return static_cast<int>(m_random() % static_cast<u32>(end)); }
     bool Chance(int percent) { return Below(100) < percent; }
-    // Something that the score could do without: whether it comes in.
+    // Whether an optional feature is included.
     bool Wants(bool wanted) { return wanted && !m_without.contains(m_features++); }
     int Features() const { return m_features; }
 

@@ -64,7 +64,7 @@ std::string Direction(const std::string& kind, bool isStart, int number, int sta
 
 }  // namespace
 
-// Ties have a pitch of their own in each voice, so that no other note comes between.
+// Ties have their own pitch in each voice, so that no other note comes between.
 void AddTies(MadeUpPart& part, MadeUpChances& chances) {
     std::map<int, MadeUpEvent*> before;
     for (MadeUpEvent* event : part.Events()) {
@@ -80,7 +80,7 @@ void AddTies(MadeUpPart& part, MadeUpChances& chances) {
     }
 }
 
-// In the order of the text a number is free again behind the stop.
+// In the order of the text a number is free again after the stop.
 void AddSlurs(MadeUpPart& part, MadeUpChances& chances) {
     std::vector<Line> open;
     for (MadeUpEvent* event : part.Events()) {

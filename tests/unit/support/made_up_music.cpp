@@ -151,7 +151,7 @@ private:
         }
     }
 
-    // With its own ratio, which the time modification does not say of a tuplet inside another.
+    // With its own ratio, which the time modification of a nested tuplet does not give.
     static std::string TupletStart(int number, const MadeUpTuplet& tuplet) {
         std::string start = NumberedElement("tuplet", "start", number);
         start.erase(start.size() - 2);
@@ -160,7 +160,7 @@ private:
                std::to_string(tuplet.normal) + "</tuplet-number></tuplet-normal></tuplet>";
     }
 
-    // Without a bracket the time modification alone says what the notes are.
+    // Without a bracket, only the time modification defines the notes.
     void Bracket(MadeUpEvent& first, MadeUpEvent& last, const MadeUpTuplet& tuplet) {
         if (!tuplet.isInner) {
             m_bracketed = m_chances.Wants(!m_chances.Chance(15)) || m_shape.allBracketed;

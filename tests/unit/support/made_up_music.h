@@ -1,4 +1,4 @@
-// Music made up by chance, before it becomes MusicXML.
+// Random music, before it becomes MusicXML.
 #pragma once
 
 #include <string>

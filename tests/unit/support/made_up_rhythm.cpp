@@ -17,7 +17,7 @@ constexpr Value kValues[] = {
     {"eighth", 0, kQuarter / 2},      {"16th", 0, kQuarter / 4},
 };
 
-// Written values in a ratio; a value of type "" stands for a triplet of eighths.
+// Written values in a ratio; a value of type "" means a triplet of eighths.
 struct Group {
     int actual;
     int normal;

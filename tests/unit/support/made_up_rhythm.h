@@ -1,4 +1,4 @@
-// Rhythms made up by chance.
+// Random rhythms.
 #pragma once
 
 #include <functional>

@@ -11,7 +11,7 @@ namespace standin {
 
 struct MadeUpXml {
     std::string text;
-    int features = 0;  // what it holds that it could do without
+    int features = 0;  // its optional features
 };
 
 // One or two parts of one or two staves and some measures: voices over two staves, slurs that

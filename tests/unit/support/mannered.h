@@ -18,7 +18,7 @@ public:
     Mannered& operator=(const Mannered&) = delete;
 };
 
-// For parameterised tests.
+// For parameterized tests.
 inline std::string NameOfManner(const testing::TestParamInfo<Manner>& test) {
     return test.param.name;
 }

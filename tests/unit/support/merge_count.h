@@ -1,4 +1,4 @@
-// How much a test that could go on for ever does.
+// The number of repetitions of tests that could continue forever.
 #pragma once
 
 #include <cstdlib>

@@ -1,4 +1,4 @@
-// The real plug-in, loaded afresh and driven through its exports, as a host does.
+// The real plug-in, newly loaded and called through its exports, as by a host.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -61,8 +61,8 @@ private:
     FinaleExtensionTerminateFunction* m_terminate = nullptr;
 };
 
-// Everything that sounds, over all layers: what no merge may change. One line a note: staff,
-// measure, onset, actual duration, pitch, ties.
+// All sounding notes of all layers, which no merge may change. One line per note: staff, measure,
+// onset, actual duration, pitch, ties.
 std::vector<std::string> Music(const Document& document);
 
 // The alerts shown, each with its number and a line break.

@@ -179,7 +179,7 @@ void AddDetailKinds(std::vector<Scenario>& all) {
     }
 }
 
-// Made-up music that is neither trivial nor large.
+// Random music that is neither trivial nor large.
 void AddMadeUp(std::vector<Scenario>& all) {
     constexpr int kMadeUp = 16;
     constexpr std::size_t kMaxFrames = 6;

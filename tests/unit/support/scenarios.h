@@ -1,5 +1,5 @@
-// Runs of the command, small enough to be repeated for each call they make, that use whatever a
-// run can use.
+// Runs of the command that together use everything a run can use, each small enough to be repeated
+// for every call it makes.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ struct Scenario {
 
     std::string name;
     WrittenScore score;
-    void (*more)(StandIn& host) = nullptr;  // what a written score cannot say
+    void (*more)(StandIn& host) = nullptr;  // additions that the notation cannot express
     Way way = Way::kShift;
 };
 
@@ -30,10 +30,10 @@ const std::vector<Scenario>& Scenarios();
 // The scenario's score in a fresh host.
 std::unique_ptr<StandIn> Build(const Scenario& scenario);
 
-// Puts what the scenario's way needs into the registry, then lets the plug-in count its items.
+// Prepares the registry for the scenario, then lets the plug-in count its items.
 void Prepare(const Plugin& plugin, const Scenario& scenario);
 
-// Does what the user does. Whatever dialog the host leaves open is left open.
+// Does what the user does. Dialogs that the host leaves open stay open.
 void Run(const Plugin& plugin, StandIn& host, const Scenario& scenario);
 
 }  // namespace standin

@@ -5,7 +5,7 @@
 
 namespace standin {
 
-// Something that can hang on an entry with notes.
+// An attachment of an entry with notes.
 struct DetailToWrite {
     u32 tag;    // 0 = flags alone
     u32 flags;  // of the entry
@@ -14,7 +14,7 @@ struct DetailToWrite {
 std::vector<DetailToWrite> DetailsToWrite();
 
 // One to three staves and measures, up to eight layers, with grace notes, tuplets, second voices
-// and all that can hang on a note, selected somehow, and how to merge it.
+// and every attachment of a note, with a random selection and random options.
 WrittenScore MakeUpScore(u32 seed);
 
 }  // namespace standin

@@ -39,7 +39,7 @@ struct EntryPlace {
 // still open, or another document is current; then leaves the host as at the program's start.
 class StandIn {
 public:
-    // Measures in 4/4 unless told otherwise. Staff numbers differ from the slots.
+    // Measures in 4/4 unless stated otherwise. Staff numbers differ from the slots.
     explicit StandIn(int staves = 1, int measures = 1, i16 beats = 4, i16 beatDuration = 1024);
     ~StandIn();
     StandIn(const StandIn&) = delete;
@@ -63,9 +63,9 @@ public:
     EXENTRY Entry(EntryPlace place) const;
     u32 EntryNumber(EntryPlace place) const { return Entry(place).entryNumber; }
 
-    // Attaches a detail with this content, zeros behind it; sizes are those of the tag.
+    // Attaches a detail with this content, followed by zeros; sizes are those of the tag.
     RecordKey Attach(EntryPlace place, u32 tag, std::string_view content);
-    // The contents of the entry's details of a tag, without the zeros behind, joined by commas.
+    // The contents of the entry's details of a tag, without trailing zeros, joined by commas.
     std::string Attached(EntryPlace place, u32 tag) const;
     // A smart shape between two entries, with marks of this tag; returns its number.
     u16 Slur(EntryPlace from, EntryPlace to, u32 markTag = Tag::kShapeOnEntry);

@@ -10,8 +10,8 @@
 namespace standin {
 namespace {
 
-// Those that the run may have used: a dialog that cannot be read gives others than were stored,
-// and the defaults take the place of what cannot be loaded.
+// The options that the run may have used: a dialog that cannot be read gives other options than the
+// stored ones, and defaults replace options that cannot be loaded.
 std::vector<MergeOptions> UsableOptions(const Scenario& scenario, const Refusal& refusal) {
     std::vector<MergeOptions> usable{scenario.score.options};
     if (refusal.firstRegistryCall != 0) {
@@ -24,7 +24,7 @@ std::vector<MergeOptions> UsableOptions(const Scenario& scenario, const Refusal&
     return usable;
 }
 
-// Settings that could not be stored are told of, too, at each attempt.
+// Each failed attempt to store settings is also reported.
 std::ptrdiff_t AlertsOfMusic() {
     const std::vector<Alert>& alerts = App().alerts;
     return std::count_if(alerts.begin(), alerts.end(), [](const Alert& alert) {
@@ -33,9 +33,9 @@ std::ptrdiff_t AlertsOfMusic() {
     });
 }
 
-// A run may end without a word when the user seems to have stopped it, when what is merged
-// instead of replaced fits nowhere, when rests that the host keeps are left alone, when the dialog
-// did not come or could not be read, and when the word itself was refused.
+// A run may end without a message if the user seems to have stopped it, if music merged instead of
+// replaced fits nowhere, if the host keeps rests, if the dialog did not open or could not be read,
+// and if the message itself was refused.
 bool MayBeSilent(const Scenario& scenario, const CallCounts& calls) {
     const HostCall refused = calls.firstRefused.value_or(HostCall::kCount);
     const bool isOfDialogs = refused >= HostCall::kDialog && refused <= HostCall::kAlertMessage;
@@ -52,14 +52,14 @@ void Obey(const Refusal& refusal) {
     platform::headless::RefuseRegistryCalls(refusal.firstRegistryCall, refusal.lastRegistryCall);
 }
 
-// What the host itself would not close, though it was asked to.
+// What the host refused to close.
 std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCounts& calls) {
     const auto lacks = [&refusal](HostCall call) {
         return std::count(refusal.missing.begin(), refusal.missing.end(), call) != 0;
     };
     std::string text;
     if (host.Score().IsEditOpen()) {
-        // One that was to be ended is kept, whatever the host made of that.
+        // An edit that was ended is kept, whatever the host did.
         const HostCall cancel = HostCall::kCancelFinaleEdit;
         const HostCall end = HostCall::kEndFinaleEdit;
         const bool isKept = calls.Of(cancel) == 0 && (calls.Of(end) > 0 || lacks(end));
@@ -77,7 +77,7 @@ std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCou
     return text;
 }
 
-// Asks first. A dialog that cannot end itself goes with its window, as when the host ends.
+// Asks first. A dialog that cannot end itself is destroyed with its window, as when the host ends.
 void CloseDialogs(DialogDesk& desk) {
     for (int asked = 0; desk.Newest() != nullptr && asked < 4; ++asked) {
         desk.Newest()->Send(kCloseMessage);
@@ -192,7 +192,7 @@ std::string Sweep::FaultsSince(StandIn& host, const Origin& from,
     return faults;
 }
 
-// It merges as if nothing had happened, whatever the last one left.
+// The next run merges as if nothing had happened.
 std::string Sweep::ProblemsOfNextRun(StandIn& host, const Plugin& plugin, const Origin& first) {
     const Origin from = OriginOf(host, m_scenario);
     App().ResetCounts();

@@ -1,4 +1,4 @@
-// One run of a scenario in which something is refused, and what must hold after it.
+// One run of a scenario in which something is refused, and the checks after it.
 #pragma once
 
 #include <map>
@@ -9,7 +9,7 @@
 
 namespace standin {
 
-// What is refused from when the user starts the run.
+// The refusals from the start of the run.
 struct Refusal {
     u64 call = 0;  // a host call by its number, from 1
     u64 from = 0;  // and every host call from one on
@@ -20,7 +20,8 @@ struct Refusal {
 
 class Sweep {
 public:
-    // What a result may be told from: the score, and the same with the destination cleared.
+    // The scores that a result is compared with: the original, and the same with the destination
+    // cleared.
     struct Origin {
         DocumentContent before;
         DocumentContent cleared;
@@ -31,8 +32,8 @@ public:
     Sweep(const Sweep&) = delete;
     Sweep& operator=(const Sweep&) = delete;
 
-    // Whether the run came as far as what is refused. Fails the test when a state is left that must
-    // not be: a score that is neither merged nor as it was, a frame on loan, a second alert.
+    // Whether the run reached the refusal. Fails the test if the run left an invalid state: a score
+    // that is neither merged nor unchanged, a frame on loan, a second alert.
     bool Round(const Plugin& plugin, const Refusal& refusal);
 
     // Host calls of the run in which nothing is refused.

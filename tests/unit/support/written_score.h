@@ -1,4 +1,4 @@
-// A score as a test writes it, in the notation of stand_in.h: built, printed, made smaller.
+// A score in the notation of stand_in.h: can be built, printed and reduced.
 #pragma once
 
 #include <memory>
@@ -31,7 +31,7 @@ struct WrittenScore {
         bool onLyrics;
     };
     struct Expression {
-        EntryPlace place;  // of the entry it hangs on
+        EntryPlace place;  // of its entry
         i16 layer;         // that it is assigned to; -1 = none in particular
     };
     struct Duration {
@@ -54,7 +54,7 @@ struct WrittenScore {
 
 bool IsEntry(const std::string& word);
 
-// The score in a fresh host, selected; places of entries that are not there are passed over.
+// The score in a new host, selected; places without an entry are skipped.
 std::unique_ptr<StandIn> Build(const WrittenScore& score);
 
 // Every layer that the score has now.
@@ -63,7 +63,7 @@ std::vector<std::string> LayersOf(const StandIn& host, const WrittenScore& score
 // As calls of the test fixture.
 std::string Print(const WrittenScore& score);
 
-// Every score with one thing less: a layer, a detail; the most comes last.
+// Every score with one thing less: a layer, a detail; the largest ones last.
 std::vector<WrittenScore> SmallerThan(const WrittenScore& score);
 
 }  // namespace standin
