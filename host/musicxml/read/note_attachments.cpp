@@ -1,56 +1,15 @@
 #include "host/musicxml/read/note_attachments.h"
 
 #include <cstring>
-#include <unordered_map>
 
 #include "host/musicxml/entry_texts.h"
+#include "host/musicxml/note_children.h"
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/xml/xml_node.h"
 #include "host/score/frame.h"
 
 namespace standin {
 namespace {
-
-enum class NoteChild {
-    kOwnFact,  // read by the note reader and written from the music
-    kExtra,
-    kType,
-    kDot,
-    kTie,
-    kAccidental,
-    kNotehead,
-    kStem,
-    kBeam,
-    kLyric,
-    kNotations,
-    kGrace,
-};
-
-NoteChild ChildOf(std::string_view name) {
-    static const std::unordered_map<std::string_view, NoteChild> kChildren{
-        {"pitch", NoteChild::kOwnFact},
-        {"unpitched", NoteChild::kOwnFact},
-        {"rest", NoteChild::kOwnFact},
-        {"duration", NoteChild::kOwnFact},
-        {"voice", NoteChild::kOwnFact},
-        {"staff", NoteChild::kOwnFact},
-        {"chord", NoteChild::kOwnFact},
-        {"time-modification", NoteChild::kOwnFact},
-        {"grace", NoteChild::kGrace},
-        {"type", NoteChild::kType},
-        {"dot", NoteChild::kDot},
-        {"tie", NoteChild::kTie},
-        {"accidental", NoteChild::kAccidental},
-        {"notehead", NoteChild::kNotehead},
-        {"notehead-text", NoteChild::kNotehead},
-        {"stem", NoteChild::kStem},
-        {"beam", NoteChild::kBeam},
-        {"lyric", NoteChild::kLyric},
-        {"notations", NoteChild::kNotations},
-    };
-    const auto found = kChildren.find(name);
-    return found == kChildren.end() ? NoteChild::kExtra : found->second;
-}
 
 bool IsMarkup(pugi::xml_node node) {
     return node.type() == pugi::node_element || node.type() == pugi::node_comment ||
@@ -72,11 +31,6 @@ std::string WithoutId(std::string_view attributes) {
 bool IsOfOneNote(std::string_view name) {
     return name == "technical" || name == "arpeggiate" || name == "non-arpeggiate" ||
            name == "accidental-mark";
-}
-
-// Children of a rest that keep no music from taking its place.
-bool IsLookOfRest(std::string_view name) {
-    return name == "instrument" || name == "type" || name == "dot" || name == "cue";
 }
 
 }  // namespace
@@ -151,53 +105,57 @@ bool NoteAttachments::Read(const NoteElement& note, const EntryPlace& place) {
 }
 
 void NoteAttachments::ReadChild(pugi::xml_node child) {
-    switch (ChildOf(child.name())) {
-        case NoteChild::kOwnFact:
-            break;
-        case NoteChild::kGrace:
+    const NoteChild& known = NoteChildOf(child.name());
+    if (known.keptAs == KeptAs::kRecord) {
+        ReadRecord(known.slot, child);
+    } else if (known.keptAs == KeptAs::kText && IsMarkup(child)) {
+        AddExtra(TextOf(m_text, child));
+    }
+}
+
+void NoteAttachments::ReadRecord(NoteSlot slot, pugi::xml_node child) {
+    switch (slot) {
+        case NoteSlot::kGrace:
             if (child.first_attribute()) {
                 AddExtra(TextOf(m_text, child));
             }
             break;
-        case NoteChild::kType:
+        case NoteSlot::kType:
             if (child.first_attribute() ||
                 NoteTypeOf(Trimmed(child.child_value())) != m_place.form->type) {
                 AddExtra(TextOf(m_text, child));
             }
             break;
-        case NoteChild::kDot:
+        case NoteSlot::kDots:
             m_dots += TextOf(m_text, child);
             m_dotsArePlain = m_dotsArePlain && !child.first_attribute();
             break;
-        case NoteChild::kTie:
+        case NoteSlot::kTie:
             ReadTie(child, TextOf(m_text, child));
             break;
-        case NoteChild::kAccidental:
+        case NoteSlot::kAccidental:
             if (IsRest()) {
                 AddExtra(TextOf(m_text, child));
             } else {
                 CreateNoteText(DetailTag::kAccidental, Slice(child));
             }
             break;
-        case NoteChild::kNotehead:
+        case NoteSlot::kNotehead:
             m_notehead += TextOf(m_text, child);
             break;
-        case NoteChild::kStem:
+        case NoteSlot::kStem:
             ReadStem(child);
             break;
-        case NoteChild::kBeam:
+        case NoteSlot::kBeams:
             m_beams += TextOf(m_text, child);
             break;
-        case NoteChild::kLyric:
+        case NoteSlot::kLyrics:
             ReadLyric(child);
             break;
-        case NoteChild::kNotations:
+        case NoteSlot::kNotations:
             ReadNotations(child);
             break;
-        case NoteChild::kExtra:
-            if (IsMarkup(child)) {
-                AddExtra(TextOf(m_text, child));
-            }
+        default:
             break;
     }
 }
@@ -376,7 +334,7 @@ void NoteAttachments::StoreRestExtras() {
     std::string look{BundleAttributes(m_extras)};
     std::string others;
     ForEachElement(m_extras, [&](std::string_view element) {
-        (IsLookOfRest(ElementName(element)) ? look : others) += element;
+        (NoteChildOf(ElementName(element)).isLookOfRest ? look : others) += element;
     });
     if (!look.empty()) {
         CreateEntryText(DetailTag::kRestLook, EntryTextKind::kRestLook,

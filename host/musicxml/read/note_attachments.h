@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/musicxml/imported_score.h"
+#include "host/musicxml/note_children.h"
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/read/note_reader.h"
 #include "host/musicxml/read/spanners.h"
@@ -46,6 +47,7 @@ private:
     bool IsRest() const noexcept { return m_place.entry->noteCount == 0; }
     FragmentId Slice(pugi::xml_node node) { return m_fragments.Intern(TextOf(m_text, node)); }
     void ReadChild(pugi::xml_node child);
+    void ReadRecord(NoteSlot slot, pugi::xml_node child);
     void ReadStem(pugi::xml_node stem);
     void ReadLyric(pugi::xml_node lyric);
     void ReadNotations(pugi::xml_node notations);

@@ -94,7 +94,7 @@ void NoteWriter::Notations(int index) {
         }
     }
     for (const Extra& extra : m_extras) {
-        if (extra.slot == Slot::kNotations) {
+        if (extra.slot == NoteSlot::kNotations) {
             AddNotation(extra.element);
         }
     }

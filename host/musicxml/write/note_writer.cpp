@@ -56,36 +56,19 @@ void NoteWriter::Element(std::string_view name, std::string_view text) {
 }
 
 void NoteWriter::AddExtras(FragmentId id) {
-    using enum Slot;
     const std::string_view bundle = m_score.fragments[id];
     if (const std::string_view attributes = BundleAttributes(bundle); !attributes.empty()) {
         m_attributes.push_back(attributes);
     }
     ForEachElement(bundle, [this](std::string_view element) {
-        const std::string_view name = ElementName(element);
-        const Slot slot = name == "grace"                                  ? kGrace
-                          : name == "cue"                                  ? kCue
-                          : name == "tie"                                  ? kTie
-                          : name == "instrument"                           ? kInstrument
-                          : name == "footnote" || name == "level"          ? kEditorial
-                          : name == "type"                                 ? kType
-                          : name == "dot"                                  ? kDot
-                          : name == "accidental"                           ? kAccidental
-                          : name == "stem"                                 ? kStem
-                          : name == "notehead" || name == "notehead-text"  ? kNotehead
-                          : name == "beam"                                 ? kBeam
-                          : name == "play"                                 ? kPlay
-                          : name == "listen"                               ? kListen
-                          : name.starts_with('!') || name.starts_with('?') ? kLast
-                                                                           : kNotations;
-        m_extras.push_back({slot, element});
+        m_extras.push_back({NoteChildOf(ElementName(element)).slot, element});
     });
 }
 
 void NoteWriter::CollectExtras(int index) {
     m_attributes.clear();
     m_extras.clear();
-    if (m_entry->noteCount == 0) {
+    if (IsRest()) {
         for (const EntryText& text : m_texts->texts) {
             if (text.kind == EntryTextKind::kRestLook || text.kind == EntryTextKind::kRestExtras) {
                 AddExtras(text.fragment);
@@ -100,7 +83,7 @@ void NoteWriter::CollectExtras(int index) {
     }
 }
 
-bool NoteWriter::Extras(Slot slot) {
+bool NoteWriter::Extras(NoteSlot slot) {
     bool any = false;
     for (const Extra& extra : m_extras) {
         if (extra.slot == slot) {
@@ -116,8 +99,7 @@ void NoteWriter::Attributes() {
     if (!m_attributes.empty()) {
         m_out->append(1, ' ').append(m_attributes.front());
     }
-    const bool hiddenRest = m_entry->noteCount == 0 && (m_entry->flags & EntryFlag::kIgnore) != 0;
-    if (hiddenRest) {
+    if (IsRest() && (m_entry->flags & EntryFlag::kIgnore) != 0) {
         m_out->append(" print-object=\"no\"");
     }
 }
@@ -133,7 +115,11 @@ std::string_view NoteWriter::DetailOfNote(u32 tag, u16 noteID, bool& has) const 
     return {};
 }
 
-void NoteWriter::PitchOf(const EXNOTE& note) {
+void NoteWriter::PitchOrRest(const EXNOTE& note) {
+    if (IsRest()) {
+        Element(Form().rest != 0 ? m_score.fragments[Form().rest] : "<rest/>");
+        return;
+    }
     if (note.second != 0) {
         Element(m_score.pitches[note.second]);
         return;
@@ -152,7 +138,7 @@ void NoteWriter::PitchOf(const EXNOTE& note) {
 
 void NoteWriter::Ties(const EXNOTE& note) {
     const auto write = [&](u32 flag, u32 tag, std::string_view plain) {
-        if ((note.flags & flag) == 0) {
+        if (IsRest() || (note.flags & flag) == 0) {
             return;
         }
         bool has = false;
@@ -165,35 +151,47 @@ void NoteWriter::Ties(const EXNOTE& note) {
     };
     write(NoteFlag::kTieEnd, DetailTag::kTieEnd, "<tie type=\"stop\"/>");
     write(NoteFlag::kTieStart, DetailTag::kTieStart, "<tie type=\"start\"/>");
+    Extras(NoteSlot::kTie);
 }
 
-void NoteWriter::TypeAndDots(u16 noteID, bool isRest) {
-    const WrittenForm& form = m_score.forms[m_entry->fieldAt12];
-    const bool isKnown = form.notated == m_entry->duration;
-    const NoteValue value =
-        isKnown ? NoteValue{form.type, form.dots} : ValueOfLength(m_entry->duration);
-    if (!Extras(Slot::kType) && value.type != 0) {
+NoteValue NoteWriter::Value() const {
+    const bool isKnown = Form().notated == m_entry->duration;
+    return isKnown ? NoteValue{Form().type, Form().dots} : ValueOfLength(m_entry->duration);
+}
+
+void NoteWriter::Type() {
+    const NoteValue value = Value();
+    if (!Extras(NoteSlot::kType) && value.type != 0) {
         Element("type", NoteTypeName(value.type));
     }
+}
+
+void NoteWriter::Dots(const EXNOTE& note) {
     bool has = false;
     const std::string_view dots =
-        isRest ? std::string_view{} : DetailOfNote(DetailTag::kDots, noteID, has);
+        IsRest() ? std::string_view{} : DetailOfNote(DetailTag::kDots, note.noteID, has);
     if (has) {
         ForEachElement(dots, [this](std::string_view dot) { Element(dot); });
         return;
     }
-    const bool areKept = Extras(Slot::kDot);
-    for (int i = 0; i < value.dots && !areKept; ++i) {
+    const bool areKept = Extras(NoteSlot::kDots);
+    for (int i = 0; i < Value().dots && !areKept; ++i) {
         Element("<dot/>");
     }
 }
 
+void NoteWriter::DetailsAndExtras(NoteSlot slot, u32 tag, const EXNOTE& note) {
+    bool has = false;
+    if (const std::string_view details = DetailOfNote(tag, note.noteID, has); has && !IsRest()) {
+        ForEachElement(details, [this](std::string_view detail) { Element(detail); });
+    }
+    Extras(slot);
+}
+
 void NoteWriter::TimeModification() {
-    const WrittenForm& form = m_score.forms[m_entry->fieldAt12];
-    const bool isGrace = (m_entry->flags & EntryFlag::kGrace) != 0;
-    if (isGrace || m_context->time.asWritten) {
-        if (form.timeModification != 0) {
-            Element(m_score.fragments[form.timeModification]);
+    if (IsGrace() || m_context->time.asWritten) {
+        if (Form().timeModification != 0) {
+            Element(m_score.fragments[Form().timeModification]);
         }
         return;
     }
@@ -206,16 +204,15 @@ void NoteWriter::TimeModification() {
 }
 
 void NoteWriter::Stem(bool isFirst) {
-    if (Extras(Slot::kStem)) {
+    if (Extras(NoteSlot::kStem)) {
         return;
     }
-    const WrittenForm& form = m_score.forms[m_entry->fieldAt12];
-    if (m_entry->noteCount > 0 && !isFirst && !form.stemOnEachNote) {
+    if (!IsRest() && !isFirst && !Form().stemOnEachNote) {
         return;
     }
     if (m_texts->stem != 0) {
         Element(m_score.fragments[m_texts->stem]);
-    } else if ((m_entry->flags & HostEntryFlag::kFixedStem) != 0 && m_entry->noteCount > 0) {
+    } else if ((m_entry->flags & HostEntryFlag::kFixedStem) != 0 && !IsRest()) {
         Element("stem", (m_entry->flags & HostEntryFlag::kStemUp) != 0 ? "up" : "down");
     }
 }
@@ -224,7 +221,7 @@ void NoteWriter::Beams(bool isFirst) {
     if (isFirst) {
         ForEachElement(m_context->beams, [this](std::string_view beam) { Element(beam); });
     }
-    Extras(Slot::kBeam);
+    Extras(NoteSlot::kBeams);
 }
 
 void NoteWriter::Lyrics() {
@@ -239,64 +236,83 @@ void NoteWriter::Lyrics() {
     }
 }
 
-void NoteWriter::WriteNote(int index) {
-    const bool isRest = m_entry->noteCount == 0;
+void NoteWriter::WriteChild(NoteSlot slot, int index) {
     const EXNOTE& note = m_entry->notes[index];
-    const bool isGrace = (m_entry->flags & EntryFlag::kGrace) != 0;
+    switch (slot) {
+        case NoteSlot::kGrace:
+            if (IsGrace() && !Extras(slot)) {
+                Element("<grace/>");
+            }
+            break;
+        case NoteSlot::kChord:
+            if (index > 0) {
+                Element("<chord/>");
+            }
+            break;
+        case NoteSlot::kPitch:
+            PitchOrRest(note);
+            break;
+        case NoteSlot::kDuration:
+            if (!IsGrace()) {
+                Element("duration", DurationText(m_context->time.length, m_context->divisions));
+            }
+            break;
+        case NoteSlot::kTie:
+            Ties(note);
+            break;
+        case NoteSlot::kVoice:
+            if (!m_context->voice.empty()) {
+                Element("voice", m_context->voice);
+            }
+            break;
+        case NoteSlot::kType:
+            Type();
+            break;
+        case NoteSlot::kDots:
+            Dots(note);
+            break;
+        case NoteSlot::kAccidental:
+            DetailsAndExtras(slot, DetailTag::kAccidental, note);
+            break;
+        case NoteSlot::kTimeModification:
+            TimeModification();
+            break;
+        case NoteSlot::kStem:
+            Stem(index == 0);
+            break;
+        case NoteSlot::kNotehead:
+            DetailsAndExtras(slot, DetailTag::kNotehead, note);
+            break;
+        case NoteSlot::kStaff:
+            if (m_context->staff != 0) {
+                Element("staff", std::to_string(m_context->staff));
+            }
+            break;
+        case NoteSlot::kBeams:
+            Beams(index == 0);
+            break;
+        case NoteSlot::kNotations:
+            Notations(index);
+            break;
+        case NoteSlot::kLyrics:
+            if (index == 0) {
+                Lyrics();
+            }
+            break;
+        default:
+            Extras(slot);
+            break;
+    }
+}
+
+void NoteWriter::WriteNote(int index) {
     CollectExtras(index);
     m_out->append(m_indent).append("<note");
     Attributes();
     m_out->append(1, '>');
-    if (isGrace && !Extras(Slot::kGrace)) {
-        Element("<grace/>");
+    for (std::size_t slot = 0; slot < static_cast<std::size_t>(NoteSlot::kCount); ++slot) {
+        WriteChild(static_cast<NoteSlot>(slot), index);
     }
-    Extras(Slot::kCue);
-    if (index > 0) {
-        Element("<chord/>");
-    }
-    const WrittenForm& form = m_score.forms[m_entry->fieldAt12];
-    if (isRest) {
-        Element(form.rest != 0 ? m_score.fragments[form.rest] : "<rest/>");
-    } else {
-        PitchOf(note);
-    }
-    if (!isGrace) {
-        Element("duration", DurationText(m_context->time.length, m_context->divisions));
-    }
-    if (!isRest) {
-        Ties(note);
-    }
-    Extras(Slot::kTie);
-    Extras(Slot::kInstrument);
-    Extras(Slot::kEditorial);
-    if (!m_context->voice.empty()) {
-        Element("voice", m_context->voice);
-    }
-    TypeAndDots(note.noteID, isRest);
-    bool has = false;
-    if (const std::string_view accidental = DetailOfNote(DetailTag::kAccidental, note.noteID, has);
-        has && !isRest) {
-        Element(accidental);
-    }
-    Extras(Slot::kAccidental);
-    TimeModification();
-    Stem(index == 0);
-    if (const std::string_view heads = DetailOfNote(DetailTag::kNotehead, note.noteID, has);
-        has && !isRest) {
-        ForEachElement(heads, [this](std::string_view head) { Element(head); });
-    }
-    Extras(Slot::kNotehead);
-    if (m_context->staff != 0) {
-        Element("staff", std::to_string(m_context->staff));
-    }
-    Beams(index == 0);
-    Notations(index);
-    if (index == 0) {
-        Lyrics();
-    }
-    Extras(Slot::kPlay);
-    Extras(Slot::kListen);
-    Extras(Slot::kLast);
     m_out->append(m_indent).append("</note>");
 }
 

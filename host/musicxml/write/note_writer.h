@@ -7,6 +7,8 @@
 #include <vector>
 
 #include "host/musicxml/entry_texts.h"
+#include "host/musicxml/note_children.h"
+#include "host/musicxml/note_values.h"
 #include "host/musicxml/write/line_numbers.h"
 #include "host/musicxml/write/timed_entries.h"
 
@@ -36,40 +38,30 @@ public:
     void Write(const NoteContext& context, const EntryTexts& texts, std::string& out);
 
 private:
-    // Places for children that were kept unchanged; all others have a fixed place.
-    enum class Slot {
-        kGrace,
-        kCue,
-        kTie,
-        kInstrument,
-        kEditorial,
-        kType,
-        kDot,
-        kAccidental,
-        kStem,
-        kNotehead,
-        kBeam,
-        kNotations,
-        kPlay,
-        kListen,
-        kLast,
-    };
+    // A child that was kept as text.
     struct Extra {
-        Slot slot;
+        NoteSlot slot;
         std::string_view element;
     };
 
     void WriteNote(int index);
+    void WriteChild(NoteSlot slot, int index);
     void CollectExtras(int index);
     void AddExtras(FragmentId bundle);
+    bool IsRest() const noexcept { return m_entry->noteCount == 0; }
+    bool IsGrace() const noexcept { return (m_entry->flags & EntryFlag::kGrace) != 0; }
+    const WrittenForm& Form() const { return m_score.forms[m_entry->fieldAt12]; }
     std::string_view DetailOfNote(u32 tag, u16 noteID, bool& has) const;
     void Attributes();
     void Element(std::string_view element);
     void Element(std::string_view name, std::string_view text);
-    bool Extras(Slot slot);
-    void PitchOf(const EXNOTE& note);
+    bool Extras(NoteSlot slot);
+    void PitchOrRest(const EXNOTE& note);
     void Ties(const EXNOTE& note);
-    void TypeAndDots(u16 noteID, bool isRest);
+    NoteValue Value() const;
+    void Type();
+    void Dots(const EXNOTE& note);
+    void DetailsAndExtras(NoteSlot slot, u32 tag, const EXNOTE& note);
     void TimeModification();
     void Stem(bool isFirst);
     void Beams(bool isFirst);
