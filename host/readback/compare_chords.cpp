@@ -82,7 +82,7 @@ private:
     void CompareCompany(const Group& group) const {
         for (const u32 was : group.before) {
             if (!m_before.score.chords[was].rest && !m_before.isCleared[was]) {
-                FindCompany(was, group.after);
+                FindCompany(was, group);
             }
         }
         for (const u32 is : group.after) {
@@ -92,17 +92,16 @@ private:
         }
     }
 
-    void FindCompany(u32 was, const Indices& after) const {
+    void FindCompany(u32 was, const Group& group) const {
         Indices missing;  // attachments, in the chord that comes nearest
         bool isWhole = false;
         bool lacksTuplet = false;
-        for (const u32 is : after) {
+        for (const u32 is : group.after) {
             if (m_after.score.chords[is].rest || !HasNotesOf(m_after, is, m_before, was)) {
                 continue;
             }
             Indices lost = LostAttachments(was, is);
-            const bool torn = !std::ranges::includes(m_after.score.chords[is].brackets,
-                                                     m_before.score.chords[was].brackets);
+            const bool torn = !HasBracketsOf(is, was) && !JoinedAChord(is, was, group.before);
             if (!isWhole || lost.size() + torn < missing.size() + lacksTuplet) {
                 missing = std::move(lost);
                 lacksTuplet = torn;
@@ -111,7 +110,7 @@ private:
         }
         const Chord& chord = m_before.score.chords[was];
         const std::string& words = WordsForNote(m_all, m_before, chord.notes.begin);
-        if (!isWhole && HasEachNote(chord, after)) {
+        if (!isWhole && HasEachNote(chord, group.after)) {
             ReportOther(chord, Text::kPartedFromChord, words);
         }
         if (lacksTuplet) {
@@ -122,6 +121,21 @@ private:
             Report(chord, Difference::Kind::kLost,
                    Say(Text::kMarkOf, {m_all.findings.Quoted(text), words}));
         }
+    }
+
+    bool HasBracketsOf(u32 is, u32 was) const {
+        return std::ranges::includes(m_after.score.chords[is].brackets,
+                                     m_before.score.chords[was].brackets);
+    }
+
+    // A note that joins a chord is in the tuplets of that chord. Both have the same ratio, which
+    // is part of a note's form.
+    bool JoinedAChord(u32 is, u32 was, const Indices& before) const {
+        return std::ranges::any_of(before, [&](u32 other) {
+            return other != was && !m_before.score.chords[other].rest &&
+                   m_before.score.chords[other].brackets == m_after.score.chords[is].brackets &&
+                   HasNotesOf(m_after, is, m_before, other);
+        });
     }
 
     // Missing notes are reported as lost.

@@ -65,6 +65,12 @@ const struct {
          "C4 quarter 36 v2, A4 quarter 24 3:2 [ ] v2, r eighth 12 3:2 v2, r half 72 v2",
      {"--from", "all", "--to", "1"},
      " A[1 A]1 r[1 r]1"},
+    {"PartOnAnotherStaffAlone",
+     "C5 quarter 36, E4 half 72 s2, r quarter 36" + kBack +
+         "r eighth 12 3:2 v2 [, D3 eighth 12 3:2 v2 s2, r eighth 12 3:2 v2 ], r half 72 v2 s2, r "
+         "quarter 36 v2 s2",
+     {"--from", "1", "--to", "2"},
+     " r[1 r]1"},
     {"InnerOneIntoTheSameOuterOne",
      "C5 quarter 24 3:2 [, r quarter 24 3:2, G5 quarter 24 3:2 ], r half 72" + kBack +
          "r quarter 24 3:2 { v2, D4 eighth 8 9:4 v2 [, E4 eighth 8 9:4 v2, F4 eighth 8 9:4 v2 ], r "

@@ -155,6 +155,13 @@ const struct {
       Third("C5", "2")},
      "1: C5 eighth out of its tuplet\n1.333: C5 eighth out of its tuplet\n"
      "1.667: C5 eighth out of its tuplet\n"},
+    {"TupletOverTwoStavesTorn",
+     {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("C5", "1", OnStaff2()) +
+      Third("C5", "1", kTupletStop)},
+     {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("r") +
+      Third("C5", "1", kTupletStop) + Backup(4) +
+      Third("C5", "2", OnStaff2(Notations("<tuplet type=\"start\"/><tuplet type=\"stop\"/>")))},
+     "m. 1, staff 2, beat 1.333: C5 eighth out of its tuplet\n"},
     {"TupletWithoutItsStop",
      {kSixthsOfQuarter + Triplet("C5")},
      {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("C5") + Third("C5")},
@@ -291,6 +298,22 @@ const struct {
             "</time-modification>",
             kJoins}) +
       Backup(6) + Triplet("r", "2")}},
+    {"NoteJoinsAChordOfATupletWithoutBrackets",
+     {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("r") +
+      Third("r", "1", kTupletStop) + Backup(6) + Third("C4", "2") + Third("r", "2") +
+      Third("r", "2")},
+     {kSixthsOfQuarter + Triplet("r") + Backup(6) + Third("C4", "2") +
+      Note({"C5", 2, "eighth", "2",
+            "<time-modification><actual-notes>3</actual-notes><normal-notes>2</normal-notes>"
+            "</time-modification>",
+            kJoins}) +
+      Third("r", "2") + Third("r", "2")}},
+    {"PartOfATupletOnEachStaffInVoicesOfTheirOwn",
+     {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("C5", "1", OnStaff2()) +
+      Third("C5", "1", kTupletStop)},
+     {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("r") +
+      Third("C5", "1", kTupletStop) + Backup(6) + Third("r", "2", OnStaff2(kTupletStart)) +
+      Third("C5", "2", OnStaff2()) + Third("r", "2", OnStaff2(kTupletStop))}},
     {"LyricTakesTheNextFreeNumber",
      {Half("C5", "1", Lyric("1", "la")) + Backup(4) + Half("A4", "2", Lyric("1", "ho"))},
      {Half("C5", "1", Lyric("1", "la") + Lyric("2", "ho")) + Half("A4", "1", {}, kJoins)}},

@@ -277,23 +277,29 @@ private:
         }
     }
 
-    // If part of a tuplet was on another staff of its voice and moved to another voice, hidden
-    // rests fill the tuplet.
-    static void WriteGapsThatCameIn(const std::vector<PlannedEvent*>& events,
-                                    const std::vector<BracketTuplet>& tuplets) {
+    // If part of a tuplet was on another staff and is now in another voice or gone, hidden rests
+    // fill the tuplet.
+    static void WriteGapsOfTuplets(const std::vector<PlannedEvent*>& events,
+                                   const std::vector<BracketTuplet>& tuplets) {
         for (const BracketTuplet& tuplet : tuplets) {
-            for (std::size_t i = tuplet.first; i <= tuplet.last && i < events.size(); ++i) {
-                BracketPlace& gap = events[i]->place;
-                gap.isWritten =
-                    gap.isWritten ||
-                    (events[i]->cameIn &&
-                     std::none_of(events.begin(), events.end(), [&gap](const PlannedEvent* other) {
-                         return other->place.isWritten && other->place.start < gap.end &&
-                                gap.start < other->place.end;
-                     }));
+            const auto first = events.begin() + static_cast<std::ptrdiff_t>(tuplet.first);
+            const auto end = events.begin() + static_cast<std::ptrdiff_t>(tuplet.last) + 1;
+            if (std::none_of(first, end, IsWritten)) {
+                continue;
+            }
+            for (auto gap = first; gap != end; ++gap) {
+                BracketPlace& place = (*gap)->place;
+                place.isWritten =
+                    place.isWritten ||
+                    std::none_of(events.begin(), events.end(), [&place](const PlannedEvent* other) {
+                        return other->place.isWritten && other->place.start < place.end &&
+                               place.start < other->place.end;
+                    });
             }
         }
     }
+
+    static bool IsWritten(const PlannedEvent* event) { return event->place.isWritten; }
 
     void PlaceAllBrackets() {
         std::set<std::string> done;
@@ -316,7 +322,7 @@ private:
                 events.push_back(&event);
             }
         }
-        WriteGapsThatCameIn(events, tuplets);
+        WriteGapsOfTuplets(events, tuplets);
         std::vector<BracketPlace> places;
         places.reserve(events.size());
         for (const PlannedEvent* event : events) {
