@@ -5,6 +5,7 @@
 
 #include "shell/host/host_frames.h"
 #include "shell/host/host_types.h"
+#include "shell/module/ModuleState.h"
 
 class ProgressCounter;
 
@@ -41,7 +42,7 @@ public:
     // string of the plug-in's own. Cut to length - 1 units.
     virtual void GetTitle(char16* buffer, i32 length, u16 stringID) const;
     // The highest item that is a command rather than a saved setting.
-    virtual u16 GetLastCommandItem() const { return 0; }
+    virtual u16 GetLastCommandItem() const { return g_module.lastCommandItem; }
     // 0 turns progress reports off.
     virtual i16 AllowProgress(u64 workSteps, i16 layers);
     virtual i16 KeepEdit() { return 1; }

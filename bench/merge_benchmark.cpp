@@ -43,7 +43,7 @@ void Merge(benchmark::State& state) {
     }
     while (state.KeepRunning()) {
         app.ResetCounts();
-        plugin->RunCommand(&whole, whole);
+        plugin->RunCommand(0, &whole, whole);
         state.PauseTiming();
         if (document.ChangedMeasures().size() != std::size_t(measures) || !document.Undo()) {
             state.SkipWithError("the merge failed");

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "host/cli/output_file.h"
+#include "host/score/application.h"
 
 namespace standin::cli {
 
@@ -121,6 +122,20 @@ std::variant<std::vector<BatchItem>, std::string> ItemsOf(const BatchCommand& co
         items.push_back(std::move(item));
     }
     return items;
+}
+
+std::vector<std::string> ArgumentsFor(const BatchItem& item,
+                                      const std::vector<std::string>& options) {
+    std::vector<std::string> arguments;
+    if (const std::string manners = NamesOf(App().manners); !manners.empty()) {
+        arguments = {"--host", manners};
+    }
+    arguments.insert(arguments.end(), {"merge", TextOf(item.input), "--json"});
+    if (!item.output.empty()) {
+        arguments.insert(arguments.end(), {"-o", TextOf(item.output)});
+    }
+    arguments.insert(arguments.end(), options.begin(), options.end());
+    return arguments;
 }
 
 }  // namespace standin::cli

@@ -19,4 +19,8 @@ struct BatchItem {
 // below the output folder. A string is an error message.
 std::variant<std::vector<BatchItem>, std::string> ItemsOf(const BatchCommand& command);
 
+// What merges one of them in a run of this program of its own, on a host of the same manners.
+std::vector<std::string> ArgumentsFor(const BatchItem& item,
+                                      const std::vector<std::string>& options);
+
 }  // namespace standin::cli

@@ -96,12 +96,8 @@ private:
         int exitCode = kFailed;
         std::string problem = m_command.inPlace ? std::string{} : MakeFolderOf(target);
         if (problem.empty()) {
-            std::vector<std::string> arguments{"merge", TextOf(item.input), "--json"};
-            if (!target.empty()) {
-                arguments.insert(arguments.end(), {"-o", TextOf(target)});
-            }
-            arguments.insert(arguments.end(), m_command.options.begin(), m_command.options.end());
-            exitCode = machine::RunThisProgram(arguments, report, errors);
+            exitCode = machine::RunThisProgram(
+                ArgumentsFor({item.input, target}, m_command.options), report, errors);
             problem = exitCode < 0 ? Say(Text::kCrashed, {TextOf(item.input)}) : std::string{};
         }
         if (exitCode == kDone && m_command.inPlace) {

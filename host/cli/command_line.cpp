@@ -174,6 +174,10 @@ std::variant<Command, ExitCode> CommandOf(const Arguments& arguments) {
     if (row.name == "show") {
         return Command{ShowCommand{arguments.Value(kInput), arguments.Has(kJson)}};
     }
+    if (row.name == "run") {
+        return Command{PluginCommand{arguments.Value(kInput), arguments.Value(kOutput),
+                                     arguments.Value(kCommandTitle, "Plyweld")}};
+    }
     if (row.name == "compare") {
         return Command{CompareCommand{arguments.Value(kInput), arguments.Value(kSecondScore),
                                       arguments.Has(kMerged), arguments.Has(kDetails),

@@ -51,6 +51,13 @@ struct ShowCommand {
     bool json = false;
 };
 
+// A command of a plug-in, with its stored options and without its dialog.
+struct PluginCommand {
+    std::string input;
+    std::string output;  // empty: the score is not written
+    std::string title;
+};
+
 struct CompareCommand {
     std::string first;
     std::string second;
@@ -70,8 +77,8 @@ enum ExitCode : int {
 
 struct DoctorCommand {};
 
-using Command =
-    std::variant<MergeCommand, BatchCommand, ShowCommand, CompareCommand, DoctorCommand>;
+using Command = std::variant<MergeCommand, BatchCommand, ShowCommand, PluginCommand, CompareCommand,
+                             DoctorCommand>;
 
 // The arguments without the program's own name. If nothing is to be run (help was requested, or the
 // usage is wrong), the text has been printed and the exit code is set.

@@ -8,6 +8,7 @@ namespace standin::cli {
 ExitCode Merge(const MergeCommand& command);
 ExitCode MergeBatch(const BatchCommand& command);
 ExitCode Show(const ShowCommand& command);
+ExitCode RunPluginCommand(const PluginCommand& command);
 ExitCode CompareScores(const CompareCommand& command);
 ExitCode Doctor();
 

@@ -1,5 +1,6 @@
 #include "host/cli/installation.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <initializer_list>
 
@@ -22,6 +23,13 @@ std::string FirstOf(std::initializer_list<std::filesystem::path> places) {
     return {};
 }
 
+// Natively the folder holds other libraries, too.
+bool IsPluginName(const std::filesystem::path& file) {
+    const std::filesystem::path name{machine::kPluginFile};
+    return file.extension() == name.extension() &&
+           TextOf(file.stem()).starts_with(TextOf(name.stem()));
+}
+
 }  // namespace
 
 std::string PluginFile() {
@@ -29,6 +37,20 @@ std::string PluginFile() {
     const std::string found = FirstOf(
         {beside, machine::ProgramFolder() / ".." / "lib" / "plyweld" / machine::kPluginFile});
     return found.empty() ? TextOf(beside) : found;
+}
+
+std::vector<std::string> PluginFiles() {
+    const std::filesystem::path first = PathOf(PluginFile());
+    std::vector<std::string> files;
+    std::error_code failed;
+    for (const auto& entry : std::filesystem::directory_iterator{first.parent_path(), failed}) {
+        if (entry.path().filename() != first.filename() && IsPluginName(entry.path())) {
+            files.push_back(TextOf(entry.path()));
+        }
+    }
+    std::sort(files.begin(), files.end());
+    files.insert(files.begin(), TextOf(first));
+    return files;
 }
 
 std::string GuideFile() {

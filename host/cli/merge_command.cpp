@@ -9,10 +9,9 @@
 #include "host/cli/messages.h"
 #include "host/cli/open_score.h"
 #include "host/cli/output_file.h"
+#include "host/cli/score_bytes.h"
 #include "host/cli/selection.h"
 #include "host/cli/verified_merge.h"
-#include "host/musicxml/write/write_score.h"
-#include "host/musicxml/xml/archive.h"
 #include "host/report/report_json.h"
 #include "host/report/report_text.h"
 
@@ -23,17 +22,6 @@ namespace {
 ExitCode Fail(ExitCode code, const std::string& problem) {
     Complain(problem);
     return code;
-}
-
-// The score in the format of the output's extension; empty on failure, with the reason.
-std::string BytesFor(const std::string& output, ImportedScore& score, std::string& problem) {
-    const bool zipped = LowerCaseExtension(output) == ".mxl";
-    if (zipped != score.archive.empty()) {
-        return WriteScore(score, {}, &problem);
-    }
-    score.archive.clear();
-    const std::string text = WriteScore(score, {}, &problem);
-    return zipped && !text.empty() ? MakeArchive("score.musicxml", text) : text;
 }
 
 // A user who names a layer means the voice that has it throughout the piece.

@@ -8,15 +8,11 @@
 
 namespace standin::cli {
 
-namespace {
-
 std::string TextOf(const Alert& alert) {
     const std::u16string_view text =
         alert.stringId != 0 ? platform::ResourceString(alert.stringId) : alert.text;
     return platform::Utf16ToMultiByte(text, platform::CodePage::kUtf8).value_or("");
 }
-
-}  // namespace
 
 MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptions& options) {
     const StoredOptions stored{options};
@@ -34,7 +30,7 @@ MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptio
     if (const auto plugin = Plugin::Start(problem)) {
         const ProgressLine progress{static_cast<u16>(selection.endMeasure)};
         const EREGION whole = document.WholeRegion();
-        plugin->RunCommand(&selection, whole);
+        plugin->RunCommand(0, &selection, whole);
         run.kept = !document.UndoTexts().empty();
         if (run.problem.empty() && !run.kept) {
             run.stopped = App().lastProgressStopped != 0;

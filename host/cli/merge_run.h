@@ -4,7 +4,7 @@
 #include <string>
 
 #include "host/cli/stored_options.h"
-#include "host/score/document.h"
+#include "host/score/application.h"
 
 namespace standin::cli {
 
@@ -17,5 +17,8 @@ struct MergeRun {
 // Starts the plug-in, runs its command with these options on the current document's selection,
 // and ends it. A run that failed or was stopped leaves the document as it was.
 MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptions& options);
+
+// What an alert of the plug-in says, in UTF-8.
+std::string TextOf(const Alert& alert);
 
 }  // namespace standin::cli

@@ -55,6 +55,12 @@ constexpr OptionRow kCompareOptions[] = {
     {kJson, "--json", Text::kJsonHelp},
 };
 
+constexpr OptionRow kRunOptions[] = {
+    {kInput, "IN", Text::kFirstScoreHelp, kScore, "", "", "", true},
+    {kOutput, "-o,--output", Text::kOutputHelp, kOutputScore, "OUT"},
+    {kCommandTitle, "--command", Text::kCommandTitleHelp, kName, "TITLE", "Plyweld"},
+};
+
 constexpr OptionRow kHelpOptions[] = {
     {kTopic, "COMMAND", Text::kCommandNameHelp, kChoice, "", "", "merge show compare doctor help"},
 };
@@ -69,6 +75,7 @@ constexpr CommandRow kCommands[] = {
     {"compare", Text::kComparePurpose, kCompareOptions},
     {"doctor", Text::kDoctorPurpose, {}},
     {"help", Text::kHelpPurpose, kHelpOptions},
+    {"run", Text::kRunPurpose, kRunOptions, false},
     {"completion", Text::kCompletionPurpose, kCompletionOptions, false},
     {"man", Text::kManPurpose, {}, false},
 };

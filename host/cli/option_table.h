@@ -34,6 +34,7 @@ enum class OptionId {
     kJobs,
     kSecondScore,
     kMerged,
+    kCommandTitle,
     kTopic,
     kShell,
     kHelp,

@@ -25,8 +25,9 @@ Plugin::~Plugin() {
     }
 }
 
-std::unique_ptr<Plugin> Plugin::Start(std::string& problem, WindowHandle mainWindow) {
-    auto library = machine::Library::Open(PathOf(PluginFile()), problem);
+std::unique_ptr<Plugin> Plugin::Start(std::string& problem, WindowHandle mainWindow,
+                                      const std::string& file) {
+    auto library = machine::Library::Open(PathOf(file.empty() ? PluginFile() : file), problem);
     if (library == nullptr) {
         return nullptr;
     }
@@ -94,9 +95,9 @@ void Plugin::Invoke(WindowHandle owner, int item, const EREGION* selection,
     m_invoke(owner, static_cast<u16>(item), selection, &wholeDocument);
 }
 
-void Plugin::RunCommand(const EREGION* selection, const EREGION& wholeDocument) const {
+void Plugin::RunCommand(int item, const EREGION* selection, const EREGION& wholeDocument) const {
     const machine::ShiftHeld shift;
-    Invoke(nullptr, 0, selection, wholeDocument);
+    Invoke(nullptr, item, selection, wholeDocument);
 }
 
 }  // namespace standin::cli

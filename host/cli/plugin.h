@@ -17,23 +17,25 @@ struct PluginItem {
 
 class Plugin {
 public:
-    // Loads and initializes it, and lists its menu items. Null if it is missing, lacks an export,
-    // uses another version of the interface, refuses to start or offers no command; problem then
-    // says which. Without a main window the timers that it starts run at once.
-    static std::unique_ptr<Plugin> Start(std::string& problem, WindowHandle mainWindow = nullptr);
+    // Loads and initializes a file, by default Plyweld's, and lists its menu items. Null if it is
+    // missing, lacks an export, uses another version of the interface, refuses to start or offers
+    // no command; problem then says which. Without a main window the timers that it starts run at
+    // once.
+    static std::unique_ptr<Plugin> Start(std::string& problem, WindowHandle mainWindow = nullptr,
+                                         const std::string& file = {});
     // Terminates and unloads it.
     ~Plugin();
     Plugin(const Plugin&) = delete;
     Plugin& operator=(const Plugin&) = delete;
 
-    // As it listed them at its start; the command is the first.
+    // As it listed them at its start: its commands, then its saved settings.
     const std::vector<PluginItem>& Items() const noexcept { return m_items; }
     bool IsEnabled(int item) const;
     // Chooses a menu item. The selection may be null.
     void Invoke(WindowHandle owner, int item, const EREGION* selection,
                 const EREGION& wholeDocument) const;
-    // The same for the command, with Shift held, so that no dialog comes up.
-    void RunCommand(const EREGION* selection, const EREGION& wholeDocument) const;
+    // The same for a command, with Shift held, so that no dialog comes up.
+    void RunCommand(int item, const EREGION* selection, const EREGION& wholeDocument) const;
 
 private:
     explicit Plugin(std::unique_ptr<machine::Library> library);

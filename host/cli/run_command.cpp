@@ -17,6 +17,7 @@ struct Runner {
     ExitCode operator()(const MergeCommand& command) const { return Merge(command); }
     ExitCode operator()(const BatchCommand& command) const { return MergeBatch(command); }
     ExitCode operator()(const ShowCommand& command) const { return Show(command); }
+    ExitCode operator()(const PluginCommand& command) const { return RunPluginCommand(command); }
     ExitCode operator()(const CompareCommand& command) const { return CompareScores(command); }
     ExitCode operator()(const DoctorCommand&) const { return Doctor(); }
 };

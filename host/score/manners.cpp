@@ -108,4 +108,14 @@ std::optional<Manners> ParseManners(std::string_view names) {
     return manners;
 }
 
+std::string NamesOf(const Manners& manners) {
+    std::string names;
+    for (const Manner& manner : kManners) {
+        if (manners.*(manner.flag)) {
+            names += (names.empty() ? "" : ",") + std::string{manner.name};
+        }
+    }
+    return names;
+}
+
 }  // namespace standin

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "host/score/host_call.h"
@@ -40,5 +41,7 @@ inline constexpr Manner kManners[] = {
 
 // From names joined by commas; empty if one of them is not a manner.
 std::optional<Manners> ParseManners(std::string_view names);
+// The same names again; empty when there are none.
+std::string NamesOf(const Manners& manners);
 
 }  // namespace standin

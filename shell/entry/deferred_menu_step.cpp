@@ -11,11 +11,14 @@ namespace {
 // The host lists no more of an item's text.
 constexpr std::size_t kListedUnits = std::size(MenuItemDescriptor{}.text) - 1;
 
-void MoveSavedSettings(platform::Menu submenu) {
+// All but the first command, which the submenu begins with.
+void MoveItems(platform::Menu submenu) {
     const std::u16string prefix = VersionedPluginTitle() + u" ";
     for (i16 item = 1; item < g_module.itemCount; ++item) {
-        const std::u16string label =
-            SavedSettingLabel(item).substr(0, kListedUnits - prefix.size());
+        if (item == g_module.lastCommandItem + 1) {
+            platform::AppendMenuSeparator(submenu);
+        }
+        const std::u16string label = ItemLabel(item).substr(0, kListedUnits - prefix.size());
         if (!label.empty()) {
             MoveSettingItem(g_module.hostMainWindow, submenu, label, prefix);
         }
@@ -33,7 +36,6 @@ void DeferredMenuStep() {
     const platform::Menu submenu = MakePluginSubmenu(g_module.hostMainWindow, PluginTitle(),
                                                      PluginTitle(), VersionedPluginTitle());
     if (submenu != nullptr) {
-        platform::AppendMenuSeparator(submenu);
-        MoveSavedSettings(submenu);
+        MoveItems(submenu);
     }
 }

@@ -1,9 +1,6 @@
 #include "shell/entry/invoke.h"
 
-#include <memory>
-
 #include "Class Files/LiveCommands.h"
-#include "merge/Plyweld.h"
 #include "platform/text.h"
 #include "shell/entry/menu_items.h"
 
@@ -13,9 +10,9 @@ i16 InvokeMenuItem(WindowHandle owner, u16 item, const EREGION* selection,
         live->BringToFront();
         return 0;
     }
+    const CommandRow& row = CommandOf(item);
     const std::string title =
-        platform::Utf16ToMultiByte(PluginTitle(), platform::CodePage::kAnsi).value_or("");
+        platform::Utf16ToMultiByte(CommandTitle(row), platform::CodePage::kAnsi).value_or("");
     // The command owns itself from here on.
-    auto command = std::make_unique<Plyweld>(owner, item, title);
-    return command.release()->Start(selection, wholeDocument);
+    return row.make(owner, item, title).release()->Start(selection, wholeDocument);
 }

@@ -1,8 +1,9 @@
-// The plug-in's items in the host's menu: the command, and one for each saved setting.
+// The plug-in's items in the host's menu: its commands, and one for each saved setting.
 #pragma once
 
 #include <string>
 
+#include "Class Files/CommandTable.h"
 #include "shell/host/host_frames.h"
 
 // Fills the descriptor of an item (from 0) and returns 1; 0 = no such item, nothing written.
@@ -11,11 +12,16 @@ i16 DescribeMenuItem(i16 item, MenuItemDescriptor* out);
 // 1 = enabled, 0 = disabled: a saved setting that skips its dialog needs a selection.
 i16 MenuItemStatus(i16 item);
 
-// The command's title, and the title with the version, by which the host lists it when the
+// The command that an item runs: that of its row, or the first one with a saved setting.
+const CommandRow& CommandOf(u16 item);
+
+std::u16string CommandTitle(const CommandRow& row);
+
+// The first command's title, and the title with the version, by which the host lists it when the
 // items are to be gathered in a submenu.
 std::u16string PluginTitle();
 std::u16string VersionedPluginTitle();
 
-// The name of a saved setting, followed by "..." when it shows its dialog; empty when there is
-// no such saved setting. number: from 1.
-std::u16string SavedSettingLabel(i16 number);
+// The title of a command or the name of a saved setting, followed by "..." when it shows its
+// dialog; empty when there is no such item.
+std::u16string ItemLabel(i16 item);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Class Files/CommandTable.h"
 #include "platform/guarded.h"
 #include "platform/module.h"
 #include "platform/timer.h"
@@ -62,6 +63,7 @@ i16 Initialize(WindowHandle hostMainWindow, u32* flags) {
     if (HoldsForeignFolder(platform::PluginFilePath())) {
         return 0;
     }
+    g_module.lastCommandItem = static_cast<u16>(Commands().size() - 1);
     ArmDeferredMenuStep();
     CountMenuItems();
     return 1;

@@ -11,8 +11,10 @@ struct ModuleState {
     u32 hostVersion = kInterfaceVersion;
     // Reaches the host's menu bar. Null before FinaleExtensionInit.
     WindowHandle hostMainWindow = nullptr;
-    // Menu items found at initialization: the command, and one for each saved setting.
+    // Menu items found at initialization: the commands, and one for each saved setting.
     i16 itemCount = 0;
+    // The commands have the items from 0 to this one.
+    u16 lastCommandItem = 0;
 
     // The step that reshapes the host's menu: null unless armed, and the timer that runs it.
     void (*deferredMenuStep)() = nullptr;

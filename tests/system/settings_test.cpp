@@ -50,7 +50,7 @@ protected:
         std::string problem;
         const auto plugin = Plugin::Start(problem);
         ASSERT_TRUE(plugin) << problem;
-        plugin->RunCommand(&whole, whole);
+        plugin->RunCommand(0, &whole, whole);
         EXPECT_EQ(standin::App().lent.Count(), 0U);
     }
 

@@ -4,6 +4,7 @@
 
 #include "host/cli/batch.h"
 #include "host/cli/output_file.h"
+#include "host/score/application.h"
 #include "tests/unit/support/files.h"
 
 namespace {
@@ -51,6 +52,16 @@ protected:
 
 TEST_F(BatchItems, FolderScoresAreSortedByName) {
     EXPECT_EQ(Outputs(With({"in"})), "a score.musicxml;b.mxl;\xE8\xB6\x8A\xE5\xBE\x8C.xml;");
+}
+
+TEST_F(BatchItems, ScoresKeepTheHostsManners) {
+    using Words = std::vector<std::string>;
+    EXPECT_EQ(ArgumentsFor({"a.xml", {}}, {"--verify"}),
+              (Words{"merge", "a.xml", "--json", "--verify"}));
+    App().manners = {.wide = true, .gaps = true};
+    EXPECT_EQ(ArgumentsFor({"a.xml", "b.xml"}, {}),
+              (Words{"--host", "wide,gaps", "merge", "a.xml", "--json", "-o", "b.xml"}));
+    App().manners = {};
 }
 
 TEST_F(BatchItems, RecursiveKeepsSubfolders) {

@@ -75,6 +75,15 @@ TEST_F(CommandRun, WhatBecameAChordIsALossOnlyToAPlainComparison) {
     EXPECT_NE(output.find("lost"), output.npos) << output;
 }
 
+TEST_F(CommandRun, RunFindsACommandByItsTitle) {
+    ASSERT_EQ(Run({"merge", kCarol, "-o", File("merged.musicxml")}), kDone) << errors;
+    ASSERT_EQ(Run({"run", kCarol, "-o", File("run.musicxml"), "--command", "Plyweld"}), kDone)
+        << errors;
+    EXPECT_EQ(Content(File("run.musicxml")), Content(File("merged.musicxml")));
+    EXPECT_EQ(Run({"run", kCarol, "--command", "Plywood"}), kFailed);
+    EXPECT_EQ(errors, "plyweld: no plug-in has a command Plywood\n");
+}
+
 TEST_F(CommandRun, OnlyTheSelectionChanges) {
     ASSERT_EQ(Run({"merge", kCarol, "-o", File("out.musicxml"), "--measures", "2-3", "--staves",
                    "1", "--json"}),

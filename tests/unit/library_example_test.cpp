@@ -21,7 +21,7 @@ TEST(LibraryExample, BookmarksSelectedMeasures) {
     standin::StandIn host(2, 3);
     host.Score().LayoutSystems(3);
     host.Select(1, 2, 0, 2, 3, kEndOfMeasure);
-    Start(host, new BookmarkMeasures(nullptr, 0));
+    Start(host, new BookmarkMeasures(nullptr, 0, {}));
 
     std::string bookmarks;
     FinPIBookmark bookmark(0);
@@ -45,7 +45,7 @@ public:
 TEST(LibraryExample, MayDisableProgress) {
     standin::StandIn host(6, 10);
     host.SelectAll();
-    Start(host, new WithoutReports(nullptr, 0));
+    Start(host, new WithoutReports(nullptr, 0, {}));
     EXPECT_EQ(standin::App().progressDisplaysOpened, 1U);
     EXPECT_TRUE(standin::App().progress.empty());
 }
@@ -57,7 +57,7 @@ TEST(LibraryExample, ForgetsAnswers) {
     ASSERT_EQ(ZKFX_PutSettings(FinPIAlert::kSettingName, kQuestion, &answer, sizeof(answer),
                                FinPIAlert::kStoredUnder),
               1);
-    BookmarkMeasures(nullptr, 0).ResetAlerts();
+    BookmarkMeasures(nullptr, 0, {}).ResetAlerts();
     EXPECT_EQ(
         ZKFX_GetSettings(FinPIAlert::kSettingName, kQuestion, nullptr, 0, FinPIAlert::kStoredUnder),
         0U);
