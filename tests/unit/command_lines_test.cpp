@@ -121,6 +121,12 @@ const LineCase kLineCases[] = {
      "1", "2"},
     {"hairpins of two staves", TwoOnTwoStaves("wedge", "crescendo"), "2", "1"},
     {"octave shifts of two staves", TwoOnTwoStaves("octave-shift", "down"), "all", "1"},
+    {"a hairpin that stops where a slur to another stream starts",
+     At(1, "1", "C5", 1) + Direction(End("wedge", "crescendo", 1, 1), 1) + At(1, "1", "D5", 1) +
+         Direction(End("wedge", "stop", 1, 1), 1) + At(2, "1", "D4", 2, Slur("start", 1, 1)) +
+         At(1, "1", "E5", 4, Slur("stop", 1, 1)) + Backup(8) + At(1, "5", "A4", 2) +
+         At(1, "5", "G4", 2) + At(1, "5", "A4", 4),
+     "2", "1"},
     {"dashes of two staves", TwoOnTwoStaves("dashes", "start"), "1", "2"},
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 #include <tuple>
 
 #include "host/musicxml/expressions.h"
@@ -244,6 +245,7 @@ private:
 
     static void LaySteps(Draft& draft) {
         std::vector<PlannedStep>& steps = draft.stream.steps;
+        steps.clear();
         for (std::size_t i = 0; i < draft.slots.size(); ++i) {
             std::vector<PlannedStep>& slot = draft.slots[i];
             std::stable_sort(
@@ -260,16 +262,92 @@ private:
 
     void LayStreams() {
         for (Draft& block : m_blocks) {
-            block.stream.steps = std::move(block.behind);
+            LaySteps(block);
             m_drafts.push_back(std::move(block));
         }
         std::stable_sort(m_drafts.begin(), m_drafts.end(),
                          [](const Draft& a, const Draft& b) { return a.rank < b.rank; });
         AddItems(m_head);
-        for (const std::size_t index : OrderOfStreams(m_drafts.size(), Links())) {
+        for (const std::size_t index : OrderOfDrafts()) {
             m_plan.streams.push_back(std::move(m_drafts[index].stream));
         }
         AddItems(m_closing);
+    }
+
+    // A direction that would end a line before it starts moves to the stream in which it starts.
+    std::vector<std::size_t> OrderOfDrafts() {
+        std::set<std::size_t> moved;
+        for (;;) {
+            std::vector<std::size_t> order = OrderOfStreams(m_drafts.size(), Links());
+            const EarlyStop early = FindEarlyStop(order, moved);
+            if (early.stop == nullptr) {
+                return order;
+            }
+            moved.insert(early.item);
+            TakeOut(*early.stop, early.item);
+            PlaceIn(*early.start, early.item);
+            LaySteps(*early.stop);
+            LaySteps(*early.start);
+        }
+    }
+
+    struct EarlyStop {
+        Draft* stop = nullptr;  // null: there is none
+        Draft* start = nullptr;
+        std::size_t item = 0;  // where the line stops
+    };
+
+    EarlyStop FindEarlyStop(const std::vector<std::size_t>& order,
+                            const std::set<std::size_t>& moved) {
+        std::map<u32, std::pair<Draft*, std::size_t>> stops;  // by line
+        for (const std::size_t index : order) {
+            Draft& draft = m_drafts[index];
+            for (const WrittenEnd& end : EndsOf(draft)) {
+                const auto stop = stops.find(end.line);
+                if (end.role == LineRole::kStart && stop != stops.end() &&
+                    stop->second.first != &draft) {
+                    return {stop->second.first, &draft, stop->second.second};
+                }
+            }
+            for (const auto& [line, item] : StopsOfDirections(draft)) {
+                if (!moved.contains(item)) {
+                    stops[line] = {&draft, item};
+                }
+            }
+        }
+        return {};
+    }
+
+    // Lines that stop in a direction of the draft, and the directions.
+    std::vector<std::pair<u32, std::size_t>> StopsOfDirections(const Draft& draft) const {
+        std::vector<std::pair<u32, std::size_t>> stops;
+        for (const PlannedStep& step : draft.stream.steps) {
+            std::vector<WrittenEnd> ends;
+            if (step.event == nullptr) {
+                const MeasureItem& item = m_original.items[step.item];
+                AddEndsOfText(m_part.lines, item.begin, item.end, ends);
+            }
+            for (const WrittenEnd& end : ends) {
+                if (end.role == LineRole::kStop) {
+                    stops.emplace_back(end.line, step.item);
+                }
+            }
+        }
+        return stops;
+    }
+
+    static void TakeOut(Draft& draft, std::size_t item) {
+        const auto isIt = [item](const PlannedStep& step) { return step.item == item; };
+        for (std::vector<PlannedStep>& slot : draft.slots) {
+            std::erase_if(slot, isIt);
+        }
+        std::erase_if(draft.behind, isIt);
+    }
+
+    std::vector<WrittenEnd> EndsOf(const Draft& draft) const {
+        std::vector<WrittenEnd> ends;
+        AddEndsOfStream(m_score, m_part, m_original, draft.stream, ends);
+        return ends;
     }
 
     void AddItems(std::vector<PlannedStep>& items) {
@@ -282,22 +360,24 @@ private:
     std::vector<StreamLink> Links() const {
         std::map<u32, std::size_t> starts;
         std::map<u32, std::size_t> stops;
+        std::set<u32> ofDirections;
         for (std::size_t i = 0; i < m_drafts.size(); ++i) {
-            std::vector<WrittenEnd> ends;
-            AddEndsOfStream(m_score, m_part, m_original, m_drafts[i].stream, ends);
-            for (const WrittenEnd& end : ends) {
+            for (const WrittenEnd& end : EndsOf(m_drafts[i])) {
                 if (end.role == LineRole::kStart) {
                     starts[end.line] = i;
                 } else if (end.role == LineRole::kStop) {
                     stops[end.line] = i;
                 }
             }
+            for (const auto& [line, item] : StopsOfDirections(m_drafts[i])) {
+                ofDirections.insert(line);
+            }
         }
         std::vector<StreamLink> links;
         for (const auto& [line, start] : starts) {
             const auto stop = stops.find(line);
             if (stop != stops.end() && stop->second != start) {
-                links.emplace_back(start, stop->second);
+                links.push_back({start, stop->second, ofDirections.contains(line)});
             }
         }
         std::vector<const PlannedStream*> streams;
@@ -305,7 +385,7 @@ private:
             streams.push_back(&draft.stream);
         }
         for (const TieLink& tie : TieLinksOf(streams)) {
-            links.emplace_back(tie.from, tie.to);
+            links.push_back({tie.from, tie.to, false});
         }
         return links;
     }
