@@ -1,7 +1,6 @@
 #include "host/musicxml/write/tuplet_brackets.h"
 
 #include <algorithm>
-#include <map>
 #include <set>
 #include <tuple>
 
@@ -11,6 +10,7 @@ namespace standin {
 namespace {
 
 struct Bracket {
+    u32 id = 0;  // as in its text; 0 = it has none
     FragmentId start = 0;
     FragmentId stop = 0;
     std::vector<const BracketTuplet*> tuplets;  // on its staves
@@ -94,45 +94,55 @@ public:
         : m_places{places}, m_tuplets{tuplets}, m_fragments{fragments} {}
 
     void Collect() {
-        for (const BracketTuplet& tuplet : m_tuplets) {
-            if (tuplet.text.start == 0 && tuplet.text.stop == 0) {
-                continue;
+        for (std::size_t i = 0; i < m_tuplets.size(); ++i) {
+            const BracketTuplet& tuplet = m_tuplets[i];
+            const auto known =
+                std::find_if(m_brackets.begin(), m_brackets.end(), [&](const Bracket& bracket) {
+                    return std::any_of(
+                        bracket.tuplets.begin(), bracket.tuplets.end(),
+                        [&](const BracketTuplet* other) { return AreOne(*other, tuplet); });
+                });
+            Bracket& bracket = known == m_brackets.end() ? m_brackets.emplace_back() : *known;
+            if (bracket.id == 0) {
+                bracket.id = tuplet.text.bracket;
             }
-            Bracket& bracket = m_brackets[tuplet.text.bracket];
-            bracket.start = bracket.start != 0 ? bracket.start : tuplet.text.start;
-            bracket.stop = bracket.stop != 0 ? bracket.stop : tuplet.text.stop;
+            if (bracket.id == tuplet.text.bracket) {
+                bracket.start = bracket.start != 0 ? bracket.start : tuplet.text.start;
+                bracket.stop = bracket.stop != 0 ? bracket.stop : tuplet.text.stop;
+            }
             bracket.tuplets.push_back(&tuplet);
+            m_bracketOf.push_back(static_cast<std::size_t>(&bracket - m_brackets.data()));
         }
-        for (auto& [id, bracket] : m_brackets) {
+        for (Bracket& bracket : m_brackets) {
             FindEnds(m_places, bracket);
-            for (int outer = bracket.tuplets.front()->outer; outer >= 0; outer = Outer(outer)) {
-                ++bracket.depth;
-            }
+            bracket.depth = DepthOf(*bracket.tuplets.front());
         }
     }
 
     void Place(const StandAlone& mayStandAlone) {
-        std::vector<std::pair<u32, Bracket*>> kept;
-        for (auto& [id, bracket] : m_brackets) {
+        std::vector<Bracket*> kept;
+        for (Bracket& bracket : m_brackets) {
+            const bool isThere = bracket.start != 0 || bracket.stop != 0;
             const bool isWhole = bracket.start != 0 && bracket.stop != 0;
-            if (bracket.first != nullptr &&
-                (isWhole || mayStandAlone(*bracket.first, {bracket.start, bracket.stop, id}))) {
-                kept.emplace_back(id, &bracket);
+            if (isThere && bracket.first != nullptr &&
+                (isWhole ||
+                 mayStandAlone(*bracket.first, {bracket.start, bracket.stop, bracket.id}))) {
+                kept.push_back(&bracket);
             }
         }
-        std::stable_sort(kept.begin(), kept.end(), [](const auto& a, const auto& b) {
-            return a.second->depth < b.second->depth;
+        std::stable_sort(kept.begin(), kept.end(), [](const Bracket* a, const Bracket* b) {
+            return std::tie(a->depth, a->id) < std::tie(b->depth, b->id);
         });
-        for (const auto& [id, bracket] : kept) {
+        for (Bracket* bracket : kept) {
             Number(*bracket);
         }
-        for (const auto& [id, bracket] : kept) {
+        for (const Bracket* bracket : kept) {
             if (bracket->start != 0) {
                 bracket->first->brackets += Element(*bracket, bracket->start);
             }
         }
         for (auto at = kept.rbegin(); at != kept.rend(); ++at) {
-            const Bracket& bracket = *at->second;
+            const Bracket& bracket = **at;
             if (bracket.stop != 0) {
                 const std::string stop = Element(bracket, bracket.stop);
                 std::string& brackets = bracket.last->brackets;
@@ -142,17 +152,35 @@ public:
     }
 
 private:
+    // Whether they are parts of one bracket. On record, each staff has the part of a tuplet that
+    // is its own.
+    bool AreOne(const BracketTuplet& a, const BracketTuplet& b) const {
+        const auto mayHaveParts = [](const BracketTuplet& tuplet) {
+            return (tuplet.text.start != 0) == (tuplet.text.stop != 0);
+        };
+        if (a.text.bracket != 0 && a.text.bracket == b.text.bracket) {
+            return true;
+        }
+        return a.stream == b.stream && mayHaveParts(a) && mayHaveParts(b) &&
+               m_places[a.first].start == m_places[b.first].start &&
+               m_places[a.last].end == m_places[b.last].end && DepthOf(a) == DepthOf(b);
+    }
+
+    std::size_t DepthOf(const BracketTuplet& tuplet) const {
+        std::size_t depth = 0;
+        for (int outer = tuplet.outer; outer >= 0; outer = Outer(outer)) {
+            ++depth;
+        }
+        return depth;
+    }
+
     int Outer(int tuplet) const { return m_tuplets[static_cast<std::size_t>(tuplet)].outer; }
 
     // The outer brackets already have theirs.
     void Number(Bracket& bracket) {
         std::set<std::string> taken;
         for (int outer = bracket.tuplets.front()->outer; outer >= 0; outer = Outer(outer)) {
-            const auto around =
-                m_brackets.find(m_tuplets[static_cast<std::size_t>(outer)].text.bracket);
-            if (around != m_brackets.end()) {
-                taken.insert(around->second.number);
-            }
+            taken.insert(m_brackets[m_bracketOf[static_cast<std::size_t>(outer)]].number);
         }
         bracket.number = FreeNumber(
             NumberOf(m_fragments[bracket.start != 0 ? bracket.start : bracket.stop]), taken);
@@ -172,7 +200,8 @@ private:
     Places& m_places;
     const std::vector<BracketTuplet>& m_tuplets;
     const Fragments& m_fragments;
-    std::map<u32, Bracket> m_brackets;  // by number
+    std::vector<Bracket> m_brackets;
+    std::vector<std::size_t> m_bracketOf;  // by tuplet
 };
 
 }  // namespace
@@ -194,7 +223,7 @@ void AddBracketTuplets(const std::vector<EXENTRY>& entries, const RecordStore& r
         tuplets.push_back({static_cast<std::size_t>(first - indices.begin()),
                            static_cast<std::size_t>(end - indices.begin()) - 1,
                            run.outer < 0 ? -1 : added[static_cast<std::size_t>(run.outer)],
-                           TupletTextOf(*run.record)});
+                           TupletTextOf(*run.record), 0});
     }
 }
 

@@ -28,6 +28,7 @@ struct BracketTuplet {
     std::size_t last = 0;
     int outer = -1;  // the place among the tuplets of the one around it
     TupletText text{};
+    std::size_t stream = 0;  // of the voice; in one stream, nothing sounds at the same time
 };
 
 // Adds those of a frame. indices: of its entries that have places, in order, all of voice 1 or all
@@ -37,9 +38,9 @@ void AddBracketTuplets(const std::vector<EXENTRY>& entries, const RecordStore& r
                        std::vector<BracketTuplet>& tuplets);
 
 // A bracket starts at the first written entry of its tuplet, on any staff, stops at the last, and
-// has a number that no outer bracket has. A bracket without one of its ends is left out, unless
-// mayStandAlone says that the other end is in another measure or never existed. Around rests left
-// behind it is not shown.
+// has a number that no outer bracket has. Tuplets of a stream that take the same time are one. A
+// bracket without one of its ends is left out, unless mayStandAlone says that the other end is in
+// another measure or never existed. Around rests left behind it is not shown.
 void PlaceBrackets(
     std::vector<BracketPlace>& places, const std::vector<BracketTuplet>& tuplets,
     const Fragments& fragments,

@@ -5,6 +5,8 @@
 #include <tuple>
 
 #include "host/musicxml/write/beam_writer.h"
+#include "host/musicxml/write/kept_brackets.h"
+#include "host/musicxml/write/tuplet_gaps.h"
 
 namespace standin {
 namespace {
@@ -240,11 +242,13 @@ private:
             }
             DropFillers(strand.events, stream.events);
             DropFillers(stream.events, strand.events);
-            if (!ShareTime(stream, strand)) {
+            const bool cutsTuplets =
+                CutATuplet({stream.events, stream.tuplets}, {strand.events, strand.tuplets});
+            if (!cutsTuplets && !ShareTime(stream, strand)) {
                 Join(stream, strand);
                 return;
             }
-            isNewlyTwofold = isNewlyTwofold || IsNewlyTwofold(stream, strand);
+            isNewlyTwofold = isNewlyTwofold || cutsTuplets || IsNewlyTwofold(stream, strand);
         }
         VoiceStream& stream = m_streams.emplace_back();
         stream.changed = m_changedVoices.contains(strand.voice);
@@ -277,30 +281,6 @@ private:
         }
     }
 
-    // If part of a tuplet was on another staff and is now in another voice or gone, hidden rests
-    // fill the tuplet.
-    static void WriteGapsOfTuplets(const std::vector<PlannedEvent*>& events,
-                                   const std::vector<BracketTuplet>& tuplets) {
-        for (const BracketTuplet& tuplet : tuplets) {
-            const auto first = events.begin() + static_cast<std::ptrdiff_t>(tuplet.first);
-            const auto end = events.begin() + static_cast<std::ptrdiff_t>(tuplet.last) + 1;
-            if (std::none_of(first, end, IsWritten)) {
-                continue;
-            }
-            for (auto gap = first; gap != end; ++gap) {
-                BracketPlace& place = (*gap)->place;
-                place.isWritten =
-                    place.isWritten ||
-                    std::none_of(events.begin(), events.end(), [&place](const PlannedEvent* other) {
-                        return other->place.isWritten && other->place.start < place.end &&
-                               place.start < other->place.end;
-                    });
-            }
-        }
-    }
-
-    static bool IsWritten(const PlannedEvent* event) { return event->place.isWritten; }
-
     void PlaceAllBrackets() {
         std::set<std::string> done;
         for (const VoiceStream& stream : m_streams) {
@@ -313,15 +293,21 @@ private:
     void PlaceBracketsOf(const std::string& voice) {
         std::vector<PlannedEvent*> events;
         std::vector<BracketTuplet> tuplets;
-        for (VoiceStream& stream : m_streams) {
+        for (std::size_t i = 0; i < m_streams.size(); ++i) {
+            VoiceStream& stream = m_streams[i];
             if (stream.voice != voice) {
                 continue;
             }
+            const std::size_t known = tuplets.size();
             AddTuplets(stream.tuplets, events.size(), tuplets);
+            for (std::size_t tuplet = known; tuplet < tuplets.size(); ++tuplet) {
+                tuplets[tuplet].stream = i;
+            }
             for (PlannedEvent& event : stream.events) {
                 events.push_back(&event);
             }
         }
+        KeepBracketsOfNotes(m_score, m_part, m_measure, events, tuplets);
         WriteGapsOfTuplets(events, tuplets);
         std::vector<BracketPlace> places;
         places.reserve(events.size());
