@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
+#include <unordered_map>
 #include <utility>
 
 #include "host/score/detail_kinds.h"
 #include "host/score/entry_times.h"
-#include "host/verify/score_facts.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {
@@ -28,9 +27,12 @@ i32 EndOfVoice1(const Frame& frame) {
 }
 
 const char* FaultOfNotes(const EXENTRY& entry) {
-    std::set<u16> ids;
     for (i16 i = 0; i < entry.noteCount; ++i) {
-        if (entry.notes[i].noteID == 0 || !ids.insert(entry.notes[i].noteID).second) {
+        bool isUnique = entry.notes[i].noteID != 0;
+        for (i16 other = 0; other < i; ++other) {
+            isUnique = isUnique && entry.notes[other].noteID != entry.notes[i].noteID;
+        }
+        if (!isUnique) {
             return "note IDs that are not unique";
         }
     }
@@ -47,7 +49,20 @@ const char* FaultOfLaunch(const Frame& frame, std::size_t index) {
     return launches ? "nothing to launch" : "voice 2 without its launch";
 }
 
-void CheckFrame(FrameKey key, const Frame& frame, const std::map<u32, u32>& detailFlags,
+// The flags that match the stored details, by entry number.
+std::unordered_map<u32, u32> DetailFlagsByEntry(const DocumentContent& content) {
+    std::unordered_map<u32, u32> flags;
+    for (const auto& [tag, table] : content.records) {
+        if (FamilyOf(tag) == RecordFamily::kEntryDetail) {
+            for (const auto& [key, bytes] : table) {
+                flags[key.Entry()] |= DetailFlagOf(tag);
+            }
+        }
+    }
+    return flags;
+}
+
+void CheckFrame(FrameKey key, const Frame& frame, const std::unordered_map<u32, u32>& detailFlags,
                 std::vector<std::string>& faults) {
     i32 ends[2] = {0, 0};  // of each voice
     for (std::size_t i = 0; i < frame.entries.size(); ++i) {
@@ -80,7 +95,7 @@ void AddFaultsOfFrames(const DocumentContent& before, const DocumentContent& aft
         i32& longest = lengths[{key.staff, key.measure}];
         longest = std::max(longest, EndOfVoice1(frame));
     }
-    const std::map<u32, u32> detailFlags = DetailFlagsByEntry(after);
+    const std::unordered_map<u32, u32> detailFlags = DetailFlagsByEntry(after);
     for (const auto& [key, frame] : after.frames) {
         if (EndOfVoice1(frame) > lengths[{key.staff, key.measure}] + kRounding) {
             faults.push_back("staff " + std::to_string(key.staff) + ", measure " +

@@ -9,6 +9,7 @@
 #include "host/score/entry_times.h"
 #include "host/score/selection.h"
 #include "host/score/tags.h"
+#include "host/verify/changed_places.h"
 #include "host/verify/frame_faults.h"
 #include "host/verify/score_facts.h"
 
@@ -57,10 +58,14 @@ public:
           m_after{after},
           m_options{options},
           m_region{InOneStaffList(document, *document.selection)},
-          m_factsBefore{FactsOf(before)},
-          m_factsAfter{FactsOf(after)} {
+          m_changed{ChangedPlaces(before, after)},
+          m_factsBefore{FactsOf(before, m_changed)},
+          m_factsAfter{FactsOf(after, m_changed)},
+          m_streamsBefore{StreamsOf(m_factsBefore)},
+          m_streamsAfter{StreamsOf(m_factsAfter)} {
         for (const EntryFacts& fact : m_factsAfter) {
             m_byMeasure[MeasureOf(fact.key)].push_back(&fact);
+            m_byTime[{MeasureOf(fact.key), fact.entry->elapsedTime}].push_back(&fact);
         }
     }
 
@@ -77,9 +82,22 @@ public:
     }
 
 private:
-    using Measure = std::pair<u16, u16>;  // staff and measure
+    using FactList = std::vector<const EntryFacts*>;
+    // What an expression names: a layer of a measure, a time in it, a grace entry's place or 0.
+    using Streams = std::map<std::tuple<FrameKey, i32, i16>, FactList>;
 
-    static Measure MeasureOf(FrameKey key) { return {key.staff, key.measure}; }
+    static Streams StreamsOf(const Facts& facts) {
+        Streams streams;
+        FrameKey frame{};
+        i16 graceIndex = 0;
+        for (const EntryFacts& fact : facts) {
+            const bool isGrace = (fact.entry->flags & EntryFlag::kGrace) != 0;
+            graceIndex = static_cast<i16>(!isGrace ? 0 : fact.key == frame ? graceIndex + 1 : 1);
+            frame = fact.key;
+            streams[{frame, fact.entry->elapsedTime, graceIndex}].push_back(&fact);
+        }
+        return streams;
+    }
 
     bool IsSelected(FrameKey key) const {
         return HoldsFrame(m_region, m_document.SlotOfStaff(key.staff, m_region.startStaffList),
@@ -153,8 +171,13 @@ private:
         return text.empty() ? "its notes" : text;
     }
 
+    // What begins with it afterwards.
+    const FactList& AtTimeOf(const EntryFacts& fact) {
+        return m_byTime[{MeasureOf(fact.key), fact.entry->elapsedTime}];
+    }
+
     bool HasCompany(const EntryFacts& fact) {
-        const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
+        const FactList& candidates = AtTimeOf(fact);
         return std::any_of(candidates.begin(), candidates.end(), [&fact](const EntryFacts* other) {
             return other->IsNote() && other->time == fact.time &&
                    other->entry->duration == fact.entry->duration &&
@@ -172,8 +195,9 @@ private:
 
     // Other attachments of a rest must be on a rest at the same time.
     bool RestKeepsAll(const EntryFacts& fact) {
-        const auto& candidates = m_byMeasure[MeasureOf(fact.key)];
         const auto isKept = [&](const std::string& attachment) {
+            const FactList& candidates =
+                IsShapeEnd(attachment) ? m_byMeasure[MeasureOf(fact.key)] : AtTimeOf(fact);
             return IsLook(attachment) ||
                    std::any_of(candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
                        const bool fits = IsShapeEnd(attachment)
@@ -225,23 +249,14 @@ private:
 
     // The entries at the expression's time in its assigned layer; among grace entries, the one with
     // its grace index.
-    std::vector<const EntryFacts*> Under(const Facts& facts, u16 measure,
-                                         const MyExpressionAssign& expression) const {
-        std::vector<const EntryFacts*> under;
-        FrameKey frame{};
-        i16 graceIndex = 0;
-        for (const EntryFacts& fact : facts) {
-            const bool isGrace = (fact.entry->flags & EntryFlag::kGrace) != 0;
-            graceIndex = static_cast<i16>(!isGrace ? 0 : fact.key == frame ? graceIndex + 1 : 1);
-            frame = fact.key;
-            if (fact.key.staff == static_cast<u16>(expression.staff) &&
-                fact.key.measure == measure && fact.key.layer == LayerOf(expression) &&
-                graceIndex == expression.graceIndex &&
-                fact.entry->elapsedTime == PositionOf(expression)) {
-                under.push_back(&fact);
-            }
-        }
-        return under;
+    static const FactList& Under(const Streams& streams, u16 measure,
+                                 const MyExpressionAssign& expression) {
+        static const FactList kNone;
+        const FrameKey frame{static_cast<u16>(expression.staff), measure,
+                             static_cast<u16>(LayerOf(expression))};
+        const auto found =
+            streams.find({frame, PositionOf(expression), i16{expression.graceIndex}});
+        return found == streams.end() ? kNone : found->second;
     }
 
     void CompareExpressions() {
@@ -277,8 +292,8 @@ private:
         if (before.layer != after.layer && LayerOf(after) != destination) {
             m_faults.push_back(name + " went to another layer");
         }
-        const auto music = Under(m_factsBefore, measure, before);
-        const auto musicNow = Under(m_factsAfter, measure, after);
+        const FactList& music = Under(m_streamsBefore, measure, before);
+        const FactList& musicNow = Under(m_streamsAfter, measure, after);
         const bool hangsOnNotes =
             !music.empty() && std::all_of(music.begin(), music.end(),
                                           [](const EntryFacts* was) { return was->IsNote(); });
@@ -297,16 +312,16 @@ private:
 
     // Everything that is neither music nor attached to it must not change.
     void CompareOtherRecords() {
-        const auto others = [](const DocumentContent& content) {
-            std::map<u32, RecordStore::Table> records = content.records;
-            std::erase_if(records, [](const auto& item) {
-                return FamilyOf(item.first) == RecordFamily::kEntryDetail ||
-                       item.first == Tag::kSmartShape || item.first == Tag::kExpression ||
-                       item.first == Tag::kStaffSystem;
-            });
-            return records;
+        const auto mayChange = [](u32 tag) {
+            return FamilyOf(tag) == RecordFamily::kEntryDetail || tag == Tag::kSmartShape ||
+                   tag == Tag::kExpression || tag == Tag::kStaffSystem;
         };
-        if (others(m_before) != others(m_after)) {
+        const auto has = [&](const DocumentContent& all, const DocumentContent& some) {
+            return std::all_of(some.records.begin(), some.records.end(), [&](const auto& item) {
+                return mayChange(item.first) || Records(all, item.first) == item.second;
+            });
+        };
+        if (!has(m_before, m_after) || !has(m_after, m_before)) {
             m_faults.push_back("a record that is none of the merge's business changed");
         }
     }
@@ -351,7 +366,9 @@ private:
         std::set<FrameKey> keys;
         for (const DocumentContent* content : {&m_before, &m_after}) {
             for (const auto& [key, frame] : content->frames) {
-                keys.insert(key);
+                if (m_changed.contains(MeasureOf(key))) {
+                    keys.insert(key);
+                }
             }
         }
         for (const FrameKey key : keys) {
@@ -373,9 +390,14 @@ private:
     const DocumentContent& m_after;
     const MergeOptions& m_options;
     const EREGION m_region;
-    Facts m_factsBefore;
-    Facts m_factsAfter;
-    std::map<Measure, std::vector<const EntryFacts*>> m_byMeasure;  // after the merge
+    const StaffMeasures m_changed;  // all that the facts are about
+    const Facts m_factsBefore;
+    const Facts m_factsAfter;
+    const Streams m_streamsBefore;
+    const Streams m_streamsAfter;
+    // After the merge:
+    std::map<StaffMeasure, FactList> m_byMeasure;
+    std::map<std::pair<StaffMeasure, i32>, FactList> m_byTime;
     Lines m_faults;
 };
 

@@ -1,6 +1,7 @@
 #include "host/verify/score_facts.h"
 
 #include <algorithm>
+#include <map>
 
 #include "host/score/detail_kinds.h"
 #include "host/score/tags.h"
@@ -54,18 +55,17 @@ std::string Describe(u32 tag, const Bytes& bytes, const EXENTRY& entry) {
     return NameOf(tag) + " of no note";
 }
 
-using Attachments = std::map<u32, std::vector<std::pair<u32, const Bytes*>>>;  // by entry
-
-Attachments AttachmentsOf(const DocumentContent& content) {
-    Attachments attachments;
+void AddDetails(const DocumentContent& content, const EXENTRY& entry,
+                std::vector<std::string>& attachments) {
     for (const auto& [tag, table] : content.records) {
-        if (FamilyOf(tag) == RecordFamily::kEntryDetail && tag != Tag::kTuplet) {
-            for (const auto& [key, bytes] : table) {
-                attachments[key.Entry()].emplace_back(tag, &bytes);
-            }
+        if (FamilyOf(tag) != RecordFamily::kEntryDetail || tag == Tag::kTuplet) {
+            continue;
+        }
+        for (auto at = table.lower_bound(RecordKey::OfEntry(entry.entryNumber));
+             at != table.end() && at->first.Entry() == entry.entryNumber; ++at) {
+            attachments.push_back(Describe(tag, at->second, entry));
         }
     }
-    return attachments;
 }
 
 bool IsMarked(const DocumentContent& content, u32 entry, u16 shapeNumber) {
@@ -128,21 +128,26 @@ std::string EntryFacts::Place() const {
 }
 
 std::vector<EntryFacts> FactsOf(const DocumentContent& content) {
-    const Attachments attachments = AttachmentsOf(content);
+    StaffMeasures all;
+    for (const auto& [key, frame] : content.frames) {
+        all.insert(MeasureOf(key));
+    }
+    return FactsOf(content, all);
+}
+
+std::vector<EntryFacts> FactsOf(const DocumentContent& content, const StaffMeasures& measures) {
     const std::multimap<u32, std::string> shapeEnds = ShapeEndsOf(content);
     std::vector<EntryFacts> facts;
     for (const auto& [key, frame] : content.frames) {
+        if (!measures.contains(MeasureOf(key))) {
+            continue;
+        }
         for (const EXENTRY& entry : frame.entries) {
             EntryFacts& fact = facts.emplace_back(EntryFacts{&entry, key, TimeOf(entry), {}, {}});
             for (i16 i = 0; i < entry.noteCount; ++i) {
                 fact.notes.push_back(NameOfNote(entry.notes[i]));
             }
-            if (const auto found = attachments.find(u32{entry.entryNumber});
-                found != attachments.end()) {
-                for (const auto& [tag, bytes] : found->second) {
-                    fact.attachments.push_back(Describe(tag, *bytes, entry));
-                }
-            }
+            AddDetails(content, entry, fact.attachments);
             const auto [first, last] = shapeEnds.equal_range(u32{entry.entryNumber});
             std::for_each(first, last,
                           [&fact](const auto& end) { fact.attachments.push_back(end.second); });
@@ -154,18 +159,6 @@ std::vector<EntryFacts> FactsOf(const DocumentContent& content) {
         }
     }
     return facts;
-}
-
-std::map<u32, u32> DetailFlagsByEntry(const DocumentContent& content) {
-    std::map<u32, u32> flags;
-    for (const auto& [tag, table] : content.records) {
-        if (FamilyOf(tag) == RecordFamily::kEntryDetail) {
-            for (const auto& [key, bytes] : table) {
-                flags[key.Entry()] |= DetailFlagOf(tag);
-            }
-        }
-    }
-    return flags;
 }
 
 }  // namespace standin

@@ -1,11 +1,11 @@
 // A document's content in words: music, its places and its attachments.
 #pragma once
 
-#include <map>
 #include <string>
 #include <vector>
 
 #include "host/score/document.h"
+#include "host/verify/changed_places.h"
 
 namespace standin {
 
@@ -20,10 +20,9 @@ struct EntryFacts {
     std::string Place() const;  // "staff 1, measure 2, 1024+1024"
 };
 
-// In order of staff, measure, layer and place. Refers into the content.
+// In order of staff, measure, layer and place; of the whole content or of these measures alone.
+// Refers into the content.
 std::vector<EntryFacts> FactsOf(const DocumentContent& content);
-
-// The flags that match the stored details, by entry number.
-std::map<u32, u32> DetailFlagsByEntry(const DocumentContent& content);
+std::vector<EntryFacts> FactsOf(const DocumentContent& content, const StaffMeasures& measures);
 
 }  // namespace standin
