@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <unordered_map>
 
 #include "host/readback/canonical_xml.h"
 #include "host/readback/note_words.h"
@@ -11,32 +10,6 @@
 
 namespace standin::readback {
 namespace {
-
-enum class Child : u8 { kForm, kReadBefore, kTie, kNotations, kLyric, kLook, kExtra };
-
-Child ChildOf(std::string_view name) {
-    static const std::unordered_map<std::string_view, Child> kChildren{
-        {"type", Child::kForm},
-        {"dot", Child::kForm},
-        {"cue", Child::kForm},
-        {"time-modification", Child::kForm},
-        {"grace", Child::kForm},
-        {"pitch", Child::kForm},
-        {"unpitched", Child::kForm},
-        {"chord", Child::kReadBefore},
-        {"duration", Child::kReadBefore},
-        {"voice", Child::kReadBefore},
-        {"staff", Child::kReadBefore},
-        {"tie", Child::kTie},
-        {"notations", Child::kNotations},
-        {"lyric", Child::kLyric},
-        {"stem", Child::kLook},
-        {"beam", Child::kLook},
-        {"rest", Child::kLook},
-    };
-    const auto found = kChildren.find(name);
-    return found == kChildren.end() ? Child::kExtra : found->second;
-}
 
 // Elements that belong to one note of a chord, not to the whole chord.
 bool IsOfOneNote(std::string_view notation) {
@@ -47,11 +20,6 @@ bool IsOfOneNote(std::string_view notation) {
 
 bool HoldsMarks(std::string_view notation) {
     return notation == "articulations" || notation == "ornaments" || notation == "technical";
-}
-
-// Elements that a rest may lose when music replaces it.
-bool IsLookOfRest(pugi::xml_node child) {
-    return std::string_view{child.name()} == "instrument" && child.parent().child("rest");
 }
 
 }  // namespace
@@ -66,54 +34,74 @@ LineEnd::Type TypeOfLine(pugi::xml_node line) {
     return type == "stop" ? LineEnd::Type::kStop : LineEnd::Type::kOther;
 }
 
-void NoteReading::Read(pugi::xml_node node, ExactTime duration) {
+void NoteReading::Read(const NoteChildren& children, ExactTime duration) {
     Chord& chord = m_score.chords.back();
     Note& note = m_score.notes.emplace_back();
     note.chord = static_cast<u32>(m_score.chords.size() - 1);
     note.duration = duration;
     note.attachments.begin = static_cast<u32>(m_score.attachments.size());
-    note.pitch = m_texts.Of(chord.rest ? "rest" : PitchWords(node));
-    note.words = m_texts.Of(chord.rest ? Say(Text::kRestOfLength, {LengthWords(node)})
-                                       : PitchWords(node) + ' ' + LengthWords(node));
+    note.form = m_texts.Of({});
     chord.notes.end = static_cast<u32>(m_score.notes.size());
-    chord.modified = chord.modified || node.child("time-modification");
-    m_form.clear();
-    const std::string attributes = CanonicalAttributes(
-        node, chord.rest ? std::string_view{"print-object"} : std::string_view{});
-    if (!attributes.empty()) {
-        Attach("<note" + attributes + '>', true, chord.rest);
-    }
-    for (const pugi::xml_node child : node.children()) {
-        if (child.type() == pugi::node_element) {
-            ReadChild(child);
+    chord.modified = chord.modified || children.Has(Child::kTimeModification);
+    const pugi::xml_node node = children.Note();
+    if (node.first_attribute()) {
+        const std::string attributes = CanonicalAttributes(
+            node, chord.rest ? std::string_view{"print-object"} : std::string_view{});
+        if (!attributes.empty()) {
+            Attach(m_texts.Of("<note" + attributes + '>'), true, chord.rest);
         }
     }
-    Current().form = m_texts.Of(m_form);
-    Current().attachments.end = static_cast<u32>(m_score.attachments.size());
+    for (const NoteChildren::Element& child : children.All()) {
+        ReadChild(child, children.Has(Child::kRest));
+    }
+    const Names& names = NamesOf(node, note.form, chord.rest);
+    note.pitch = names.pitch;
+    note.words = names.words;
+    note.attachments.end = static_cast<u32>(m_score.attachments.size());
 }
 
-void NoteReading::ReadChild(pugi::xml_node child) {
-    switch (ChildOf(child.name())) {
+const NoteReading::Names& NoteReading::NamesOf(pugi::xml_node note, u32 form, bool isRest) {
+    const auto [names, isNew] = m_names.try_emplace(u64{form} << 1U | (isRest ? 1U : 0U));
+    if (isNew) {
+        names->second = {m_texts.Of(isRest ? "rest" : PitchWords(note)),
+                         m_texts.Of(isRest ? Say(Text::kRestOfLength, {LengthWords(note)})
+                                           : PitchWords(note) + ' ' + LengthWords(note))};
+    }
+    return names->second;
+}
+
+void NoteReading::ReadChild(const NoteChildren::Element& child, bool isRest) {
+    switch (child.kind) {
         case Child::kForm:
-            m_form += CanonicalXml(child);
+        case Child::kGrace:
+        case Child::kTimeModification:
+            Current().form = m_texts.Joined(Current().form, child.value);
             break;
-        case Child::kReadBefore:
+        case Child::kChord:
+        case Child::kDuration:
+        case Child::kVoice:
+        case Child::kStaff:
             break;
         case Child::kTie:
-            ReadTie(child);
+            ReadTie(child.node, child.value);
             break;
         case Child::kNotations:
-            ReadNotations(child);
+            ReadNotations(child.node);
             break;
         case Child::kLyric:
-            Attach(CanonicalXml(child), false);
-            m_score.attachments.back().lyric = m_texts.Of(child.attribute("number").as_string("1"));
+            Attach(child.value, false);
+            m_score.attachments.back().lyric =
+                m_texts.Of(child.node.attribute("number").as_string("1"));
             break;
         case Child::kLook:
-            Attach(CanonicalXml(child), false, true);
+        case Child::kRest:
+            Attach(child.value, false, true);
+            break;
+        case Child::kInstrument:  // a rest may lose it to music that takes its place
+            Attach(child.value, true, isRest);
             break;
         case Child::kExtra:
-            Attach(CanonicalXml(child), true, IsLookOfRest(child));
+            Attach(child.value, true);
             break;
     }
 }
@@ -121,7 +109,7 @@ void NoteReading::ReadChild(pugi::xml_node child) {
 void NoteReading::ReadNotations(pugi::xml_node notations) {
     // An id must be unique in a file, so only the first of several pieces can keep it.
     const std::string attributes = CanonicalAttributes(notations, "id");
-    const std::string wrapping = attributes.empty() ? "" : "<notations" + attributes + '>';
+    const u32 wrapping = m_texts.Of(attributes.empty() ? "" : "<notations" + attributes + '>');
     for (const pugi::xml_node notation : notations.children()) {
         if (notation.type() == pugi::node_element) {
             ReadNotation(notation, wrapping);
@@ -129,59 +117,59 @@ void NoteReading::ReadNotations(pugi::xml_node notations) {
     }
 }
 
-void NoteReading::ReadNotation(pugi::xml_node notation, const std::string& wrapping) {
+void NoteReading::ReadNotation(pugi::xml_node notation, u32 wrapping) {
     const std::string_view name = notation.name();
     if (name == "tied") {
-        ReadTie(notation);
+        ReadTie(notation, m_elements.Of(notation));
     } else if (IsLine(name)) {
-        ReadLine(notation, wrapping + CanonicalXml(notation));
+        ReadLine(notation, m_texts.Joined(wrapping, m_elements.Of(notation)));
     } else if (HoldsMarks(name)) {
         const std::string attributes = CanonicalAttributes(notation);
-        ReadOrnaments(notation, attributes.empty()
-                                    ? wrapping
-                                    : wrapping + '<' + std::string{name} + attributes + '>');
+        const u32 own =
+            m_texts.Of(attributes.empty() ? "" : '<' + std::string{name} + attributes + '>');
+        ReadOrnaments(notation, m_texts.Joined(wrapping, own));
     } else {
-        Attach(wrapping + CanonicalXml(notation), IsOfOneNote(name));
+        Attach(m_texts.Joined(wrapping, m_elements.Of(notation)), IsOfOneNote(name));
     }
 }
 
 // An <accidental-mark> belongs to the ornament that it follows.
-void NoteReading::ReadOrnaments(pugi::xml_node marks, const std::string& wrapping) {
+void NoteReading::ReadOrnaments(pugi::xml_node marks, u32 wrapping) {
     for (pugi::xml_node mark = marks.first_child(); mark; mark = mark.next_sibling()) {
         if (mark.type() != pugi::node_element) {
             continue;
         }
         const pugi::xml_node first = mark;
-        std::string text = wrapping + CanonicalXml(mark);
+        u32 text = m_texts.Joined(wrapping, m_elements.Of(mark));
         while (std::string_view{mark.next_sibling().name()} == "accidental-mark") {
             mark = mark.next_sibling();
-            text += CanonicalXml(mark);
+            text = m_texts.Joined(text, m_elements.Of(mark));
         }
         if (IsLine(first.name())) {
             ReadLine(first, text);
         } else {
-            Attach(std::move(text), IsOfOneNote(marks.name()));
+            Attach(text, IsOfOneNote(marks.name()));
         }
     }
 }
 
-void NoteReading::ReadLine(pugi::xml_node line, const std::string& text) {
+void NoteReading::ReadLine(pugi::xml_node line, u32 text) {
     const u32 chord = Current().chord;
     m_score.ends.push_back({TypeOfLine(line), m_texts.Of(line.name()),
-                            m_texts.Of(line.attribute("number").as_string("1")), m_texts.Of(text),
+                            m_texts.Of(line.attribute("number").as_string("1")), text,
                             m_score.chords[chord].place, chord,
                             static_cast<u32>(m_score.notes.size() - 1)});
 }
 
-void NoteReading::ReadTie(pugi::xml_node tie) {
+void NoteReading::ReadTie(pugi::xml_node tie, u32 text) {
     const LineEnd::Type type = TypeOfLine(tie);
     Current().tieStart = Current().tieStart || type == LineEnd::Type::kStart;
     Current().tieStop = Current().tieStop || type == LineEnd::Type::kStop;
-    Attach(CanonicalXml(tie), true);
+    Attach(text, true);
 }
 
-void NoteReading::Attach(std::string text, bool ofNote, bool look) {
-    m_score.attachments.push_back({m_texts.Of(std::move(text)), kNone, ofNote, look});
+void NoteReading::Attach(u32 text, bool ofNote, bool look) {
+    m_score.attachments.push_back({text, kNone, ofNote, look});
 }
 
 }  // namespace standin::readback

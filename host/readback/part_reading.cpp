@@ -15,13 +15,15 @@ bool HasName(pugi::xml_node node, std::string_view name) {
 
 }  // namespace
 
-PartReading::PartReading(Score& score, Texts& texts)
+PartReading::PartReading(Score& score, ElementTexts& elements)
     : m_score{score},
-      m_texts{texts},
-      m_notes{score, texts},
+      m_elements{elements},
+      m_texts{elements.AllTexts()},
+      m_note{elements},
+      m_notes{score, elements},
       m_lines{score},
       m_part{static_cast<u32>(score.parts.size() - 1)},
-      m_tuplet{texts.Of("tuplet")},
+      m_tuplet{m_texts.Of("tuplet")},
       m_nextEnd{static_cast<u32>(score.ends.size())} {}
 
 bool PartReading::Read(pugi::xml_node part) {
@@ -42,7 +44,7 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
     m_uncounted = {};
     m_score.parts[m_part].measures.push_back(
         {m_texts.Of(measure.attribute("number").value()), m_beat, {}, {}});
-    AddItem(Here(0), "<measure" + CanonicalAttributes(measure) + '>');
+    AddItem(Here(0), m_texts.Of("<measure" + CanonicalAttributes(measure) + '>'));
     const auto firstChord = static_cast<u32>(m_score.chords.size());
     for (const pugi::xml_node child : measure.children()) {
         if (HasName(child, "note")) {
@@ -65,22 +67,25 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
     SumVoices(firstChord);
 }
 
-void PartReading::ReadNote(pugi::xml_node note) {
-    const bool joins = note.child("chord");
-    ExactTime duration = note.child("grace") ? ExactTime{} : DurationOf(note);
-    if (duration.IsZero() && !note.child("grace")) {
-        duration = LengthOfNone(note);
+void PartReading::ReadNote(pugi::xml_node node) {
+    m_note.Read(node);
+    const bool joins = m_note.Has(Child::kChord);
+    ExactTime duration = DurationOfNote();
+    if (duration.IsZero() && !m_note.Has(Child::kGrace)) {
+        duration = LengthOfNone();
     }
     if (!joins) {
         m_chordOnset = m_cursor;
     }
-    const bool continues =
-        joins && !m_score.chords.empty() && m_score.chords.back().part == m_part &&
-        m_score.chords.back().place == Place{StaffOf(note), m_measure, m_chordOnset};
+    const NoteChildren::Element* staffOfPart = m_note.Find(Child::kStaff);
+    const u32 staff = StaffOfScore(staffOfPart == nullptr ? 1 : staffOfPart->value);
+    const bool continues = joins && !m_score.chords.empty() &&
+                           m_score.chords.back().part == m_part &&
+                           m_score.chords.back().place == Place{staff, m_measure, m_chordOnset};
     if (!continues) {
-        BeginChord(note, duration);
+        BeginChord(staff, duration);
     }
-    m_notes.Read(note, duration);
+    m_notes.Read(m_note, duration);
     if (!joins) {
         m_cursor = m_cursor + duration;
     }
@@ -89,27 +94,34 @@ void PartReading::ReadNote(pugi::xml_node note) {
     PairNewEnds();
 }
 
+ExactTime PartReading::DurationOfNote() const {
+    const NoteChildren::Element* duration = m_note.Find(Child::kDuration);
+    return duration == nullptr || m_note.Has(Child::kGrace)
+               ? ExactTime{}
+               : ExactTime::OfDecimal(duration->node.child_value()) / m_divisions;
+}
+
 // A note without duration lasts as long as its chord, or its notated length. The following notes
 // begin later than in the file's count, up to the next <backup>.
-ExactTime PartReading::LengthOfNone(pugi::xml_node note) {
-    if (note.child("chord") && !m_score.chords.empty()) {
+ExactTime PartReading::LengthOfNone() {
+    if (m_note.Has(Child::kChord) && !m_score.chords.empty()) {
         return m_score.chords.back().duration;
     }
-    const ExactTime length = NotatedLength(note);
+    const ExactTime length = NotatedLength(m_note.Note());
     m_uncounted = m_uncounted + length;
     return length;
 }
 
-void PartReading::BeginChord(pugi::xml_node note, ExactTime duration) {
+void PartReading::BeginChord(u32 staff, ExactTime duration) {
     Chord& chord = m_score.chords.emplace_back();
-    chord.place = {StaffOf(note), m_measure, m_chordOnset};
+    chord.place = {staff, m_measure, m_chordOnset};
     chord.part = m_part;
-    const std::string voice = TrimmedValue(note.child("voice"));
-    chord.voice = m_texts.Of(voice.empty() ? "1" : voice);
-    chord.grace = note.child("grace") ? 1 : 0;
+    const NoteChildren::Element* voice = m_note.Find(Child::kVoice);
+    chord.voice = voice == nullptr ? m_texts.Of("1") : voice->value;
+    chord.grace = m_note.Has(Child::kGrace) ? 1 : 0;
     chord.duration = duration;
-    chord.rest = note.child("rest");
-    chord.hidden = std::string_view{note.attribute("print-object").value()} == "no";
+    chord.rest = m_note.Has(Child::kRest);
+    chord.hidden = std::string_view{m_note.Note().attribute("print-object").value()} == "no";
     chord.notes.begin = static_cast<u32>(m_score.notes.size());
 }
 
@@ -133,7 +145,7 @@ void PartReading::ReadAttributes(pugi::xml_node attributes) {
     m_beat = BeatOf(attributes.child("time"), m_beat);
     for (const pugi::xml_node child : attributes.children()) {
         if (child.type() == pugi::node_element && !HasName(child, "divisions")) {
-            AddItem(Here(0), "<attributes>" + CanonicalXml(child));
+            AddItem(Here(0), m_texts.Joined(m_texts.Of("<attributes>"), m_elements.Of(child)));
         }
     }
 }
@@ -149,7 +161,7 @@ void PartReading::ReadItem(pugi::xml_node node) {
         place.onset = {};
     }
     ReadDirectionLines(node, place);
-    AddItem(place, CanonicalXml(node), closes);
+    AddItem(place, m_elements.Of(node), closes);
     if (HasName(node, "direction") || HasName(node, "harmony") || HasName(node, "figured-bass")) {
         const std::string voice = TrimmedValue(node.child("voice"));
         m_unplaced.push_back(
@@ -164,7 +176,7 @@ void PartReading::ReadDirectionLines(pugi::xml_node direction, const Place& plac
             if (IsLine(line.name())) {
                 m_score.ends.push_back({TypeOfLine(line), m_texts.Of(line.name()),
                                         m_texts.Of(line.attribute("number").as_string("1")),
-                                        m_texts.Of(CanonicalXml(line)), place, kNone, kNone});
+                                        m_elements.Of(line), place, kNone, kNone});
             }
         }
     }
@@ -197,8 +209,8 @@ void PartReading::PlaceInStreams(u32 firstChord) {
     m_unplaced.clear();
 }
 
-void PartReading::AddItem(const Place& place, std::string text, bool closesMeasure) {
-    m_score.items.push_back({m_part, place, closesMeasure, false, m_texts.Of(std::move(text))});
+void PartReading::AddItem(const Place& place, u32 text, bool closesMeasure) {
+    m_score.items.push_back({m_part, place, closesMeasure, false, text});
 }
 
 // Counts back from their main note, in each voice.
@@ -227,9 +239,12 @@ ExactTime PartReading::DurationOf(pugi::xml_node node) const {
 }
 
 u32 PartReading::StaffOf(pugi::xml_node node) const {
+    return StaffOfScore(node.child("staff").text().as_uint(1));
+}
+
+u32 PartReading::StaffOfScore(u32 staffOfPart) const {
     const Part& part = m_score.parts[m_part];
-    const u32 staff = node.child("staff").text().as_uint(1);
-    return part.firstStaff + std::clamp(staff, 1U, part.staves) - 1;
+    return part.firstStaff + std::clamp(staffOfPart, 1U, part.staves) - 1;
 }
 
 ExactTime BeatOf(pugi::xml_node time, ExactTime fallback) {

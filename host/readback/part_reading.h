@@ -16,7 +16,7 @@ namespace standin::readback {
 class PartReading {
 public:
     // Reads into the last part of the score, whose staves are known.
-    PartReading(Score& score, Texts& texts);
+    PartReading(Score& score, ElementTexts& elements);
 
     // False if the times of a measure cannot be computed exactly; it is then the last one.
     bool Read(pugi::xml_node part);
@@ -32,24 +32,28 @@ private:
 
     void ReadMeasure(pugi::xml_node measure);
     void ReadNote(pugi::xml_node note);
-    ExactTime LengthOfNone(pugi::xml_node note);
-    void BeginChord(pugi::xml_node note, ExactTime duration);
+    ExactTime DurationOfNote() const;
+    ExactTime LengthOfNone();
+    void BeginChord(u32 staff, ExactTime duration);
     void Move(ExactTime by);
     void ReadAttributes(pugi::xml_node attributes);
     void ReadItem(pugi::xml_node node);
     void ReadDirectionLines(pugi::xml_node direction, const Place& place);
     void PairNewEnds();
     void PlaceInStreams(u32 firstChord);
-    void AddItem(const Place& place, std::string text, bool closesMeasure = false);
+    void AddItem(const Place& place, u32 text, bool closesMeasure = false);
     void NumberGraceNotes(u32 firstChord);
     void SumVoices(u32 firstChord);
     ExactTime DurationOf(pugi::xml_node node) const;
     u32 StaffOf(pugi::xml_node node) const;
+    u32 StaffOfScore(u32 staffOfPart) const;
     Place Here(u32 staff) const { return {staff, m_measure, m_cursor}; }
     MeasureContent& Measure() { return m_score.parts[m_part].measures.back(); }
 
     Score& m_score;
+    ElementTexts& m_elements;
     Texts& m_texts;
+    NoteChildren m_note;  // the one being read
     NoteReading m_notes;
     LinePairing m_lines;
     const u32 m_part;

@@ -25,8 +25,12 @@ u32 StavesOf(pugi::xml_node part) {
     u32 staves = 1;
     for (const pugi::xml_node measure : part.children("measure")) {
         for (const pugi::xml_node child : measure.children()) {
-            staves = std::max({staves, child.child("staff").text().as_uint(1),
-                               child.child("staves").text().as_uint(1)});
+            for (const pugi::xml_node of : child.children()) {
+                const std::string_view name = of.name();
+                if (name == "staff" || name == "staves") {
+                    staves = std::max(staves, of.text().as_uint(1));
+                }
+            }
         }
     }
     return std::min(staves, kMaxStavesOfPart);
@@ -74,12 +78,13 @@ Reading ReadContentOfText(std::string_view xml, Texts& texts) {
     }
     auto score = std::make_unique<Score>();
     ReadHeader(root, *score, texts);
+    ElementTexts elements{xml, texts};
     u32 nextStaff = 1;
     for (const pugi::xml_node node : root.children("part")) {
         const u32 staves = StavesOf(node);
         score->parts.push_back({texts.Of(node.attribute("id").value()), nextStaff, staves, {}});
         nextStaff += staves;
-        if (!PartReading{*score, texts}.Read(node)) {
+        if (!PartReading{*score, elements}.Read(node)) {
             return Refused("part " + std::to_string(score->parts.size()) + ", measure " +
                                texts[score->parts.back().measures.back().number] +
                                ": durations that cannot be added up exactly",

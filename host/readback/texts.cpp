@@ -12,4 +12,12 @@ u32 Texts::Of(std::string text) {
     return at->second;
 }
 
+u32 Texts::Joined(u32 first, u32 second) {
+    const auto [at, isNew] = m_joined.try_emplace(u64{first} << 32U | second);
+    if (isNew) {
+        at->second = Of(*m_texts[first] + *m_texts[second]);
+    }
+    return at->second;
+}
+
 }  // namespace standin::readback
