@@ -93,15 +93,13 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
     m_layers.Begin(m_measure);
     measure.divisions = m_context.divisions.IsZero() ? Rational{1, 1} : m_context.divisions;
 
-    std::size_t end = measure.bodyBegin;
     for (const pugi::xml_node child : node.children()) {
         if (Problem problem = ReadChild(child)) {
             return problem;
         }
     }
-    if (const pugi::xml_node last = node.last_child()) {
-        end = NodeEnd(text, OffsetOf(last));
-    }
+    const pugi::xml_node last = node.last_child();
+    const std::size_t end = last ? EndOf(text, last) : measure.bodyBegin;
     measure.bodyEnd = isEmpty ? measure.bodyBegin : std::min(text.find("</", end), text.size());
     measure.grid = m_context.divisions.IsZero() ? Rational{1, 1} : m_context.divisions;
     LeaveStream();
@@ -207,7 +205,7 @@ Problem PartReader::ReadForward(pugi::xml_node forward) {
 Problem PartReader::ReadItem(pugi::xml_node item) {
     PartMeasure& measure = m_part.measures.back();
     const std::size_t begin = OffsetOf(item);
-    const std::size_t end = NodeEnd(m_score.text, begin);
+    const std::size_t end = EndOf(m_score.text, item);
     if (std::strcmp(item.name(), "direction") == 0 && item.child("voice")) {
         m_directions.push_back({item, m_time, static_cast<u32>(measure.items.size()), false});
     }
@@ -385,7 +383,7 @@ void PartReader::AddText(EntryDraft& draft, const NoteElement& note, bool isNew)
         const std::string_view between = text.substr(draft.text.end, begin - draft.text.end);
         draft.isOnePiece = draft.isOnePiece && note.isTimed && Trimmed(between).empty();
     }
-    draft.text.end = NodeEnd(text, begin);
+    draft.text.end = EndOf(text, note.node);
     for (const ChordMember& member : m_chord) {
         member.draft->isOnePiece = member.draft->isOnePiece && m_chord.size() == 1;
     }

@@ -21,9 +21,22 @@ std::size_t OffsetOf(pugi::xml_node node) {
     return static_cast<std::size_t>(offset - before);
 }
 
+std::size_t EndOf(std::string_view text, pugi::xml_node node) {
+    int closing = 0;
+    for (pugi::xml_node last = node.last_child(); last; last = node.last_child()) {
+        node = last;
+        ++closing;
+    }
+    std::size_t end = NodeEnd(text, OffsetOf(node));
+    for (; closing > 0; --closing) {
+        end = TagEnd(text, std::min(text.find("</", end), text.size()));
+    }
+    return end;
+}
+
 std::string_view TextOf(std::string_view text, pugi::xml_node node) {
     const std::size_t begin = OffsetOf(node);
-    return text.substr(begin, NodeEnd(text, begin) - begin);
+    return text.substr(begin, EndOf(text, node) - begin);
 }
 
 std::string_view AttributesOf(std::string_view text, pugi::xml_node node) {

@@ -12,6 +12,10 @@ namespace standin {
 // The offset of the node's '<' in the text it was parsed from.
 std::size_t OffsetOf(pugi::xml_node node);
 
+// Where the text goes on behind the node's end. The nodes must have been parsed with comments and
+// instructions.
+std::size_t EndOf(std::string_view text, pugi::xml_node node);
+
 // The node's text, from its '<' to past its end.
 std::string_view TextOf(std::string_view text, pugi::xml_node node);
 

@@ -82,7 +82,13 @@ std::size_t LineAt(std::string_view text, std::size_t offset) {
 }
 
 std::size_t TagEnd(std::string_view text, std::size_t begin) {
-    for (std::size_t at = begin; at < text.size(); ++at) {
+    const std::size_t close = text.find('>', begin);
+    const std::string_view tag = text.substr(begin, close - begin);
+    const std::size_t value = std::min(tag.find('"'), tag.find('\''));
+    if (value == std::string_view::npos) {
+        return std::min(close, text.size() - 1) + 1;
+    }
+    for (std::size_t at = begin + value; at < text.size(); ++at) {
         const char c = text[at];
         if (c == '>') {
             return at + 1;
