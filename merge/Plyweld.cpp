@@ -1,5 +1,6 @@
 #include "merge/Plyweld.h"
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "platform/text.h"
 #include "shell/host/callbacks.h"
@@ -22,6 +23,7 @@ Plyweld::Plyweld(WindowHandle owner, u16 item, std::u16string name)
     : FinPIModeless{owner, item, kCommandID, name.c_str()}, m_name{std::move(name)} {}
 
 i16 Plyweld::ProcessStaffMeasure(i16 /*slot*/, u16 staff, i16 measure, u16 /*staffSystem*/) {
+    const DocumentScope document;
     const i16 layers = Host::GetMaxLayers();
     if (layers <= 0) {
         PostError(FinPIAppError{"Plyweld::ProcessStaffMeasure", "Unable to count the layers."});

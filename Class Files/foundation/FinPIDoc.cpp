@@ -1,9 +1,9 @@
 #include "Class Files/foundation/FinPIDoc.h"
 
-#include "shell/host/callbacks.h"
+#include "Class Files/foundation/DocumentScope.h"
 
-FinPIDoc::FinPIDoc() : m_docID{Host::GetCurrentEnigmaDocument()} {}
+FinPIDoc::FinPIDoc() : m_docID{CurrentDocument()} {}
 
 void FinPIDoc::SetToCurrentDocument() {
-    m_docID = Host::GetCurrentEnigmaDocument();
+    m_docID = CurrentDocument();
 }

@@ -91,7 +91,7 @@ FinPITimeSig FinPIMeas::GetTimeSig() const {
 
 i32 FinPIMeas::MeasureDuration(const FinPIDoc& record, u16 staff, i16 measure) {
     const DocumentScope document(record.DocumentID());
-    return document ? Host::GetMeasureDuration(staff, measure) : 0;
+    return document ? ::MeasureDuration(staff, measure) : 0;
 }
 
 void FinPIMeas::MeasureNumberString(i16 measure, char16* buffer, u32 size) {

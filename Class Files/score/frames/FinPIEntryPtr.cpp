@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/score/frames/ScaledTime.h"
-#include "shell/host/callbacks.h"
 
 namespace {
 
@@ -30,7 +30,7 @@ i16 FindVoice1(std::span<const EXENTRY> entries, i16 from) {
 }  // namespace
 
 FinPIEntryPtr::FinPIEntryPtr(EXFRAME* frame, i16 index)
-    : FinPITGFPtr{frame, Host::GetCurrentEnigmaDocument(), 0, 0} {
+    : FinPITGFPtr{frame, CurrentDocument(), 0, 0} {
     if (index >= 0) {
         AskMeasureDurations();
     }

@@ -1,10 +1,11 @@
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 #include "shell/host/callbacks.h"
 #include "shell/host/host_details.h"
 
 bool FinPIEntryPtr::CheckDocumentIsCurrent(const char* operation) const {
-    if (Host::GetCurrentEnigmaDocument() != m_document) {
+    if (CurrentDocument() != m_document) {
         PostError(FinPIAppError{operation, "Attempted to update a non-current document"});
         return false;
     }

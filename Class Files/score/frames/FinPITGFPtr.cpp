@@ -82,12 +82,12 @@ void RestoreNoteFields(EXENTRY& entry, const EntryNoteFields& kept) {
 }  // namespace
 
 FinPITGFPtr::FinPITGFPtr(u16 staff, u16 measure, u16 layer, u16 document)
-    : m_document{document != 0 ? document : Host::GetCurrentEnigmaDocument()} {
+    : m_document{document != 0 ? document : CurrentDocument()} {
     const DocumentScope scope{m_document};
     if (!scope) {
         return;
     }
-    const i16 slot = Host::InstToSlot(staff, u16{0});
+    const i16 slot = SlotOfStaff(staff, 0);
     if (slot > 0) {
         m_frame = LoadFrame(0, static_cast<u16>(slot), measure, layer);
     }
@@ -146,13 +146,13 @@ void FinPITGFPtr::Release() noexcept {
 void FinPITGFPtr::AskMeasureDurations() {
     if (m_frame != nullptr) {
         const auto measure = static_cast<i16>(m_frame->measure);
-        m_nominalDuration = Host::GetMeasureDuration(u16{0}, measure);
-        m_staffDuration = Host::GetMeasureDuration(m_frame->staff, measure);
+        m_nominalDuration = MeasureDuration(0, measure);
+        m_staffDuration = MeasureDuration(m_frame->staff, measure);
     }
 }
 
 u16 FinPITGFPtr::Document() const {
-    return m_frame != nullptr ? m_document : Host::GetCurrentEnigmaDocument();
+    return m_frame != nullptr ? m_document : CurrentDocument();
 }
 
 std::span<EXENTRY> FinPITGFPtr::Entries() const noexcept {
@@ -206,7 +206,7 @@ i16 FinPITGFPtr::ReloadTGF() {
         PostError(FinPIAppError{kReloadTGF, "TGFPtr is NULL."});
         return 0;
     }
-    const DocumentScope scope{m_document};
+    const DocumentScope scope{m_document, DocumentScope::Current::kAsked};
     if (!scope) {
         PostError(FinPIAppError{kSaveTGF, kNotCurrent});
         return 0;

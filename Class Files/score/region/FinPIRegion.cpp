@@ -115,7 +115,7 @@ u16 FinPIRegion::SlotOfStaff(u16 staff) const {
                                           : static_cast<u16>(found - m_staffList.begin() + 1);
     }
     const DocumentScope scope{m_docID};
-    const i16 slot = scope ? Host::InstToSlot(staff, startStaffList) : i16{0};
+    const i16 slot = scope ? ::SlotOfStaff(staff, startStaffList) : i16{0};
     return static_cast<u16>(std::max<i16>(slot, 0));
 }
 
