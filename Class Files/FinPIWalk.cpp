@@ -4,6 +4,7 @@
 
 #include "Class Files/FinPI.h"
 #include "Class Files/ProgressCounter.h"
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/foundation/FinPITrace.h"
 #include "Class Files/score/document/FinPIMetricsCache.h"
@@ -41,6 +42,7 @@ i16 LastPage() {
 // stale layout once, and leaves an error pending if that did not help. An error that is already
 // pending comes from earlier music and stays.
 u16 FindStaffSystem(i16 measure, u16 searchFrom) {
+    const DocumentScope document;
     const bool wasPending = ErrorIsPending();
     const FinPIStaffSystem system{measure, searchFrom};
     if (wasPending || !ErrorIsPending() ||

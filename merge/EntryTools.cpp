@@ -1,6 +1,7 @@
 #include "merge/EntryTools.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "Class Files/foundation/FinPIException.h"
 #include "shell/host/entry_detail_tags.h"
@@ -26,20 +27,41 @@ void PostStayedBehind() {
 
 }  // namespace
 
-i16 FindCoincidentEntry(const FinPITGFPtr& frame, i32 position, i32 graceOffset, bool voice2) {
-    i16 otherVoice = -1;
+EntriesByPosition::EntriesByPosition(const FinPITGFPtr& frame) : m_frame{frame} {
+    std::vector<std::pair<i32, i16>> all;
     const i16 count = frame.Count();
+    all.reserve(static_cast<std::size_t>(count));
     for (i16 i = 0; i < count; ++i) {
-        const FinPIEntryPtr entry = frame.EntryAt(i);
-        if (entry.ScaledPosition() != position ||
-            (graceOffset < kAnyGraceOffset && entry.GraceOffset() != graceOffset)) {
+        all.emplace_back(frame.EntryAt(i).ScaledPosition(), i);
+    }
+    std::sort(all.begin(), all.end());
+    m_positions.reserve(all.size());
+    m_indices.reserve(all.size());
+    for (const auto& [position, index] : all) {
+        m_positions.push_back(position);
+        m_indices.push_back(index);
+    }
+}
+
+std::span<const i16> EntriesByPosition::At(i32 position) const {
+    const auto [first, last] = std::equal_range(m_positions.begin(), m_positions.end(), position);
+    return std::span{m_indices}.subspan(static_cast<std::size_t>(first - m_positions.begin()),
+                                        static_cast<std::size_t>(last - first));
+}
+
+i16 FindCoincidentEntry(const EntriesByPosition& entries, i32 position, i32 graceOffset,
+                        bool voice2) {
+    i16 otherVoice = -1;
+    for (const i16 index : entries.At(position)) {
+        const FinPIEntryPtr entry = entries.Frame().EntryAt(index);
+        if (graceOffset < kAnyGraceOffset && entry.GraceOffset() != graceOffset) {
             continue;
         }
         if (entry.IsVoice2() == voice2) {
-            return i;
+            return index;
         }
         if (otherVoice < 0) {
-            otherVoice = i;
+            otherVoice = index;
         }
     }
     return otherVoice;

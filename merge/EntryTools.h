@@ -2,13 +2,32 @@
 // from the barline in the measure's nominal duration.
 #pragma once
 
+#include <span>
+#include <vector>
+
 #include "Class Files/score/details/DetailKind.h"
 #include "Class Files/score/frames/FinPIEntryPtr.h"
+
+// The entries of a frame by their positions.
+class EntriesByPosition {
+public:
+    explicit EntriesByPosition(const FinPITGFPtr& frame);
+
+    const FinPITGFPtr& Frame() const noexcept { return m_frame; }
+    // The indices of the entries at a position, in order.
+    std::span<const i16> At(i32 position) const;
+
+private:
+    const FinPITGFPtr& m_frame;
+    std::vector<i32> m_positions;  // in order
+    std::vector<i16> m_indices;    // likewise
+};
 
 // The index of the frame's entry at a position with a grace offset (0 = no grace entry); the
 // first of the voice asked for, else the first of the other voice. An offset of
 // kAnyGraceOffset matches every entry at the position. -1 = none.
-i16 FindCoincidentEntry(const FinPITGFPtr& frame, i32 position, i32 graceOffset, bool voice2);
+i16 FindCoincidentEntry(const EntriesByPosition& entries, i32 position, i32 graceOffset,
+                        bool voice2);
 inline constexpr i32 kAnyGraceOffset = 0x7FFFFFFF;
 
 // Turns an entry in memory into a rest of this duration, hidden on request. It keeps its place in

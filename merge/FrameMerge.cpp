@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 
+#include "Class Files/foundation/DocumentScope.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/score/frames/NormalizeFrame.h"
 #include "merge/EntryTools.h"
@@ -10,7 +11,6 @@
 #include "merge/FramePair.h"
 #include "merge/NoteOrder.h"
 #include "merge/Plyweld.h"
-#include "shell/host/callbacks.h"
 
 namespace {
 
@@ -81,13 +81,14 @@ std::map<u32, i16> GraceIndices(const FinPITGFPtr& frame) {
 
 PairMap PairCoincidingEntries(const FramePair& frames) {
     PairMap pairs;
+    const EntriesByPosition sources{frames.source};
     const i16 count = frames.destination.Count();
     for (i16 i = 0; i < count; ++i) {
         const FinPIEntryPtr destination = frames.destination.EntryAt(i);
         if (!IsSelectedNote(frames.region, destination)) {
             continue;
         }
-        const i16 source = FindCoincidentEntry(frames.source, destination.ScaledPosition(),
+        const i16 source = FindCoincidentEntry(sources, destination.ScaledPosition(),
                                                destination.GraceOffset(), destination.IsVoice2());
         if (source >= 0 && FormsChord(frames.source.EntryAt(source), destination)) {
             Claim(pairs, frames, source, i);
@@ -142,7 +143,7 @@ i16 Plyweld::MergeFrame(u16 staff, i16 measure, u16 sourceLayer, u16 destination
     const auto frame = [&](u16 layer) {
         return FinPITGFPtr{staff, static_cast<u16>(measure), layer};
     };
-    const u16 document = Host::GetCurrentEnigmaDocument();
+    const u16 document = CurrentDocument();
     if (document == 0) {  // nothing would count as selected
         PostError(FinPINoOpenDocumentError{});
         return 0;

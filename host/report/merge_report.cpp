@@ -1,6 +1,7 @@
 #include "host/report/merge_report.h"
 
 #include <algorithm>
+#include <unordered_map>
 
 #include "host/report/places.h"
 #include "host/score/selection.h"
@@ -23,7 +24,9 @@ public:
           m_request{request},
           m_destination{destination},
           m_before{EntriesOf(m_document.ImportedFrame(destination))},
-          m_now{EntriesOf(m_document.FindFrame(destination))} {
+          m_now{EntriesOf(m_document.FindFrame(destination))},
+          m_numbersBefore{ByNumber(m_before)},
+          m_numbersNow{ByNumber(m_now)} {
         m_result.staff = slot;
         m_result.measure = destination.measure;
     }
@@ -44,23 +47,31 @@ public:
     }
 
 private:
-    static const EXENTRY* Find(const std::vector<EXENTRY>& entries, u32 number) {
-        const auto found = std::find_if(entries.begin(), entries.end(), [number](const EXENTRY& e) {
-            return e.entryNumber == number;
-        });
-        return found == entries.end() ? nullptr : &*found;
+    using Numbers = std::unordered_map<u32, const EXENTRY*>;
+
+    static Numbers ByNumber(const std::vector<EXENTRY>& entries) {
+        Numbers numbers;
+        for (const EXENTRY& entry : entries) {
+            numbers.emplace(u32{entry.entryNumber}, &entry);
+        }
+        return numbers;
+    }
+
+    static const EXENTRY* Find(const Numbers& numbers, u32 number) {
+        const auto found = numbers.find(number);
+        return found == numbers.end() ? nullptr : found->second;
     }
 
     void CountMoved() {
         for (const EXENTRY& entry : m_now) {
-            const EXENTRY* old = Find(m_before, entry.entryNumber);
+            const EXENTRY* old = Find(m_numbersBefore, entry.entryNumber);
             const int had = old == nullptr ? 0 : old->noteCount;
             m_result.notesMoved += std::max(entry.noteCount - had, 0);
             m_result.chordsFormed += had > 0 && entry.noteCount > had ? 1 : 0;
         }
         for (const EXENTRY& entry : m_before) {
             m_result.restsFilled += GaveWayToMusic(entry) ? 1 : 0;
-            const bool isGone = Find(m_now, entry.entryNumber) == nullptr;
+            const bool isGone = Find(m_numbersNow, entry.entryNumber) == nullptr;
             const bool isCleared = m_request.options.mode != 0 && isGone;
             m_result.notesCleared += isCleared ? entry.noteCount : 0;
         }
@@ -71,7 +82,7 @@ private:
         const auto end = [](const EXENTRY& entry) {
             return entry.elapsedTime + entry.actualDuration;
         };
-        return rest.noteCount == 0 && Find(m_now, rest.entryNumber) == nullptr &&
+        return rest.noteCount == 0 && Find(m_numbersNow, rest.entryNumber) == nullptr &&
                std::any_of(m_now.begin(), m_now.end(), [&](const EXENTRY& e) {
                    return e.noteCount > 0 && e.elapsedTime < end(rest) && rest.elapsedTime < end(e);
                });
@@ -127,6 +138,8 @@ private:
     FrameKey m_destination;
     const std::vector<EXENTRY>& m_before;
     const std::vector<EXENTRY>& m_now;
+    const Numbers m_numbersBefore;
+    const Numbers m_numbersNow;
     MergedMeasure m_result;
 };
 
