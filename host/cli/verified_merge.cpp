@@ -72,8 +72,11 @@ std::vector<std::string> VerifiedMerge::Losses(const std::string& bytes) {
     if (!m_verifies) {
         return {};
     }
-    const readback::Reading after = readback::ReadContent(bytes, m_texts);
-    if (m_before.score == nullptr || after.score == nullptr) {
+    const readback::Reading after =
+        m_before.score == nullptr
+            ? readback::Reading{}
+            : readback::ReadContentOfResult(bytes, m_texts, *m_before.score, m_score.text);
+    if (after.score == nullptr) {
         m_losses.push_back(m_before.score == nullptr
                                ? "the score cannot be read a second time: " + m_before.problem
                                : "the result cannot be read: " + after.problem);

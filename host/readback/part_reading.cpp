@@ -15,20 +15,27 @@ bool HasName(pugi::xml_node node, std::string_view name) {
 
 }  // namespace
 
-PartReading::PartReading(Score& score, ElementTexts& elements)
+PartReading::PartReading(Score& score, ElementTexts& elements, const KnownMeasures* known)
     : m_score{score},
       m_elements{elements},
       m_texts{elements.AllTexts()},
       m_note{elements},
       m_notes{score, elements},
       m_lines{score},
+      m_known{known},
       m_part{static_cast<u32>(score.parts.size() - 1)},
       m_tuplet{m_texts.Of("tuplet")},
       m_nextEnd{static_cast<u32>(score.ends.size())} {}
 
 bool PartReading::Read(pugi::xml_node part) {
     for (const pugi::xml_node measure : part.children("measure")) {
-        ReadMeasure(measure);
+        const MeasureContent* known =
+            m_known == nullptr ? nullptr : m_known->Find(m_part, m_measure);
+        if (known != nullptr) {
+            Repeat(*known);
+        } else {
+            ReadMeasure(measure);
+        }
         if (!m_isExact) {
             return false;
         }
@@ -43,7 +50,8 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
     m_chordOnset = {};
     m_uncounted = {};
     m_score.parts[m_part].measures.push_back(
-        {m_texts.Of(measure.attribute("number").value()), m_beat, {}, {}});
+        {m_texts.Of(measure.attribute("number").value()), m_beat, {}, {}, m_divisions, {}, 1, {}});
+    const MeasureRanges begin = Ends();
     AddItem(Here(0), m_texts.Of("<measure" + CanonicalAttributes(measure) + '>'));
     const auto firstChord = static_cast<u32>(m_score.chords.size());
     for (const pugi::xml_node child : measure.children()) {
@@ -61,10 +69,85 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
         }
     }
     Measure().beat = m_beat;
+    Measure().divisionsAfter = m_divisions;
+    const MeasureRanges end = Ends();
+    Measure().ranges = {{begin.chords.end, end.chords.end},
+                        {begin.notes.end, end.notes.end},
+                        {begin.attachments.end, end.attachments.end},
+                        {begin.ends.end, end.ends.end},
+                        {begin.items.end, end.items.end}};
     PlaceInStreams(firstChord);
     m_lines.EndMeasure();
     NumberGraceNotes(firstChord);
     SumVoices(firstChord);
+}
+
+// Empty ranges at the ends of the lists.
+MeasureRanges PartReading::Ends() const {
+    const auto endOf = [](const auto& list) {
+        const auto size = static_cast<u32>(list.size());
+        return Range{size, size};
+    };
+    return {endOf(m_score.chords), endOf(m_score.notes), endOf(m_score.attachments),
+            endOf(m_score.ends), endOf(m_score.items)};
+}
+
+namespace {
+
+Range Shifted(Range range, u32 by) {
+    return {range.begin + by, range.end + by};
+}
+
+}  // namespace
+
+// Takes over what the earlier file says of the measure. What crosses barlines is found anew: whose
+// ends of lines belong together, and all marks of chords.
+void PartReading::Repeat(const MeasureContent& known) {
+    const Score& before = m_known->Before();
+    const MeasureRanges& from = known.ranges;
+    const MeasureRanges here = Ends();
+    const u32 chords = here.chords.end - from.chords.begin;  // to add, modulo 2^32
+    const u32 notes = here.notes.end - from.notes.begin;
+    const u32 attachments = here.attachments.end - from.attachments.begin;
+    m_isExact =
+        m_isExact && known.divisionsBefore == m_divisions && m_lines.OpenStarts(m_tuplet).empty();
+    for (u32 i = from.chords.begin; i < from.chords.end; ++i) {
+        const Chord& was = before.chords[i];
+        Chord& chord = m_score.chords.emplace_back();
+        chord.place = was.place;
+        chord.part = was.part;
+        chord.voice = was.voice;
+        chord.grace = was.grace;
+        chord.duration = was.duration;
+        chord.rest = was.rest;
+        chord.hidden = was.hidden;
+        chord.modified = was.modified;
+        chord.notes = Shifted(was.notes, notes);
+    }
+    for (u32 i = from.notes.begin; i < from.notes.end; ++i) {
+        Note& note = m_score.notes.emplace_back(before.notes[i]);
+        note.chord += chords;
+        note.attachments = Shifted(note.attachments, attachments);
+    }
+    const auto append = [](auto& list, const auto& others, Range range) {
+        list.insert(list.end(), others.begin() + range.begin, others.begin() + range.end);
+    };
+    append(m_score.attachments, before.attachments, from.attachments);
+    append(m_score.items, before.items, from.items);
+    for (u32 i = from.ends.begin; i < from.ends.end; ++i) {
+        LineEnd& end = m_score.ends.emplace_back(before.ends[i]);
+        end.chord += end.chord == kNone ? 0 : chords;
+        end.note += end.note == kNone ? 0 : notes;
+    }
+    MeasureContent& measure = m_score.parts[m_part].measures.emplace_back(known);
+    measure.ranges = {Shifted(from.chords, chords), Shifted(from.notes, notes),
+                      Shifted(from.attachments, attachments),
+                      Shifted(from.ends, here.ends.end - from.ends.begin),
+                      Shifted(from.items, here.items.end - from.items.begin)};
+    m_beat = known.beat;
+    m_divisions = known.divisionsAfter;
+    PairNewEnds();
+    m_lines.EndMeasure();
 }
 
 void PartReading::ReadNote(pugi::xml_node node) {

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/readback/known_measures.h"
 #include "host/readback/line_pairing.h"
 #include "host/readback/note_reading.h"
 
@@ -16,9 +17,11 @@ namespace standin::readback {
 class PartReading {
 public:
     // Reads into the last part of the score, whose staves are known.
-    PartReading(Score& score, ElementTexts& elements);
+    // known: measures that need not be read again; may be null.
+    PartReading(Score& score, ElementTexts& elements, const KnownMeasures* known);
 
-    // False if the times of a measure cannot be computed exactly; it is then the last one.
+    // False if the times of a measure cannot be computed exactly, or if a known measure means
+    // something else here; it is then the last one.
     bool Read(pugi::xml_node part);
 
 private:
@@ -31,6 +34,8 @@ private:
     };
 
     void ReadMeasure(pugi::xml_node measure);
+    void Repeat(const MeasureContent& known);
+    MeasureRanges Ends() const;
     void ReadNote(pugi::xml_node note);
     ExactTime DurationOfNote() const;
     ExactTime LengthOfNone();
@@ -56,11 +61,12 @@ private:
     NoteChildren m_note;  // the one being read
     NoteReading m_notes;
     LinePairing m_lines;
+    const KnownMeasures* m_known;
     const u32 m_part;
     const u32 m_tuplet;  // the element's name
     u32 m_nextEnd;       // not yet paired
     u32 m_measure = 0;
-    bool m_isExact = true;  // all times so far
+    bool m_isExact = true;  // all times so far, and all that was known
     ExactTime m_divisions{1, 1};
     ExactTime m_beat{1, 1};
     ExactTime m_cursor;

@@ -21,9 +21,13 @@ public:
     bool for_each(pugi::xml_node&) override { return depth() < kDeepestNesting; }
 };
 
-u32 StavesOf(pugi::xml_node part) {
-    u32 staves = 1;
+// By measure, the highest number of a staff that is named.
+std::vector<u32> StavesOf(pugi::xml_node part, u32 index, const KnownMeasures* known) {
+    std::vector<u32> all;
     for (const pugi::xml_node measure : part.children("measure")) {
+        const MeasureContent* content =
+            known == nullptr ? nullptr : known->Find(index, static_cast<u32>(all.size()));
+        u32 staves = content == nullptr ? 1 : content->staves;
         for (const pugi::xml_node child : measure.children()) {
             for (const pugi::xml_node of : child.children()) {
                 const std::string_view name = of.name();
@@ -32,8 +36,9 @@ u32 StavesOf(pugi::xml_node part) {
                 }
             }
         }
+        all.push_back(std::min(staves, kMaxStavesOfPart));
     }
-    return std::min(staves, kMaxStavesOfPart);
+    return all;
 }
 
 void ReadHeader(pugi::xml_node root, Score& score, Texts& texts) {
@@ -54,9 +59,7 @@ Reading Refused(std::string problem, std::size_t line) {
     return {nullptr, std::move(problem), line};
 }
 
-}  // namespace
-
-Reading ReadContentOfText(std::string_view xml, Texts& texts) {
+Reading ReadXml(std::string_view xml, Texts& texts, const KnownMeasures* known) {
     pugi::xml_document document;
     const pugi::xml_parse_result parsed = document.load_buffer(
         xml.data(), xml.size(), pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol,
@@ -81,10 +84,16 @@ Reading ReadContentOfText(std::string_view xml, Texts& texts) {
     ElementTexts elements{xml, texts};
     u32 nextStaff = 1;
     for (const pugi::xml_node node : root.children("part")) {
-        const u32 staves = StavesOf(node);
-        score->parts.push_back({texts.Of(node.attribute("id").value()), nextStaff, staves, {}});
-        nextStaff += staves;
-        if (!PartReading{*score, elements}.Read(node)) {
+        const auto index = static_cast<u32>(score->parts.size());
+        const std::vector<u32> staves = StavesOf(node, index, known);
+        const u32 most = staves.empty() ? 1 : *std::max_element(staves.begin(), staves.end());
+        score->parts.push_back({texts.Of(node.attribute("id").value()), nextStaff, most, {}});
+        nextStaff += most;
+        const bool isRead = PartReading{*score, elements, known}.Read(node);
+        for (std::size_t i = 0; i < score->parts.back().measures.size(); ++i) {
+            score->parts.back().measures[i].staves = staves[i];
+        }
+        if (!isRead) {
             return Refused("part " + std::to_string(score->parts.size()) + ", measure " +
                                texts[score->parts.back().measures.back().number] +
                                ": durations that cannot be added up exactly",
@@ -95,17 +104,50 @@ Reading ReadContentOfText(std::string_view xml, Texts& texts) {
     return {std::move(score), {}, 0};
 }
 
-Reading ReadContent(std::string bytes, Texts& texts) {
+DecodedText Decoded(std::string bytes) {
     if (IsArchive(bytes)) {
         ArchiveMember member = ReadArchivedScore(bytes);
         if (!member.problem.empty()) {
-            return Refused(std::move(member.problem), 0);
+            return {{}, {}, std::move(member.problem), 0};
         }
         bytes = std::move(member.bytes);
     }
-    const DecodedText decoded = DecodeXml(std::move(bytes));
-    return decoded.problem.empty() ? ReadContentOfText(decoded.text, texts)
+    return DecodeXml(std::move(bytes));
+}
+
+// Whether both have the same parts on the same staves, with as many measures.
+bool HaveOneShape(const Score& a, const Score& b) {
+    return std::equal(a.parts.begin(), a.parts.end(), b.parts.begin(), b.parts.end(),
+                      [](const Part& one, const Part& other) {
+                          return one.firstStaff == other.firstStaff && one.staves == other.staves &&
+                                 one.measures.size() == other.measures.size();
+                      });
+}
+
+}  // namespace
+
+Reading ReadContentOfText(std::string_view xml, Texts& texts) {
+    return ReadXml(xml, texts, nullptr);
+}
+
+Reading ReadContent(std::string bytes, Texts& texts) {
+    const DecodedText decoded = Decoded(std::move(bytes));
+    return decoded.problem.empty() ? ReadXml(decoded.text, texts, nullptr)
                                    : Refused(decoded.problem, decoded.line);
+}
+
+Reading ReadContentOfResult(std::string bytes, Texts& texts, const Score& before,
+                            std::string_view xmlBefore) {
+    const DecodedText decoded = Decoded(std::move(bytes));
+    if (!decoded.problem.empty()) {
+        return Refused(decoded.problem, decoded.line);
+    }
+    const KnownMeasures known{before, xmlBefore, decoded.text, texts.Of("tuplet")};
+    Reading reading = ReadXml(known.Rest(), texts, &known);
+    if (reading.score != nullptr && HaveOneShape(before, *reading.score)) {
+        return reading;
+    }
+    return ReadXml(decoded.text, texts, nullptr);
 }
 
 }  // namespace standin::readback

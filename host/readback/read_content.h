@@ -24,4 +24,9 @@ Reading ReadContent(std::string bytes, Texts& texts);
 // The same for XML in UTF-8.
 Reading ReadContentOfText(std::string_view xml, Texts& texts);
 
+// The same for a file that was made from another one, read before from the text xmlBefore.
+// Measures that are there word for word are taken from that reading.
+Reading ReadContentOfResult(std::string bytes, Texts& texts, const Score& before,
+                            std::string_view xmlBefore);
+
 }  // namespace standin::readback

@@ -116,11 +116,24 @@ struct Item {
     u32 text = 0;
 };
 
+// Where a measure stands in the lists of the score.
+struct MeasureRanges {
+    Range chords;
+    Range notes;
+    Range attachments;
+    Range ends;
+    Range items;
+};
+
 struct MeasureContent {
     u32 number = 0;  // as printed, by text
     ExactTime beat{1, 1};
-    ExactTime length;        // the latest time of its content
-    ExactTime fullestVoice;  // the most that the durations of one voice add up to
+    ExactTime length;           // the latest time of its content
+    ExactTime fullestVoice;     // the most that the durations of one voice add up to
+    ExactTime divisionsBefore;  // in force where it begins
+    ExactTime divisionsAfter;   // likewise, where it ends
+    u32 staves = 1;             // the highest number of a staff that it names
+    MeasureRanges ranges;
 };
 
 struct Part {

@@ -113,6 +113,16 @@ const struct {
      "1: slur from C4 half to D4 half in m. 1, beat 3 lost\n"
      "1: slur from C5 half to D4 half in m. 1, beat 3 gained\n"
      "1: slur from C4 half to D5 half in m. 1, beat 3 gained\n"},
+    // The second measure is the same text, but its meaning changes.
+    {"DivisionsThatAreNotSetBack",
+     {Half("C5") + Half("D5"), Half("E5")},
+     {kSixthsOfQuarter + Note({"C5", 12, "half"}) + Note({"D5", 12, "half"}), Half("E5")},
+     "m. 2, staff 1, beat 1: E5 half lost\n"
+     "m. 2, staff 1, beat 1: E5 half gained\n"},
+    {"NumberChangedAtOneEndOnly",
+     {Half("C5", "1", Slur("start")), Half("D5", "1", Slur("stop")), Half("E5")},
+     {Half("C5", "1", Slur("start", "2")), Half("D5", "1", Slur("stop")), Half("E5")},
+     "1: slur from C5 half to D5 half in m. 2, beat 1 lost: its ends do not find each other\n"},
     {"StopBeforeStart",
      {Half("C5", "1", Slur("start")) + Backup(4) + Forward(4) + Half("D5", "2", Slur("stop"))},
      {Forward(4) + Half("D5", "1", Slur("stop")) + Backup(8) + Half("C5", "2", Slur("start"))},

@@ -35,19 +35,33 @@ class Compared {
 public:
     Compared(const std::string& before, const std::string& after)
         : m_before{readback::ReadContentOfText(before, m_texts)},
-          m_after{readback::ReadContentOfText(after, m_texts)} {
+          m_after{readback::ReadContentOfText(after, m_texts)},
+          m_again{readback::ReadContentOfResult(after, m_texts, *m_before.score, before)} {
         EXPECT_EQ(m_before.problem, "");
         EXPECT_EQ(m_after.problem, "");
+        EXPECT_EQ(m_again.problem, "");
     }
 
     std::string Differences() const {
-        return Joined(readback::Differences(*m_before.score, *m_after.score, m_texts));
+        return Same([this](const readback::Score& after) {
+            return readback::Differences(*m_before.score, after, m_texts);
+        });
     }
     std::string Faults(const std::vector<readback::ClearedMusic>& cleared = {}) const {
-        return Joined(readback::FaultsOfMerge(*m_before.score, *m_after.score, m_texts, cleared));
+        return Same([&](const readback::Score& after) {
+            return readback::FaultsOfMerge(*m_before.score, after, m_texts, cleared);
+        });
     }
 
 private:
+    // Whether unchanged measures are read again or taken from before makes no difference.
+    template <typename Compare>
+    std::string Same(Compare compare) const {
+        std::string lines = Joined(compare(*m_after.score));
+        EXPECT_EQ(Joined(compare(*m_again.score)), lines);
+        return lines;
+    }
+
     static std::string Joined(const std::vector<readback::Difference>& differences) {
         constexpr std::string_view kUsualPlace = "m. 1, staff 1, beat ";
         std::string text;
@@ -62,6 +76,7 @@ private:
     readback::Texts m_texts;
     readback::Reading m_before;
     readback::Reading m_after;
+    readback::Reading m_again;
 };
 
 }  // namespace standin
