@@ -16,7 +16,7 @@ programs=(test_merge test_details test_trust)
 limit=300  # seconds for a test program
 if [ $# -gt 0 ]; then
     # The quick ones first.
-    programs=(test_library_example test_merge test_details test_frames test_region test_foundation
+    programs=(test_library test_merge test_details test_frames test_region test_foundation
         test_records test_settings test_interface test_plugin test_command test_trust test_sweeps)
     limit=60
 fi
@@ -31,13 +31,15 @@ copy_project() {
         (cd "$project" && xargs -0 cp --parents -t "$1")
 }
 
-build_tests() { build_preset native "${programs[@]}" >/dev/null 2>"$top/build.log"; }
+build_tests() { build_preset native "$@" >/dev/null 2>"$top/build.log"; }
 
-# Prints the first test that fails; false when none does. A program that crashes, or does not
-# end, has failed.
+# Prints the first test that fails; 1 when none does, 2 when a program does not build. A program
+# that crashes, or does not end, has failed. Each is linked just before it runs: most faults are
+# caught by one of the first.
 failing_test() {
     local program log="$top/tests.log"
     for program in "${programs[@]}"; do
+        build_tests "$program" || return 2
         if ! timeout "$limit" "$build/native/$program" >"$log" 2>&1; then
             grep -m 1 -oE '^\[  FAILED  \] [^, ]+' "$log" | sed 's/.*\] //' || echo "$program"
             return 0
@@ -51,7 +53,7 @@ what_changes() { head -n 1 "$1" | sed -E 's/^([^:]*):[0-9]+:/\1:/'; }
 
 # Prints what became of the patch: caught, equal, NOT CAUGHT or what went wrong.
 try_mutation() {
-    local patch=$1 caught
+    local patch=$1 caught status=0
     if grep -qsxF "$(what_changes "$patch")" <(sed 's/\t.*//' "$patches/equal.txt" 2>/dev/null); then
         echo "equal"
         return
@@ -60,13 +62,12 @@ try_mutation() {
         echo "does not apply"
         return
     }
-    if ! build_tests; then
-        echo "does not build"
-    elif caught=$(failing_test); then
-        echo "caught by $caught"
-    else
-        echo "NOT CAUGHT"
-    fi
+    caught=$(failing_test) || status=$?
+    case $status in
+    0) echo "caught by $caught" ;;
+    1) echo "NOT CAUGHT" ;;
+    *) echo "does not build" ;;
+    esac
     git -C "$top" apply -p0 -R "$patch"
 }
 
@@ -77,7 +78,7 @@ work() {
     build="$top/build"
     export CCACHE_BASEDIR="$top"
     copy_project "$top"
-    build_tests || {
+    build_tests "${programs[@]}" || {
         tail -n 20 "$top/build.log" >&2
         fail "the tests do not build"
     }
