@@ -81,7 +81,7 @@ void FinPIModeless::RunModeless() {
         ReportPendingError();
         return;
     }
-    u64 result = 0;
+    u64 result{};
     EREGION selection{};
     EREGION wholeDocument{};
     const bool selected = Host::GetCurERegions(&result, &selection, &wholeDocument) != 0;

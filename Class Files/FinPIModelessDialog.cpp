@@ -25,7 +25,7 @@ std::set<u16> OpenDocuments() {
 }
 
 FinPIRegion CurrentSelection() {
-    u64 result = 0;
+    u64 result{};
     EREGION selection{};
     EREGION wholeDocument{};
     FinPIRegion region;

@@ -101,8 +101,8 @@ i16 FinPISaveSettingsDlg::OnInitializeWindow(WindowHandle window) {
 void FinPISaveSettingsDlg::ListStoredSettings() {
     m_nextIdentifier = 0;
     char16 name[128];
-    u16 skipDialog = 0;
-    u16 identifier = 0;
+    u16 skipDialog{};
+    u16 identifier{};
     for (i16 number = 1; ReadSavedSetting(CommandID(), number, name, nullptr, &skipDialog,
                                           &identifier, nullptr) != 0;
          ++number) {

@@ -69,7 +69,7 @@ i16 FinPI::DoProcessDocument(const EREGION& region, i16 /*walkMode*/, i16 /*repo
                              i16 /*reportMeasures*/, i16 /*reportLayers*/, i16 firstMeasure,
                              i16 /*measureHook*/, i16 /*skipMultimeasureRests*/,
                              u16* continueFlag) {
-    u64 result = 0;
+    u64 result{};
     EREGION selection{};
     EREGION wholeDocument{};
     Host::GetCurERegions(&result, &selection, &wholeDocument);

@@ -97,7 +97,7 @@ void MoveAttachments(const FinPIEntryPtr& source, const FinPIEntryPtr& target, u
         PostStayedBehind();
         return;
     }
-    i16 anyDeleted = 0;
+    i16 anyDeleted{};
     if (source.DeleteDetails(kMovedDetails, anyDeleted) == 0) {
         PostStayedBehind();
     }

@@ -15,8 +15,8 @@ struct FramePair {
     FinPIRegion region;  // the selection
     FinPITGFPtr source;
     FinPITGFPtr destination;
-    bool hideRests = false;      // hide the rests that are left in the source
-    bool staffSelected = false;  // the staff lies between the region's slots
+    bool hideRests{};      // hide the rests that are left in the source
+    bool staffSelected{};  // the staff lies between the region's slots
     // Grace indices from before the merge, by entry number: of the source's grace entries, and of
     // the source entries whose music a destination entry received.
     std::map<u32, i16> sourceGraces{};

@@ -60,7 +60,7 @@ i16 Plyweld::Execute(const EREGION* /*selection*/, const EREGION* /*wholeDocumen
         Host::AlertMessage(AlertOwner(), i16{0}, kSameLayerText, nullptr);
         return 0;
     }
-    u64 result = 0;
+    u64 result{};
     EREGION selection{};
     EREGION wholeDocument{};
     if (Host::GetCurERegions(&result, &selection, &wholeDocument) == 0) {

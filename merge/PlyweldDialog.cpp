@@ -16,7 +16,7 @@ constexpr u32 kNoSelectionLabel = 22004;
 
 // False when nothing is selected.
 bool ReadSelection(EREGION& selection) {
-    u64 result = 0;
+    u64 result{};
     EREGION wholeDocument{};
     return Host::GetCurERegions(&result, &selection, &wholeDocument) != 0;
 }

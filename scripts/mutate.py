@@ -4,6 +4,12 @@
 A fault changes one comparison, condition, constant, result or statement of one source. The same
 seed makes the same faults as long as the sources stay the same. Each patch is named
 NUMBER-FILE-LINE.patch and applies with -p0. The first line of a patch says what it changes.
+
+A number becomes one more and one less, with three exceptions, where the other change would mean the
+same by construction and the number still gets a fault:
+  - a returned 1, which means yes, becomes 0, not 2;
+  - a -1, which means none, becomes 0, not -2;
+  - the size of an array becomes one less, not one more.
 """
 import difflib
 import pathlib
@@ -56,8 +62,20 @@ def code_lines(text):
             in_comment = "*/" not in line
             continue
         skipped = ("//", "#", "static_assert", "template", "using ", "namespace ", "case ", "}")
-        if stripped and not stripped.startswith(skipped) and '"' not in stripped:
-            yield number, line.split(" //")[0].rstrip()
+        code = line.split(" //")[0].rstrip()
+        is_pure = code.endswith((") = 0;", "const = 0;"))
+        if stripped and not is_pure and not stripped.startswith(skipped) and '"' not in stripped:
+            yield number, code
+
+
+def numbers_instead(line, start, number):
+    before, behind = line[:start], line[start:]
+    is_yes = before.endswith("return ") and behind.startswith("1;")
+    is_none = number == 1 and re.search(r"[ (,={]-$", before)
+    is_size = before.endswith("[") and re.match(r"\d+\](?:\{\})?;", behind)
+    if is_yes or is_none or is_size:
+        return [number - 1]
+    return [number + 1] + ([number - 1] if number > 0 else [])
 
 
 def faults_of(match):
@@ -68,7 +86,7 @@ def faults_of(match):
     if kind == "not":
         return [""]
     if kind == "number":
-        return [str(int(token) + 1)] + ([str(int(token) - 1)] if int(token) > 0 else [])
+        return [str(n) for n in numbers_instead(match.string, match.start(), int(token))]
     if kind == "call":
         indent = re.match(r"\s*", token).group()
         return [] if token.strip().startswith("return") else [indent + ";"]

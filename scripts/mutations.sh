@@ -16,7 +16,7 @@ programs=(test_merge test_details test_trust)
 limit=300  # seconds for a test program
 if [ $# -gt 0 ]; then
     # The quick ones first.
-    programs=(test_library test_merge test_details test_frames test_region test_foundation
+    programs=(test_library test_helpers test_merge test_details test_frames test_region test_foundation
         test_records test_settings test_interface test_plugin test_command test_trust test_sweeps)
     limit=60
 fi

@@ -101,9 +101,9 @@ protected:
     u16 m_dialogNumber;
     u16 m_titleGiven = 0;
     char16 m_title[256]{};
-    u64 m_lastControl = 0;       // of the command event being handled
-    u64 m_notificationCode = 0;  // as above
-    u16 m_showFlags = 0;
+    u64 m_lastControl{};       // of the command event being handled
+    u64 m_notificationCode{};  // as above
+    u16 m_showFlags{};
     u16 m_initialized = 0;
     u16 m_repositionPending = 0;
     u16 m_accepted = 0;  // a derived dialog's user confirmed it
@@ -111,7 +111,7 @@ protected:
     WindowHandle m_window = nullptr;  // null before the window's creation
     u64 m_timer = 0;                  // 0 = none runs
     char16 m_positionKey[256]{};
-    u16 m_watchedPreference = 0;
+    u16 m_watchedPreference{};
     u16 m_inCommand = 0;
     u16 m_hasVersion = 0;
     char16 m_versionSuffix[64]{};

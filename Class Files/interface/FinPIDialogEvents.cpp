@@ -127,7 +127,7 @@ i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u
         int& commands;
     };
     u8 final = 0;
-    i16 result = 0;
+    i16 result{};
     m_inCommand = 1;
     m_ticksPassedOver = 0;
     try {

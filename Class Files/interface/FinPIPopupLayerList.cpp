@@ -83,14 +83,12 @@ i16 FinPIPopupLayerList::GetItemCount() {
 u32 FinPIPopupLayerList::AddLayerItem(const char16* text, i16 value) {
     AppendItem(text);
     m_itemValues.push_back(value);
-    m_filled = 1;
     return static_cast<u32>(GetItemCount());
 }
 
 void FinPIPopupLayerList::FillLayers(u16 selectedLayer, bool includeAll) {
     m_itemValues.clear();
     ClearItems();
-    m_filled = 0;
     u32 selected = 0;
     if (includeAll) {
         const std::u16string text{platform::ResourceString(kAllLayersString)};

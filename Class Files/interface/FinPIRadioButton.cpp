@@ -20,7 +20,7 @@ u32 FinPIRadioButton::GetValue() {
 }
 
 i16 FinPIRadioButton::Enable(u16 enabled) {
-    i16 result = 0;
+    i16 result{};
     for (u16 button = m_id; button <= m_lastId; ++button) {
         result = Host::EnableDlgItem(m_window, button, static_cast<i16>(enabled));
     }

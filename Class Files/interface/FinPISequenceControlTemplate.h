@@ -53,6 +53,5 @@ protected:
     Value m_skipValue = 0;  // an item of this value never counts as a new selection
     std::vector<Value> m_itemValues;
     u32 m_lastPosition = 0;
-    u16 m_filled = 0;
     u16 m_reselectionIsNoChange = 0;
 };

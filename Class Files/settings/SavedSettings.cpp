@@ -27,7 +27,7 @@ bool g_movedFromOldOwner = false;
 RegistryResult CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number) {
     const std::string name = SavedSettings::kName + std::to_string(number);
     platform::ValueType type{};
-    u32 size = 0;
+    u32 size{};
     RegistryResult result = GetRegValue(oldKey, name, &type, nullptr, &size);
     std::vector<u8> record(size);
     if (result == RegistryResult::kSuccess) {

@@ -40,7 +40,7 @@ TEST_F(Frames, DeletingKeepsOtherNotes) {
     EXPECT_EQ(+frame.EntryAt(2)->notes[0].pitch, 0) << "a rest has nothing of the note it was";
     EXPECT_EQ(frame.SaveTGF(), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:f4 e:r");
-    const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(2).Number(), 4711};
+    const std::set<u32> numbers{frame.EntryAt(0).Number(), frame.EntryAt(2).Number(), 0, 4711};
     EXPECT_EQ(frame.DeleteEntries(numbers), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "e:f4");
 }

@@ -7,6 +7,11 @@
 
 namespace {
 
+// As templates and stored answers know them.
+constexpr AlertType kOk{0};
+constexpr AlertType kOkCancel{1};
+constexpr AlertType kYesNo{4};
+
 class AlertTest : public InterfaceTest {
 protected:
     u16 Ask(AlertType type) { return ShowAlert(&command, nullptr, type, 20003); }
@@ -16,13 +21,10 @@ TEST_F(AlertTest, AnswerIsRememberedWhenBoxIsTicked) {
     // The button (0: the window is closed), whether the box is ticked, the answer, and the next
     // one, which is what is remembered (0: it asks again).
     const std::tuple<AlertType, u16, bool, u16, u16> cases[] = {
-        {AlertType::kYesNo, 1, false, 6, 0},
-        {AlertType::kYesNo, 1, true, 6, 6},
-        {AlertType::kYesNo, 2, true, 7, 7},
-        {AlertType::kYesNo, 0, true, 0, 0},
-        {AlertType::kOkCancel, 1, true, 1, 1},
-        {AlertType::kOkCancel, 2, true, 2, 0},  // a canceled one is not remembered
-        {AlertType::kOk, 1, true, 1, 1},
+        {kYesNo, 1, false, 6, 0},   {kYesNo, 1, true, 6, 6},
+        {kYesNo, 2, true, 7, 7},    {kYesNo, 0, true, 0, 0},
+        {kOkCancel, 1, true, 1, 1}, {kOkCancel, 2, true, 2, 0},  // a canceled one is not remembered
+        {kOk, 1, true, 1, 1},
     };
     for (const auto& c : cases) {
         const auto [type, button, ticked, answer, nextAnswer] = c;
@@ -45,14 +47,14 @@ TEST_F(AlertTest, FormatsArgumentsAndFitsBox) {
         EXPECT_EQ(open.hidden, std::set<u16>{2});
         EXPECT_EQ(open.window.controls[4].rectangle.Width(), 18 * 6 + 35);
     });
-    ShowAlert(&command, nullptr, AlertType::kOk, 20005, "Capa");
+    ShowAlert(&command, nullptr, kOk, 20005, "Capa");
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
 }
 
 TEST_F(AlertTest, ShortStoredRecordMeansYes) {
     const u16 flagOnly = 1;
     ZKFX_PutSettings("CKAT", 20003, &flagOnly, 2, "Dont Show Again Alert");
-    EXPECT_EQ(Ask(AlertType::kYesNo), 6);
+    EXPECT_EQ(Ask(kYesNo), 6);
     EXPECT_TRUE(desk.Shown().empty());
 }
 

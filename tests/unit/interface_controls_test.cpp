@@ -55,6 +55,11 @@ TEST_F(ControlTest, TextFieldsConvertAndTruncate) {
     field.SetUserValue(2.5);
     EXPECT_EQ(field.GetUserValue(), 2.5);
     EXPECT_EQ(dialog.GetUserValueRounded(window, 7), 3);
+    standin::App().faults.refuseKind =
+        standin::FaultPlan::AllOf(standin::HostCall::kGetDlgItemUser);
+    EXPECT_EQ(field.GetUserValue(), 0);
+    EXPECT_EQ(dialog.GetUserValueRounded(window, 7), 0);
+    standin::App().faults = {};
     FinPIEditUnicodeText none{0};
     none.Attach(window, 1, 0);
     none.AttachText(window, u"text", 0);
@@ -100,6 +105,22 @@ TEST_F(ControlTest, ListKeepsSelectionWhenItemsGo) {
     list.RemoveItem(1);
     EXPECT_EQ(list.GetItemCount(), 0);
     EXPECT_EQ(list.GetValue(), 0U);
+}
+
+// With two items of the string table before the layers.
+struct ListWithFixedItems final : FinPIPopupLayerList {
+    ListWithFixedItems() : FinPIPopupLayerList{1003} {
+        m_fixedItems = 2;
+        m_firstFixedString = 20001;
+    }
+};
+
+TEST_F(ControlTest, ListBeginsWithFixedItems) {
+    ListWithFixedItems list;
+    list.Attach(window, 2, 1);
+    EXPECT_EQ(open.Items(1003), (Names{u"Yes", u"No"}));
+    EXPECT_EQ(list.GetValue(), 2U);
+    EXPECT_EQ(list.GetItemValue(1), 0) << "without a value of its own";
 }
 
 // Can ignore choosing the same item again, or Layer 3.

@@ -10,6 +10,17 @@
 
 namespace {
 
+// The system's own numbers.
+constexpr u32 kPaint = 15;
+constexpr u32 kPositionChanged = 71;
+constexpr u32 kNotify = 78;
+constexpr u32 kCommand = 273;
+constexpr u32 kSystemCommand = 274;
+constexpr u64 kMinimize = 0xF020;
+constexpr u64 kMaximize = 0xF030;
+constexpr u64 kCloseCommand = 0xF060;
+constexpr u64 kRestore = 0xF120;
+
 class DialogTest : public InterfaceTest {
 protected:
     // Shows the dialog and forgets what its creation noted.
@@ -45,10 +56,10 @@ TEST_F(DialogTest, EventsReachTheirHandler) {
         EXPECT_EQ(dialog.TakeNotes(), c.note == nullptr ? Notes{} : Notes{c.note}) << c.message;
     }
     NotificationHeader header{nullptr, 1004, kTabSelectionChanged};
-    EXPECT_EQ(open.Send(WindowMessage::kNotify, 0, reinterpret_cast<i64>(&header)), 16);
+    EXPECT_EQ(open.Send(kNotify, 0, reinterpret_cast<i64>(&header)), 16);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1004 4294966744"}));
     header.code = kTabSelectionNotification;
-    EXPECT_EQ(open.Send(WindowMessage::kNotify, 0, reinterpret_cast<i64>(&header)), 0);
+    EXPECT_EQ(open.Send(kNotify, 0, reinterpret_cast<i64>(&header)), 0);
     EXPECT_EQ(dialog.TakeNotes(), Notes{}) << "no other notification";
 }
 
@@ -57,26 +68,26 @@ TEST_F(DialogTest, FailedInitializationDisablesControls) {
     OpenDialog& open = Start();
     EXPECT_EQ(open.Press(1009), 0);
     EXPECT_EQ(dialog.TakeNotes(), Notes{});
-    open.Send(WindowMessage::kClose);
+    open.Send(standin::kCloseMessage);
     EXPECT_EQ(desk.Newest(), nullptr);
 }
 
 TEST_F(DialogTest, RefusesForeignEventsAndStopsExceptions) {
     OpenDialog& open = Start();
     HWND__ other;
-    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kCommand, 1, 0, &dialog), 0);
-    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kPaint, 0, 0, &dialog), 0);
-    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, WindowMessage::kPaint, 0, 0, nullptr), 0);
+    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, kCommand, 1, 0, &dialog), 0);
+    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, kPaint, 0, 0, &dialog), 0);
+    EXPECT_EQ(FinPIDialog::DialogEventCallback(&other, kPaint, 0, 0, nullptr), 0);
     EXPECT_EQ(dialog.TakeNotes(), Notes{});
     dialog.whileHandling = [] { throw std::bad_alloc{}; };
     EXPECT_EQ(open.Press(1009), 0);
     dialog.TakeNotes();
-    open.Send(WindowMessage::kTimer);
+    open.Send(standin::kTimerMessage);
     EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "that command is over";
     std::optional<NotingDialog> gone{std::in_place, &command, nullptr, nullptr};
     OpenDialog& left = Show(*gone);
     gone.reset();
-    EXPECT_EQ(left.Send(WindowMessage::kTimer), 0);
+    EXPECT_EQ(left.Send(standin::kTimerMessage), 0);
 }
 
 TEST_F(DialogTest, TimerWaitsDuringCommand) {
@@ -84,18 +95,18 @@ TEST_F(DialogTest, TimerWaitsDuringCommand) {
     dialog.whileHandling = [&] {
         dialog.whileHandling = nullptr;
         open.Press(1010);
-        open.Send(WindowMessage::kTimer);
+        open.Send(standin::kTimerMessage);
     };
     open.Press(1009);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1009 0", "command 1010 0"}))
         << "the outer command is still being handled";
-    open.Send(WindowMessage::kTimer);
+    open.Send(standin::kTimerMessage);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer"}));
     NotingDialog modal{&command, nullptr, nullptr};
     desk.Then([&](OpenDialog& shown) {
         shown.Press(2);
         modal.TakeNotes();
-        shown.Send(WindowMessage::kTimer);
+        shown.Send(standin::kTimerMessage);
         EXPECT_EQ(modal.TakeNotes(), Notes{});
     });
     modal.ShowDialogWindow(nullptr, 1);
@@ -103,12 +114,12 @@ TEST_F(DialogTest, TimerWaitsDuringCommand) {
 
 TEST_F(DialogTest, ModelessDialogSeesChangedPreference) {
     OpenDialog& open = Start();
-    open.Send(WindowMessage::kTimer);
+    open.Send(standin::kTimerMessage);
     std::string general(76, '\0');
     general[30] = 2;
     host.Score().Records().Save(HostTag("pfgp"), standin::RecordKey::Preference(0), general);
-    open.Send(WindowMessage::kTimer);
-    open.Send(WindowMessage::kTimer);
+    open.Send(standin::kTimerMessage);
+    open.Send(standin::kTimerMessage);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer", "preferences", "timer", "timer"}));
 }
 
@@ -138,16 +149,15 @@ bool IsPlaceStored(i16 number) {
 }
 
 TEST_F(DialogTest, StoresPlaceUnlessMinimized) {
-    for (const u64 next :
-         {SystemCommand::kMinimize, SystemCommand::kRestore, SystemCommand::kMaximize}) {
+    for (const u64 next : {kMinimize, kRestore, kMaximize}) {
         platform::headless::Reset();
         NotingDialog placed{&command, nullptr, nullptr};
         placed.keyOffset = 3;
         OpenDialog& open = Show(placed);
-        open.Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
-        open.Send(WindowMessage::kSystemCommand, next);
-        open.Send(WindowMessage::kSystemCommand, SystemCommand::kClose);
-        EXPECT_EQ(IsPlaceStored(12003), next != SystemCommand::kMinimize);
+        open.Send(kSystemCommand, kMinimize);
+        open.Send(kSystemCommand, next);
+        open.Send(kSystemCommand, kCloseCommand);
+        EXPECT_EQ(IsPlaceStored(12003), next != kMinimize);
     }
 }
 
@@ -171,10 +181,10 @@ TEST_F(DialogTest, RestoresPlaceOnceAfterCreation) {
     EXPECT_EQ(open.window.rectangle.left, 50);
     EXPECT_EQ(open.window.rectangle.Width(), desk.newWindow.Width());
     open.window.rectangle = {500, 500, 600, 600};
-    open.Send(WindowMessage::kPositionChanged);
+    open.Send(kPositionChanged);
     EXPECT_EQ(open.window.rectangle.left, 50);
     open.window.rectangle = {500, 500, 600, 600};
-    open.Send(WindowMessage::kPositionChanged);
+    open.Send(kPositionChanged);
     EXPECT_EQ(open.window.rectangle.left, 500) << "later moves are the user's";
 }
 
@@ -199,7 +209,7 @@ TEST_F(DialogTest, TimerRunsUntilWindowEnds) {
     OpenDialog& open = Show(dialog);
     dialog.StartTimer(&open.window);
     EXPECT_EQ(open.timers, (std::map<u64, u32>{{1, 100}}));
-    EXPECT_EQ(open.Send(WindowMessage::kDestroy), 1);
+    EXPECT_EQ(open.Send(standin::kDestroyMessage), 1);
     EXPECT_TRUE(open.timers.empty());
 }
 
@@ -209,16 +219,16 @@ TEST_F(DialogTest, TimerResumesIfDialogStays) {
     standin::App().faults.refuseKind = standin::FaultPlan::AllOf(standin::HostCall::kEndDialog);
     open.Press(2);
     dialog.TakeNotes();
-    open.Send(WindowMessage::kTimer);
+    open.Send(standin::kTimerMessage);
     EXPECT_EQ(dialog.TakeNotes(), Notes{}) << "it may be on its way";
     for (int tick = 0; tick < 10; ++tick) {
-        open.Send(WindowMessage::kTimer);
+        open.Send(standin::kTimerMessage);
     }
     EXPECT_FALSE(dialog.TakeNotes().empty());
     open.Press(2);
     open.Press(3);
     dialog.TakeNotes();
-    open.Send(WindowMessage::kTimer);
+    open.Send(standin::kTimerMessage);
     EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"}) << "a later command was none of the end";
 }
 
@@ -228,7 +238,10 @@ TEST_F(DialogTest, LayoutMovesControls) {
         {1003, [](auto w) { SizeControl(w, 1003, 20, 40); }, {30, 40, 70, 60}},
         {1003, [](auto w) { SizeControl(w, 1003, -1, 40); }, {30, 40, 70, 50}},
         {1003, [](auto w) { SizeControl(w, 1003, 0, -1); }, {30, 40, 100, 40}},
+        {1003, [](auto w) { SizeControl(w, 1003, -1, 0); }, {30, 40, 30, 50}},
+        {1003, [](auto w) { SizeControl(w, 1003, -1, -1); }, {30, 40, 100, 50}},
         {1003, [](auto w) { SizeControl(w, 99, 1, 1); }, {30, 40, 100, 50}},
+        {1003, [](auto w) { PlaceControl(w, 1003, 0, 0, false); }, {0, 0, 70, 10}},
         {1003, [](auto w) { PlaceControl(w, 1003, 5, 6, false); }, {6, 5, 76, 15}},
         {1003, [](auto w) { PlaceControl(w, 1003, -1, 80, true); }, {80, 40, 100, 50}},
         {1003, [](auto w) { PlaceControl(w, 1003, -1, 95, true); }, {95, 40, 105, 50}},

@@ -68,6 +68,13 @@ TEST_F(HostMenuTest, SearchesSubmenusAndComparesBeginnings) {
     EXPECT_EQ(FindPluginMenuItem(&m_window, u"").menu, &plugins) << "the first plain item";
 }
 
+TEST_F(HostMenuTest, ComparesVisibleAmpersands) {
+    HMENU__& plugins = AddMenu({u"R&S", u"R&&&B...", u"R&&B"});
+    EXPECT_EQ(FindPluginMenuItem(&m_window, u"R&B").position, 1);
+    EXPECT_EQ(FindPluginMenuItem(&m_window, u"RS").menu, &plugins);
+    EXPECT_FALSE(FindPluginMenuItem(&m_window, u"RSB")) << "longer than the item";
+}
+
 TEST_F(HostMenuTest, SearchesOnlyTheMenuOfTheFirstHit) {
     AddMenu({u"Elsewhere"});
     AddMenu({u"Plyweld 6.10..."});

@@ -53,6 +53,24 @@ TEST(Failures, KeptGraceRestFailsRun) {
     EXPECT_EQ(App().alerts.size(), 1U);
 }
 
+// Nothing is written any more by a run that will be rolled back.
+TEST(Failures, FailedSaveEndsRunAtOnce) {
+    u64 saves = 0;
+    for (u64 nth = 1; nth == 1 || saves >= nth; ++nth) {
+        StandIn host{1, 2};
+        Write(host);
+        App().faults.refuseKind = FaultPlan::OfKind{HostCall::kSaveTGF, nth, nth};
+        const u64 before = host.Score().Digest();
+        App().ResetCounts();
+        Plugin{}.Merge(host);
+        saves = App().calls.Of(HostCall::kSaveTGF);
+        if (!App().alerts.empty()) {
+            EXPECT_EQ(saves, nth);
+            EXPECT_EQ(host.Score().Digest(), before);
+        }
+    }
+}
+
 // Checked while the failure is shown, before the edit is undone.
 TEST(Failures, FailedShapeMoveKeepsLyricMarks) {
     StandIn host;

@@ -47,9 +47,11 @@ TEST_F(Records, RefuseOperationsOutOfOrder) {
     record.opaque0[0] = 'y';
     EXPECT_EQ(record.Load(), 1);
     EXPECT_EQ(record.opaque0[0], 'y') << "it is loaded already";
-    EXPECT_TRUE(ErrorOf(record.Create()).ends_with("Attempted to Create but already Loaded."));
+    EXPECT_EQ(ErrorOf(record.Create()),
+              "29999 FinPIEnigmaData::Create: Attempted to Create but already Loaded.");
     record.Reset(0);
-    EXPECT_TRUE(ErrorOf(record.Save()).ends_with("Attempted to Save but never Loaded."));
+    EXPECT_EQ(ErrorOf(record.Save()),
+              "29999 FinPIEnigmaData::Save: Attempted to Save but never Loaded.");
 }
 
 TEST_F(Records, RefusalsArePostedWithTag) {
@@ -74,7 +76,8 @@ TEST_F(Records, ChangeOnlyTheirOwnDocument) {
     emptied.ClearData();
     const OtherDocument other;
     other->Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(12, 'o'));
-    EXPECT_TRUE(ErrorOf(record.Save()).ends_with("Attempted to update a non-current document"));
+    EXPECT_EQ(ErrorOf(record.Save()),
+              "29999 FinPIEnigmaData::Save: Attempted to update a non-current document");
     Refuse(HostCall::kSetCurrentEnigmaDocument);
     EXPECT_EQ(emptied.Commit(), 0);
     App().faults = {};
@@ -117,7 +120,10 @@ TEST_F(Records, CommitsReachScoreAndParts) {
             parts += std::to_string(App().CurrentDocument()->currentPart);
             return FinPIKeyFormat::Commit();
         }
+        void OnCommittedInScore() override { hooks += 's'; }
+        void OnCommittedInPart() override { hooks += 'p'; }
         std::string parts;
+        std::string hooks;
     };
     host.Score().AddPart(1, u"Flute");
     host.Score().AddPart(2, u"Oboe");
@@ -125,6 +131,7 @@ TEST_F(Records, CommitsReachScoreAndParts) {
     record.opaque0[0] = 'p';
     EXPECT_EQ(record.CommitInScoreAndParts(), 1);
     EXPECT_EQ(record.parts, "012");
+    EXPECT_EQ(record.hooks, "pp") << "once in each part";
     // The score, the first part and the second are each refused in turn.
     for (u64 nth = 1; nth <= 3; ++nth) {
         RefuseOnly(HostCall::kSaveEData, nth);
@@ -139,8 +146,10 @@ TEST_F(Records, CommitsReachScoreAndParts) {
     RefuseOnly(HostCall::kSaveEData, 1);
     EXPECT_EQ(ErrorOf(record.CommitInScoreFirst()), kSaveRefused);
     record.parts.clear();
+    record.hooks.clear();
     EXPECT_EQ(record.CommitInScoreFirst(), 1);
     EXPECT_EQ(record.parts, "02");
+    EXPECT_EQ(record.hooks, "s");
     EXPECT_EQ(record.DeleteAndRecreateInScore(), 1);
     EXPECT_EQ(host.Score().currentPart, 2);
     EXPECT_EQ(Marks(1), "p");

@@ -1,5 +1,6 @@
 // Preferences that are assembled from option records, and those in an order of their own.
 #include <array>
+#include <utility>
 #include <vector>
 
 #include "Class Files/score/records/AssembledPreference.h"
@@ -86,6 +87,37 @@ TEST_F(Preferences, SmallBufferIsNotOverrun) {
     EXPECT_EQ(buffer[12], 0);
     EXPECT_EQ(LoadHostRecord(HostTag("pfMS"), &key, nullptr, &size, kInterfaceVersion), 1);
     EXPECT_EQ(size, 106U) << "without a buffer the record is only measured";
+}
+
+// Pairs of byte offsets: of a word in the preferences, and in the host's record of the same tag.
+using PseudoWords = std::vector<std::pair<std::size_t, std::size_t>>;
+
+template <typename Prefs>
+void ExpectWords(StandIn& host, std::size_t hostSize, const PseudoWords& expected) {
+    Prefs prefs;
+    Bytes stored(hostSize, '\0');
+    for (std::size_t i = 0; i < hostSize; ++i) {
+        stored[i] = static_cast<char>(i + 1);
+    }
+    host.Score().Records().Exchange(prefs.Tag(), RecordKey::Preference(0), stored);
+    ASSERT_NE(prefs.Load(), 0);
+    Bytes wanted(prefs.GetDataSize(), '\0');
+    for (const auto& [offset, hostOffset] : expected) {
+        wanted.replace(offset, 2, stored, hostOffset, 2);
+    }
+    EXPECT_EQ(Bytes(static_cast<const char*>(prefs.GetData()), prefs.GetDataSize()), wanted);
+}
+
+TEST_F(Preferences, ReorderedWordsComeFromHost) {
+    ExpectWords<FinPIBeamPrefs>(host, 14,
+                                {{0, 4}, {2, 6}, {4, 12}, {8, 0}, {10, 8}, {12, 10}, {14, 2}});
+    ExpectWords<FinPIClefPrefs>(
+        host, 18, {{0, 4}, {2, 6}, {4, 8}, {6, 10}, {8, 0}, {10, 2}, {12, 16}, {14, 12}, {16, 14}});
+    PseudoWords first;
+    for (std::size_t offset = 0; offset < 18; offset += 2) {
+        first.emplace_back(offset, offset);
+    }
+    ExpectWords<FinPIStemsPrefs>(host, 18, first);
 }
 
 TEST_F(Preferences, FilledFretInstrumentCountsAsLoaded) {

@@ -84,6 +84,8 @@ TEST_F(Serialized, InvalidBlocksAreRefused) {
     EXPECT_EQ(ErrorOf(Read(object, block)), kVersionError) << "written by a newer library";
 
     object = WithDependent(2);
+    const u8 empty[] = {2, 0, 12, 0, 0, 0, 12, 0, 6, 0, 0, 0};
+    EXPECT_EQ(object.PutSerialized(empty, sizeof empty), 1) << "a header alone is a block";
     for (std::size_t size = 0; size < block.size() - 1; ++size) {
         EXPECT_EQ(ErrorOf(object.PutSerialized(block.data(), static_cast<u32>(size))),
                   "29999 FinPISerializableObject::PutSerialized: Invalid source input.");

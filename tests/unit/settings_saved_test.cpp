@@ -2,7 +2,6 @@
 #include <cstring>
 
 #include "Class Files/FinPISaveSettingsDlg.h"
-#include "Class Files/SaveSettingsControls.h"
 #include "Class Files/foundation/FinPIException.h"
 #include "Class Files/settings/SavedSettings.h"
 #include "host/score/application.h"
@@ -12,9 +11,21 @@
 
 namespace {
 
-namespace Control = SaveSettingsControl;
 namespace headless = platform::headless;
 constexpr u16 kCommand = 22000;
+
+// As the dialog's template numbers them.
+namespace Control {
+constexpr u16 kOk = 1;
+constexpr u16 kCancel = 2;
+constexpr u16 kList = 5;
+constexpr u16 kName = 7;
+constexpr u16 kAdd = 8;
+constexpr u16 kDelete = 9;
+constexpr u16 kDeleteAll = 10;
+constexpr u16 kSkipDialog = 11;
+constexpr u16 kUseSubmenu = 12;
+}  // namespace Control
 
 // The command dialog: what it shows is put into the settings record when asked.
 class CommandDialog final : public NotingDialog {
@@ -204,6 +215,39 @@ TEST_F(SavedSettingsTest, StoresEntriesSortedByName) {
     EXPECT_EQ(command.SavedSettingNumber(), 1);
     EXPECT_EQ(command.SavedSettingIdentifier(), 1);
     EXPECT_EQ(command.added.size(), 2U);
+}
+
+TEST_F(SavedSettingsTest, FirstSettingHoldsSubmenuFlag) {
+    const auto flags = [] {
+        std::string all;
+        for (SavedSettingPtr record{4};
+             record.GetFromFile(static_cast<i16>(kCommand + 1 + std::ssize(all))) != 0;) {
+            all += std::to_string(record.Header().flags);
+        }
+        return all;
+    };
+    StoreLetters(2);
+    for (const char* const afterwards : {"100", "000"}) {
+        Run([](OpenDialog& open) {
+            open.Press(Control::kUseSubmenu);
+            open.Press(Control::kOk);
+        });
+        EXPECT_EQ(flags(), afterwards);
+    }
+}
+
+TEST_F(SavedSettingsTest, CancelStoresNothing) {
+    StoreLetters(1);
+    Run([](OpenDialog& open) {
+        open.Press(Control::kName);
+        open.Press(Control::kAdd);
+        open.Type(Control::kName, u"new");
+        open.Press(Control::kCancel);
+        EXPECT_TRUE(open.ended);
+    });
+    EXPECT_EQ(Stored(), (Notes{"a 11 0 abcd"}));
+    EXPECT_FALSE(dialog.WasAccepted());
+    EXPECT_EQ(command.SavedSettingNumber(), 0);
 }
 
 TEST_F(SavedSettingsTest, UsedNameGetsCounter) {

@@ -115,6 +115,11 @@ TEST_F(SettingsStore, DeletesOneOrAllValues) {
     EXPECT_EQ(stored(), "x---xx");
     ZKFX_DeleteSettings("ZKCF", 22000, "Plyweld");
     EXPECT_EQ(stored(), "x----x");
+    StoreValue(kCurrent, "WPOS0", "x");
+    StoreValue(kCurrent, "WPOS7", "x");
+    ZKFX_DeleteSettings("WPOS", 0, "Plyweld");
+    EXPECT_EQ(StoredValue(kCurrent, "WPOS0"), std::nullopt);
+    EXPECT_EQ(StoredValue(kCurrent, "WPOS7"), "x") << "0 is a number like others";
 }
 
 TEST_F(SettingsStore, DeletingClearsOldCopies) {

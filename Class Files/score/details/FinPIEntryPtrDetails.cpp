@@ -40,7 +40,7 @@ template <typename Kind, CopyRule rule>
 i16 CopyKind(const FinPIEntryPtr& target, const FinPIEntryPtr& source, u32 /*kinds*/) {
     Kind to{target};
     Kind from{source};
-    i16 anyCopied = 0;
+    i16 anyCopied{};
     const i16 result =
         FinPIEntryDetail::CopyDetail(to, from, rule == CopyRule::kSameKind, anyCopied);
     ClearFlags(target, to.FlagsOfDeleted());
@@ -51,7 +51,7 @@ template <typename Kind>
 i16 CopyNoteKind(const FinPIEntryPtr& target, const FinPIEntryPtr& source, u32 kinds) {
     Kind to{target};
     Kind from{source};
-    i16 anyCopied = 0;
+    i16 anyCopied{};
     return FinPINoteDetail::CopyNoteDetail(to, from, (kinds & DetailKind::kMatchNotesByPitch) != 0,
                                            anyCopied);
 }

@@ -113,7 +113,7 @@ private:
     i16 m_index = -1;
     i32 m_scaledPosition = 0;
     i32 m_scaledActualDuration = 0;
-    mutable u16 m_createdRecord = 0;
+    mutable u16 m_createdRecord{};
     StemDirections* m_stemDirections = nullptr;
     const FinPIRegion* m_region = nullptr;
 };
