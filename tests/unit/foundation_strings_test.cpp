@@ -101,6 +101,14 @@ TEST_F(Strings, OwnedStringsFitTheirText) {
     EXPECT_EQ(narrow.Size(), 9U);
     narrow.Set(nullptr);
     narrow.AppendResource(20001);
+    EXPECT_EQ(narrow.Size(), std::strlen(narrow.Text()) + 1);
+    FinPIVarString one;
+    one.Set("x");
+    one.AppendResource(20001);
+    EXPECT_EQ(one.Size(), sizeof("xYes"));
+    FinPIVarStringUtf16 oneUnit{"x"};
+    oneUnit.Append(u"Yes");
+    EXPECT_EQ(oneUnit.Size(), sizeof(u"xYes"));
     EXPECT_STREQ(narrow.Text(), "Yes");
     EXPECT_EQ(narrow.Size(), 4U);
     FinPIVarStringUtf16 wide(static_cast<const char*>(nullptr));

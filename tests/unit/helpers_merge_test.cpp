@@ -39,12 +39,14 @@ TEST_F(Helpers, CoincidentEntryHasTimeGraceOffsetAndVoice) {
         {0, kAnyGraceOffset, true, 3},
         {0, kAnyGraceOffset - 1, false, -1},
     };
+    const EntriesByPosition entries{frame};
     for (const auto& c : cases) {
-        EXPECT_EQ(FindCoincidentEntry(frame, c.position, c.graceOffset, c.voice2), c.index)
+        EXPECT_EQ(FindCoincidentEntry(entries, c.position, c.graceOffset, c.voice2), c.index)
             << c.position << " " << c.graceOffset << " " << c.voice2;
     }
-    // The first of several of the other voice.
-    EXPECT_EQ(FindCoincidentEntry(Load("ge:d4 q:c4"), 0, kAnyGraceOffset, true), 0);
+    const FinPITGFPtr several = Load("ge:d4 q:c4");
+    EXPECT_EQ(FindCoincidentEntry(EntriesByPosition{several}, 0, kAnyGraceOffset, true), 0)
+        << "the first of the other voice";
 }
 
 TEST_F(Helpers, SpanTakesExactlyItsTime) {

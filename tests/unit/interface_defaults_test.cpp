@@ -20,23 +20,12 @@ public:
         return std::to_string(m_wholeMeasures) + std::to_string(m_wholeStaves) +
                std::to_string(m_noSelection);
     }
+};
 
-    // As a command without a dialog, or a dialog of another kind, has them.
-    i16 ShowNothing() { return FinPI::ShowDialog(nullptr, nullptr); }
-    std::vector<i16> DialogAnswers() {
-        return {FinPIDialog::OnOtherMessage(nullptr, 0, 0, 0),
-                OnActivate(nullptr, 0, 0),
-                OnPaint(nullptr, 0, 0),
-                OnCharacter(nullptr, 0, 0),
-                OnControlColor(nullptr, 0, nullptr, 0),
-                OnMinimize(nullptr, 0, 0),
-                OnMaximize(nullptr, 0, 0),
-                OnRestore(nullptr, 0, 0),
-                static_cast<i16>(GetExtraShowFlags(nullptr, 0)),
-                static_cast<i16>(FinPIDialog::GetPositionKeyOffset(nullptr, 0, 0)),
-                FinPIDialog::UnusedQuery(),
-                UnusedResult()};
-    }
+class PlainDialog final : public FinPIDialog {
+public:
+    PlainDialog() : FinPIDialog{nullptr, 22000, u"Plain", nullptr, nullptr} {}
+    i16 HandleCommand(WindowHandle, u16, u8*) override { return 0; }
 };
 
 using Defaults = InterfaceTest;
@@ -51,7 +40,7 @@ TEST_F(Defaults, LetRunContinue) {
     EXPECT_EQ(plain.ProcessNote(), 1);
     EXPECT_EQ(plain.AllowProgress(1, 1), 1);
     EXPECT_EQ(plain.KeepEdit(), 1);
-    EXPECT_EQ(plain.ShowNothing(), 1);
+    EXPECT_EQ(command.ShowDialog(nullptr, nullptr), 1);
     EXPECT_EQ(plain.LoadSettings(), 1);
     EXPECT_EQ(plain.OnInitializeWindow(nullptr), 1);
     EXPECT_EQ(plain.OnDialogReady(), 2);
@@ -75,7 +64,22 @@ TEST_F(Defaults, ChangeNothing) {
                                plain.UnusedModelessQuery2(), plain.UnusedModelessQuery3()}) {
         EXPECT_EQ(reserved, 0);
     }
-    EXPECT_EQ(plain.DialogAnswers(), std::vector<i16>(12, 0));
+}
+
+TEST_F(Defaults, DialogIgnoresEvents) {
+    PlainDialog plain;
+    EXPECT_EQ(plain.OnOtherMessage(nullptr, 0, 0, 0), 0);
+    EXPECT_EQ(plain.OnActivate(nullptr, 0, 0), 0);
+    EXPECT_EQ(plain.OnPaint(nullptr, 0, 0), 0);
+    EXPECT_EQ(plain.OnCharacter(nullptr, 0, 0), 0);
+    EXPECT_EQ(plain.OnControlColor(nullptr, 0, nullptr, 0), 0);
+    EXPECT_EQ(plain.OnMinimize(nullptr, 0, 0), 0);
+    EXPECT_EQ(plain.OnMaximize(nullptr, 0, 0), 0);
+    EXPECT_EQ(plain.OnRestore(nullptr, 0, 0), 0);
+    EXPECT_EQ(plain.GetExtraShowFlags(nullptr, 0), 0);
+    EXPECT_EQ(plain.GetPositionKeyOffset(nullptr, 0, 0), 0);
+    EXPECT_EQ(plain.UnusedQuery(), 0);
+    EXPECT_EQ(plain.UnusedResult(), 0);
 }
 
 TEST_F(Defaults, NewCommandHasNoSavedSetting) {

@@ -3,6 +3,7 @@
 #include "Class Files/score/document/FinPIScoreExpr.h"
 #include "Class Files/score/document/FinPIScoreView.h"
 #include "Class Files/score/document/FinPIStaffView.h"
+#include "Class Files/score/document/FinPITextExpression.h"
 #include "Class Files/score/records/EnigmaRecords.h"
 #include "Class Files/score/records/FinPIOtherStringUtf16.h"
 #include "tests/unit/support/library_test.h"
@@ -64,6 +65,10 @@ TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
     EXPECT_EQ(shape.IsSameKey(FinPIShape(HostTag("dtXX"), 4, 8)), 0);
     EXPECT_EQ(FinPIShape(HostTag("dtXX"), 5, 8).Create() + shape.LoadLastInci(), 2);
     EXPECT_EQ(shape.Cmper2(), 9);
+    EnigmaKey key{};
+    EXPECT_EQ(shape.GetKey(key), 6) << "bytes";
+    EXPECT_EQ(FinPITextExpression{4}.GetKey(key), 4);
+    EXPECT_EQ(key[0], 4);
 }
 
 TEST_F(RecordClasses, ScoreViewDeletesExpressions) {

@@ -33,7 +33,8 @@ TEST_F(Region, MapsSlotsToStaves) {
     EXPECT_EQ(region.SlotOfStaff(host.Staff(2)), 0);
     EXPECT_TRUE(region.IsTopStaff(host.Staff(3)));
     EXPECT_TRUE(region.IsBottomStaff(host.Staff(1)));
-    region.StaffList() = {50, 60, 50};
+    region.StaffList() = {50, 60, 50, 70};
+    region.StaffList().pop_back();
     EXPECT_EQ(region.StaffOfSlot(3), 50);
     EXPECT_EQ(region.StaffOfSlot(0) + region.StaffOfSlot(4), 0);
     EXPECT_EQ(region.SlotOfStaff(50), 1);
@@ -114,6 +115,7 @@ TEST_F(Region, NormalizesBothEndsOrNeither) {
     FinPIRegion outside = Of(Span(2, 5000, 9, 5000));
     EXPECT_EQ(outside.NormalizeEndpoints(false, false, false), 0);
     EXPECT_TRUE(outside == Of(Span(2, 5000, 9, 5000)));
+    EXPECT_EQ(Of(Span(99, 0, 8, kEndOfMeasure)).NormalizeEndpoints(false, false, false), 0);
 }
 
 TEST_F(Region, ChangesToAnotherStaffList) {
