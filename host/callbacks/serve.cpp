@@ -24,7 +24,7 @@ bool Admit(HostCall call, u32 version, bool anyVersion) noexcept {
 
 i16 Mannered(HostCall call, i16 result) noexcept {
     const Manners& manners = App().manners;
-    if ((!manners.taciturn && !manners.talkative) || IsResultPromised(call)) {
+    if ((!manners.taciturn && !manners.talkative) || ResultIsDefined(call)) {
         return result;
     }
     return manners.talkative ? i16{1} : i16{0};

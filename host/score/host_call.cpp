@@ -11,14 +11,18 @@ namespace {
 struct CallRow {
     const char* name;
     bool hasResult;
+    bool isDefined;
 };
 
+constexpr bool kDefined = true;
+constexpr bool kOpen = false;
+
 constexpr CallRow kCalls[] = {
-#define HOST_CALLBACK(name, function, result, missing, parameters) \
-    {#function, !std::is_void_v<result>},
+#define HOST_CALLBACK(name, function, result, missing, meaning, parameters) \
+    {#function, !std::is_void_v<result>, k##meaning},
 #include "shell/host/host_callbacks.inc"
 #undef HOST_CALLBACK
-    {"", false},
+    {"", false, false},
 };
 static_assert(std::size(kCalls) == kHostCallCount + 1);
 
@@ -26,6 +30,10 @@ static_assert(std::size(kCalls) == kHostCallCount + 1);
 
 const char* NameOf(HostCall call) noexcept {
     return kCalls[static_cast<std::size_t>(call)].name;
+}
+
+bool ResultIsDefined(HostCall call) noexcept {
+    return kCalls[static_cast<std::size_t>(call)].isDefined;
 }
 
 bool HasResult(HostCall call) noexcept {

@@ -6,7 +6,7 @@
 namespace standin {
 
 enum class HostCall {
-#define HOST_CALLBACK(name, function, result, missing, parameters) k##name,
+#define HOST_CALLBACK(name, function, result, missing, meaning, parameters) k##name,
 #include "shell/host/host_callbacks.inc"
 #undef HOST_CALLBACK
     kCount
@@ -19,5 +19,8 @@ const char* NameOf(HostCall call) noexcept;
 
 // Whether it has a result, and so can be refused.
 bool HasResult(HostCall call) noexcept;
+
+// Whether the interface gives the result a meaning. All other results may be anything.
+bool ResultIsDefined(HostCall call) noexcept;
 
 }  // namespace standin

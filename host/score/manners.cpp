@@ -6,46 +6,6 @@
 namespace standin {
 namespace {
 
-// Results that mean success on some hosts and nothing on others. Metrics may come with any result:
-// only the written bytes show whether there are any.
-constexpr HostCall kUnpromised[] = {
-    HostCall::kSetCurrentEnigmaDocument,
-    HostCall::kGetDocumentPath,
-    HostCall::kSetCurrentPartID,
-    HostCall::kSetCurrentPartInView,
-    HostCall::kGetPartName,
-    HostCall::kAutoNumberedName,
-    HostCall::kDeleteEXENTRY,
-    HostCall::kFreeTGF,
-    HostCall::kReduceEntries,
-    HostCall::kGetEntryMetrics,
-    HostCall::kGetEntryMetrics2014,
-    HostCall::kFreeEntryMetrics,
-    HostCall::kFreeMeasureMetrics,
-    HostCall::kStartFinaleEdit,
-    HostCall::kEndFinaleEdit,
-    HostCall::kCancelFinaleEdit,
-    HostCall::kEndMassEdit,
-    HostCall::kRebeamRegion,
-    HostCall::kUpdateLayout,
-    HostCall::kRedrawMusic,
-    HostCall::kExecuteMenuItem,
-    HostCall::kDialog,
-    HostCall::kEndDialog,
-    HostCall::kSetDlgItemVal,
-    HostCall::kSetDlgCntlVal,
-    HostCall::kGetDlgString,
-    HostCall::kSetDlgString,
-    HostCall::kEnableDlgItem,
-    HostCall::kShowHideDlgItem,
-    HostCall::kSetDlgFocus,
-    HostCall::kGetDlgItemUser,
-    HostCall::kSetDlgItemUser,
-    HostCall::kSetTimer,
-    HostCall::kKillTimer,
-    HostCall::kAlertMessage,
-};
-
 constexpr HostCall kDispensable[] = {
     HostCall::kGetNextEnigmaDocument,
     HostCall::kGetDocumentPath,
@@ -77,19 +37,11 @@ constexpr HostCall kDispensable[] = {
     HostCall::kGetCurrentWindowInfo,
 };
 
-template <std::size_t count>
-bool IsIn(const HostCall (&calls)[count], HostCall call) noexcept {
-    return std::find(std::begin(calls), std::end(calls), call) != std::end(calls);
-}
-
 }  // namespace
 
-bool IsResultPromised(HostCall call) noexcept {
-    return !IsIn(kUnpromised, call);
-}
-
 bool IsDispensable(HostCall call) noexcept {
-    return IsIn(kDispensable, call);
+    return std::find(std::begin(kDispensable), std::end(kDispensable), call) !=
+           std::end(kDispensable);
 }
 
 std::optional<Manners> ParseManners(std::string_view names) {

@@ -21,9 +21,6 @@ struct Manners {
     bool operator==(const Manners&) const = default;
 };
 
-// Whether the interface gives the call's result a meaning. All other results may be anything.
-bool IsResultPromised(HostCall call) noexcept;
-
 // Whether a run does the same without the callback. Not for the calls of an edit, because such a
 // run could not be undone.
 bool IsDispensable(HostCall call) noexcept;

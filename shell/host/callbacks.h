@@ -8,7 +8,7 @@
 
 namespace Host {
 
-#define HOST_CALLBACK(name, function, result, missing, parameters) \
+#define HOST_CALLBACK(name, function, result, missing, meaning, parameters) \
     inline constinit auto name = Callback<decltype(function)>{#function, missing};
 #include "shell/host/host_callbacks.inc"
 #undef HOST_CALLBACK

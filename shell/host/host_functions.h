@@ -24,7 +24,7 @@ extern "C" {
 typedef i16 (*DialogEventCallback)(WindowHandle window, u32 message, u64 eventWord, i64 eventLong,
                                    void* dialogObject);
 
-#define HOST_CALLBACK(name, function, result, missing, parameters) \
+#define HOST_CALLBACK(name, function, result, missing, meaning, parameters) \
     PLYWELD_HOST_FUNCTION result function parameters;
 #include "shell/host/host_callbacks.inc"
 #undef HOST_CALLBACK

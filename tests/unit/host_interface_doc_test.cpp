@@ -30,7 +30,7 @@ TEST(HostInterface, DocumentsEveryCallback) {
         const auto call = static_cast<HostCall>(i);
         const auto row = results.extract(NameOf(call));
         ASSERT_FALSE(row.empty()) << NameOf(call);
-        EXPECT_EQ(row.mapped() != "none", IsResultPromised(call)) << NameOf(call);
+        EXPECT_EQ(row.mapped() != "none", ResultIsDefined(call)) << NameOf(call);
     }
     EXPECT_EQ(results.size(), 0U) << results.begin()->first << " is not a callback";
 }
