@@ -25,7 +25,7 @@ public:
     u32 GetSettingsSize() const override { return sizeof(PlyweldConfigData); }
     void* GetSettings() override { return &m_configData; }
     const char16* GetName() const override { return m_name.c_str(); }
-    // 12 = read from the store, 1 = the defaults.
+    // The bytes of the options = read from the store, 1 = the defaults.
     i32 LoadSettings() override;
     void SaveSettings() override;
     // Prepares the destination layer when its music is to be replaced. Always 1.
@@ -46,6 +46,7 @@ public:
 
 private:
     Plyweld(WindowHandle owner, u16 item, std::u16string name);
+    void ToggleSwitch(u16 control);
     // A run needs two different layers and a selection.
     void UpdateGoButton(WindowHandle window);
     // Merges one source layer into the destination, for one staff in one measure. 0 = a frame could
@@ -69,7 +70,15 @@ private:
     FinPIPopupLayerList m_fromList{PlyweldControl::kFrom};
     FinPIPopupLayerList m_toList{PlyweldControl::kTo};
     FinPIRadioButton m_modeButtons{PlyweldControl::kMergeMode, PlyweldControl::kReplaceMode};
-    FinPICheckBox m_rebeamBox{PlyweldControl::kRebeam};
-    FinPICheckBox m_hideRestsBox{PlyweldControl::kHideRests};
+    // A check box and its word of the options.
+    struct Switch {
+        u16 PlyweldConfigData::*member;
+        u16 control;
+        FinPICheckBox box{control};
+    };
+    Switch m_switches[kMergeSwitchCount] = {
+#define MERGE_SWITCH(Name, member, initial, control, ...) {&PlyweldConfigData::member, control},
+#include "shell/options/merge_switches.inc"
+    };
     PlyweldConfigData m_configData;
 };

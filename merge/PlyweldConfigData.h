@@ -8,19 +8,22 @@
 #pragma pack(push, 2)
 
 struct PlyweldConfigData {
-    u16 size = 12;                 // of the record, in bytes
-    u16 sourceLayer = kAllLayers;  // or from 0
-    u16 destinationLayer = 0;      // from 0
-    u16 mode = 0;                  // MergeMode
-    u16 rebeam = 1;                // nonzero: the region is rebeamed after merging
-    u16 hideAddedRests = 0;        // nonzero: rests left in a source layer are hidden
+    u16 size = sizeof(PlyweldConfigData);  // of the record, in bytes
+    u16 sourceLayer = kAllLayers;          // or from 0
+    u16 destinationLayer = 0;              // from 0
+    u16 mode = 0;                          // MergeMode
+#define MERGE_SWITCH(Name, member, initial, ...) u16 member = initial;
+#include "shell/options/merge_switches.inc"
 };
 
 #pragma pack(pop)
 
-static_assert(sizeof(PlyweldConfigData) == 12);
 static_assert(offsetof(PlyweldConfigData, sourceLayer) == 2);
 static_assert(offsetof(PlyweldConfigData, hideAddedRests) == 10);
+
+// The switches come last in the record.
+inline constexpr std::size_t kMergeSwitchCount =
+    (sizeof(PlyweldConfigData) - offsetof(PlyweldConfigData, rebeam)) / sizeof(u16);
 
 namespace MergeMode {
 inline constexpr u16 kMergeIntoTarget = 0;

@@ -12,6 +12,4 @@ inline constexpr u16 kTo = 1005;
 inline constexpr u16 kMergeMode = 1006;
 inline constexpr u16 kReplaceMode = 1007;
 inline constexpr u16 kSaveSettings = 1008;
-inline constexpr u16 kRebeam = 1009;
-inline constexpr u16 kHideRests = 1010;
 }  // namespace PlyweldControl

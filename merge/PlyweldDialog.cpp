@@ -53,8 +53,9 @@ i16 Plyweld::OnInitializeWindow(WindowHandle window) {
     m_toList.FillLayers(m_configData.destinationLayer, false);
     // Neither mode shows as merging, which clears nothing.
     m_modeButtons.Attach(window, static_cast<u32>(static_cast<i16>(m_configData.mode)), 1);
-    m_rebeamBox.Attach(window, m_configData.rebeam, 1);
-    m_hideRestsBox.Attach(window, m_configData.hideAddedRests, 1);
+    for (Switch& each : m_switches) {
+        each.box.Attach(window, m_configData.*each.member, 1);
+    }
     UpdateSelectionText(window);
     StartTimer(window);
     return 1;
@@ -84,12 +85,6 @@ i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
         case Control::kSaveSettings:
             RunSaveSettingsDialog(window);
             break;
-        case Control::kRebeam:
-            m_rebeamBox.Toggle();
-            break;
-        case Control::kHideRests:
-            m_hideRestsBox.Toggle();
-            break;
         case Control::kGo:
             CopyDialogToConfigData(window);
             RunModeless();
@@ -100,9 +95,18 @@ i16 Plyweld::HandleCommand(WindowHandle window, u16 control, u8* final) {
             CloseDialog(window);
             break;
         default:
+            ToggleSwitch(control);
             break;
     }
     return 0;
+}
+
+void Plyweld::ToggleSwitch(u16 control) {
+    for (Switch& each : m_switches) {
+        if (each.control == control) {
+            each.box.Toggle();
+        }
+    }
 }
 
 i16 Plyweld::OnDestroyWindow(WindowHandle window, u64 eventWord, i64 eventLong) {
@@ -130,6 +134,7 @@ void Plyweld::CopyDialogToConfigData(WindowHandle /*window*/) {
     m_configData.sourceLayer = SelectedLayer(m_fromList, FinPIPopupLayerList::kAllLayersItem);
     m_configData.destinationLayer = SelectedLayer(m_toList, 0);
     m_configData.mode = static_cast<u16>(m_modeButtons.GetValue());
-    m_configData.rebeam = static_cast<u16>(m_rebeamBox.GetValue());
-    m_configData.hideAddedRests = static_cast<u16>(m_hideRestsBox.GetValue());
+    for (Switch& each : m_switches) {
+        m_configData.*each.member = static_cast<u16>(each.box.GetValue());
+    }
 }

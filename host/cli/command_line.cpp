@@ -56,8 +56,9 @@ MergeCommand MergeOf(const Arguments& arguments) {
     }
     merge.options.destination = static_cast<u16>(arguments.Value(kTo, "1")[0] - '1');
     merge.options.mode = arguments.Has(kReplace) ? 1 : 0;
-    merge.options.hideRests = arguments.Has(kHideRests) ? 1 : 0;
-    merge.options.rebeam = arguments.Has(kNoRebeam) ? 0 : 1;
+#define MERGE_SWITCH(Name, member, initial, control, option, whenGiven, ...) \
+    merge.options.member = arguments.Has(k##Name) ? whenGiven : initial;
+#include "shell/options/merge_switches.inc"
     FillSelection(merge.selection, arguments);
     merge.verify = arguments.Has(kVerify);
     merge.json = arguments.Has(kJson);

@@ -24,8 +24,9 @@ constexpr OptionRow kMergeOptions[] = {
     {kFrom, "--from", Text::kFromHelp, kChoice, "LAYER", "all", "all 1 2 3 4"},
     {kTo, "--to", Text::kToHelp, kChoice, "LAYER", "1", kLayerChoices},
     {kReplace, "--replace", Text::kReplaceHelp},
-    {kHideRests, "--hide-rests", Text::kHideRestsHelp},
-    {kNoRebeam, "--no-rebeam", Text::kNoRebeamHelp},
+#define MERGE_SWITCH(Name, member, initial, control, option, ...) \
+    {k##Name, option, Text::k##Name##Help},
+#include "shell/options/merge_switches.inc"
     {kMeasures, "--measures", Text::kMeasuresHelp, ValueKind::kMeasures, "LIST"},
     {kFromBeat, "--from-beat", Text::kFromBeatHelp, kBeat, "BEAT", "1"},
     {kToBeat, "--to-beat", Text::kToBeatHelp, kBeat, "BEAT"},

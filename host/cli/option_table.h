@@ -16,8 +16,8 @@ enum class OptionId {
     kFrom,
     kTo,
     kReplace,
-    kHideRests,
-    kNoRebeam,
+#define MERGE_SWITCH(Name, ...) k##Name,
+#include "shell/options/merge_switches.inc"
     kMeasures,
     kFromBeat,
     kToBeat,

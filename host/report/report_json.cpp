@@ -75,11 +75,13 @@ Json AsJson(const MergedMeasure& measure, const MergeReport& report) {
 }
 
 Json AsJson(const MergeOptions& options) {
-    return {{"from", options.source == kAllLayers ? Json("all") : Json(options.source + 1)},
-            {"to", options.destination + 1},
-            {"replace", options.mode != 0},
-            {"rebeam", options.rebeam != 0},
-            {"hideRests", options.hideRests != 0}};
+    Json json{{"from", options.source == kAllLayers ? Json("all") : Json(options.source + 1)},
+              {"to", options.destination + 1},
+              {"replace", options.mode != 0}};
+    for (const MergeSwitch& each : kMergeSwitches) {
+        json[each.jsonName] = options.*each.member != 0;
+    }
+    return json;
 }
 
 // Positions are duration units from the barline; a last position of null is the measure's end.

@@ -353,7 +353,7 @@ private:
         if (is != nullptr && was.IsNote() && !is->IsNote()) {
             const bool wasHidden = (was.entry->flags & EntryFlag::kIgnore) != 0;
             const bool isHidden = (is->entry->flags & EntryFlag::kIgnore) != 0;
-            if (isHidden != (wasHidden || m_options.hideRests != 0)) {
+            if (isHidden != (wasHidden || m_options.hideAddedRests != 0)) {
                 Tell(was, isHidden ? "the rest left is hidden" : "the rest left is not hidden");
             }
         }

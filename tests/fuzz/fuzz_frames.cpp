@@ -80,11 +80,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static const auto plugin = std::make_unique<Plugin>();
     FuzzedDataProvider input{data, size};
     StandIn host{1, 2};
-    const MergeOptions options{
-        .source = input.ConsumeBool() ? u16{65535} : input.ConsumeIntegral<u16>(),
-        .destination = input.ConsumeIntegralInRange<u16>(0, 4),
-        .rebeam = input.ConsumeBool(),
-        .hideRests = input.ConsumeBool()};
+    MergeOptions options{.source = input.ConsumeBool() ? u16{65535} : input.ConsumeIntegral<u16>(),
+                         .destination = input.ConsumeIntegralInRange<u16>(0, 4)};
+    for (const MergeSwitch& each : kMergeSwitches) {
+        options.*each.member = input.ConsumeBool() ? 1 : 0;
+    }
     host.Score().selection = RegionFrom(input);
     for (u16 layer = 0; layer < 4; ++layer) {
         FillLayer(input, host, input.ConsumeIntegralInRange<u16>(1, 2), layer);

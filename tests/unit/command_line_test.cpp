@@ -27,13 +27,41 @@ MergeCommand ParseMerge(const std::string& options) {
     return std::get<MergeCommand>(std::get<Command>(parsed));
 }
 
+// The first six words of the record; later ones are switches.
+using Record = std::array<u8, 12>;
+constexpr u8 kSize = sizeof(MergeOptions);
+
+Record RecordOf(const MergeOptions& options) {
+    Record record{};
+    std::memcpy(record.data(), &options, record.size());
+    return record;
+}
+
+// Each switch: the option sets its word and no other.
+TEST(CommandLine, SwitchesSetTheirWord) {
+    const auto words = [](const MergeOptions& options) {
+        std::vector<u16> values;
+        for (const MergeSwitch& each : kMergeSwitches) {
+            values.push_back(options.*each.member);
+        }
+        return values;
+    };
+    std::vector<u16> expected = words({});
+    std::size_t i = 0;
+#define MERGE_SWITCH(Name, member, initial, control, option, whenGiven, ...) \
+    expected[i] = whenGiven;                                                 \
+    EXPECT_NE(whenGiven, initial);                                           \
+    EXPECT_EQ(words(ParseMerge(option).options), expected) << (option);      \
+    expected[i++] = initial;
+#include "shell/options/merge_switches.inc"
+}
+
 TEST(CommandLine, OptionsReachTheRecord) {
-    using Record = std::array<u8, 12>;
-    EXPECT_EQ(std::bit_cast<Record>(ParseMerge("").options),
-              (Record{12, 0, 0xFF, 0xFF, 0, 0, 0, 0, 1, 0, 0, 0}));
+    EXPECT_EQ(RecordOf(ParseMerge("").options),
+              (Record{kSize, 0, 0xFF, 0xFF, 0, 0, 0, 0, 1, 0, 0, 0}));
     const MergeCommand merge =
         ParseMerge("--from 3 --to 4 --replace --hide-rests --no-rebeam --verify --json");
-    EXPECT_EQ(std::bit_cast<Record>(merge.options), (Record{12, 0, 2, 0, 3, 0, 1, 0, 0, 0, 1, 0}));
+    EXPECT_EQ(RecordOf(merge.options), (Record{kSize, 0, 2, 0, 3, 0, 1, 0, 0, 0, 1, 0}));
     EXPECT_TRUE(merge.verify);
     EXPECT_TRUE(merge.json);
 }

@@ -83,7 +83,7 @@ TEST(StoredOptions, AreRestored) {
     EXPECT_FALSE(KeyExists(key));
     EXPECT_TRUE(platform::RegistryKey::Create(key));  // the user has it, and nothing in it
     {
-        const StoredOptions stored{{.source = 1, .destination = 2, .hideRests = 1}};
+        const StoredOptions stored{{.source = 1, .destination = 2, .hideAddedRests = 1}};
         EXPECT_TRUE(stored);
         EXPECT_EQ(StoredValue(key, "ZKCF22000"), (std::string{"\x0c\0\1\0\2\0\0\0\1\0\1\0", 12}));
     }

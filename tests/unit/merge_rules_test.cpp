@@ -130,7 +130,7 @@ TEST(Merge, HidesRestsOnRequest) {
     StandIn host;
     host.Layer(1, 1, 1, "h:c4 h:d4");
     host.Select(1, 1, 2048, 1, 1, kEndOfMeasure);
-    Plugin{}.Merge(host, {.hideRests = 1});
+    Plugin{}.Merge(host, {.hideAddedRests = 1});
     EXPECT_EQ(host.Layer(1, 1, 0), "h:x h:d4");
     EXPECT_EQ(host.Layer(1, 1, 1), "h:c4 h:x");
     EXPECT_NE(host.Entry({1, 1, 1, 1}).flags & EntryFlag::kMadeRest, 0U);

@@ -1,4 +1,6 @@
 // The command's dialog: what it shows, watches and saves, and where it appears.
+#include <cstddef>
+
 #include "platform/headless/session.h"
 #include "platform/window.h"
 #include "tests/unit/support/dialog_desk.h"
@@ -13,13 +15,23 @@ constexpr u16 kTo = 1005;
 constexpr u16 kReplace = 1007;
 constexpr u16 kRebeam = 1009;
 constexpr u16 kHideRests = 1010;
+constexpr u8 kSize = sizeof(MergeOptions);
 
 constexpr u16 kMeasures = 40;  // enough for reports of a run's progress
 
 using OpenDialog = DialogDesk::OpenDialog;
 
+// The first six words of the record; later ones are switches.
 std::vector<u8> StoredOptions() {
-    return Plugin::Stored("Plyweld", "ZKCF22000");
+    std::vector<u8> record = Plugin::Stored("Plyweld", "ZKCF22000");
+    EXPECT_EQ(record.size(), sizeof(MergeOptions));
+    record.resize(12);
+    return record;
+}
+
+int WordOfStored(std::size_t offset) {
+    const std::vector<u8> record = Plugin::Stored("Plyweld", "ZKCF22000");
+    return record.at(offset) + 256 * record.at(offset + 1);
 }
 
 class OpenCommand : public testing::Test {
@@ -67,8 +79,16 @@ TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
     open.Press(kReplace);
     open.Press(kClose);
     EXPECT_EQ(desk.Newest(), nullptr);
-    EXPECT_EQ(StoredOptions(), (std::vector<u8>{12, 0, 2, 0, 1, 0, 1, 0, 1, 0, 1, 0}));
+    EXPECT_EQ(StoredOptions(), (std::vector<u8>{kSize, 0, 2, 0, 1, 0, 1, 0, 1, 0, 1, 0}));
     EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS22000").empty());
+}
+
+TEST_F(OpenCommand, EachCheckBoxSetsItsWord) {
+#define MERGE_SWITCH(Name, member, initial, control, ...) \
+    Open().Press(control);                                \
+    desk.Newest()->Press(kClose);                         \
+    EXPECT_EQ(WordOfStored(offsetof(MergeOptions, member)), 1 - (initial)) << (control);
+#include "shell/options/merge_switches.inc"
 }
 
 TEST_F(OpenCommand, OpensOncePerItem) {
@@ -131,11 +151,11 @@ TEST_F(OpenCommand, EmptyListMeansFirstLayer) {
     open.positions[kTo] = 4;
     open.Press(kRebeam);
     open.Press(kClose);
-    EXPECT_EQ(StoredOptions(), (std::vector<u8>{12, 0, 0, 0, 3, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(StoredOptions(), (std::vector<u8>{kSize, 0, 0, 0, 3, 0, 0, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(OpenCommand, InvalidOptionsShowNoChoice) {
-    Plugin::Store({12, 9, 8, 65535, 1, 0});
+    Plugin::Store({kSize, 9, 8, 65535, 1, 0});
     OpenDialog& open = Open();
     EXPECT_EQ(open.SelectedItem(kFrom), u"(none)");
     EXPECT_EQ(open.SelectedItem(kTo), u"(none)");
@@ -155,7 +175,7 @@ TEST_F(OpenCommand, SavedSettingHasOwnPlace) {
 }
 
 TEST_F(OpenCommand, RunAfterSavingUsesSavedSetting) {
-    Plugin::Store({12, 1, 0, 0, 1, 0});
+    Plugin::Store({kSize, 1, 0, 0, 1, 0});
     OpenDialog& open = Open();
     desk.ThenSaveAs(u"Mine");
     open.Press(kSaveSettings);
@@ -207,7 +227,7 @@ TEST_F(OpenCommand, DeletedSettingOverwritesNoOther) {
 TEST_F(OpenCommand, StoresOptionsWhenClosed) {
     constexpr u32 kSystemCommand = 274;
     constexpr u64 kCloseCommand = 0xF060;
-    Plugin::Store({12, 0, 3, 0, 1, 0});
+    Plugin::Store({kSize, 0, 3, 0, 1, 0});
     OpenDialog& open = Open();
     open.Choose(kFrom, 3);
     desk.ThenSaveAs(u"Mine");

@@ -87,7 +87,7 @@ TEST(Run, LoadsAndStoresSettings) {
     const std::pair<std::vector<u8>, MergeOptions> cases[] = {
         {{}, {}},
         {{0xFF, 0xFF, 2, 0, 3, 0, 0, 0, 0, 0, 1, 0},
-         {.source = 2, .destination = 3, .rebeam = 0, .hideRests = 1}},
+         {.source = 2, .destination = 3, .rebeam = 0, .hideAddedRests = 1}},
         {{12, 0, 2, 0, 3}, {.source = 2, .destination = 3, .rebeam = 0}},  // too short
     };
     for (const auto& [stored, used] : cases) {

@@ -39,7 +39,7 @@ Scenario Of(const char* name, std::initializer_list<const char*> layers,
 }
 
 std::vector<Scenario> OfMusic() {
-    const MergeOptions hide{.hideRests = 1};
+    const MergeOptions hide{.hideAddedRests = 1};
     return {
         Of("ChordsAndRests", {"q:c4 q:r h:r", "q:e4 q:f4 h:g4"}),
         Of("ThirteenNotes", {"w:c4,d4,e4,f4,g4,a4,b4", "w:c5,d5,e5,f5,g5,a5"}),

@@ -66,8 +66,9 @@ public:
             m_score.options.destination = static_cast<u16>(Below(layers));
         } while (m_score.options.destination == m_score.options.source);
         m_score.options.mode = Chance(12) ? 1 : 0;
-        m_score.options.rebeam = Chance(50) ? 1 : 0;
-        m_score.options.hideRests = Chance(50) ? 1 : 0;
+        for (const MergeSwitch& each : kMergeSwitches) {
+            m_score.options.*each.member = Chance(50) ? 1 : 0;
+        }
         return std::move(m_score);
     }
 

@@ -179,8 +179,12 @@ std::string Print(const WrittenScore& score) {
     text << "host.Select"
          << Braced({r.startSlot, r.startMeasure, r.startPosition, r.endSlot, r.endMeasure,
                     r.endPosition})
-         << "\nMergeOptions"
-         << Braced({o.size, o.source, o.destination, o.mode, o.rebeam, o.hideRests}) << '\n';
+         << "\nMergeOptions{.source = " << o.source << ", .destination = " << o.destination
+         << ", .mode = " << o.mode;
+    for (const MergeSwitch& each : kMergeSwitches) {
+        text << ", ." << each.name << " = " << o.*each.member;
+    }
+    text << "}\n";
     return text.str();
 }
 
