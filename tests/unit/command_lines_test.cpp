@@ -4,6 +4,7 @@
 #include <tuple>
 
 #include "tests/unit/command_support.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace {
 
@@ -80,6 +81,8 @@ struct LineCase {
     std::string measure;
     std::string from;
     std::string to;
+
+    friend void PrintTo(const LineCase& row, std::ostream* out) { *out << row.name; }
 };
 
 std::string TwoOnTwoStaves(const std::string& name, const std::string& type) {
@@ -91,57 +94,59 @@ std::string TwoOnTwoStaves(const std::string& name, const std::string& type) {
 }
 
 const LineCase kLineCases[] = {
-    {"a voice over two staves",
+    {"VoiceOverTwoStaves",
      At(1, "1", "C5", 2, Slur("start", 1, 1)) + At(2, "1", "D4", 2, Slur("stop", 1, 1)) +
          At(1, "1", "E5", 2, Slur("start", 1, 2)) + At(2, "1", "F4", 2, Slur("stop", 1, 2)) +
          Backup(8) + At(1, "2", "A4", 2) + At(1, "2", "r", 2) + At(1, "2", "B4", 4),
      "2", "1"},
-    {"a slur that goes on beyond one that came in",
+    {"SlurBeyondAnArrivingSlur",
      At(1, "1", "C5", 2, Slur("start", 1, 1)) + At(1, "1", "r", 2) +
          At(1, "1", "D5", 4, Slur("stop", 1, 1)) + Backup(8) + At(1, "2", "r", 2) +
          At(1, "2", "F4", 2, Slur("start", 1, 2)) + At(1, "2", "G4", 2, Slur("continue", 1, 2)) +
          At(1, "2", "A4", 2, Slur("stop", 1, 2)),
      "all", "1"},
-    {"a slur between two voices of a staff",
+    {"SlurBetweenTwoVoices",
      At(1, "1", "C5", 2) + At(1, "1", "D5", 2, Slur("start", 1, 1)) + At(1, "1", "E5", 2) +
          At(1, "1", "F5", 2, Slur("stop", 1, 1)) + Backup(8) +
          At(2, "5", "C3", 4, Slur("start", 1, 2)) + At(2, "5", "D3", 4) + Backup(8) +
          At(2, "6", "r", 4) + At(2, "6", "E3", 4, Slur("stop", 1, 2)),
      "1", "3"},
-    {"a stop that stood before its start",
+    {"StopBeforeItsStart",
      At(1, "1", "C5", 2) + At(1, "1", "D5", 2, Slur("stop", 1, 1)) + At(1, "1", "r", 4) +
          Backup(8) + At(1, "2", "A4", 4, Slur("start", 1, 1)) + At(1, "2", "B4", 4) + Backup(4) +
          At(1, "3", "G4", 4),
      "3", "1"},
-    {"a trill over one note",
+    {"TrillOverOneNote",
      At(1, "1", "C5", 4, Trill(End("wavy-line", "start", 1, 1) + End("wavy-line", "stop", 1, 1))) +
          At(1, "1", "D5", 4,
             Trill(End("wavy-line", "start", 1, 2) + End("wavy-line", "stop", 1, 2))) +
          Backup(8) + At(1, "2", "A4", 4) + At(1, "2", "r", 4),
      "1", "2"},
-    {"hairpins of two staves", TwoOnTwoStaves("wedge", "crescendo"), "2", "1"},
-    {"octave shifts of two staves", TwoOnTwoStaves("octave-shift", "down"), "all", "1"},
-    {"a hairpin that stops where a slur to another stream starts",
+    {"HairpinsOfTwoStaves", TwoOnTwoStaves("wedge", "crescendo"), "2", "1"},
+    {"OctaveShiftsOfTwoStaves", TwoOnTwoStaves("octave-shift", "down"), "all", "1"},
+    {"HairpinThatStopsAtASlurToAnotherStream",
      At(1, "1", "C5", 1) + Direction(End("wedge", "crescendo", 1, 1), 1) + At(1, "1", "D5", 1) +
          Direction(End("wedge", "stop", 1, 1), 1) + At(2, "1", "D4", 2, Slur("start", 1, 1)) +
          At(1, "1", "E5", 4, Slur("stop", 1, 1)) + Backup(8) + At(1, "5", "A4", 2) +
          At(1, "5", "G4", 2) + At(1, "5", "A4", 4),
      "2", "1"},
-    {"dashes of two staves", TwoOnTwoStaves("dashes", "start"), "1", "2"},
+    {"DashesOfTwoStaves", TwoOnTwoStaves("dashes", "start"), "1", "2"},
 };
 
-TEST_F(CommandRun, LineEndsPairInTextOrder) {
-    for (const auto& c : kLineCases) {
-        SCOPED_TRACE(c.name);
-        ASSERT_EQ(Run({"merge", Write("in.xml", Score({c.measure})), "-o", File("out.xml"),
-                       "--from", c.from, "--to", c.to, "--verify"}),
-                  kDone)
-            << errors;
-        const std::string merged = Content(File("out.xml"));
-        EXPECT_NE(merged, Content(File("in.xml")));
-        EXPECT_EQ(Faults(merged), "") << merged;
-    }
+class LineEnds : public CommandRun, public testing::WithParamInterface<LineCase> {};
+
+TEST_P(LineEnds, PairInTextOrder) {
+    const LineCase& c = GetParam();
+    ASSERT_EQ(Run({"merge", Write("in.xml", Score({c.measure})), "-o", File("out.xml"), "--from",
+                   c.from, "--to", c.to, "--verify"}),
+              kDone)
+        << errors;
+    const std::string merged = Content(File("out.xml"));
+    EXPECT_NE(merged, Content(File("in.xml")));
+    EXPECT_EQ(Faults(merged), "") << merged;
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, LineEnds, testing::ValuesIn(kLineCases), standin::kByName);
 
 // The slur that continues into the third measure gets another number there, too.
 TEST_F(CommandRun, UnchangedMeasureChangesOnlyNumbers) {

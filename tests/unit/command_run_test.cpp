@@ -4,6 +4,7 @@
 #include <set>
 
 #include "tests/unit/command_support.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace {
 
@@ -203,11 +204,15 @@ const std::string kFinger = "<technical><fingering>1</fingering></technical>";
 const std::string kSecondVoice = Backup(8) + Half("A4", "2") + Half("B4", "2");
 
 // Merges that lose nothing, although attachments of notes and rests move.
-const struct {
+struct LosslessCase {
     const char* name;
     std::vector<std::string> measures;
     std::vector<std::string> options = {};
-} kLossless[] = {
+
+    friend void PrintTo(const LosslessCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const LosslessCase kLossless[] = {
     {"TheStartOfASlurIsCleared",
      {Half("C5") + Half("D5", "1", kSlurStart) + kSecondVoice, Half("E5", "1", kSlurStop)},
      {"--replace", "--measures", "1"}},
@@ -232,18 +237,19 @@ const struct {
       Backup(4) + Half("C5", "2")}},
 };
 
-TEST_F(CommandRun, LosslessMergeIsVerified) {
-    for (const auto& c : kLossless) {
-        SCOPED_TRACE(c.name);
-        std::vector<std::string> arguments{
-            "merge",   Write("in.xml", standin::ScoreText(c.measures)),
-            "-o",      File("out.xml"),
-            "--from",  "2",
-            "--verify"};
-        arguments.insert(arguments.end(), c.options.begin(), c.options.end());
-        EXPECT_EQ(Run(arguments), kDone) << errors;
-    }
+class LosslessMerge : public CommandRun, public testing::WithParamInterface<LosslessCase> {};
+
+TEST_P(LosslessMerge, IsVerified) {
+    const LosslessCase& c = GetParam();
+    std::vector<std::string> arguments{"merge",   Write("in.xml", standin::ScoreText(c.measures)),
+                                       "-o",      File("out.xml"),
+                                       "--from",  "2",
+                                       "--verify"};
+    arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+    EXPECT_EQ(Run(arguments), kDone) << errors;
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, LosslessMerge, testing::ValuesIn(kLossless), standin::kByName);
 
 // The <note> of that pitch in the output; each step occurs once.
 std::string NoteWithStep(const std::string& xml, char step) {
@@ -260,11 +266,15 @@ std::string Lyric(const std::string& number, const std::string& text) {
 
 // Attachments of a note that joins a chord: the note by its step, and what it must have. Some are
 // on the note itself, some on the chord's first note.
-const struct {
+struct JoinedCase {
     const char* name;
     std::string measure;
     std::vector<std::pair<char, std::string>> expected;
-} kJoined[] = {
+
+    friend void PrintTo(const JoinedCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const JoinedCase kJoined[] = {
     {"ALineOfTheNoteThatJoins",
      Half("C5") + Half("D5") + Backup(8) +
          Half("A4", "2", Notations("<glissando type=\"start\" number=\"1\"/>")) +
@@ -291,20 +301,22 @@ const struct {
      {{'C', "</type>\n  " + Lyric("1", "la") + "\n</note>"}}},
 };
 
-TEST_F(CommandRun, AttachmentsMoveWithNote) {
-    for (const auto& c : kJoined) {
-        SCOPED_TRACE(c.name);
-        ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o",
-                       File("out.xml"), "--verify"}),
-                  kDone)
-            << errors;
-        const std::string merged = Content(File("out.xml"));
-        for (const auto& [step, has] : c.expected) {
-            EXPECT_NE(NoteWithStep(merged, step).find(has), std::string::npos)
-                << step << ": " << merged;
-        }
+class JoinedNote : public CommandRun, public testing::WithParamInterface<JoinedCase> {};
+
+TEST_P(JoinedNote, KeepsAttachments) {
+    const JoinedCase& c = GetParam();
+    ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o", File("out.xml"),
+                   "--verify"}),
+              kDone)
+        << errors;
+    const std::string merged = Content(File("out.xml"));
+    for (const auto& [step, has] : c.expected) {
+        EXPECT_NE(NoteWithStep(merged, step).find(has), std::string::npos)
+            << step << ": " << merged;
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, JoinedNote, testing::ValuesIn(kJoined), standin::kByName);
 
 std::string Quarter(std::string_view pitch, std::string_view voice = "1",
                     std::string_view more = "") {
@@ -324,11 +336,15 @@ const std::string kFiveVoices = Half("C5") + Half("D5") + Backup(8) + Half("A4",
                                 Half("E4", "5") + Half("F4", "5");
 
 // The report's lines besides its totals.
-const struct {
+struct RemarkCase {
     const char* name;
     std::string measure;
     std::vector<std::string> remarks;
-} kRemarks[] = {
+
+    friend void PrintTo(const RemarkCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const RemarkCase kRemarks[] = {
     {"AMarkingThatJoins",
      Half("C5", "1", kFermata) + Half("D5", "1", Notations("<arpeggiate/>")) + Backup(8) +
          Half("A4", "2", kTrill) + Half("B4", "2"),
@@ -353,21 +369,27 @@ const struct {
     {"AFifthVoice", kFiveVoices, {"m. 1, Piano: a fifth voice is not merged"}},
 };
 
-TEST_F(CommandRun, ReportNamesRemarks) {
-    for (const auto& c : kRemarks) {
-        SCOPED_TRACE(c.name);
-        ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o",
-                       File("out.xml"), "--verify", "--json"}),
-                  kDone)
-            << errors;
-        const auto report = nlohmann::json::parse(output);
-        std::vector<std::string> remarks;
-        for (const auto& remark : report.value("remarks", nlohmann::json::array())) {
-            remarks.push_back(remark["text"]);
-        }
-        EXPECT_EQ(remarks, c.remarks);
+class ReportRemark : public CommandRun, public testing::WithParamInterface<RemarkCase> {};
+
+TEST_P(ReportRemark, IsReported) {
+    const RemarkCase& c = GetParam();
+    ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o", File("out.xml"),
+                   "--verify", "--json"}),
+              kDone)
+        << errors;
+    const auto report = nlohmann::json::parse(output);
+    std::vector<std::string> remarks;
+    for (const auto& remark : report.value("remarks", nlohmann::json::array())) {
+        remarks.push_back(remark["text"]);
     }
-    EXPECT_EQ(Run({"merge", File("in.xml"), "-o", File("out.xml")}), kDone);
+    EXPECT_EQ(remarks, c.remarks);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, ReportRemark, testing::ValuesIn(kRemarks), standin::kByName);
+
+TEST_F(CommandRun, ReportNamesFifthVoice) {
+    const std::string input = Write("in.xml", standin::ScoreText({kFiveVoices}));
+    EXPECT_EQ(Run({"merge", input, "-o", File("out.xml")}), kDone);
     EXPECT_NE(output.find("\n  m. 1, Piano: a fifth voice is not merged\n"), std::string::npos);
 }
 

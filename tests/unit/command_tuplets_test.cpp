@@ -3,6 +3,7 @@
 #include "host/cli/run_command.h"
 #include "host/score/application.h"
 #include "tests/unit/support/files.h"
+#include "tests/unit/support/named_cases.h"
 #include "tests/unit/tuplet_score.h"
 
 namespace {
@@ -37,12 +38,16 @@ constexpr const char* kSextuplet =
 
 using Options = std::vector<std::string>;
 
-const struct {
+struct TupletCase {
     const char* name;
     std::string voices;
     Options options;
     const char* brackets;  // by BracketsIn
-} kMerges[] = {
+
+    friend void PrintTo(const TupletCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const TupletCase kMerges[] = {
     {"WholeForARest",
      kTriplet + kBack + "r whole 144 v2",
      {"--from", "1", "--to", "2"},
@@ -95,13 +100,15 @@ const struct {
      " C[1 D[2 F]2 G]1 r[2 r[1 r]1 r]2"},
 };
 
-TEST(TupletMerges, KeepWholeBrackets) {
-    for (const auto& c : kMerges) {
-        SCOPED_TRACE(c.name);
-        const std::string merged = Merged(standin::TupletScore({c.voices}), c.options);
-        EXPECT_EQ(standin::BracketsIn(merged), c.brackets);
-    }
+class MergedTuplet : public testing::TestWithParam<TupletCase> {};
+
+TEST_P(MergedTuplet, KeepsWholeBrackets) {
+    const TupletCase& c = GetParam();
+    const std::string merged = Merged(standin::TupletScore({c.voices}), c.options);
+    EXPECT_EQ(standin::BracketsIn(merged), c.brackets);
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, MergedTuplet, testing::ValuesIn(kMerges), standin::kByName);
 
 // Hidden rests need no visible bracket.
 TEST(TupletMerges, HideTheBracketsOfHiddenRests) {

@@ -1,5 +1,6 @@
 // Mistakes in a file whose meaning is clear: read as other programs read them, with a warning.
 #include "tests/unit/musicxml_support.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace standin {
 namespace {
@@ -14,13 +15,17 @@ std::string Lasting(int duration, const std::string& more = "", const std::strin
            std::to_string(duration) + "</duration>" + more + "</note>\n";
 }
 
-const struct {
+struct SlipCase {
     const char* name;
     std::string text;
     const char* layer1;   // of the first measure
     const char* warning;  // a part of it; empty = none
     std::size_t line = 7;
-} kSlips[] = {
+
+    friend void PrintTo(const SlipCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const SlipCase kSlips[] = {
     {"ANoteOfNoLength", ScoreText({Note({}) + Lasting(0, "<type>half</type><dot/>") + Note({})}),
      "q:c4 h.:e4 q:c4", "a <duration> is 0", 8},
     {"AChordsNoteOfNoLength",
@@ -38,22 +43,23 @@ const struct {
     {"NoSlip", ScoreText({Note({})}), "q:c4", ""},
 };
 
-TEST(Slips, AreReadWithWarning) {
-    for (const auto& c : kSlips) {
-        SCOPED_TRACE(c.name);
-        const auto score = Read(c.text);
-        EXPECT_EQ(Layer(*score, 1, 1, 0), c.layer1);
-        const std::vector<ReadWarning>& warnings = score->warnings.All();
-        ASSERT_EQ(warnings.size(), *c.warning == '\0' ? 0U : 1U);
-        EXPECT_EQ(WriteScore(*score), c.text) << "what nobody changed comes out as it came";
-        if (!warnings.empty()) {
-            EXPECT_NE(warnings[0].Words().find(c.warning), std::string::npos)
-                << warnings[0].Words();
-            EXPECT_EQ(warnings[0].line, c.line);
-        }
-        EXPECT_EQ(Differences(*score, Rebuilt(*score)), "");
+class SlipOfFile : public testing::TestWithParam<SlipCase> {};
+
+TEST_P(SlipOfFile, IsReadWithWarning) {
+    const SlipCase& c = GetParam();
+    const auto score = Read(c.text);
+    EXPECT_EQ(Layer(*score, 1, 1, 0), c.layer1);
+    const std::vector<ReadWarning>& warnings = score->warnings.All();
+    ASSERT_EQ(warnings.size(), *c.warning == '\0' ? 0U : 1U);
+    EXPECT_EQ(WriteScore(*score), c.text) << "what nobody changed comes out as it came";
+    if (!warnings.empty()) {
+        EXPECT_NE(warnings[0].Words().find(c.warning), std::string::npos) << warnings[0].Words();
+        EXPECT_EQ(warnings[0].line, c.line);
     }
+    EXPECT_EQ(Differences(*score, Rebuilt(*score)), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, SlipOfFile, testing::ValuesIn(kSlips), kByName);
 
 TEST(Slips, TripletNoteWithoutDurationTakesAThird) {
     const auto score = Read(

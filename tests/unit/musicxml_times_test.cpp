@@ -2,6 +2,7 @@
 #include "host/musicxml/pitch.h"
 #include "host/score/rational.h"
 #include "tests/unit/musicxml_support.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace standin {
 namespace {
@@ -30,12 +31,16 @@ TEST(Times, TripletsOfVoicesCoincide) {
 
 const std::string kThird = Note({.duration = 4, .voice = "2"});
 
-const struct {
+struct TimesCase {
     const char* name;
     std::string measure;
     const char* times;
     i32 length;  // of the measure
-} kTimes[] = {
+
+    friend void PrintTo(const TimesCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const TimesCase kTimes[] = {
     {"MeasureWithoutContentHasItsTimeSignaturesLength", "", "", 4096},
     {"PickupIsAsShortAsItsContent", Note({}), "0+1024", 1024},
     {"ForwardAtTheEndCounts", Note({}) + Forward(4), "0+1024", 3072},
@@ -61,19 +66,21 @@ const struct {
      "0+2048 2048+2048", 4096},
 };
 
-TEST(Times, SurviveRoundTrip) {
-    for (const auto& c : kTimes) {
-        SCOPED_TRACE(c.name);
-        const auto score = Read(ScoreText({c.measure, Note({})}));
-        const std::string written = Rebuilt(*score);
-        const auto again = Read(written);
-        for (const auto* either : {&score, &again}) {
-            EXPECT_EQ(Times(**either), c.times);
-            EXPECT_EQ((*either)->document->MeasureDuration(0, 1), c.length);
-        }
-        EXPECT_EQ(Differences(*score, written), "");
+class MeasureTimes : public testing::TestWithParam<TimesCase> {};
+
+TEST_P(MeasureTimes, SurviveRoundTrip) {
+    const TimesCase& c = GetParam();
+    const auto score = Read(ScoreText({c.measure, Note({})}));
+    const std::string written = Rebuilt(*score);
+    const auto again = Read(written);
+    for (const auto* either : {&score, &again}) {
+        EXPECT_EQ(Times(**either), c.times);
+        EXPECT_EQ((*either)->document->MeasureDuration(0, 1), c.length);
     }
+    EXPECT_EQ(Differences(*score, written), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, MeasureTimes, testing::ValuesIn(kTimes), kByName);
 
 // Divisions finer than the host's units: the host's rounding must not reach the file.
 TEST(Times, FineDivisionsAreExact) {

@@ -1,4 +1,5 @@
 // Tuplets of the file as tuplets of the host, and back.
+#include "tests/unit/support/named_cases.h"
 #include "tests/unit/tuplet_score.h"
 
 namespace standin {
@@ -7,13 +8,17 @@ namespace {
 constexpr const char* kTriplet =
     "C4 eighth 12 3:2 [, D4 eighth 12 3:2, E4 eighth 12 3:2 ], r half 72, r quarter 36";
 
-const struct {
+struct TupletRow {
     const char* name;
     std::vector<std::string_view> measures;
     const char* layer;  // of the first measure and staff
     const char* times;  // likewise, where they do not follow from the layer
     int brackets = 1;   // that the score is written with
-} kTuplets[] = {
+
+    friend void PrintTo(const TupletRow& row, std::ostream* out) { *out << row.name; }
+};
+
+const TupletRow kTuplets[] = {
     {"Bracketed", {kTriplet}, "(3:2 e:c4 e:d4 e:e4) h:r q:r", "0+341 341+342 683+341"},
     {"OfSeveralValues",
      {"C4 quarter 24 3:2 [, D4 eighth 12 3:2 ], E4 16th 6 3:2 [, F4 eighth 12 3:2, G4 16th 6 3:2, "
@@ -103,23 +108,25 @@ const struct {
      "0+341"},
 };
 
-TEST(Tuplets, SurviveRoundTrip) {
-    for (const auto& c : kTuplets) {
-        SCOPED_TRACE(c.name);
-        const std::string text = TupletScore(c.measures);
-        const auto score = Read(text);
-        const std::string rebuilt = Rebuilt(*score);
-        const auto again = Read(rebuilt);
-        for (const auto* either : {&score, &again}) {
-            EXPECT_EQ(Layer(**either, 1, 1, 0).substr(0, std::string{c.layer}.size()), c.layer);
-            const std::string times = PrintTimes(*(*either)->document, {1, 1, 0});
-            EXPECT_EQ(times.substr(0, std::string{c.times}.size()), c.times);
-        }
-        const std::string written = BracketsIn(rebuilt);
-        EXPECT_EQ(std::count(written.begin(), written.end(), '['), c.brackets) << written;
-        EXPECT_EQ(std::count(written.begin(), written.end(), ']'), c.brackets) << written;
+class TupletOfFile : public testing::TestWithParam<TupletRow> {};
+
+TEST_P(TupletOfFile, SurvivesRoundTrip) {
+    const TupletRow& c = GetParam();
+    const std::string text = TupletScore(c.measures);
+    const auto score = Read(text);
+    const std::string rebuilt = Rebuilt(*score);
+    const auto again = Read(rebuilt);
+    for (const auto* either : {&score, &again}) {
+        EXPECT_EQ(Layer(**either, 1, 1, 0).substr(0, std::string{c.layer}.size()), c.layer);
+        const std::string times = PrintTimes(*(*either)->document, {1, 1, 0});
+        EXPECT_EQ(times.substr(0, std::string{c.times}.size()), c.times);
     }
+    const std::string written = BracketsIn(rebuilt);
+    EXPECT_EQ(std::count(written.begin(), written.end(), '['), c.brackets) << written;
+    EXPECT_EQ(std::count(written.begin(), written.end(), ']'), c.brackets) << written;
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, TupletOfFile, testing::ValuesIn(kTuplets), kByName);
 
 TEST(Tuplets, AcrossStavesAreWholeOnEach) {
     const auto score =

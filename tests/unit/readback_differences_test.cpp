@@ -3,6 +3,7 @@
 
 #include "host/texts/texts.h"
 #include "tests/unit/readback_support.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace standin {
 namespace {
@@ -21,13 +22,17 @@ std::string SlurNote(const std::string& type, const std::string& number = "1") {
         {.more = "<notations><slur type=\"" + type + "\" number=\"" + number + "\"/></notations>"});
 }
 
-const struct {
+struct DifferenceCase {
     const char* name;
     std::string before;  // one measure
     std::string after;
     const char* exact;   // lines, without "m. 1, staff 1, beat "
     const char* merged;  // if the second is compared as a merge of the first; null = the same
-} kDifferences[] = {
+
+    friend void PrintTo(const DifferenceCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const DifferenceCase kDifferences[] = {
     {"NoteLost", Note({}) + Note({.pitch = "E4"}), Note({}) + Note({.pitch = "r"}),
      "2: E4 quarter lost\n2: quarter rest gained\n", "2: E4 quarter lost\n"},
     {"OtherLength", Note({.duration = 3, .more = "<dot/>"}), Note({}),
@@ -85,14 +90,16 @@ const struct {
      "", nullptr},
 };
 
-TEST(Difference, IsDescribed) {
-    for (const auto& c : kDifferences) {
-        SCOPED_TRACE(c.name);
-        const Compared compared{ScoreText({c.before}), ScoreText({c.after})};
-        EXPECT_EQ(Sorted(compared.Differences()), Sorted(c.exact));
-        EXPECT_EQ(Sorted(compared.Faults()), Sorted(c.merged == nullptr ? c.exact : c.merged));
-    }
+class ScoreDifference : public testing::TestWithParam<DifferenceCase> {};
+
+TEST_P(ScoreDifference, IsDescribed) {
+    const DifferenceCase& c = GetParam();
+    const Compared compared{ScoreText({c.before}), ScoreText({c.after})};
+    EXPECT_EQ(Sorted(compared.Differences()), Sorted(c.exact));
+    EXPECT_EQ(Sorted(compared.Faults()), Sorted(c.merged == nullptr ? c.exact : c.merged));
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, ScoreDifference, testing::ValuesIn(kDifferences), kByName);
 
 TEST(Difference, NamesMeasureAndBeat) {
     const std::string compound =

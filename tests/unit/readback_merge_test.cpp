@@ -1,5 +1,6 @@
 // Faults of a merge, and changes that it may make, in small scores before and after.
 #include "tests/unit/readback_support.h"
+#include "tests/unit/support/named_cases.h"
 
 namespace standin {
 namespace {
@@ -81,12 +82,16 @@ std::string DirectionOf(const std::string& voice) {
 
 using Measures = std::vector<std::string>;
 
-const struct {
+struct FaultCase {
     const char* name;
     Measures before;
     Measures after;
     const char* faults;  // without "m. 1, staff 1, beat "
-} kFaults[] = {
+
+    friend void PrintTo(const FaultCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const FaultCase kFaults[] = {
     {"NumberTakenTwice",
      {Half("C5", "1", Slur("start")) + Half("D5", "1", Slur("stop")) + Backup(8) +
       Half("C4", "2", Slur("start")) + Half("D4", "2", Slur("stop"))},
@@ -253,20 +258,26 @@ const struct {
      "1: C5 eighth lost\n1: C5 eighth gained\n"},
 };
 
-TEST(Merge, MisreadNotationIsFound) {
-    for (const auto& c : kFaults) {
-        SCOPED_TRACE(c.name);
-        const Compared compared{ScoreText(c.before, "<staves>2</staves>"),
-                                ScoreText(c.after, "<staves>2</staves>")};
-        EXPECT_EQ(Sorted(compared.Faults()), Sorted(c.faults));
-    }
+class MergeFault : public testing::TestWithParam<FaultCase> {};
+
+TEST_P(MergeFault, IsFound) {
+    const FaultCase& c = GetParam();
+    const Compared compared{ScoreText(c.before, "<staves>2</staves>"),
+                            ScoreText(c.after, "<staves>2</staves>")};
+    EXPECT_EQ(Sorted(compared.Faults()), Sorted(c.faults));
 }
 
-const struct {
+INSTANTIATE_TEST_SUITE_P(Cases, MergeFault, testing::ValuesIn(kFaults), kByName);
+
+struct RightMerge {
     const char* name;
     Measures before;
     Measures after;
-} kRightMerges[] = {
+
+    friend void PrintTo(const RightMerge& row, std::ostream* out) { *out << row.name; }
+};
+
+const RightMerge kRightMerges[] = {
     {"NotesBecomeAChordWithTheMarksOfBoth",
      {Half("C5", "1", kStaccato) + Backup(4) + Half("A4", "2", Slur("start")) +
       Half("B4", "2", Slur("stop"))},
@@ -343,14 +354,16 @@ const struct {
      {Forward(4) + Half("D5", "1", Slur("stop")) + Backup(8) + Half("C5", "1", Slur("start"))}},
 };
 
-TEST(Merge, IntendedChangesAreAllowed) {
-    for (const auto& c : kRightMerges) {
-        SCOPED_TRACE(c.name);
-        const Compared compared{ScoreText(c.before, "<staves>2</staves>"),
-                                ScoreText(c.after, "<staves>2</staves>")};
-        EXPECT_EQ(compared.Faults(), "");
-    }
+class IntendedMerge : public testing::TestWithParam<RightMerge> {};
+
+TEST_P(IntendedMerge, IsAllowed) {
+    const RightMerge& c = GetParam();
+    const Compared compared{ScoreText(c.before, "<staves>2</staves>"),
+                            ScoreText(c.after, "<staves>2</staves>")};
+    EXPECT_EQ(compared.Faults(), "");
 }
+
+INSTANTIATE_TEST_SUITE_P(Cases, IntendedMerge, testing::ValuesIn(kRightMerges), kByName);
 
 TEST(Replaced, ExceptsOnlyClearedRange) {
     const Compared compared{
