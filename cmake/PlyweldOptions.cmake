@@ -15,7 +15,7 @@ if(WIN32)
     # The same sources give the same bytes at any time.
     -Wl,--no-insert-timestamp)
 else()
-  # A module that was closed must be gone, so that the next load starts afresh.
+  # A module that was closed must be gone, so that the next load starts from scratch.
   target_compile_options(plyweld_options INTERFACE
     $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
 endif()

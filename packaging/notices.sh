@@ -8,7 +8,7 @@ table="$here/dependencies.json"
 version=$1
 shift
 
-# The rows of these kinds, one a line.
+# The rows of these kinds, one per line.
 rows() {
     jq -c --args '.[] | select(.in - (.in - $ARGS.positional) != [])' "$@" <"$table"
 }

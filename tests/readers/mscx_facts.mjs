@@ -22,7 +22,7 @@ const graceKinds = [
     "grace16after",
     "grace32after",
 ];
-// What stands at a time in a staff, apart from notes and lines.
+// The elements at a time in a staff, apart from notes and lines.
 const marks = new Set([
     "Dynamic",
     "Fermata",
@@ -171,7 +171,7 @@ class MscxReader {
         };
     }
 
-    // One end of a line. Each tells in steps of staves, voices, measures and time where the other is.
+    // One end of a line. Each gives the other end in steps of staves, voices, measures and time.
     readLine(element, place) {
         const type = element.attributes.type;
         const here = [place.track.staff, place.track.voice, place.measure, place.onset];

@@ -10,7 +10,7 @@ import { Rational } from "./rational.mjs";
 const rules = [
     {
         name: "equal notes become one",
-        why: "Two voices' equal notes become one note of a chord, and what both had stands there once.",
+        why: "Two voices' equal notes become one note of a chord, and their common marks are there once.",
         explains: ({ side, fact }, { after }) =>
             side === "lost" &&
             joinable.has(fact.aspect) &&
@@ -26,7 +26,7 @@ const rules = [
     {
         name: "a tie from voice to voice",
         reader: "verovio",
-        why: "verovio looks for the end of a tie in the layer of its start. Where the next note stands in another one, it takes a note many measures later, or none; after a merge both may be in one layer, and the tie is right.",
+        why: "verovio looks for the end of a tie in the layer of its start. If the next note is in another one, it takes a note many measures later, or none; after a merge both may be in one layer, and the tie is right.",
         explains: ({ side, fact }, { before, after }) =>
             fact?.aspect === "tie" && (side === "lost" ? !isJoined(fact, before) : isJoined(fact, after)),
     },
@@ -44,7 +44,7 @@ const rules = [
     {
         name: "several notations of one note",
         reader: "verovio",
-        why: "verovio reads the first <articulations> of a note. A note that is written anew has all of them in one, and is read in full.",
+        why: "verovio reads the first <articulations> of a note. A rewritten note has all of them in one, and is read in full.",
         explains: ({ side, fact }, { source }) =>
             side === "new" &&
             fact.aspect === "articulation" &&
@@ -61,7 +61,7 @@ const rules = [
     {
         name: "ornaments without white space",
         reader: "MuseScore",
-        why: "MuseScore leaves out notes behind <ornaments><mordent/></ornaments> when there is no white space in it. A measure that is written anew has some, and is read in full.",
+        why: "MuseScore leaves out notes behind <ornaments><mordent/></ornaments> when there is no white space in it. A rewritten measure has some, and is read in full.",
         explains: ({ side }, { source }) => side === "new" && /<ornaments><[\w-]+\/><\/ornaments>/.test(source),
     },
     {

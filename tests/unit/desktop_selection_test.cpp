@@ -17,7 +17,7 @@ ScoreShape Shape() {
     return {3, {{4096, 1024}, {2560, 1024}, {3072, 1536}}};
 }
 
-// "slots measure:position-measure:position"; a bar stands for the measure's end.
+// "slots measure:position-measure:position"; a bar means the measure's end.
 std::string Text(const std::optional<EREGION>& region) {
     if (!region) {
         return "nothing";

@@ -151,7 +151,7 @@ TEST_F(Details, RecordsAfterGapsAreFound) {
     EXPECT_EQ(Copy(kOntoChord), 1);
     EXPECT_EQ(host.Attached(Target(), kArticulation), "b,d");
     RefuseOnly(HostCall::kLoadEData, 2);
-    EXPECT_EQ(Delete(kFromSource), -1) << "a refused load is no gap";
+    EXPECT_EQ(Delete(kFromSource), -1) << "a refused load is not a gap";
     EXPECT_EQ(TakePendingError(), "29998 FinPIEntryDetail::Load: edIM");
     EXPECT_EQ(Delete(kFromSource), 1);
     EXPECT_EQ(host.Attached(Source(), kArticulation), "");
@@ -255,7 +255,7 @@ TEST_F(Details, EntryFieldsNeedSameKind) {
     source.EntryAt(0)->fieldAt6 = 77;
     for (const i16 to : {i16{0}, i16{1}}) {
         EXPECT_EQ(Copy(DetailKind::kDuration | DetailKind::kEntryField6, 0, to), 1);
-        EXPECT_EQ(target.EntryAt(to)->duration, to == 0 ? 1024 : 2048) << "a rest is no note";
+        EXPECT_EQ(target.EntryAt(to)->duration, to == 0 ? 1024 : 2048) << "a rest is not a note";
         EXPECT_EQ(target.EntryAt(to)->fieldAt6, to == 0 ? 77 : 0);
     }
     EXPECT_EQ(Delete(DetailKind::kEntryField6), 1);

@@ -48,7 +48,7 @@ protected:
 TEST_F(HostChanges, RestoredContentIsUnchanged) {
     const EREGION whole = host.Score().WholeRegion();
     EXPECT_EQ(FX_RebeamRegion(&whole, 0, kInterfaceVersion), 1);
-    EXPECT_EQ(host.Score().ChangedMeasures(), Places{}) << "beams are no change";
+    EXPECT_EQ(host.Score().ChangedMeasures(), Places{}) << "beams are not a change";
     const std::vector<EXENTRY> entries = host.Score().FindFrame(host.Key(1, 1, 0))->entries;
     host.Score().PutFrame(host.Key(1, 1, 0), {entries[0], entries[1]});
     EXPECT_EQ(host.Score().ChangedMeasures(), Places{At(1, 1)});

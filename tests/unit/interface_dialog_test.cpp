@@ -233,7 +233,7 @@ TEST_F(DialogTest, TimerResumesIfDialogStays) {
 }
 
 TEST_F(DialogTest, LayoutMovesControls) {
-    // Of one control, from 30,40,100,50; and of the dialog's buttons, where they stand.
+    // The place of one control, from 30,40,100,50, and of the dialog's buttons.
     const std::tuple<u16, void (*)(WindowHandle), platform::Rectangle> cases[] = {
         {1003, [](auto w) { SizeControl(w, 1003, 20, 40); }, {30, 40, 70, 60}},
         {1003, [](auto w) { SizeControl(w, 1003, -1, 40); }, {30, 40, 70, 50}},

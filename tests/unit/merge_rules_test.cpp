@@ -174,7 +174,7 @@ TEST(Layers, AllMoveInOrder) {
     EXPECT_EQ(host.Layer(1, 1, 1), "w:d4,c4,e4,f4");
     EXPECT_EQ(host.Layer(1, 1, 0), "w:r");
     Plugin{}.Merge(host, {.source = 4});
-    EXPECT_EQ(App().alerts.size(), 1U) << "there is no such layer";
+    EXPECT_EQ(App().alerts.size(), 1U) << "the layer does not exist";
 }
 
 // Two equal pitches have different noteheads, which must not end up on one note.
