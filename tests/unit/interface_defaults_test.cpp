@@ -1,10 +1,11 @@
 // What commands and dialogs do that replace none of the operations that they may replace.
 #include "Class Files/FinPIModeless.h"
+#include "Class Files/interface/HostMenu.h"
 #include "tests/unit/interface_support.h"
 
 namespace {
 
-class PlainCommand final : public FinPIModeless {
+class PlainCommand : public FinPIModeless {
 public:
     PlainCommand() : FinPIModeless{nullptr, 3, 22000, u"Plain"} {}
 
@@ -20,6 +21,18 @@ public:
         return std::to_string(m_wholeMeasures) + std::to_string(m_wholeStaves) +
                std::to_string(m_noSelection);
     }
+};
+
+// Notes what its timer tells it.
+class WatchingCommand final : public PlainCommand {
+public:
+    void OnMenuEvent(WindowHandle, u32 event) override { notes.push_back(std::to_string(event)); }
+    void OnListedMenuEvent(WindowHandle) override { notes.emplace_back("listed"); }
+    void OnDocumentListChanged(WindowHandle) override { notes.emplace_back("list"); }
+    void OnCurrentDocumentChanged(WindowHandle) override { notes.emplace_back("other"); }
+    void UpdateSelectionText(WindowHandle) override { notes.emplace_back("selection"); }
+
+    Notes notes;
 };
 
 class PlainDialog final : public FinPIDialog {
@@ -64,6 +77,72 @@ TEST_F(Defaults, ChangeNothing) {
                                plain.UnusedModelessQuery2(), plain.UnusedModelessQuery3()}) {
         EXPECT_EQ(reserved, 0);
     }
+}
+
+TEST_F(Defaults, TimerTellsWhatChanged) {
+    auto* const watching = new WatchingCommand;  // its dialog's end destroys it
+    ASSERT_EQ(watching->ShowDialog(nullptr, nullptr), 1);
+    OpenDialog& open = *desk.Newest();
+    const auto tick = [&] {
+        watching->notes.clear();
+        open.Send(standin::kTimerMessage);
+        return watching->notes;
+    };
+    EXPECT_EQ(tick(), Notes{"list"}) << "the first list";
+    EXPECT_EQ(tick(), Notes{});
+    for (const u32 event : {10500U, 10501U, 10503U, 10504U}) {
+        const bool isListed = event == 10501 || event == 10503;
+        EXPECT_EQ(open.Send(MenuEventMessage(), 0, event), 1);
+        EXPECT_EQ(tick(), isListed ? (Notes{"listed", std::to_string(event)})
+                                   : Notes{std::to_string(event)});
+        EXPECT_EQ(tick(), Notes{});
+    }
+    host.SelectAll();
+    EXPECT_EQ(tick(), Notes{"selection"});
+    {
+        const u16 before = standin::App().CurrentNumber();
+        const standin::Document& other = standin::App().OpenDocument(u"other");
+        standin::App().SetCurrentDocument(other.Number());
+        EXPECT_EQ(tick(), (Notes{"list", "other", "selection"}));
+        standin::App().SetCurrentDocument(before);
+    }
+    EXPECT_EQ(tick(), Notes{"selection"});
+    desk.EndDialog(&open.window);
+}
+
+TEST_F(Defaults, TitlesAndUndoTextsAreCutToTheirRoom) {
+    for (int measure = 2; measure <= 34; ++measure) {
+        host.Score().AddMeasure(4, 1024);
+    }
+    const EREGION region{0, 1, 12, 0, 0, 1, 34, kEndOfMeasure};
+    const std::pair<i32, const char16*> cases[] = {
+        {1, u""},
+        {5, u"Plyw"},
+        {8, u"Plyweld"},
+        {10, u"Plyweld"},
+        {11, u"Plyweld 12"},
+        {13, u"Plyweld 12"},
+        {14, u"Plyweld 12-34"},
+        {60, u"Plyweld 12-34"},
+    };
+    for (const auto& [length, text] : cases) {
+        std::u16string buffer(64, u'#');
+        command.GetUndoText(buffer.data(), length, region);
+        EXPECT_EQ(std::u16string{buffer.c_str()}, text) << length;
+        EXPECT_EQ(buffer[static_cast<std::size_t>(length)], u'#') << length;
+        buffer.assign(64, u'#');
+        command.GetTitle(buffer.data(), length, 0);
+        EXPECT_EQ(std::u16string{buffer.c_str()},
+                  std::u16string{u"Plyweld"}.substr(0, static_cast<std::size_t>(length - 1)));
+        EXPECT_EQ(buffer[static_cast<std::size_t>(length)], u'#') << length;
+    }
+    char16 none = u'#';
+    command.GetUndoText(&none, 0, region);
+    command.GetTitle(&none, 0, 20001);
+    EXPECT_EQ(none, u'#');
+    char16 yes[8];
+    command.GetTitle(yes, 8, 20001);
+    EXPECT_EQ(std::u16string{yes}, u"Yes");
 }
 
 TEST_F(Defaults, DialogIgnoresEvents) {

@@ -40,6 +40,35 @@ TEST_F(Records, WalkClearsLongerRecords) {
     EXPECT_EQ(record.opaque0[2], 0);
 }
 
+TEST_F(Records, HooksHaveNoEffectByDefault) {
+    FinPIKeyFormat record(1);
+    const FinPIKeyFormat other(2);
+    for (const i16 allowed :
+         {record.AcceptsSerialVersion(1), record.AcceptsVersion(1), record.CanDeleteInScore(),
+          record.CanDeleteInPart(), record.CopyDependentStructs(other),
+          record.CopyDependentStructsPostCommit(other), record.UnusedHook1(), record.UnusedHook2(),
+          record.UnusedHook4()}) {
+        EXPECT_EQ(allowed, 1);
+    }
+    for (const i16 none :
+         {record.IsPartSpecific(), record.UsesSerializedForm(), record.IsLoaded(), record.IsNull(),
+          record.PutSerializedDependentStruct(2, 2, nullptr, 0), record.UnusedHook3()}) {
+        EXPECT_EQ(none, 0);
+    }
+    EXPECT_EQ(record.GetSerializedDependentStruct(2, 2, nullptr, 0), 0U);
+    EXPECT_FALSE(record.WasCreated() || record.WasFilledFromCopy());
+    EXPECT_EQ(FinPIClefChange(1).GetTargetRegion(), nullptr);
+}
+
+TEST_F(Records, ReorderedPreferencesAreReadOnly) {
+    FinPIBeamPrefs prefs;
+    EnigmaKey key{7};
+    EXPECT_EQ(prefs.LoadNext() + prefs.Delete() + prefs.Save() + prefs.Create(), 0);
+    EXPECT_EQ(prefs.GetKey(key), 0);
+    EXPECT_EQ(prefs.IsSameKey(FinPIClefPrefs{}), 1);
+    EXPECT_EQ(App().calls.Of(HostCall::kSaveEData) + App().calls.Of(HostCall::kCreateEData), 0U);
+}
+
 TEST_F(Records, RefuseOperationsOutOfOrder) {
     FinPIKeyFormat record(1);
     record.opaque0[0] = 'x';
