@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "host/musicxml/write/note_writer.h"
 #include "host/musicxml/xml/xml_node.h"
 
 namespace standin {
@@ -46,31 +45,7 @@ std::string WithVoice(std::string text, std::string_view voice) {
     return text.replace(static_cast<std::size_t>(value.data() - text.data()), value.size(), voice);
 }
 
-// divisions: as written, its own offset included.
-std::string WithOffset(std::string text, const std::string& divisions) {
-    const std::string_view old =
-        ChildWith(text, [](std::string_view name) { return name == "offset"; });
-    if (!old.empty()) {
-        const std::string_view value = ValueOf(old);
-        return text.replace(static_cast<std::size_t>(value.data() - text.data()), value.size(),
-                            divisions);
-    }
-    const std::string_view next = ChildWith(text, [](std::string_view name) {
-        return name == "footnote" || name == "level" || name == "voice" || name == "staff" ||
-               name == "sound" || name == "listening";
-    });
-    const std::size_t at =
-        next.empty() ? text.rfind("</") : static_cast<std::size_t>(next.data() - text.data());
-    return text.insert(at, "<offset>" + divisions + "</offset>");
-}
-
 }  // namespace
-
-bool CanBeDelayed(const ImportedScore& score, const MeasureItem& item) {
-    const std::string_view name =
-        ElementName(std::string_view{score.text}.substr(item.begin, item.end - item.begin));
-    return name == "direction" || name == "harmony";
-}
 
 std::string WithNewNumbers(std::string_view text, std::size_t begin, std::size_t end,
                            const PartLines& lines, const LineNumbers& numbers) {
@@ -92,14 +67,8 @@ std::string WithNewNumbers(std::string_view text, std::size_t begin, std::size_t
 }
 
 std::string ItemText(const ImportedScore& score, const PartLines& lines, const MeasureItem& item,
-                     const LineNumbers& numbers, const ItemChanges& changes) {
-    std::string text =
-        WithVoice(WithNewNumbers(score.text, item.begin, item.end, lines, numbers), changes.voice);
-    if (changes.delay.IsZero()) {
-        return text;
-    }
-    return WithOffset(std::move(text),
-                      DurationText(item.offset + changes.delay, changes.divisions));
+                     const LineNumbers& numbers, std::string_view voice) {
+    return WithVoice(WithNewNumbers(score.text, item.begin, item.end, lines, numbers), voice);
 }
 
 }  // namespace standin

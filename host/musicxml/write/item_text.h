@@ -1,4 +1,4 @@
-// The text of a direction or another item, adapted to its new place and lines.
+// The text of a direction or another item, adapted to its new voice and lines.
 #pragma once
 
 #include <string>
@@ -9,17 +9,9 @@
 
 namespace standin {
 
-struct ItemChanges {
-    std::string_view voice;  // as it is written; empty = as it was read
-    Rational delay{};        // that the item belongs to a later time
-    Rational divisions{};    // of a quarter note, where it is written
-};
-
-// Whether the item can be written before its time, with an <offset>.
-bool CanBeDelayed(const ImportedScore& score, const MeasureItem& item);
-
+// voice: the one to name, as it is written; empty = as it was read.
 std::string ItemText(const ImportedScore& score, const PartLines& lines, const MeasureItem& item,
-                     const LineNumbers& numbers, const ItemChanges& changes);
+                     const LineNumbers& numbers, std::string_view voice);
 
 // A piece of the original text, with new numbers for lines that have them.
 std::string WithNewNumbers(std::string_view text, std::size_t begin, std::size_t end,

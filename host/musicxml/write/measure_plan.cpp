@@ -8,7 +8,6 @@
 #include "host/musicxml/expressions.h"
 #include "host/musicxml/write/beam_writer.h"
 #include "host/musicxml/write/crossing_ends.h"
-#include "host/musicxml/write/item_text.h"
 #include "host/musicxml/write/stream_order.h"
 #include "host/musicxml/write/tie_links.h"
 #include "host/musicxml/write/voice_streams.h"
@@ -120,14 +119,14 @@ private:
             const Assignment* assigned =
                 assignment == m_assignments.end() ? nullptr : &assignment->second;
             if (item.closesMeasure) {
-                m_closing.push_back({nullptr, i, item.time, {}});
+                m_closing.push_back({nullptr, i, item.time});
             } else if (assigned != nullptr && assigned->moved) {
                 Draft* draft = DraftOf(*assigned);
                 m_plan.itemVoices.push_back(
                     {i, draft != nullptr ? draft->stream.voice : NameOf(*assigned)});
                 PlaceIn(draft != nullptr ? *draft : FallbackFor(item), i);
             } else if (item.lastEntry == 0 && item.time.IsZero()) {
-                m_head.push_back({nullptr, i, item.time, {}});
+                m_head.push_back({nullptr, i, item.time});
             } else if (item.before == 0 && item.after == 0) {
                 PlaceBetween(i);
             } else {
@@ -169,13 +168,11 @@ private:
             Draft& block = m_blocks.emplace_back();
             block.rank = {item.lastEntry, static_cast<u32>(m_blocks.size())};
         }
-        m_blocks.back().behind.push_back({nullptr, index, item.time, {}});
+        m_blocks.back().behind.push_back({nullptr, index, item.time});
     }
 
-    // The stream of the item's entry; else one of its voice; else any that fits.
+    // The stream that the item's entry is in; else whatever fits.
     Draft& StreamOf(const MeasureItem& item) {
-        const std::string voice = Escaped(item.voice);
-        Draft* ofVoice = nullptr;
         for (Draft& draft : m_drafts) {
             for (const PlannedEvent& event : draft.stream.events) {
                 const u32 entry = event.time.entry->entryNumber;
@@ -183,21 +180,23 @@ private:
                     return draft;
                 }
             }
-            ofVoice = ofVoice == nullptr && draft.stream.voice == voice ? &draft : ofVoice;
         }
-        return ofVoice != nullptr ? *ofVoice : FallbackFor(item);
+        return FallbackFor(item);
     }
 
-    // A stream on the item's staff where something begins or ends at its time, if any.
+    // A stream on the item's staff where something begins or ends at its time, if any; of such
+    // the one with its voice.
     Draft& FallbackFor(const MeasureItem& item) {
+        const std::string voice = Escaped(item.voice);
         Draft* best = nullptr;
         int bestValue = -1;
         for (Draft& draft : m_drafts) {
-            int value = 0;
+            int value = draft.stream.voice == voice ? 1 : 0;
             for (const PlannedEvent& event : draft.stream.events) {
                 const bool isOnStaff = m_part.staves[event.staff].staff == item.staff;
                 const bool touches = event.time.start == item.time || event.End() == item.time;
-                value = std::max(value, (touches ? 2 : 0) + (isOnStaff ? 1 : 0));
+                value = std::max(value, (isOnStaff ? 4 : 0) + (touches ? 2 : 0) +
+                                            (draft.stream.voice == voice ? 1 : 0));
             }
             if (value > bestValue) {
                 best = &draft;
@@ -212,7 +211,9 @@ private:
         return *best;
     }
 
-    // At the item's entry, when its time is right there; else by its time.
+    // At the item's entry, when its time is right there; else by its time. Inside an entry nothing
+    // can stand: then it comes behind the stream, with moves of its own, as not all readers take an
+    // <offset> into account.
     void PlaceIn(Draft& draft, std::size_t index) {
         const MeasureItem& item = m_original.items[index];
         const Events& events = draft.stream.events;
@@ -233,31 +234,30 @@ private:
                 ++slot;
             }
         }
-        if (events.empty() || (!fits(slot) && !CanBeDelayed(m_score, item))) {
-            draft.behind.push_back({nullptr, index, item.time, {}});
-        } else if (fits(slot)) {
-            draft.slots[slot].push_back({nullptr, index, item.time, {}});
-        } else {
-            const Rational start = events[slot - 1].time.start;
-            draft.slots[slot - 1].push_back({nullptr, index, start, item.time - start});
-        }
+        const bool isAtEntry = !events.empty() && fits(slot);
+        (isAtEntry ? draft.slots[slot] : draft.behind).push_back({nullptr, index, item.time});
     }
 
     static void LaySteps(Draft& draft) {
+        const auto sort = [](std::vector<PlannedStep>& items) {
+            std::stable_sort(
+                items.begin(), items.end(),
+                [](const PlannedStep& a, const PlannedStep& b) { return a.time < b.time; });
+        };
+        // What ends with the stream may end a line that begins inside it.
+        std::vector<PlannedStep>& last = draft.slots.back();
+        last.insert(last.begin(), draft.behind.begin(), draft.behind.end());
         std::vector<PlannedStep>& steps = draft.stream.steps;
         steps.clear();
         for (std::size_t i = 0; i < draft.slots.size(); ++i) {
             std::vector<PlannedStep>& slot = draft.slots[i];
-            std::stable_sort(
-                slot.begin(), slot.end(),
-                [](const PlannedStep& a, const PlannedStep& b) { return a.time < b.time; });
+            sort(slot);
             steps.insert(steps.end(), slot.begin(), slot.end());
             if (i < draft.stream.events.size()) {
                 const PlannedEvent& event = draft.stream.events[i];
-                steps.push_back({&event, 0, event.time.start, {}});
+                steps.push_back({&event, 0, event.time.start});
             }
         }
-        steps.insert(steps.end(), draft.behind.begin(), draft.behind.end());
     }
 
     void LayStreams() {

@@ -33,7 +33,6 @@ struct PlannedStep {
     const PlannedEvent* event = nullptr;
     std::size_t item = 0;  // in the measure as it was read
     Rational time{};       // where it is written
-    Rational delay{};      // of an item that belongs to a later time than that
 };
 
 // Consecutive events of one voice, on all its staves.

@@ -122,17 +122,12 @@ void MeasureWriter::WriteEvent(const PlannedEvent& event, std::string_view voice
 
 void MeasureWriter::WriteItem(const PlannedStep& step) {
     const MeasureItem& item = m_original.items[step.item];
-    ItemChanges changes;
-    const auto voice =
+    const auto change =
         std::find_if(m_plan->itemVoices.begin(), m_plan->itemVoices.end(),
                      [&step](const ItemVoice& other) { return other.item == step.item; });
-    changes.voice = voice == m_plan->itemVoices.end() ? std::string_view{} : voice->voice;
-    if (!step.delay.IsZero()) {
-        changes.delay = step.delay;
-        MakeRoomFor(item.offset + step.delay);
-    }
-    changes.divisions = m_divisions;
-    m_out += m_indent + ItemText(m_score, m_part.lines, item, m_numbers, changes);
+    const std::string_view voice =
+        change == m_plan->itemVoices.end() ? std::string_view{} : change->voice;
+    m_out += m_indent + ItemText(m_score, m_part.lines, item, m_numbers, voice);
     m_divisions = item.divisions.IsZero() ? m_divisions : item.divisions;
 }
 
