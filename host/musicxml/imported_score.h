@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
@@ -74,6 +75,8 @@ struct ScorePart {
     std::map<u32, std::pair<u16, u16>> crossingBrackets;
     std::vector<PartMeasure> measures;
     PartLines lines;
+    // Entries that the file has as <chord> notes of one on another staff.
+    std::unordered_set<u32> chordParts;
     bool namesVoices = false;     // its notes say their voice
     bool namesStaves = false;     // and their staff
     bool namesDivisions = false;  // its durations have a unit that the file gives

@@ -6,9 +6,9 @@
 
 #include "host/musicxml/entry_texts.h"
 #include "host/musicxml/lyric_numbers.h"
-#include "host/musicxml/write/tie_links.h"
 #include "host/musicxml/xml/xml_text.h"
 #include "host/report/places.h"
+#include "host/report/tie_remarks.h"
 #include "host/score/selection.h"
 #include "host/texts/texts.h"
 
@@ -254,49 +254,6 @@ void AddCarried(const ImportedScore& score, u16 layers, u16 slot, FrameKey key,
     }
 }
 
-// Whether the event's entry was there with that note in the file.
-bool WasThere(const Document& document, FrameKey key, const PlannedEvent& event,
-              const EXNOTE& note) {
-    const Frame* frame = document.ImportedFrame(key);
-    return frame != nullptr &&
-           std::any_of(frame->entries.begin(), frame->entries.end(), [&](const EXENTRY& entry) {
-               const std::span notes{entry.notes, static_cast<std::size_t>(entry.noteCount)};
-               return entry.entryNumber == event.time.entry->entryNumber &&
-                      std::any_of(notes.begin(), notes.end(), [&note](const EXNOTE& was) {
-                          return was.pitch == note.pitch && was.second == note.second;
-                      });
-           });
-}
-
-// Ties whose end had to be written before their start. firstSlot: of the part's staves.
-void AddTies(const ImportedScore& score, const ScorePart& part, std::size_t measure, u16 firstSlot,
-             std::vector<Remark>& remarks) {
-    const MeasurePlan plan = PlanMeasure(score, part, measure);
-    std::vector<const PlannedStream*> streams;
-    for (const PlannedStream& stream : plan.streams) {
-        streams.push_back(&stream);
-    }
-    for (const TieLink& tie : TieLinksOf(streams)) {
-        const EXNOTE& note = tie.start->time.entry->notes[tie.note];
-        const auto wasThere = [&](const PlannedEvent& event) {
-            const FrameKey key{part.staves[event.staff].staff, static_cast<u16>(measure + 1),
-                               event.layer};
-            return WasThere(*score.document, key, event, note);
-        };
-        if (tie.from < tie.to || (wasThere(*tie.start) && wasThere(*tie.stop))) {
-            continue;
-        }
-        Remark& remark = remarks.emplace_back();
-        remark.kind = Remark::Kind::kTie;
-        remark.staff = static_cast<u16>(firstSlot + tie.start->staff);
-        remark.measure = static_cast<u16>(measure + 1);
-        remark.layer = tie.start->layer;
-        remark.onset = i32{tie.start->time.entry->elapsedTime};
-        remark.what = NameOfNote(*score.document, remark.measure, note);
-        remark.words = Say(Text::kTieGoesOn, {remark.what, std::to_string(tie.stop->layer + 1)});
-    }
-}
-
 void AddPlace(const Document& document, const std::vector<std::string>& staffNames,
               Remark& remark) {
     remark.number = PrintedNumber(document, remark.measure);
@@ -324,14 +281,7 @@ std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
                 }
             }
         }
-        for (std::size_t i = 0; i < part.measures.size(); ++i) {
-            const auto isChanged = [&](const StaffVoices& staff) {
-                return changed.contains({staff.staff, static_cast<u16>(i + 1)});
-            };
-            if (std::any_of(part.staves.begin(), part.staves.end(), isChanged)) {
-                AddTies(score, part, i, firstSlot, remarks);
-            }
-        }
+        AddTieRemarks(score, part, firstSlot, remarks);
     }
     std::stable_sort(remarks.begin(), remarks.end(), [](const Remark& a, const Remark& b) {
         return std::pair{a.staff, a.measure} < std::pair{b.staff, b.measure};

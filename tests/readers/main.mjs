@@ -1,6 +1,7 @@
 // Reads scores before and after merges with another program and tells what it found only before
 // or only after: node main.mjs verovio|MuseScore PAIRS FOLDER
-// PAIRS has a line for each merge: name, way, the file before and the file after, between tabs.
+// PAIRS has a line for each merge, with tabs between: name, way, the files before and after, the
+// merge's report as JSON.
 // FOLDER is for files in between. Before that, it must find faults that were made on purpose. The
 // last line counts.
 import { readFileSync } from "node:fs";
@@ -8,6 +9,7 @@ import { compareFacts } from "./comparison.mjs";
 import { Faults } from "./faults.mjs";
 import { Reader as MuseScore } from "./musescore_reader.mjs";
 import { ruleFor, rulesOf } from "./rules.mjs";
+import { readXml } from "./xml_tree.mjs";
 import { Reader as Verovio } from "./verovio_reader.mjs";
 
 const mostTold = 6; // findings of one merge
@@ -16,8 +18,8 @@ const pairs = readFileSync(list, "utf8")
     .split("\n")
     .filter((line) => line !== "")
     .map((line) => {
-        const [name, way, before, after] = line.split("\t");
-        return { name, way, before, after };
+        const [name, way, before, after, report] = line.split("\t");
+        return { name, way, before, after, report };
     });
 const reader = readerName === "verovio" ? new Verovio() : new MuseScore(folder);
 const faults = new Faults(folder);
@@ -52,7 +54,7 @@ async function factsOfOriginal(file) {
     return original.facts;
 }
 
-async function comparePair({ name, way, before, after }) {
+async function comparePair({ name, way, before, after, report }) {
     const factsBefore = await factsOfOriginal(before);
     if (factsBefore === null) {
         total("scores that it cannot read", way);
@@ -64,7 +66,14 @@ async function comparePair({ name, way, before, after }) {
         return;
     }
     const findings = compareFacts(factsBefore, factsAfter);
-    const view = { before: factsBefore, after: factsAfter, findings, source: readFileSync(before, "utf8") };
+    const view = {
+        before: factsBefore,
+        after: factsAfter,
+        findings,
+        source: readXml(before),
+        result: readXml(after),
+        remarks: JSON.parse(readFileSync(report, "utf8")).remarks ?? [],
+    };
     const open = findings.filter((finding) => {
         const rule = ruleFor(finding, view, readerName);
         if (rule !== undefined) {

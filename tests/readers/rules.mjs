@@ -2,10 +2,12 @@
 // what findings it accounts; one that accounts for none in any score is out of date.
 //
 // explains(finding, view): view.before and view.after give the facts, view.findings all findings
-// of the pair of scores, view.source the text of the score before.
+// of the pair of scores, view.source and view.result the texts of the scores before and after,
+// view.remarks what the merge's report says that a reader of the score should know.
 import { holds } from "./comparison.mjs";
 import { textOf } from "./facts.mjs";
 import { Rational } from "./rational.mjs";
+import { ScoreText } from "./score_text.mjs";
 
 const rules = [
     {
@@ -31,6 +33,76 @@ const rules = [
             fact?.aspect === "tie" && (side === "lost" ? !isJoined(fact, before) : isJoined(fact, after)),
     },
     {
+        name: "a tie that the report names",
+        reader: "verovio",
+        why: "Where a merge moves one end of a tie into another voice, verovio finds that end if it comes later in the text and the start's own voice has no other tied note of the pitch in the measure. Where no order of the voices suits all their ties and lines, the report names the tie.",
+        explains: ({ fact }, { remarks }) =>
+            fact?.aspect === "tie" && remarks.some((remark) => isTieNamed(remark, fact.places[0])),
+    },
+    {
+        name: "a line that stopped before it started",
+        reader: "MuseScore",
+        why: "MuseScore leaves out a line whose stop stands before its start in the text, or takes a later stop, though the format allows it. A merge writes the voice of the start first where it can, and MuseScore reads the line.",
+        explains: ({ side, fact }, { findings, source }) => {
+            const wasBackward = (one) => isOneOf(ScoreText.of(source).backwardLines(), one);
+            const others = findings.filter((other) => other.side !== side && other.fact?.aspect === fact?.aspect);
+            if (side === "lost") {
+                const isReplaced = others.some((other) => startsAlike(other.fact, fact));
+                return wasBackward(fact) && isReplaced && fact.aspect !== "slur";
+            }
+            const tookItsEnd = ({ fact: other }) => wasBackward(other) && isWithin(fact, other);
+            return side === "new" && (wasBackward(fact) || others.some(tookItsEnd));
+        },
+    },
+    },
+    {
+        name: "a line that has to stop before it starts",
+        why: "Where lines and ties run both ways between two voices, no order of them has every start first. The ends pair by their number, as the format has it, but both programs look for a trill's end behind its start.",
+        explains: ({ fact }, { source, result }) =>
+            fact?.aspect === "trill" &&
+            isOneOf(ScoreText.of(result).backwardLines(), fact) &&
+            !isOneOf(ScoreText.of(source).backwardLines(), fact),
+    },
+    {
+        name: "a line that ends where nothing begins",
+        reader: "MuseScore",
+        why: "MuseScore's own format has a place for a line's end only where a note or rest begins, and moves others to the measure's end. Where a long note has taken the place of the hidden rests between which a direction stood, nothing begins at its time.",
+        explains: ({ fact }, { findings, result }) =>
+            fact?.aspect === "hairpin" &&
+            findings
+                .filter(({ side, fact: other }) => side === "lost" && startsAlike(fact, other))
+                .some(({ fact: lost }) => !ScoreText.of(result).hasOnset(lost.places.at(-1))),
+    },
+    {
+        name: "a slur of a chord over two staves",
+        why: "A slur on one note of a chord over two staves is read as the whole chord's. A merge moves a chord's notes staff by staff, and the slur goes with its note.",
+        explains: ({ side, fact }, { findings }) =>
+            fact?.aspect === "slur" &&
+            findings.some(
+                (other) =>
+                    other.side !== side &&
+                    other.fact?.aspect === "slur" &&
+                    (hasDividedEnd(fact, other.fact, 0) || hasDividedEnd(fact, other.fact, 1)),
+            ),
+    },
+    {
+        name: "a grace note left behind",
+        reader: "MuseScore",
+        why: "A grace note stays in its layer when the note behind it joins a chord, and at a measure's end where nothing follows. MuseScore gives it to the next note in the text, whatever its voice and staff.",
+        explains: ({ fact }, { result }) =>
+            fact?.places[0].grace === true &&
+            [0, 1].some((later) => ScoreText.of(result).measuresOfLoneGraces().has(fact.measure - later)),
+    },
+    {
+        name: "more than four voices on a staff",
+        reader: "MuseScore",
+        why: "MuseScore has four voices on a staff through the whole part and leaves out the notes of a fifth. A merge into an empty layer may need a voice name that the staff did not have.",
+        explains: ({ fact }, { source, result }) => {
+            const voices = (text) => ScoreText.of(text).voicesOnStaff(Number(fact?.places[0].staff));
+            return fact !== undefined && voices(result) > 4 && voices(source) <= 4;
+        },
+    },
+    {
         name: "a chord over two staves",
         reader: "MuseScore",
         why: "MuseScore has no chord over two staves and reads all its notes on one of them. A merge writes a chord on each staff, and MuseScore reads these where they are.",
@@ -52,11 +124,11 @@ const rules = [
     },
     {
         name: "one fermata to a chord",
-        why: "Both programs put one fermata on a chord, also where two of its notes bring one of different shapes.",
-        explains: ({ side, fact }, { after }) =>
-            side === "lost" &&
-            fact.aspect === "fermata" &&
-            after.list.some((other) => other.aspect === "fermata" && other.where === fact.where && holds(other, fact)),
+        why: "Both programs put one fermata on a chord, also where two of its notes bring one of different shapes; MuseScore reads one of those that two voices have at one time.",
+        explains: ({ side, fact }, { before, after }) => {
+            const hasAnother = (facts) => facts.list.some((other) => other.aspect === "fermata" && other.where === fact.where);
+            return fact?.aspect === "fermata" && hasAnother(side === "lost" ? after : before);
+        },
     },
     {
         name: "ornaments without white space",
@@ -89,6 +161,51 @@ function isJoined(tie, facts) {
             ? `${stop}` === `${end.onset}`
             : end.measure === start.measure + 1 && `${stop}` === `${length}` && `${end.onset}` === "0";
     });
+}
+
+// The report names the note as "C#5".
+function isTieNamed(remark, { measure, staff, pitches }) {
+    const name = remark.what.toLowerCase().replace(/(?<=.)b/g, "f").replaceAll("#", "s").replace("ss", "x");
+    return (
+        remark.kind === "tie" &&
+        remark.measure === measure &&
+        remark.staff === Number(staff) &&
+        name === pitches[0].replace("ss", "x")
+    );
+}
+
+// Lines in the text are {aspect, staff, measure}; they are of the part that has the staff.
+const isOneOf = (lines, fact) =>
+    fact !== undefined &&
+    lines.some(
+        ({ aspect, firstStaff, lastStaff, measure }) =>
+            aspect === fact.aspect &&
+            fact.places[0].measure <= measure &&
+            measure <= fact.places.at(-1).measure &&
+            firstStaff <= fact.places[0].staff &&
+            fact.places[0].staff <= lastStaff,
+    );
+
+const startsAlike = (one, other) =>
+    one?.aspect === other?.aspect && one !== undefined && textOf(one.places[0]) === textOf(other.places[0]);
+
+// Whether the line starts while the other runs.
+const isWithin = (line, other) =>
+    other.places[0].measure <= line.measure && line.measure <= other.places.at(-1).measure;
+
+// Whether two slurs are alike at one end, while the other is at a note that both have, on two staves.
+function hasDividedEnd(one, other, end) {
+    const [here, there] = [one.places[end], other.places[end]];
+    const [far, away] = [one.places[1 - end], other.places[1 - end]];
+    return (
+        here !== undefined &&
+        there !== undefined &&
+        textOf(far) === textOf(away) &&
+        here.measure === there.measure &&
+        `${here.onset}` === `${there.onset}` &&
+        here.staff !== there.staff &&
+        here.pitches.some((pitch) => there.pitches.includes(pitch))
+    );
 }
 
 // Lyrics are "1 text ..." with their number; after a merge it is higher.

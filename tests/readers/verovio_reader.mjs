@@ -1,8 +1,8 @@
 // verovio as a reader of MusicXML: files in, facts out.
-import { readFileSync } from "node:fs";
 import createVerovioModule from "verovio/wasm";
 import { LOG_OFF, VerovioToolkit, enableLog } from "verovio/esm";
 import { factsOfMei } from "./mei_facts.mjs";
+import { readXml } from "./xml_tree.mjs";
 
 export class Reader {
     async prepare() {
@@ -14,9 +14,7 @@ export class Reader {
 
     // Null when verovio cannot read the file.
     async read(file) {
-        const bytes = readFileSync(file);
-        const isUtf16 = bytes[0] === 0xff || bytes[0] === 0xfe;
-        const text = new TextDecoder(isUtf16 ? "utf-16" : "utf-8").decode(bytes);
+        const text = readXml(file);
         try {
             return this.toolkit.loadData(text) ? factsOfMei(this.toolkit.getMEI()) : null;
         } catch (error) {

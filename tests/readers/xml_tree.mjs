@@ -1,4 +1,5 @@
 // An XML text as a tree: elements with name, attributes, parent, children, and their own text.
+import { readFileSync } from "node:fs";
 import { SaxesParser } from "saxes";
 
 class Element {
@@ -59,4 +60,11 @@ export function parseXml(text) {
     });
     parser.write(text).close();
     return root;
+}
+
+// A file's text; XML is in UTF-8 or UTF-16.
+export function readXml(file) {
+    const bytes = readFileSync(file);
+    const isUtf16 = bytes[0] === 0xff || bytes[0] === 0xfe;
+    return new TextDecoder(isUtf16 ? "utf-16" : "utf-8").decode(bytes);
 }

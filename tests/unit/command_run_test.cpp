@@ -369,6 +369,26 @@ const RemarkCase kRemarks[] = {
     {"AFifthVoice", kFiveVoices, {"m. 1, Piano: a fifth voice is not merged"}},
 };
 
+// Layer 1 keeps the end of another tie of D5, which some readers would take.
+TEST_F(CommandRun, ReportNamesTieIntoAnotherVoiceOfNextMeasure) {
+    const std::string first = Half("E5") + Half("D5", "1", kTieStart) + Backup(8) +
+                              Half("G4", "2") + Quarter("A4", "2") + Quarter("B4", "2");
+    const auto second = [](const std::string& third) {
+        return Half("D5", "1", kTieStop + kTieStart) + third + Backup(8) + Half("G4", "2") +
+               Half("B4", "2");
+    };
+    const std::string tied = second(Quarter("D5", "1", kTieStop) + Quarter("E5"));
+    const std::string single = second(Quarter("C5") + Quarter("E5"));
+    const std::string remark = "m. 1, Piano, beat 3: the tie of D5 continues in layer 2";
+    for (const auto& [measure, isNamed] : {std::pair{tied, true}, std::pair{single, false}}) {
+        ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({first, measure})), "-o",
+                       File("out.xml"), "--from", "1", "--to", "2", "--verify"}),
+                  kDone)
+            << errors;
+        EXPECT_EQ(output.find(remark) != std::string::npos, isNamed) << output;
+    }
+}
+
 class ReportRemark : public CommandRun, public testing::WithParamInterface<RemarkCase> {};
 
 TEST_P(ReportRemark, IsReported) {

@@ -365,6 +365,9 @@ EntryDraft& PartReader::EntryFor(const NoteElement& note, bool& isNew) {
     }
     EntryDraft& draft = m_layers.Add(note.staff - 1, note.voice);
     draft.start = start;
+    if (!m_chord.empty() && m_chord.front().staff != note.staff) {
+        m_part.chordParts.insert(draft.entry.entryNumber);
+    }
     m_chord.push_back({&draft, note.staff, note.voice});
     isNew = true;
     return draft;

@@ -238,25 +238,26 @@ private:
         (isAtEntry ? draft.slots[slot] : draft.behind).push_back({nullptr, index, item.time});
     }
 
+    // What ends with the stream may end a line that begins inside its last entries.
     static void LaySteps(Draft& draft) {
-        const auto sort = [](std::vector<PlannedStep>& items) {
-            std::stable_sort(
-                items.begin(), items.end(),
-                [](const PlannedStep& a, const PlannedStep& b) { return a.time < b.time; });
-        };
-        // What ends with the stream may end a line that begins inside it.
-        std::vector<PlannedStep>& last = draft.slots.back();
-        last.insert(last.begin(), draft.behind.begin(), draft.behind.end());
         std::vector<PlannedStep>& steps = draft.stream.steps;
         steps.clear();
         for (std::size_t i = 0; i < draft.slots.size(); ++i) {
-            std::vector<PlannedStep>& slot = draft.slots[i];
-            sort(slot);
-            steps.insert(steps.end(), slot.begin(), slot.end());
+            std::vector<PlannedStep> items = draft.slots[i];
+            if (i + 1 == draft.slots.size()) {
+                items.insert(items.begin(), draft.behind.begin(), draft.behind.end());
+            }
+            std::stable_sort(
+                items.begin(), items.end(),
+                [](const PlannedStep& a, const PlannedStep& b) { return a.time < b.time; });
+            steps.insert(steps.end(), items.begin(), items.end());
             if (i < draft.stream.events.size()) {
                 const PlannedEvent& event = draft.stream.events[i];
                 steps.push_back({&event, 0, event.time.start});
             }
+        }
+        if (draft.slots.empty()) {
+            steps = draft.behind;
         }
     }
 

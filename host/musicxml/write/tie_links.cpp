@@ -51,6 +51,43 @@ void DropPairsOfOneStream(Meeting& meeting) {
     });
 }
 
+bool HasTieEnd(const PlannedEvent& event, const EXNOTE& note) {
+    return std::any_of(event.time.entry->notes,
+                       event.time.entry->notes + event.time.entry->noteCount,
+                       [&note](const EXNOTE& other) {
+                           return (other.flags & NoteFlag::kTieEnd) != 0 &&
+                                  other.pitch == note.pitch && other.second == note.second;
+                       });
+}
+
+struct TieEnds {
+    const PlannedEvent* another = nullptr;  // at the measure's start, in another voice
+    const PlannedEvent* later = nullptr;    // in the same voice
+};
+
+// Of a note that is tied into the measure of these streams. None when it ends in its own voice.
+TieEnds TieEndsOf(const std::vector<const PlannedStream*>& streams, const PlannedStream& own,
+                  std::size_t staff, const EXNOTE& note) {
+    TieEnds ends;
+    for (const PlannedStream* stream : streams) {
+        const bool isOwn = stream->voice == own.voice;
+        for (const PlannedEvent& event : stream->events) {
+            if (event.staff != staff || event.IsGrace() || !HasTieEnd(event, note)) {
+                continue;
+            }
+            if (isOwn && event.time.start.IsZero()) {
+                return {};
+            }
+            if (isOwn) {
+                ends.later = ends.later == nullptr ? &event : ends.later;
+            } else if (event.time.start.IsZero()) {
+                ends.another = &event;
+            }
+        }
+    }
+    return ends;
+}
+
 }  // namespace
 
 std::vector<TieLink> TieLinksOf(const std::vector<const PlannedStream*>& streams) {
@@ -71,6 +108,29 @@ std::vector<TieLink> TieLinksOf(const std::vector<const PlannedStream*>& streams
         }
     }
     return links;
+}
+
+std::vector<PassingTie> PassingTiesOf(const std::vector<const PlannedStream*>& streams,
+                                      const std::vector<const PlannedStream*>& next) {
+    Rational end{};
+    for (const PlannedStream* stream : streams) {
+        end = stream->events.empty() ? end : std::max(end, stream->events.back().End());
+    }
+    std::vector<PassingTie> ties;
+    for (const PlannedStream* stream : streams) {
+        for (const PlannedEvent& event : stream->events) {
+            for (int i = 0; event.End() == end && i < event.time.entry->noteCount; ++i) {
+                const EXNOTE& note = event.time.entry->notes[i];
+                if ((note.flags & NoteFlag::kTieStart) != 0) {
+                    const TieEnds ends = TieEndsOf(next, *stream, event.staff, note);
+                    if (ends.another != nullptr && ends.later != nullptr) {
+                        ties.push_back({&event, i, ends.another, ends.later});
+                    }
+                }
+            }
+        }
+    }
+    return ties;
 }
 
 }  // namespace standin

@@ -223,15 +223,21 @@ private:
     }
 
     // Whether the strand has music or rests while its voice has some on another staff, and did not
-    // when read. Readers put what has one voice into one layer, one after the other, rests too.
+    // when read, or only as one chord. Readers put what has one voice into one layer, one after the
+    // other, rests too.
     bool IsNewlyTwofold(const VoiceStream& stream, const Strand& strand) const {
         return std::any_of(stream.events.begin(), stream.events.end(), [&](const PlannedEvent& a) {
             return a.staff != strand.staff &&
                    std::any_of(
                        strand.events.begin(), strand.events.end(), [&](const PlannedEvent& b) {
-                           return SharesTime(a, b) && !(a.place.isAsRead && b.place.isAsRead);
+                           return SharesTime(a, b) && (!a.place.isAsRead || !b.place.isAsRead ||
+                                                       IsPartOfChord(a) || IsPartOfChord(b));
                        });
         });
+    }
+
+    bool IsPartOfChord(const PlannedEvent& event) const {
+        return m_part.chordParts.contains(u32{event.time.entry->entryNumber});
     }
 
     void AddStrand(Strand& strand) {

@@ -1,0 +1,127 @@
+#include "host/report/tie_remarks.h"
+
+#include <algorithm>
+#include <optional>
+#include <set>
+#include <span>
+
+#include "host/musicxml/write/tie_links.h"
+#include "host/report/places.h"
+#include "host/texts/texts.h"
+
+namespace standin {
+namespace {
+
+std::vector<const PlannedStream*> StreamsIn(const MeasurePlan& plan) {
+    std::vector<const PlannedStream*> streams;
+    for (const PlannedStream& stream : plan.streams) {
+        streams.push_back(&stream);
+    }
+    return streams;
+}
+
+class PartTies {
+public:
+    PartTies(const ImportedScore& score, const ScorePart& part, u16 firstSlot,
+             std::vector<Remark>& remarks)
+        : m_score{score},
+          m_part{part},
+          m_firstSlot{firstSlot},
+          m_changed{score.document->ChangedMeasures()},
+          m_remarks{remarks} {}
+
+    void Run() {
+        std::optional<MeasurePlan> plan;
+        for (std::size_t i = 0; i < m_part.measures.size(); ++i) {
+            const bool hasNext = i + 1 < m_part.measures.size();
+            std::optional<MeasurePlan> next;
+            if (hasNext && (IsChanged(i) || IsChanged(i + 1))) {
+                next = PlanMeasure(m_score, m_part, i + 1);
+            }
+            if (IsChanged(i) || next) {
+                if (!plan) {
+                    plan = PlanMeasure(m_score, m_part, i);
+                }
+                AddTiesWithin(*plan, i);
+            }
+            if (next) {
+                AddTiesAcross(*plan, *next, i);
+            }
+            plan = std::move(next);
+        }
+    }
+
+private:
+    bool IsChanged(std::size_t measure) const {
+        return std::any_of(
+            m_part.staves.begin(), m_part.staves.end(), [&](const StaffVoices& staff) {
+                return m_changed.contains({staff.staff, static_cast<u16>(measure + 1)});
+            });
+    }
+
+    // Whether the event's entry was there with that note in the file.
+    bool WasThere(std::size_t measure, const PlannedEvent& event, const EXNOTE& note) const {
+        const FrameKey key{m_part.staves[event.staff].staff, static_cast<u16>(measure + 1),
+                           event.layer};
+        const Frame* frame = m_score.document->ImportedFrame(key);
+        return frame != nullptr &&
+               std::any_of(frame->entries.begin(), frame->entries.end(), [&](const EXENTRY& was) {
+                   const std::span notes{was.notes, static_cast<std::size_t>(was.noteCount)};
+                   return was.entryNumber == event.time.entry->entryNumber &&
+                          std::any_of(notes.begin(), notes.end(), [&note](const EXNOTE& other) {
+                              return other.pitch == note.pitch && other.second == note.second;
+                          });
+               });
+    }
+
+    // The end stands before the start in the text, as no order of the voices suits all their lines.
+    void AddTiesWithin(const MeasurePlan& plan, std::size_t measure) {
+        for (const TieLink& tie : TieLinksOf(StreamsIn(plan))) {
+            const EXNOTE& note = tie.start->time.entry->notes[tie.note];
+            const bool wasSo =
+                WasThere(measure, *tie.start, note) && WasThere(measure, *tie.stop, note);
+            if (tie.from > tie.to && !wasSo) {
+                Add(*tie.start, note, tie.stop->layer, measure);
+            }
+        }
+    }
+
+    // The start's own voice has the end of another tie of that pitch, which readers take for its.
+    void AddTiesAcross(const MeasurePlan& plan, const MeasurePlan& next, std::size_t measure) {
+        for (const PassingTie& tie : PassingTiesOf(StreamsIn(plan), StreamsIn(next))) {
+            const EXNOTE& note = tie.start->time.entry->notes[tie.note];
+            const bool wasSo = WasThere(measure, *tie.start, note) &&
+                               WasThere(measure + 1, *tie.stop, note) &&
+                               WasThere(measure + 1, *tie.other, note);
+            if (!wasSo) {
+                Add(*tie.start, note, tie.stop->layer, measure);
+            }
+        }
+    }
+
+    void Add(const PlannedEvent& start, const EXNOTE& note, u16 layer, std::size_t measure) {
+        Remark& remark = m_remarks.emplace_back();
+        remark.kind = Remark::Kind::kTie;
+        remark.staff = static_cast<u16>(m_firstSlot + start.staff);
+        remark.measure = static_cast<u16>(measure + 1);
+        remark.layer = start.layer;
+        remark.onset = i32{start.time.entry->elapsedTime};
+        remark.what = NameOfNote(*m_score.document, remark.measure, note);
+        remark.words = Say(Text::kTieGoesOn, {remark.what, std::to_string(layer + 1)});
+    }
+
+    const ImportedScore& m_score;
+    const ScorePart& m_part;
+    u16 m_firstSlot;
+    std::set<std::pair<u16, u16>> m_changed;
+    std::vector<Remark>& m_remarks;
+};
+
+}  // namespace
+
+void AddTieRemarks(const ImportedScore& score, const ScorePart& part, u16 firstSlot,
+                   std::vector<Remark>& remarks) {
+    PartTies{score, part, firstSlot, remarks}.Run();
+}
+
+}  // namespace standin

@@ -1,0 +1,15 @@
+// Ties that other programs may read otherwise after a merge.
+#pragma once
+
+#include <vector>
+
+#include "host/report/remarks.h"
+
+namespace standin {
+
+// Adds one for each tie of the part of which a merge moved one end into another voice, where a
+// reader may not find that end. firstSlot: of the part's staves, counted from 1 through the score.
+void AddTieRemarks(const ImportedScore& score, const ScorePart& part, u16 firstSlot,
+                   std::vector<Remark>& remarks);
+
+}  // namespace standin

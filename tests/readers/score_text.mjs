@@ -1,0 +1,142 @@
+// What the rules need to know of a score's own text, without regard to any reader.
+import { Rational, zero } from "./rational.mjs";
+import { parseXml } from "./xml_tree.mjs";
+
+const aspects = {
+    slur: "slur",
+    wedge: "hairpin",
+    dashes: "textline",
+    "octave-shift": "octave",
+    pedal: "pedal",
+    "wavy-line": "trill",
+    glissando: "glissando",
+};
+const read = new Map(); // text -> ScoreText, of the pair that was asked for last
+
+export class ScoreText {
+    static of(text) {
+        if (!read.has(text)) {
+            if (read.size > 1) {
+                read.clear();
+            }
+            read.set(text, new ScoreText(text));
+        }
+        return read.get(text);
+    }
+
+    constructor(text) {
+        this.parts = [];
+        let firstStaff = 1;
+        for (const element of parseXml(text).childrenNamed("part")) {
+            const counts = [...element.descendants()].filter(({ name }) => name === "staves");
+            const staves = Math.max(1, ...counts.map((count) => Number(count.text)));
+            const measures = element.childrenNamed("measure");
+            this.parts.push({ measures, firstStaff, lastStaff: firstStaff + staves - 1 });
+            firstStaff += staves;
+        }
+    }
+
+    // Those whose stop stands before their start in the text of one measure.
+    backwardLines() {
+        this.backward ??= this.parts.flatMap((part) => backwardLinesOf(part));
+        return this.backward;
+    }
+
+    // Those where a grace note is followed by no note of its voice, but a rest or nothing.
+    measuresOfLoneGraces() {
+        this.lone ??= new Set(this.parts.flatMap(({ measures }) => measuresWithLoneGrace(measures)));
+        return this.lone;
+    }
+
+    // Whether a note or rest of the part begins at the place.
+    hasOnset({ staff, measure, onset }) {
+        const part = this.partOf(Number(staff));
+        part.onsets ??= onsetsOf(part.measures);
+        return part.onsets[measure - 1]?.has(`${onset}`) ?? false;
+    }
+
+    partOf(staff) {
+        return this.parts.find(({ firstStaff, lastStaff }) => firstStaff <= staff && staff <= lastStaff);
+    }
+
+    // How many voices have a note or rest on the staff, counted from 1 through the score.
+    voicesOnStaff(number) {
+        const part = this.partOf(number);
+        const voices = new Set();
+        for (const measure of part?.measures ?? []) {
+            for (const note of measure.childrenNamed("note")) {
+                if (part.firstStaff + Number(note.textOf("staff") ?? "1") - 1 === number) {
+                    voices.add(note.textOf("voice") ?? "1");
+                }
+            }
+        }
+        return voices.size;
+    }
+}
+
+function backwardLinesOf({ measures, firstStaff, lastStaff }) {
+    const lines = [];
+    const open = new Set(); // "wedge 1" of those that were started
+    for (const [index, measure] of measures.entries()) {
+        const early = new Set(); // that were stopped here before
+        for (const { name, attributes } of measure.descendants()) {
+            const aspect = aspects[name];
+            if (aspect === undefined || attributes.type === "continue") {
+                continue;
+            }
+            const key = `${name} ${attributes.number ?? "1"}`;
+            if (attributes.type === "stop") {
+                if (!open.delete(key)) {
+                    early.add(key);
+                }
+            } else if (early.delete(key)) {
+                lines.push({ aspect, measure: index + 1, firstStaff, lastStaff });
+            } else {
+                open.add(key);
+            }
+        }
+    }
+    return lines;
+}
+
+// By measure, the times in whole notes from the barline where notes or rests begin.
+function onsetsOf(measures) {
+    let divisions = 1;
+    return measures.map((measure) => {
+        const onsets = new Set();
+        let time = zero;
+        for (const child of measure.children) {
+            divisions = Number(child.textOf("divisions") ?? divisions);
+            const length = new Rational(Number(child.textOf("duration") ?? "0"), 4 * divisions);
+            if (child.name === "backup") {
+                time = time.minus(length);
+            } else if (child.name === "forward") {
+                time = time.plus(length);
+            } else if (child.name === "note" && child.child("chord") === undefined) {
+                onsets.add(`${time}`);
+                time = time.plus(length);
+            }
+        }
+        return onsets;
+    });
+}
+
+function measuresWithLoneGrace(measures) {
+    const found = [];
+    for (const [index, measure] of measures.entries()) {
+        const waiting = new Set(); // voices whose last note is a grace note
+        let isFound = false;
+        for (const note of measure.childrenNamed("note")) {
+            const voice = note.textOf("voice") ?? "1";
+            if (note.child("grace") !== undefined) {
+                waiting.add(voice);
+            } else if (waiting.delete(voice)) {
+                isFound ||= note.child("rest") !== undefined;
+            }
+        }
+        if (isFound || waiting.size > 0) {
+            found.push(index + 1);
+        }
+    }
+    return found;
+}
