@@ -10,6 +10,14 @@ bool IsLater(const Place& a, const Place& b) {
     return std::tie(a.measure, a.onset) > std::tie(b.measure, b.onset);
 }
 
+// On one staff; a grace note comes before the note it leads to.
+bool AreAtOneTime(const Score& score, u32 start, u32 stop) {
+    const LineEnd& a = score.ends[start];
+    const LineEnd& b = score.ends[stop];
+    return a.chord != kNone && b.chord != kNone && a.place == b.place &&
+           score.chords[a.chord].grace == score.chords[b.chord].grace;
+}
+
 }  // namespace
 
 void LinePairing::Add(u32 end) {
@@ -33,6 +41,8 @@ void LinePairing::Add(u32 end) {
     const u32 start = waitsForStop ? waiting : end;
     const u32 stop = waitsForStop ? end : waiting;
     if (waitsForStop == isStart) {
+        Contest(open, end);
+    } else if (!m_mayBeShort.contains(added.kind) && AreAtOneTime(m_score, start, stop)) {
         Contest(open, end);
     } else if (IsLater(m_score.ends[start].place, m_score.ends[stop].place)) {
         Close(open);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <set>
 #include <utility>
 #include <vector>
 
@@ -15,7 +16,10 @@ namespace standin::readback {
 // loose until as many have stopped as started.
 class LinePairing {
 public:
-    explicit LinePairing(Score& score) : m_score{score} {}
+    // mayBeShort: the kinds of lines that may begin and end on one note. Of others, ends at one
+    // time belong to lines of which the other end is missing.
+    LinePairing(Score& score, std::set<u32> mayBeShort)
+        : m_score{score}, m_mayBeShort{std::move(mayBeShort)} {}
 
     void Add(u32 end);
     void EndMeasure();
@@ -35,6 +39,7 @@ private:
     void Close(Open& open);
 
     Score& m_score;
+    std::set<u32> m_mayBeShort;
     std::map<std::pair<u32, u32>, Open> m_open;  // by kind and number
 };
 

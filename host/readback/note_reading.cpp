@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <string_view>
 
 #include "host/readback/canonical_xml.h"
@@ -32,6 +33,17 @@ LineEnd::Type TypeOfLine(pugi::xml_node line) {
         return LineEnd::Type::kStart;
     }
     return type == "stop" ? LineEnd::Type::kStop : LineEnd::Type::kOther;
+}
+
+std::string NumberOfLine(pugi::xml_node line) {
+    std::string_view text = line.attribute("number").value();
+    constexpr std::string_view kSpaces = " \t\r\n";
+    text.remove_prefix(std::min(text.find_first_not_of(kSpaces), text.size()));
+    text = text.substr(0, text.find_last_not_of(kSpaces) + 1);
+    int number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isNumber = error == std::errc{} && end == text.data() + text.size();
+    return std::to_string(isNumber ? number : 1);
 }
 
 void NoteReading::Read(const NoteChildren& children, ExactTime duration) {
@@ -156,9 +168,8 @@ void NoteReading::ReadOrnaments(pugi::xml_node marks, u32 wrapping) {
 void NoteReading::ReadLine(pugi::xml_node line, u32 text) {
     const u32 chord = Current().chord;
     m_score.ends.push_back({TypeOfLine(line), m_texts.Of(line.name()),
-                            m_texts.Of(line.attribute("number").as_string("1")), text,
-                            m_score.chords[chord].place, chord,
-                            static_cast<u32>(m_score.notes.size() - 1)});
+                            m_texts.Of(NumberOfLine(line)), text, m_score.chords[chord].place,
+                            chord, static_cast<u32>(m_score.notes.size() - 1)});
 }
 
 void NoteReading::ReadTie(pugi::xml_node tie, u32 text) {

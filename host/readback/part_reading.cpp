@@ -21,7 +21,7 @@ PartReading::PartReading(Score& score, ElementTexts& elements, const KnownMeasur
       m_texts{elements.AllTexts()},
       m_note{elements},
       m_notes{score, elements},
-      m_lines{score},
+      m_lines{score, {m_texts.Of("tuplet"), m_texts.Of("wavy-line")}},
       m_known{known},
       m_part{static_cast<u32>(score.parts.size() - 1)},
       m_tuplet{m_texts.Of("tuplet")},
@@ -122,6 +122,7 @@ void PartReading::Repeat(const MeasureContent& known) {
         chord.rest = was.rest;
         chord.hidden = was.hidden;
         chord.modified = was.modified;
+        chord.head = was.head == kNone ? kNone : was.head + chords;
         chord.notes = Shifted(was.notes, notes);
     }
     for (u32 i = from.notes.begin; i < from.notes.end; ++i) {
@@ -196,7 +197,12 @@ ExactTime PartReading::LengthOfNone() {
 }
 
 void PartReading::BeginChord(u32 staff, ExactTime duration) {
+    const auto index = static_cast<u32>(m_score.chords.size());
     Chord& chord = m_score.chords.emplace_back();
+    if (m_note.Has(Child::kChord) && index > 0) {
+        const u32 head = m_score.chords[index - 1].head;
+        chord.head = head == kNone ? index - 1 : head;
+    }
     chord.place = {staff, m_measure, m_chordOnset};
     chord.part = m_part;
     const NoteChildren::Element* voice = m_note.Find(Child::kVoice);
@@ -258,8 +264,8 @@ void PartReading::ReadDirectionLines(pugi::xml_node direction, const Place& plac
         for (const pugi::xml_node line : type.children()) {
             if (IsLine(line.name())) {
                 m_score.ends.push_back({TypeOfLine(line), m_texts.Of(line.name()),
-                                        m_texts.Of(line.attribute("number").as_string("1")),
-                                        m_elements.Of(line), place, kNone, kNone});
+                                        m_texts.Of(NumberOfLine(line)), m_elements.Of(line), place,
+                                        kNone, kNone});
             }
         }
     }

@@ -62,11 +62,12 @@ struct Chord {
     bool hidden = false;              // of a rest: not printed
     bool modified = false;            // has a time modification
     bool sharesTime = false;          // with another of its voice and staff
-    bool onTwoStaves = false;         // its voice sounds on another staff, too
+    bool onTwoStaves = false;         // its voice is on another staff, too
     bool repeatsLyric = false;        // two lyrics have one number
     bool tieRunsBackward = false;     // its tie ends earlier in the text
     bool tieCouldRunForward = false;  // with its voices the other way round
     Range notes;
+    u32 head = kNone;           // the chord it continues, of a <chord> over several staves
     std::vector<u32> brackets;  // of the tuplets it is in, by text
 
     ExactTime End() const { return place.onset + duration; }

@@ -12,7 +12,16 @@
 namespace standin::readback {
 namespace {
 
-// Of one voice in one measure, by onset. On two staves at once it may rest.
+// Whether they are parts of one <chord> over two staves.
+bool AreOneChord(const Score& score, u32 a, u32 b) {
+    const auto headOf = [&score](u32 index) {
+        const u32 head = score.chords[index].head;
+        return head == kNone ? index : head;
+    };
+    return headOf(a) == headOf(b);
+}
+
+// Of one voice in one measure, by onset.
 void MarkSharedTime(Score& score, const std::vector<u32>& voice) {
     std::map<u32, u32> lastOfStaff;  // the chord that ends latest so far
     for (const u32 index : voice) {
@@ -20,8 +29,7 @@ void MarkSharedTime(Score& score, const std::vector<u32>& voice) {
         for (const auto& [staff, last] : lastOfStaff) {
             Chord& other = score.chords[last];
             const bool sameStaff = staff == chord.place.staff;
-            const bool sounds = !chord.rest && !other.rest;
-            if (chord.place.onset < other.End() && (sameStaff || sounds)) {
+            if (chord.place.onset < other.End() && !AreOneChord(score, index, last)) {
                 bool Chord::*mark = sameStaff ? &Chord::sharesTime : &Chord::onTwoStaves;
                 chord.*mark = true;
                 other.*mark = true;

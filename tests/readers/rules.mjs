@@ -54,7 +54,6 @@ const rules = [
             return side === "new" && (wasBackward(fact) || others.some(tookItsEnd));
         },
     },
-    },
     {
         name: "a line that has to stop before it starts",
         why: "Where lines and ties run both ways between two voices, no order of them has every start first. The ends pair by their number, as the format has it, but both programs look for a trill's end behind its start.",
@@ -96,9 +95,9 @@ const rules = [
     {
         name: "more than four voices on a staff",
         reader: "MuseScore",
-        why: "MuseScore has four voices on a staff through the whole part and leaves out the notes of a fifth. A merge into an empty layer may need a voice name that the staff did not have.",
+        why: "MuseScore gives each voice of a part to one of its staves, four to a staff, and leaves out the notes of a fifth. A merge into an empty layer may need a voice name that the staff did not have.",
         explains: ({ fact }, { source, result }) => {
-            const voices = (text) => ScoreText.of(text).voicesOnStaff(Number(fact?.places[0].staff));
+            const voices = (text) => ScoreText.of(text).mostVoicesOnAStaff(Number(fact?.places[0].staff));
             return fact !== undefined && voices(result) > 4 && voices(source) <= 4;
         },
     },
@@ -129,6 +128,14 @@ const rules = [
             const hasAnother = (facts) => facts.list.some((other) => other.aspect === "fermata" && other.where === fact.where);
             return fact?.aspect === "fermata" && hasAnother(side === "lost" ? after : before);
         },
+    },
+    {
+        name: "a fermata of a voice on another staff",
+        reader: "MuseScore",
+        why: "MuseScore gives a fermata to the staff on which its voice has most notes, also where the note itself stands on another one.",
+        explains: ({ side, fact }, { before, after }) =>
+            fact?.aspect === "fermata" &&
+            (side === "lost" ? after : before).list.some((other) => other.aspect === "fermata" && isOnOtherStaff(other, fact)),
     },
     {
         name: "ornaments without white space",

@@ -59,18 +59,17 @@ export class ScoreText {
         return this.parts.find(({ firstStaff, lastStaff }) => firstStaff <= staff && staff <= lastStaff);
     }
 
-    // How many voices have a note or rest on the staff, counted from 1 through the score.
-    voicesOnStaff(number) {
-        const part = this.partOf(number);
-        const voices = new Set();
-        for (const measure of part?.measures ?? []) {
+    // How many voices have notes or rests on that staff of the part where they are most. staff:
+    // one of the part's, counted from 1 through the score.
+    mostVoicesOnAStaff(staff) {
+        const voices = new Map(); // by staff
+        for (const measure of this.partOf(staff)?.measures ?? []) {
             for (const note of measure.childrenNamed("note")) {
-                if (part.firstStaff + Number(note.textOf("staff") ?? "1") - 1 === number) {
-                    voices.add(note.textOf("voice") ?? "1");
-                }
+                const here = note.textOf("staff") ?? "1";
+                voices.set(here, (voices.get(here) ?? new Set()).add(note.textOf("voice") ?? "1"));
             }
         }
-        return voices.size;
+        return Math.max(0, ...[...voices.values()].map((names) => names.size));
     }
 }
 

@@ -63,7 +63,8 @@ const TupletRow kTuplets[] = {
      {"C4 eighth 12 3:2 [, C3 eighth 12 3:2 & s2, D4 eighth 12 3:2, E4 eighth 12 3:2 ], C3 eighth "
       "12 3:2 & s2"},
      "(3:2 e:c4 e:d4 e:e4)",
-     ""},
+     "",
+     2},
     {"GapInside", {"C4 eighth 12 3:2 [, on 12, E4 eighth 12 3:2 ]"}, "(3:2 e:c4 e:x e:e4)", ""},
     {"WithoutBrackets",
      {"C4 quarter 24 3:2, D4 eighth 12 3:2, E4 eighth 12 3:2, F4 quarter 24 3:2, G4 quarter 36"},

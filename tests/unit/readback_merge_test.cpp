@@ -209,8 +209,28 @@ const FaultCase kFaults[] = {
     {"VoiceOnTwoStavesAtOnce",
      {Half("C5") + Backup(4) + Half("C3", "2", OnStaff2())},
      {Half("C5") + Backup(4) + Half("C3", "1", OnStaff2())},
-     "1: C5 half is in a voice that sounds on two staves at once\n"
-     "m. 1, staff 2, beat 1: C3 half is in a voice that sounds on two staves at once\n"},
+     "1: C5 half is in a voice that is on two staves at once\n"
+     "m. 1, staff 2, beat 1: C3 half is in a voice that is on two staves at once\n"},
+    {"StartAndStopOnOneNote",
+     {Half("C5", "1", Notations("<slur type=\"start\"/><slur type=\"stop\"/>"))},
+     {Half("C5", "1", Notations("<slur type=\"stop\"/><slur type=\"start\"/>"))},
+     ""},
+    {"NumbersWithSpacesAndZeros",
+     {Half("C5", "1", Notations("<slur type=\"start\" number=\" 02\"/>")) +
+      Half("D5", "1", Notations("<slur type=\"stop\" number=\"2\"/>"))},
+     {Half("C5", "1", Notations("<slur type=\"start\" number=\"3\"/>")) +
+      Half("D5", "1", Notations("<slur type=\"stop\" number=\"3\"/>"))},
+     ""},
+    {"RestOfVoiceOnAnotherStaff",
+     {Half("C5") + Backup(4) + Half("r", "2", OnStaff2())},
+     {Half("C5") + Backup(4) + Half("r", "1", OnStaff2())},
+     "1: C5 half is in a voice that is on two staves at once\n"
+     "m. 1, staff 2, beat 1: half rest is in a voice that is on two staves at once\n"},
+    {"ChordOverTwoStavesTornApart",
+     {Half("C5") + Half("C3", "1", OnStaff2(), kJoins)},
+     {Half("C5") + Backup(4) + Half("C3", "1", OnStaff2())},
+     "1: C5 half is in a voice that is on two staves at once\n"
+     "m. 1, staff 2, beat 1: C3 half is in a voice that is on two staves at once\n"},
     {"TieRunsBackward",
      {Half("C5") + Half("C5") + Backup(8) + Half("C4", "2", Tied("start")) +
       Half("C4", "2", Tied("stop"))},
@@ -340,7 +360,7 @@ const RightMerge kRightMerges[] = {
      {Half("C5", "1", Lyric("1", "la") + Lyric("2", "ho")) + Half("A4", "1", {}, kJoins)}},
     {"ChordOverTwoStavesBecomesAChordOnEach",
      {Half("C5", "5") + Half("C3", "5", OnStaff2(), kJoins)},
-     {Half("C5", "5") + Backup(4) + Half("C3", "5", OnStaff2())}},
+     {Half("C5", "5") + Backup(4) + Half("C3", "6", OnStaff2())}},
     {"GraceNotesOfOneVoicePart",
      {Grace("D5", "2") + Grace("E5", "2") + Half("C5", "2")},
      {Grace("E5", "1") + Half("C5", "1") + Backup(4) + Grace("D5", "2")}},

@@ -160,6 +160,10 @@ bool MainWindow::Open(const std::filesystem::path& file) {
     }
     App().SetCurrentDocument(document);
     ShowDocument();
+    if (const std::string warnings = m_documents.WarningsOf(document); !warnings.empty()) {
+        Tell(file.filename().wstring() + L" has mistakes:" + WideFromUtf8(warnings),
+             MB_ICONWARNING);
+    }
     return true;
 }
 

@@ -11,7 +11,9 @@ namespace standin::desktop {
 u16 OpenDocuments::Open(const std::filesystem::path& file, std::string& problem) {
     Document& document = App().OpenDocument(file.u16string());
     const u16 number = document.Number();
-    ReadResult read = ReadScore(file, &document);
+    // Any layer may be chosen in the dialog, so none takes in a voice that is not its own.
+    constexpr OwnLayers kAll{true, true, true, true};
+    ReadResult read = ReadScore(file, &document, kAll);
     if (!read) {
         App().CloseDocument(number);
         problem = read.message;
@@ -51,6 +53,17 @@ void OpenDocuments::Close(u16 document) {
 std::filesystem::path OpenDocuments::FileOf(u16 document) const {
     const auto found = m_entries.find(document);
     return found == m_entries.end() ? std::filesystem::path{} : found->second.file;
+}
+
+std::string OpenDocuments::WarningsOf(u16 document) const {
+    std::string lines;
+    const auto found = m_entries.find(document);
+    if (found != m_entries.end()) {
+        for (const ReadWarning& warning : found->second.score->warnings.All()) {
+            lines += "\nline " + std::to_string(warning.line) + ": " + warning.Words();
+        }
+    }
+    return lines;
 }
 
 bool OpenDocuments::IsChanged(u16 document) const {

@@ -21,6 +21,8 @@ public:
     void Close(u16 document);
 
     std::filesystem::path FileOf(u16 document) const;  // empty for an unknown document
+    // What reading it found to be wrong, a line each with its place in the file.
+    std::string WarningsOf(u16 document) const;
     // Differs from what was opened or last saved. Compares the whole score.
     bool IsChanged(u16 document) const;
 
