@@ -18,7 +18,7 @@ if [ $# -gt 0 ]; then
     # The quick ones first.
     programs=(test_library test_helpers test_merge test_details test_frames test_region test_foundation
         test_records test_settings test_interface test_plugin test_command test_trust test_sweeps)
-    limit=60
+    limit=180
 fi
 workers=$(nproc)
 export GIT_CEILING_DIRECTORIES="$home" PLYWELD_MERGES="${PLYWELD_MERGES:-1500}"
