@@ -107,6 +107,22 @@ TEST_F(Frames, OnlyHostLayersHavePreferences) {
     EXPECT_EQ(ErrorOf(FinPILayer{4}.IsLoaded()), "29999 FinPILayer::FinPILayer: Invalid layer.");
 }
 
+// No music has more notes in an entry, or such times.
+TEST_F(Frames, DamagedEntriesAreClamped) {
+    auto& stored = const_cast<Frame&>(*host.Score().FindFrame(host.Key(1, 1, 0)));
+    stored.entries.front().noteCount = -3;
+    stored.entries.front().elapsedTime = -7;
+    stored.entries.back().noteCount = 99;
+    stored.entries.back().elapsedTime = 1 << 29;
+    stored.entries.back().actualDuration = 1 << 29;
+    const FinPITGFPtr frame = Load();
+    EXPECT_EQ(+frame.Entries().front().noteCount, 0);
+    EXPECT_EQ(+frame.Entries().front().elapsedTime, 0);
+    EXPECT_EQ(+frame.Entries().back().noteCount, 12);
+    EXPECT_EQ(+frame.Entries().back().elapsedTime, 1 << 28);
+    EXPECT_EQ(+frame.Entries().back().actualDuration, 1 << 28);
+}
+
 // A chord with these note IDs, and something in every note slot.
 EXENTRY Chord(const std::vector<u16>& noteIDs) {
     EXENTRY chord{};

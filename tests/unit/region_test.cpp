@@ -108,6 +108,16 @@ TEST_F(Region, NormalizesEndpoints) {
     }
 }
 
+TEST_F(Region, InBackgroundDocumentHasNoView) {
+    const EREGION span = Span(2, 0, 3, kEndOfMeasure);
+    FinPIRegion region;
+    {
+        const OtherDocument other;
+        region.SetRegion(&span);
+    }
+    EXPECT_TRUE(region == (FinPIRegion{span, host.Score().Number()}));
+}
+
 TEST_F(Region, NormalizesBothEndsOrNeither) {
     FinPIRegion region = Of(Span(2, 5000, 8, kEndOfMeasure));
     EXPECT_EQ(region.NormalizeEndpoints(false, false, false), 1);
