@@ -128,12 +128,11 @@ private:
                                      m_before.score.chords[was].brackets);
     }
 
-    // A note that joins a chord is in the tuplets of that chord. Both have the same ratio, which
-    // is part of a note's form.
+    // A note that joins a chord is in the tuplets of that chord, which keeps at least those it was
+    // in. Both have the same ratio, which is part of a note's form.
     bool JoinedAChord(u32 is, u32 was, const Indices& before) const {
         return std::ranges::any_of(before, [&](u32 other) {
-            return other != was && !m_before.score.chords[other].rest &&
-                   m_before.score.chords[other].brackets == m_after.score.chords[is].brackets &&
+            return other != was && !m_before.score.chords[other].rest && HasBracketsOf(is, other) &&
                    HasNotesOf(m_after, is, m_before, other);
         });
     }
