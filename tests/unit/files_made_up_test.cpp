@@ -25,6 +25,12 @@ const std::array<Words, 6> kWays = {{
     {"--from", "all", "--to", "1", "--staves", "1", "--to-beat", "2"},
 }};
 
+#ifdef __SANITIZE_ADDRESS__
+constexpr u32 kScores = 100;  // slower there
+#else
+constexpr u32 kScores = 1000;
+#endif
+
 class MadeUpFiles : public testing::Test {
 protected:
     // The error; empty if the merge lost nothing.
@@ -61,7 +67,7 @@ TEST_F(MadeUpFiles, LoseNothing) {
     const u32 first = NumberFromEnvironment("PLYWELD_SEED", 1);
     const u32 last = std::getenv("PLYWELD_SEED") != nullptr
                          ? first
-                         : NumberFromEnvironment("PLYWELD_FILES", 1000);
+                         : NumberFromEnvironment("PLYWELD_FILES", kScores);
     for (u32 seed = first; seed <= last && !HasFailure(); ++seed) {
         const std::string text = MakeUpXml(seed).text;
         for (const u32 more : {0U, 1U}) {
