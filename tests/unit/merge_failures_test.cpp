@@ -53,6 +53,20 @@ TEST(Failures, KeptGraceRestFailsRun) {
     EXPECT_EQ(App().alerts.size(), 1U);
 }
 
+// Without the measure's own duration, or the one in the staff, positions are unknown.
+TEST(Failures, UnknownDurationEndsRun) {
+    for (u64 nth = 1; nth <= 2; ++nth) {
+        StandIn host;
+        host.Write({"q:c4 q:r h:d4", "q:e4 q:f4 h:g4"});
+        App().ResetCounts();
+        App().faults.refuseKind = FaultPlan::OfKind{HostCall::kGetMeasureDuration, nth, nth};
+        const u64 before = host.Score().Digest();
+        Plugin{}.Merge(host);
+        EXPECT_EQ(host.Score().Digest(), before) << nth;
+        EXPECT_EQ(App().alerts.size(), 1U) << nth;
+    }
+}
+
 // Nothing is written any more by a run that will be rolled back.
 TEST(Failures, FailedSaveEndsRunAtOnce) {
     u64 saves = 0;

@@ -67,8 +67,12 @@ TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
     EXPECT_EQ(shape.Cmper2(), 9);
     EnigmaKey key{};
     EXPECT_EQ(shape.GetKey(key), 6) << "bytes";
+    EXPECT_EQ(FinPIMeasFloat(4, 5).GetKey(key), 6);
+    EXPECT_EQ(key, (EnigmaKey{4, 5, 0}));
     EXPECT_EQ(FinPITextExpression{4}.GetKey(key), 4);
-    EXPECT_EQ(key[0], 4);
+    EXPECT_EQ(FinPIKeyFormat(4).GetKey(key), 4);
+    EXPECT_EQ(FinPIClefChange(4).GetKey(key), 4);
+    EXPECT_EQ(FinPIGeneralPrefs{}.GetKey(key), 2);
 }
 
 TEST_F(RecordClasses, ScoreViewDeletesExpressions) {

@@ -229,6 +229,10 @@ TEST_F(Region, DescriptionNamesPartAndLayer) {
     host.Score().AddPart(1, u"Flute");
     host.Score().currentPart = 1;
     EXPECT_EQ(region.Description(), u"score - Flute Layer 2: Staff 1 Bar 1 - Bar 1 End");
+    host.Score().currentPart = 9;
+    EXPECT_EQ(region.Description(), u"score Layer 2: Staff 1 Bar 1 - Bar 1 End")
+        << "a part without a record has no name";
+    host.Score().currentPart = 1;
     host.Score().SetPath(std::u16string(2000, u'p'));
     EXPECT_EQ(region.Description().size(), 1023U);
 }
