@@ -17,6 +17,12 @@ field() { jq -r ".$2" <<<"$1"; }
 
 installed_version() {
     local package version
+    package=$(jq -r '.npm // empty' <<<"$1")
+    if [ -n "$package" ]; then
+        jq -r --arg name "node_modules/$package" '.packages[$name].version' \
+            "$here/../scripts/engraver/package-lock.json"
+        return
+    fi
     for package in $(jq -r '.packages[]' <<<"$1"); do
         version=$(dpkg-query -W -f='${Version}' "$package" 2>/dev/null || true)
         [ -z "$version" ] || { printf '%s' "$version"; return; }

@@ -11,8 +11,7 @@ page. `tests/packages/notices` compares the table with what the builds really re
 else at run time: on Windows nothing but Windows' own libraries.
 
 Versions are those of Debian 12. The two libraries built from Debian's sources, and the npm packages,
-are pinned by hash (`scripts/third-party.sha256`, `scripts/engraver/package-lock.json`). A release
-records the versions it was built with in `BUILT-WITH.txt`.
+are pinned by hash (`scripts/third-party.sha256`, each `package-lock.json`). A release records the versions it was built with in `BUILT-WITH.txt`.
 
 TEXT
 printf '| Name | For | How it is used | Licence |\n|---|---|---|---|\n'
@@ -24,6 +23,6 @@ cat <<'TEXT'
 ## Tools
 
 CMake, Ninja, GCC 12 and MinGW-w64 build; ccache saves time; clang-format and clang-tidy check; Wine
-runs the Windows build; lintian and debootstrap check packages, Chromium opens the guides. None of
-them is part of a package.
+runs the Windows build; lintian and debootstrap check packages, Chromium opens the guides and the
+report pages. None of them is part of a package.
 TEXT

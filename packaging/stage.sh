@@ -21,6 +21,12 @@ built_with() {
     say "and these sources, by SHA-256:"
     say ""
     cat "$top/scripts/third-party.sha256"
+    say ""
+    say "and verovio $(verovio_version) from npm, as scripts/engraver/package-lock.json names it."
+}
+
+verovio_version() {
+    jq -r '.packages["node_modules/verovio"].version' "$top/scripts/engraver/package-lock.json"
 }
 
 # The pages of a Windows package: guides, changelog, notices of all it holds.
@@ -38,11 +44,11 @@ make_windows_zip() {
     local name="plyweld-$version-windows-x64" file
     local folder="$stage/$name"
     mkdir -p "$folder/examples"
-    for file in plyweld.exe FINALE.EXE plyweld.fxt; do
+    for file in plyweld.exe FINALE.EXE plyweld.fxt engraver.js; do
         cp "$build/windows/$file" "$folder/"
     done
     ! has_probe || cp "$build/windows/plyweld-probe.fxt" "$folder/"
-    windows_pages "$folder/guide"
+    windows_pages "$folder/guide" zip
     sed "s/@VERSION@/$version/" "$top/packaging/windows/README.txt" | windows_text - >"$folder/README.txt"
     windows_text "$stage/BUILT-WITH.txt" >"$folder/BUILT-WITH.txt"
     cp "$top/examples/"*.musicxml "$folder/examples/"

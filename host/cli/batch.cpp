@@ -102,24 +102,32 @@ std::variant<std::vector<BatchItem>, std::string> ItemsOf(const BatchCommand& co
     }
     std::vector<BatchItem> items;
     std::map<fs::path, fs::path> inputOf;
-    const bool writes = command.inPlace || !command.folder.empty();
     for (const FoundScore& score : scores) {
-        BatchItem item{score.file, {}};
-        if (writes) {
-            item.output = command.inPlace ? score.file : PathOf(command.folder) / score.relative;
-            const auto [other, isNew] = inputOf.emplace(item.output.lexically_normal(), score.file);
-            if (!isNew && other->second != score.file) {
+        BatchItem item{score.file, {}, {}};
+        if (command.inPlace) {
+            item.output = score.file;
+        } else if (!command.folder.empty()) {
+            item.output = PathOf(command.folder) / score.relative;
+        }
+        if (!command.report.empty()) {
+            item.page = score.relative;
+            item.page += ".html";
+        }
+        bool isTaken = false;
+        for (const fs::path& file : {item.output, PathOf(command.report) / item.page}) {
+            const auto [other, isNew] = inputOf.emplace(file.lexically_normal(), score.file);
+            if (!isNew && !file.empty() && other->second != score.file) {
                 return Say(Text::kSameTarget, {TextOf(other->second), TextOf(score.file)});
             }
-            if (!isNew) {
-                continue;
-            }
-            std::error_code failed;
-            if (!command.inPlace && fs::equivalent(item.output, score.file, failed)) {
-                return Say(Text::kOntoInput, {TextOf(score.file)});
-            }
+            isTaken = isTaken || (!isNew && !file.empty());
         }
-        items.push_back(std::move(item));
+        std::error_code failed;
+        if (!command.inPlace && fs::equivalent(item.output, score.file, failed)) {
+            return Say(Text::kOntoInput, {TextOf(score.file)});
+        }
+        if (!isTaken) {
+            items.push_back(std::move(item));
+        }
     }
     return items;
 }

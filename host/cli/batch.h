@@ -13,6 +13,7 @@ namespace standin::cli {
 struct BatchItem {
     std::filesystem::path input;
     std::filesystem::path output;  // empty when nothing is to be written
+    std::filesystem::path page{};  // of its report, below the folder of the reports
 };
 
 // The scores of the inputs in order, each once; a folder's scores by name, with the same subfolders

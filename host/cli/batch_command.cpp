@@ -11,6 +11,8 @@
 #include "host/cli/commands.h"
 #include "host/cli/messages.h"
 #include "host/cli/output_file.h"
+#include "host/cli/report_file.h"
+#include "host/report/page/index_page.h"
 #include "host/system/child_process.h"
 #include "host/system/machine.h"
 
@@ -43,6 +45,14 @@ std::string Summary(Text line, std::vector<std::string> start, const Totals& tot
     return Say(line, start);
 }
 
+// The last message of a run, without the program's name.
+std::string LastComplaint(std::string messages) {
+    constexpr std::string_view kProgram = "plyweld: ";
+    messages.resize(messages.find_last_not_of('\n') + 1);
+    const std::string line = messages.substr(messages.find_last_of('\n') + 1);
+    return line.starts_with(kProgram) ? line.substr(kProgram.size()) : line;
+}
+
 // Merges each score in its own process, several at a time, so that a crash or a lack of memory does
 // not affect the others.
 class Batch {
@@ -50,6 +60,7 @@ public:
     Batch(const BatchCommand& command, std::vector<BatchItem> items)
         : m_command{command},
           m_items{std::move(items)},
+          m_rows(m_items.size()),
           m_temporary{machine::MakeTemporaryFolder()} {}
     ~Batch() {
         std::error_code failed;
@@ -69,11 +80,15 @@ public:
         for (std::thread& worker : workers) {
             worker.join();
         }
+        const std::string problem = m_command.report.empty() ? std::string{} : WriteIndex();
         Conclude();
+        if (!problem.empty()) {
+            Complain(problem);
+        }
         if (m_interrupted) {
             return kInterrupted;
         }
-        return m_failed.empty() ? kDone : kFailed;
+        return m_failed.empty() && problem.empty() ? kDone : kFailed;
     }
 
 private:
@@ -96,8 +111,13 @@ private:
         int exitCode = kFailed;
         std::string problem = m_command.inPlace ? std::string{} : MakeFolderOf(target);
         if (problem.empty()) {
-            exitCode = machine::RunThisProgram(
-                ArgumentsFor({item.input, target}, m_command.options), report, errors);
+            std::vector<std::string> options = m_command.options;
+            if (!item.page.empty()) {
+                const fs::path page = PathOf(m_command.report) / item.page;
+                options.insert(options.end(), {"--report", TextOf(page.parent_path() / "")});
+            }
+            exitCode = machine::RunThisProgram(ArgumentsFor({item.input, target, {}}, options),
+                                               report, errors);
             problem = exitCode < 0 ? Say(Text::kCrashed, {TextOf(item.input)}) : std::string{};
         }
         if (exitCode == kDone && m_command.inPlace) {
@@ -105,12 +125,17 @@ private:
         }
         const std::lock_guard lock{m_output};
         m_interrupted = m_interrupted || exitCode == kInterrupted;
-        std::cerr << ContentOf(errors);
+        const std::string told = ContentOf(errors);
+        std::cerr << told;
         if (!problem.empty()) {
             Complain(problem);
         }
         const bool isDone = exitCode == kDone && problem.empty();
-        Tell(item, isDone ? ContentOf(report) : std::string{});
+        Tell(index, isDone ? ContentOf(report) : std::string{});
+        if (!isDone) {
+            m_rows[index].problem = problem.empty() ? LastComplaint(told) : problem;
+            m_rows[index].isMerged = false;
+        }
     }
 
     // Both return an error message.
@@ -139,15 +164,24 @@ private:
     }
 
     // report: empty when the score was not merged.
-    void Tell(const BatchItem& item, const std::string& report) {
+    void Tell(std::size_t index, const std::string& report) {
+        const BatchItem& item = m_items[index];
         const std::string name = TextOf(item.input);
+        IndexRow& row = m_rows[index];
+        row.page = TextOf(item.page.generic_u8string());
+        row.score = TextOf(fs::path{item.page}.replace_extension());
         auto json = nlohmann::ordered_json::parse(report, nullptr, false);
         if (json.is_discarded() || !json.contains("totals")) {
             m_failed.push_back(name);
             return;
         }
         const auto& counts = json["totals"];
-        const Totals totals{counts["chordsFormed"], counts["notesMoved"], counts["stayed"]};
+        row.chordsFormed = counts["chordsFormed"];
+        row.restsFilled = counts["restsFilled"];
+        row.notesMoved = counts["notesMoved"];
+        row.notesCleared = counts["notesCleared"];
+        row.stayed = counts["stayed"];
+        const Totals totals{row.chordsFormed, row.notesMoved, row.stayed};
         m_totals.chords += totals.chords;
         m_totals.notes += totals.notes;
         m_totals.stayed += totals.stayed;
@@ -157,6 +191,18 @@ private:
         } else if (!m_command.quiet) {
             std::cout << Summary(Text::kSummaryLine, {name}, totals) << '\n' << std::flush;
         }
+    }
+
+    // Says what went wrong.
+    std::string WriteIndex() {
+        std::erase_if(m_rows, [](const IndexRow& row) { return row.score.empty(); });
+        const fs::path file = PathOf(m_command.report) / "index.html";
+        std::string problem = MakeFolderOf(file);
+        if (problem.empty()) {
+            problem = WriteWhole(TextOf(file), IndexAsPage(m_rows));
+            problem = problem.empty() ? problem : TextOf(file) + ": " + problem;
+        }
+        return problem;
     }
 
     void Conclude() {
@@ -176,6 +222,7 @@ private:
 
     const BatchCommand& m_command;
     const std::vector<BatchItem> m_items;
+    std::vector<IndexRow> m_rows;  // by item, guarded too; without a score: not come to
     const fs::path m_temporary;
     std::atomic<std::size_t> m_next = 0;
     std::atomic<bool> m_interrupted = false;
@@ -192,6 +239,11 @@ ExitCode MergeBatch(const BatchCommand& command) {
     if (const auto* problem = std::get_if<std::string>(&found)) {
         Complain(*problem);
         return kUsage;
+    }
+    const std::string noPage = command.report.empty() ? std::string{} : WhyNoPage();
+    if (!noPage.empty()) {
+        Complain(noPage);
+        return kFailed;
     }
     return Batch{command, std::move(std::get<std::vector<BatchItem>>(found))}.Run();
 }

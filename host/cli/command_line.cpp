@@ -11,6 +11,7 @@
 #include "host/cli/messages.h"
 #include "host/cli/option_values.h"
 #include "host/cli/output_file.h"
+#include "host/cli/report_file.h"
 #include "host/system/machine.h"
 
 namespace standin::cli {
@@ -49,6 +50,7 @@ MergeCommand MergeOf(const Arguments& arguments) {
     merge.input = arguments.Value(kInput);
     merge.dryRun = arguments.Has(kDryRun);
     merge.output = merge.dryRun ? std::string{} : arguments.Value(kOutput);
+    merge.report = arguments.Value(kReport);
     merge.details = arguments.Has(kDetails);
     const std::string from = arguments.Value(kFrom, "all");
     if (from != "all") {
@@ -67,6 +69,12 @@ MergeCommand MergeOf(const Arguments& arguments) {
     return merge;
 }
 
+bool IsFolderName(const std::string& name) {
+    std::error_code failed;
+    return name.ends_with('/') || name.ends_with('\\') ||
+           std::filesystem::is_directory(PathOf(name), failed);
+}
+
 bool IsScoreName(const std::string& name) {
     const std::string ending = LowerCaseExtension(name);
     return ending == ".musicxml" || ending == ".xml" || ending == ".mxl";
@@ -76,6 +84,9 @@ bool IsScoreName(const std::string& name) {
 std::string ContradictionIn(const MergeCommand& merge) {
     if (merge.options.source == merge.options.destination) {
         return std::string{Say(Text::kSameLayer)};
+    }
+    if (!merge.report.empty() && !IsPageName(merge.report) && !IsFolderName(merge.report)) {
+        return Say(Text::kNotAPage, {merge.report});
     }
     if (merge.dryRun) {
         return {};
@@ -104,7 +115,7 @@ std::vector<std::string> OptionsForEach(const Arguments& arguments) {
     for (const OptionRow& row : arguments.command->options) {
         const bool isOfTheBatch = row.id == kInput || row.id == kOutput || row.id == kRecursive ||
                                   row.id == kInPlace || row.id == kJobs || row.id == kJson ||
-                                  row.id == kQuiet || row.id == kDetails;
+                                  row.id == kQuiet || row.id == kDetails || row.id == kReport;
         if (isOfTheBatch || !arguments.Has(row.id)) {
             continue;
         }
@@ -130,6 +141,7 @@ BatchCommand BatchOf(const Arguments& arguments) {
     BatchCommand batch;
     batch.inputs = arguments.values.at(kInput);
     batch.folder = arguments.Has(kDryRun) ? std::string{} : arguments.Value(kOutput);
+    batch.report = arguments.Value(kReport);
     batch.options = OptionsForEach(arguments);
     batch.recursive = arguments.Has(kRecursive);
     batch.inPlace = arguments.Has(kInPlace) && !arguments.Has(kDryRun);
@@ -148,10 +160,16 @@ std::string ContradictionIn(const BatchCommand& batch, const Arguments& argument
     if (output.empty() && !batch.inPlace && !arguments.Has(kDryRun)) {
         return Say(Text::kMissingArgument, {"-o FOLDER"});
     }
-    std::error_code failed;
-    const bool isFile = std::filesystem::exists(PathOf(output), failed) &&
-                        !std::filesystem::is_directory(PathOf(output), failed);
-    return output == kStandardStream || isFile ? Say(Text::kNeedsFolder, {output}) : std::string{};
+    const auto isFile = [](const std::string& name) {
+        std::error_code failed;
+        return std::filesystem::exists(PathOf(name), failed) &&
+               !std::filesystem::is_directory(PathOf(name), failed);
+    };
+    if (IsPageName(batch.report) || isFile(batch.report)) {
+        return Say(Text::kReportNeedsFolder, {batch.report});
+    }
+    return output == kStandardStream || isFile(output) ? Say(Text::kNeedsFolder, {output})
+                                                       : std::string{};
 }
 
 std::variant<Command, ExitCode> BatchCommandOf(const Arguments& arguments) {

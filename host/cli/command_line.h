@@ -26,6 +26,7 @@ struct MergeCommand {
     std::string output;
     MergeOptions options;
     SelectionOptions selection;
+    std::string report;  // the page to write, or the folder for it; empty: none
     bool verify = false;
     bool dryRun = false;   // report only; output is then empty
     bool details = false;  // the whole list of what stayed
@@ -38,6 +39,7 @@ struct MergeCommand {
 struct BatchCommand {
     std::vector<std::string> inputs;
     std::string folder;                // to write to; empty when nothing is written, or in place
+    std::string report;                // the folder for reports; empty: none
     std::vector<std::string> options;  // for the merge of each score
     bool recursive = false;
     bool inPlace = false;

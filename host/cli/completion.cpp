@@ -23,9 +23,19 @@ std::vector<std::string> NamesOf(const OptionRow& row) {
     return names;
 }
 
-bool IsScore(ValueKind kind) {
-    return kind == ValueKind::kScore || kind == ValueKind::kScores ||
-           kind == ValueKind::kOutputScore;
+// The endings of the files that a value may name, as patterns of shells separate them; empty when
+// it names none.
+std::string_view EndingsOf(ValueKind kind) {
+    switch (kind) {
+        case ValueKind::kScore:
+        case ValueKind::kScores:
+        case ValueKind::kOutputScore:
+            return "musicxml|xml|mxl";
+        case ValueKind::kPage:
+            return "html";
+        default:
+            return {};
+    }
 }
 
 // In single quotes, for every shell.
@@ -61,6 +71,10 @@ std::string_view ArgumentChoices(const CommandRow& command) {
     return hasOne ? command.options.front().choices : std::string_view{};
 }
 
+std::string BashFiles(ValueKind kind) {
+    return "_plyweld_files '" + std::string{EndingsOf(kind)} + "'";
+}
+
 std::string BashValue(const OptionRow& row) {
     std::string pattern;
     for (const std::string& name : NamesOf(row)) {
@@ -71,16 +85,16 @@ std::string BashValue(const OptionRow& row) {
         return start + "COMPREPLY=($(compgen -W " + Quoted(row.choices) +
                " -- \"$word\")); return ;;\n";
     }
-    return start + (IsScore(row.kind) ? "_plyweld_scores; return ;;\n" : "return ;;\n");
+    return start + (EndingsOf(row.kind).empty() ? "" : BashFiles(row.kind) + "; ") + "return ;;\n";
 }
 
 std::string BashScript() {
     std::string script =
         "# bash completion for plyweld\n"
-        "_plyweld_scores() {\n"
+        "_plyweld_files() {\n"
         "    compopt -o filenames 2>/dev/null\n"
         "    mapfile -t COMPREPLY < <(compgen -d -- \"$word\"; compgen -f -X "
-        "'!*.@(musicxml|xml|mxl)' -- \"$word\")\n"
+        "\"!*.@($1)\" -- \"$word\")\n"
         "}\n"
         "_plyweld() {\n"
         "    shopt -q extglob || shopt -s extglob\n"
@@ -98,13 +112,14 @@ std::string BashScript() {
             script += row.IsArgument() || row.kind == ValueKind::kNone ? "" : BashValue(row);
         }
         const std::string_view choices = ArgumentChoices(command);
-        const bool takesScore = !command.options.empty() && IsScore(command.options.front().kind);
+        const ValueKind first =
+            command.options.empty() ? ValueKind::kNone : command.options.front().kind;
         script += "    esac\n    case $word in\n    -*) COMPREPLY=($(compgen -W " +
                   Quoted(JoinedNames(command.options)) + " -- \"$word\")) ;;\n";
         if (!choices.empty()) {
             script += "    *) COMPREPLY=($(compgen -W " + Quoted(choices) + " -- \"$word\")) ;;\n";
-        } else if (takesScore) {
-            script += "    *) _plyweld_scores ;;\n";
+        } else if (!EndingsOf(first).empty()) {
+            script += "    *) " + BashFiles(first) + " ;;\n";
         }
         script += "    esac ;;\n";
     }
@@ -124,7 +139,8 @@ std::string ZshAction(const OptionRow& row) {
     if (!row.choices.empty()) {
         return ":value:(" + std::string{row.choices} + ")";
     }
-    return IsScore(row.kind) ? ":score:_files -g \"*.(musicxml|xml|mxl)\"" : ":value:";
+    const std::string endings{EndingsOf(row.kind)};
+    return endings.empty() ? ":value:" : ":file:_files -g \"*.(" + endings + ")\"";
 }
 
 // One argument of _arguments for each name of the option.
@@ -195,7 +211,7 @@ std::string FishOption(const OptionRow& row, const std::string& condition) {
     }
     line += " -d " + Quoted(Say(row.help));
     if (row.kind != ValueKind::kNone) {
-        line += row.choices.empty() ? (IsScore(row.kind) ? " -r -F" : " -x")
+        line += row.choices.empty() ? (EndingsOf(row.kind).empty() ? " -x" : " -r -F")
                                     : " -x -a " + Quoted(row.choices);
     }
     return line + '\n';
@@ -215,7 +231,7 @@ std::string FishScript() {
             } else if (!row.choices.empty()) {
                 script += "complete -c plyweld -n " + Quoted(condition) + " -a " +
                           Quoted(row.choices) + '\n';
-            } else if (IsScore(row.kind)) {
+            } else if (!EndingsOf(row.kind).empty()) {
                 for (const std::string_view ending : kScoreEndings) {
                     script += "complete -c plyweld -n " + Quoted(condition) +
                               " -a '(__fish_complete_suffix ." + std::string{ending} + ")'\n";

@@ -5,6 +5,7 @@
 #include "host/cli/installation.h"
 #include "host/cli/output_file.h"
 #include "host/cli/plugin.h"
+#include "host/cli/report_file.h"
 #include "host/cli/stored_options.h"
 #include "host/system/machine.h"
 
@@ -25,6 +26,8 @@ ExitCode Doctor() {
     const bool isFound = Plugin::Start(problem) != nullptr;
     Print(Text::kPluginFound,
           isFound ? PluginFile() : Say(Text::kNotFound, {PluginFile() + ": " + problem}));
+    const std::string noEngraver = WhyNoPage();
+    Print(Text::kEngraver, noEngraver.empty() ? EngraverFile() : noEngraver);
     Print(Text::kSettingsPlace, Say(machine::SettingsOutliveTheProgram() ? Text::kSettingsInRegistry
                                                                          : Text::kSettingsInMemory,
                                     {"HKEY_CURRENT_USER\\" + std::string{kBaseKey}}));

@@ -53,6 +53,14 @@ std::vector<std::string> PluginFiles() {
     return files;
 }
 
+std::string EngraverFile() {
+    const std::filesystem::path beside = machine::ProgramFolder() / "engraver.js";
+    const std::filesystem::path installed =
+        std::filesystem::path{"share"} / "plyweld" / "engraver.js";
+    const std::string found = FirstOf({beside, machine::ProgramFolder() / ".." / ".." / installed});
+    return found.empty() ? TextOf(beside) : found;
+}
+
 std::string GuideFile() {
     const std::string name =
         CurrentLanguage() == Language::kSpanish ? "guia-del-usuario" : "user-guide";

@@ -12,6 +12,10 @@ std::string PluginFile();
 // That file, then the other plug-ins in its folder.
 std::vector<std::string> PluginFiles();
 
+// The script of the engraver that report pages hold; where it was looked for first when there is
+// none.
+std::string EngraverFile();
+
 // The user's guide in the language of the texts; empty when it is not installed.
 std::string GuideFile();
 

@@ -9,6 +9,7 @@
 #include "host/cli/messages.h"
 #include "host/cli/open_score.h"
 #include "host/cli/output_file.h"
+#include "host/cli/report_file.h"
 #include "host/cli/score_bytes.h"
 #include "host/cli/selection.h"
 #include "host/cli/verified_merge.h"
@@ -71,6 +72,10 @@ void Print(const MergeReport& report, const MergeCommand& command) {
 }  // namespace
 
 ExitCode Merge(const MergeCommand& command) {
+    const std::string noPage = command.report.empty() ? std::string{} : WhyNoPage();
+    if (!noPage.empty()) {
+        return Fail(kFailed, noPage);
+    }
     const OpenScore open{command.input, LayersNamed(command.options)};
     if (!open) {
         return kUnreadable;
@@ -110,6 +115,12 @@ ExitCode Merge(const MergeCommand& command) {
         const std::string problem = WriteWhole(command.output, bytes);
         if (!problem.empty()) {
             return Fail(kFailed, command.output + ": " + problem);
+        }
+    }
+    if (!command.report.empty()) {
+        const std::string problem = WriteReportPage(command.report, report, open.Score(), bytes);
+        if (!problem.empty()) {
+            return Fail(kFailed, problem);
         }
     }
     if (!command.quiet) {

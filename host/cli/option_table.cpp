@@ -12,6 +12,7 @@ using ValueKind::kChoice;
 using ValueKind::kCount;
 using ValueKind::kName;
 using ValueKind::kOutputScore;
+using ValueKind::kPage;
 using ValueKind::kRange;
 using ValueKind::kScore;
 using ValueKind::kScores;
@@ -37,6 +38,7 @@ constexpr OptionRow kMergeOptions[] = {
     {kJobs, "-j,--jobs", Text::kJobsHelp, kCount, "N"},
     {kVerify, "--verify", Text::kVerifyHelp},
     {kDryRun, "-n,--dry-run", Text::kDryRunHelp},
+    {kReport, "--report", Text::kReportHelp, kPage, "PAGE"},
     {kDetails, "--details", Text::kDetailsHelp},
     {kJson, "--json", Text::kJsonHelp},
     {kQuiet, "-q,--quiet", Text::kQuietHelp},

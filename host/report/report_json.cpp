@@ -12,18 +12,6 @@ using Json = nlohmann::ordered_json;
 
 constexpr int kFormat = 1;  // changes when programs that read it would have to change
 
-const char* NameOf(Stay reason) {
-    switch (reason) {
-        case Stay::kOtherDuration:
-            return "otherDuration";
-        case Stay::kNoRestToFill:
-            return "noRestToFill";
-        case Stay::kTooManyNotes:
-            return "tooManyNotes";
-    }
-    return "";
-}
-
 const char* NameOf(Remark::Kind kind) {
     switch (kind) {
         case Remark::Kind::kVoiceNotMerged:
@@ -120,6 +108,18 @@ Json ArrayOf(const Rows& rows, Convert convert) {
 }
 
 }  // namespace
+
+const char* NameOf(Stay reason) {
+    switch (reason) {
+        case Stay::kOtherDuration:
+            return "otherDuration";
+        case Stay::kNoRestToFill:
+            return "noRestToFill";
+        case Stay::kTooManyNotes:
+            return "tooManyNotes";
+    }
+    return "";
+}
 
 Json ReportAsJson(const MergeReport& report) {
     return {{"format", kFormat},

@@ -7,6 +7,9 @@
 
 namespace standin {
 
+// "otherDuration", as programs know it.
+const char* NameOf(Stay reason);
+
 nlohmann::ordered_json ReportAsJson(const MergeReport& report);
 
 }  // namespace standin

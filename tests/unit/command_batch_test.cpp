@@ -85,6 +85,16 @@ TEST_F(BatchItems, RefusesEqualOutputs) {
     EXPECT_NE(Outputs(With({"in/b.mxl", "other/b.mxl"})).find("the same file"), std::string::npos);
 }
 
+TEST_F(BatchItems, RefusesEqualReportPages) {
+    fs::create_directory(folder / "other");
+    std::ofstream{folder / "other" / "b.mxl"} << "<score-partwise/>";
+    BatchCommand command = With({"in/b.mxl", "other/b.mxl"});
+    command.inPlace = true;
+    EXPECT_EQ(Outputs(command).find("the same file"), std::string::npos);
+    command.report = (folder / "reports").string();
+    EXPECT_NE(Outputs(command).find("the same file"), std::string::npos);
+}
+
 TEST_F(BatchItems, RefusesToOverwriteInput) {
     fs::create_directory(folder / "out");
     std::ofstream{folder / "out" / "c.xml"} << "<score-partwise/>";

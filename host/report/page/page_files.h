@@ -1,0 +1,11 @@
+// The files of the report page that are no C++, as they are in this folder.
+#pragma once
+
+#include <string_view>
+
+namespace standin {
+
+extern const std::string_view kPageStyle;   // page.css
+extern const std::string_view kPageScript;  // page.js
+
+}  // namespace standin
