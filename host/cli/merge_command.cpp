@@ -124,6 +124,7 @@ ExitCode Merge(const MergeCommand& command) {
         }
     }
     if (!command.quiet) {
+        AddRemarks(open.Score(), report);
         Print(report, command);
     }
     return kDone;

@@ -102,7 +102,8 @@ ExitCode Show(const ShowCommand& command) {
         Complain(command.input + ": " + run.problem);
         return run.stopped ? kInterrupted : kFailed;
     }
-    const MergeReport report = ReportMerge(open.Score(), {command.input, {}, {whole}, {}});
+    MergeReport report = ReportMerge(open.Score(), {command.input, {}, {whole}, {}});
+    AddRemarks(open.Score(), report);
     if (command.json) {
         json["merge"] = ReportAsJson(report);
         std::cout << json.dump(2) << '\n';

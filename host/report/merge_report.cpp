@@ -174,15 +174,18 @@ MergeReport ReportMerge(const ImportedScore& score, MergeRequest request) {
             }
         }
     }
+    for (const ReadWarning& warning : score.warnings.All()) {
+        report.warnings.push_back("line " + std::to_string(warning.line) + ": " + warning.Words());
+    }
+    return report;
+}
+
+void AddRemarks(const ImportedScore& score, MergeReport& report) {
     for (const EREGION& selection : report.request.selections) {
         for (Remark& remark : RemarksOn(score, report.request.options.destination, selection)) {
             report.remarks.push_back(std::move(remark));
         }
     }
-    for (const ReadWarning& warning : score.warnings.All()) {
-        report.warnings.push_back("line " + std::to_string(warning.line) + ": " + warning.Words());
-    }
-    return report;
 }
 
 int MergeReport::ChordsFormed() const noexcept {

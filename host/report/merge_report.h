@@ -69,8 +69,12 @@ struct MergeReport {
 };
 
 // Compares the document with its state at the import. Music outside the selections, or in a layer
-// that was not a source, does not count as stayed.
+// that was not a source, does not count as stayed. The remarks are not added yet.
 MergeReport ReportMerge(const ImportedScore& score, MergeRequest request);
+
+// Every changed measure is planned for this, as for writing: only worth it for a report that is
+// shown.
+void AddRemarks(const ImportedScore& score, MergeReport& report);
 
 // "another duration at the same time"
 std::string WordsForReason(Stay reason);

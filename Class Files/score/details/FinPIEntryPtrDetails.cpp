@@ -19,6 +19,10 @@ struct KindRow {
     bool (*hasRecord)(const FinPIEntryPtr& entry);
 
     bool IsIn(u32 kinds) const { return (kinds & selector) == selector; }
+    // False: the entry's flags say that it has no records of the kind.
+    bool MayStandAt(const FinPIEntryPtr& entry) const {
+        return entryFlags == 0 || entry.HasFlag(entryFlags);
+    }
 };
 
 enum class CopyRule { kAnyEntries, kSameKind };
@@ -168,7 +172,8 @@ i16 FinPIEntryPtr::CopyDetailsFrom(u32 detailKinds, const FinPIEntryPtr& source)
                                                                  : &fromStems);
     i16 result = 1;
     for (const KindRow& kind : kKinds) {
-        if (kind.IsIn(detailKinds) && kind.copy(to, from, detailKinds) == 0) {
+        if (kind.IsIn(detailKinds) && kind.MayStandAt(from) &&
+            kind.copy(to, from, detailKinds) == 0) {
             result = 0;
         }
     }
@@ -183,7 +188,7 @@ i16 FinPIEntryPtr::DeleteDetails(u32 detailKinds, i16& anyDeleted) const {
     u32 touchedFlags = 0;
     KindMarks emptied{};
     for (std::size_t i = 0; i < std::size(kKinds); ++i) {
-        if (!kKinds[i].IsIn(detailKinds)) {
+        if (!kKinds[i].IsIn(detailKinds) || !kKinds[i].MayStandAt(*this)) {
             continue;
         }
         const FinPIEntryDetail::Removal removal = kKinds[i].remove(*this);
