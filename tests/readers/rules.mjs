@@ -19,6 +19,14 @@ const rules = [
             after.list.some((other) => isSame(other, fact) && holds(other, fact)),
     },
     {
+        name: "notes of two tuplets in one chord",
+        why: "Notes that start together and last as long become a chord also where they belong to tuplets of different lengths. The chord is in the tuplet of the layer that it is in.",
+        explains: ({ side, fact }, { after, findings }) =>
+            fact?.aspect === "tuplet" &&
+            after.list.some((chord) => chord.aspect === "chord" && chord.where === fact.where && holds(chord, fact)) &&
+            findings.some((other) => other.side !== side && hasTupletOfOtherLength(other.fact, fact)),
+    },
+    {
         name: "a lyric with another number",
         why: "Where two notes of a chord bring a lyric of one number, the second takes the next free one, and the report says so.",
         explains: ({ side, fact }, { findings }) =>
@@ -228,6 +236,13 @@ function isSameLyric(other, fact, side) {
 
 const isSame = (one, other) =>
     one.aspect === other.aspect && one.where === other.where && one.what === other.what;
+
+// Tuplets are "3:2 from 0 to 1/4".
+const hasTupletOfOtherLength = (one, other) =>
+    one?.aspect === "tuplet" &&
+    one.where === other.where &&
+    one.pitches[0][0] === other.pitches[0][0] &&
+    one.what.split(" ")[0] === other.what.split(" ")[0];
 
 const sharesTimeAndPitch = (chord, fact) =>
     chord.measure === fact.measure &&
