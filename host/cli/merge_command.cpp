@@ -117,6 +117,9 @@ ExitCode Merge(const MergeCommand& command) {
             return Fail(kFailed, command.output + ": " + problem);
         }
     }
+    if (!command.quiet || !command.report.empty()) {
+        AddRemarks(open.Score(), report);
+    }
     if (!command.report.empty()) {
         const std::string problem = WriteReportPage(command.report, report, open.Score(), bytes);
         if (!problem.empty()) {
@@ -124,7 +127,6 @@ ExitCode Merge(const MergeCommand& command) {
         }
     }
     if (!command.quiet) {
-        AddRemarks(open.Score(), report);
         Print(report, command);
     }
     return kDone;
