@@ -91,7 +91,7 @@ wine_packages=(wine wine64 fonts-wine xvfb xauth locales)
 check_packages=(clang-format-14 clang-tidy-14 libxml2-utils unzip git python3-jsonschema)
 reader_packages=(musescore3 unzip)
 package_packages=(nsis zip)
-picture_packages=(librsvg2-bin fonts-liberation)
+picture_packages=(librsvg2-bin fonts-liberation woff2)
 
 # pugixml and libzip for the Windows build, in the versions that Debian builds natively: their
 # source packages, known by their hashes, unpacked to build/third_party. The lists they come from are the machine's
@@ -153,6 +153,26 @@ ensure_engraver() {
     cp "$top/scripts/engraver/package.json" "$top/scripts/engraver/package-lock.json" "$home/"
     (cd "$home" && quietly npm ci --no-audit --no-fund --ignore-scripts) ||
         fail "verovio could not be installed"
+}
+
+# Turns an engraved page into a picture: draw_page IN.svg OUT.png. The page brings its music font
+# along in a form that the renderer does not read, so it gets the font as a file.
+draw_page() {
+    local fonts="${2%.png}.fonts"
+    mkdir -p "$fonts"
+    sed -nE 's/.*url\(data:application\/font-woff2;[^,]*base64,([^)]*)\).*/\1/p' "$1" | head -n 1 |
+        base64 -d >"$fonts/music.woff2"
+    if [ -s "$fonts/music.woff2" ]; then
+        quietly woff2_decompress "$fonts/music.woff2" || fail "the engraver's music font cannot be read"
+    fi
+    cat >"$fonts/fonts.conf" <<END
+<?xml version="1.0"?>
+<!DOCTYPE fontconfig SYSTEM "fonts.dtd">
+<fontconfig><include>/etc/fonts/fonts.conf</include><dir>$(realpath "$fonts")</dir></fontconfig>
+END
+    FONTCONFIG_FILE="$(realpath "$fonts")/fonts.conf" \
+        rsvg-convert --background-color white --width 1600 --output "$2" "$1"
+    rm -r "$fonts"
 }
 
 # A Wine prefix of the project's own, made once.
