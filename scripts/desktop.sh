@@ -17,6 +17,9 @@ ensure_desktop_prefix() {
         wine_server -w
         touch "$WINEPREFIX/.desktop"
     fi
+    # Wine draws the buttons of title bars with this font, which Debian keeps where Wine does not look.
+    mkdir -p "$WINEPREFIX/drive_c/windows/Fonts"
+    cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/"
     rm -rf "$WINEPREFIX/drive_c/Scores"
     mkdir -p "$WINEPREFIX/drive_c/Scores"
     cp "$top/examples/"*.musicxml "$WINEPREFIX/drive_c/Scores/"
