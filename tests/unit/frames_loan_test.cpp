@@ -58,6 +58,11 @@ TEST_F(Frames, OtherDocumentIsReloadedNotSaved) {
     FinPITGFPtr frame = Load();
     const OtherDocument other;
     EXPECT_EQ(ErrorOf(frame.SaveTGF()), kNotCurrent);
+    const FinPIEntryPtr entry = frame.EntryAt(0);
+    EXPECT_EQ(entry.CreateEntryDetail(1, nullptr, 0, 0, 0), 0);
+    EXPECT_EQ(entry.SaveEntryDetail(1, 0, nullptr, 0, 0), 0);
+    EXPECT_EQ(entry.DeleteEntryDetail(1, 0, 0), 0);
+    EXPECT_NE(TakePendingError(), "");
     EXPECT_EQ(frame.ReloadTGF(), 1);
     EXPECT_EQ(frame.Duration(), 4096);
     EXPECT_TRUE(frame.NextFrame());
