@@ -2,9 +2,6 @@
 # How each package is put together. Sourced by ./package, after setup.sh, with the folders `stage`
 # and `dist` made and SOURCE_DATE_EPOCH set.
 
-# The second plug-in, where the project has it.
-has_probe() { [ -e "$build/windows/plyweld-probe.fxt" ]; }
-
 # Files and folders get the one time of the release, so that archives of them are always the same.
 set_times() { find "$1" -exec touch --no-dereference --date="@$SOURCE_DATE_EPOCH" {} +; }
 
@@ -44,10 +41,9 @@ make_windows_zip() {
     local name="plyweld-$version-windows-x64" file
     local folder="$stage/$name"
     mkdir -p "$folder/examples"
-    for file in plyweld.exe FINALE.EXE plyweld.fxt engraver.js; do
+    for file in plyweld.exe FINALE.EXE plyweld.fxt plyweld-probe.fxt engraver.js; do
         cp "$build/windows/$file" "$folder/"
     done
-    ! has_probe || cp "$build/windows/plyweld-probe.fxt" "$folder/"
     windows_pages "$folder/guide" zip
     sed "s/@VERSION@/$version/" "$top/packaging/windows/README.txt" | windows_text - >"$folder/README.txt"
     windows_text "$stage/BUILT-WITH.txt" >"$folder/BUILT-WITH.txt"
@@ -60,8 +56,7 @@ make_windows_zip() {
 make_setup() {
     local folder="$stage/setup" listing="$stage/listing.nsh" defines
     mkdir -p "$folder"
-    cp "$build/windows/plyweld.fxt" "$folder/"
-    ! has_probe || cp "$build/windows/plyweld-probe.fxt" "$folder/"
+    cp "$build/windows/plyweld.fxt" "$build/windows/plyweld-probe.fxt" "$folder/"
     windows_pages "$folder/guide" setup
     windows_text "$stage/BUILT-WITH.txt" >"$folder/BUILT-WITH.txt"
     set_times "$folder"

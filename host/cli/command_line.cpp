@@ -194,8 +194,11 @@ std::variant<Command, ExitCode> CommandOf(const Arguments& arguments) {
         return Command{ShowCommand{arguments.Value(kInput), arguments.Has(kJson)}};
     }
     if (row.name == "run") {
+        const auto titles = arguments.values.find(kCommandTitle);
         return Command{PluginCommand{arguments.Value(kInput), arguments.Value(kOutput),
-                                     arguments.Value(kCommandTitle, "Plyweld")}};
+                                     titles == arguments.values.end()
+                                         ? std::vector<std::string>{"Plyweld"}
+                                         : titles->second}};
     }
     if (row.name == "compare") {
         return Command{CompareCommand{arguments.Value(kInput), arguments.Value(kSecondScore),

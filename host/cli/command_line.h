@@ -53,11 +53,11 @@ struct ShowCommand {
     bool json = false;
 };
 
-// A command of a plug-in, with its stored options and without its dialog.
+// Commands of plug-ins, with their stored options and without their dialogs.
 struct PluginCommand {
     std::string input;
     std::string output;  // empty: the score is not written
-    std::string title;
+    std::vector<std::string> titles;  // of the commands, run one after the other
 };
 
 struct CompareCommand {

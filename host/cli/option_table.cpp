@@ -61,7 +61,7 @@ constexpr OptionRow kCompareOptions[] = {
 constexpr OptionRow kRunOptions[] = {
     {kInput, "IN", Text::kFirstScoreHelp, kScore, "", "", "", true},
     {kOutput, "-o,--output", Text::kOutputHelp, kOutputScore, "OUT"},
-    {kCommandTitle, "--command", Text::kCommandTitleHelp, kName, "TITLE", "Plyweld"},
+    {kCommandTitle, "--command", Text::kCommandTitleHelp, ValueKind::kNames, "TITLE", "Plyweld"},
 };
 
 constexpr OptionRow kHelpOptions[] = {

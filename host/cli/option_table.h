@@ -54,7 +54,8 @@ enum class ValueKind {
     kMeasures,
     kBeat,
     kCount,
-    kName
+    kName,
+    kNames,  // may be given several times
 };
 
 struct OptionRow {

@@ -100,7 +100,7 @@ std::string ProblemOf(const OptionRow& row, const std::vector<std::string>& valu
     if (value.empty()) {
         return Say(Text::kMissingValue, {name});
     }
-    if (values.size() > 1 && row.kind != ValueKind::kScores) {
+    if (values.size() > 1 && row.kind != ValueKind::kScores && row.kind != ValueKind::kNames) {
         return Say(Text::kGivenTwice, {name});
     }
     if (row.kind == ValueKind::kChoice && !IsOneOf(row.choices, value)) {

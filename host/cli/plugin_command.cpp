@@ -71,7 +71,10 @@ ExitCode RunPluginCommand(const PluginCommand& command) {
     };
     const EREGION whole = open.GetDocument().WholeRegion();
     open.GetDocument().selection = whole;
-    std::string problem = RunTitled(command.title, whole);
+    std::string problem;
+    for (const std::string& title : command.titles) {
+        problem = problem.empty() ? RunTitled(title, whole) : problem;
+    }
     App().alertListener = nullptr;
     if (problem.empty() && !command.output.empty()) {
         problem = Write(command.output, open.Score());

@@ -85,7 +85,7 @@ int RunScript(const ScriptOptions& options) {
         PostThreadMessageW(windowThread, WM_QUIT, 0, 0);
     }};
     // The plug-in may already show an alert, which the script answers.
-    window.StartPlugin();
+    window.StartPlugins();
     window.Run();
     player.join();
     return std::min(failures, kMaxFailures);
@@ -94,7 +94,7 @@ int RunScript(const ScriptOptions& options) {
 int RunForPerson(const std::vector<std::string>& files) {
     FreeConsole();
     MainWindow window{MenuBarKind::kFull};
-    window.StartPlugin();
+    window.StartPlugins();
     for (const std::string& file : files) {
         window.Open(cli::PathOf(file));
     }

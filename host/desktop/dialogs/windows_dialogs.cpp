@@ -5,7 +5,6 @@
 
 #include "host/desktop/toolkit/windows_disabled.h"
 #include "platform/guarded.h"
-#include "platform/win32/plugin_module.h"
 
 namespace standin::desktop {
 
@@ -20,6 +19,15 @@ void PlaceOver(HWND owner, HWND dialog) {
     SetWindowPos(dialog, nullptr, (above.left + above.right - rect.right + rect.left) / 2,
                  (above.top + above.bottom - rect.bottom + rect.top) / 2, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+// The module whose resources hold a dialog: that of the routine which hears of its events.
+HINSTANCE ModuleOf(DialogEventCallback callback) {
+    HMODULE module = nullptr;
+    GetModuleHandleExW(
+        GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+        reinterpret_cast<LPCWSTR>(callback), &module);
+    return module;
 }
 
 }  // namespace
@@ -107,7 +115,7 @@ i16 WindowsDialogs::Dialog(u16 dialogNumber, DialogEventCallback callback, Windo
     if (modal) {
         others.emplace();
     }
-    HWND window = CreateDialogParamW(platform::PluginModule(), MAKEINTRESOURCEW(dialogNumber),
+    HWND window = CreateDialogParamW(ModuleOf(callback), MAKEINTRESOURCEW(dialogNumber),
                                      IsWindow(owner) != 0 ? owner : m_mainWindow, Procedure,
                                      reinterpret_cast<LPARAM>(this));
     if (window == nullptr) {

@@ -281,6 +281,11 @@ std::string RememberCounts(ScriptScene& scene, Words) {
     return {};
 }
 
+std::string RememberDocument(ScriptScene& scene, Words) {
+    scene.digest = scene.DocumentDigest();
+    return {};
+}
+
 struct Step {
     std::string_view name;
     std::size_t words;
@@ -311,6 +316,7 @@ constexpr Step kSteps[] = {
     {"unprotect", 1, Unprotect},
     {"screenshot", 1, Screenshot},
     {"count-objects", 0, RememberCounts},
+    {"remember-document", 0, RememberDocument},
 };
 
 }  // namespace

@@ -220,6 +220,11 @@ std::string Setting(ScriptScene&, Words words) {
                       : "found " + (bytes ? DigitsOf(*bytes) : std::string{"no such value"});
 }
 
+// The document's whole content is as it was remembered.
+std::string Unchanged(ScriptScene& scene, Words) {
+    return Found(scene.DocumentDigest() == scene.digest, "changed");
+}
+
 // No more of the system's objects than when they were counted.
 std::string Objects(ScriptScene& scene, Words) {
     return Growth(scene.objects, CountObjects(scene.window.Window()));
@@ -239,7 +244,7 @@ constexpr Expectation kExpectations[] = {
     {"choices", 2, Choices}, {"count", 2, Count},          {"place", 2, Place},
     {"menu", 2, Menu},       {"menu-items", 2, MenuItems}, {"layer", 4, Layer},
     {"undo", 1, Undo},       {"selection", 1, Selection},  {"setting", 3, Setting},
-    {"objects", 0, Objects},
+    {"objects", 0, Objects}, {"unchanged", 0, Unchanged},
 };
 
 }  // namespace

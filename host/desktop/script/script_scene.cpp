@@ -16,6 +16,15 @@ HWND ScriptScene::Control(const std::string& number) const {
     return read.ec == std::errc{} ? GetDlgItem(Target(), id) : nullptr;
 }
 
+u64 ScriptScene::DocumentDigest() const {
+    u64 found = 0;
+    window.InWindowThread([&found] {
+        const Document* document = App().CurrentDocument();
+        found = document != nullptr ? document->Digest() : 0;
+    });
+    return found;
+}
+
 ScriptLanguage SessionLanguage() {
     return PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_SPANISH ? ScriptLanguage::kSpanish
                                                                      : ScriptLanguage::kEnglish;

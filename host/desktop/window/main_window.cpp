@@ -66,7 +66,7 @@ MainWindow::MainWindow(MenuBarKind menus)
 
 MainWindow::~MainWindow() {
     m_dialogs.CloseAll();
-    m_plugin.reset();
+    m_plugins.End();
     App().dialogs = nullptr;
     App().alertListener = nullptr;
     App().progressListener = nullptr;
@@ -120,7 +120,7 @@ LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
             SetFocus(m_grid->Window());
             return 0;
         case WM_INITMENUPOPUP:
-            m_menus->Update(m_plugin.get(), m_documents);
+            m_menus->Update(m_plugins, m_documents);
             return 0;
         case WM_COMMAND:
             CarryOut(LOWORD(word));
@@ -141,14 +141,12 @@ LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
     }
 }
 
-void MainWindow::StartPlugin() {
-    std::string problem;
-    m_plugin = cli::Plugin::Start(problem, m_window);
-    m_menus->ListPluginItems(m_plugin != nullptr ? m_plugin->Items()
-                                                 : std::vector<cli::PluginItem>{});
+void MainWindow::StartPlugins() {
+    const std::string problem = m_plugins.Start(m_window);
+    m_menus->ListPluginItems(m_plugins.Items());
     DrawMenuBar(m_window);
-    if (m_plugin == nullptr) {
-        Tell(L"The plug-in was not loaded: " + WideFromUtf8(problem), MB_ICONWARNING);
+    if (!problem.empty()) {
+        Tell(L"A plug-in was not loaded: " + WideFromUtf8(problem), MB_ICONWARNING);
     }
 }
 

@@ -7,12 +7,12 @@
 #include <optional>
 #include <string>
 
-#include "host/cli/plugin.h"
 #include "host/desktop/dialogs/progress_window.h"
 #include "host/desktop/dialogs/windows_dialogs.h"
 #include "host/desktop/grid/grid_window.h"
 #include "host/desktop/toolkit/message_pump.h"
 #include "host/desktop/toolkit/windows_api.h"
+#include "host/desktop/window/loaded_plugins.h"
 #include "host/desktop/window/menu_bar.h"
 #include "host/desktop/window/open_documents.h"
 
@@ -26,8 +26,9 @@ public:
     MainWindow(const MainWindow&) = delete;
     MainWindow& operator=(const MainWindow&) = delete;
 
-    // Starts the plug-in and lists its items; shows a message if it does not start.
-    void StartPlugin();
+    // Starts Plyweld and the other plug-ins beside it and lists their items; shows a message if one
+    // does not start.
+    void StartPlugins();
     // Shows a message if it cannot be opened. False: not opened.
     bool Open(const std::filesystem::path& file);
     // Runs until the window is closed.
@@ -74,7 +75,7 @@ private:
     HWND m_window;  // receives messages during its creation, so it comes after the members it uses
     ProgressWindow m_progress;
     WindowsDialogs m_dialogs;
-    std::unique_ptr<cli::Plugin> m_plugin;
+    LoadedPlugins m_plugins;
 };
 
 }  // namespace standin::desktop

@@ -39,13 +39,10 @@ void MainWindow::CarryOut(u16 command) {
 }
 
 void MainWindow::ChoosePluginItem(int item) const {
-    if (m_plugin == nullptr) {
-        return;
-    }
     const Document* document = App().CurrentDocument();
     const EREGION whole = document != nullptr ? document->WholeRegion() : EREGION{};
     const auto selection = document != nullptr ? document->selection : std::nullopt;
-    m_plugin->Invoke(m_window, item, selection ? &*selection : nullptr, whole);
+    m_plugins.Invoke(m_window, item, selection ? &*selection : nullptr, whole);
 }
 
 bool MainWindow::CarryOutFile(u16 command) {

@@ -116,7 +116,7 @@ void MenuBar::Enable(u16 command, bool enabled) const {
     EnableMenuItem(m_bar, command, MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED));
 }
 
-void MenuBar::Update(const cli::Plugin* plugin, const OpenDocuments& documents) {
+void MenuBar::Update(const LoadedPlugins& plugins, const OpenDocuments& documents) {
     const Document* document = App().CurrentDocument();
     const bool isOpen = document != nullptr;
     for (const u16 command :
@@ -132,7 +132,7 @@ void MenuBar::Update(const cli::Plugin* plugin, const OpenDocuments& documents) 
     }
     UpdateUndo();
     UpdateView();
-    UpdatePlugin(plugin);
+    UpdatePlugins(plugins);
     UpdateDocuments(documents);
 }
 
@@ -156,12 +156,9 @@ void MenuBar::UpdateView() {
                   app.ShowsActiveLayerOnly() ? MF_CHECKED : MF_UNCHECKED);
 }
 
-void MenuBar::UpdatePlugin(const cli::Plugin* plugin) {
-    if (plugin == nullptr) {
-        return;
-    }
-    for (int item = 0; item < static_cast<int>(plugin->Items().size()); ++item) {
-        Enable(static_cast<u16>(Command::kFirstPluginItem + item), plugin->IsEnabled(item));
+void MenuBar::UpdatePlugins(const LoadedPlugins& plugins) {
+    for (int item = 0; item < static_cast<int>(plugins.Items().size()); ++item) {
+        Enable(static_cast<u16>(Command::kFirstPluginItem + item), plugins.IsEnabled(item));
     }
 }
 

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "host/cli/plugin.h"
 #include "host/desktop/toolkit/windows_api.h"
+#include "host/desktop/window/loaded_plugins.h"
 #include "host/desktop/window/open_documents.h"
 
 namespace standin::desktop {
@@ -18,13 +18,13 @@ public:
     MenuBar(HWND window, MenuBarKind kind);
 
     void ListPluginItems(const std::vector<cli::PluginItem>& items);
-    // Updates states, marks and the texts of undo, redo and the documents. The plug-in may be null.
-    void Update(const cli::Plugin* plugin, const OpenDocuments& documents);
+    // Updates states, marks and the texts of undo, redo and the documents.
+    void Update(const LoadedPlugins& plugins, const OpenDocuments& documents);
 
 private:
     void UpdateUndo();
     void UpdateView();
-    void UpdatePlugin(const cli::Plugin* plugin);
+    void UpdatePlugins(const LoadedPlugins& plugins);
     void UpdateDocuments(const OpenDocuments& documents);
     void Enable(u16 command, bool enabled) const;
 
