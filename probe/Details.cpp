@@ -22,7 +22,7 @@ struct DetailRow {
     bool isOfNote;
 };
 
-constexpr DetailRow kRows[] = {
+constexpr DetailRow kDetailRows[] = {
 #define ENTRY_DETAIL(name, family, structure, tag, downTag, flag, ...) \
     {#structure, tag, sizeof(structure), DetailFlag::flag, false},
 #define NOTE_DETAIL(name, structure, tag, flag, ...) \
@@ -112,7 +112,7 @@ void Details::LookAtFields(u32 tag, const std::vector<u8>& bytes,
 std::vector<EDTTuplet2005> Details::Read(const EXENTRY& entry) {
     std::vector<EDTTuplet2005> tuplets;
     u32 flags = 0;
-    for (const DetailRow& row : kRows) {
+    for (const DetailRow& row : kDetailRows) {
         if (row.tag == 0) {
             continue;
         }
@@ -140,8 +140,9 @@ void Details::Report(Findings& findings) const {
     findings.Add("FX_DeleteEData numbers", Say(Text::kUsualGaps), m_numbers);
     findings.Begin(Text::kDetails);
     findings.Add("EXENTRY flags", Say(Text::kFlags), m_flags);
-    for (const DetailRow& row : kRows) {
-        if (row.tag == 0 || std::any_of(std::begin(kRows), &row, [&row](const DetailRow& other) {
+    for (const DetailRow& row : kDetailRows) {
+        if (row.tag == 0 ||
+            std::any_of(std::begin(kDetailRows), &row, [&row](const DetailRow& other) {
                 return std::strcmp(other.name, row.name) == 0;
             })) {
             continue;

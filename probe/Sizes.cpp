@@ -39,7 +39,7 @@ void MeasureRegions(Findings& findings) {
              }));
 }
 
-void MeasureTexts(Findings& findings, const Score& score) {
+void MeasureTextSizes(Findings& findings, const Score& score) {
     AddExact(findings, "FX_GetDocumentPath", kPathUnits * sizeof(char16),
              LastWritten([&](u8* room) {
                  Host::GetDocumentPath(score.document, Units(room), kPathUnits);
@@ -73,7 +73,7 @@ void MeasureSizes(Findings& findings, const Score& score) {
              }));
     MeasureRegions(findings);
     if (score.document != 0) {
-        MeasureTexts(findings, score);
+        MeasureTextSizes(findings, score);
     }
 }
 

@@ -56,7 +56,7 @@ struct ShowCommand {
 // Commands of plug-ins, with their stored options and without their dialogs.
 struct PluginCommand {
     std::string input;
-    std::string output;  // empty: the score is not written
+    std::string output;               // empty: the score is not written
     std::vector<std::string> titles;  // of the commands, run one after the other
 };
 
