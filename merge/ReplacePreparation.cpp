@@ -13,7 +13,7 @@ constexpr u16 kToggleShowActiveLayerOnly = 10632;
 constexpr u16 kActivateFirstLayer = 10633;  // + n activates layer n
 constexpr u16 kReplaceInLayer = 16048;
 
-class CurrentDocument final : public FinPIDoc {};
+class ShownDocument final : public FinPIDoc {};
 
 void ActivateLayer(i16 layer) {
     Host::ExecuteMenuItem(static_cast<u16>(kActivateFirstLayer + layer));
@@ -78,7 +78,7 @@ i16 Plyweld::PrepareDocument() {
         PostNotActivated();
         return 1;
     }
-    const CurrentDocument document;
+    const ShownDocument document;
     const auto destination = static_cast<i16>(m_configData.destinationLayer);
     const bool wasOn = document.ShowActiveLayerOnlyOption() != 0;
     if (!wasOn) {
