@@ -50,7 +50,10 @@ std::vector<std::string> CommandNames() {
 }
 
 std::vector<std::string> OptionNames(std::span<const OptionRow> rows) {
-    std::vector<std::string> names{HelpOption().LongName()};
+    std::vector<std::string> names;
+    for (const OptionRow& row : CommonOptions()) {
+        names.push_back(row.LongName());
+    }
     for (const OptionRow& row : rows) {
         if (!row.IsArgument()) {
             names.push_back(row.LongName());
@@ -130,7 +133,7 @@ Arguments TakeApart(std::vector<std::string> words) {
         command->set_help_flag();
         command->allow_extras();
         AddOptions(*command, row.options);
-        AddOption(*command, HelpOption());
+        AddOptions(*command, CommonOptions());
     }
     Arguments arguments;
     try {
@@ -148,8 +151,8 @@ Arguments TakeApart(std::vector<std::string> words) {
     std::string wrong = TakeValues(app, ProgramOptions(), arguments);
     if (arguments.command != nullptr) {
         const CLI::App& command = *app.get_subcommand(std::string{arguments.command->name});
-        const OptionRow help[] = {HelpOption()};
-        TakeValues(command, help, arguments);
+        const std::string wrongCommon = TakeValues(command, CommonOptions(), arguments);
+        wrong = wrong.empty() ? wrongCommon : wrong;
         const std::string wrongValue = TakeValues(command, arguments.command->options, arguments);
         wrong = wrong.empty() ? wrongValue : wrong;
     }

@@ -138,7 +138,7 @@ std::vector<std::string> ArgumentsFor(const BatchItem& item,
     if (const std::string manners = NamesOf(App().manners); !manners.empty()) {
         arguments = {"--host", manners};
     }
-    arguments.insert(arguments.end(), {"merge", TextOf(item.input), "--json"});
+    arguments.insert(arguments.end(), {"merge", TextOf(item.input), "--json", "--color", "never"});
     if (!item.output.empty()) {
         arguments.insert(arguments.end(), {"-o", TextOf(item.output)});
     }

@@ -12,6 +12,7 @@
 #include "host/cli/messages.h"
 #include "host/cli/output_file.h"
 #include "host/cli/report_file.h"
+#include "host/cli/terminal.h"
 #include "host/report/page/index_page.h"
 #include "host/system/child_process.h"
 #include "host/system/machine.h"
@@ -80,6 +81,7 @@ public:
         for (std::thread& worker : workers) {
             worker.join();
         }
+        m_progress.Clear();
         const std::string problem = m_command.report.empty() ? std::string{} : WriteIndex();
         Conclude();
         if (!problem.empty()) {
@@ -125,6 +127,7 @@ private:
         }
         const std::lock_guard lock{m_output};
         m_interrupted = m_interrupted || exitCode == kInterrupted;
+        m_progress.Clear();
         const std::string told = ContentOf(errors);
         std::cerr << told;
         if (!problem.empty()) {
@@ -136,6 +139,8 @@ private:
             m_rows[index].problem = problem.empty() ? LastComplaint(told) : problem;
             m_rows[index].isMerged = false;
         }
+        m_progress.Show(Say(Text::kMergedScores,
+                            {std::to_string(++m_finished), std::to_string(m_items.size())}));
     }
 
     // Both return an error message.
@@ -227,6 +232,8 @@ private:
     std::atomic<std::size_t> m_next = 0;
     std::atomic<bool> m_interrupted = false;
     std::mutex m_output;  // guards the members below, and the streams
+    StatusLine m_progress;
+    std::size_t m_finished = 0;
     Totals m_totals;
     std::vector<std::string> m_failed;
     nlohmann::ordered_json m_reports = nlohmann::ordered_json::array();

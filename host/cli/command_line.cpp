@@ -12,6 +12,7 @@
 #include "host/cli/option_values.h"
 #include "host/cli/output_file.h"
 #include "host/cli/report_file.h"
+#include "host/cli/terminal.h"
 #include "host/system/machine.h"
 
 namespace standin::cli {
@@ -222,6 +223,10 @@ std::variant<Command, ExitCode> CommandOf(const Arguments& arguments) {
 
 std::variant<Command, ExitCode> ParseCommandLine(std::vector<std::string> words) {
     const Arguments arguments = TakeApart(std::move(words));
+    ChooseColors(arguments.Value(kColor, "auto"));
+    if (arguments.Has(kQuiet)) {
+        HideProgress();
+    }
     if (!arguments.problem.empty()) {
         return Refuse(arguments.problem, arguments.command);
     }

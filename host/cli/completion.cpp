@@ -54,7 +54,13 @@ std::string JoinedNames(std::span<const OptionRow> rows) {
             joined += row.IsArgument() ? "" : name + ' ';
         }
     }
-    return joined + "-h --help";
+    for (const OptionRow& row : CommonOptions()) {
+        for (const std::string& name : NamesOf(row)) {
+            joined += name + ' ';
+        }
+    }
+    joined.pop_back();
+    return joined;
 }
 
 std::string WordsOfCommands() {
@@ -102,7 +108,7 @@ std::string BashScript() {
         "    if [ \"$COMP_CWORD\" -eq 1 ]; then\n"
         "        COMPREPLY=($(compgen -W '" +
         WordsOfCommands() +
-        " -h --help -V --version' -- \"$word\"))\n"
+        " -h --help --color -V --version' -- \"$word\"))\n"
         "        return\n"
         "    fi\n"
         "    case ${COMP_WORDS[1]} in\n";
@@ -110,6 +116,9 @@ std::string BashScript() {
         script += "    " + std::string{command.name} + ")\n    case $previous in\n";
         for (const OptionRow& row : command.options) {
             script += row.IsArgument() || row.kind == ValueKind::kNone ? "" : BashValue(row);
+        }
+        for (const OptionRow& row : CommonOptions()) {
+            script += row.kind == ValueKind::kNone ? "" : BashValue(row);
         }
         const std::string_view choices = ArgumentChoices(command);
         const ValueKind first =
@@ -165,8 +174,10 @@ std::string ZshArguments(const CommandRow& command) {
             text += " \\\n            " + spec;
         }
     }
-    for (const std::string& spec : ZshSpecs(HelpOption())) {
-        text += " \\\n            " + spec;
+    for (const OptionRow& row : CommonOptions()) {
+        for (const std::string& spec : ZshSpecs(row)) {
+            text += " \\\n            " + spec;
+        }
     }
     return text + "\n        ;;\n";
 }
@@ -238,7 +249,9 @@ std::string FishScript() {
                 }
             }
         }
-        script += FishOption(HelpOption(), condition);
+        for (const OptionRow& row : CommonOptions()) {
+            script += FishOption(row, condition);
+        }
     }
     for (const OptionRow& row : ProgramOptions()) {
         script += FishOption(row, "__fish_use_subcommand");

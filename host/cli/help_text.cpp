@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/cli/installation.h"
+#include "host/cli/terminal.h"
 
 namespace standin::cli {
 
@@ -24,7 +25,7 @@ constexpr ExitCodeRow kExitCodes[] = {
 };
 
 std::string Heading(Text text) {
-    return "\n" + std::string{Say(text)} + ":\n";
+    return '\n' + OutputPaint()(Ink::kHeading, std::string{Say(text)} + ':') + '\n';
 }
 
 // The width of the text in columns: continuation bytes of UTF-8 do not count.
@@ -161,8 +162,8 @@ std::string CommandHelp(const CommandRow& command) {
     if (!arguments.empty()) {
         text += Heading(Text::kArguments) + arguments;
     }
-    const OptionRow help[] = {HelpOption()};
-    text += Heading(Text::kOptions) + OptionRows(command.options, false) + OptionRows(help, false);
+    text += Heading(Text::kOptions) + OptionRows(command.options, false) +
+            OptionRows(CommonOptions(), false);
     return text + Heading(Text::kExitCodes) + ExitCodeRows();
 }
 

@@ -12,6 +12,7 @@
 #include "host/cli/report_file.h"
 #include "host/cli/score_bytes.h"
 #include "host/cli/selection.h"
+#include "host/cli/terminal.h"
 #include "host/cli/verified_merge.h"
 #include "host/report/report_json.h"
 #include "host/report/report_text.h"
@@ -63,7 +64,8 @@ void Print(const MergeReport& report, const MergeCommand& command) {
         stream << ReportAsJson(report).dump(2) << '\n';
         return;
     }
-    stream << ReportAsText(report, command.details);
+    const Paint paint = command.output == kStandardStream ? ErrorPaint() : OutputPaint();
+    stream << ReportAsText(report, command.details, paint);
     if (command.dryRun) {
         stream << Say(Text::kNothingWritten) << '\n';
     }

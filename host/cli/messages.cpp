@@ -3,16 +3,20 @@
 #include <iostream>
 
 #include "host/cli/output_file.h"
+#include "host/cli/terminal.h"
 #include "host/texts/texts.h"
 
 namespace standin::cli {
 
 void Complain(const std::string& problem) {
-    std::cerr << "plyweld: " << problem << '\n';
+    const Paint paint = ErrorPaint();
+    std::cerr << paint(Ink::kError, "plyweld:") << ' ' << problem << '\n';
 }
 
 void Warn(const std::string& place, const std::string& words) {
-    std::cerr << "plyweld: " << place << ": " << Say(Text::kWarning, {words}) << '\n';
+    const Paint paint = ErrorPaint();
+    std::cerr << "plyweld: " << place << ": " << paint(Ink::kWarning, Say(Text::kWarning)) << ' '
+              << words << '\n';
 }
 
 std::string PlaceIn(const std::string& score, std::size_t line) {

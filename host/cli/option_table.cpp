@@ -85,6 +85,7 @@ constexpr CommandRow kCommands[] = {
 
 constexpr OptionRow kProgramOptions[] = {
     {kHelp, "-h,--help", Text::kHelpHelp},
+    {kColor, "--color", Text::kColorHelp, kChoice, "WHEN", "auto", "auto always never"},
     {kVersion, "-V,--version", Text::kVersionHelp},
 };
 
@@ -108,8 +109,8 @@ std::span<const OptionRow> ProgramOptions() {
     return kProgramOptions;
 }
 
-const OptionRow& HelpOption() {
-    return kProgramOptions[0];
+std::span<const OptionRow> CommonOptions() {
+    return std::span{kProgramOptions}.first(2);
 }
 
 }  // namespace standin::cli

@@ -40,6 +40,7 @@ enum class OptionId {
     kShell,
     kHelp,
     kVersion,
+    kColor,
 };
 
 // The type of an option's value, for its check and for completion.
@@ -86,8 +87,8 @@ std::span<const CommandRow> Commands();
 // Null if no command has this name.
 const CommandRow* FindCommand(std::string_view name);
 
-// Those of the program itself and of every command.
+// The options before a command, and those that every command takes as well.
 std::span<const OptionRow> ProgramOptions();
-const OptionRow& HelpOption();
+std::span<const OptionRow> CommonOptions();
 
 }  // namespace standin::cli

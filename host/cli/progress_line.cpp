@@ -1,9 +1,9 @@
 #include "host/cli/progress_line.h"
 
 #include <csignal>
-#include <iostream>
+#include <string>
 
-#include "host/system/machine.h"
+#include "host/texts/texts.h"
 
 namespace standin::cli {
 
@@ -17,8 +17,7 @@ void OnInterrupt(int) {
 
 }  // namespace
 
-ProgressLine::ProgressLine(u16 lastMeasure)
-    : m_lastMeasure{lastMeasure}, m_visible{machine::ErrorsGoToTerminal()} {
+ProgressLine::ProgressLine(u16 lastMeasure) : m_lastMeasure{lastMeasure} {
     g_interrupted = 0;
     m_interruptBefore = std::signal(SIGINT, OnInterrupt);
     App().progressListener = [this](const ProgressReport& report) { return Report(report); };
@@ -27,16 +26,13 @@ ProgressLine::ProgressLine(u16 lastMeasure)
 ProgressLine::~ProgressLine() {
     App().progressListener = nullptr;
     std::signal(SIGINT, m_interruptBefore);
-    if (m_shown != 0) {
-        std::cerr << "\r\x1b[K" << std::flush;
-    }
 }
 
 bool ProgressLine::Report(const ProgressReport& report) {
-    if (m_visible && report.measure > 0 && report.measure != m_shown) {
+    if (report.measure > 0 && report.measure != m_shown) {
         m_shown = report.measure;
-        std::cerr << "\rMerging measure " << report.measure << " of " << m_lastMeasure
-                  << std::flush;
+        m_line.Show(Say(Text::kMergingMeasure,
+                        {std::to_string(report.measure), std::to_string(m_lastMeasure)}));
     }
     return g_interrupted == 0;
 }

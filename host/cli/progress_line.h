@@ -1,6 +1,7 @@
 // Shows the run's progress on standard error and lets the user stop it.
 #pragma once
 
+#include "host/cli/terminal.h"
 #include "host/score/application.h"
 
 namespace standin::cli {
@@ -18,7 +19,7 @@ private:
     bool Report(const ProgressReport& report);
 
     u16 m_lastMeasure;
-    bool m_visible;
+    StatusLine m_line;
     i16 m_shown = 0;
     void (*m_interruptBefore)(int);
 };

@@ -6,6 +6,7 @@
 
 #include "host/cli/commands.h"
 #include "host/cli/messages.h"
+#include "host/cli/terminal.h"
 #include "host/score/application.h"
 #include "host/system/machine.h"
 
@@ -57,6 +58,7 @@ bool TakeManners(std::vector<std::string>& arguments) {
 int RunCommandLine(std::vector<std::string> arguments) {
     machine::PrepareStreams();
     SetLanguage(machine::UserLanguage());
+    ResetTerminal();
     const int exitCode = Run(std::move(arguments));
     std::cout.flush();
     if (std::cout.fail() && exitCode == kDone) {

@@ -7,6 +7,7 @@
 #include "host/cli/merge_run.h"
 #include "host/cli/messages.h"
 #include "host/cli/open_score.h"
+#include "host/cli/terminal.h"
 #include "host/report/layer_contents.h"
 #include "host/report/places.h"
 #include "host/report/report_json.h"
@@ -108,7 +109,8 @@ ExitCode Show(const ShowCommand& command) {
         json["merge"] = ReportAsJson(report);
         std::cout << json.dump(2) << '\n';
     } else {
-        std::cout << TextOf(json) << Say(Text::kMergeOfAll) << '\n' << ReportAsText(report, false);
+        std::cout << TextOf(json) << Say(Text::kMergeOfAll) << '\n'
+                  << ReportAsText(report, false, OutputPaint());
     }
     return kDone;
 }

@@ -99,31 +99,34 @@ std::string ClearedLine(const MergeReport& report) {
                 std::to_string(report.request.options.destination + 1)});
 }
 
-std::string ReportAsText(const MergeReport& report, bool withDetails) {
-    std::string text =
+std::string ReportAsText(const MergeReport& report, bool withDetails, const Paint& paint) {
+    const std::string moved =
         Count(report.ChordsFormed(), Text::kOneChordFormed, Text::kManyChordsFormed) + ", " +
         Count(report.RestsFilled(), Text::kOneRestFilled, Text::kManyRestsFilled) + ", " +
-        Count(report.NotesMoved(), Text::kOneNoteMoved, Text::kManyNotesMoved) + '\n';
+        Count(report.NotesMoved(), Text::kOneNoteMoved, Text::kManyNotesMoved);
+    std::string text = paint(Ink::kHeading, moved) + '\n';
     if (report.NotesCleared() > 0) {
-        text += ClearedLine(report) + '\n';
+        text += paint(Ink::kWarning, ClearedLine(report)) + '\n';
     }
     std::vector<std::string> stays;
     for (const Stretch& stretch : StretchesOf(report)) {
         stays.push_back(LineOf(stretch, report));
     }
-    text +=
-        Count(report.Stayed(), Text::kOneLeft, Text::kManyLeft) + (stays.empty() ? "\n" : ":\n");
+    const std::string left = Count(report.Stayed(), Text::kOneLeft, Text::kManyLeft);
+    text += stays.empty() ? left + '\n' : paint(Ink::kHeading, left + ':') + '\n';
     text += ListOf(stays, "  ", withDetails);
     std::vector<std::string> remarks;
     for (const Remark& remark : report.remarks) {
         remarks.push_back(WordsFor(remark));
     }
     if (!remarks.empty()) {
-        text += std::string{Say(Text::kRemarks)} + ":\n" + ListOf(remarks, "  ", withDetails);
+        text += paint(Ink::kHeading, std::string{Say(Text::kRemarks)} + ':') + '\n' +
+                ListOf(remarks, "  ", withDetails);
     }
     if (report.verified) {
-        text += Say(report.NotesCleared() > 0 ? Text::kVerifiedButCleared : Text::kVerified);
-        text += '\n';
+        const Text verified =
+            report.NotesCleared() > 0 ? Text::kVerifiedButCleared : Text::kVerified;
+        text += paint(Ink::kSuccess, Say(verified)) + '\n';
     }
     return text;
 }

@@ -4,12 +4,13 @@
 #include <string>
 
 #include "host/report/merge_report.h"
+#include "host/texts/paint.h"
 
 namespace standin {
 
 // Each line ends with a line break. A long list of music that stayed is cut unless details are
 // wanted.
-std::string ReportAsText(const MergeReport& report, bool withDetails);
+std::string ReportAsText(const MergeReport& report, bool withDetails, const Paint& paint);
 
 // The lines, each behind the indent; without details only the first ones and how many more there
 // are.

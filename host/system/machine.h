@@ -64,6 +64,9 @@ void FlushFolder(const std::filesystem::path& folder);
 bool ErrorsGoToTerminal();
 bool OutputGoesToTerminal();
 
+// Whether the terminal understands codes for colors and for erasing a line.
+bool TerminalTakesCodes();
+
 // The language of the user interface: on Windows the user's choice, elsewhere from the environment.
 Language UserLanguage();
 

@@ -57,10 +57,11 @@ TEST_F(BatchItems, FolderScoresAreSortedByName) {
 TEST_F(BatchItems, ScoresKeepTheHostsManners) {
     using Words = std::vector<std::string>;
     EXPECT_EQ(ArgumentsFor({"a.xml", {}}, {"--verify"}),
-              (Words{"merge", "a.xml", "--json", "--verify"}));
+              (Words{"merge", "a.xml", "--json", "--color", "never", "--verify"}));
     App().manners = {.wide = true, .gaps = true};
     EXPECT_EQ(ArgumentsFor({"a.xml", "b.xml"}, {}),
-              (Words{"--host", "wide,gaps", "merge", "a.xml", "--json", "-o", "b.xml"}));
+              (Words{"--host", "wide,gaps", "merge", "a.xml", "--json", "--color", "never", "-o",
+                     "b.xml"}));
     App().manners = {};
 }
 

@@ -157,6 +157,15 @@ TEST(CommandLine, HelpShowsEveryOption) {
     EXPECT_NE(TextFor("-V").find(PLYWELD_VERSION), std::string::npos);
 }
 
+TEST(CommandLine, ColorsAreForTerminalsUnlessAskedFor) {
+    EXPECT_EQ(TextFor("help merge").find('\x1b'), std::string::npos) << "this is no terminal";
+    for (const char* line : {"--color always help merge", "help merge --color=always"}) {
+        EXPECT_NE(TextFor(line).find("\x1b[1mOptions:\x1b[0m"), std::string::npos) << line;
+    }
+    EXPECT_NE(RefusalOf("merge --color never").find("plyweld: IN"), std::string::npos);
+    EXPECT_NE(RefusalOf("merge --color maybe").find("maybe is not one of"), std::string::npos);
+}
+
 // The score has three measures, printed as 0 to 2, the second in 6/8, and a part of one staff
 // before one of two.
 const struct {

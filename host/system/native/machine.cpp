@@ -119,6 +119,11 @@ bool OutputGoesToTerminal() {
     return isatty(STDOUT_FILENO) == 1;
 }
 
+bool TerminalTakesCodes() {
+    const char* terminal = std::getenv("TERM");
+    return terminal != nullptr && *terminal != '\0' && std::string_view{terminal} != "dumb";
+}
+
 Language UserLanguage() {
     const bool isSpanish =
         platform::headless::CurrentLanguage() == platform::headless::Language::kSpanish;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <io.h>
@@ -33,6 +34,23 @@ void SetShift(BYTE state) {
         keys[VK_SHIFT] = state;
         SetKeyboardState(keys.data());
     }
+}
+
+UINT g_codePageBefore = 0;
+
+// A console shows bytes by its code page, which other programs share: it gets the old one back.
+void UseUtf8OnConsole() {
+    g_codePageBefore = GetConsoleOutputCP();
+    if (g_codePageBefore != 0 && g_codePageBefore != CP_UTF8 && SetConsoleOutputCP(CP_UTF8) != 0) {
+        std::atexit([] { SetConsoleOutputCP(g_codePageBefore); });
+    }
+}
+
+bool TakesCodes(DWORD stream) {
+    const HANDLE console = GetStdHandle(stream);
+    DWORD mode = 0;
+    return GetConsoleMode(console, &mode) != 0 &&
+           SetConsoleMode(console, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
 }
 
 }  // namespace
@@ -119,6 +137,7 @@ void RunTimers() {
 void PrepareStreams() {
     _setmode(_fileno(stdin), _O_BINARY);
     _setmode(_fileno(stdout), _O_BINARY);
+    UseUtf8OnConsole();
 }
 
 std::error_code WriteThrough(const std::filesystem::path& file, std::string_view bytes) {
@@ -159,6 +178,11 @@ bool ErrorsGoToTerminal() {
 
 bool OutputGoesToTerminal() {
     return _isatty(_fileno(stdout)) != 0;
+}
+
+bool TerminalTakesCodes() {
+    static const bool takes = TakesCodes(STD_ERROR_HANDLE) || TakesCodes(STD_OUTPUT_HANDLE);
+    return takes;
 }
 
 Language UserLanguage() {
