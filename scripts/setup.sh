@@ -192,7 +192,15 @@ make_wine_prefix() {
     quietly with_display wine wineboot --init || fail "Wine could not make its prefix"
     quietly wine_server -w || fail "Wine's server did not end"
     link_wine_libraries
+    keep_out_of_home
     say "$version" >"$WINEPREFIX/.ready"
+}
+
+# Wine links the user's documents and other folders to the home folder. What a test writes there
+# belongs in the prefix.
+keep_out_of_home() {
+    find "$WINEPREFIX/drive_c/users" -mindepth 2 -maxdepth 2 -type l |
+        while read -r link; do rm "$link" && mkdir "$link"; done
 }
 
 # A new prefix holds copies of all of Wine's libraries, 600 MB; links to the originals are enough.
