@@ -70,7 +70,7 @@ TEST(CommandLine, OptionsReachTheRecord) {
 std::string RefusalOf(const std::string& line) {
     testing::internal::CaptureStderr();
     const auto parsed = ParseCommandLine(Words(line));
-    const std::string text = testing::internal::GetCapturedStderr();
+    std::string text = testing::internal::GetCapturedStderr();
     EXPECT_TRUE(std::holds_alternative<ExitCode>(parsed) && std::get<ExitCode>(parsed) == kUsage);
     EXPECT_TRUE(text.starts_with("plyweld: ")) << text;
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
