@@ -6,8 +6,8 @@
 #include <string>
 
 #include "bench/eighth_note_score.h"
-#include "host/cli/plugin.h"
-#include "host/cli/stored_options.h"
+#include "host/cli/commands/plugin.h"
+#include "host/cli/io/stored_options.h"
 #include "host/score/application.h"
 
 namespace {

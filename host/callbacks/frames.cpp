@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "host/callbacks/serve.h"
-#include "host/score/detail_kinds.h"
 #include "host/score/entry_form.h"
-#include "host/score/tags.h"
+#include "host/score/records/detail_kinds.h"
+#include "host/score/records/tags.h"
 #include "shell/host/detail_flags.h"
 #include "shell/host/host_functions.h"
 #include "shell/host/host_records_more.h"

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "host/callbacks/serve.h"
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 #include "shell/host/host_functions.h"
 
 using namespace standin;

@@ -4,9 +4,9 @@
 #include <iostream>
 #include <utility>
 
-#include "host/cli/commands.h"
-#include "host/cli/messages.h"
-#include "host/cli/terminal.h"
+#include "host/cli/commands/commands.h"
+#include "host/cli/io/messages.h"
+#include "host/cli/io/terminal.h"
 #include "host/score/application.h"
 #include "host/system/machine.h"
 

@@ -7,7 +7,7 @@
 #include <iterator>
 #include <thread>
 
-#include "host/cli/output_file.h"
+#include "host/cli/io/output_file.h"
 #include "host/desktop/script/script_player.h"
 #include "host/desktop/script/script_settings.h"
 #include "host/desktop/toolkit/wide_text.h"

@@ -4,7 +4,7 @@
 #include <cstring>
 #include <span>
 
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 
 namespace standin {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstring>
 
 #include "host/musicxml/note_details.h"
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 
 namespace standin {
 namespace {

@@ -16,7 +16,7 @@
 #include "host/musicxml/written_forms.h"
 #include "host/musicxml/xml/xml_text.h"
 #include "host/score/document.h"
-#include "host/score/rational.h"
+#include "host/score/time/rational.h"
 
 namespace standin {
 

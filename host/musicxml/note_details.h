@@ -9,7 +9,7 @@
 
 namespace standin {
 
-// Tags used in addition to those of host/score/tags.h.
+// Tags used in addition to those of host/score/records/tags.h.
 namespace DetailTag {
 inline constexpr u32 kArticulation = EntryDetailTag::kArticulation;  // EntryText
 inline constexpr u32 kRestLook = EntryDetailTag::kNoteAlts;          // EntryText, kRestLook

@@ -7,7 +7,7 @@
 
 #include "host/musicxml/fragments.h"
 #include "host/musicxml/note_values.h"
-#include "host/score/rational.h"
+#include "host/score/time/rational.h"
 
 namespace standin {
 

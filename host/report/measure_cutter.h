@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "host/report/excerpts.h"
-#include "host/score/rational.h"
+#include "host/score/time/rational.h"
 
 namespace standin {
 

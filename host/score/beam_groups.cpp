@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/score/entry_times.h"
+#include "host/score/time/entry_times.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/score/frame.h"
-#include "host/score/record_store.h"
+#include "host/score/records/record_store.h"
 #include "shell/host/host_records.h"
 
 namespace standin {

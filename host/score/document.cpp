@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 
 namespace standin {
 namespace {

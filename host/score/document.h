@@ -16,7 +16,7 @@
 #include "host/score/frame.h"
 #include "host/score/frame_key.h"
 #include "host/score/journal.h"
-#include "host/score/record_store.h"
+#include "host/score/records/record_store.h"
 #include "shell/host/host_frames.h"
 #include "shell/host/host_records.h"
 

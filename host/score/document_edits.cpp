@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "host/score/document.h"
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 
 namespace standin {
 namespace {

@@ -4,11 +4,11 @@
 
 #include "host/score/application.h"
 #include "host/score/beam_groups.h"
-#include "host/score/detail_kinds.h"
 #include "host/score/document.h"
 #include "host/score/entry_form.h"
-#include "host/score/entry_times.h"
+#include "host/score/records/detail_kinds.h"
 #include "host/score/selection.h"
+#include "host/score/time/entry_times.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {

@@ -10,7 +10,7 @@
 
 #include "host/score/frame.h"
 #include "host/score/frame_key.h"
-#include "host/score/record_store.h"
+#include "host/score/records/record_store.h"
 
 namespace standin {
 

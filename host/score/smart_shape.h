@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/score/document.h"
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 
 namespace standin {
 

@@ -5,8 +5,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "host/score/detail_kinds.h"
-#include "host/score/entry_times.h"
+#include "host/score/records/detail_kinds.h"
+#include "host/score/time/entry_times.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {

@@ -6,9 +6,9 @@
 #include <tuple>
 
 #include "host/score/application.h"
-#include "host/score/entry_times.h"
+#include "host/score/records/tags.h"
 #include "host/score/selection.h"
-#include "host/score/tags.h"
+#include "host/score/time/entry_times.h"
 #include "host/verify/changed_places.h"
 #include "host/verify/frame_faults.h"
 #include "host/verify/score_facts.h"

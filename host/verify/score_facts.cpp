@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <map>
 
-#include "host/score/detail_kinds.h"
-#include "host/score/tags.h"
+#include "host/score/records/detail_kinds.h"
+#include "host/score/records/tags.h"
 #include "host/verify/note_name.h"
 #include "shell/host/detail_flags.h"
 

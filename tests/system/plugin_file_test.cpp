@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "host/cli/plugin.h"
+#include "host/cli/commands/plugin.h"
 #include "host/system/machine.h"
 #include "platform/resources.h"
 #include "shell/host/host_functions.h"

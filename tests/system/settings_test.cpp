@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 #include <string>
 
-#include "host/cli/plugin.h"
+#include "host/cli/commands/plugin.h"
 #include "host/musicxml/read/read_score.h"
 #include "host/score/application.h"
 #include "tests/system/user_registry.h"

@@ -2,8 +2,8 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 
-#include "host/cli/batch.h"
-#include "host/cli/output_file.h"
+#include "host/cli/commands/batch.h"
+#include "host/cli/io/output_file.h"
 #include "host/score/application.h"
 #include "tests/unit/support/files.h"
 

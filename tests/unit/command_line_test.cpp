@@ -1,4 +1,4 @@
-#include "host/cli/command_line.h"
+#include "host/cli/usage/command_line.h"
 
 #include <algorithm>
 #include <array>
@@ -8,8 +8,8 @@
 #include <iterator>
 #include <sstream>
 
-#include "host/cli/option_table.h"
-#include "host/cli/selection.h"
+#include "host/cli/commands/selection.h"
+#include "host/cli/usage/option_table.h"
 
 namespace {
 

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
-#include "host/cli/output_file.h"
-#include "host/cli/stored_options.h"
+#include "host/cli/io/output_file.h"
+#include "host/cli/io/stored_options.h"
 #include "host/system/machine.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/files.h"

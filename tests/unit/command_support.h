@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
+#include "host/cli/usage/command_line.h"
 #include "host/score/application.h"
 #include "tests/unit/musicxml_support.h"
 #include "tests/unit/support/files.h"

@@ -1,6 +1,6 @@
 // Tuplets in merges of files: complete in both voices.
-#include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
+#include "host/cli/usage/command_line.h"
 #include "host/score/application.h"
 #include "tests/unit/support/files.h"
 #include "tests/unit/support/named_cases.h"

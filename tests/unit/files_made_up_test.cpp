@@ -3,8 +3,8 @@
 #include <array>
 #include <cstdlib>
 
-#include "host/cli/command_line.h"
 #include "host/cli/run_command.h"
+#include "host/cli/usage/command_line.h"
 #include "host/score/application.h"
 #include "tests/unit/musicxml_support.h"
 #include "tests/unit/support/files.h"

@@ -1,5 +1,5 @@
 // Frames on loan: what a save stores, and what it refuses.
-#include "host/score/detail_kinds.h"
+#include "host/score/records/detail_kinds.h"
 #include "shell/host/detail_flags.h"
 #include "tests/unit/support/loan.h"
 #include "tests/unit/support/named_cases.h"

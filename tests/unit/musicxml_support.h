@@ -9,8 +9,8 @@
 
 #include "host/musicxml/read/read_score.h"
 #include "host/musicxml/write/write_score.h"
-#include "host/readback/compare.h"
-#include "host/readback/read_content.h"
+#include "host/readback/compare/compare.h"
+#include "host/readback/read/read_content.h"
 #include "tests/unit/support/musicxml_text.h"
 #include "tests/unit/support/notation.h"
 

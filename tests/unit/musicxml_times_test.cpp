@@ -1,6 +1,6 @@
 // Starts and durations of entries in the host's units, and back in the file's.
 #include "host/musicxml/pitch.h"
-#include "host/score/rational.h"
+#include "host/score/time/rational.h"
 #include "tests/unit/musicxml_support.h"
 #include "tests/unit/support/named_cases.h"
 

@@ -5,7 +5,7 @@
 
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/write/beam_writer.h"
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 #include "tests/unit/musicxml_support.h"
 
 namespace standin {

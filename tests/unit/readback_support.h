@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/readback/compare.h"
-#include "host/readback/read_content.h"
+#include "host/readback/compare/compare.h"
+#include "host/readback/read/read_content.h"
 #include "tests/unit/support/musicxml_text.h"
 
 namespace standin {

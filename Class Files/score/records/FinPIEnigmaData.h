@@ -5,7 +5,7 @@
 #include <array>
 
 #include "Class Files/foundation/FinPIDoc.h"
-#include "Class Files/score/records/FinPISerializableObject.h"
+#include "Class Files/foundation/FinPISerializableObject.h"
 #include "shell/host/host_types.h"
 
 // The words that address a record, in the order of its family; what a family leaves unused is

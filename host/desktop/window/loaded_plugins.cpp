@@ -1,6 +1,6 @@
 #include "host/desktop/window/loaded_plugins.h"
 
-#include "host/cli/installation.h"
+#include "host/cli/io/installation.h"
 
 namespace standin::desktop {
 

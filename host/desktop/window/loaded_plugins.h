@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/cli/plugin.h"
+#include "host/cli/commands/plugin.h"
 
 namespace standin::desktop {
 

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "host/cli/output_file.h"
+#include "host/cli/io/output_file.h"
 #include "host/musicxml/read/read_score.h"
 #include "host/musicxml/write/write_score.h"
 

@@ -4,7 +4,7 @@
 #include <pugixml.hpp>
 
 #include "host/musicxml/problem.h"
-#include "host/score/rational.h"
+#include "host/score/time/rational.h"
 
 namespace standin {
 

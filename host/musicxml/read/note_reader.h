@@ -9,7 +9,7 @@
 #include "host/musicxml/note_values.h"
 #include "host/musicxml/problem.h"
 #include "host/musicxml/read/entry_draft.h"
-#include "host/score/rational.h"
+#include "host/score/time/rational.h"
 
 namespace standin {
 

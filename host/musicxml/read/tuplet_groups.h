@@ -10,7 +10,7 @@
 
 #include "host/musicxml/fragments.h"
 #include "host/musicxml/read/entry_draft.h"
-#include "host/score/record_store.h"
+#include "host/score/records/record_store.h"
 #include "shell/host/host_records.h"
 
 namespace standin {

@@ -5,7 +5,7 @@
 #include <string_view>
 
 #include "host/musicxml/imported_score.h"
-#include "host/musicxml/write/line_numbers.h"
+#include "host/musicxml/write/lines/line_numbers.h"
 
 namespace standin {
 

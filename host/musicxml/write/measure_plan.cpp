@@ -11,7 +11,7 @@
 #include "host/musicxml/write/stream_order.h"
 #include "host/musicxml/write/tie_links.h"
 #include "host/musicxml/write/voice_streams.h"
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 
 namespace standin {
 namespace {

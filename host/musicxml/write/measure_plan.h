@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/musicxml/entry_texts.h"
-#include "host/musicxml/write/line_ends.h"
+#include "host/musicxml/write/lines/line_ends.h"
 #include "host/musicxml/write/timed_entries.h"
 #include "host/musicxml/write/tuplet_brackets.h"
 

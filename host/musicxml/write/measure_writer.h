@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/musicxml/write/line_numbers.h"
+#include "host/musicxml/write/lines/line_numbers.h"
 #include "host/musicxml/write/measure_plan.h"
 #include "host/musicxml/write/note_writer.h"
 

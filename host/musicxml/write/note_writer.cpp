@@ -6,7 +6,7 @@
 
 #include "host/musicxml/lyric_numbers.h"
 #include "host/musicxml/pitch.h"
-#include "host/musicxml/write/time_ratio.h"
+#include "host/musicxml/time_ratio.h"
 
 namespace standin {
 

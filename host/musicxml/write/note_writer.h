@@ -9,7 +9,7 @@
 #include "host/musicxml/entry_texts.h"
 #include "host/musicxml/note_children.h"
 #include "host/musicxml/note_values.h"
-#include "host/musicxml/write/line_numbers.h"
+#include "host/musicxml/write/lines/line_numbers.h"
 #include "host/musicxml/write/timed_entries.h"
 
 namespace standin {

@@ -2,7 +2,7 @@
 
 #include <cstdlib>
 
-#include "host/score/entry_times.h"
+#include "host/score/time/entry_times.h"
 
 namespace standin {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "host/musicxml/fragments.h"
 #include "host/musicxml/note_details.h"
-#include "host/score/entry_times.h"
-#include "host/score/rational.h"
+#include "host/score/time/entry_times.h"
+#include "host/score/time/rational.h"
 
 namespace standin {
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/musicxml/write/item_text.h"
-#include "host/musicxml/write/line_numbers.h"
+#include "host/musicxml/write/lines/line_numbers.h"
 #include "host/musicxml/write/measure_plan.h"
 #include "host/musicxml/write/measure_writer.h"
 #include "host/musicxml/xml/archive.h"

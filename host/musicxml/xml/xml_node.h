@@ -5,7 +5,7 @@
 #include <pugixml.hpp>
 #include <string_view>
 
-#include "host/score/rational.h"
+#include "host/score/time/rational.h"
 
 namespace standin {
 

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <stdexcept>
 
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 #include "host/verify/note_name.h"
 
 namespace standin {

@@ -6,7 +6,7 @@
 #include <random>
 #include <sstream>
 
-#include "host/score/detail_kinds.h"
+#include "host/score/records/detail_kinds.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {

@@ -17,7 +17,7 @@
 
 #include "host/score/application.h"
 #include "host/score/document.h"
-#include "host/score/tags.h"
+#include "host/score/records/tags.h"
 
 namespace standin {
 

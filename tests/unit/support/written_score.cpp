@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "host/score/detail_kinds.h"
+#include "host/score/records/detail_kinds.h"
 #include "shell/host/output_room.h"
 
 namespace standin {

@@ -1,0 +1,235 @@
+// Whether a merge kept each note, with its chord and its attachments.
+#include <algorithm>
+#include <string>
+
+#include "host/readback/compare/comparison.h"
+
+namespace standin::readback {
+namespace {
+
+class ChordComparison {
+public:
+    explicit ChordComparison(const Comparison& comparison)
+        : m_all{comparison}, m_before{comparison.before}, m_after{comparison.after} {}
+
+    void Run() {
+        std::map<GroupKey, Group> groups;
+        for (u32 i = 0; i < m_before.score.chords.size(); ++i) {
+            groups[GroupOf(m_before.score.chords[i])].before.push_back(i);
+        }
+        for (u32 i = 0; i < m_after.score.chords.size(); ++i) {
+            groups[GroupOf(m_after.score.chords[i])].after.push_back(i);
+        }
+        for (const auto& [key, group] : groups) {
+            CompareNotes(group);
+            CompareCompany(group);
+            CompareRests(m_all, group);
+            if (key.second) {
+                CompareGraces(m_all, group);
+            }
+        }
+    }
+
+private:
+    void Report(const Chord& chord, Difference::Kind kind, const std::string& words) const {
+        AddMissing(m_all, chord.part, chord.place, kind, words);
+    }
+    void ReportOther(const Chord& chord, Text text, const std::string& words) const {
+        m_all.findings.Add(chord.part, chord.place, Difference::Kind::kOther, Say(text, {words}));
+    }
+
+    // Each note as often as before.
+    void CompareNotes(const Group& group) const {
+        struct Count {
+            int required = 0;
+            int possible = 0;
+            int found = 0;
+            const Side* side = nullptr;
+            u32 note = 0;
+        };
+        std::map<u32, Count> counts;
+        const auto count = [&](const Side& side, const Indices& chords, auto add) {
+            for (const u32 index : chords) {
+                const Chord& chord = side.score.chords[index];
+                for (u32 i = chord.notes.begin; i < chord.notes.end && !chord.rest; ++i) {
+                    Count& number = counts[side.noteIds[i]];
+                    if (number.side == nullptr) {
+                        number.side = &side;
+                        number.note = i;
+                    }
+                    add(number, index);
+                }
+            }
+        };
+        count(m_before, group.before, [this](Count& number, u32 chord) {
+            ++number.possible;
+            number.required += m_before.isCleared[chord] ? 0 : 1;
+        });
+        count(m_after, group.after, [](Count& number, u32) { ++number.found; });
+        for (const auto& [id, number] : counts) {
+            const Chord& chord =
+                number.side->score.chords[number.side->score.notes[number.note].chord];
+            const std::string& words = WordsForNote(m_all, *number.side, number.note);
+            if (number.found < number.required) {
+                Report(chord, Difference::Kind::kLost, words);
+            } else if (number.found > number.possible) {
+                Report(chord, Difference::Kind::kGained, words);
+            }
+        }
+    }
+
+    // Each chord must be in one chord, with its marks; no mark may come from nowhere.
+    void CompareCompany(const Group& group) const {
+        for (const u32 was : group.before) {
+            if (!m_before.score.chords[was].rest && !m_before.isCleared[was]) {
+                FindCompany(was, group);
+            }
+        }
+        for (const u32 is : group.after) {
+            if (!m_after.score.chords[is].rest) {
+                CheckGained(is, group.before);
+            }
+        }
+    }
+
+    void FindCompany(u32 was, const Group& group) const {
+        Indices missing;  // attachments, in the chord that comes nearest
+        bool isWhole = false;
+        bool lacksTuplet = false;
+        for (const u32 is : group.after) {
+            if (m_after.score.chords[is].rest || !HasNotesOf(m_after, is, m_before, was)) {
+                continue;
+            }
+            Indices lost = LostAttachments(was, is);
+            const bool torn = !HasBracketsOf(is, was) && !JoinedAChord(is, was, group.before);
+            if (!isWhole || lost.size() + torn < missing.size() + lacksTuplet) {
+                missing = std::move(lost);
+                lacksTuplet = torn;
+            }
+            isWhole = true;
+        }
+        const Chord& chord = m_before.score.chords[was];
+        const std::string& words = WordsForNote(m_all, m_before, chord.notes.begin);
+        if (!isWhole && HasEachNote(chord, group.after)) {
+            ReportOther(chord, Text::kPartedFromChord, words);
+        }
+        if (lacksTuplet) {
+            ReportOther(chord, Text::kOutOfTuplet, words);
+        }
+        for (const u32 attachment : missing) {
+            const u32 text = m_before.score.attachments[attachment].text;
+            Report(chord, Difference::Kind::kLost,
+                   Say(Text::kMarkOf, {m_all.findings.Quoted(text), words}));
+        }
+    }
+
+    bool HasBracketsOf(u32 is, u32 was) const {
+        return std::ranges::includes(m_after.score.chords[is].brackets,
+                                     m_before.score.chords[was].brackets);
+    }
+
+    // A note that joins a chord is in the tuplets of that chord, which keeps at least those it was
+    // in. Both have the same ratio, which is part of a note's form.
+    bool JoinedAChord(u32 is, u32 was, const Indices& before) const {
+        return std::ranges::any_of(before, [&](u32 other) {
+            return other != was && !m_before.score.chords[other].rest && HasBracketsOf(is, other) &&
+                   HasNotesOf(m_after, is, m_before, other);
+        });
+    }
+
+    // Missing notes are reported as lost.
+    bool HasEachNote(const Chord& chord, const Indices& after) const {
+        for (u32 note = chord.notes.begin; note < chord.notes.end; ++note) {
+            const u32 id = m_before.noteIds[note];
+            if (std::ranges::none_of(after, [&](u32 is) { return HasNote(m_after, is, id); })) {
+                return false;
+            }
+        }
+        return true;
+    }
+
+    // Attachments of the first chord that are missing in the second, which has its notes.
+    Indices LostAttachments(u32 was, u32 is) const {
+        Indices lost;
+        const Range& notes = m_before.score.chords[was].notes;
+        for (u32 note = notes.begin; note < notes.end; ++note) {
+            const Range& range = m_before.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                const Attachment& attachment = m_before.score.attachments[at];
+                if (!attachment.look && !Has(m_after, is, attachment, m_before.noteIds[note])) {
+                    lost.push_back(at);
+                }
+            }
+        }
+        return lost;
+    }
+
+    // Whether the chord has the attachment, which must be on that note if it is one note's alone. A
+    // lyric may have another number if its own is taken.
+    static bool Has(const Side& side, u32 chord, const Attachment& wanted, u32 noteId) {
+        const Range& notes = side.score.chords[chord].notes;
+        bool hasText = false;
+        bool isTaken = false;
+        for (u32 note = notes.begin; note < notes.end; ++note) {
+            const Range& range = side.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                const Attachment& attachment = side.score.attachments[at];
+                const bool isHere = !wanted.ofNote || side.noteIds[note] == noteId;
+                const bool isSame = isHere && attachment.text == wanted.text;
+                if (isSame && attachment.lyric == wanted.lyric) {
+                    return true;
+                }
+                hasText = hasText || isSame;
+                isTaken =
+                    isTaken || (attachment.lyric != kNone && attachment.lyric == wanted.lyric);
+            }
+        }
+        return hasText && isTaken;
+    }
+
+    void CheckGained(u32 is, const Indices& before) const {
+        const Chord& chord = m_after.score.chords[is];
+        for (u32 note = chord.notes.begin; note < chord.notes.end; ++note) {
+            const Range& range = m_after.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                const Attachment& attachment = m_after.score.attachments[at];
+                const bool isBrought =
+                    attachment.look || std::ranges::any_of(before, [&](u32 was) {
+                        return HasNotesOf(m_after, is, m_before, was) &&
+                               HasText(m_before, was, attachment, m_after.noteIds[note]);
+                    });
+                if (!isBrought) {
+                    Report(chord, Difference::Kind::kGained,
+                           Say(Text::kMarkOf, {m_all.findings.Quoted(attachment.text),
+                                               WordsForNote(m_all, m_after, note)}));
+                }
+            }
+        }
+    }
+
+    static bool HasText(const Side& side, u32 chord, const Attachment& wanted, u32 noteId) {
+        const Range& notes = side.score.chords[chord].notes;
+        for (u32 note = notes.begin; note < notes.end; ++note) {
+            const Range& range = side.score.notes[note].attachments;
+            for (u32 at = range.begin; at < range.end; ++at) {
+                if (side.score.attachments[at].text == wanted.text &&
+                    (!wanted.ofNote || side.noteIds[note] == noteId)) {
+                    return true;
+                }
+            }
+        }
+        return false;
+    }
+
+    const Comparison& m_all;
+    const Side& m_before;
+    const Side& m_after;
+};
+
+}  // namespace
+
+void CompareChords(const Comparison& comparison) {
+    ChordComparison{comparison}.Run();
+}
+
+}  // namespace standin::readback

@@ -1,0 +1,153 @@
+#include "host/readback/read/read_content.h"
+
+#include <algorithm>
+#include <cctype>
+#include <pugixml.hpp>
+
+#include "host/musicxml/xml/archive.h"
+#include "host/musicxml/xml/xml_text.h"
+#include "host/readback/read/canonical_xml.h"
+#include "host/readback/read/part_reading.h"
+#include "host/readback/read/stream_marks.h"
+
+namespace standin::readback {
+namespace {
+
+constexpr int kDeepestNesting = 200;
+constexpr u32 kMaxStavesOfPart = 1000;
+
+class DepthLimit : public pugi::xml_tree_walker {
+public:
+    bool for_each(pugi::xml_node&) override { return depth() < kDeepestNesting; }
+};
+
+// By measure, the highest number of a staff that is named.
+std::vector<u32> StavesOf(pugi::xml_node part, u32 index, const KnownMeasures* known) {
+    std::vector<u32> all;
+    for (const pugi::xml_node measure : part.children("measure")) {
+        const MeasureContent* content =
+            known == nullptr ? nullptr : known->Find(index, static_cast<u32>(all.size()));
+        u32 staves = content == nullptr ? 1 : content->staves;
+        for (const pugi::xml_node child : measure.children()) {
+            for (const pugi::xml_node of : child.children()) {
+                const std::string_view name = of.name();
+                if (name == "staff" || name == "staves") {
+                    staves = std::max(staves, of.text().as_uint(1));
+                }
+            }
+        }
+        all.push_back(std::min(staves, kMaxStavesOfPart));
+    }
+    return all;
+}
+
+void ReadHeader(pugi::xml_node root, Score& score, Texts& texts) {
+    score.items.push_back(
+        {kNone, {}, false, false, texts.Of("<score-partwise" + CanonicalAttributes(root) + '>')});
+    for (const pugi::xml_node child : root.children()) {
+        if (child.type() == pugi::node_element && std::string_view{child.name()} != "part") {
+            score.items.push_back({kNone, {}, false, false, texts.Of(CanonicalXml(child))});
+        }
+    }
+}
+
+// One line, even if the quoted text has several.
+Reading Refused(std::string problem, std::size_t line) {
+    std::replace_if(
+        problem.begin(), problem.end(),
+        [](char sign) { return static_cast<unsigned char>(sign) < 0x20; }, ' ');
+    return {nullptr, std::move(problem), line};
+}
+
+Reading ReadXml(std::string_view xml, Texts& texts, const KnownMeasures* known) {
+    pugi::xml_document document;
+    const pugi::xml_parse_result parsed = document.load_buffer(
+        xml.data(), xml.size(), pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol,
+        pugi::encoding_utf8);
+    if (!parsed) {
+        std::string reason = parsed.description();
+        reason.front() =
+            static_cast<char>(std::tolower(static_cast<unsigned char>(reason.front())));
+        return Refused("the file is not well-formed XML: " + reason,
+                       LineAt(xml, static_cast<std::size_t>(parsed.offset)));
+    }
+    DepthLimit limit;
+    if (!document.traverse(limit)) {
+        return Refused("elements are nested too deeply", 0);
+    }
+    const pugi::xml_node root = document.child("score-partwise");
+    if (!root) {
+        return Refused("the file is not a partwise MusicXML score", 0);
+    }
+    auto score = std::make_unique<Score>();
+    ReadHeader(root, *score, texts);
+    ElementTexts elements{xml, texts};
+    u32 nextStaff = 1;
+    for (const pugi::xml_node node : root.children("part")) {
+        const auto index = static_cast<u32>(score->parts.size());
+        const std::vector<u32> staves = StavesOf(node, index, known);
+        const u32 most = staves.empty() ? 1 : *std::max_element(staves.begin(), staves.end());
+        score->parts.push_back({texts.Of(node.attribute("id").value()), nextStaff, most, {}});
+        nextStaff += most;
+        const bool isRead = PartReading{*score, elements, known}.Read(node);
+        for (std::size_t i = 0; i < score->parts.back().measures.size(); ++i) {
+            score->parts.back().measures[i].staves = staves[i];
+        }
+        if (!isRead) {
+            return Refused("part " + std::to_string(score->parts.size()) + ", measure " +
+                               texts[score->parts.back().measures.back().number] +
+                               ": durations that cannot be added up exactly",
+                           0);
+        }
+    }
+    MarkStreams(*score, texts);
+    return {std::move(score), {}, 0};
+}
+
+DecodedText Decoded(std::string bytes) {
+    if (IsArchive(bytes)) {
+        ArchiveMember member = ReadArchivedScore(bytes);
+        if (!member.problem.empty()) {
+            return {{}, {}, std::move(member.problem), 0};
+        }
+        bytes = std::move(member.bytes);
+    }
+    return DecodeXml(std::move(bytes));
+}
+
+// Whether both have the same parts on the same staves, with as many measures.
+bool HaveOneShape(const Score& a, const Score& b) {
+    return std::equal(a.parts.begin(), a.parts.end(), b.parts.begin(), b.parts.end(),
+                      [](const Part& one, const Part& other) {
+                          return one.firstStaff == other.firstStaff && one.staves == other.staves &&
+                                 one.measures.size() == other.measures.size();
+                      });
+}
+
+}  // namespace
+
+Reading ReadContentOfText(std::string_view xml, Texts& texts) {
+    return ReadXml(xml, texts, nullptr);
+}
+
+Reading ReadContent(std::string bytes, Texts& texts) {
+    const DecodedText decoded = Decoded(std::move(bytes));
+    return decoded.problem.empty() ? ReadXml(decoded.text, texts, nullptr)
+                                   : Refused(decoded.problem, decoded.line);
+}
+
+Reading ReadContentOfResult(std::string bytes, Texts& texts, const Score& before,
+                            std::string_view xmlBefore) {
+    const DecodedText decoded = Decoded(std::move(bytes));
+    if (!decoded.problem.empty()) {
+        return Refused(decoded.problem, decoded.line);
+    }
+    const KnownMeasures known{before, xmlBefore, decoded.text, texts.Of("tuplet")};
+    Reading reading = ReadXml(known.Rest(), texts, &known);
+    if (reading.score != nullptr && HaveOneShape(before, *reading.score)) {
+        return reading;
+    }
+    return ReadXml(decoded.text, texts, nullptr);
+}
+
+}  // namespace standin::readback

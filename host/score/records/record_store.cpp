@@ -1,0 +1,212 @@
+#include "host/score/records/record_store.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace standin {
+namespace {
+
+constexpr unsigned kSharedBit = 63;  // for the tags without their own bit
+
+bool HasRecordNumbers(u32 tag) noexcept {
+    const RecordFamily family = FamilyOf(tag);
+    return !IsNumberedItem(tag) &&
+           (family == RecordFamily::kOther || family == RecordFamily::kDetail ||
+            family == RecordFamily::kEntryDetail);
+}
+
+}  // namespace
+
+const Bytes* RecordStore::Find(u32 tag, RecordKey key) const {
+    const Table& table = OfTag(tag);
+    const auto found = table.find(key);
+    return found == table.end() ? nullptr : &found->second;
+}
+
+bool RecordStore::Save(u32 tag, RecordKey key, Bytes bytes) {
+    const Bytes* stored = Find(tag, key);
+    if (stored == nullptr && FamilyOf(tag) != RecordFamily::kPreference) {
+        return false;
+    }
+    if (stored == nullptr || *stored != bytes) {
+        Tell(tag, key, stored);
+        Put(tag, TableOf(tag), key, std::move(bytes));
+    }
+    return true;
+}
+
+std::optional<RecordKey> RecordStore::Create(u32 tag, RecordKey key, Bytes bytes) {
+    const RecordFamily family = FamilyOf(tag);
+    if (family == RecordFamily::kNone || family == RecordFamily::kStaffAt) {
+        return std::nullopt;
+    }
+    Table& table = TableOf(tag);
+    if (HasRecordNumbers(tag)) {
+        const u16 count = CountOfItem(table, key);
+        if (count == kAppend) {
+            return std::nullopt;
+        }
+        key = key.WithInci(std::min(key.Inci(), count));
+        for (u16 inci = count; inci > key.Inci(); --inci) {
+            const u16 before = static_cast<u16>(inci - 1);
+            if (const auto at = table.find(key.WithInci(before)); at != table.end()) {
+                Renumber(tag, table, at, inci);
+            }
+        }
+        Tell(tag, key, nullptr);
+    } else {
+        if (IsNumberedItem(tag)) {
+            if (key.Inci() != 0 && key.Inci() != kAppend) {
+                return std::nullopt;
+            }
+            key = key.WithInci(0);
+        } else if (key.order == kAppend) {
+            const u64 next = table.empty() ? 1 : table.rbegin()->first.order + 1;
+            if (next >= kAppend) {
+                return std::nullopt;
+            }
+            key = {next};
+        }
+        if (table.contains(key)) {
+            return std::nullopt;
+        }
+        Tell(tag, key, nullptr);
+    }
+    Put(tag, table, key, std::move(bytes));
+    return key;
+}
+
+bool RecordStore::Delete(u32 tag, RecordKey key, After after) {
+    const auto named = m_tables.find(tag);
+    if (named == m_tables.end()) {
+        return false;
+    }
+    Table& table = named->second;
+    auto at = table.find(key);
+    if (at == table.end()) {
+        return false;
+    }
+    Tell(tag, key, &at->second);
+    at = table.erase(at);
+    while (after == After::kCloseUp && HasRecordNumbers(tag) && at != table.end() &&
+           at->first.Item() == key.Item()) {
+        const auto later = at++;
+        Renumber(tag, table, later, static_cast<u16>(later->first.Inci() - 1));
+    }
+    UnmarkIfLast(tag, key);
+    return true;
+}
+
+const RecordStore::Table::value_type* RecordStore::Next(u32 tag, RecordKey key) const {
+    const Table& table = OfTag(tag);
+    const auto found = table.upper_bound(key);
+    return found == table.end() ? nullptr : &*found;
+}
+
+const RecordStore::Table::value_type* RecordStore::Previous(u32 tag, RecordKey key) const {
+    const Table& table = OfTag(tag);
+    const auto found = table.lower_bound(key);
+    return found == table.begin() ? nullptr : &*std::prev(found);
+}
+
+const RecordStore::Table& RecordStore::OfTag(u32 tag) const {
+    static const Table kNone;
+    const auto found = m_tables.find(tag);
+    return found == m_tables.end() ? kNone : found->second;
+}
+
+u16 RecordStore::CountOfEntry(u32 tag, u32 entry) const {
+    return CountOfItem(OfTag(tag), RecordKey::OfEntry(entry));
+}
+
+void RecordStore::DeleteDetails(u32 entry) {
+    std::vector<std::pair<u32, RecordKey>> doomed;
+    ForEachDetail(entry,
+                  [&](u32 tag, RecordKey key, const Bytes&) { doomed.emplace_back(tag, key); });
+    for (const auto& [tag, key] : doomed) {
+        Table& table = TableOf(tag);
+        const auto at = table.find(key);
+        Tell(tag, key, &at->second);
+        table.erase(at);
+        UnmarkIfLast(tag, key);
+    }
+}
+
+std::optional<Bytes> RecordStore::Exchange(u32 tag, RecordKey key, std::optional<Bytes> bytes) {
+    Table& table = TableOf(tag);
+    const auto at = table.find(key);
+    std::optional<Bytes> before;
+    if (at != table.end()) {
+        before = std::move(at->second);
+        if (!bytes) {
+            table.erase(at);
+            UnmarkIfLast(tag, key);
+        }
+    }
+    if (bytes) {
+        Put(tag, table, key, std::move(*bytes));
+    }
+    return before;
+}
+
+// Gaps in an item's record numbers are counted too.
+u16 RecordStore::CountOfItem(const Table& table, RecordKey key) const {
+    const auto after = table.upper_bound(key.WithInci(kAppend));
+    if (after == table.begin()) {
+        return 0;
+    }
+    const RecordKey last = std::prev(after)->first;
+    return last.Item() == key.Item() ? static_cast<u16>(last.Inci() + 1) : u16{0};
+}
+
+void RecordStore::Tell(u32 tag, RecordKey key, const Bytes* before) {
+    if (m_listener != nullptr) {
+        m_listener->BeforeRecordChange(tag, key, before);
+    }
+}
+
+void RecordStore::Put(u32 tag, Table& table, RecordKey key, Bytes bytes) {
+    table.insert_or_assign(key, std::move(bytes));
+    if (FamilyOf(tag) == RecordFamily::kEntryDetail) {
+        m_entryTags[key.Entry()] |= MaskOf(tag);
+    }
+}
+
+void RecordStore::Renumber(u32 tag, Table& table, Table::iterator position, u16 inci) {
+    Tell(tag, position->first, &position->second);
+    auto node = table.extract(position);
+    node.key() = node.key().WithInci(inci);
+    Tell(tag, node.key(), nullptr);
+    table.insert(std::move(node));
+}
+
+RecordStore::TagMask RecordStore::MaskOf(u32 tag) {
+    const auto found = std::find(m_detailTags.begin(), m_detailTags.end(), tag);
+    const auto index = static_cast<unsigned>(found - m_detailTags.begin());
+    if (found == m_detailTags.end()) {
+        m_detailTags.push_back(tag);
+    }
+    return TagMask{1} << std::min(index, kSharedBit);
+}
+
+void RecordStore::UnmarkIfLast(u32 tag, RecordKey key) {
+    const u32 entry = key.Entry();
+    if (FamilyOf(tag) != RecordFamily::kEntryDetail || CountOfEntry(tag, entry) != 0) {
+        return;
+    }
+    const TagMask mask = MaskOf(tag);
+    if (mask == TagMask{1} << kSharedBit) {
+        for (std::size_t i = kSharedBit; i < m_detailTags.size(); ++i) {
+            if (CountOfEntry(m_detailTags[i], entry) != 0) {
+                return;
+            }
+        }
+    }
+    const auto marked = m_entryTags.find(entry);
+    marked->second &= ~mask;
+    if (marked->second == 0) {
+        m_entryTags.erase(marked);
+    }
+}
+
+}  // namespace standin

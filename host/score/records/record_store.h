@@ -1,0 +1,120 @@
+// All records of a document except its frames: by tag, then in the order of their keys.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "host/score/records/record_key.h"
+
+namespace standin {
+
+// A record's bytes. A string, because records of a dozen bytes then need no memory of their own.
+using Bytes = std::string;
+
+// The bytes of a host structure, and a structure from bytes (cut or padded with zeros).
+template <typename Structure>
+Bytes BytesOf(const Structure& structure) {
+    return Bytes(reinterpret_cast<const char*>(&structure), sizeof(Structure));
+}
+template <typename Structure>
+Structure FromBytes(const Bytes& bytes) {
+    Structure structure{};
+    bytes.copy(reinterpret_cast<char*>(&structure), sizeof(Structure));
+    return structure;
+}
+
+// Called before a record changes; null = it does not exist yet.
+class RecordListener {
+public:
+    virtual void BeforeRecordChange(u32 tag, RecordKey key, const Bytes* before) = 0;
+
+protected:
+    ~RecordListener() = default;
+};
+
+class RecordStore {
+public:
+    using Table = std::map<RecordKey, Bytes>;
+
+    void SetListener(RecordListener* listener) noexcept { m_listener = listener; }
+
+    // Null if the record does not exist.
+    const Bytes* Find(u32 tag, RecordKey key) const;
+
+    // False when the record does not exist, except that a preference is then created.
+    bool Save(u32 tag, RecordKey key, Bytes bytes);
+
+    // The key used; empty when refused. A record number in use inserts there and moves the
+    // later ones of the item up; one beyond the last, or kAppend, appends. A preference or a
+    // numbered item in use is refused; a text with item kAppend takes the next free item.
+    std::optional<RecordKey> Create(u32 tag, RecordKey key, Bytes bytes);
+
+    // Closing up moves the later record numbers of the item down by one. False if it does not
+    // exist.
+    enum class After { kCloseUp, kGap };
+    bool Delete(u32 tag, RecordKey key, After after = After::kCloseUp);
+
+    // The first record after the key, the last one before it; null if none.
+    const Table::value_type* Next(u32 tag, RecordKey key) const;
+    const Table::value_type* Previous(u32 tag, RecordKey key) const;
+
+    // Every record of a tag in order; empty when there are none.
+    const Table& OfTag(u32 tag) const;
+    const std::map<u32, Table>& All() const noexcept { return m_tables; }
+
+    // How many records of the tag the entry has; if their numbers have gaps, the last number + 1.
+    u16 CountOfEntry(u32 tag, u32 entry) const;
+    bool HasDetails(u32 entry) const { return m_entryTags.contains(entry); }
+
+    // Calls visit(tag, key, bytes) for every detail of the entry.
+    template <typename Visit>
+    void ForEachDetail(u32 entry, Visit visit) const;
+
+    // Deletes every detail of the entry.
+    void DeleteDetails(u32 entry);
+
+    // Sets exactly this state without renumbering and without calling the listener; returns the
+    // previous state. Also used to store record numbers with gaps.
+    std::optional<Bytes> Exchange(u32 tag, RecordKey key, std::optional<Bytes> bytes);
+
+private:
+    using TagMask = u64;  // bit i: the i-th entry detail tag; the last bit stands for all others
+
+    Table& TableOf(u32 tag) { return m_tables[tag]; }
+    u16 CountOfItem(const Table& table, RecordKey key) const;
+    void Tell(u32 tag, RecordKey key, const Bytes* before);
+    void Put(u32 tag, Table& table, RecordKey key, Bytes bytes);
+    // The new record number must be free.
+    void Renumber(u32 tag, Table& table, Table::iterator position, u16 inci);
+    TagMask MaskOf(u32 tag);
+    void UnmarkIfLast(u32 tag, RecordKey key);
+
+    RecordListener* m_listener = nullptr;
+    std::map<u32, Table> m_tables;
+    std::vector<u32> m_detailTags;                 // in order of first use
+    std::unordered_map<u32, TagMask> m_entryTags;  // of entries with details
+};
+
+template <typename Visit>
+void RecordStore::ForEachDetail(u32 entry, Visit visit) const {
+    const auto tags = m_entryTags.find(entry);
+    if (tags == m_entryTags.end()) {
+        return;
+    }
+    for (std::size_t i = 0; i < m_detailTags.size(); ++i) {
+        const unsigned bit = i < 63 ? static_cast<unsigned>(i) : 63U;
+        if ((tags->second >> bit & 1U) == 0) {
+            continue;
+        }
+        const Table& table = OfTag(m_detailTags[i]);
+        for (auto at = table.lower_bound(RecordKey::OfEntry(entry));
+             at != table.end() && at->first.Entry() == entry; ++at) {
+            visit(m_detailTags[i], at->first, at->second);
+        }
+    }
+}
+
+}  // namespace standin
