@@ -65,7 +65,7 @@ public:
           m_streamsAfter{StreamsOf(m_factsAfter)} {
         for (const EntryFacts& fact : m_factsAfter) {
             m_byMeasure[MeasureOf(fact.key)].push_back(&fact);
-            m_byTime[{MeasureOf(fact.key), fact.entry->elapsedTime}].push_back(&fact);
+            m_byTime[{MeasureOf(fact.key), i32{fact.entry->elapsedTime}}].push_back(&fact);
         }
     }
 
@@ -94,7 +94,7 @@ private:
             const bool isGrace = (fact.entry->flags & EntryFlag::kGrace) != 0;
             graceIndex = static_cast<i16>(!isGrace ? 0 : fact.key == frame ? graceIndex + 1 : 1);
             frame = fact.key;
-            streams[{frame, fact.entry->elapsedTime, graceIndex}].push_back(&fact);
+            streams[{frame, i32{fact.entry->elapsedTime}, graceIndex}].push_back(&fact);
         }
         return streams;
     }
@@ -173,7 +173,7 @@ private:
 
     // What begins with it afterwards.
     const FactList& AtTimeOf(const EntryFacts& fact) {
-        return m_byTime[{MeasureOf(fact.key), fact.entry->elapsedTime}];
+        return m_byTime[{MeasureOf(fact.key), i32{fact.entry->elapsedTime}}];
     }
 
     bool HasCompany(const EntryFacts& fact) {

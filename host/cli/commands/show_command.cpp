@@ -69,7 +69,7 @@ nlohmann::ordered_json Describe(const ImportedScore& score) {
     return json;
 }
 
-std::string TextOf(const nlohmann::ordered_json& json) {
+std::string ContentAsText(const nlohmann::ordered_json& json) {
     std::string text = std::to_string(json["measures"].get<int>()) + " measures, numbered " +
                        json["firstNumber"].get<std::string>() + " to " +
                        json["lastNumber"].get<std::string>() + '\n';
@@ -109,7 +109,7 @@ ExitCode Show(const ShowCommand& command) {
         json["merge"] = ReportAsJson(report);
         std::cout << json.dump(2) << '\n';
     } else {
-        std::cout << TextOf(json) << Say(Text::kMergeOfAll) << '\n'
+        std::cout << ContentAsText(json) << Say(Text::kMergeOfAll) << '\n'
                   << ReportAsText(report, false, OutputPaint());
     }
     return kDone;
