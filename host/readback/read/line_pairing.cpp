@@ -40,9 +40,8 @@ void LinePairing::Add(u32 end) {
     const bool waitsForStop = open.starts > 0;
     const u32 start = waitsForStop ? waiting : end;
     const u32 stop = waitsForStop ? end : waiting;
-    if (waitsForStop == isStart) {
-        Contest(open, end);
-    } else if (!m_mayBeShort.contains(added.kind) && AreAtOneTime(m_score, start, stop)) {
+    if (waitsForStop == isStart ||
+        (!m_mayBeShort.contains(added.kind) && AreAtOneTime(m_score, start, stop))) {
         Contest(open, end);
     } else if (IsLater(m_score.ends[start].place, m_score.ends[stop].place)) {
         Close(open);
