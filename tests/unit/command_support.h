@@ -42,4 +42,21 @@ protected:
     std::string errors;
 };
 
+// Pieces of scores: a <notations>, a half note or rest, a <lyric>.
+inline std::string Notations(const std::string& inner, const std::string& attributes = "") {
+    return "<notations" + attributes + ">" + inner + "</notations>";
+}
+
+inline std::string Half(std::string_view pitch, std::string_view voice = "1",
+                        std::string_view more = "", std::string_view first = "") {
+    return Note({pitch, 4, "half", voice, more, first});
+}
+
+inline std::string Lyric(const std::string& number, const std::string& text) {
+    return "<lyric number=\"" + number + "\"><text>" + text + "</text></lyric>";
+}
+
+inline const std::string kFermata = Notations("<fermata/>");
+inline const std::string kFinger = "<technical><fingering>1</fingering></technical>";
+
 }  // namespace standin::cli

@@ -1,0 +1,121 @@
+// What a merge's report says besides its totals.
+#include <nlohmann/json.hpp>
+
+#include "tests/unit/command_support.h"
+#include "tests/unit/support/named_cases.h"
+
+namespace {
+
+using namespace standin::cli;
+
+using standin::Backup;
+using standin::Note;
+
+std::string Quarter(std::string_view pitch, std::string_view voice = "1",
+                    std::string_view more = "") {
+    return Note({.pitch = pitch, .voice = voice, .more = more});
+}
+
+std::string Eighth(std::string_view pitch) {
+    return Note({.pitch = pitch, .duration = 1, .type = "eighth"});
+}
+
+const std::string kTieStart = Notations("<tied type=\"start\"/>");
+const std::string kTieStop = Notations("<tied type=\"stop\"/>");
+const std::string kTrill = Notations("<ornaments><trill-mark/></ornaments>");
+const std::string kFiveVoices = Half("C5") + Half("D5") + Backup(8) + Half("A4", "2") +
+                                Half("B4", "2") + Backup(8) + Half("r", "3") + Half("r", "3") +
+                                Backup(8) + Half("r", "4") + Half("r", "4") + Backup(8) +
+                                Half("E4", "5") + Half("F4", "5");
+
+// The report's lines besides its totals.
+struct RemarkCase {
+    const char* name;
+    std::string measure;
+    std::vector<std::string> remarks;
+
+    friend void PrintTo(const RemarkCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const RemarkCase kRemarks[] = {
+    {"AMarkingThatJoins",
+     Half("C5", "1", kFermata) + Half("D5", "1", Notations("<arpeggiate/>")) + Backup(8) +
+         Half("A4", "2", kTrill) + Half("B4", "2"),
+     {"m. 1, Piano, beat 1: the fermata of layer 1 now applies to the whole chord",
+      "m. 1, Piano, beat 1: the trill of layer 2 now applies to the whole chord",
+      "m. 1, Piano, beat 3: the arpeggio of layer 1 now applies to the whole chord"}},
+    {"AMarkingOfBoth", Half("C5", "1", kFermata) + Backup(4) + Half("A4", "2", kFermata), {}},
+    {"AMarkingThatFillsARest", Half("r") + Backup(4) + Half("A4", "2", kTrill), {}},
+    {"AMarkingOfOneNote", Half("C5") + Backup(4) + Half("A4", "2", Notations(kFinger)), {}},
+    {"ALyric",
+     Half("C5", "1", Lyric("1", "la")) + Backup(4) + Half("A4", "2", Lyric("1", "ho")),
+     {"m. 1, Piano, beat 1: the lyric \"ho\" is now number 2"}},
+    {"TiesThatRunBothWays",
+     Quarter("C5") + Eighth("D5") + Eighth("D5") + Eighth("E5") + Eighth("E5") + Quarter("F5") +
+         Backup(8) + Quarter("G4", "2", kTieStart) + Quarter("G4", "2", kTieStop) +
+         Quarter("A4", "2", kTieStart) + Quarter("A4", "2", kTieStop),
+     {"m. 1, Piano, beat 3: the tie of A4 continues in layer 1"}},
+    {"TwoTiesOfOnePitch",
+     Half("C5", "1", kTieStart) + Half("C5", "1", kTieStop) + Backup(8) +
+         Half("C5", "2", kTieStart) + Half("C5", "2", kTieStop),
+     {"m. 1, Piano, beat 1: C5 is tied twice in one chord"}},
+    {"AFifthVoice", kFiveVoices, {"m. 1, Piano: a fifth voice is not merged"}},
+};
+
+// Layer 1 keeps the end of another tie of D5, which some readers would take.
+TEST_F(CommandRun, ReportNamesTieIntoAnotherVoiceOfNextMeasure) {
+    const std::string first = Half("E5") + Half("D5", "1", kTieStart) + Backup(8) +
+                              Half("G4", "2") + Quarter("A4", "2") + Quarter("B4", "2");
+    const auto second = [](const std::string& third) {
+        return Half("D5", "1", kTieStop + kTieStart) + third + Backup(8) + Half("G4", "2") +
+               Half("B4", "2");
+    };
+    const std::string tied = second(Quarter("D5", "1", kTieStop) + Quarter("E5"));
+    const std::string single = second(Quarter("C5") + Quarter("E5"));
+    const std::string remark = "m. 1, Piano, beat 3: the tie of D5 continues in layer 2";
+    for (const auto& [measure, isNamed] : {std::pair{tied, true}, std::pair{single, false}}) {
+        ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({first, measure})), "-o",
+                       File("out.xml"), "--from", "1", "--to", "2", "--verify"}),
+                  kDone)
+            << errors;
+        EXPECT_EQ(output.find(remark) != std::string::npos, isNamed) << output;
+    }
+}
+
+class ReportRemark : public CommandRun, public testing::WithParamInterface<RemarkCase> {};
+
+TEST_P(ReportRemark, IsReported) {
+    const RemarkCase& c = GetParam();
+    ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({c.measure})), "-o", File("out.xml"),
+                   "--verify", "--json"}),
+              kDone)
+        << errors;
+    const auto report = nlohmann::json::parse(output);
+    std::vector<std::string> remarks;
+    for (const auto& remark : report.value("remarks", nlohmann::json::array())) {
+        remarks.push_back(remark["text"]);
+    }
+    EXPECT_EQ(remarks, c.remarks);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, ReportRemark, testing::ValuesIn(kRemarks), standin::kByName);
+
+TEST_F(CommandRun, ReportNamesFifthVoice) {
+    const std::string input = Write("in.xml", standin::ScoreText({kFiveVoices}));
+    EXPECT_EQ(Run({"merge", input, "-o", File("out.xml")}), kDone);
+    EXPECT_NE(output.find("\n  m. 1, Piano: a fifth voice is not merged\n"), std::string::npos);
+}
+
+// Readers look for the end of a tie after its start.
+TEST_F(CommandRun, TieIntoOtherLayerKeepsOrder) {
+    const std::string input = Write(
+        "in.xml", standin::ScoreText({Quarter("E5") + Quarter("F5") + Half("A5") + Backup(8) +
+                                      Half("C5", "2", kTieStart) + Half("C5", "2", kTieStop)}));
+    ASSERT_EQ(Run({"merge", input, "-o", File("out.xml"), "--verify"}), kDone) << errors;
+    EXPECT_NE(output.find("1 chord formed"), std::string::npos) << output;
+    EXPECT_EQ(output.find("the tie"), std::string::npos) << output;
+    const std::string merged = Content(File("out.xml"));
+    EXPECT_LT(merged.find("<tied type=\"start\""), merged.find("<tied type=\"stop\"")) << merged;
+}
+
+}  // namespace
