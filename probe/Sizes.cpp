@@ -1,4 +1,4 @@
-// How far the host writes where it is told no size, or a size that it must keep to.
+// How far the host writes where it gets no size, or a size that it must keep to.
 #include "probe/LastWritten.h"
 #include "probe/Measure.h"
 #include "shell/host/callbacks.h"

@@ -100,7 +100,7 @@ Range Shifted(Range range, u32 by) {
 
 }  // namespace
 
-// Takes over what the earlier file says of the measure. What crosses barlines is found anew: whose
+// Takes over what the earlier file says of the measure. What crosses barlines is found again: whose
 // ends of lines belong together, and all marks of chords.
 void PartReading::Repeat(const MeasureContent& known) {
     const Score& before = m_known->Before();
