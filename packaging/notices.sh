@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Writes the notices of what a package holds of other people's software, from dependencies.json:
 #   notices.sh VERSION KIND...      KIND: windows, setup, portable, deb
-# Versions and licence texts are those of the Debian packages the build takes the software from.
+# Versions and licence texts are those of the Debian packages the build takes the software from;
+# a text that none of them holds is in licences/.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 table="$here/dependencies.json"
@@ -42,6 +43,6 @@ done
 rows "$@" | while read -r row; do
     printf '\n## %s\n' "$(field "$row" name)"
     jq -r '.texts[]' <<<"$row" | while read -r text; do
-        printf '\n~~~~\n%s\n~~~~\n' "$(cat "$text")"
+        printf '\n~~~~\n%s\n~~~~\n' "$(cd "$here" && cat "$text")"
     done
 done

@@ -10,6 +10,7 @@ built_with() {
     say "Plyweld $(project_version) was built on Debian $(cut -d. -f1 /etc/debian_version) with:"
     say ""
     printf '%s\n' "${native_packages[@]}" "${windows_packages[@]}" "${package_packages[@]}" \
+        g++-12 binutils binutils-mingw-w64-x86-64 gzip dpkg \
         $(jq -r '.[] | select(.in != []) | .packages[]' "$top/packaging/dependencies.json") |
         sort -u | while read -r package; do
         is_installed "$package" && dpkg-query -W -f='${Package} ${Version}\n' "$package"
@@ -45,7 +46,7 @@ make_windows_zip() {
         cp "$build/windows/$file" "$folder/"
     done
     windows_pages "$folder/guide" zip
-    sed "s/@VERSION@/$version/" "$top/packaging/windows/README.txt" | windows_text - >"$folder/README.txt"
+    sed "s/@VERSION@/$version/g" "$top/packaging/windows/README.txt" | windows_text - >"$folder/README.txt"
     windows_text "$stage/BUILT-WITH.txt" >"$folder/BUILT-WITH.txt"
     cp "$top/examples/"*.musicxml "$folder/examples/"
     set_times "$folder"

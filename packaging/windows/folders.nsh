@@ -150,20 +150,24 @@ Function CheckWritable
   ${EndIf}
 FunctionEnd
 
-; Goes on when nobody uses the plug-in's file in folder $0, or ends the setup.
+; Goes on when nobody uses a plug-in of folder $0, or ends the setup.
 !macro WAIT_UNTIL_FREE PREFIX
 Function ${PREFIX}WaitUntilFree
   again:
-  ${If} ${FileExists} "$0\plyweld.fxt"
+  FindFirst $R1 $R2 "$0\plyweld*.fxt"
+  ${DoWhile} $R2 != ""
     ClearErrors
-    FileOpen $1 "$0\plyweld.fxt" a
+    FileOpen $1 "$0\$R2" a
     ${If} ${Errors}
+      FindClose $R1
       MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$(InUse)" /SD IDCANCEL IDRETRY again
       SetErrorLevel ${REFUSED}
       Abort "$(InUse)"
     ${EndIf}
     FileClose $1
-  ${EndIf}
+    FindNext $R1 $R2
+  ${Loop}
+  FindClose $R1
 FunctionEnd
 !macroend
 !insertmacro WAIT_UNTIL_FREE ""

@@ -7,10 +7,10 @@
 
 !macro TEXTS
   ${T} WelcomeNew \
-    "Plyweld is a plug-in for 64-bit Finale that merges layers.$\r$\n$\r$\nThis program puts it into Finale's plug-in folder, for you alone. It needs no administrator, and changes nothing else." \
+    "Plyweld is a plug-in for 64-bit Finale that merges layers.$\r$\n$\r$\nThis program copies it to Finale's plug-in folder, for your account only. It needs no administrator rights and changes nothing else." \
     "Plyweld es un plugin para Finale de 64 bits que une capas.$\r$\n$\r$\nEste programa lo copia en la carpeta de plugins de Finale, solo para usted. No requiere permisos de administrador ni cambia nada más."
   ${T} WelcomeRepair \
-    "Plyweld ${VERSION} is installed already. Its files will be put back as they were.$\r$\n$\r$\nYour saved settings stay." \
+    "Plyweld ${VERSION} is already installed. Its files will be copied again.$\r$\n$\r$\nYour saved settings stay." \
     "Plyweld ${VERSION} ya está instalado. Sus archivos se copiarán de nuevo.$\r$\n$\r$\nSus ajustes guardados se conservan."
   ${T} WelcomeUpgrade \
     "Plyweld $0 is installed. It will be replaced by version ${VERSION}.$\r$\n$\r$\nYour saved settings stay." \
@@ -24,12 +24,12 @@
     "Plyweld goes into a folder of its own inside this one. The list offers the plug-in folders found on this computer." \
     "Plyweld se copia en una carpeta propia dentro de esta. La lista ofrece las carpetas de plugins encontradas en este equipo."
   ${T} FolderHint \
-    "The list is empty when no Finale was found where it is usually installed. Its plug-in folder is named Plug-ins and lies in Finale's own folder." \
+    "The list is empty if Finale was not found in the usual places. Its plug-in folder is named Plug-ins and is in Finale's own folder." \
     "La lista está vacía si no se encontró Finale donde suele instalarse. Su carpeta de plugins se llama Plug-ins y está dentro de la carpeta de Finale."
   ${T} Browse "Browse..." "Examinar..."
   ${T} NoFolder "Choose Finale's plug-in folder first." "Elija primero la carpeta de plugins de Finale."
-  ${T} NoSuchFolder "There is no folder $PlugIns." "La carpeta $PlugIns no existe."
-  ${T} MakeFolder "There is no folder $PlugIns yet. Make it?" "La carpeta $PlugIns aún no existe. ¿Crearla?"
+  ${T} NoSuchFolder "The folder $PlugIns does not exist." "La carpeta $PlugIns no existe."
+  ${T} MakeFolder "The folder $PlugIns does not exist yet. Create it?" "La carpeta $PlugIns aún no existe. ¿Crearla?"
   ${T} Finale32 \
     "Plyweld would not load here: the Finale in $0 is a 32-bit program. Plyweld needs 64-bit Finale." \
     "Plyweld no se cargaría aquí: el Finale de $0 es un programa de 32 bits. Plyweld necesita Finale de 64 bits."
@@ -37,18 +37,18 @@
     "Plyweld would not load here: it does not start beside a folder named $R2, and $Home holds one. Choose another folder, or move that one." \
     "Plyweld no se cargaría aquí: no arranca junto a una carpeta llamada $R2, y $Home contiene una. Elija otra carpeta o mueva aquella."
   ${T} NotWritable \
-    "You may not write to $0. Choose another folder, or close this program and start it with a right click and $\"Run as administrator$\"." \
+    "You do not have permission to write to $0. Choose another folder, or close this program and start it with a right click and $\"Run as administrator$\"." \
     "No tiene permiso para escribir en $0. Elija otra carpeta, o cierre este programa e inícielo con el botón derecho y «Ejecutar como administrador»."
   ${T} NotWritten "Files could not be written to $Home." "No se pudieron escribir archivos en $Home."
   ${T} EarlierStays \
     "The earlier version in $Earlier could not be removed. Nothing was changed." \
     "No se pudo quitar la versión anterior de $Earlier. No se ha cambiado nada."
   ${T} InUse \
-    "Plyweld is in use. Close Finale, then try again.$\r$\n$\r$\n$0\plyweld.fxt" \
-    "Plyweld está en uso. Cierre Finale e inténtelo de nuevo.$\r$\n$\r$\n$0\plyweld.fxt"
+    "Plyweld is in use. Close Finale, then try again.$\r$\n$\r$\n$0\$R2" \
+    "Plyweld está en uso. Cierre Finale e inténtelo de nuevo.$\r$\n$\r$\n$0\$R2"
   ${T} FinishTitle "Plyweld is installed" "Plyweld está instalado"
   ${T} FinishText \
-    "Start Finale again. Plyweld is in its Plug-ins menu.$\r$\n$\r$\nTry it on a copy of a score first: it was tested with a stand-in for Finale, not in Finale itself. Each run is one step that Undo takes back." \
+    "Restart Finale. Plyweld is in its Plug-ins menu.$\r$\n$\r$\nTry it on a copy of a score first: it has been tested with a stand-in for Finale, not in Finale itself. One Undo takes back a whole run." \
     "Reinicie Finale. Plyweld está en su menú de plugins.$\r$\n$\r$\nPruébelo primero con una copia de una partitura: se ha probado con un sustituto de Finale, no en Finale mismo. Cada ejecución es un solo paso que Deshacer retira."
   ${T} OpenGuide "Open the guide" "Abrir la guía"
   ${T} GuideFile "user-guide.html" "guia-del-usuario.html"
