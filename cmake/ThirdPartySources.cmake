@@ -24,6 +24,8 @@ function(plyweld_add_libzip)
   foreach(option TOOLS REGRESS EXAMPLES DOC SHARED_LIBS)
     set(BUILD_${option} OFF)
   endforeach()
+  # A function of glibc 2.36: without it 2.34 is enough.
+  set(HAVE_ARC4RANDOM OFF CACHE INTERNAL "")
   add_subdirectory("${PLYWELD_THIRD_PARTY}/libzip" "${PROJECT_BINARY_DIR}/libzip" EXCLUDE_FROM_ALL SYSTEM)
 endfunction()
 plyweld_add_libzip()

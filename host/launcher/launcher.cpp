@@ -2,7 +2,9 @@
 // The plug-in looks for a module of that name; users type the other.
 #include <windows.h>
 
+#include <algorithm>
 #include <cstdio>
+#include <shellapi.h>
 #include <string>
 
 namespace {
@@ -44,6 +46,20 @@ bool IsAloneOnItsConsole() {
     return GetConsoleProcessList(processes, 2) <= 1;
 }
 
+// No arguments, or files that were dropped onto this program: FINALE.EXE opens its window.
+bool AreAllFiles() {
+    int count = 0;
+    wchar_t** const words = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (words == nullptr) {
+        return false;
+    }
+    const bool files = std::all_of(words + 1, words + count, [](const wchar_t* word) {
+        return GetFileAttributesW(word) != INVALID_FILE_ATTRIBUTES;
+    });
+    LocalFree(words);
+    return files;
+}
+
 // The end of this program must be the end of the other.
 void EndTogether(HANDLE job, HANDLE process) {
     JOBOBJECT_EXTENDED_LIMIT_INFORMATION limits{};
@@ -65,7 +81,7 @@ int main() {
     STARTUPINFOW startup{};
     GetStartupInfoW(&startup);
     PROCESS_INFORMATION started{};
-    const bool window = opened && arguments.empty();
+    const bool window = opened && AreAllFiles();
     if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE,
                        window ? DETACHED_PROCESS : CREATE_SUSPENDED, nullptr, nullptr, &startup,
                        &started) == 0) {
