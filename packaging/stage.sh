@@ -123,6 +123,7 @@ debian_changelog() {
 }
 
 release_notes() {
+    [ -n "$(changes)" ] || fail "CHANGELOG.md says nothing about version $version"
     printf '# Plyweld %s\n\n%s\n' "$version" "$(date --utc --date="@$SOURCE_DATE_EPOCH" +%F)"
     changes
     printf '\n## Files\n\n'

@@ -92,6 +92,9 @@ check_packages=(clang-format-14 clang-tidy-14 libxml2-utils unzip git python3-js
 reader_packages=(musescore3 unzip)
 package_packages=(nsis zip)
 picture_packages=(librsvg2-bin fonts-liberation woff2)
+# A Node.js that is there is used as it is.
+engraver_packages=()
+command -v node >/dev/null || engraver_packages=(nodejs npm)
 
 # pugixml and libzip for the Windows build, in the versions that Debian builds natively: their
 # source packages, known by their hashes, unpacked to build/third_party. The lists they come from are the machine's
@@ -138,13 +141,10 @@ source_package_lists() {
     find "$1" -type f -empty -delete
 }
 
-# The engraver that draws the pictures. A Node.js that is there is used as it is.
+# The engraver that draws the pictures.
 ensure_engraver() {
-    if ! command -v node >/dev/null; then
-        ensure_packages nodejs npm
-    elif ! command -v npm >/dev/null; then
-        fail "node is here but npm is not; install the npm that belongs to it"
-    fi
+    ensure_packages "${engraver_packages[@]}"
+    command -v npm >/dev/null || fail "node is here but npm is not; install the npm that belongs to it"
     local home="$build/engraver"
     [ -e "$home/node_modules/verovio/package.json" ] &&
         cmp -s "$top/scripts/engraver/package-lock.json" "$home/package-lock.json" && return 0
