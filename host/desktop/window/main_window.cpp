@@ -21,6 +21,7 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"PlyweldStandIn";
 constexpr wchar_t kProgramName[] = L"Finale";
+constexpr wchar_t kHowToBegin[] = L"File > Open: a MusicXML file, such as those in \"examples\"";
 constexpr int kWidth = 1000;
 constexpr int kHeight = 640;
 
@@ -202,7 +203,7 @@ void MainWindow::ShowDocument() {
 
 void MainWindow::ShowStatus() const {
     const Document* document = App().CurrentDocument();
-    std::wstring selection;
+    std::wstring selection = document == nullptr ? kHowToBegin : L"";
     std::wstring layers;
     if (document != nullptr) {
         selection = Wide(SelectionText(*document));
