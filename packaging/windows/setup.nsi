@@ -3,7 +3,7 @@
 ;            -DOUTPUT=file [-DPUBLISHER=name] setup.nsi
 ; STAGE holds the files as they are installed, LISTING the commands that delete each of them.
 ;
-; Silent: setup.exe /S [/D=FOLDER]     FOLDER: Finale's plug-in folder, last, without quotes
+; Silent: setup.exe /S [/D=FOLDER]     FOLDER: Finale's plug-in folder, last
 ;         uninstall.exe /S [/SETTINGS] with /SETTINGS the saved settings go too
 ; Exit codes: 0 done, 1 cancelled, 2 refused: the folder will not do, or a file is in use.
 Unicode true
@@ -73,6 +73,9 @@ Function .onInit
   ReadRegStr $0 HKCU "${APPS_KEY}" "DisplayVersion"
   StrCpy $PlugIns $INSTDIR
   ${If} $PlugIns == ""
+    Call QuotedFolder
+  ${EndIf}
+  ${If} $PlugIns == ""
     Call FirstOffer
   ${EndIf}
   StrCpy $Welcome "$(WelcomeNew)"
@@ -85,6 +88,18 @@ Function .onInit
     ${Else}
       StrCpy $Welcome "$(WelcomeOlder)"
     ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; NSIS itself overlooks /D= with the quotes that shells put around it, or around the folder.
+Function QuotedFolder
+  ${GetParameters} $1
+  ClearErrors
+  ${WordFind} $1 "/D=" "E+1}" $PlugIns
+  ${If} ${Errors}
+    StrCpy $PlugIns ""
+  ${Else}
+    ${WordFind} $PlugIns '"' "+1" $PlugIns
   ${EndIf}
 FunctionEnd
 
