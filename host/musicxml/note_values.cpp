@@ -52,4 +52,14 @@ NoteValue ValueOfLength(i32 length) noexcept {
     return {};
 }
 
+std::vector<i16> ValuesAddingUpTo(i32 length) {
+    std::vector<i16> values;
+    for (i32 value = 4 * kQuarterNote; value >= kShortest; value /= 2) {
+        for (; length >= value; length -= value) {
+            values.push_back(static_cast<i16>(value));
+        }
+    }
+    return length == 0 ? values : std::vector<i16>{};
+}
+
 }  // namespace standin

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "shell/host/host_types.h"
 
@@ -23,5 +24,9 @@ struct NoteValue {
 
 // The type and dots (up to four) with exactly that length; type 0 when there are none.
 NoteValue ValueOfLength(i32 length) noexcept;
+
+// Lengths of note values without dots that add up to the length, the longest first, none longer
+// than a whole note; empty when there are none.
+std::vector<i16> ValuesAddingUpTo(i32 length);
 
 }  // namespace standin

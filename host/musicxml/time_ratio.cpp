@@ -11,13 +11,17 @@ TimeRatio RatioOf(i64 notated, i64 actual) {
     }
     for (int sum = 3; sum <= 2 * kLargest; ++sum) {
         for (int normal = 1; normal < sum; ++normal) {
-            const int notes = sum - normal;
-            if (std::abs(notated * normal - actual * notes) < notes) {
-                return {notes, normal};
+            const TimeRatio ratio{sum - normal, normal};
+            if (Fits(ratio, notated, actual)) {
+                return ratio;
             }
         }
     }
     return {};
+}
+
+bool Fits(TimeRatio ratio, i64 notated, i64 actual) {
+    return std::abs(notated * ratio.normal - actual * ratio.actual) < ratio.actual;
 }
 
 }  // namespace standin

@@ -1,4 +1,4 @@
-// The ratio of a tuplet from rounded lengths.
+// Ratios of tuplets and rounded lengths.
 #pragma once
 
 #include "shell/host/host_types.h"
@@ -13,5 +13,8 @@ struct TimeRatio {
 // The simplest ratio with which the notated length takes the actual one, both in duration
 // units; 1:1 when they are equal or no ratio up to 32 fits.
 TimeRatio RatioOf(i64 notated, i64 actual);
+
+// Whether the notated length takes the actual one in this ratio.
+bool Fits(TimeRatio ratio, i64 notated, i64 actual);
 
 }  // namespace standin

@@ -1,4 +1,4 @@
-// Tuplets in merges of files: complete in both voices.
+// Tuplets and rests in merges of files: complete in both voices.
 #include "host/cli/run_command.h"
 #include "host/cli/usage/command_line.h"
 #include "host/score/application.h"
@@ -132,6 +132,33 @@ TEST(TupletMerges, KeepTimesInFineDivisions) {
         ++thirds;
     }
     EXPECT_EQ(thirds, 6U) << merged;
+}
+
+std::ptrdiff_t CountOf(const std::string& text, const char* pattern) {
+    const std::regex expression{pattern};
+    return std::distance(std::sregex_iterator{text.begin(), text.end(), expression}, {});
+}
+
+// Rests that mirror the source's rhythm have the ratio of its tuplets, not the simplest one.
+TEST(TupletMerges, MirrorASextupletInItsRatio) {
+    const std::string merged = Merged(
+        standin::TupletScore({"C5 16th 6 6:4 [, D5 16th 6 6:4, E5 16th 6 6:4, F3 16th 6 6:4 s2, G5 "
+                              "16th 6 6:4, A5 16th 6 6:4 ], C5 quarter 36, D5 half 72"}),
+        {"--from", "all", "--to", "2", "--from-beat", "1.5", "--staves", "1-1"});
+    EXPECT_EQ(CountOf(merged, "<actual-notes>6<"), 12) << merged;
+    EXPECT_EQ(CountOf(merged, "<actual-notes>3<"), 0) << merged;
+}
+
+// A voice comes to this staff after nine 16ths: a half and a 16th rest stand for them.
+TEST(RestMerges, WriteRestsThatHaveNoteValues) {
+    const std::string merged =
+        Merged(standin::TupletScore(
+                   {std::string{"E4 half 72 s2, F4 16th 9 s2, C5 quarter 36, D4 eighth 18 s2, F4 "
+                                "16th 9 s2"} +
+                    kBack + "C3 whole 144 v5 s2"}),
+               {"--from", "all", "--to", "2", "--from-beat", "1.5", "--staves", "1-1"});
+    EXPECT_EQ(CountOf(merged, "<rest/>"), 3) << merged;
+    EXPECT_EQ(CountOf(merged, "</voice>\\s*<type>"), 9) << merged;
 }
 
 }  // namespace

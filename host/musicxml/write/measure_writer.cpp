@@ -106,18 +106,59 @@ void MeasureWriter::WriteEvent(const PlannedEvent& event, std::string_view voice
         m_part.namesVoices ||
         std::count_if(m_plan->streams.begin(), m_plan->streams.end(),
                       [](const PlannedStream& stream) { return !stream.events.empty(); }) > 1;
-    MakeRoomFor(event.time.length);
     NoteContext context;
-    context.time = event.time;
-    context.divisions = m_divisions;
     context.fifths = m_fifths;
     context.voice = namesVoice ? voice : std::string_view{};
     context.staff = m_part.namesStaves ? static_cast<int>(event.staff) + 1 : 0;
     context.beams = event.beams;
     context.brackets = event.place.brackets;
-    m_notes.Write(context, event.texts, m_out);
+    if (const std::vector<i16> parts = PartsOfRest(event); !parts.empty()) {
+        WriteInParts(event, parts, context);
+    } else {
+        MakeRoomFor(event.time.length);
+        context.time = event.time;
+        context.divisions = m_divisions;
+        m_notes.Write(context, event.texts, m_out);
+    }
     m_time = event.End();
     m_reached = m_reached < m_time ? m_time : m_reached;
+}
+
+// A rest that is longer than any note value, or between two, is not written as one: without a type,
+// readers take it for a rest of the whole measure.
+std::vector<i16> MeasureWriter::PartsOfRest(const PlannedEvent& event) const {
+    const EXENTRY& entry = *event.time.entry;
+    const WrittenForm& form = m_score.forms[entry.fieldAt12];
+    const bool hasType = form.notated == entry.duration && form.type != 0;
+    const bool isNew = form.gap || !event.place.isAsRead;
+    const bool isWhole = event.Sounds() || event.IsGrace() || hasType || !isNew ||
+                         ValueOfLength(entry.duration).type != 0;
+    return isWhole ? std::vector<i16>{} : ValuesAddingUpTo(entry.duration);
+}
+
+// Brackets start at the first part and stop at the last.
+void MeasureWriter::WriteInParts(const PlannedEvent& rest, const std::vector<i16>& lengths,
+                                 NoteContext context) {
+    std::string starts;
+    std::string stops;
+    ForEachElement(context.brackets, [&](std::string_view bracket) {
+        (bracket.find("\"stop\"") == bracket.npos ? starts : stops) += bracket;
+    });
+    for (std::size_t i = 0; i < lengths.size(); ++i) {
+        const bool isFirst = i == 0;
+        EXENTRY part = *rest.time.entry;
+        part.duration = lengths[i];
+        part.actualDuration = static_cast<i32>(i64{rest.time.entry->actualDuration} * lengths[i] /
+                                               rest.time.entry->duration);
+        context.time = rest.time;
+        context.time.entry = &part;
+        context.time.length =
+            rest.time.length * Rational::Of(lengths[i], rest.time.entry->duration);
+        context.brackets = isFirst ? starts : i + 1 == lengths.size() ? stops : std::string_view{};
+        MakeRoomFor(context.time.length);
+        context.divisions = m_divisions;
+        m_notes.Write(context, isFirst ? rest.texts : EntryTexts{}, m_out);
+    }
 }
 
 void MeasureWriter::WriteItem(const PlannedStep& step) {

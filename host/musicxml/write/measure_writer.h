@@ -20,6 +20,10 @@ public:
 
 private:
     void WriteEvent(const PlannedEvent& event, std::string_view voice);
+    // The lengths of the rests to write for one; empty if it is written as it is.
+    std::vector<i16> PartsOfRest(const PlannedEvent& event) const;
+    void WriteInParts(const PlannedEvent& rest, const std::vector<i16>& lengths,
+                      NoteContext context);
     bool WriteCarried(const PlannedEvent& event);
     void WriteItem(const PlannedStep& step);
     void MoveTo(Rational time);

@@ -195,7 +195,10 @@ void NoteWriter::TimeModification() {
         }
         return;
     }
-    const TimeRatio ratio = RatioOf(m_entry->duration, m_entry->actualDuration);
+    const TimeRatio known = m_context->time.ratio;
+    const TimeRatio ratio = Fits(known, m_entry->duration, m_entry->actualDuration)
+                                ? known
+                                : RatioOf(m_entry->duration, m_entry->actualDuration);
     if (ratio.actual != ratio.normal) {
         m_out->append(m_childIndent).append("<time-modification><actual-notes>");
         m_out->append(std::to_string(ratio.actual)).append("</actual-notes><normal-notes>");

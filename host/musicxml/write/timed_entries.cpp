@@ -1,5 +1,6 @@
 #include "host/musicxml/write/timed_entries.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "host/score/time/entry_times.h"
@@ -34,6 +35,34 @@ bool Agree(Rational time, i64 units) {
     return std::abs(RoundToUnits(time) - units) <= 1;
 }
 
+// The ratio inside a tuplet. 0:0, which fits no length, if the tuplet counts in two units.
+TimeRatio Inside(const EDTTuplet2005& tuplet, TimeRatio outside) {
+    constexpr i64 kMost = i64{1} << 20U;
+    const i64 actual = i64{outside.actual} * tuplet.symbolicCount;
+    const i64 normal = i64{outside.normal} * tuplet.referenceCount;
+    const bool isUsable = tuplet.symbolicUnitDuration == tuplet.referenceUnitDuration &&
+                          actual > 0 && actual <= kMost && normal > 0 && normal <= kMost;
+    return isUsable ? TimeRatio{static_cast<int>(actual), static_cast<int>(normal)}
+                    : TimeRatio{0, 0};
+}
+
+void AddRatios(const ImportedScore& score, const Frame& frame, bool voice2,
+               std::vector<TimedEntry>& timed) {
+    for (const TupletRun& run : TupletRunsOf(frame.entries, voice2, score.document->Records())) {
+        const auto tuplet = FromBytes<EDTTuplet2005>(*run.record);
+        for (TimedEntry& entry : timed) {
+            const auto place = static_cast<std::size_t>(entry.entry - frame.entries.data());
+            if (run.first <= place && place <= run.last) {
+                entry.ratio = Inside(tuplet, entry.ratio);
+            }
+        }
+    }
+}
+
+bool NeedsRatio(const TimedEntry& timed) {
+    return !timed.asWritten && timed.entry->duration != timed.entry->actualDuration;
+}
+
 }  // namespace
 
 std::vector<TimedEntry> TimedEntriesOf(const ImportedScore& score, const Frame& frame, bool voice2,
@@ -65,6 +94,9 @@ std::vector<TimedEntry> TimedEntriesOf(const ImportedScore& score, const Frame& 
             result.asWritten ? time + form.length : DivisionAt(ends[i], end, divisions);
         result.length = finish - time;
         time = finish;
+    }
+    if (std::any_of(timed.begin(), timed.end(), NeedsRatio)) {
+        AddRatios(score, frame, voice2, timed);
     }
     return timed;
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/musicxml/imported_score.h"
+#include "host/musicxml/time_ratio.h"
 
 namespace standin {
 
@@ -12,6 +13,7 @@ struct TimedEntry {
     Rational start{};
     Rational length{};       // 0 for a grace entry
     bool asWritten = false;  // its time is that of its form
+    TimeRatio ratio{};       // of the tuplets around it; set where asWritten is false
 };
 
 // The voice-1 or the voice-2 entries of a frame, in order. Times come from the forms if these agree
