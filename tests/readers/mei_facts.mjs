@@ -180,7 +180,7 @@ class MeiReader {
         if (isOctave) {
             // verovio gives it to the entries beside it in the text, whatever their voice.
             const { measure } = this.places.get(key) ?? this;
-            return { measure, text: `m. ${measure}` };
+            return { measure, staff, text: `m. ${measure}` };
         }
         const place = (isOfNotes ? undefined : this.chords.get(key)) ?? this.places.get(key);
         return place ?? { measure: this.measure, text: "nowhere" };

@@ -36,6 +36,7 @@ const marks = new Set([
     "Symbol",
 ]);
 const chordMarks = new Set(["Articulation", "Arpeggio", "Tremolo", "ChordLine"]);
+const octaveShifts = { "8va": 12, "8vb": -12, "15ma": 24, "15mb": -24, "22ma": 36, "22mb": -36 };
 const aspects = { Slur: "slur", Tie: "tie", HairPin: "hairpin", Ottava: "octave", Lyrics: "lyric line" };
 
 export function factsOfMscx(text) {
@@ -48,6 +49,8 @@ class MscxReader {
         this.facts = new Facts();
         this.starts = [];
         this.ends = [];
+        this.written = []; // places whose pitches are as written, also under 8va
+        this.octaves = []; // {staff, from, to, shift}
     }
 
     read() {
@@ -55,6 +58,7 @@ class MscxReader {
             this.readStaff(staff);
         }
         this.joinLines();
+        this.written.forEach((place) => this.makeSounding(place));
         return this.facts;
     }
 
@@ -97,6 +101,9 @@ class MscxReader {
                 this.facts.add(element.name.toLowerCase(), [this.placeHere([])], joined([...what, ...root]));
             }
         }
+        if (this.lengths[this.measure].isLess(this.onset)) {
+            this.facts.overfull.add(this.measure);
+        }
     }
 
     openTuplet(element) {
@@ -121,8 +128,11 @@ class MscxReader {
         const length = isGrace ? zero : this.lengthOf(element);
         const notes = element.childrenNamed("Note");
         const place = this.placeHere(notes.map(pitchOf).sort(), element, isGrace);
+        this.facts.onsets.add(`${this.measure} ${this.staff} ${this.voice} ${this.onset}`);
+        this.written.push(place);
         for (const note of notes) {
             const ofNote = { ...place, pitches: [pitchOf(note)] };
+            this.written.push(ofNote);
             this.facts.add("note", [ofNote]);
             this.facts.add("duration", [ofNote], `${length}`);
             this.tuplets.forEach((tuplet) => tuplet.notes.push(ofNote));
@@ -177,6 +187,9 @@ class MscxReader {
         const here = [place.track.staff, place.track.voice, place.measure, place.onset];
         const next = element.child("next");
         const prev = element.child("prev");
+        if (next === undefined && prev === undefined) {
+            this.facts.leftOut.add(aspects[type] ?? type.toLowerCase());
+        }
         const line = { type, place, here };
         if (next !== undefined) {
             const what = joined([element.child(type)?.textOf("subtype"), element.child(type)?.textOf("beginText")]);
@@ -222,7 +235,29 @@ class MscxReader {
             const places = [start.place, end?.place].filter((place) => place !== undefined);
             const aspect = aspects[start.type] ?? start.type.toLowerCase();
             this.facts.add(aspect, places.map((place) => this.atRealTime(place)), start.what);
+            if (aspect === "octave") {
+                this.octaves.push({
+                    staff: start.place.track.staff,
+                    from: this.normalized(start.here),
+                    to: this.normalized(start.there),
+                    shift: octaveShifts[start.what] ?? 0,
+                });
+            }
         }
+    }
+
+    // An octave shift is its staff's; it does not matter on which staff a voice's note stands.
+    makeSounding({ measure, onset, track, pitches }) {
+        const isBefore = (one, other) =>
+            one.measure < other.measure || (one.measure === other.measure && one.onset.isLess(other.onset));
+        const here = { measure, onset };
+        const shift = this.octaves
+            .filter(({ staff, from, to }) => staff === track.staff && !isBefore(here, from) && isBefore(here, to))
+            .reduce((sum, octave) => sum + octave.shift, 0);
+        pitches.forEach((pitch, index) => {
+            const [key, spelling] = pitch.split(".");
+            pitches[index] = `${Number(key) + shift}.${spelling}`;
+        });
     }
 
     atRealTime(place) {

@@ -73,12 +73,26 @@ const rules = [
     {
         name: "a line that ends where nothing begins",
         reader: "MuseScore",
-        why: "MuseScore's own format has a place for a line's end only where a note or rest begins, and moves others to the measure's end. Where a long note has taken the place of the hidden rests between which a direction stood, nothing begins at its time.",
-        explains: ({ fact }, { findings, result }) =>
-            fact?.aspect === "hairpin" &&
-            findings
-                .filter(({ side, fact: other }) => side === "lost" && startsAlike(fact, other))
-                .some(({ fact: lost }) => !ScoreText.of(result).hasOnset(lost.places.at(-1))),
+        why: "MuseScore's own format has a place for a line's start only where a note or rest of its staff begins, and for its end where one of the staff's first voice does. It leaves out other lines, or ends them elsewhere. Where notes move, something begins there for the first time or no longer.",
+        explains: ({ side, fact }, { before, after, findings }) => {
+            const hasNoPlace = ({ places: [start, end] }, facts) =>
+                ![0, 1, 2, 3].some((voice) => hasOnset(facts, start, voice)) ||
+                (end !== undefined && !hasOnset(facts, end, end.track.voice));
+            const isLost = (one) => hasNoPlace(one.fact, one.side === "lost" ? after : before);
+            return (
+                ofDirections.has(fact?.aspect) &&
+                (isLost({ side, fact }) ||
+                    findings.some((other) => other.side !== side && startsAlike(other.fact, fact) && isLost(other)))
+            );
+        },
+    },
+    {
+        name: "an octave shift left out",
+        reader: "MuseScore",
+        why: "MuseScore writes notes under an octave shift an octave lower. If its own format has no place for the shift's ends, the notes stay there without it.",
+        explains: ({ side, fact }, { before, after, findings }) =>
+            [before, after].some(({ leftOut }) => leftOut.has("octave")) &&
+            findings.some((other) => other.side !== side && isOctavesAway(other.fact, fact)),
     },
     {
         name: "a slur of a chord over two staves",
@@ -96,9 +110,11 @@ const rules = [
         name: "a grace note left behind",
         reader: "MuseScore",
         why: "A grace note stays in its layer when the note behind it joins a chord, and at a measure's end where nothing follows. MuseScore gives it to the next note in the text, whatever its voice and staff.",
-        explains: ({ fact }, { result }) =>
+        explains: ({ fact }, { source, result }) =>
             fact?.places[0].grace === true &&
-            [0, 1].some((later) => ScoreText.of(result).measuresOfLoneGraces().has(fact.measure - later)),
+            [source, result].some((text) =>
+                [0, 1].some((later) => ScoreText.of(text).measuresOfLoneGraces().has(fact.measure - later)),
+            ),
     },
     {
         name: "more than four voices on a staff",
@@ -121,6 +137,13 @@ const rules = [
                 findings.some(({ fact: note }) => note?.aspect === "note" && sharesTimeAndPitch(fact, note))),
     },
     {
+        name: "octave shifts open together",
+        reader: "verovio",
+        why: "verovio ends all octave shifts that are open on a staff where the first of them stops, whatever their numbers. With the voices in another order, others are open at that stop.",
+        explains: ({ fact }, { source, result }) =>
+            [source, result].some((text) => isOneOf(ScoreText.of(text).octaveShiftsOpenTogether(), fact)),
+    },
+    {
         name: "several notations of one note",
         reader: "verovio",
         why: "verovio reads the first <articulations> of a note. A rewritten note has all of them in one, and is read in full.",
@@ -138,12 +161,25 @@ const rules = [
         },
     },
     {
-        name: "a fermata of a voice on another staff",
+        name: "a fermata or grace note of a voice on another staff",
         reader: "MuseScore",
-        why: "MuseScore gives a fermata to the staff on which its voice has most notes, also where the note itself stands on another one.",
+        why: "MuseScore gives fermatas and grace notes to the staff on which their voice has most notes, also where they stand on another one.",
         explains: ({ side, fact }, { before, after }) =>
-            fact?.aspect === "fermata" &&
-            (side === "lost" ? after : before).list.some((other) => other.aspect === "fermata" && isOnOtherStaff(other, fact)),
+            (fact?.aspect === "fermata" || fact?.places.some(({ grace }) => grace)) &&
+            (side === "lost" ? after : before).list.some((other) => isElsewhere(other, fact)),
+    },
+    {
+        name: "a gap of no note value",
+        reader: "MuseScore",
+        why: "MuseScore fills a gap in a staff's first voice with one rest, and saves it with a wrong value if no note value is as long as the gap. A note of a voice over two staves that moves may leave such a gap.",
+        explains: ({ side, fact }, { before, after, findings }) => {
+            const isBehindGap = (one) =>
+                one?.places.some(({ measure }) =>
+                    [measure, measure - 1].some((place) => before.overfull.has(place) || after.overfull.has(place)),
+                );
+            const partners = findings.filter((other) => other.side !== side && startsAlike(other.fact, fact));
+            return isBehindGap(fact) || partners.some((other) => isBehindGap(other.fact));
+        },
     },
     {
         name: "ornaments without white space",
@@ -160,6 +196,7 @@ const rules = [
 ];
 
 const joinable = new Set(["note", "duration", "tuplet", "tie", "articulation", "fermata", "trill", "lyric"]);
+const ofDirections = new Set(["hairpin", "octave", "textline", "pedal"]);
 const ofNotes = new Set(["note", "duration", "tuplet"]);
 
 // Whether a tie ends where its first note does.
@@ -201,6 +238,22 @@ const isOneOf = (lines, fact) =>
             fact.places[0].staff <= lastStaff,
     );
 
+const hasOnset = ({ lengths, onsets }, { measure, onset, track }, voice) =>
+    !lengths.has(`${measure} ${track.staff}`) || onsets.has(`${measure} ${track.staff} ${voice} ${onset}`);
+
+// Pitches are "key.spelling".
+function isOctavesAway(one, other) {
+    const keysOf = ({ pitches }) => pitches.flat().map((pitch) => Number.parseInt(pitch, 10));
+    const timeOf = ({ places: [{ measure, onset, grace, staff }] }) => [measure, onset, grace, !grace && staff].join();
+    return (
+        one !== undefined &&
+        one.aspect === other?.aspect &&
+        one.what === other.what &&
+        timeOf(one) === timeOf(other) &&
+        keysOf(one).some((key) => keysOf(other).some((far) => key !== far && (key - far) % 12 === 0))
+    );
+}
+
 const startsAlike = (one, other) =>
     one?.aspect === other?.aspect && one !== undefined && textOf(one.places[0]) === textOf(other.places[0]);
 
@@ -213,8 +266,8 @@ function hasDividedEnd(one, other, end) {
     const [here, there] = [one.places[end], other.places[end]];
     const [far, away] = [one.places[1 - end], other.places[1 - end]];
     return (
-        here !== undefined &&
-        there !== undefined &&
+        one.places.length === 2 &&
+        other.places.length === 2 &&
         textOf(far) === textOf(away) &&
         here.measure === there.measure &&
         `${here.onset}` === `${there.onset}` &&
@@ -255,6 +308,18 @@ const isOnOtherStaff = (one, other) =>
     `${one.places[0].onset}` === `${other.places[0].onset}` &&
     one.places[0].staff !== other.places[0].staff &&
     one.pitches[0][0] === other.pitches[0][0];
+
+// Whether two fermatas, or facts with grace notes, differ in the staff of these only.
+const isElsewhere = (one, other) =>
+    one.aspect === other.aspect &&
+    one.what === other.what &&
+    one.places.length === other.places.length &&
+    one.places.every(({ measure, onset, staff, grace }, end) => {
+        const place = other.places[end];
+        const mayDiffer = grace || one.aspect === "fermata";
+        const shares = one.pitches[end].length === 0 || one.pitches[end].some((pitch) => other.pitches[end].includes(pitch));
+        return measure === place.measure && `${onset}` === `${place.onset}` && shares && (mayDiffer || staff === place.staff);
+    });
 
 export const rulesOf = (reader) => rules.filter((rule) => [undefined, reader].includes(rule.reader));
 

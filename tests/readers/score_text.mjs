@@ -1,5 +1,4 @@
 // What the rules need to know of a score's own text, without regard to any reader.
-import { Rational, zero } from "./rational.mjs";
 import { parseXml } from "./xml_tree.mjs";
 
 const aspects = {
@@ -42,17 +41,16 @@ export class ScoreText {
         return this.backward;
     }
 
+    // Octave shifts that are open in the text where another one of the part stops.
+    octaveShiftsOpenTogether() {
+        this.together ??= this.parts.flatMap((part) => octaveShiftsOpenTogetherIn(part));
+        return this.together;
+    }
+
     // Those where a grace note is followed by no note of its voice, but a rest or nothing.
     measuresOfLoneGraces() {
         this.lone ??= new Set(this.parts.flatMap(({ measures }) => measuresWithLoneGrace(measures)));
         return this.lone;
-    }
-
-    // Whether a note or rest of the part begins at the place.
-    hasOnset({ staff, measure, onset }) {
-        const part = this.partOf(Number(staff));
-        part.onsets ??= onsetsOf(part.measures);
-        return part.onsets[measure - 1]?.has(`${onset}`) ?? false;
     }
 
     partOf(staff) {
@@ -98,26 +96,24 @@ function backwardLinesOf({ measures, firstStaff, lastStaff }) {
     return lines;
 }
 
-// By measure, the times in whole notes from the barline where notes or rests begin.
-function onsetsOf(measures) {
-    let divisions = 1;
-    return measures.map((measure) => {
-        const onsets = new Set();
-        let time = zero;
-        for (const child of measure.children) {
-            divisions = Number(child.textOf("divisions") ?? divisions);
-            const length = new Rational(Number(child.textOf("duration") ?? "0"), 4 * divisions);
-            if (child.name === "backup") {
-                time = time.minus(length);
-            } else if (child.name === "forward") {
-                time = time.plus(length);
-            } else if (child.name === "note" && child.child("chord") === undefined) {
-                onsets.add(`${time}`);
-                time = time.plus(length);
+function octaveShiftsOpenTogetherIn({ measures, firstStaff, lastStaff }) {
+    const lines = [];
+    const open = new Map(); // by number, the measure of the start
+    for (const [index, measure] of measures.entries()) {
+        const ends = [...measure.descendants()].filter(({ name }) => name === "octave-shift");
+        for (const { attributes } of ends) {
+            const number = attributes.number ?? "1";
+            if (attributes.type === "up" || attributes.type === "down") {
+                open.set(number, index + 1);
+            } else if (attributes.type === "stop") {
+                open.delete(number);
+                for (const start of open.values()) {
+                    lines.push({ aspect: "octave", measure: start, firstStaff, lastStaff });
+                }
             }
         }
-        return onsets;
-    });
+    }
+    return lines;
 }
 
 function measuresWithLoneGrace(measures) {

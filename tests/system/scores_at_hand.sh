@@ -6,8 +6,8 @@
 corpus="${PLYWELD_CORPUS:-$top/../shared/corpus}"
 suite="${PLYWELD_SUITE:-$top/../shared/musicxml-suite}"
 
-# The options of the merges, by name; the measures of "part" go by the scores' lengths, and its
-# first beat by the shortest first measure, an upbeat of one beat.
+# The options of the merges, by name; for those of a part, set_measures comes first. Its first beat
+# goes by the shortest first measure, an upbeat of one beat.
 ways=(all others into-second part)
 options_of() {
     case $1 in
@@ -18,6 +18,18 @@ options_of() {
     part) echo "--measures $measures --from-beat 1.5 --to-beat 3" ;;
     end-of-a-staff) echo "--from all --to 2 --measures $measures --from-beat 1.5 --staves 1-1" ;;
     esac
+}
+
+# set_measures FIRST XML: the measures of a part go from the FIRST to the end of the score, or from the
+# only one.
+set_measures() {
+    measures="#$1-"
+    [ "$(grep -oE '<measure[ >]' "$2" | wc -l)" -gt "$(grep -o '</part>' "$2" | wc -l)" ] || measures=#1-
+}
+
+# is_too_short ERRORS: whether a merge of a part failed only because there is no such beat
+is_too_short() {
+    grep -q 'ends before the first beat' "$1"
 }
 
 # unpack MXL XML: the score in the archive
