@@ -150,6 +150,8 @@ private:
     };
 
     void BeforeRecordChange(u32 tag, RecordKey key, const Bytes* before) override;
+    void BeforeRecordsChange(u32 tag, RecordTable::const_iterator first,
+                             RecordTable::const_iterator last) override;
     void BeforeFrameChange(FrameKey key);
     Frame& FrameAt(FrameKey key);
     void DropLostEntries(FrameKey key, const std::vector<EXENTRY>& before,

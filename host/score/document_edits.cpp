@@ -1,4 +1,4 @@
-// Undo, comparison with the import, and deep comparison of a document.
+// Undo, the imported state, and deep comparison of a document.
 #include <algorithm>
 #include <utility>
 
@@ -26,79 +26,6 @@ private:
     u64 m_value = 0xCBF29CE484222325ULL;
 };
 
-using Place = std::pair<u16, u16>;  // staff and measure
-
-void AddPlaceOf(const EDTSmartShapeEnd& end, std::set<Place>& places) {
-    if (end.staff != 0) {
-        places.emplace(u16{end.staff}, u16{end.measure});
-    }
-}
-
-bool IsMarkOf(const Bytes& mark, u16 shape) {
-    return FromBytes<EDTSmartShapeEntMark>(mark).shapeNumber == shape;
-}
-
-bool IsMarked(const Document& document, u32 entry, u16 shape) {
-    const RecordStore::Table& marks = document.Records().OfTag(Tag::kShapeOnEntry);
-    for (auto at = marks.lower_bound(RecordKey::OfEntry(entry));
-         at != marks.end() && at->first.Entry() == entry; ++at) {
-        if (IsMarkOf(at->second, shape)) {
-            return true;
-        }
-    }
-    return false;
-}
-
-bool WasMarked(const Document& document, u32 entry, u16 shape) {
-    const Bytes* mark = nullptr;
-    for (u16 inci = 0; mark == nullptr || !IsMarkOf(*mark, shape); ++inci) {
-        mark = document.ImportedRecord(Tag::kShapeOnEntry, RecordKey::OfEntry(entry, inci));
-        if (mark == nullptr) {
-            return false;
-        }
-    }
-    return true;
-}
-
-// The ends that moved; both if the line appeared or disappeared, because a line without one of its
-// marks is not drawn.
-void AddChangedEnds(const Document& document, u16 number, std::set<Place>& places) {
-    const RecordKey key = RecordKey::Other(number);
-    const Bytes* before = document.ImportedRecord(Tag::kSmartShape, key);
-    const Bytes* now = document.Records().Find(Tag::kSmartShape, key);
-    const auto was = before == nullptr ? EDTSmartShape{} : FromBytes<EDTSmartShape>(*before);
-    const auto is = now == nullptr ? EDTSmartShape{} : FromBytes<EDTSmartShape>(*now);
-    const bool wasDrawn = WasMarked(document, was.start.entryNumber, number) &&
-                          WasMarked(document, was.end.entryNumber, number);
-    const bool isDrawn = IsMarked(document, is.start.entryNumber, number) &&
-                         IsMarked(document, is.end.entryNumber, number);
-    for (const auto end : {&EDTSmartShape::start, &EDTSmartShape::end}) {
-        if (wasDrawn != isDrawn || BytesOf(was.*end) != BytesOf(is.*end)) {
-            AddPlaceOf(was.*end, places);
-            AddPlaceOf(is.*end, places);
-        }
-    }
-}
-
-// Where a record's content is visible; nothing for records without a particular place.
-void AddPlacesOf(u32 tag, RecordKey key, const Bytes& bytes, const Document& document,
-                 std::set<Place>& places) {
-    if (tag == Tag::kExpression) {
-        const i16 staff = FromBytes<MyExpressionAssign>(bytes).staff;
-        places.emplace(static_cast<u16>(std::max<i16>(staff, 0)), key.OtherItem());
-    } else if (tag == Tag::kSmartShape) {
-        AddChangedEnds(document, key.OtherItem(), places);
-    } else if (FamilyOf(tag) == RecordFamily::kEntryDetail) {
-        const FrameKey home = document.HomeOf(key.Entry());
-        if (home.staff != 0) {  // a deleted entry has changed its frame
-            places.emplace(home.staff, home.measure);
-        }
-        if (tag == Tag::kShapeOnEntry) {
-            AddChangedEnds(document, FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber, places);
-        }
-    }
-}
-
 }  // namespace
 
 void Document::BeforeRecordChange(u32 tag, RecordKey key, const Bytes* before) {
@@ -110,6 +37,17 @@ void Document::BeforeRecordChange(u32 tag, RecordKey key, const Bytes* before) {
     }
     if (m_baseline) {
         m_baseline->NoteRecord(tag, key, before);
+    }
+}
+
+void Document::BeforeRecordsChange(u32 tag, RecordTable::const_iterator first,
+                                   RecordTable::const_iterator last) {
+    BeforeRecordChange(tag, first->first, &first->second);
+    if (m_edit) {
+        m_edit->journal.NoteRecords(tag, first, last);
+    }
+    if (m_baseline) {
+        m_baseline->NoteRecords(tag, first, last);
     }
 }
 
@@ -269,33 +207,6 @@ void Document::MarkImported() {
     m_undo.clear();
     m_redo.clear();
     m_baseline.emplace();
-}
-
-std::set<std::pair<u16, u16>> Document::ChangedMeasures() const {
-    std::set<Place> places;
-    if (!m_baseline) {
-        return places;
-    }
-    for (const auto& [key, before] : m_baseline->Frames()) {
-        const Frame* now = FindFrame(key);
-        if (now == nullptr ? !before.entries.empty() : !(*now == before)) {
-            places.emplace(key.staff, key.measure);
-        }
-    }
-    for (const auto& [name, before] : m_baseline->Records()) {
-        const auto& [tag, key] = name;
-        const Bytes* now = m_records.Find(tag, key);
-        if (now == nullptr ? !before : before && *now == *before) {
-            continue;
-        }
-        if (before) {
-            AddPlacesOf(tag, key, *before, *this, places);
-        }
-        if (now != nullptr) {
-            AddPlacesOf(tag, key, *now, *this, places);
-        }
-    }
-    return places;
 }
 
 const Frame* Document::ImportedFrame(FrameKey key) const {

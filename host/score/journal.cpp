@@ -16,4 +16,17 @@ void Journal::NoteRecord(u32 tag, RecordKey key, const Bytes* before) {
     }
 }
 
+void Journal::NoteRecords(u32 tag, RecordTable::const_iterator first,
+                          RecordTable::const_iterator last) {
+    const u16 from = first->first.Inci();
+    const auto [noted, isNew] = m_notedFrom.try_emplace({tag, first->first.WithInci(0)}, from);
+    if (!isNew && noted->second <= from) {
+        return;
+    }
+    noted->second = from;
+    for (; first != last; ++first) {
+        NoteRecord(tag, first->first, &first->second);
+    }
+}
+
 }  // namespace standin

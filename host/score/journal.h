@@ -21,6 +21,8 @@ public:
     // The first call for an object counts, later ones are ignored. Null = it did not exist.
     void NoteFrame(FrameKey key, const Frame* before);
     void NoteRecord(u32 tag, RecordKey key, const Bytes* before);
+    // Records of one item, from the first on through its last.
+    void NoteRecords(u32 tag, RecordTable::const_iterator first, RecordTable::const_iterator last);
 
     bool IsEmpty() const noexcept { return m_frames.empty() && m_records.empty(); }
     const std::unordered_map<FrameKey, Frame>& Frames() const noexcept { return m_frames; }
@@ -31,6 +33,7 @@ public:
 private:
     std::unordered_map<FrameKey, Frame> m_frames;  // an empty frame = there was none
     std::map<RecordName, std::optional<Bytes>> m_records;
+    std::map<RecordName, u16> m_notedFrom;  // by an item's first key: from this number on, all are
 };
 
 }  // namespace standin

@@ -56,6 +56,33 @@ TEST(HostRecords, NumbersMoveWithinItem) {
     EXPECT_EQ(done('d', 3), "0 3 abc");
 }
 
+TEST(HostRecords, UndoRestoresNumbers) {
+    // What remains after the deletions of one edit, after its undo and after redoing it.
+    const auto done = [](std::initializer_list<u16> deleted) {
+        StandIn host;
+        Document& score = host.Score();
+        for (const char content : {'a', 'b', 'c', 'd'}) {
+            Words key{5, kAppend};
+            EXPECT_EQ(Create(kKeyFormat, key, content), 1);
+        }
+        score.BeginEdit(u"Delete");
+        for (const u16 inci : deleted) {
+            EXPECT_TRUE(score.Records().Delete(kKeyFormat, RecordKey::Other(5, inci)));
+        }
+        Words added{5, kAppend};
+        EXPECT_EQ(Create(kKeyFormat, added, 'x'), 1);
+        score.EndEdit();
+        std::string contents = ItemContents(host, 5);
+        score.Undo();
+        contents += " " + ItemContents(host, 5);
+        score.Redo();
+        return contents + " " + ItemContents(host, 5);
+    };
+    EXPECT_EQ(done({0, 0}), "cdx abcd cdx");
+    EXPECT_EQ(done({2, 0}), "bdx abcd bdx");
+    EXPECT_EQ(done({3, 2, 0, 0}), "x abcd x");
+}
+
 TEST(HostRecords, EntryDetailsNeedEntryAndSize) {
     StandIn host;
     host.Layer(1, 1, 0, "q:c4 q:d4");

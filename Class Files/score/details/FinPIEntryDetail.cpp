@@ -52,6 +52,7 @@ i16 FinPIEntryDetail::Delete() {
     }
     m_loaded = 0;
     m_flagsOfDeleted = m_entryFlags;
+    m_numbersByContent.reset();
     return 1;
 }
 
@@ -114,6 +115,9 @@ i16 FinPIEntryDetail::Create() {
     m_recordNumber = m_entry.CreatedRecordNumber();
     m_loaded = 1;
     m_entry->flags |= m_entryFlags;
+    if (m_numbersByContent) {
+        m_numbersByContent->emplace(RecordKey(), m_recordNumber);
+    }
     return 1;
 }
 
@@ -216,18 +220,36 @@ void FinPIEntryDetail::FollowStoredVariant() {
     }
 }
 
-FinPIEntryDetail::Search FinPIEntryDetail::SelectEqualRecord(const FinPIEntryDetail& source,
-                                                             u32 earlierEqual) {
+bool FinPIEntryDetail::ListContents() {
+    std::multimap<u32, u16> numbers;
     if (!HasNothing()) {
-        u32 equal = 0;
         Walk records{*this};
         while (records.Next()) {
-            if (IsSkipped() == 0 && IsSame(source) != 0 && ++equal > earlierEqual) {
-                return Search::kFound;
-            }
+            numbers.emplace(RecordKey(), m_recordNumber);
         }
         if (records.HasFailed()) {
+            return false;
+        }
+    }
+    m_numbersByContent = std::move(numbers);
+    return true;
+}
+
+FinPIEntryDetail::Search FinPIEntryDetail::SelectEqualRecord(const FinPIEntryDetail& source,
+                                                             u32 earlierEqual) {
+    if (!m_numbersByContent && !ListContents()) {
+        return Search::kInDoubt;
+    }
+    u32 equal = 0;
+    const auto [first, last] = m_numbersByContent->equal_range(source.RecordKey());
+    for (auto record = first; record != last; ++record) {
+        SelectRecord(record->second);
+        if (Load() == 0) {
+            PostRecordError<FinPILoadEDataFailed>("FinPIEntryDetail::Load", Tag());
             return Search::kInDoubt;
+        }
+        if (IsSkipped() == 0 && IsSame(source) != 0 && ++equal > earlierEqual) {
+            return Search::kFound;
         }
     }
     SelectRecord(kNewRecord);

@@ -1,6 +1,8 @@
 // A detail of an entry: a host record attached to it, such as an articulation.
 #pragma once
 
+#include <map>
+#include <optional>
 #include <span>
 
 #include "Class Files/score/frames/FinPIEntryPtr.h"
@@ -114,8 +116,14 @@ private:
     // Uses the records of the other direction if there are none for the stem's direction, because
     // music that joined the layer may have turned the stem.
     void FollowStoredVariant();
+    // Loads every record once; false: the walk failed.
+    bool ListContents();
     enum class Search { kFound, kNotFound, kInDoubt };
     Search SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual);
+
+    // The numbers of the entry's records by their RecordKey(), once they were needed; kept up to
+    // date while records are created.
+    std::optional<std::multimap<u32, u16>> m_numbersByContent;
 };
 
 // Skips the gaps that a host may leave in the numbers when a record is deleted. A refused load must

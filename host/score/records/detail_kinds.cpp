@@ -44,10 +44,7 @@ bool IsOfNote(u32 tag) noexcept {
 
 u32 DetailFlagsOf(u32 entry, const RecordStore& records) {
     u32 flags = 0;
-    if (records.HasDetails(entry)) {
-        records.ForEachDetail(
-            entry, [&flags](u32 tag, RecordKey, const Bytes&) { flags |= DetailFlagOf(tag); });
-    }
+    records.ForEachDetailTag(entry, [&flags](u32 tag) { flags |= DetailFlagOf(tag); });
     return flags;
 }
 

@@ -6,8 +6,6 @@
 namespace standin {
 namespace {
 
-constexpr unsigned kSharedBit = 63;  // for the tags without their own bit
-
 bool HasRecordNumbers(u32 tag) noexcept {
     const RecordFamily family = FamilyOf(tag);
     return !IsNumberedItem(tag) &&
@@ -86,13 +84,19 @@ bool RecordStore::Delete(u32 tag, RecordKey key, After after) {
     if (at == table.end()) {
         return false;
     }
-    Tell(tag, key, &at->second);
-    at = table.erase(at);
-    while (after == After::kCloseUp && HasRecordNumbers(tag) && at != table.end() &&
-           at->first.Item() == key.Item()) {
-        const auto later = at++;
-        Renumber(tag, table, later, static_cast<u16>(later->first.Inci() - 1));
+    if (after == After::kCloseUp && HasRecordNumbers(tag)) {
+        const auto end = table.upper_bound(key.WithInci(kAppend));
+        if (m_listener != nullptr) {
+            m_listener->BeforeRecordsChange(tag, at, end);
+        }
+        // The contents move, not the keys: an entry with many details loses one after the other.
+        for (auto later = std::next(at); later != end; at = later++) {
+            at->second = std::move(later->second);
+        }
+    } else {
+        Tell(tag, key, &at->second);
     }
+    table.erase(at);
     UnmarkIfLast(tag, key);
     return true;
 }

@@ -1,6 +1,7 @@
 // All records of a document except its frames: by tag, then in the order of their keys.
 #pragma once
 
+#include <algorithm>
 #include <map>
 #include <optional>
 #include <string>
@@ -26,10 +27,15 @@ Structure FromBytes(const Bytes& bytes) {
     return structure;
 }
 
-// Called before a record changes; null = it does not exist yet.
+using RecordTable = std::map<RecordKey, Bytes>;
+
+// Called before a record changes; null = it does not exist yet. Of an item of which a record is
+// deleted, all records from that one on are passed at once.
 class RecordListener {
 public:
     virtual void BeforeRecordChange(u32 tag, RecordKey key, const Bytes* before) = 0;
+    virtual void BeforeRecordsChange(u32 tag, RecordTable::const_iterator first,
+                                     RecordTable::const_iterator last) = 0;
 
 protected:
     ~RecordListener() = default;
@@ -37,7 +43,7 @@ protected:
 
 class RecordStore {
 public:
-    using Table = std::map<RecordKey, Bytes>;
+    using Table = RecordTable;
 
     void SetListener(RecordListener* listener) noexcept { m_listener = listener; }
 
@@ -69,6 +75,9 @@ public:
     u16 CountOfEntry(u32 tag, u32 entry) const;
     bool HasDetails(u32 entry) const { return m_entryTags.contains(entry); }
 
+    // Calls visit(tag) for every tag of which the entry has details.
+    template <typename Visit>
+    void ForEachDetailTag(u32 entry, Visit visit) const;
     // Calls visit(tag, key, bytes) for every detail of the entry.
     template <typename Visit>
     void ForEachDetail(u32 entry, Visit visit) const;
@@ -81,7 +90,8 @@ public:
     std::optional<Bytes> Exchange(u32 tag, RecordKey key, std::optional<Bytes> bytes);
 
 private:
-    using TagMask = u64;  // bit i: the i-th entry detail tag; the last bit stands for all others
+    using TagMask = u64;                        // bit i: the i-th entry detail tag
+    static constexpr unsigned kSharedBit = 63;  // for the tags without their own bit
 
     Table& TableOf(u32 tag) { return m_tables[tag]; }
     u16 CountOfItem(const Table& table, RecordKey key) const;
@@ -99,22 +109,28 @@ private:
 };
 
 template <typename Visit>
-void RecordStore::ForEachDetail(u32 entry, Visit visit) const {
+void RecordStore::ForEachDetailTag(u32 entry, Visit visit) const {
     const auto tags = m_entryTags.find(entry);
     if (tags == m_entryTags.end()) {
         return;
     }
     for (std::size_t i = 0; i < m_detailTags.size(); ++i) {
-        const unsigned bit = i < 63 ? static_cast<unsigned>(i) : 63U;
-        if ((tags->second >> bit & 1U) == 0) {
-            continue;
-        }
-        const Table& table = OfTag(m_detailTags[i]);
-        for (auto at = table.lower_bound(RecordKey::OfEntry(entry));
-             at != table.end() && at->first.Entry() == entry; ++at) {
-            visit(m_detailTags[i], at->first, at->second);
+        const bool isMarked = (tags->second >> std::min<std::size_t>(i, kSharedBit) & 1U) != 0;
+        if (isMarked && (i < kSharedBit || CountOfEntry(m_detailTags[i], entry) != 0)) {
+            visit(m_detailTags[i]);
         }
     }
+}
+
+template <typename Visit>
+void RecordStore::ForEachDetail(u32 entry, Visit visit) const {
+    ForEachDetailTag(entry, [&](u32 tag) {
+        const Table& table = OfTag(tag);
+        for (auto at = table.lower_bound(RecordKey::OfEntry(entry));
+             at != table.end() && at->first.Entry() == entry; ++at) {
+            visit(tag, at->first, at->second);
+        }
+    });
 }
 
 }  // namespace standin
