@@ -1,6 +1,8 @@
 // Which measures of a document differ from the import.
 #include <algorithm>
+#include <set>
 #include <unordered_map>
+#include <utility>
 
 #include "host/score/document.h"
 #include "host/score/records/tags.h"
