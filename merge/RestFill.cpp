@@ -40,7 +40,7 @@ i16 Plyweld::FillRestRuns(FramePair& frames) {
             }
         }
         next = static_cast<i16>(run.start + run.count);
-        if (next < 0 || next >= frames.destination.Count()) {
+        if (next >= frames.destination.Count()) {
             break;
         }
     }

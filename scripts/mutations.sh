@@ -12,38 +12,50 @@ top=$(cd "$(dirname "$0")/.." && pwd)
 project=$top
 home="$build/mutations"
 patches="$project/tests/mutations"
-programs=(test_merge test_details test_trust)
-limit=300  # seconds for a test program
+# Groups that are built together, the quick ones first: a fault stops at the first failed test.
+programs=("test_merge test_details test_trust")
 if [ $# -gt 0 ]; then
-    # The quick ones first.
-    programs=(test_library test_helpers test_merge test_details test_frames test_region test_foundation
-        test_records test_settings test_interface test_plugin test_command test_trust test_sweeps)
-    limit=180
+    programs=("test_library test_helpers test_merge test_details test_frames test_region
+        test_foundation test_records test_settings test_interface test_plugin"
+        "test_command test_trust test_sweeps")
 fi
+limit=90  # seconds of a processor for a test program, which makes endless loops fail
 workers=$(nproc)
 export GIT_CEILING_DIRECTORIES="$home" PLYWELD_MERGES="${PLYWELD_MERGES:-1500}"
+export GTEST_FAIL_FAST=1
 
-# The files as they are now, new ones included, as a tree of their own. Fresh, as is the build:
-# what an interrupted run left must not count. copy_project FOLDER
+# The files as they are now, new ones included, as a tree of their own. What an interrupted run
+# left is replaced; what is the same keeps its time, so that it is not compiled again.
+# copy_project FOLDER
 copy_project() {
+    local file
     mkdir -p "$1"
     git -C "$project" ls-files -z --cached --others --exclude-standard |
-        (cd "$project" && xargs -0 cp --parents -t "$1")
+        while IFS= read -r -d '' file; do
+            [ -e "$project/$file" ] || continue
+            cmp -s "$project/$file" "$1/$file" || (cd "$project" && cp --parents -t "$1" "$file")
+        done
+    (cd "$1" && find . -path ./build -prune -o -type f -printf '%P\0') |
+        while IFS= read -r -d '' file; do
+            [ -e "$project/$file" ] || rm "$1/$file"
+        done
 }
 
 build_tests() { build_preset native "$@" >/dev/null 2>"$top/build.log"; }
 
 # Prints the first test that fails; 1 when none does, 2 when a program does not build. A program
-# that crashes, or does not end, has failed. Each is linked just before it runs: most faults are
-# caught by one of the first.
+# that crashes, or does not end, has failed.
 failing_test() {
-    local program log="$top/tests.log"
-    for program in "${programs[@]}"; do
-        build_tests "$program" || return 2
-        if ! timeout "$limit" "$build/native/$program" >"$log" 2>&1; then
-            grep -m 1 -oE '^\[  FAILED  \] [^, ]+' "$log" | sed 's/.*\] //' || echo "$program"
-            return 0
-        fi
+    local group program log="$build/tests.log"
+    for group in "${programs[@]}"; do
+        # shellcheck disable=SC2086
+        build_tests $group || return 2
+        for program in $group; do
+            if ! (ulimit -t "$limit" -v 8000000 && timeout 900 "$build/native/$program") >"$log" 2>&1; then
+                grep -m 1 -oE '^\[  FAILED  \] [^, ]+' "$log" | sed 's/.*\] //' || echo "$program"
+                return 0
+            fi
+        done
     done
     return 1
 }
@@ -71,31 +83,40 @@ try_mutation() {
     git -C "$top" apply -p0 -R "$patch"
 }
 
-# Every worker has a tree and a build of its own and takes each workers-th patch: work NUMBER
+# Every worker has a tree and a build of its own and takes the next patch: work NUMBER
 work() {
-    local number=0 patch outcome
+    local patch outcome
     top="$home/tree$1"
     build="$top/build"
     export CCACHE_BASEDIR="$top"
-    copy_project "$top"
-    build_tests "${programs[@]}" || {
-        tail -n 20 "$top/build.log" >&2
-        fail "the tests do not build"
-    }
     if outcome=$(failing_test); then
         fail "$outcome fails without any mutation"
     fi
     for patch in "$patches_tried"/*.patch; do
-        number=$((number + 1))
-        [ $((number % workers)) -eq "$1" ] || continue
+        mkdir "$home/taken/$(basename "$patch" .patch)" 2>/dev/null || continue
         outcome=$(try_mutation "$patch")
         say "$(basename "$patch" .patch): $outcome" | tee -a "$home/outcomes"
         [ "$outcome" != "NOT CAUGHT" ] || head -n 1 "$patch" >>"$home/survivors"
     done
 }
 
-rm -rf "$home"
-mkdir -p "$home"
+# One after the other: the second finds in the cache what the first has compiled.
+prepare() {
+    local top="$home/tree$1" build="$home/tree$1/build"
+    export CCACHE_BASEDIR="$top"
+    copy_project "$top"
+    # gold links in a fraction of the time.
+    [ -e "$build/native/build.ninja" ] || quietly cmake --preset native -S "$top" -B "$build/native" \
+        -DCMAKE_CXX_COMPILER_LAUNCHER=ccache -DCMAKE_{EXE,SHARED,MODULE}_LINKER_FLAGS=-fuse-ld=gold
+    # shellcheck disable=SC2068
+    build_tests ${programs[@]} || {
+        tail -n 20 "$top/build.log" >&2
+        fail "the tests do not build"
+    }
+}
+
+rm -rf "$home"/{random,taken,outcomes,survivors}
+mkdir -p "$home/taken"
 patches_tried=$patches
 if [ $# -gt 0 ]; then
     patches_tried="$home/random"
@@ -105,6 +126,7 @@ if [ $# -gt 0 ]; then
 fi
 pids=()
 for ((worker = 0; worker < workers; ++worker)); do
+    prepare "$worker"
     (work "$worker") &
     pids+=($!)
 done

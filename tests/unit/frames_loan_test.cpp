@@ -90,6 +90,9 @@ TEST_F(Frames, RefusedReloadKeepsFrame) {
         App().faults = {};
         EXPECT_EQ(frame.Frame(), held);
     }
+    const FinPITGFPtr copy{std::as_const(frame)};
+    EXPECT_EQ(copy.Count(), 5) << "a copy has a loan of its own";
+    EXPECT_NE(copy.Frame(), held);
     EXPECT_EQ(ErrorOf(Load(4).ReloadTGF()),
               "29999 FinPITGFPtr::ReloadTGF: TGFPtr is not self-destroy.");
     Refuse(HostCall::kLoadTGF);

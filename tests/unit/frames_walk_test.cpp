@@ -96,6 +96,12 @@ TEST_F(Walks, ExpressionBelongsToEntryAtItsTime) {
     EXPECT_EQ(on([](auto& e) { e.positionLow = 1024; }, true, false), "4") << "no launcher";
     EXPECT_EQ(on([](auto& e) { e.positionHigh = 1; }, false, false), "");
     EXPECT_EQ(on([](auto& e) { e.hasPosition = 0, e.positionLow = 600; }, false, false), "2");
+    host.Layer(1, 1, 1, "q:c4");
+    FinPIScoreExpr expression{1, number};
+    EXPECT_NE(expression.Load(), 0);
+    const FinPITGFPtr otherLayer{host.Staff(1), 1, 1};
+    EXPECT_TRUE(otherLayer.EntryAt(0).IsExpressionAttached(expression, false, false));
+    EXPECT_FALSE(otherLayer.EntryAt(0).IsExpressionAttached(expression, false, true));
     // Of several entries at the same time only the first.
     for (EXENTRY& entry : frame.Entries().subspan(2)) {
         entry.elapsedTime = 0;

@@ -2,6 +2,7 @@
 // take a time, what moves from one entry to another.
 #include "merge/EntryTools.h"
 #include "merge/NoteOrder.h"
+#include "merge/RestReplacement.h"
 #include "merge/SourceSpan.h"
 #include "tests/unit/details_fixture.h"
 
@@ -134,6 +135,35 @@ TEST_F(Helpers, NotesAreReorderedForAScope) {
         EXPECT_EQ(NoteIDs(chord), (std::vector<u16>{3, 1, 2}));
     }
     EXPECT_EQ(NoteIDs(chord), (std::vector<u16>{1, 2, 3}));
+}
+
+// The sixteenths were at other times than they are once the host has placed them.
+TEST_F(Helpers, PlacedEntriesMayBeRoundedAgain) {
+    const struct {
+        int index;
+        i32 start, duration;  // how far they were off
+        bool isAllowed;
+    } cases[] = {
+        {0, 2, 0, true},   {0, -3, 0, false}, {0, 0, -2, true},    {0, 0, 3, false},
+        {1, 3, 0, true},   {1, 4, 0, false},  {14, 16, 0, true},   {14, 0, 17, false},
+        {15, 16, 0, true}, {15, 0, 16, true}, {15, -17, 0, false}, {15, 0, -17, false},
+    };
+    for (const auto& [index, start, duration, isAllowed] : cases) {
+        SCOPED_TRACE(testing::Message() << index << ": " << start << ", " << duration);
+        std::string sixteenths;
+        for (int i = 0; i < 16; ++i) {
+            sixteenths += " s:c4";
+        }
+        Write(sixteenths.substr(1), "w:r");
+        LoadBoth();
+        source.Frame()->entries[index].elapsedTime += start;
+        source.Frame()->entries[index].actualDuration += duration;
+        FramePair frames{{}, std::move(source), std::move(target)};
+        std::set<u32> graceRests;
+        EXPECT_EQ(ReplaceRests(frames, {0, 1, 4096}, {0, 16}, graceRests) == Replacement::kDone,
+                  isAllowed);
+        EXPECT_EQ(TakePendingError().empty(), isAllowed);
+    }
 }
 
 }  // namespace

@@ -167,9 +167,10 @@ TEST_F(OpenCommand, SavedSettingHasOwnPlace) {
     ASSERT_EQ(plugin.Init(), 1);
     Open().Send(kCloseMessage);
     OpenDialog& again = Open();
+    again.window.rectangle = {420, 130, 820, 430};  // the user moved it
     OpenDialog& setting = Open(1);
     EXPECT_EQ(setting.window.caption, u"A v" PLYWELD_VERSION);
-    EXPECT_EQ(setting.window.rectangle.left, again.window.rectangle.left + 10);
+    EXPECT_EQ(setting.window.rectangle.left, 430);
     setting.Press(kClose);
     EXPECT_FALSE(Plugin::Stored("Plyweld", "WPOS12003").empty());
 }
@@ -239,6 +240,16 @@ TEST_F(OpenCommand, StoresOptionsWhenClosed) {
     again.Choose(kFrom, 4);
     again.Send(kSystemCommand, kCloseCommand);
     EXPECT_EQ(StoredOptions()[2], 2);
+    // The lists of a window that is going away may be empty by then.
+    OpenDialog& emptied = Open();
+    emptied.Choose(kFrom, 2);
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kEndDialog);
+    emptied.Press(kClose);
+    App().faults = {};
+    emptied.window.controls[kFrom].items.clear();
+    emptied.window.controls[kTo].items.clear();
+    emptied.Send(kDestroyMessage);
+    EXPECT_EQ(StoredOptions()[2], 0);
 }
 
 TEST_F(OpenCommand, RunKeepsItsOptions) {

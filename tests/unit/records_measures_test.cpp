@@ -213,7 +213,7 @@ TEST_F(ScoreAccess, FindsStaffSystemByMeasure) {
         record.nextSystemFirstMeasure = next;
         Put(Tag::kStaffSystem, RecordKey::Other(1), record);
         App().ResetCounts();
-        EXPECT_EQ(FinPIStaffSystem(2, 1).GetCmper1(), 1) << first;
+        EXPECT_EQ(FinPIStaffSystem(5, 1).GetCmper1(), 2) << first;
         EXPECT_EQ(App().calls.Of(HostCall::kUpdateLayout), 1U) << first;
     }
 }
@@ -281,7 +281,9 @@ TEST_F(ScoreAccess, ClearedCacheFreesMetrics) {
     using namespace FinPIMetricsCache;
     int metrics = 0;
     FindMeasureMetrics({1, 2, 3}) = &metrics;
-    EXPECT_EQ(FindMeasureMetrics({1, 2, 4}), nullptr);
+    for (const i16 other : {i16{4}, i16{5}}) {
+        EXPECT_EQ(FindMeasureMetrics({1, 2, other}), nullptr);
+    }
     NotePageView({1, 2, 3}, false);
     EXPECT_TRUE(IsShownInPageView({1, 2, 4}));
     ClearAll();

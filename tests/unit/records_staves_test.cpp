@@ -56,6 +56,10 @@ TEST_F(Staves, CommitSavesDependentRecords) {
     EXPECT_EQ(read.FretInstrument().IsSame(staff.FretInstrument()), 1);
     EXPECT_EQ(read.ShapeNotes()[2]->IsSame(*staff.ShapeNotes()[2]), 1);
     EXPECT_NE(Stored(HostTag("D\x15NI"), RecordKey::Detail(Number(), 2)), nullptr) << "half notes";
+    auto plain = StoredStaff();
+    plain.flags &= ~StaffFlag::kShapeNotes;
+    Put(staff.Tag(), RecordKey::Other(Number()), plain);
+    EXPECT_EQ(FinPIStaff(Number()).ShapeNotes()[2]->IsLoaded(), 0) << "not in use";
 
     // Without their flags, the fret instrument is no longer referred to and the shape notes go.
     read.flags = 0;

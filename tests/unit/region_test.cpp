@@ -195,6 +195,8 @@ TEST_F(Region, KeepsFramesOfItsLayer) {
     FinPIRegion copy{region};
     EXPECT_EQ(App().lent.Count(), 2U) << "frames stay with the region that loaded them";
     copy.OneLayerFrame(host.Staff(1), 1);
+    copy.SetOneLayer(1);
+    EXPECT_EQ(copy.OneLayerFrame(host.Staff(1), 1).Layer(), 1);
     copy = region;
     region.SetRegion(&span);
     EXPECT_EQ(App().lent.Count(), 0U);
