@@ -43,11 +43,22 @@ copy_project() {
 
 build_tests() { build_preset native "$@" >/dev/null 2>"$top/build.log"; }
 
+# The program whose tests are closest to a source.
+nearest_program() {
+    case $1 in
+    merge/*) say test_merge ;;
+    *"/score/records/"* | *"/score/document/"*) say test_records ;;
+    *"/score/"*) sed -E 's|.*/score/([a-z]+)/.*|test_\1|' <<<"$1" ;;
+    *"Files/"*/*) sed -E 's|.*Files/([a-z]+)/.*|test_\1|' <<<"$1" ;;
+    *) say test_plugin ;;
+    esac
+}
+
 # Prints the first test that fails; 1 when none does, 2 when a program does not build. A program
-# that crashes, or does not end, has failed.
+# that crashes, or does not end, has failed. failing_test GROUP...
 failing_test() {
     local group program log="$build/tests.log"
-    for group in "${programs[@]}"; do
+    for group in "$@"; do
         # shellcheck disable=SC2086
         build_tests $group || return 2
         for program in $group; do
@@ -74,7 +85,7 @@ try_mutation() {
         echo "does not apply"
         return
     }
-    caught=$(failing_test) || status=$?
+    caught=$(failing_test "$(nearest_program "$(head -n 1 "$patch" | cut -d: -f1)")" "${programs[@]}") || status=$?
     case $status in
     0) echo "caught by $caught" ;;
     1) echo "NOT CAUGHT" ;;
@@ -89,7 +100,7 @@ work() {
     top="$home/tree$1"
     build="$top/build"
     export CCACHE_BASEDIR="$top"
-    if outcome=$(failing_test); then
+    if outcome=$(failing_test "${programs[@]}"); then
         fail "$outcome fails without any mutation"
     fi
     for patch in "$patches_tried"/*.patch; do

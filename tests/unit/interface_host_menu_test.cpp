@@ -109,6 +109,7 @@ TEST_F(HostMenuTest, MovedItemGetsNewText) {
     EXPECT_TRUE(MoveItemToSubmenu({&plugins, 0}, target.get(), std::nullopt, std::nullopt));
     EXPECT_EQ(Show(*target), u"def||New|Abcdef");
     EXPECT_FALSE(MoveItemToSubmenu({}, target.get(), std::nullopt, std::nullopt));
+    EXPECT_FALSE(MoveItemToSubmenu({&plugins, 9}, target.get(), std::nullopt, std::nullopt));
 }
 
 }  // namespace

@@ -70,6 +70,7 @@ constexpr MergeCase kRestFill[] = {
     {"NoEntryEndsWithTheRun", "h:r h:c4", "q:e4 h:f4 q:g4", "h:r h:c4", "q:e4 h:f4 q:g4"},
     {"EmptyReceivesEverything", "", "gs:c4 q:d4 v2{e:a3 e:b3} q:r h:f4",
      "gs:c4 q:d4 v2{e:a3 e:b3} q:r h:f4", "q:r v2{e:r e:r} q:r h:r"},
+    {"EmptyReceivesHiddenRestsToo", "", "h:r h:x", "h:r h:x", "h:r h:x"},
     {"LaunchingRestsStay", "h:r v2{q:c4 q:d4} h:r", "h:e4 h:g4", "h:r v2{q:c4 q:d4} h:g4",
      "h:e4 h:r"},
     {"VoiceTwoInsideASpanComesAlong", "h:r h:c4", "h:e5 v2{q:a4 q:g4} h:b4",
@@ -305,10 +306,12 @@ TEST(Expressions, NoLayerIsNotTheEighth) {
     App().maxLayers = 8;
     host.Layer(1, 1, 7, "w:e4");
     host.Expression(1, 1, 0, -1);
+    host.Expression(1, 1, 0, 0);
     host.SelectAll();
     Plugin{}.Merge(host, {.source = 7, .destination = 2});
     EXPECT_EQ(host.Layer(1, 1, 2), "w:e4");
     EXPECT_EQ(ExpressionOf(host, 0).layer, 0);
+    EXPECT_EQ(ExpressionOf(host, 1).layer, 1);
 }
 
 }  // namespace

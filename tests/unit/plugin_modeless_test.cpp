@@ -70,6 +70,8 @@ TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
     open.Choose(kFrom, 2);
     EXPECT_TRUE(open.disabled.contains(kGo)) << "the same layer in both lists";
     open.Choose(kFrom, 4);
+    open.Choose(kTo, 3);
+    EXPECT_TRUE(open.disabled.contains(kGo));
     open.Choose(kTo, 2);
     open.Press(kHideRests);
     open.Press(kGo);
@@ -240,16 +242,24 @@ TEST_F(OpenCommand, StoresOptionsWhenClosed) {
     again.Choose(kFrom, 4);
     again.Send(kSystemCommand, kCloseCommand);
     EXPECT_EQ(StoredOptions()[2], 2);
+    const u8 rebeamed = StoredOptions()[8];
+    App().maxLayers = 1;
+    OpenDialog& oneLayer = Open();
+    oneLayer.Press(kRebeam);
+    oneLayer.Send(kSystemCommand, kCloseCommand);
+    EXPECT_EQ(StoredOptions()[8], 1 - rebeamed);
+    App().maxLayers = 4;
     // The lists of a window that is going away may be empty by then.
     OpenDialog& emptied = Open();
-    emptied.Choose(kFrom, 2);
+    emptied.Choose(kFrom, 5);
     App().faults.refuseKind = FaultPlan::AllOf(HostCall::kEndDialog);
     emptied.Press(kClose);
     App().faults = {};
     emptied.window.controls[kFrom].items.clear();
     emptied.window.controls[kTo].items.clear();
+    emptied.positions.clear();
     emptied.Send(kDestroyMessage);
-    EXPECT_EQ(StoredOptions()[2], 0);
+    EXPECT_EQ(StoredOptions()[2], 3);
 }
 
 TEST_F(OpenCommand, RunKeepsItsOptions) {

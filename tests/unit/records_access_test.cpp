@@ -38,6 +38,9 @@ TEST_F(Records, WalkClearsLongerRecords) {
     EXPECT_EQ(record.LoadNext() + record.LoadNext(), 2);
     EXPECT_EQ(record.opaque0[1], 's');
     EXPECT_EQ(record.opaque0[2], 0);
+    Bytes longer(14, '#');
+    record.GetDataCopy(longer.data(), 14);
+    EXPECT_EQ(longer, Bytes(2, 's') + Bytes(12, '\0'));
 }
 
 TEST_F(Records, HooksHaveNoEffectByDefault) {

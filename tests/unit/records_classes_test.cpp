@@ -32,6 +32,12 @@ TEST_F(RecordClasses, TextsAreKeyedByNumber) {
     verse.Rewind();
     EXPECT_EQ(verse.LoadNext() + verse.LoadNext(), 2);
     EXPECT_EQ(verse.IsSame(next), 1);
+
+    FinPILyricText loadedElsewhere(LyricTextTag::kVerse, 4);
+    const OtherDocument other;
+    other->Records().Create(HostTag("txve"), RecordKey::Text(4), "o");
+    EXPECT_EQ(loadedElsewhere.Load(), 1);
+    EXPECT_EQ(loadedElsewhere.DocumentID(), App().CurrentNumber());
 }
 
 TEST_F(RecordClasses, EmptyStringsAreDeleted) {

@@ -274,6 +274,7 @@ TEST_F(SavedSettingsTest, RenamedEntryIsSorted) {
         open.Type(Control::kName, u"z");
         open.Choose(Control::kList, 4);
         EXPECT_EQ(open.SelectedItem(Control::kList), u"c") << "moved down behind it";
+        EXPECT_EQ(open.texts[Control::kName], u"c");
         open.Type(Control::kName, u"aa");
         open.Choose(Control::kList, 2);
         EXPECT_EQ(open.SelectedItem(Control::kList), u"b") << "moved up to its place";

@@ -39,6 +39,9 @@ StandIn::StandIn(int staves, int measures, i16 beats, i16 beatDuration) {
 }
 
 StandIn::~StandIn() {
+    for (const Alert& alert : App().alerts) {
+        EXPECT_EQ(alert.kind, 0) << "one button";
+    }
     const Application& app = App();
     EXPECT_EQ(app.lent.Count(), 0U) << "frames still on loan";
     EXPECT_EQ(app.calls.strangeFrames, 0U) << "frames handed over that were not on loan";
