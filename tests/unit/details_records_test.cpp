@@ -78,6 +78,9 @@ TEST_F(Details, UpStemVariantBecomesDownStem) {
     EXPECT_EQ(host.Attached(Source(), HostTag("edSU")), "");
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kBeamExtension)) << "one is left";
     EXPECT_FALSE(source.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
+    WriteAndLoad("q:c4", "q:c4", {{HostTag("edsl"), "from when the stem was down"}});
+    EXPECT_EQ(Delete(kFromSource), 1);
+    EXPECT_EQ(host.Attached(Source(), HostTag("edsl")), "");
 }
 
 TEST_F(Details, BeamedRestHasNeighborsStem) {

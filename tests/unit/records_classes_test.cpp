@@ -76,6 +76,7 @@ TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
     EXPECT_EQ(FinPIMeasFloat(4, 5).GetKey(key), 6);
     EXPECT_EQ(key, (EnigmaKey{4, 5, 0}));
     EXPECT_EQ(FinPITextExpression{4}.GetKey(key), 4);
+    EXPECT_EQ(FinPITextExpression{4}.GetDataSize(), 38U);
     EXPECT_EQ(FinPIKeyFormat(4).GetKey(key), 4);
     EXPECT_EQ(FinPIClefChange(4).GetKey(key), 4);
     EXPECT_EQ(FinPIGeneralPrefs{}.GetKey(key), 2);

@@ -145,6 +145,8 @@ TEST_F(SavedSettingsTest, EmptyListHasNoSelection) {
             save.Choose(Control::kList, 1);
             save.Press(Control::kDelete);
         }
+        save.Press(Control::kAdd);
+        save.Choose(Control::kList, 2);
         save.window.controls[Control::kList].items.clear();
         save.Choose(Control::kList, 0);
         EXPECT_TRUE(save.Items(Control::kList).empty());
