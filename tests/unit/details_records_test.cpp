@@ -79,7 +79,9 @@ TEST_F(Details, UpStemVariantBecomesDownStem) {
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kBeamExtension)) << "one is left";
     EXPECT_FALSE(source.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
     WriteAndLoad("q:c4", "q:c4", {{HostTag("edsl"), "from when the stem was down"}});
+    source.EntryAt(0)->flags |= 1;
     EXPECT_EQ(Delete(kFromSource), 1);
+    EXPECT_TRUE(source.EntryAt(0).HasFlag(1)) << "the host's own";
     EXPECT_EQ(host.Attached(Source(), HostTag("edsl")), "");
 }
 

@@ -173,6 +173,9 @@ TEST_F(DialogTest, ForgetsOnlyItsOwnPlace) {
     EXPECT_TRUE(IsPlaceStored(22000));
     placed.ForgetStoredPosition(0);
     EXPECT_FALSE(IsPlaceStored(22000));
+    ZKFX_PutSettings("WPOS", 0, "place", 5, "Plyweld");
+    placed.ForgetStoredPosition(53536);
+    EXPECT_FALSE(IsPlaceStored(0));
 }
 
 TEST_F(DialogTest, RestoresPlaceOnceAfterCreation) {

@@ -312,6 +312,9 @@ TEST(Expressions, NoLayerIsNotTheEighth) {
     EXPECT_EQ(host.Layer(1, 1, 2), "w:e4");
     EXPECT_EQ(ExpressionOf(host, 0).layer, 0);
     EXPECT_EQ(ExpressionOf(host, 1).layer, 1);
+    host.Expression(1, 1, 0, 2);
+    Plugin{}.Merge(host, {.source = 2, .destination = 7});
+    EXPECT_EQ(ExpressionOf(host, 2).layer, 0);
 }
 
 }  // namespace

@@ -14,18 +14,22 @@ void TwoLayers(StandIn& host) {
 }
 
 TEST(Edit, IsOneUndoStep) {
-    StandIn host{1, 12};
-    TwoLayers(host);
-    host.Score().SetMeasureNumberText(12, u"12a");
-    host.Select(1, 5, 0, 1, 12, kEndOfMeasure);
-    const u64 before = host.Score().Digest();
-    Plugin{}.Merge(host);
-    EXPECT_EQ(host.Layer(1, 12, 0), "w:c4,e4");
-    EXPECT_EQ(host.Score().UndoTexts(), std::vector<std::u16string>{u"Plyweld 5-12a"});
-    ASSERT_EQ(App().redrawn.size(), 1U);
-    EXPECT_EQ(App().redrawn[0].startMeasure, 5);
-    host.Score().Undo();
-    EXPECT_EQ(host.Score().Digest(), before);
+    const std::u16string numbers[] = {u"12a", std::u16string(30, u'9')};
+    for (const std::u16string& number : numbers) {
+        StandIn host{1, 12};
+        TwoLayers(host);
+        host.Score().SetMeasureNumberText(12, number);
+        host.Select(1, 5, 0, 1, 12, kEndOfMeasure);
+        const u64 before = host.Score().Digest();
+        Plugin{}.Merge(host);
+        EXPECT_EQ(host.Layer(1, 12, 0), "w:c4,e4");
+        EXPECT_EQ(host.Score().UndoTexts(),
+                  std::vector<std::u16string>{u"Plyweld 5-" + number.substr(0, 24)});
+        ASSERT_EQ(App().redrawn.size(), 1U);
+        EXPECT_EQ(App().redrawn[0].startMeasure, 5);
+        host.Score().Undo();
+        EXPECT_EQ(host.Score().Digest(), before);
+    }
 }
 
 TEST(Region, InStaffLists) {

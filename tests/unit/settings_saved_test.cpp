@@ -126,6 +126,13 @@ TEST_F(SavedSettingsTest, OldSettingsMoveToNewOwner) {
     }
     EXPECT_EQ(StoredValue(owner, "ZKSC22004"), std::nullopt) << "behind a gap";
     EXPECT_FALSE(KeyExists(old));
+    const auto read = [] {
+        ReadSavedSetting(23000, 1, nullptr, nullptr, nullptr, nullptr, nullptr);
+    };
+    read();
+    StoreValue(old, "ZKSC23001", "x");
+    read();
+    EXPECT_TRUE(KeyExists(old)) << "looked for once a session";
 }
 
 TEST_F(SavedSettingsTest, ExcessOldSettingsMoveToo) {
