@@ -250,6 +250,7 @@ TEST_F(Details, NoHostCallWithoutDetails) {
     EXPECT_EQ(Copy(kOntoPlaced), 1);
     EXPECT_EQ(Delete(kFromSource), 0);
     EXPECT_EQ(App().calls.Total(), 0U);
+    EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns({}, HostTag("edEx")), 0);
     EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), HostTag("edEx")), 1);
     EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 1U) << "a smart shape's end is looked for";
     EXPECT_EQ(App().calls.Total(), 2U);

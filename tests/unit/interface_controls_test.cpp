@@ -96,6 +96,8 @@ TEST_F(ControlTest, ListKeepsSelectionWhenItemsGo) {
     list.ReplaceItemText(u"B", 2);
     char16 text[8] = u"kept";
     EXPECT_EQ(std::u16string{list.GetItemText(9, text, 0)}, u"kept");
+    EXPECT_EQ(std::u16string{list.GetItemText(0, text, 0)}, u"kept");
+    EXPECT_EQ(std::u16string{list.UnusedItemText(1, text, 0)}, u"kept");
     EXPECT_EQ(std::u16string{list.GetItemText(9, text, 1)}, u"");
     EXPECT_EQ(std::u16string{list.GetItemText(2, text, 1)}, u"B");
     list.RemoveItem(3);

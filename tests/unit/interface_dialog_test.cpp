@@ -33,6 +33,11 @@ protected:
     NotingDialog dialog{&command, nullptr, u"6.10"};
 };
 
+void StorePlace(i16 left, i16 top) {
+    const i16 record[14] = {left, top};
+    ZKFX_PutSettings("WPOS", 22000, record, sizeof(record), "Plyweld");
+}
+
 TEST_F(DialogTest, EventsReachTheirHandler) {
     const struct {
         u32 message;
@@ -64,10 +69,14 @@ TEST_F(DialogTest, EventsReachTheirHandler) {
 }
 
 TEST_F(DialogTest, FailedInitializationDisablesControls) {
+    StorePlace(50, 60);
     dialog.initializes = 0;
     OpenDialog& open = Start();
     EXPECT_EQ(open.Press(1009), 0);
     EXPECT_EQ(dialog.TakeNotes(), Notes{});
+    open.window.rectangle = {500, 500, 600, 600};
+    open.Send(kPositionChanged);
+    EXPECT_EQ(open.window.rectangle.left, 500) << "it stays where it is";
     open.Send(standin::kCloseMessage);
     EXPECT_EQ(desk.Newest(), nullptr);
 }
@@ -137,11 +146,6 @@ TEST_F(DialogTest, TitleIsTruncatedWithVersion) {
         NotingDialog titled{&command, title.c_str(), version.empty() ? nullptr : version.c_str()};
         EXPECT_EQ(Show(titled).window.caption, caption);
     }
-}
-
-void StorePlace(i16 left, i16 top) {
-    const i16 record[14] = {left, top};
-    ZKFX_PutSettings("WPOS", 22000, record, sizeof(record), "Plyweld");
 }
 
 bool IsPlaceStored(i16 number) {

@@ -185,6 +185,10 @@ TEST_F(Records, CommitsReachScoreAndParts) {
     EXPECT_EQ(record.DeleteAndRecreateInScore(), 1);
     EXPECT_EQ(host.Score().currentPart, 2);
     EXPECT_EQ(Marks(1), "p");
+    host.Score().currentPart = 0;
+    record.parts.clear();
+    EXPECT_EQ(record.CommitInScoreFirst(), 1);
+    EXPECT_EQ(record.parts, "0") << "once where the score is shown";
 }
 
 }  // namespace

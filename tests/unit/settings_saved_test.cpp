@@ -156,6 +156,8 @@ TEST_F(SavedSettingsTest, EmptyListHasNoSelection) {
         save.Choose(Control::kList, 2);
         save.window.controls[Control::kList].items.clear();
         save.Choose(Control::kList, 0);
+        save.Type(Control::kName, u"of no entry");
+        save.Press(Control::kOk);
         EXPECT_TRUE(save.Items(Control::kList).empty());
     });
 }
