@@ -243,6 +243,9 @@ TEST_F(Details, FlagsNeedNoRecord) {
     EXPECT_EQ(copied(DetailKind::kFrozenStem, 0x101), (Flags{0x100, 0}));
     EXPECT_EQ(copied(DetailKind::kFrozenStem, 0x001), (Flags{0, 0})) << "it is not frozen";
     EXPECT_EQ(FinPIPrimaryBeamBreak{FinPIEntryPtr{}}.Commit(), 0);
+    EXPECT_EQ(FinPIPrimaryBeamBreak{FinPIEntryPtr{}}.Delete(), 0);
+    FinPICrossStaff ofNoNote{target.EntryAt(0)};
+    EXPECT_EQ(ofNoNote.CopyAttributes(FinPICrossStaff{source.EntryAt(0)}), 0);
 }
 
 TEST_F(Details, NoHostCallWithoutDetails) {

@@ -112,6 +112,7 @@ constexpr MergeCase kPartOfAMeasure[] = {
      "q:r q:r q:e4 q:f4", 0, 2047},
     {"SkeletonWithTuplets", "", "h:c4 q:d4 (3:2 e:e4 e:f4 e:g4)", "h:r q:d4 (3:2 e:e4 e:f4 e:g4)",
      "h:c4 q:r (3:2 e:r e:r e:r)", 2048},
+    {"AllButTheLastUnit", "", "q:c4 q:d4 h:e4", "q:c4 q:d4 h:e4", "q:r q:r h:r", 0, 4094},
     {"SkeletonEndingInATupletOfOne", "", "h:c4 q:d4 (2:1 h:e4)", "h:r q:d4 (2:1 h:e4)",
      "h:c4 q:r (2:1 h:r)", 2048},
     {"SkeletonWithoutGraceNotes", "", "gs:c4 h:d4 gs:e4 h:f4", "h:r gs:e4 h:f4", "gs:c4 h:d4 h:r",

@@ -75,6 +75,10 @@ TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
     EXPECT_EQ(shape.GetKey(key), 6) << "bytes";
     EXPECT_EQ(FinPIMeasFloat(4, 5).GetKey(key), 6);
     EXPECT_EQ(key, (EnigmaKey{4, 5, 0}));
+    FinPIMeasFloat last(4, 0);
+    EXPECT_EQ(FinPIMeasFloat(4, 0).Create() + FinPIMeasFloat(5, 0).Create(), 2);
+    EXPECT_EQ(last.LoadLastInci(), 1);
+    EXPECT_EQ(last.GetCmper1(), 4);
     EXPECT_EQ(FinPITextExpression{4}.GetKey(key), 4);
     EXPECT_EQ(FinPITextExpression{4}.GetDataSize(), 38U);
     EXPECT_EQ(FinPIKeyFormat(4).GetKey(key), 4);

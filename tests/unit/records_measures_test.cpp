@@ -206,6 +206,7 @@ TEST_F(ScoreAccess, FindsStaffSystemByMeasure) {
     EXPECT_EQ(ErrorOf(FinPIStaffSystem(8, 1).IsLoaded()),
               "29998 FinPIStaffSystem::FinPIStaffSystem: SOSS");
     EXPECT_EQ(ErrorOf(FinPIStaffSystem(1, FinPIStaffSystem::kNoSystem).IsLoaded()), "");
+    EXPECT_EQ(ErrorOf(FinPIMeas(0xFFFF).IsLoaded()), "") << "no measure in particular";
     const std::pair<i16, i16> stale[] = {{i16{0}, i16{4}}, {i16{1}, i16{0}}};
     for (const auto& [first, next] : stale) {
         EDTStaffSystemSpec2005 record{};

@@ -147,6 +147,9 @@ TEST_F(SavedSettingsTest, ExcessOldSettingsMoveToo) {
 TEST_F(SavedSettingsTest, EmptyListHasNoSelection) {
     StoreLetters(2);
     Run([](OpenDialog& save) {
+        save.Choose(Control::kList, 3);
+        save.Press(Control::kDelete);
+        EXPECT_EQ(save.SelectedItem(Control::kList), u"a") << "the new last one";
         for (int i = 0; i < 3; ++i) {
             save.Press(Control::kDelete);
             save.Choose(Control::kList, 1);
