@@ -60,13 +60,13 @@ struct Chord {
     ExactTime duration;
     bool rest = false;
     bool hidden = false;              // of a rest: not printed
-    bool modified = false;            // has a time modification
     bool sharesTime = false;          // with another of its voice and staff
     bool onTwoStaves = false;         // its voice is on another staff, too
     bool repeatsLyric = false;        // two lyrics have one number
     bool tieRunsBackward = false;     // its tie ends earlier in the text
     bool tieCouldRunForward = false;  // with its voices the other way round
     Range notes;
+    u32 ratio = kNone;          // its time modification as written, by text
     u32 head = kNone;           // the chord it continues, of a <chord> over several staves
     std::vector<u32> brackets;  // of the tuplets it is in, by text
 

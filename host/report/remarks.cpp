@@ -9,6 +9,7 @@
 #include "host/musicxml/xml/xml_text.h"
 #include "host/report/places.h"
 #include "host/report/tie_remarks.h"
+#include "host/report/tuplet_remarks.h"
 #include "host/score/selection.h"
 #include "host/texts/texts.h"
 
@@ -282,6 +283,7 @@ std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
             }
         }
         AddTieRemarks(score, part, firstSlot, remarks);
+        AddTupletRemarks(score, part, firstSlot, destination, remarks);
     }
     std::stable_sort(remarks.begin(), remarks.end(), [](const Remark& a, const Remark& b) {
         return std::pair{a.staff, a.measure} < std::pair{b.staff, b.measure};

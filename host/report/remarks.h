@@ -15,6 +15,8 @@ struct Remark {
         kLyricNumber,     // a lyric got a new number
         kMarking,         // a marking of one note or chord now applies to more notes
         kTie,             // a tie that other programs may not read
+        kLine,            // a slur or other line that other programs may not read
+        kTuplet,          // only part of a tuplet moved, or a note left its tuplet
     };
     Kind kind = Kind::kMarking;
     u16 staff = 0;    // counted from 1 through the score

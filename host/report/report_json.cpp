@@ -22,6 +22,10 @@ const char* NameOf(Remark::Kind kind) {
             return "marking";
         case Remark::Kind::kTie:
             return "tie";
+        case Remark::Kind::kLine:
+            return "line";
+        case Remark::Kind::kTuplet:
+            return "tuplet";
     }
     return "";
 }

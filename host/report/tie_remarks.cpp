@@ -43,6 +43,7 @@ public:
                     plan = PlanMeasure(m_score, m_part, i);
                 }
                 AddTiesWithin(*plan, i);
+                AddLinesWithin(*plan, i);
             }
             if (next) {
                 AddTiesAcross(*plan, *next, i);
@@ -86,6 +87,36 @@ private:
         }
     }
 
+    // Likewise; the other end of such a line is at a note too, as directions move to its start.
+    void AddLinesWithin(const MeasurePlan& plan, std::size_t measure) {
+        std::set<u32> stopped;
+        for (const PlannedStream& stream : plan.streams) {
+            for (const PlannedStep& step : stream.steps) {
+                PlannedStream one;
+                one.steps = {step};
+                std::vector<WrittenEnd> ends;
+                AddEndsOfStream(m_score, m_part, m_part.measures[measure], one, ends);
+                for (const WrittenEnd& end : ends) {
+                    if (end.role == LineRole::kStop) {
+                        stopped.insert(end.line);
+                    } else if (end.role == LineRole::kStart && stopped.contains(end.line) &&
+                               step.event != nullptr && !StoppedFirst(end.line)) {
+                        AddLine(*step.event, m_part.lines.lines[end.line].kind, measure);
+                    }
+                }
+            }
+        }
+    }
+
+    // In the file that was read.
+    bool StoppedFirst(u32 line) const {
+        const auto first = std::find_if(
+            m_part.lines.ends.begin(), m_part.lines.ends.end(), [line](const LineEnd& end) {
+                return end.line == line && end.role != LineRole::kOnTheWay;
+            });
+        return first != m_part.lines.ends.end() && first->role == LineRole::kStop;
+    }
+
     // The start's own voice has the end of another tie of that pitch, which readers take for its.
     void AddTiesAcross(const MeasurePlan& plan, const MeasurePlan& next, std::size_t measure) {
         for (const PassingTie& tie : PassingTiesOf(StreamsIn(plan), StreamsIn(next))) {
@@ -99,13 +130,27 @@ private:
         }
     }
 
-    void Add(const PlannedEvent& start, const EXNOTE& note, u16 layer, std::size_t measure) {
+    Remark& AddAt(const PlannedEvent& start, Remark::Kind kind, std::size_t measure) {
         Remark& remark = m_remarks.emplace_back();
-        remark.kind = Remark::Kind::kTie;
+        remark.kind = kind;
         remark.staff = static_cast<u16>(m_firstSlot + start.staff);
         remark.measure = static_cast<u16>(measure + 1);
         remark.layer = start.layer;
         remark.onset = i32{start.time.entry->elapsedTime};
+        return remark;
+    }
+
+    void AddLine(const PlannedEvent& start, LineKind kind, std::size_t measure) {
+        Remark& remark = AddAt(start, Remark::Kind::kLine, measure);
+        remark.what = Say(kind == LineKind::kWavyLine    ? Text::kTrillLine
+                          : kind == LineKind::kGlissando ? Text::kGlissando
+                          : kind == LineKind::kSlide     ? Text::kSlide
+                                                         : Text::kSlur);
+        remark.words = Say(Text::kLineStopsFirst, {remark.what});
+    }
+
+    void Add(const PlannedEvent& start, const EXNOTE& note, u16 layer, std::size_t measure) {
+        Remark& remark = AddAt(start, Remark::Kind::kTie, measure);
         remark.what = NameOfNote(*m_score.document, remark.measure, note);
         remark.words = Say(Text::kTieGoesOn, {remark.what, std::to_string(layer + 1)});
     }

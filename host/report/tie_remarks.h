@@ -1,4 +1,4 @@
-// Ties that other programs may read otherwise after a merge.
+// Ties and other lines that other programs may read otherwise after a merge.
 #pragma once
 
 #include <vector>
@@ -8,7 +8,8 @@
 namespace standin {
 
 // Adds one for each tie of the part of which a merge moved one end into another voice, where a
-// reader may not find that end. firstSlot: of the part's staves, counted from 1 through the score.
+// reader may not find that end, and for each slur or other line between notes that now stops before
+// it starts in the text. firstSlot: of the part's staves, counted from 1 through the score.
 void AddTieRemarks(const ImportedScore& score, const ScorePart& part, u16 firstSlot,
                    std::vector<Remark>& remarks);
 

@@ -3,6 +3,7 @@
 
 #include "tests/unit/command_support.h"
 #include "tests/unit/support/named_cases.h"
+#include "tests/unit/tuplet_score.h"
 
 namespace {
 
@@ -29,6 +30,15 @@ const std::string kFiveVoices = Half("C5") + Half("D5") + Backup(8) + Half("A4",
                                 Half("E4", "5") + Half("F4", "5");
 
 // The report's lines besides its totals.
+std::vector<std::string> RemarksIn(const std::string& json) {
+    const auto report = nlohmann::json::parse(json);
+    std::vector<std::string> remarks;
+    for (const auto& remark : report.value("remarks", nlohmann::json::array())) {
+        remarks.push_back(remark["text"]);
+    }
+    return remarks;
+}
+
 struct RemarkCase {
     const char* name;
     std::string measure;
@@ -82,6 +92,59 @@ TEST_F(CommandRun, ReportNamesTieIntoAnotherVoiceOfNextMeasure) {
     }
 }
 
+struct DividedCase {
+    const char* name;
+    std::string score;
+    std::vector<std::string> options;
+    std::vector<std::string> remarks;
+
+    friend void PrintTo(const DividedCase& row, std::ostream* out) { *out << row.name; }
+};
+
+const DividedCase kDivided[] = {
+    {"ATupletOfWhichOneStaffMoves",
+     standin::TupletScore({"r quarter 36, r half 72, r quarter 36, back 144, C5 eighth 12 3:2 v2 "
+                           "[, E3 eighth 12 3:2 "
+                           "v2 s2, D5 eighth 12 3:2 v2 ], E5 half 72 v2, F5 quarter 36 v2, back "
+                           "144, G3 whole 144 v3 "
+                           "s2"}),
+     {"--from", "2", "--to", "1"},
+     {"m. 1, Piano, staff 1, beat 1: part of a tuplet moved to layer 1; the rest of it is on "
+      "another staff"}},
+    {"ANoteThatLeavesItsTuplet",
+     standin::TupletScore(
+         {"C5 eighth 12 3:2 [, r quarter 24 3:2 ], r quarter 36, r half 72, back "
+          "144, D4 eighth 12 6:4 v2 [, r quarter 24 6:4 v2, r quarter 24 6:4 v2, E4 "
+          "eighth 12 6:4 v2 ], r half 72 v2"}),
+     {"--from", "2", "--to", "1"},
+     {"m. 1, Piano, staff 1, beat 1: D4 joined a chord outside its tuplet"}},
+    {"ATrillThatStopsFirst",
+     standin::ScoreText(
+         {Half("E5", "1", Notations("<slur type=\"start\" number=\"1\"/>")) +
+          Half("G5", "1",
+               Notations("<slur type=\"stop\" number=\"1\"/><ornaments><trill-mark/><wavy-line "
+                         "type=\"start\" number=\"1\"/></ornaments>")) +
+          "<note><grace/><pitch><step>A</step><octave>5</octave></pitch><voice>1</voice><type>16th"
+          "</type>" +
+          Notations("<ornaments><wavy-line type=\"stop\" number=\"1\"/></ornaments>") + "</note>"}),
+     {"--from", "1", "--to", "2", "--from-beat", "1.5"},
+     {"m. 1, Piano, beat 3: the trill line ends before it starts in the file; other programs may "
+      "read it otherwise"}},
+};
+
+class DividedMusic : public CommandRun, public testing::WithParamInterface<DividedCase> {};
+
+TEST_P(DividedMusic, IsReported) {
+    const DividedCase& c = GetParam();
+    std::vector<std::string> arguments{
+        "merge", Write("in.xml", c.score), "-o", File("out.xml"), "--verify", "--json"};
+    arguments.insert(arguments.end(), c.options.begin(), c.options.end());
+    ASSERT_EQ(Run(arguments), kDone) << errors;
+    EXPECT_EQ(RemarksIn(output), c.remarks);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, DividedMusic, testing::ValuesIn(kDivided), standin::kByName);
+
 class ReportRemark : public CommandRun, public testing::WithParamInterface<RemarkCase> {};
 
 TEST_P(ReportRemark, IsReported) {
@@ -90,12 +153,7 @@ TEST_P(ReportRemark, IsReported) {
                    "--verify", "--json"}),
               kDone)
         << errors;
-    const auto report = nlohmann::json::parse(output);
-    std::vector<std::string> remarks;
-    for (const auto& remark : report.value("remarks", nlohmann::json::array())) {
-        remarks.push_back(remark["text"]);
-    }
-    EXPECT_EQ(remarks, c.remarks);
+    EXPECT_EQ(RemarksIn(output), c.remarks);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, ReportRemark, testing::ValuesIn(kRemarks), standin::kByName);

@@ -177,6 +177,12 @@ const FaultCase kFaults[] = {
       Third("C5", "1", kTupletStop) + Backup(4) +
       Third("C5", "2", OnStaff2(Notations("<tuplet type=\"start\"/><tuplet type=\"stop\"/>")))},
      "m. 1, staff 2, beat 1.333: C5 eighth out of its tuplet\n"},
+    {"SextupletsRatioReduced",
+     {kSixthsOfQuarter + Note({"C5", 2, "eighth", "1",
+                               "<time-modification><actual-notes>6</actual-notes><normal-notes>4"
+                               "</normal-notes></time-modification>"})},
+     {kSixthsOfQuarter + Third("C5")},
+     "1: C5 eighth out of its tuplet\n"},
     {"TupletWithoutItsStop",
      {kSixthsOfQuarter + Triplet("C5")},
      {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("C5") + Third("C5")},

@@ -124,12 +124,14 @@ private:
     }
 
     bool HasBracketsOf(u32 is, u32 was) const {
-        return std::ranges::includes(m_after.score.chords[is].brackets,
-                                     m_before.score.chords[was].brackets);
+        const Chord& after = m_after.score.chords[is];
+        const Chord& before = m_before.score.chords[was];
+        return after.ratio == before.ratio &&
+               std::ranges::includes(after.brackets, before.brackets);
     }
 
     // A note that joins a chord is in the tuplets of that chord, which keeps at least those it was
-    // in. Both have the same ratio, which is part of a note's form.
+    // in. Both take the same time.
     bool JoinedAChord(u32 is, u32 was, const Indices& before) const {
         return std::ranges::any_of(before, [&](u32 other) {
             return other != was && !m_before.score.chords[other].rest && HasBracketsOf(is, other) &&

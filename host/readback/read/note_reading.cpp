@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <numeric>
 #include <string_view>
 
 #include "host/readback/read/canonical_xml.h"
@@ -54,7 +55,6 @@ void NoteReading::Read(const NoteChildren& children, ExactTime duration) {
     note.attachments.begin = static_cast<u32>(m_score.attachments.size());
     note.form = m_texts.Of({});
     chord.notes.end = static_cast<u32>(m_score.notes.size());
-    chord.modified = chord.modified || children.Has(Child::kTimeModification);
     const pugi::xml_node node = children.Note();
     if (node.first_attribute()) {
         const std::string attributes = CanonicalAttributes(
@@ -86,8 +86,10 @@ void NoteReading::ReadChild(const NoteChildren::Element& child, bool isRest) {
     switch (child.kind) {
         case Child::kForm:
         case Child::kGrace:
-        case Child::kTimeModification:
             Current().form = m_texts.Joined(Current().form, child.value);
+            break;
+        case Child::kTimeModification:
+            ReadTimeModification(child);
             break;
         case Child::kChord:
         case Child::kDuration:
@@ -116,6 +118,17 @@ void NoteReading::ReadChild(const NoteChildren::Element& child, bool isRest) {
             Attach(child.value, true);
             break;
     }
+}
+
+// A note is as long in 6:4 as in 3:2. The ratio as it is written is the chord's, like its brackets.
+void NoteReading::ReadTimeModification(const NoteChildren::Element& child) {
+    const i64 actual = child.node.child("actual-notes").text().as_int(1);
+    const i64 normal = child.node.child("normal-notes").text().as_int(1);
+    const i64 divisor = std::max<i64>(std::gcd(actual, normal), 1);
+    Current().form =
+        m_texts.Joined(Current().form, m_texts.Of("time " + std::to_string(actual / divisor) + ':' +
+                                                  std::to_string(normal / divisor)));
+    m_score.chords.back().ratio = child.value;
 }
 
 void NoteReading::ReadNotations(pugi::xml_node notations) {

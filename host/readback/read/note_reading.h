@@ -25,6 +25,7 @@ private:
     };
 
     void ReadChild(const NoteChildren::Element& child, bool isRest);
+    void ReadTimeModification(const NoteChildren::Element& child);
     void ReadNotations(pugi::xml_node notations);
     void ReadNotation(pugi::xml_node notation, u32 wrapping);
     void ReadOrnaments(pugi::xml_node ornaments, u32 wrapping);

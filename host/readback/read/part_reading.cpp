@@ -121,7 +121,7 @@ void PartReading::Repeat(const MeasureContent& known) {
         chord.duration = was.duration;
         chord.rest = was.rest;
         chord.hidden = was.hidden;
-        chord.modified = was.modified;
+        chord.ratio = was.ratio;
         chord.head = was.head == kNone ? kNone : was.head + chords;
         chord.notes = Shifted(was.notes, notes);
     }
