@@ -193,6 +193,11 @@ TEST_F(Details, CopyFromOtherDocumentNeedsReferences) {
     EXPECT_EQ(ErrorOf(FinPIEntryDetail::CopyDetail(to, from, true, anyCopied)),
               "29999 FinPIEntryDetail::CopyDetail: CopyDependentStructs() failed.");
     EXPECT_EQ(anyCopied, 0);
+    FinPIArticulation withoutAny{elsewhere};
+    FinPIArticulation its{source.EntryAt(0)};
+    EXPECT_EQ(ErrorOf(FinPIEntryDetail::CopyDetail(withoutAny, its, true, anyCopied)),
+              "29997 FinPIEntryDetail::Create: edIM")
+        << "it needs none, but the document has no such entry";
 }
 
 TEST_F(Details, RefusesUnloadedOrOtherRecords) {
