@@ -28,5 +28,4 @@ inline constexpr std::size_t kMergeSwitchCount =
 namespace MergeMode {
 inline constexpr u16 kMergeIntoTarget = 0;
 inline constexpr u16 kReplaceInTarget = 1;
-inline constexpr u16 kNeither = 65535;  // neither button of the dialog is on
 }  // namespace MergeMode
