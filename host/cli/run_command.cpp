@@ -47,7 +47,7 @@ bool TakeManners(std::vector<std::string>& arguments) {
     }
     const std::optional<Manners> manners = ParseManners(arguments[1]);
     if (!manners) {
-        Complain("no manner of a host: " + arguments[1]);
+        Complain(Say(Text::kNoSuchManner, {arguments[1]}));
         return false;
     }
     App().manners = *manners;
@@ -62,7 +62,7 @@ int RunCommandLine(std::vector<std::string> arguments) {
     const int exitCode = Run(std::move(arguments));
     std::cout.flush();
     if (std::cout.fail() && exitCode == kDone) {
-        std::cerr << "plyweld: standard output takes no more\n";
+        Complain(Say(Text::kOutputFull, {}));
         return kFailed;
     }
     return exitCode;

@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/texts/texts.h"
+
 namespace standin {
 
 struct ReadWarning {
@@ -16,7 +18,7 @@ struct ReadWarning {
 
     // "a <duration> is 0, and counts as what the note's type says (3 times)"
     std::string Words() const {
-        return message + (count > 1 ? " (" + std::to_string(count) + " times)" : std::string{});
+        return count > 1 ? Say(Text::kManyTimes, {message, std::to_string(count)}) : message;
     }
 };
 

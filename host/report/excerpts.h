@@ -17,7 +17,7 @@ struct ExcerptPlace {
 
 struct ExcerptNote {
     i64 onset = 0;      // duration units from the barline
-    std::string pitch;  // as NameOfNote says it; of an unpitched note, where it is displayed
+    std::string pitch;  // as NameOfNote says it; or PitchName, which say the same
     std::string voice;
 };
 

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "host/musicxml/xml/xml_node.h"
+#include "host/report/pitch_name.h"
 
 namespace standin {
 namespace {
@@ -48,15 +49,7 @@ void DropLooks(pugi::xml_node element) {
 
 std::string PitchOf(pugi::xml_node note) {
     const pugi::xml_node pitch = note.child("pitch");
-    if (!pitch) {
-        const pugi::xml_node shown = note.child("unpitched");
-        return std::string{Trimmed(shown.child_value("display-step"))} +
-               std::string{Trimmed(shown.child_value("display-octave"))};
-    }
-    const int alter = IntegerOf(Trimmed(pitch.child_value("alter"))).value_or(0);
-    std::string name{Trimmed(pitch.child_value("step"))};
-    name.append(static_cast<std::size_t>(std::abs(alter)), alter < 0 ? 'b' : '#');
-    return name.append(Trimmed(pitch.child_value("octave")));
+    return PitchName(pitch ? pitch : note.child("unpitched"));
 }
 
 std::string NumberText(Rational number) {

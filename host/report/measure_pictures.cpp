@@ -89,20 +89,20 @@ std::vector<PicturedNote> NotesAfter(const Excerpt& after, const Excerpt& before
     return notes;
 }
 
-std::string WordsFor(const Document& document, u16 measure, const EXENTRY& entry) {
+std::string WordsFor(const ImportedScore& score, u16 measure, const EXENTRY& entry) {
     if (entry.noteCount == 0) {
         return std::string{Say(Text::kRest)};
     }
     std::string words;
     for (int i = 0; i < entry.noteCount; ++i) {
-        words += (i == 0 ? "" : "+") + NameOfNote(document, measure, entry.notes[i]);
+        words += (i == 0 ? "" : "+") + NameOfNote(score, measure, entry.notes[i]);
     }
     return words;
 }
 
 // What is seen of a measure, layer by layer; frameOf: the frame in a layer, or null.
 template <typename FrameOf>
-std::string WordsForLayers(const Document& document, u16 measure, FrameOf frameOf) {
+std::string WordsForLayers(const ImportedScore& score, u16 measure, FrameOf frameOf) {
     std::string words;
     for (u16 layer = 0; layer < kLayers; ++layer) {
         std::string list;
@@ -110,7 +110,7 @@ std::string WordsForLayers(const Document& document, u16 measure, FrameOf frameO
             for (const EXENTRY& entry : frame->entries) {
                 const bool isSeen = entry.noteCount > 0 || (entry.flags & EntryFlag::kIgnore) == 0;
                 if (isSeen) {
-                    list += (list.empty() ? "" : ", ") + WordsFor(document, measure, entry);
+                    list += (list.empty() ? "" : ", ") + WordsFor(score, measure, entry);
                 }
             }
         }
@@ -145,11 +145,11 @@ std::vector<MeasurePictures> PicturesOf(const MergeReport& report, const Importe
         Picture& first = pictures[i].before;
         first.notes =
             NotesBefore(before[i], measure, LayersOfVoices(document, voices, measure.measure));
-        first.words = WordsForLayers(document, measure.measure,
+        first.words = WordsForLayers(score, measure.measure,
                                      [&](u16 layer) { return document.ImportedFrame(key(layer)); });
         Picture& second = pictures[i].after;
         second.notes = NotesAfter(after[i], before[i], first.notes);
-        second.words = WordsForLayers(document, measure.measure,
+        second.words = WordsForLayers(score, measure.measure,
                                       [&](u16 layer) { return document.FindFrame(key(layer)); });
         first.measure = std::move(before[i].measure);
         second.measure = std::move(after[i].measure);

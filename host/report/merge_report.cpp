@@ -20,7 +20,8 @@ class MeasureReporter {
 public:
     MeasureReporter(const ImportedScore& score, const MergeRequest& request, FrameKey destination,
                     u16 slot)
-        : m_document{*score.document},
+        : m_score{score},
+          m_document{*score.document},
           m_request{request},
           m_destination{destination},
           m_before{EntriesOf(m_document.ImportedFrame(destination))},
@@ -114,7 +115,7 @@ private:
         std::vector<std::string> pitches;
         pitches.reserve(static_cast<std::size_t>(entry.noteCount));
         for (int i = 0; i < entry.noteCount; ++i) {
-            pitches.push_back(NameOfNote(m_document, m_result.measure, entry.notes[i]));
+            pitches.push_back(NameOfNote(m_score, m_result.measure, entry.notes[i]));
         }
         return pitches;
     }
@@ -133,6 +134,7 @@ private:
         return Stay::kNoRestToFill;
     }
 
+    const ImportedScore& m_score;
     const Document& m_document;
     const MergeRequest& m_request;
     FrameKey m_destination;
@@ -175,7 +177,8 @@ MergeReport ReportMerge(const ImportedScore& score, MergeRequest request) {
         }
     }
     for (const ReadWarning& warning : score.warnings.All()) {
-        report.warnings.push_back("line " + std::to_string(warning.line) + ": " + warning.Words());
+        report.warnings.push_back(
+            Say(Text::kWarningInLine, {std::to_string(warning.line), warning.Words()}));
     }
     return report;
 }

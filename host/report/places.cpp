@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "host/musicxml/pitch.h"
+#include "host/report/pitch_name.h"
 #include "host/texts/texts.h"
 #include "platform/text.h"
 
@@ -32,8 +33,14 @@ std::string PrintedNumber(const Document& document, u16 measure) {
         .value_or("");
 }
 
-std::string NameOfNote(const Document& document, u16 measure, const EXNOTE& note) {
-    const int fifths = FifthsOfKeyWord(document.Measure(measure).key);
+std::string NameOfNote(const ImportedScore& score, u16 measure, const EXNOTE& note) {
+    if (note.second != 0) {
+        const std::string_view element = score.pitches[note.second];
+        pugi::xml_document parsed;
+        parsed.load_buffer(element.data(), element.size());
+        return PitchName(parsed.document_element());
+    }
+    const int fifths = FifthsOfKeyWord(score.document->Measure(measure).key);
     const WrittenPitch pitch = PitchOfField(note.pitch, fifths);
     std::string name(1, "CDEFGAB"[pitch.step]);
     name.append(static_cast<std::size_t>(std::abs(pitch.alter)), pitch.alter < 0 ? 'b' : '#');

@@ -15,8 +15,8 @@ std::vector<std::string> StaffNames(const ImportedScore& score);
 // The number of the measure (from 1) as it is printed.
 std::string PrintedNumber(const Document& document, u16 measure);
 
-// "C#4": the note's written pitch in the key of its measure.
-std::string NameOfNote(const Document& document, u16 measure, const EXNOTE& note);
+// The note's written pitch in the key of its measure, as PitchName says it.
+std::string NameOfNote(const ImportedScore& score, u16 measure, const EXNOTE& note);
 
 // The beat of the time signature, from 1, at a time in duration units from the barline; to
 // thousandths.

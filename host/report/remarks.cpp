@@ -164,7 +164,7 @@ private:
                                      });
             if (isTiedTwice && LayersOf(entry).size() > 1) {
                 Remark& remark = remarks.emplace_back(At(Remark::Kind::kTie, entry));
-                remark.what = NameOfNote(m_document, m_key.measure, *note);
+                remark.what = NameOfNote(m_score, m_key.measure, *note);
                 remark.words = Say(Text::kTiedTwice, {remark.what});
             }
         }

@@ -151,7 +151,7 @@ private:
 
     void Add(const PlannedEvent& start, const EXNOTE& note, u16 layer, std::size_t measure) {
         Remark& remark = AddAt(start, Remark::Kind::kTie, measure);
-        remark.what = NameOfNote(*m_score.document, remark.measure, note);
+        remark.what = NameOfNote(m_score, remark.measure, note);
         remark.words = Say(Text::kTieGoesOn, {remark.what, std::to_string(layer + 1)});
     }
 

@@ -130,8 +130,7 @@ private:
     std::string NamesOfNotes(const EXENTRY& entry) const {
         std::string names;
         for (i16 i = 0; i < entry.noteCount; ++i) {
-            names += (names.empty() ? "" : ", ") +
-                     NameOfNote(*m_score.document, m_measure, entry.notes[i]);
+            names += (names.empty() ? "" : ", ") + NameOfNote(m_score, m_measure, entry.notes[i]);
         }
         return names;
     }

@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <unordered_map>
 #include <utility>
 
 #include "host/score/records/detail_kinds.h"
 #include "host/score/time/entry_times.h"
+#include "host/texts/texts.h"
 #include "shell/host/detail_flags.h"
 
 namespace standin {
@@ -26,27 +28,27 @@ i32 EndOfVoice1(const Frame& frame) {
     return end;
 }
 
-const char* FaultOfNotes(const EXENTRY& entry) {
+std::optional<Text> FaultOfNotes(const EXENTRY& entry) {
     for (i16 i = 0; i < entry.noteCount; ++i) {
         bool isUnique = entry.notes[i].noteID != 0;
         for (i16 other = 0; other < i; ++other) {
             isUnique = isUnique && entry.notes[other].noteID != entry.notes[i].noteID;
         }
         if (!isUnique) {
-            return "note IDs that are not unique";
+            return Text::kFaultNoteIds;
         }
     }
-    return nullptr;
+    return std::nullopt;
 }
 
-const char* FaultOfLaunch(const Frame& frame, std::size_t index) {
+std::optional<Text> FaultOfLaunch(const Frame& frame, std::size_t index) {
     const EXENTRY& entry = frame.entries[index];
     const bool launches = (entry.flags & EntryFlag::kLaunchVoice2) != 0;
     const bool followed = index + 1 < frame.entries.size() && IsVoice2(frame.entries[index + 1]);
     if (IsVoice2(entry) || launches == followed) {
-        return nullptr;
+        return std::nullopt;
     }
-    return launches ? "nothing to launch" : "voice 2 without its launch";
+    return launches ? Text::kFaultNoLaunch : Text::kFaultNotLaunched;
 }
 
 // The flags that match the stored details, by entry number.
@@ -67,26 +69,32 @@ void CheckFrame(FrameKey key, const Frame& frame, const std::unordered_map<u32, 
     i32 ends[2] = {0, 0};  // of each voice
     for (std::size_t i = 0; i < frame.entries.size(); ++i) {
         const EXENTRY& entry = frame.entries[i];
-        const auto tell = [&](const char* what) {
-            if (what != nullptr) {
-                faults.push_back("staff " + std::to_string(key.staff) + ", measure " +
-                                 std::to_string(key.measure) + ", layer " +
-                                 std::to_string(key.layer) + ", " +
-                                 std::to_string(entry.elapsedTime) + ": " + what);
+        const auto tell = [&](std::optional<Text> what) {
+            if (what) {
+                faults.push_back(WordsFor(key) + ", " + std::to_string(entry.elapsedTime) + ": " +
+                                 Say(*what, {}));
             }
         };
+        const auto tellIf = [&](bool isFaulty, Text what) {
+            tell(isFaulty ? std::optional{what} : std::nullopt);
+        };
         i32& end = ends[IsVoice2(entry) ? 1 : 0];
-        tell(entry.elapsedTime < end - kRounding ? "the voice overlaps itself" : nullptr);
+        tellIf(entry.elapsedTime < end - kRounding, Text::kFaultOverlap);
         end = std::max(end, EndOf(entry));
         const auto wanted = detailFlags.find(u32{entry.entryNumber});
         const u32 flags = wanted == detailFlags.end() ? 0 : wanted->second;
-        tell((entry.flags & DetailFlag::kStored) != flags ? "detail flags out of step" : nullptr);
+        tellIf((entry.flags & DetailFlag::kStored) != flags, Text::kFaultDetailFlags);
         tell(FaultOfLaunch(frame, i));
         tell(FaultOfNotes(entry));
     }
 }
 
 }  // namespace
+
+std::string WordsFor(FrameKey key) {
+    return Say(Text::kFaultLayer,
+               {std::to_string(key.staff), std::to_string(key.measure), std::to_string(key.layer)});
+}
 
 void AddFaultsOfFrames(const DocumentContent& before, const DocumentContent& after,
                        std::vector<std::string>& faults) {
@@ -98,9 +106,7 @@ void AddFaultsOfFrames(const DocumentContent& before, const DocumentContent& aft
     const std::unordered_map<u32, u32> detailFlags = DetailFlagsByEntry(after);
     for (const auto& [key, frame] : after.frames) {
         if (EndOfVoice1(frame) > lengths[{key.staff, key.measure}] + kRounding) {
-            faults.push_back("staff " + std::to_string(key.staff) + ", measure " +
-                             std::to_string(key.measure) + ", layer " + std::to_string(key.layer) +
-                             ": the layer grew");
+            faults.push_back(WordsFor(key) + ": " + Say(Text::kFaultLayerGrew, {}));
         }
         CheckFrame(key, frame, detailFlags, faults);
     }

@@ -9,6 +9,7 @@
 #include "host/score/records/tags.h"
 #include "host/score/selection.h"
 #include "host/score/time/entry_times.h"
+#include "host/texts/texts.h"
 #include "host/verify/changed_places.h"
 #include "host/verify/frame_faults.h"
 #include "host/verify/score_facts.h"
@@ -141,24 +142,25 @@ private:
         };
         const Lines before = collect(m_factsBefore);
         const Lines after = collect(m_factsAfter);
-        const auto tell = [this](const Lines& some, const Lines& others, const char* verb) {
+        const auto tell = [this](const Lines& some, const Lines& others, Text what) {
             Lines missing;
             std::set_difference(some.begin(), some.end(), others.begin(), others.end(),
                                 std::back_inserter(missing));
             for (const std::string& line : missing) {
-                m_faults.push_back(line + verb);
+                m_faults.push_back(Say(what, {line}));
             }
         };
-        tell(before, after, " lost");
-        tell(after, before, " added");
+        tell(before, after, Text::kLost);
+        tell(after, before, Text::kFaultAdded);
     }
 
     // Afterwards each entry's notes must be in one entry, with all attachments.
     void CompareCompany() {
         for (const EntryFacts& fact : m_factsBefore) {
             if (fact.IsNote() ? !HasCompany(fact) : !RestKeepsAll(fact)) {
-                Tell(fact, (fact.IsNote() ? fact.notes.front() : "a rest") + " parted from " +
-                               Joined(fact.attachments));
+                Tell(fact, Say(Text::kFaultParted,
+                               {fact.IsNote() ? fact.notes.front() : Say(Text::kFaultARest, {}),
+                                Joined(fact.attachments)}));
             }
         }
     }
@@ -168,7 +170,7 @@ private:
         for (const std::string& line : lines) {
             text += (text.empty() ? "" : ", ") + line;
         }
-        return text.empty() ? "its notes" : text;
+        return text.empty() ? Say(Text::kFaultItsNotes, {}) : text;
     }
 
     // What begins with it afterwards.
@@ -227,7 +229,8 @@ private:
                           : known.contains(fact.Place() + (fact.IsNote() ? " note " : " rest ") +
                                            attachment);
                 if (!wasThere) {
-                    Tell(fact, attachment + " on " + (fact.IsNote() ? "another note" : "a rest"));
+                    const Text where = fact.IsNote() ? Text::kFaultAnotherNote : Text::kFaultARest;
+                    Tell(fact, Say(Text::kFaultOn, {attachment, Say(where, {})}));
                 }
             }
         }
@@ -264,33 +267,33 @@ private:
         for (const auto& [key, bytes] : Records(m_before, Tag::kExpression)) {
             const auto found = now.find(key);
             if (found == now.end()) {
-                m_faults.push_back("measure " + std::to_string(key.OtherItem()) +
-                                   ": an expression lost");
+                m_faults.push_back(
+                    Say(Text::kFaultExpressionLost, {std::to_string(key.OtherItem())}));
                 continue;
             }
             CompareExpression(key.OtherItem(), FromBytes<MyExpressionAssign>(bytes),
                               FromBytes<MyExpressionAssign>(found->second));
         }
         if (now.size() > Records(m_before, Tag::kExpression).size()) {
-            m_faults.push_back("an expression added");
+            m_faults.push_back(Say(Text::kFaultExpressionAdded, {}));
         }
     }
 
     void CompareExpression(u16 measure, const MyExpressionAssign& before,
                            const MyExpressionAssign& after) {
-        const std::string name = "measure " + std::to_string(measure) + ", expression of layer " +
-                                 std::to_string(LayerOf(before));
+        const std::string name =
+            Say(Text::kFaultExpression, {std::to_string(measure), std::to_string(LayerOf(before))});
         MyExpressionAssign otherwise = before;
         otherwise.layer = after.layer;
         otherwise.graceIndex = after.graceIndex;  // grace notes of another layer may come first
         if (BytesOf(otherwise).substr(0, kHostsBytes) != BytesOf(after).substr(0, kHostsBytes)) {
-            m_faults.push_back(name + " changed");
+            m_faults.push_back(Say(Text::kFaultChanged, {name}));
         }
         // A layer too high for the record becomes no particular layer.
         const bool isNameable = m_options.destination < ExpressionLayer::kLayerMask;
         const int destination = isNameable ? i32{m_options.destination} : -1;
         if (before.layer != after.layer && LayerOf(after) != destination) {
-            m_faults.push_back(name + " went to another layer");
+            m_faults.push_back(Say(Text::kFaultOtherLayer, {name}));
         }
         const FactList& music = Under(m_streamsBefore, measure, before);
         const FactList& musicNow = Under(m_streamsAfter, measure, after);
@@ -306,7 +309,7 @@ private:
             });
         });
         if (!found) {
-            m_faults.push_back(name + " parted from " + Joined(music.front()->notes));
+            m_faults.push_back(Say(Text::kFaultParted, {name, Joined(music.front()->notes)}));
         }
     }
 
@@ -322,7 +325,7 @@ private:
             });
         };
         if (!has(m_before, m_after) || !has(m_after, m_before)) {
-            m_faults.push_back("a record that is none of the merge's business changed");
+            m_faults.push_back(Say(Text::kFaultOtherRecord, {}));
         }
     }
 
@@ -334,7 +337,7 @@ private:
         std::map<u32, const EntryFacts*> after;
         for (const EntryFacts& fact : m_factsAfter) {
             if (!after.emplace(u32{fact.entry->entryNumber}, &fact).second) {
-                Tell(fact, "an entry that appears twice");
+                Tell(fact, Say(Text::kFaultTwice, {}));
             }
         }
         for (const auto& [number, was] : before) {
@@ -348,17 +351,17 @@ private:
         const bool isSource = IsSource(was.key.layer);
         const bool isInPlace = is != nullptr && is->IsNote() && is->key == was.key;
         if (was.IsNote() && (!isSource || IsBeforeSelection(was)) && !isInPlace) {
-            Tell(was, "a note left layer " + std::to_string(was.key.layer));
+            Tell(was, Say(Text::kFaultLeftLayer, {std::to_string(was.key.layer)}));
         }
         if (is != nullptr && was.IsNote() && !is->IsNote()) {
             const bool wasHidden = (was.entry->flags & EntryFlag::kIgnore) != 0;
             const bool isHidden = (is->entry->flags & EntryFlag::kIgnore) != 0;
             if (isHidden != (wasHidden || m_options.hideAddedRests != 0)) {
-                Tell(was, isHidden ? "the rest left is hidden" : "the rest left is not hidden");
+                Tell(was, Say(isHidden ? Text::kFaultRestHidden : Text::kFaultRestShown, {}));
             }
         }
         if (isInPlace && was.key.layer != m_options.destination && is->notes != was.notes) {
-            Tell(was, "a chord of another layer changed");
+            Tell(was, Say(Text::kFaultOtherChord, {}));
         }
     }
 
@@ -378,9 +381,7 @@ private:
             const auto is = m_after.frames.find(key);
             const bool both = was != m_before.frames.end() && is != m_after.frames.end();
             if (!mayChange && !(both && SameEntries(was->second.entries, is->second.entries))) {
-                m_faults.push_back("staff " + std::to_string(key.staff) + ", measure " +
-                                   std::to_string(key.measure) + ", layer " +
-                                   std::to_string(key.layer) + ": changed out of turn");
+                m_faults.push_back(WordsFor(key) + ": " + Say(Text::kFaultOutOfTurn, {}));
             }
         }
     }

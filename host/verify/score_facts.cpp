@@ -5,6 +5,7 @@
 
 #include "host/score/records/detail_kinds.h"
 #include "host/score/records/tags.h"
+#include "host/texts/texts.h"
 #include "host/verify/note_name.h"
 #include "shell/host/detail_flags.h"
 
@@ -123,8 +124,7 @@ void AddFlagDetails(const EXENTRY& entry, std::vector<std::string>& attachments)
 }  // namespace
 
 std::string EntryFacts::Place() const {
-    return "staff " + std::to_string(key.staff) + ", measure " + std::to_string(key.measure) +
-           ", " + time;
+    return Say(Text::kFaultPlace, {std::to_string(key.staff), std::to_string(key.measure), time});
 }
 
 std::vector<EntryFacts> FactsOf(const DocumentContent& content) {

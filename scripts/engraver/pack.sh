@@ -3,6 +3,7 @@
 # A script of one constant: Verovio's toolkit, compressed, in base64, below its notice and licences.
 set -euo pipefail
 folder=$1 output=$2
+here=$(cd "$(dirname "$0")" && pwd)
 version=$(sed -nE 's/^ *"version": "(.*)",$/\1/p' "$folder/package.json")
 licences=/usr/share/common-licenses
 {
@@ -12,8 +13,8 @@ licences=/usr/share/common-licenses
     printf 'which follows with the licence that it builds on. Source: github.com/rism-digital/verovio,\n'
     printf 'tag version-%s. What follows is the unchanged file dist/verovio-toolkit-wasm.js of its\n' "$version"
     printf 'package, compressed with gzip, in base64: another version can be put in its place. Its music\n'
-    printf 'fonts are under the SIL Open Font License, version 1.1.\n\n'
-    cat "$licences/LGPL-3" "$licences/GPL-3"
+    printf 'fonts are under the SIL Open Font License, version 1.1, which comes last.\n\n'
+    cat "$licences/LGPL-3" "$licences/GPL-3" "$here/../../packaging/licences/OFL-1.1.txt"
     printf '*/\nconst plyweldEngraver = "'
     gzip -9 -n -c "$folder/dist/verovio-toolkit-wasm.js" | base64 -w 0
     printf '";\n'

@@ -49,12 +49,13 @@ TEST_F(OutputFile, KeepsLinks) {
 TEST_F(OutputFile, ErrorGivesReason) {
     fs::create_symlink("a", folder / "b");
     fs::create_symlink("b", folder / "a");
+    const std::string tooManyLinks =
+        std::make_error_code(std::errc::too_many_symbolic_link_levels).message();
     for (const auto& [target, reason] :
-         {std::pair{(folder / "missing/score.xml").string(), std::errc::no_such_file_or_directory},
-          {(folder / "a").string(), std::errc::too_many_symbolic_link_levels},
-          {"/dev/full", std::errc::no_space_on_device}}) {
-        EXPECT_EQ(WriteWhole(target, "new"),
-                  "cannot be written: " + std::make_error_code(reason).message());
+         {std::pair{(folder / "missing/score.xml").string(), std::string{"no such file or folder"}},
+          {(folder / "a").string(), tooManyLinks},
+          {"/dev/full", "no space left on the device"}}) {
+        EXPECT_EQ(WriteWhole(target, "new"), "cannot be written: " + reason);
     }
     EXPECT_EQ(FilesInFolder(), 2U);
 }

@@ -16,6 +16,7 @@
 #include "host/report/page/index_page.h"
 #include "host/system/child_process.h"
 #include "host/system/machine.h"
+#include "host/texts/system_errors.h"
 
 namespace standin::cli {
 
@@ -149,7 +150,7 @@ private:
         if (!file.parent_path().empty()) {
             fs::create_directories(file.parent_path(), failed);
         }
-        return failed ? Say(Text::kCannotMakeFolder, {TextOf(file.parent_path()), failed.message()})
+        return failed ? Say(Text::kCannotMakeFolder, {TextOf(file.parent_path()), WordsFor(failed)})
                       : std::string{};
     }
 
@@ -162,7 +163,7 @@ private:
         }
         fs::copy_file(score, backup, failed);
         if (failed) {
-            return Say(Text::kCannotKeep, {TextOf(score), failed.message()});
+            return Say(Text::kCannotKeep, {TextOf(score), WordsFor(failed)});
         }
         const std::string problem = WriteWhole(TextOf(score), ContentOf(merged));
         return problem.empty() ? problem : TextOf(score) + ": " + problem;

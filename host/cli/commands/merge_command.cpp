@@ -110,7 +110,7 @@ ExitCode Merge(const MergeCommand& command) {
         Complain(command.input + ": " + loss);
     }
     if (!losses.empty()) {
-        return Fail(kFailed, command.input + ": music would be lost; nothing was written");
+        return Fail(kFailed, command.input + ": " + Say(Text::kMusicWouldBeLost, {}));
     }
     report.verified = command.verify;
     if (!command.dryRun) {

@@ -17,7 +17,7 @@ std::string TextOf(const Alert& alert) {
 MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptions& options) {
     const StoredOptions stored{options};
     if (!stored) {
-        return {false, false, "the options cannot be stored"};
+        return {false, false, Say(Text::kOptionsNotStored, {})};
     }
     MergeRun run;
     App().alertListener = [&run](const Alert& alert) {
@@ -34,8 +34,7 @@ MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptio
         run.kept = !document.UndoTexts().empty();
         if (run.problem.empty() && !run.kept) {
             run.stopped = App().lastProgressStopped != 0;
-            run.problem =
-                run.stopped ? "stopped; nothing was written" : "the plug-in changed nothing";
+            run.problem = Say(run.stopped ? Text::kStopped : Text::kNothingChanged, {});
         }
     } else {
         run.problem = std::string{machine::kPluginFile} + ": " + problem;

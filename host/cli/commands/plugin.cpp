@@ -44,7 +44,7 @@ std::string Plugin::FindExports() {
     const auto find = [this, &problem]<typename Function>(Function*& function, const char* name) {
         function = reinterpret_cast<Function*>(m_library->FindExport(name));
         if (function == nullptr && problem.empty()) {
-            problem = std::string{"it exports no "} + name;
+            problem = Say(Text::kNoExport, {name});
         }
     };
     find(m_version, "FinaleExtensionVersion");
@@ -60,22 +60,22 @@ std::string Plugin::Handshake(WindowHandle mainWindow) {
     for (std::size_t i = 0; App().manners.shy && i < kHostCallCount; ++i) {
         const auto call = static_cast<HostCall>(i);
         if (IsDispensable(call) && !machine::HideExport(NameOf(call))) {
-            return std::string{"the host cannot do without "} + NameOf(call);
+            return Say(Text::kHostNeeds, {NameOf(call)});
         }
     }
     if (m_version(kInterfaceVersion) != kInterfaceVersion) {
-        return "it speaks another version of the interface";
+        return Say(Text::kOtherInterface, {});
     }
     u32 flags = 0;
     if (m_init(mainWindow, &flags) == 0) {
-        return "it refuses to start";
+        return Say(Text::kRefusesToStart, {});
     }
     m_started = true;
     if (mainWindow == nullptr) {
         machine::RunTimers();
     }
     ListItems(mainWindow);
-    return m_items.empty() || !IsEnabled(0) ? "its command is not available" : "";
+    return m_items.empty() || !IsEnabled(0) ? Say(Text::kNoCommandThere, {}) : std::string{};
 }
 
 void Plugin::ListItems(WindowHandle mainWindow) {

@@ -1,10 +1,9 @@
 // A command of any plug-in, run on a score as its menu item would.
-#include <iostream>
-
 #include "host/cli/commands/commands.h"
 #include "host/cli/commands/merge_run.h"
 #include "host/cli/commands/plugin.h"
 #include "host/cli/io/installation.h"
+#include "host/cli/io/messages.h"
 #include "host/cli/io/open_score.h"
 #include "host/cli/io/output_file.h"
 #include "host/cli/io/score_bytes.h"
@@ -48,13 +47,16 @@ std::string RunTitled(const std::string& title, const EREGION& whole) {
             }
         }
     }
-    return "no plug-in has a command " + title;
+    return Say(Text::kNoSuchCommand, {title});
 }
 
 std::string Write(const std::string& output, ImportedScore& score) {
     std::string problem;
     const std::string bytes = BytesFor(output, score, problem);
-    return problem.empty() ? WriteWhole(output, bytes) : problem;
+    if (problem.empty()) {
+        problem = WriteWhole(output, bytes);
+    }
+    return problem.empty() ? problem : output + ": " + problem;
 }
 
 }  // namespace
@@ -67,7 +69,7 @@ ExitCode RunPluginCommand(const PluginCommand& command) {
     bool warned = false;
     App().alertListener = [&warned](const Alert& alert) {
         warned = true;
-        std::cerr << "plyweld: " << TextOf(alert) << '\n';
+        Complain(TextOf(alert));
     };
     const EREGION whole = open.GetDocument().WholeRegion();
     open.GetDocument().selection = whole;
@@ -80,7 +82,7 @@ ExitCode RunPluginCommand(const PluginCommand& command) {
         problem = Write(command.output, open.Score());
     }
     if (!problem.empty()) {
-        std::cerr << "plyweld: " << problem << '\n';
+        Complain(problem);
     }
     return problem.empty() && !warned ? kDone : kFailed;
 }

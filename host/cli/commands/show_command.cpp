@@ -70,19 +70,23 @@ nlohmann::ordered_json Describe(const ImportedScore& score) {
 }
 
 std::string ContentAsText(const nlohmann::ordered_json& json) {
-    std::string text = std::to_string(json["measures"].get<int>()) + " measures, numbered " +
-                       json["firstNumber"].get<std::string>() + " to " +
-                       json["lastNumber"].get<std::string>() + '\n';
+    const auto count = [](const nlohmann::ordered_json& number) {
+        return std::to_string(number.get<int>());
+    };
+    std::string text =
+        Say(Text::kScoreExtent, {count(json["measures"]), json["firstNumber"].get<std::string>(),
+                                 json["lastNumber"].get<std::string>()}) +
+        '\n';
     for (const auto& part : json["parts"]) {
         text += part["name"].get<std::string>() + " (" + part["id"].get<std::string>() + ")\n";
         for (const auto& staff : part["staves"]) {
-            text += "  staff " + std::to_string(staff["staff"].get<int>()) + ':';
+            text += "  " + Say(Text::kStaffHolds, {count(staff["staff"])});
             for (const auto& layer : staff["layers"]) {
-                text += " layer " + std::to_string(layer["layer"].get<int>()) + " in " +
-                        std::to_string(layer["measures"].get<int>()) + ',';
+                text += ' ' +
+                        Say(Text::kLayerIn, {count(layer["layer"]), count(layer["measures"])}) +
+                        ',';
             }
-            text += " several in " + std::to_string(staff["measuresWithSeveralLayers"].get<int>()) +
-                    " measures\n";
+            text += ' ' + Say(Text::kSeveralIn, {count(staff["measuresWithSeveralLayers"])}) + '\n';
         }
     }
     return text;

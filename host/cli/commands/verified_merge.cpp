@@ -3,6 +3,7 @@
 #include <set>
 #include <utility>
 
+#include "host/texts/texts.h"
 #include "host/verify/merge_faults.h"
 
 namespace standin::cli {
@@ -78,8 +79,8 @@ std::vector<std::string> VerifiedMerge::Losses(const std::string& bytes) {
             : readback::ReadContentOfResult(bytes, m_texts, *m_before.score, m_score.text);
     if (after.score == nullptr) {
         m_losses.push_back(m_before.score == nullptr
-                               ? "the score cannot be read a second time: " + m_before.problem
-                               : "the result cannot be read: " + after.problem);
+                               ? Say(Text::kSecondReading, {m_before.problem})
+                               : Say(Text::kResultUnreadable, {after.problem}));
         return m_losses;
     }
     for (const readback::Difference& fault :

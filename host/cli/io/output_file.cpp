@@ -6,6 +6,8 @@
 #include <system_error>
 
 #include "host/system/machine.h"
+#include "host/texts/system_errors.h"
+#include "host/texts/texts.h"
 
 namespace standin::cli {
 
@@ -77,25 +79,25 @@ std::error_code Replace(const fs::path& file, const fs::file_status& status,
 }
 
 std::string Unwritten(const std::error_code& failed) {
-    return failed ? "cannot be written: " + failed.message() : std::string{};
+    return failed ? Say(Text::kCannotWrite, {WordsFor(failed)}) : std::string{};
 }
 
 }  // namespace
 
 std::string WriteWhole(const std::string& target, std::string_view bytes) {
     if (bytes.empty()) {
-        return "cannot be put together";
+        return Say(Text::kCannotPutTogether, {});
     }
     if (target == kStandardStream) {
         std::cout.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
         std::cout.flush();
-        return std::cout.fail() ? "standard output takes no more" : "";
+        return std::cout.fail() ? Say(Text::kOutputFull, {}) : std::string{};
     }
     std::error_code failed;
     const fs::path file = Followed(PathOf(target));
     const fs::file_status status = fs::status(file, failed);
     if (fs::is_directory(status)) {
-        return "is a folder";
+        return Say(Text::kIsAFolder, {});
     }
     if (!fs::status_known(status)) {
         return Unwritten(failed);

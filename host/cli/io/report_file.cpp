@@ -8,6 +8,7 @@
 #include "host/musicxml/xml/file_bytes.h"
 #include "host/report/measure_pictures.h"
 #include "host/report/page/report_page.h"
+#include "host/texts/system_errors.h"
 #include "host/texts/texts.h"
 
 namespace standin::cli {
@@ -65,7 +66,7 @@ std::string WriteReportPage(const std::string& report, const MergeReport& merge,
         std::error_code failed;
         fs::create_directories(page.parent_path(), failed);
         std::string problem =
-            failed ? Say(Text::kCannotMakeFolder, {TextOf(page.parent_path()), failed.message()})
+            failed ? Say(Text::kCannotMakeFolder, {TextOf(page.parent_path()), WordsFor(failed)})
                    : PutEngraverBeside(page, engraver.bytes);
         if (!problem.empty()) {
             return problem;

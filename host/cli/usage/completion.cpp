@@ -155,7 +155,7 @@ std::string ZshAction(const OptionRow& row) {
 // One argument of _arguments for each name of the option.
 std::vector<std::string> ZshSpecs(const OptionRow& row) {
     if (row.IsArgument()) {
-        return {Quoted(ZshAction(row))};
+        return {Quoted((row.kind == ValueKind::kScores ? "*" : "") + ZshAction(row))};
     }
     const std::string action = row.kind == ValueKind::kNone ? "" : ZshAction(row);
     std::vector<std::string> specs;

@@ -64,15 +64,15 @@ std::string InCapitals(std::string_view text) {
 
 std::string ManualPage() {
     std::string page = ".TH PLYWELD 1 \"\" \"Plyweld " PLYWELD_VERSION "\"\n";
-    page += Section("NAME") + "plyweld \\- merge the layers of a MusicXML score\n";
-    page += Section("SYNOPSIS");
+    page += Section(Say(Text::kManualName)) + "plyweld \\- " + Say(Text::kManualSubject, {}) + "\n";
+    page += Section(Say(Text::kManualSynopsis));
     for (const CommandRow& command : Commands()) {
         if (command.forPeople) {
             page += Bold("plyweld " + std::string{command.name}) + " ...\n.br\n";
         }
     }
-    page += Section("DESCRIPTION") + Troff(Say(Text::kProgramPurpose)) + '\n';
-    page += Section("EXAMPLES");
+    page += Section(Say(Text::kManualDescription)) + Troff(Say(Text::kProgramPurpose)) + '\n';
+    page += Section(Say(Text::kManualExamples));
     for (const Example& example : Examples()) {
         page += Paragraph(Bold(example.line), Say(example.what));
     }
@@ -85,11 +85,11 @@ std::string ManualPage() {
             }
         }
     }
-    page += Section("OPTIONS");
+    page += Section(Say(Text::kManualOptions));
     for (const OptionRow& row : ProgramOptions()) {
         page += OptionParagraph(row);
     }
-    page += Section("\"EXIT STATUS\"");
+    page += Section(Say(Text::kManualExit));
     for (const ExitCodeRow& row : ExitCodes()) {
         page += Paragraph(Bold(row.code), Say(row.meaning));
     }

@@ -113,12 +113,11 @@ Problem LineFrame::TakeLength(EntryDraft& draft) {
     }
     const i64 actual = RoundToUnits(draft.End()) - RoundToUnits(draft.start);
     if (actual == 0 && !draft.Grace() && entry.noteCount > 0) {
-        return {"a note lasts less than 1/1024 of a quarter note, the shortest that the host knows",
-                draft.text.begin};
+        return {Text::kNoteTooShort, draft.text.begin};
     }
     const auto length = LengthOfEntry(notated, actual, draft.Grace());
     if (!length) {
-        return {"a duration that an entry cannot have", draft.text.begin};
+        return {Text::kEntryDuration, draft.text.begin};
     }
     entry.duration = length->duration;
     if (length->needsTuplet) {
@@ -144,9 +143,7 @@ Problem LineFrame::Append(EntryDraft& draft, const EntryDraft& main) {
     }
     m_frame.push_back(entry);
     m_time = draft.End();
-    return m_fits ? Problem{}
-                  : Problem{"there are more things at one note than a score of the host can hold",
-                            draft.text.begin};
+    return m_fits ? Problem{} : Problem{Text::kTooManyMarks, draft.text.begin};
 }
 
 std::vector<EXENTRY> LineFrame::Take() {

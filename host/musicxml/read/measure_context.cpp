@@ -59,7 +59,7 @@ Problem ReadAttributes(pugi::xml_node attributes, MeasureContext& context) {
     if (const pugi::xml_node divisions = attributes.child("divisions")) {
         const auto value = DecimalOf(divisions.child_value());
         if (!value || value->num <= 0) {
-            return {"<divisions> must be a positive number", OffsetOf(divisions)};
+            return {Text::kBadDivisions, OffsetOf(divisions)};
         }
         context.divisions = *value;
     }

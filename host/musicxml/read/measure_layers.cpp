@@ -107,9 +107,9 @@ bool ShareTime(const std::vector<EntryDraft*>& a, const std::vector<EntryDraft*>
 }  // namespace
 
 Problem MeasureLayers::TooManyVoices(const Voice& voice) const {
-    return {"part " + m_part.id + ", staff " + std::to_string(voice.staff + 1) + ", measure " +
-                std::to_string(m_measure) + " has too many voices",
-            voice.entries.front()->text.begin};
+    return {Text::kTooManyVoices,
+            voice.entries.front()->text.begin,
+            {m_part.id, std::to_string(voice.staff + 1), std::to_string(m_measure)}};
 }
 
 int MeasureLayers::FreeLayer(const Used& used) const {

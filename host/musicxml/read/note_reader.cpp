@@ -38,16 +38,16 @@ Problem NoteReader::ReadDuration(pugi::xml_node duration, Rational divisions,
                                  Rational& length) const {
     const auto value = DecimalOf(duration.child_value());
     if (!value || value->num < 0) {
-        return {"<duration> must be a number that is not negative", OffsetOf(duration)};
+        return {Text::kBadDuration, OffsetOf(duration)};
     }
     if (divisions.IsZero()) {
-        return {"a duration needs <divisions> before it", OffsetOf(duration)};
+        return {Text::kNoDivisions, OffsetOf(duration)};
     }
     const Rational numerator = Rational::Of(value->num * divisions.den, divisions.num);
     length = numerator.IsValid() ? Rational::Of(numerator.num, numerator.den * value->den)
                                  : Rational::Invalid();
     if (!length.IsValid() || length.num / length.den > kLongestInQuarters) {
-        return {"<duration> is longer than any note", OffsetOf(duration)};
+        return {Text::kDurationTooLong, OffsetOf(duration)};
     }
     return {};
 }
@@ -55,7 +55,7 @@ Problem NoteReader::ReadDuration(pugi::xml_node duration, Rational divisions,
 Problem NoteReader::KeepPitchElement(pugi::xml_node element, NoteElement& note) {
     const FragmentId id = m_pitches.Intern(TextOf(m_text, element));
     if (id > 0xFFFF) {
-        return {"too many different unpitched or microtonal notes", OffsetOf(element)};
+        return {Text::kTooManyPitches, OffsetOf(element)};
     }
     note.pitchFragment = static_cast<u16>(id);
     return {};
@@ -65,7 +65,7 @@ Problem NoteReader::ReadPitch(pugi::xml_node pitch, int fifths, NoteElement& not
     const auto step = StepOf(Trimmed(pitch.child_value("step")));
     const auto octave = IntegerOf(pitch.child_value("octave"));
     if (!step || !octave) {
-        return {"<pitch> needs a step from A to G and an octave", OffsetOf(pitch)};
+        return {Text::kBadPitch, OffsetOf(pitch)};
     }
     WrittenPitch written{*step, *octave, 0};
     const pugi::xml_node alter = pitch.child("alter");
@@ -128,16 +128,16 @@ Problem NoteReader::Read(pugi::xml_node node, Rational divisions, int fifths, No
         }
     }
     if (!note.rest && !hasPitch) {
-        return {"<note> needs a pitch, <unpitched> or <rest>", OffsetOf(node)};
+        return {Text::kNoPitch, OffsetOf(node)};
     }
     if (note.staff < 1) {
-        return {"<staff> must be a positive number", OffsetOf(node)};
+        return {Text::kBadStaff, OffsetOf(node)};
     }
     if (note.grace) {
         return {};
     }
     if (!duration) {
-        return {"<note> needs a <duration>", OffsetOf(node)};
+        return {Text::kNoDuration, OffsetOf(node), {node.name()}};
     }
     return ReadDuration(duration, divisions, note.length);
 }

@@ -19,10 +19,6 @@ bool IsRightBarline(pugi::xml_node node) {
            std::string_view{node.attribute("location").as_string("right")} == "right";
 }
 
-Problem NoRoomFor(const std::string& what, pugi::xml_node node) {
-    return {"there are more " + what + " than a score of the host can hold", OffsetOf(node)};
-}
-
 // Whether <attributes> are plain <divisions>, which the writer chooses itself.
 bool SaysNothingElse(pugi::xml_node attributes) {
     const pugi::xml_node child = attributes.first_child();
@@ -56,7 +52,7 @@ PartReader::PartReader(ImportedScore& score, ScorePart& part, std::array<bool, k
 Problem PartReader::Read(pugi::xml_node part) {
     for (const pugi::xml_node measure : part.children("measure")) {
         if (m_measure >= kMaxMeasures) {
-            return {"the score has too many measures", OffsetOf(measure)};
+            return {Text::kTooManyMeasures, OffsetOf(measure)};
         }
         ++m_measure;
         if (Problem problem = ReadMeasure(measure)) {
@@ -64,7 +60,7 @@ Problem PartReader::Read(pugi::xml_node part) {
         }
         NameMeasure(measure.attribute("number").value());
     }
-    return m_spanners.KeepUnpaired() ? Problem{} : NoRoomFor("slurs and other lines", part);
+    return m_spanners.KeepUnpaired() ? Problem{} : Problem{Text::kTooManyLines, OffsetOf(part)};
 }
 
 // Messages name a measure by its number in the file, which may differ from its position.
@@ -109,11 +105,11 @@ Problem PartReader::ReadMeasure(pugi::xml_node node) {
         return problem;
     }
     if (!m_spanners.EndMeasure()) {
-        return NoRoomFor("slurs and other lines", node);
+        return {Text::kTooManyLines, OffsetOf(node)};
     }
     for (const VoicedDirection& direction : m_directions) {
         if (!StoreDirection(direction)) {
-            return NoRoomFor("directions", direction.node);
+            return {Text::kTooManyDirections, OffsetOf(direction.node)};
         }
     }
     const i32 length = static_cast<i32>(RoundToUnits(measure.length));
@@ -166,7 +162,7 @@ void PartReader::Reach(Rational time) {
 Problem PartReader::ReadMove(pugi::xml_node move, Rational& length) const {
     Problem problem = m_notes.ReadDuration(move.child("duration"), m_context.divisions, length);
     if (problem && problem.offset == 0) {
-        return {"<" + std::string{move.name()} + "> needs a <duration>", OffsetOf(move)};
+        return {Text::kNoDuration, OffsetOf(move), {move.name()}};
     }
     return problem;
 }
@@ -180,9 +176,7 @@ Problem PartReader::ReadBackup(pugi::xml_node backup) {
     m_time = m_time - m_uncounted - length;
     m_uncounted = {};
     if (m_time.num < 0) {
-        m_score.warnings.Add(
-            "a <backup> goes before the measure's start, and counts as far as that",
-            OffsetOf(backup));
+        m_score.warnings.Add(Say(Text::kBackupTooFar), OffsetOf(backup));
         m_time = {};
     }
     return {};
@@ -194,12 +188,11 @@ Problem PartReader::ReadForward(pugi::xml_node forward) {
         return problem;
     }
     if (length.IsZero()) {
-        m_score.warnings.Add("a <forward> of no length is passed over", OffsetOf(forward));
+        m_score.warnings.Add(Say(Text::kEmptyForward), OffsetOf(forward));
     }
     m_time = m_time + length;
     Reach(m_time);
-    return m_time.IsValid() ? Problem{}
-                            : Problem{"the measure's times do not go together", OffsetOf(forward)};
+    return m_time.IsValid() ? Problem{} : Problem{Text::kTimesDisagree, OffsetOf(forward)};
 }
 
 Problem PartReader::ReadItem(pugi::xml_node item) {
@@ -287,7 +280,7 @@ Problem PartReader::ReadNote(pugi::xml_node node) {
         return problem;
     }
     if (static_cast<std::size_t>(note.staff) > m_part.staves.size()) {
-        return {"<staff> names a staff that the part does not have", OffsetOf(node)};
+        return {Text::kNoSuchStaffInPart, OffsetOf(node)};
     }
     for (; m_directionsBefore < m_directions.size(); ++m_directionsBefore) {
         m_directions[m_directionsBefore].beforeGrace = note.grace;
@@ -311,10 +304,10 @@ Problem PartReader::ReadNote(pugi::xml_node node) {
         }
     }
     if (!AddNote(draft, note, isNew)) {
-        return NoRoomFor("things at one note", node);
+        return {Text::kTooManyMarks, OffsetOf(node)};
     }
     if (!draft.End().IsValid()) {
-        return {"the measure's times do not go together", OffsetOf(node)};
+        return {Text::kTimesDisagree, OffsetOf(node)};
     }
     Reach(draft.End());
     if (!note.chord || m_chord.size() == 1) {
@@ -338,8 +331,7 @@ void PartReader::GiveLength(NoteElement& note) {
     if (length.IsZero()) {
         return;
     }
-    m_score.warnings.Add("a <duration> is 0, and counts as what the note's type says",
-                         OffsetOf(note.node));
+    m_score.warnings.Add(Say(Text::kZeroDuration), OffsetOf(note.node));
     note.length = length;
     note.isTimed = false;
     m_uncounted = joins ? m_uncounted : m_uncounted + length;

@@ -9,6 +9,7 @@
 #include "host/musicxml/read/part_reader.h"
 #include "host/musicxml/xml/archive.h"
 #include "host/musicxml/xml/file_bytes.h"
+#include "host/musicxml/xml/parse_failure.h"
 #include "host/musicxml/xml/xml_node.h"
 
 namespace standin {
@@ -26,11 +27,12 @@ Problem CheckBeginning(std::string_view text, ReadWarnings& warnings) {
     const std::size_t tag = std::min(text.find('<'), text.size());
     const std::string_view before = text.substr(0, tag);
     if (!Trimmed(before).empty()) {
-        return {"the file is not well-formed XML: text before its first tag",
-                before.find_first_not_of(" \t\r\n")};
+        return {Text::kNotWellFormed,
+                before.find_first_not_of(" \t\r\n"),
+                {Say(Text::kTextBeforeTag, {})}};
     }
     if (!before.empty() && text.substr(tag).starts_with("<?xml ")) {
-        warnings.Add("blanks before the XML declaration are passed over", 0);
+        warnings.Add(Say(Text::kBlanksBeforeXml), 0);
     }
     return {};
 }
@@ -39,14 +41,10 @@ Problem ParseXml(std::string_view text, pugi::xml_document& document) {
     const pugi::xml_parse_result parsed =
         document.load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
     if (!parsed) {
-        std::string reason = parsed.description();
-        reason.front() =
-            static_cast<char>(std::tolower(static_cast<unsigned char>(reason.front())));
-        return {"the file is not well-formed XML: " + reason,
-                static_cast<std::size_t>(parsed.offset)};
+        return {Text::kNotWellFormed, static_cast<std::size_t>(parsed.offset), {WordsFor(parsed)}};
     }
     if (const pugi::xml_node deep = FindNestedDeeper(document, kDeepestNesting)) {
-        return {"elements are nested too deeply", OffsetOf(deep)};
+        return {Text::kNestedTooDeeply, OffsetOf(deep)};
     }
     return {};
 }
@@ -54,20 +52,19 @@ Problem ParseXml(std::string_view text, pugi::xml_document& document) {
 Problem CheckRoot(pugi::xml_node root) {
     const std::string_view name = root.name();
     if (name == "score-timewise") {
-        return {"the score is timewise; only partwise scores can be read", OffsetOf(root)};
+        return {Text::kTimewise, OffsetOf(root)};
     }
     if (name != "score-partwise") {
-        return {"the file is not a MusicXML score: its root element is <" + std::string{name} + ">",
-                OffsetOf(root)};
+        return {Text::kOtherRoot, OffsetOf(root), {std::string{name}}};
     }
     if (const pugi::xml_node note = root.child("note")) {
-        return {"a note is outside any part", OffsetOf(note)};
+        return {Text::kNoteOutside, OffsetOf(note)};
     }
     if (const pugi::xml_node measure = root.child("measure")) {
-        return {"a measure is outside any part", OffsetOf(measure)};
+        return {Text::kMeasureOutside, OffsetOf(measure)};
     }
     if (!root.child("part")) {
-        return {"the score has no part", OffsetOf(root)};
+        return {Text::kNoPart, OffsetOf(root)};
     }
     return {};
 }
@@ -89,8 +86,7 @@ Problem CountStaves(pugi::xml_node part, ScorePart& result, int& staves) {
             }
             const auto number = IntegerOf(count.child_value());
             if (!number || *number < 1 || *number > kMaxStavesOfPart) {
-                return {'<' + std::string{count.name()} + "> must be a number from 1 to 64",
-                        OffsetOf(count)};
+                return {Text::kStaffCount, OffsetOf(count), {count.name()}};
             }
             staves = std::max(staves, *number);
         }
@@ -130,7 +126,7 @@ Problem ReadPart(pugi::xml_node root, pugi::xml_node node, OwnLayers own, u16& l
     }
     for (int i = 0; i < staves; ++i) {
         if (++lastStaff > kMaxStaves) {
-            return {"the score has too many staves", OffsetOf(node)};
+            return {Text::kTooManyStaves, OffsetOf(node)};
         }
         part.staves.push_back({lastStaff, {}, {}});
         score.document->AddStaff(lastStaff, Utf16Of(part.name));
@@ -153,7 +149,7 @@ Problem ReadParts(const pugi::xml_document& document, OwnLayers own, ImportedSco
         }
     }
     if (score.document->MeasureCount() == 0) {
-        return {"the score has no measure", OffsetOf(root)};
+        return {Text::kNoMeasure, OffsetOf(root)};
     }
     return {};
 }
@@ -216,7 +212,7 @@ ReadResult ReadScore(std::string bytes, Document* into, OwnLayers own) {
     try {
         return Import(std::move(bytes), into, own);
     } catch (const std::bad_alloc&) {
-        return Refused("there is not enough memory for the score");
+        return Refused(Say(Text::kNoMemory, {}));
     } catch (const std::exception& error) {
         return Refused(error.what());
     }

@@ -53,9 +53,10 @@ public:
             return {};
         }
         const Line& line = m_part.lines.lines[m_chosen->failure->line];
-        return "part " + m_part.id + ", measure " + std::to_string(m_chosen->failure->measure + 1) +
-               ": more than " + std::to_string(kMaxLineNumbers) + " lines of one kind (" +
-               std::string{NameOfLine(line.kind)} + ") would overlap, which cannot be written";
+        return Say(Text::kPartMeasure,
+                   {m_part.id, std::to_string(m_chosen->failure->measure + 1),
+                    Say(Text::kLinesOverlap,
+                        {std::to_string(kMaxLineNumbers), std::string{NameOfLine(line.kind)}})});
     }
 
     // Writes the text from the offset to the part's last measure; returns where that ends.
@@ -102,7 +103,7 @@ std::string WriteScore(const ImportedScore& score, WriteOptions options, std::st
         bytes = ReplaceArchivedScore(score.archive, score.archiveMember, bytes);
     }
     if (bytes.empty() && problem != nullptr) {
-        *problem = "the archive cannot take the score";
+        *problem = Say(Text::kArchiveFull);
     }
     return bytes;
 }

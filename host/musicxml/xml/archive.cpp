@@ -4,6 +4,8 @@
 #include <pugixml.hpp>
 #include <zip.h>
 
+#include "host/texts/texts.h"
+
 namespace standin {
 namespace {
 
@@ -34,10 +36,10 @@ ArchiveHandle OpenArchive(zip_source_t* source, int flags) {
 ArchiveMember ReadMember(zip_t* archive, const std::string& name, zip_uint64_t largest) {
     zip_stat_t about{};
     if (zip_stat(archive, name.c_str(), 0, &about) != 0) {
-        return {name, {}, "the archive has no member " + name};
+        return {name, {}, Say(Text::kNoMember, {name})};
     }
     if ((about.valid & ZIP_STAT_SIZE) == 0 || about.size > largest) {
-        return {name, {}, "the archive's member " + name + " is too large"};
+        return {name, {}, Say(Text::kMemberTooLarge, {name})};
     }
     const MemberHandle member{zip_fopen(archive, name.c_str(), 0)};
     std::string bytes(static_cast<std::size_t>(about.size), '\0');
@@ -45,7 +47,7 @@ ArchiveMember ReadMember(zip_t* archive, const std::string& name, zip_uint64_t l
     if (!member ||
         zip_fread(member.get(), bytes.data(), about.size) != static_cast<zip_int64_t>(about.size) ||
         zip_fread(member.get(), &beyond, 1) != 0) {
-        return {name, {}, "the archive's member " + name + " cannot be unpacked"};
+        return {name, {}, Say(Text::kMemberDamaged, {name})};
     }
     return {name, std::move(bytes), {}};
 }
@@ -91,7 +93,7 @@ ArchiveMember ReadArchivedScore(std::string_view archive) {
     const SourceHandle source{zip_source_buffer_create(archive.data(), archive.size(), 0, nullptr)};
     const ArchiveHandle opened = source ? OpenArchive(source.get(), ZIP_RDONLY) : nullptr;
     if (!opened) {
-        return {{}, {}, "the file is a damaged archive"};
+        return {{}, {}, Say(Text::kArchiveDamaged, {})};
     }
     ArchiveMember container = ReadMember(opened.get(), "META-INF/container.xml", kLargestContainer);
     if (!container.problem.empty()) {
@@ -102,7 +104,7 @@ ArchiveMember ReadArchivedScore(std::string_view archive) {
     const pugi::xml_node root = document.child("container").child("rootfiles").child("rootfile");
     const std::string path = root.attribute("full-path").value();
     if (path.empty()) {
-        return {{}, {}, "the archive's META-INF/container.xml names no score"};
+        return {{}, {}, Say(Text::kArchiveNamesNone, {})};
     }
     return ReadMember(opened.get(), path, kLargestMember);
 }

@@ -7,6 +7,7 @@
 #include <utf8.h>
 
 #include "host/musicxml/xml/xml_text.h"
+#include "host/texts/texts.h"
 
 namespace standin {
 namespace {
@@ -140,10 +141,10 @@ std::size_t FindInvalid(std::string_view text) {
 // The declaration could be read byte by byte, so the text is not UTF-16, whatever it says.
 DecodedText FromMislabelled(std::string bytes) {
     if (FindInvalid(bytes) < bytes.size()) {
-        return {{}, {}, "the file says that it is UTF-16, but it is not, and no UTF-8 either"};
+        return {{}, {}, Say(Text::kNeitherUtf, {})};
     }
     DecodedText decoded{std::move(bytes), {}, {}};
-    decoded.warning = "the file says that it is UTF-16, and is read as the UTF-8 that it is";
+    decoded.warning = Say(Text::kUtf8AfterAll, {});
     return decoded;
 }
 
@@ -181,13 +182,12 @@ DecodedText Decode(std::string bytes) {
             return {FromBytes(bytes, Encoding::kWindows1252), {Encoding::kWindows1252, false}, {}};
         }
         const auto offset = static_cast<std::size_t>(unused - bytes.begin());
-        return {
-            {}, {}, "the file holds bytes that windows-1252 does not use", LineAt(bytes, offset)};
+        return {{}, {}, Say(Text::kNotWindows1252, {}), LineAt(bytes, offset)};
     }
     if (declared.starts_with("utf-16") || declared == "utf16") {
         return FromMislabelled(std::move(bytes));
     }
-    return {{}, {}, "the encoding " + declared + " is not supported"};
+    return {{}, {}, Say(Text::kUnknownEncoding, {declared})};
 }
 
 }  // namespace
@@ -196,7 +196,7 @@ DecodedText DecodeXml(std::string bytes) {
     DecodedText decoded = Decode(std::move(bytes));
     const std::size_t invalid = FindInvalid(decoded.text);
     if (invalid < decoded.text.size()) {
-        decoded.problem = "the file contains bytes that are not valid in its encoding";
+        decoded.problem = Say(Text::kInvalidBytes, {});
         decoded.line = LineAt(decoded.text, invalid);
     }
     return decoded;

@@ -5,10 +5,12 @@
 #include <pugixml.hpp>
 
 #include "host/musicxml/xml/archive.h"
+#include "host/musicxml/xml/parse_failure.h"
 #include "host/musicxml/xml/xml_text.h"
 #include "host/readback/read/canonical_xml.h"
 #include "host/readback/read/part_reading.h"
 #include "host/readback/read/stream_marks.h"
+#include "host/texts/texts.h"
 
 namespace standin::readback {
 namespace {
@@ -65,19 +67,16 @@ Reading ReadXml(std::string_view xml, Texts& texts, const KnownMeasures* known) 
         xml.data(), xml.size(), pugi::parse_cdata | pugi::parse_escapes | pugi::parse_eol,
         pugi::encoding_utf8);
     if (!parsed) {
-        std::string reason = parsed.description();
-        reason.front() =
-            static_cast<char>(std::tolower(static_cast<unsigned char>(reason.front())));
-        return Refused("the file is not well-formed XML: " + reason,
+        return Refused(Say(Text::kNotWellFormed, {WordsFor(parsed)}),
                        LineAt(xml, static_cast<std::size_t>(parsed.offset)));
     }
     DepthLimit limit;
     if (!document.traverse(limit)) {
-        return Refused("elements are nested too deeply", 0);
+        return Refused(Say(Text::kNestedTooDeeply, {}), 0);
     }
     const pugi::xml_node root = document.child("score-partwise");
     if (!root) {
-        return Refused("the file is not a partwise MusicXML score", 0);
+        return Refused(Say(Text::kNotPartwise, {}), 0);
     }
     auto score = std::make_unique<Score>();
     ReadHeader(root, *score, texts);
@@ -94,9 +93,10 @@ Reading ReadXml(std::string_view xml, Texts& texts, const KnownMeasures* known) 
             score->parts.back().measures[i].staves = staves[i];
         }
         if (!isRead) {
-            return Refused("part " + std::to_string(score->parts.size()) + ", measure " +
-                               texts[score->parts.back().measures.back().number] +
-                               ": durations that cannot be added up exactly",
+            return Refused(Say(Text::kPartMeasure,
+                               {std::to_string(score->parts.size()),
+                                std::string{texts[score->parts.back().measures.back().number]},
+                                Say(Text::kInexactDurations, {})}),
                            0);
         }
     }
