@@ -33,8 +33,8 @@ installed_version() {
 }
 
 printf '# Software of others in Plyweld %s\n\n' "$version"
-printf 'Plyweld itself has no licence until its owner chooses one.\n\n'
-printf '| Name | Version | For | How | Licence |\n|---|---|---|---|---|\n'
+printf 'Plyweld itself has no license until its owner chooses one.\n\n'
+printf '| Name | Version | For | How | License |\n|---|---|---|---|---|\n'
 rows "$@" | while read -r row; do
     found=$(installed_version "$row")
     printf '| %s | %s | %s | %s | %s |\n' "$(field "$row" name)" "$found" \

@@ -14,7 +14,7 @@ Versions are those of Debian 12. The two libraries built from Debian's sources, 
 are pinned by hash (`scripts/third-party.sha256`, each `package-lock.json`). A release records the versions it was built with in `BUILT-WITH.txt`.
 
 TEXT
-printf '| Name | For | How it is used | Licence |\n|---|---|---|---|\n'
+printf '| Name | For | How it is used | License |\n|---|---|---|---|\n'
 jq -r '.[] | "| \(.name) | \(.for) | \(.linked) | \(.licence) |"' "$here/dependencies.json"
 printf '\n## Why these\n\n'
 jq -r '.[] | "- **\(.name).** \(.chosen) Not chosen: \(.not)"' "$here/dependencies.json"

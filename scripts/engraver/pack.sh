@@ -10,7 +10,7 @@ licences=/usr/share/common-licenses
     printf '/*\nVerovio %s, a music engraving library: www.verovio.org\n' "$version"
     printf 'Copyright (c) Laurent Pugin and others\n\n'
     printf 'Verovio is free software under the GNU Lesser General Public License, version 3 or later,\n'
-    printf 'which follows with the licence that it builds on. Source: github.com/rism-digital/verovio,\n'
+    printf 'which follows with the license that it builds on. Source: github.com/rism-digital/verovio,\n'
     printf 'tag version-%s. What follows is the unchanged file dist/verovio-toolkit-wasm.js of its\n' "$version"
     printf 'package, compressed with gzip, in base64: another version can be put in its place. Its music\n'
     printf 'fonts are under the SIL Open Font License, version 1.1, which comes last.\n\n'
