@@ -1,4 +1,5 @@
 // What a merge's report says besides its totals.
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 #include "tests/unit/command_support.h"
@@ -165,6 +166,27 @@ TEST_F(CommandRun, ReportNamesFifthVoice) {
 }
 
 // Readers look for the end of a tie after its start.
+TEST_F(CommandRun, ReportNamesNotesAsWritten) {
+    const auto whole = [](const std::string& pitch) {
+        return "<note>" + pitch + "<duration>8</duration><voice>2</voice></note>";
+    };
+    const std::string music =
+        Half("C5") + Half("D5") + Backup(8) +
+        whole("<pitch><step>B</step><alter>-2</alter><octave>3</octave></pitch>") +
+        whole("<chord/><pitch><step>C</step><alter>0.5</alter><octave>4</octave></pitch>") +
+        whole(
+            "<chord/><unpitched><display-step>E</display-step><display-octave>4</display-octave>"
+            "</unpitched>") +
+        whole("<chord/><unpitched/>");
+    ASSERT_EQ(Run({"merge", Write("in.xml", standin::ScoreText({music})), "--dry-run", "--json"}),
+              kDone)
+        << errors;
+    const auto report = nlohmann::json::parse(output);
+    std::vector<std::string> pitches = report["measures"][0]["stayed"][0]["pitches"];
+    std::sort(pitches.begin(), pitches.end());
+    EXPECT_EQ(pitches, (std::vector<std::string>{"Bbb3", "C(0.5)4", "unpitched", "unpitched E4"}));
+}
+
 TEST_F(CommandRun, TieIntoOtherLayerKeepsOrder) {
     const std::string input = Write(
         "in.xml", standin::ScoreText({Quarter("E5") + Quarter("F5") + Half("A5") + Backup(8) +
