@@ -211,9 +211,9 @@ TEST(Selection, FollowsMeasuresBeatsAndStaves) {
     }
     for (const auto& [nothing, says] :
          {std::pair{"--measures 4-5", "numbered 0 to 2"},
-          {"--measures #4", "has 3 measures"},
+          {"--measures #4", "the last one is #3"},
           {"--measures 2-1", "ends before"},
-          {"--staves 4", "has 3 staves"},
+          {"--staves 4", "the last one is 3"},
           {"--part organ", "did you mean Organ?"},
           {"--measures 0-2 --from-beat 5", "measure 0 ends"},
           {"--measures 1-1 --from-beat 7", "measure 1 ends"},
