@@ -17,7 +17,7 @@ struct ExcerptPlace {
 
 struct ExcerptNote {
     i64 onset = 0;      // duration units from the barline
-    std::string pitch;  // as NameOfNote says it; or PitchName, which say the same
+    std::string pitch;  // as PitchName and NameOfNote name it
     std::string voice;
 };
 
