@@ -72,9 +72,8 @@ std::u16string FinPISaveSettingsDlg::DefaultSettingName(u16 number) const {
 }
 
 SavedSettingPtr* FinPISaveSettingsDlg::StoredSetting(SavedSettingItem item) {
-    const int number = item.StoredNumber() - CommandID();
-    const bool loaded = number >= 1 && number <= static_cast<int>(m_storedSettings.size());
-    return loaded ? &m_storedSettings[static_cast<std::size_t>(number) - 1] : nullptr;
+    const auto index = static_cast<std::size_t>(item.StoredNumber() - CommandID() - 1);
+    return index < m_storedSettings.size() ? &m_storedSettings[index] : nullptr;
 }
 
 void FinPISaveSettingsDlg::PrepareControls(WindowHandle window) {
@@ -171,9 +170,10 @@ void FinPISaveSettingsDlg::GiveIdentifier(SavedSettingHeader& header) {
 }
 
 void FinPISaveSettingsDlg::SetUpOptionRows(WindowHandle window) {
-    const auto skipRow = platform::ControlRectangle(window, Control::kSkipDialog);
-    const auto submenuRow = platform::ControlRectangle(window, Control::kUseSubmenu);
-    const int rowUp = skipRow && submenuRow ? skipRow->top - submenuRow->top : 0;
+    const auto top = [window](u16 control) {
+        return platform::ControlRectangle(window, control).value_or(platform::Rectangle{}).top;
+    };
+    const int rowUp = top(Control::kSkipDialog) - top(Control::kUseSubmenu);
     m_skipBox.Attach(window, m_hideSkipOption ? 0 : 1, 1);
     if (m_hideSkipOption) {
         ShowHideControl(window, Control::kSkipDialog, -1, true);

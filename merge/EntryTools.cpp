@@ -81,13 +81,11 @@ void MakeRest(const FinPIEntryPtr& entry, i16 duration, bool hidden) {
     }
 }
 
-bool MoveShapeEnds(const FinPIEntryPtr& source, const FinPIEntryPtr& target) {
-    if (target.MoveSmartShapeAssigns(source, EntryDetailTag::kSmartShapeAssign) != 0 &&
-        target.MoveSmartShapeAssigns(source, EntryDetailTag::kSmartShapeLyricAssign) != 0) {
-        return true;
+void MoveShapeEnds(const FinPIEntryPtr& source, const FinPIEntryPtr& target) {
+    if (target.MoveSmartShapeAssigns(source, EntryDetailTag::kSmartShapeAssign) == 0 ||
+        target.MoveSmartShapeAssigns(source, EntryDetailTag::kSmartShapeLyricAssign) == 0) {
+        PostStayedBehind();
     }
-    PostStayedBehind();
-    return false;
 }
 
 void MoveAttachments(const FinPIEntryPtr& source, const FinPIEntryPtr& target, u32 detailKinds) {

@@ -39,8 +39,8 @@ void MakeRest(const FinPIEntryPtr& entry, i16 duration, bool hidden);
 // the source's, because order decides among notes of one pitch. A failure leaves an error pending.
 void MoveAttachments(const FinPIEntryPtr& source, const FinPIEntryPtr& target, u32 detailKinds);
 
-// Moves only the ends of smart shapes. False: an end stayed behind, and an error is pending.
-bool MoveShapeEnds(const FinPIEntryPtr& source, const FinPIEntryPtr& target);
+// Moves only the ends of smart shapes. A failure leaves an error pending.
+void MoveShapeEnds(const FinPIEntryPtr& source, const FinPIEntryPtr& target);
 
 // The kinds of details that move with an entry's music.
 inline constexpr u32 kMovedDetails =

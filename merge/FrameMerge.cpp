@@ -103,7 +103,7 @@ void JoinNotes(const FramePair& frames, PairMap& pairs) {
                     *frames.source.EntryAt(source));
     }
     if (!pairs.empty()) {
-        NormalizeFrame(*frames.destination.Frame());
+        NormalizeFrame(frames.destination.Entries());
     }
     for (auto& [source, joined] : pairs) {
         joined.noteIDs = NoteIDs(frames.destination.EntryAt(joined.destination));

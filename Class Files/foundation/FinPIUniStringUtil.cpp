@@ -44,9 +44,7 @@ char* UniChar_Utf8encode(char* destination, const char16* source, u64 size) {
         FinPIAppError("char *__cdecl FinPIUniStringUtil::UniChar_Utf8encode(char *,"
                       "const unsigned short *,const unsigned __int64)",
                       "UTF8 conversion failed."));
-    if (size != 0) {
-        destination[0] = '\0';
-    }
+    destination[0] = '\0';
     return destination;
 }
 
@@ -60,9 +58,7 @@ char16* UniChar_Utf16encode(char16* destination, const char* source, u64 size) {
         FinPIAppError("unsigned short *__cdecl FinPIUniStringUtil::UniChar_Utf16encode("
                       "unsigned short *,const char *,const unsigned __int64,const short)",
                       "UTF16 conversion failed."));
-    if (size != 0) {
-        destination[0] = u'\0';
-    }
+    destination[0] = u'\0';
     return destination;
 }
 

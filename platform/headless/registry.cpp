@@ -1,4 +1,5 @@
-// A registry in memory: the tree lives as long as the process, or until the session is reset.
+// A registry in memory: the tree lives as long as the process, or until the session is reset. It
+// does not delete a key that is open, which the system would keep until it is closed.
 #include "platform/registry.h"
 
 #include <algorithm>
@@ -213,7 +214,8 @@ RegistryResult RegistryKey::DeleteSubkey(const std::string& name) {
     if (found == subkeys.end()) {
         return RegistryResult::kNotFound;
     }
-    if (!found->second->subkeys.empty()) {
+    const bool isOpen = found->second.use_count() > 1;
+    if (!found->second->subkeys.empty() || isOpen) {
         return RegistryResult::kAccessDenied;
     }
     found->second->deleted = true;

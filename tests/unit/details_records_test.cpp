@@ -162,6 +162,24 @@ TEST_F(Details, RecordsAfterGapsAreFound) {
     EXPECT_EQ(host.Attached(Source(), kArticulation), "");
 }
 
+TEST_F(Details, WalksEndAtTheLimit) {
+    const auto isWalked = [this](u16 records) {
+        Write("q:c4", "q:c4");
+        for (u16 i = 0; i < records; ++i) {
+            host.Attach(Source(), kArticulation, "x");
+        }
+        LoadBoth();
+        FinPIArticulation articulation{source.EntryAt(0)};
+        FinPIEntryDetail::Walk walk{articulation};
+        while (walk.Next()) {
+        }
+        return !walk.HasFailed();
+    };
+    EXPECT_TRUE(isWalked(FinPIEntryDetail::kMaxRecords - 1));
+    EXPECT_FALSE(isWalked(FinPIEntryDetail::kMaxRecords));
+    EXPECT_EQ(TakePendingError(), "29998 FinPIEntryDetail::Load: edIM");
+}
+
 TEST_F(Details, OtherDocumentIsNotChanged) {
     WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     const FinPIEntryPtr entry = source.EntryAt(0);

@@ -146,10 +146,7 @@ EXENTRY Chord(const std::vector<u16>& noteIDs) {
 }
 
 void Normalize(EXENTRY& entry) {
-    EXFRAME frame{};
-    frame.entries = &entry;
-    frame.count = 1;
-    NormalizeFrame(frame);
+    NormalizeFrame({&entry, 1});
 }
 
 TEST(NormalForm, NoteIDsAreUnique) {

@@ -15,6 +15,17 @@ public:
     i16 ProcessAllDocuments() const override { return 0; }
     i16 HandleCommand(WindowHandle, u16, u8*) override { return 0; }
 
+    i16 DoProcessDocument(const EREGION&, i16 walkMode, i16 reportStaves, i16 reportMeasures,
+                          i16 reportLayers, i16 firstMeasure, i16 measureHook,
+                          i16 skipMultimeasureRests, u16* continueFlag) override {
+        arguments = {walkMode,     reportStaves, reportMeasures,        reportLayers,
+                     firstMeasure, measureHook,  skipMultimeasureRests, *continueFlag};
+        return 5;
+    }
+    i16 Walk() { return ProcessCurrentDocument(); }
+
+    std::vector<int> arguments;
+
     // Whether a run takes all measures, all staves, and what it does without a selection.
     std::string WholesOf(const EREGION* selection, const EREGION& wholeDocument) {
         ChooseRegion(selection, wholeDocument);
@@ -77,6 +88,12 @@ TEST_F(Defaults, ChangeNothing) {
                                plain.UnusedModelessQuery2(), plain.UnusedModelessQuery3()}) {
         EXPECT_EQ(reserved, 0);
     }
+}
+
+TEST_F(Defaults, WalkByStaffAndMeasure) {
+    PlainCommand plain;
+    EXPECT_EQ(plain.Walk(), 5);
+    EXPECT_EQ(plain.arguments, (std::vector<int>{0, 1, 1, 0, -1, 0, 0, 1}));
 }
 
 TEST_F(Defaults, TimerTellsWhatChanged) {

@@ -72,6 +72,7 @@ TEST_F(HostMenuTest, ComparesVisibleAmpersands) {
     HMENU__& plugins = AddMenu({u"R&S", u"R&&&B...", u"R&&B"});
     EXPECT_EQ(FindPluginMenuItem(&m_window, u"R&B").position, 1);
     EXPECT_EQ(FindPluginMenuItem(&m_window, u"RS").menu, &plugins);
+    EXPECT_FALSE(FindPluginMenuItem(&m_window, u"R&S")) << "its ampersand does not show";
     EXPECT_FALSE(FindPluginMenuItem(&m_window, u"RSB")) << "longer than the item";
 }
 

@@ -37,6 +37,8 @@ TEST(Region, InStaffLists) {
     // The list, the selection, the staves merged; all by their slots in the score.
     const std::tuple<std::vector<i16>, EREGION, std::vector<i16>> cases[] = {
         {{3, 1}, EREGION{kList, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 3}},
+        {{3, 1}, EREGION{kList, 2, 1, 0, 0, 3, 1, kEndOfMeasure}, {1, 3}},
+        {{3, 1}, EREGION{kList, 2, 1, 0, 0, 2, 1, kEndOfMeasure}, {1, 2}},  // 2 is not in the list
         // The last staff has a slot in the start's list, the score's own.
         {{2, 3}, EREGION{0, 1, 1, 0, kList, 2, 1, kEndOfMeasure}, {1, 2, 3}},
         {{3, 1, 2}, EREGION{0, 1, 1, 0, kList, 3, 1, kEndOfMeasure}, {1, 2}},

@@ -106,8 +106,11 @@ TEST_F(Records, ChangeOnlyTheirOwnDocument) {
     FinPIKeyFormat record = Added(1, 'a');
     FinPIKeyFormat emptied = Added(2, 'b');
     emptied.ClearData();
+    FinPIKeyFormat unloaded(2);
     const OtherDocument other;
     other->Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(12, 'o'));
+    EXPECT_EQ(unloaded.Load(), 1);
+    EXPECT_EQ(unloaded.DocumentID(), other->Number());
     EXPECT_EQ(ErrorOf(record.Save()),
               "29999 FinPIEnigmaData::Save: Attempted to update a non-current document");
     Refuse(HostCall::kSetCurrentEnigmaDocument);
@@ -117,6 +120,17 @@ TEST_F(Records, ChangeOnlyTheirOwnDocument) {
     EXPECT_EQ(emptied.Commit(), 1);
     EXPECT_EQ(Marks(1) + Marks(2), "a");
     EXPECT_EQ(other->Records().OfTag(kKeyFormat).size(), 1U);
+}
+
+TEST_F(Records, RecreatedRecordKeepsItsPlace) {
+    FinPIKeyFormat record = Added(1, 'a');
+    record.SetKey({1, kNoInci});
+    record.opaque0[0] = 'b';
+    record.Save();
+    FinPIKeyFormat first(1);
+    first.Load();
+    EXPECT_EQ(first.DeleteAndRecreateInScore(), 1);
+    EXPECT_EQ(Marks(1), "ab");
 }
 
 TEST_F(Records, AppendingSaveReturnsNumber) {

@@ -156,6 +156,7 @@ TEST_F(Signatures, KeylessStavesHaveAttributes) {
     Refuse(HostCall::kSetCurrentEnigmaDocument);
     FinPITimeSig signature;
     third.VisibleTimeSig(staff, signature);
+    EXPECT_EQ(signature, (FinPITimeSig{0, 0, 0, {}}));
     EXPECT_EQ(third.InstHasVisibleKeySig(staff) + third.GetKeylessAttributes(staff, attributes), 0);
 }
 

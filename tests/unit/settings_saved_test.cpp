@@ -345,11 +345,37 @@ TEST_F(SavedSettingsTest, FailedLoadDisablesDialog) {
     SavedSettingPtr record{4};
     record.Header().totalSize = 100;
     ASSERT_EQ(record.PutToFile(22001), 1);
-    Run([](OpenDialog& open) {
-        open.Press(Control::kOk);
-        EXPECT_FALSE(open.ended);
-    });
-    EXPECT_EQ(Alerts(), 1U);
+    std::u16string messages;
+    for (int refused = 0; refused <= 12; ++refused) {
+        headless::RefuseRegistryCall(headless::RegistryCall::kQueryValue, refused);
+        const std::size_t before = Alerts();
+        Run([&](OpenDialog& open) {
+            if (Alerts() > before) {
+                messages += standin::App().alerts.back().text;
+                open.Press(Control::kOk);
+                EXPECT_FALSE(open.ended) << refused;
+            }
+        });
+        Store(1, u"Slow", 7);
+    }
+    for (const char16* text : {u"element. Try", u"element size.", u"from preferences."}) {
+        EXPECT_NE(messages.find(text), std::u16string::npos);
+    }
+}
+
+TEST_F(SavedSettingsTest, NoToTheQuestionKeepsDialogOpen) {
+    g_savedSettingsChanged = 0;
+    for (const bool isYes : {false, true}) {
+        Run([&](OpenDialog& open) {
+            desk.Then([isYes](OpenDialog& question) {
+                question.Press(4);
+                question.Press(isYes ? 1 : 2);
+            });
+            open.Press(Control::kOk);
+            EXPECT_EQ(open.ended, isYes);
+        });
+        EXPECT_EQ(Stored().size(), isYes ? 1U : 0U) << "the question comes back after No";
+    }
 }
 
 // A command whose saved settings never skip its dialog, or are never gathered.

@@ -193,7 +193,7 @@ i16 FinPITGFPtr::SaveTGF() const {
         PostError(FinPIAppError{kSaveTGF, kNotCurrent});
         return 0;
     }
-    NormalizeFrame(*m_frame);
+    NormalizeFrame(Entries());
     return Host::SaveTGF(m_frame);
 }
 
@@ -211,7 +211,7 @@ i16 FinPITGFPtr::ReloadTGF() {
         PostError(FinPIAppError{kSaveTGF, kNotCurrent});
         return 0;
     }
-    NormalizeFrame(*m_frame);
+    NormalizeFrame(Entries());
     if (Host::SaveTGF(m_frame) == 0) {
         PostRecordError<FinPISaveEDataFailed>(kReloadTGF, kFrameTag);
         return 0;
@@ -230,7 +230,7 @@ i16 FinPITGFPtr::InsertEntries(i16 index, i16 count) {
         return 0;
     }
     const DocumentScope scope{m_document};
-    NormalizeFrame(*m_frame);
+    NormalizeFrame(Entries());
     return scope ? Host::InsertEXENTRY(m_frame, index, count) : i16{0};
 }
 
@@ -243,7 +243,7 @@ i16 FinPITGFPtr::DeleteEntriesAt(i16 index, i16 count) {
         return 0;
     }
     const std::vector<EntryNoteFields> kept = KeepNoteFields(Entries());
-    NormalizeFrame(*m_frame);
+    NormalizeFrame(Entries());
     const i16 result = Host::DeleteEXENTRY(m_frame, index, count);
     const std::span<EXENTRY> remaining = Entries();
     const std::size_t gone = kept.size() - std::min(remaining.size(), kept.size());
@@ -273,7 +273,7 @@ i16 FinPITGFPtr::DeleteEntries(const std::set<u32>& entryNumbers) {
 i16 FinPITGFPtr::ReduceEntries(bool save) {
     if (m_frame != nullptr) {
         const DocumentScope scope{m_document};
-        NormalizeFrame(*m_frame);
+        NormalizeFrame(Entries());
         if (scope) {
             Host::ReduceEntries(m_frame);
         }

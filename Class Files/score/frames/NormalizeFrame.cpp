@@ -1,7 +1,6 @@
 #include "Class Files/score/frames/NormalizeFrame.h"
 
 #include <algorithm>
-#include <span>
 
 namespace {
 
@@ -58,11 +57,8 @@ void NormalizeEntry(EXENTRY& entry) {
 
 }  // namespace
 
-void NormalizeFrame(EXFRAME& frame) {
-    if (frame.entries == nullptr || frame.count < 0) {
-        return;
-    }
-    for (EXENTRY& entry : std::span{frame.entries, static_cast<std::size_t>(frame.count)}) {
+void NormalizeFrame(std::span<EXENTRY> entries) {
+    for (EXENTRY& entry : entries) {
         NormalizeEntry(entry);
     }
 }

@@ -66,8 +66,7 @@ std::u16string BeatText(double beat) {
 
 void AppendBeat(std::u16string& text, i16 measure, i32 position) {
     const FinPIMeas record{static_cast<u16>(measure)};
-    const FinPITimeSig timeSig = record.IsLoaded() != 0 ? record.GetTimeSig() : FinPITimeSig{};
-    const double beat = BeatNumber(position, timeSig);
+    const double beat = record.IsLoaded() != 0 ? BeatNumber(position, record.GetTimeSig()) : 0;
     if (beat <= 0) {
         return;
     }
