@@ -1,6 +1,7 @@
 #include "merge/ExpressionReassignment.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 #include "Class Files/foundation/FinPIException.h"

@@ -89,6 +89,15 @@ void SortNotes(std::span<EXENTRY> entries) {
     }
 }
 
+void UntieNew(const Document& document, std::span<EXENTRY> entries) {
+    for (EXENTRY& entry : entries) {
+        const bool isNew = document.HomeOf(entry.entryNumber).staff == 0;
+        for (EXNOTE& note : entry.notes) {
+            note.flags &= isNew ? ~NoteFlag::kTieEnd : ~u32{0};
+        }
+    }
+}
+
 void CountFlagsOutOfStep(Application& app, const Document& document,
                          std::span<const EXENTRY> entries) {
     for (const EXENTRY& entry : entries) {
@@ -152,6 +161,9 @@ i16 FX_SaveTGF(EXFRAME* frame, u32 version) {
             std::vector<EXENTRY> stored{entries.begin(), entries.end()};
             if (app.manners.sorting) {
                 SortNotes(stored);
+            }
+            if (app.faults.untiesNewEntries) {
+                UntieNew(document, stored);
             }
             document.PutFrame(loan.Key(), std::move(stored));
             return 1;

@@ -29,11 +29,12 @@ struct FaultPlan {
     };
     std::optional<Switch> switchDocument{};
 
-    u64 stopAtProgress = 0;        // this progress report returns "stop"; 0 = none
-    bool guardFrames = false;      // lent entries end at a page that must not be touched
-    bool wildEntries = false;      // lent entries have times and note counts that no music has
-    bool respellsNotes = false;    // deleting entries respells the notes of the others
-    bool failsWhenLoaded = false;  // records are loaded, but the call reports failure
+    u64 stopAtProgress = 0;         // this progress report returns "stop"; 0 = none
+    bool guardFrames = false;       // lent entries end at a page that must not be touched
+    bool wildEntries = false;       // lent entries have times and note counts that no music has
+    bool respellsNotes = false;     // deleting entries respells the notes of the others
+    bool untiesNewEntries = false;  // the first save of an entry clears its notes' tie ends
+    bool failsWhenLoaded = false;   // records are loaded, but the call reports failure
 
     static OfKind AllOf(HostCall call) noexcept { return {call, 1, ~u64{0}}; }
 };

@@ -18,7 +18,12 @@ public:
     void SaveSettings() override { m_notes.emplace_back("saved"); }
     i16 ProcessAllDocuments() const override { return 0; }
     void UpdateSelectionText(WindowHandle) override { m_notes.emplace_back("selection"); }
-    void OnDocumentListChanged(WindowHandle) override { m_notes.emplace_back("documents"); }
+    void OnDocumentListChanged(WindowHandle) override {
+        m_notes.emplace_back("documents");
+        if (whenTold) {
+            whenTold();
+        }
+    }
     void OnCurrentDocumentChanged(WindowHandle) override { m_notes.emplace_back("current"); }
     void OnListedMenuEvent(WindowHandle) override { m_notes.emplace_back("listed"); }
     void OnMenuEvent(WindowHandle, u32 event) override {
@@ -32,6 +37,7 @@ public:
     }
 
     std::function<void()> whileHandling;
+    std::function<void()> whenTold;
 
 private:
     Notes& m_notes;
@@ -48,6 +54,17 @@ TEST_F(ModelessTest, OutlivesItsHandler) {
     modeless.whileHandling = [&] { open.Send(WindowMessage::kDestroy); };
     open.Press(1009);
     EXPECT_EQ(notes, (Notes{"saved", "handled", "gone"}));
+}
+
+TEST_F(ModelessTest, ExceptionEndsOnlyItsTick) {
+    modeless.whenTold = [] { throw std::bad_alloc{}; };
+    open.Send(WindowMessage::kTimer);
+    EXPECT_EQ(notes, Notes{"documents"});
+    modeless.whenTold = nullptr;
+    host.SelectAll();
+    open.Send(WindowMessage::kTimer);
+    EXPECT_EQ(notes.back(), "selection");
+    open.Send(WindowMessage::kClose);
 }
 
 TEST_F(ModelessTest, TickReportsChanges) {

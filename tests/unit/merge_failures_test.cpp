@@ -19,14 +19,21 @@ TEST(Failures, DisplayFailuresDoNotStopRun) {
     for (const HostCall call :
          {HostCall::kStartMassEdit, HostCall::kRebeamRegion, HostCall::kRedrawMusic,
           HostCall::kStartFinaleEdit, HostCall::kEndFinaleEdit}) {
-        StandIn host;
-        host.Write({"", "w:c4"});
-        App().faults.refuseKind = FaultPlan::AllOf(call);
-        Plugin{}.Merge(host);
-        EXPECT_TRUE(App().alerts.empty()) << NameOf(call);
-        EXPECT_EQ(host.Layer(1, 1, 0), "w:c4") << NameOf(call);
-        EXPECT_EQ(App().calls.Of(HostCall::kCancelFinaleEdit), 0U) << "an edit that was ended";
-        host.Score().EndEdit();
+        for (const bool isMissing : {false, true}) {
+            StandIn host;
+            host.Write({"", "w:c4"});
+            const Plugin plugin;
+            if (isMissing) {
+                platform::headless::HideHostFunction(NameOf(call));
+            } else {
+                App().faults.refuseKind = FaultPlan::AllOf(call);
+            }
+            plugin.Merge(host);
+            EXPECT_TRUE(App().alerts.empty()) << NameOf(call);
+            EXPECT_EQ(host.Layer(1, 1, 0), "w:c4") << NameOf(call);
+            EXPECT_EQ(App().calls.Of(HostCall::kCancelFinaleEdit), 0U) << "an edit that was ended";
+            host.Score().EndEdit();
+        }
     }
 }
 

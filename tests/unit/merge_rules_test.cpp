@@ -130,6 +130,14 @@ INSTANTIATE_TEST_SUITE_P(Chords, MergeRules, testing::ValuesIn(kChords), kByName
 INSTANTIATE_TEST_SUITE_P(RestFill, MergeRules, testing::ValuesIn(kRestFill), kByName);
 INSTANTIATE_TEST_SUITE_P(PartOfAMeasure, MergeRules, testing::ValuesIn(kPartOfAMeasure), kByName);
 
+TEST(Merge, PlacedNotesKeepTheirTieEnds) {
+    StandIn host;
+    host.Write({"w:r", "h:~c4,e4,~g4 h:~d4"});
+    App().faults.untiesNewEntries = true;
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "h:~c4,e4,~g4 h:~d4");
+}
+
 TEST(Merge, HidesRestsOnRequest) {
     StandIn host;
     host.Layer(1, 1, 1, "h:c4 h:d4");

@@ -107,10 +107,12 @@ TEST_F(Records, ChangeOnlyTheirOwnDocument) {
     FinPIKeyFormat emptied = Added(2, 'b');
     emptied.ClearData();
     FinPIKeyFormat unloaded(2);
+    FinPIKeyFormat walker(1);
     const OtherDocument other;
     other->Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(12, 'o'));
-    EXPECT_EQ(unloaded.Load(), 1);
+    EXPECT_EQ(unloaded.Load() + walker.LoadNext(), 2);
     EXPECT_EQ(unloaded.DocumentID(), other->Number());
+    EXPECT_EQ(walker.DocumentID(), other->Number());
     EXPECT_EQ(ErrorOf(record.Save()),
               "29999 FinPIEnigmaData::Save: Attempted to update a non-current document");
     Refuse(HostCall::kSetCurrentEnigmaDocument);

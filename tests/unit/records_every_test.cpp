@@ -52,6 +52,13 @@ Record Make() {
     }
 }
 
+// Made while another document is current.
+template <typename Record>
+Record MakeElsewhere() {
+    const OtherDocument other;
+    return Make<Record>();
+}
+
 // Words that are each 0 or 1, because the composite preferences store some as yes or no.
 template <typename Record>
 std::vector<u8> Content(const Record& record, u16 word) {
@@ -123,8 +130,9 @@ TYPED_TEST(EveryRecord, IsStoredFoundChangedAndDeleted) {
             const std::vector<u8> content = Content(stored, word);
             Fill(stored, content);
             ASSERT_EQ(stored.Commit(), 1);
-            TypeParam found = Make<TypeParam>();
+            auto found = MakeElsewhere<TypeParam>();
             ASSERT_EQ(found.Load(), 1);
+            EXPECT_EQ(found.DocumentID(), App().CurrentNumber()) << "where it was loaded";
             EXPECT_EQ(DataOf(found), content);
             EXPECT_EQ(found.IsSame(stored), 1);
             EXPECT_EQ(WalkMeets(found), !isAssembled) << "composite records have no walk";

@@ -94,13 +94,17 @@ using PseudoWords = std::vector<std::pair<std::size_t, std::size_t>>;
 
 template <typename Prefs>
 void ExpectWords(StandIn& host, std::size_t hostSize, const PseudoWords& expected) {
-    Prefs prefs;
+    Prefs prefs = [] {
+        const OtherDocument other;
+        return Prefs{};
+    }();
     Bytes stored(hostSize, '\0');
     for (std::size_t i = 0; i < hostSize; ++i) {
         stored[i] = static_cast<char>(i + 1);
     }
     host.Score().Records().Exchange(prefs.Tag(), RecordKey::Preference(0), stored);
     ASSERT_NE(prefs.Load(), 0);
+    EXPECT_EQ(prefs.DocumentID(), host.Score().Number());
     Bytes wanted(prefs.GetDataSize(), '\0');
     for (const auto& [offset, hostOffset] : expected) {
         wanted.replace(offset, 2, stored, hostOffset, 2);

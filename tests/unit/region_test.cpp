@@ -5,6 +5,7 @@
 #include "Class Files/score/region/FinPIRegion.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/library_test.h"
+#include "tests/unit/support/mannered.h"
 
 namespace standin {
 namespace {
@@ -217,6 +218,8 @@ TEST_F(Region, DescribesPathStavesMeasuresBeats) {
     };
     for (const auto& [region, text] : cases) {
         EXPECT_EQ(Of(region).Description(), text);
+        const Mannered taciturn{&Manners::taciturn};
+        EXPECT_EQ(Of(region).Description(), text) << "what is written counts";
     }
     platform::headless::SetLanguage(platform::headless::Language::kSpanish);
     EXPECT_EQ(Of({0, 1, 1, 1024, 0, 3, 9, kEndOfMeasure}).Description(),
@@ -230,7 +233,10 @@ TEST_F(Region, DescriptionNamesPartAndLayer) {
               std::u16string(u"score Layer 2: Staff 1 Bar 1 - Bar 1 End"));
     host.Score().AddPart(1, u"Flute");
     host.Score().currentPart = 1;
-    EXPECT_EQ(region.Description(), u"score - Flute Layer 2: Staff 1 Bar 1 - Bar 1 End");
+    for (bool Manners::*const manner : {&Manners::wide, &Manners::taciturn, &Manners::talkative}) {
+        const Mannered mannered{manner};
+        EXPECT_EQ(region.Description(), u"score - Flute Layer 2: Staff 1 Bar 1 - Bar 1 End");
+    }
     host.Score().currentPart = 9;
     EXPECT_EQ(region.Description(), u"score Layer 2: Staff 1 Bar 1 - Bar 1 End")
         << "a part without a record has no name";

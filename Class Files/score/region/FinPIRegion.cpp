@@ -160,10 +160,9 @@ i32 FinPIRegion::MeasureDuration(i16 measure) const {
 }
 
 i32 FinPIRegion::DurationInRegion(i16 measure) const {
-    const i32 from = measure == startMeasure ? startPosition : 0;
     const bool endsInside = measure == endMeasure && endPosition != kEndOfMeasure;
     const i32 to = endsInside ? endPosition + 1 : MeasureDuration(measure);
-    return measure == startMeasure ? std::max(to - from, 0) : to;
+    return measure == startMeasure ? std::max(to - startPosition, 0) : to;
 }
 
 i32 FinPIRegion::TotalDuration() const {
