@@ -65,16 +65,12 @@ std::optional<u32> ReadCurrent(const char* pluginKey, const std::string& name, v
 
 std::optional<u32> ReadLegacy(const char* pluginKey, const std::string& name, void* buffer,
                               u32 size) {
-    RegistryKey key = RegistryKey::Open(LegacyPath(pluginKey), KeyAccess::kRead);
-    if (!key) {
-        return std::nullopt;
-    }
     if (std::string_view{pluginKey} == kDontShowAgainKey) {
-        key.Close();
         DeleteLegacyKey(pluginKey);
         return std::nullopt;
     }
-    return ReadValue(key, name, buffer, size);
+    const RegistryKey key = RegistryKey::Open(LegacyPath(pluginKey), KeyAccess::kRead);
+    return key ? ReadValue(key, name, buffer, size) : std::nullopt;
 }
 
 // The oldest layout has one value for each plug-in key.
@@ -96,17 +92,20 @@ u32 ReadAnyLayout(const char* name, i16 number, void* buffer, u32 size, const ch
     return found.value_or(0);
 }
 
-void RemoveLegacyCopy(const char* name, i16 number, const char* pluginKey) {
+// Whether the legacy key is empty then.
+bool DeleteLegacyValue(const std::string& name, const char* pluginKey) {
     RegistryKey key = RegistryKey::Open(LegacyPath(pluginKey), KeyAccess::kAll);
     if (!key) {
-        return;
+        return false;
     }
-    key.DeleteValue(ValueName(name, number));
+    key.DeleteValue(name);
     platform::KeyCounts counts;
-    const bool empty = key.QueryCounts(&counts) == RegistryResult::kSuccess &&
-                       counts.subkeys == 0 && counts.values == 0;
-    key.Close();
-    if (empty) {
+    return key.QueryCounts(&counts) == RegistryResult::kSuccess && counts.subkeys == 0 &&
+           counts.values == 0;
+}
+
+void RemoveLegacyCopy(const char* name, i16 number, const char* pluginKey) {
+    if (DeleteLegacyValue(ValueName(name, number), pluginKey)) {
         DeleteLegacyKey(pluginKey);
     }
 }

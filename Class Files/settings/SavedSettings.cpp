@@ -41,6 +41,27 @@ RegistryResult CopyFromOldOwner(const platform::RegistryKey& oldKey, i16 number)
     return result;
 }
 
+// False if there is nothing to copy, or something is left. Also takes those beyond the number that
+// a command can have now.
+bool CopyAllFromOldOwner(u16 commandID) {
+    const auto oldKey = platform::RegistryKey::Open(
+        std::string{kSettingsBaseKey} + '\\' + kOldOwner, platform::KeyAccess::kRead);
+    if (!oldKey) {
+        return false;
+    }
+    bool allCopied = true;
+    for (i32 number = 0; commandID + number <= INT16_MAX; ++number) {
+        const RegistryResult result = CopyFromOldOwner(
+            oldKey, SavedSettings::StoredNumber(commandID, static_cast<i16>(number)));
+        if (result == RegistryResult::kNotFound && number > 0) {
+            break;
+        }
+        allCopied = allCopied &&
+                    (result == RegistryResult::kSuccess || result == RegistryResult::kNotFound);
+    }
+    return allCopied;
+}
+
 // The stored bytes, compatible or not.
 u32 ReadHeader(u16 commandID, i16 number, SavedSettingHeader& header) {
     return ZKFX_GetSettings(SavedSettings::kName, SavedSettings::StoredNumber(commandID, number),
@@ -89,26 +110,9 @@ i16 SavedSettings::CurrentNumber(u16 commandID, i16 number, u16 identifier) {
 }
 
 void SavedSettings::MoveFromOldOwner(u16 commandID) {
-    platform::RegistryKey oldKey = platform::RegistryKey::Open(
-        std::string{kSettingsBaseKey} + '\\' + kOldOwner, platform::KeyAccess::kRead);
-    if (!oldKey) {
+    if (!CopyAllFromOldOwner(commandID)) {
         return;
     }
-    bool allMoved = true;
-    // Also those beyond the number that a command can have now.
-    for (i32 number = 0; commandID + number <= INT16_MAX; ++number) {
-        const RegistryResult result =
-            CopyFromOldOwner(oldKey, StoredNumber(commandID, static_cast<i16>(number)));
-        if (result == RegistryResult::kNotFound && number > 0) {
-            break;
-        }
-        allMoved =
-            allMoved && (result == RegistryResult::kSuccess || result == RegistryResult::kNotFound);
-    }
-    if (!allMoved) {
-        return;
-    }
-    oldKey.Close();
     if (auto base = platform::RegistryKey::Open(kSettingsBaseKey, platform::KeyAccess::kAll)) {
         base.DeleteSubkey(kOldOwner);
     }

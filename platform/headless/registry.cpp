@@ -1,5 +1,4 @@
-// A registry in memory: the tree lives as long as the process, or until the session is reset. It
-// does not delete a key that is open, which the system would keep until it is closed.
+// A registry in memory: the tree lives as long as the process, or until the session is reset.
 #include "platform/registry.h"
 
 #include <algorithm>
@@ -214,8 +213,7 @@ RegistryResult RegistryKey::DeleteSubkey(const std::string& name) {
     if (found == subkeys.end()) {
         return RegistryResult::kNotFound;
     }
-    const bool isOpen = found->second.use_count() > 1;
-    if (!found->second->subkeys.empty() || isOpen) {
+    if (!found->second->subkeys.empty()) {
         return RegistryResult::kAccessDenied;
     }
     found->second->deleted = true;

@@ -120,6 +120,7 @@ TEST_F(SavedSettingsTest, OldSettingsMoveToNewOwner) {
     headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 2);
     SavedSettings::MoveFromOldOwner(kCommand);
     EXPECT_EQ(StoredValue(old, "ZKSC22001"), "ZKSC22001") << "it could not be written";
+    EXPECT_EQ(StoredValue(owner, "ZKSC22002"), "ZKSC22002") << "the others could";
     SavedSettings::MoveFromOldOwner(kCommand);
     for (const std::string name : {"ZKSC22000", "ZKSC22001", "ZKSC22002"}) {
         EXPECT_EQ(StoredValue(owner, name), name);
@@ -319,6 +320,7 @@ TEST_F(SavedSettingsTest, IdentifiersWrapToLowestFree) {
     command.UseSavedSetting(2, 0);
     Run([](OpenDialog& open) {
         EXPECT_TRUE(open.disabled.contains(Control::kDelete)) << "in use";
+        EXPECT_TRUE(open.hidden.contains(Control::kDeleteAll)) << "likewise";
         open.Press(Control::kAdd);
         open.Type(Control::kName, u"d");
         open.Press(Control::kOk);
