@@ -66,6 +66,7 @@ TEST_F(Shapes, AllMarksMove) {
     EXPECT_EQ(Ends(2), "t0 s1");
     EXPECT_EQ(Marks(Target()), 4);
     EXPECT_EQ(Marks(Source()), 0);
+    EXPECT_EQ(App().calls.Of(HostCall::kSaveEData), 2U) << "no shape without an end there";
 }
 
 TEST_F(Shapes, TwoKindsOfMarksShareFlag) {

@@ -22,7 +22,7 @@ protected:
 
 TEST_F(Strings, BuffersHaveExactSize) {
     FinPIVarLenStruct<u8> buffer;
-    buffer.SetSize(4);
+    EXPECT_EQ(buffer.SetSize(4), 1);
     std::memcpy(buffer.Elements(), "abcd", 4);
     buffer.SetSize(2);
     buffer.SetSize(5);

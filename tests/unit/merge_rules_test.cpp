@@ -61,6 +61,8 @@ constexpr MergeCase kChords[] = {
      "h:c5 v2{q:a4,c4 q:g4,b3} h:r", "q:r q:r h:r"},
     {"OneOfTwoTakersGetsIt", "q:c5 v2{q:a4} h.:r", "q:e4 h.:r", "q:c5,e4 v2{q:a4} h.:r",
      "q:r h.:r"},
+    {"TheOneOfItsVoiceGetsIt", "q:c5 q:d5 v2{q:b4} h:r", "h:e4 v2{q:g3 q:a3} h:r",
+     "q:c5 q:d5 v2{q:b4,a3} h:r", "h:e4 v2{q:g3 q:r} h:r"},
     {"HiddenRestsAreNoNotes", "q:c4 q:x h:d4", "h:g4 h:g4", "q:c4 q:x h:d4,g4", "h:g4 h:r"},
 };
 
