@@ -5,6 +5,7 @@
 
 #include "host/cli/io/output_file.h"
 #include "host/score/application.h"
+#include "host/texts/system_errors.h"
 
 namespace standin::cli {
 
@@ -16,6 +17,7 @@ namespace fs = std::filesystem;
 struct FoundScore {
     fs::path file;
     fs::path relative;
+    std::string problem{};
 };
 
 bool IsScoreFile(const fs::directory_entry& entry) {
@@ -25,15 +27,31 @@ bool IsScoreFile(const fs::directory_entry& entry) {
            (ending == ".musicxml" || ending == ".xml" || ending == ".mxl");
 }
 
-template <typename Iterator>
-void AddScores(const fs::path& folder, std::vector<FoundScore>& scores) {
+// The scores of a folder, named relative to the given one. A folder that cannot be read is added
+// with the reason.
+void AddScores(const fs::path& folder, bool recursive, const fs::path& given,
+               std::vector<FoundScore>& scores) {
     std::error_code failed;
-    const auto options = fs::directory_options::skip_permission_denied;
-    for (Iterator at{folder, options, failed}; !failed && at != Iterator{}; at.increment(failed)) {
+    fs::directory_iterator at{folder, failed};
+    for (; !failed && at != fs::directory_iterator{}; at.increment(failed)) {
+        std::error_code unknown;
         if (IsScoreFile(*at)) {
-            scores.push_back({at->path(), at->path().lexically_relative(folder)});
+            scores.push_back({at->path(), at->path().lexically_relative(given)});
+        } else if (recursive && at->is_directory(unknown) && !at->is_symlink(unknown)) {
+            AddScores(at->path(), recursive, given, scores);
         }
     }
+    if (failed) {
+        const fs::path name = (folder / "").parent_path().filename();
+        scores.push_back({folder, folder == given ? name : folder.lexically_relative(given),
+                          Say(Text::kFolderUnreadable, {TextOf(folder), WordsFor(failed)})});
+    }
+}
+
+// Names of files differ by case, but not on Windows.
+char32_t Folded(char32_t letter) {
+    constexpr bool kIgnoresCase = fs::path::preferred_separator == '\\';
+    return kIgnoresCase && letter >= U'A' && letter <= U'Z' ? letter - U'A' + U'a' : letter;
 }
 
 // Whether the name matches the pattern with * and ?.
@@ -45,7 +63,8 @@ bool Matches(std::u32string_view pattern, std::u32string_view name) {
         return Matches(pattern.substr(1), name) ||
                (!name.empty() && Matches(pattern, name.substr(1)));
     }
-    return !name.empty() && (pattern.front() == U'?' || pattern.front() == name.front()) &&
+    return !name.empty() &&
+           (pattern.front() == U'?' || Folded(pattern.front()) == Folded(name.front())) &&
            Matches(pattern.substr(1), name.substr(1));
 }
 
@@ -54,9 +73,9 @@ std::string AddMatches(const fs::path& pattern, std::vector<FoundScore>& scores)
     const fs::path folder = pattern.has_parent_path() ? pattern.parent_path() : fs::path{"."};
     const std::u32string name = pattern.filename().u32string();
     std::vector<FoundScore> all;
-    AddScores<fs::directory_iterator>(folder, all);
+    AddScores(folder, false, folder, all);
     std::erase_if(all, [&](const FoundScore& score) {
-        return !Matches(name, score.file.filename().u32string());
+        return score.problem.empty() && !Matches(name, score.file.filename().u32string());
     });
     if (all.empty()) {
         return Say(Text::kNoneLikeThis, {TextOf(pattern)});
@@ -72,11 +91,7 @@ std::string AddInput(const std::string& input, bool recursive, std::vector<Found
     std::error_code failed;
     if (fs::is_directory(path, failed)) {
         std::vector<FoundScore> inFolder;
-        if (recursive) {
-            AddScores<fs::recursive_directory_iterator>(path, inFolder);
-        } else {
-            AddScores<fs::directory_iterator>(path, inFolder);
-        }
+        AddScores(path, recursive, path, inFolder);
         std::sort(inFolder.begin(), inFolder.end(),
                   [](const FoundScore& a, const FoundScore& b) { return a.relative < b.relative; });
         scores.insert(scores.end(), inFolder.begin(), inFolder.end());
@@ -103,7 +118,7 @@ std::variant<std::vector<BatchItem>, std::string> ItemsOf(const BatchCommand& co
     std::vector<BatchItem> items;
     std::map<fs::path, fs::path> inputOf;
     for (const FoundScore& score : scores) {
-        BatchItem item{score.file, {}, {}};
+        BatchItem item{score.file, {}, {}, score.problem};
         if (command.inPlace) {
             item.output = score.file;
         } else if (!command.folder.empty()) {

@@ -14,6 +14,7 @@ struct BatchItem {
     std::filesystem::path input;
     std::filesystem::path output;  // empty when nothing is to be written
     std::filesystem::path page{};  // of its report, below the folder of the reports
+    std::string problem{};         // why it cannot be merged, if that is known already
 };
 
 // The scores of the inputs in order, each once; a folder's scores by name, with the same subfolders

@@ -112,7 +112,10 @@ private:
             target += item.input.extension();
         }
         int exitCode = kFailed;
-        std::string problem = m_command.inPlace ? std::string{} : MakeFolderOf(target);
+        std::string problem = item.problem;
+        if (problem.empty() && !m_command.inPlace) {
+            problem = MakeFolderOf(target);
+        }
         if (problem.empty()) {
             std::vector<std::string> options = m_command.options;
             if (!item.page.empty()) {
