@@ -77,6 +77,18 @@ std::string RefusalOf(const std::string& line) {
     return text;
 }
 
+TEST(CommandLine, WordsAfterTwoDashesAreFiles) {
+    for (const char* line :
+         {"merge -o out.xml -- -in.xml", "merge --output=out.xml --json -- -in.xml"}) {
+        const auto parsed = ParseCommandLine(Words(line));
+        ASSERT_TRUE(std::holds_alternative<Command>(parsed)) << line;
+        EXPECT_EQ(std::get<MergeCommand>(std::get<Command>(parsed)).input, "./-in.xml") << line;
+    }
+    const auto parsed = ParseCommandLine(Words("merge --jobs 2 -o folder -- a.xml --json - --"));
+    EXPECT_EQ(std::get<BatchCommand>(std::get<Command>(parsed)).inputs,
+              (std::vector<std::string>{"a.xml", "./--json", "-", "./--"}));
+}
+
 struct WrongLine {
     const char* name;
     const char* line;

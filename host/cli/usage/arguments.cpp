@@ -101,6 +101,20 @@ std::string TakeValues(const CLI::App& app, std::span<const OptionRow> rows, Arg
     return problem;
 }
 
+// After "--" every word names a file. A folder before the name keeps it from being read as an
+// option.
+void EndOptions(std::vector<std::string>& words) {
+    const auto mark = std::find(words.begin(), words.end(), "--");
+    if (mark == words.end()) {
+        return;
+    }
+    for (auto word = words.erase(mark); word != words.end(); ++word) {
+        if (word->size() > 1 && word->front() == '-') {
+            word->insert(0, "./");
+        }
+    }
+}
+
 std::string MissingArgument(const Arguments& arguments) {
     for (const OptionRow& row : arguments.command->options) {
         if (row.required && !arguments.Has(row.id)) {
@@ -136,6 +150,7 @@ Arguments TakeApart(std::vector<std::string> words) {
         AddOptions(*command, CommonOptions());
     }
     Arguments arguments;
+    EndOptions(words);
     try {
         std::reverse(words.begin(), words.end());  // as CLI11 wants them
         app.parse(std::move(words));
