@@ -1,8 +1,8 @@
 #include "host/report/merge_report.h"
 
 #include <algorithm>
-#include <unordered_map>
 
+#include "host/report/frame_effect.h"
 #include "host/report/places.h"
 #include "host/score/selection.h"
 #include "host/texts/texts.h"
@@ -25,9 +25,7 @@ public:
           m_request{request},
           m_destination{destination},
           m_before{EntriesOf(m_document.ImportedFrame(destination))},
-          m_now{EntriesOf(m_document.FindFrame(destination))},
-          m_numbersBefore{ByNumber(m_before)},
-          m_numbersNow{ByNumber(m_now)} {
+          m_now{EntriesOf(m_document.FindFrame(destination))} {
         m_result.staff = slot;
         m_result.measure = destination.measure;
     }
@@ -48,45 +46,12 @@ public:
     }
 
 private:
-    using Numbers = std::unordered_map<u32, const EXENTRY*>;
-
-    static Numbers ByNumber(const std::vector<EXENTRY>& entries) {
-        Numbers numbers;
-        for (const EXENTRY& entry : entries) {
-            numbers.emplace(u32{entry.entryNumber}, &entry);
-        }
-        return numbers;
-    }
-
-    static const EXENTRY* Find(const Numbers& numbers, u32 number) {
-        const auto found = numbers.find(number);
-        return found == numbers.end() ? nullptr : found->second;
-    }
-
     void CountMoved() {
-        for (const EXENTRY& entry : m_now) {
-            const EXENTRY* old = Find(m_numbersBefore, entry.entryNumber);
-            const int had = old == nullptr ? 0 : old->noteCount;
-            m_result.notesMoved += std::max(entry.noteCount - had, 0);
-            m_result.chordsFormed += had > 0 && entry.noteCount > had ? 1 : 0;
-        }
-        for (const EXENTRY& entry : m_before) {
-            m_result.restsFilled += GaveWayToMusic(entry) ? 1 : 0;
-            const bool isGone = Find(m_numbersNow, entry.entryNumber) == nullptr;
-            const bool isCleared = m_request.options.mode != 0 && isGone;
-            m_result.notesCleared += isCleared ? entry.noteCount : 0;
-        }
-    }
-
-    // A rest may also be replaced by other rests.
-    bool GaveWayToMusic(const EXENTRY& rest) const {
-        const auto end = [](const EXENTRY& entry) {
-            return entry.elapsedTime + entry.actualDuration;
-        };
-        return rest.noteCount == 0 && Find(m_numbersNow, rest.entryNumber) == nullptr &&
-               std::any_of(m_now.begin(), m_now.end(), [&](const EXENTRY& e) {
-                   return e.noteCount > 0 && e.elapsedTime < end(rest) && rest.elapsedTime < end(e);
-               });
+        const FrameEffect effect = EffectOn(m_before, m_now);
+        m_result.chordsFormed = effect.chordsFormed;
+        m_result.notesMoved = effect.notesMoved;
+        m_result.restsFilled = effect.restsFilled;
+        m_result.notesCleared = m_request.options.mode != 0 ? effect.notesGone : 0;
     }
 
     bool IsSelected(i32 onset) const {
@@ -140,8 +105,6 @@ private:
     FrameKey m_destination;
     const std::vector<EXENTRY>& m_before;
     const std::vector<EXENTRY>& m_now;
-    const Numbers m_numbersBefore;
-    const Numbers m_numbersNow;
     MergedMeasure m_result;
 };
 
