@@ -8,7 +8,14 @@ namespace {
 
 i16 ServeEdit(HostCall call, u32 version, bool (Document::*finish)()) {
     return ServeDocument(call, version, i16{0}, [&](Application& app, Document& document) -> i16 {
-        return (document.*finish)() ? i16{1} : RefuseByRule(app, i16{0});
+        const std::size_t steps = document.UndoTexts().size();
+        if (!(document.*finish)()) {
+            return RefuseByRule(app, i16{0});
+        }
+        if (app.editListener) {
+            app.editListener(document.UndoTexts().size() > steps);
+        }
+        return 1;
     });
 }
 

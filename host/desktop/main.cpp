@@ -1,5 +1,7 @@
 #include "host/cli/run_command.h"
 #include "host/desktop/desktop_program.h"
+#include "host/system/machine.h"
+#include "host/texts/texts.h"
 #include "platform/text.h"
 
 // Windows gives the arguments in UTF-16; the program takes them in UTF-8.
@@ -10,6 +12,7 @@ int wmain(int argc, wchar_t** argv) {
         arguments.push_back(
             platform::Utf16ToMultiByte(argument, platform::CodePage::kUtf8).value_or(""));
     }
+    standin::SetLanguage(standin::machine::UserLanguage());
     if (!standin::cli::TakeManners(arguments)) {
         return 2;
     }

@@ -7,6 +7,8 @@
 #include <shellapi.h>
 #include <string>
 
+#include "host/texts/texts.h"
+
 namespace {
 
 constexpr int kNotStarted = 1;
@@ -85,8 +87,10 @@ int main() {
     if (CreateProcessW(program.c_str(), line.data(), nullptr, nullptr, TRUE,
                        window ? DETACHED_PROCESS : CREATE_SUSPENDED, nullptr, nullptr, &startup,
                        &started) == 0) {
-        std::fputs("plyweld: FINALE.EXE, which belongs beside plyweld.exe, could not be started\n",
-                   stderr);
+        const bool isSpanish = PRIMARYLANGID(GetUserDefaultUILanguage()) == LANG_SPANISH;
+        standin::SetLanguage(isSpanish ? standin::Language::kSpanish : standin::Language::kEnglish);
+        std::fprintf(stderr, "plyweld: %s\n",
+                     standin::Say(standin::Text::kProgramNotStarted, {}).c_str());
         return kNotStarted;
     }
     const Handle process{started.hProcess};

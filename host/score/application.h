@@ -60,6 +60,8 @@ public:
     FaultPlan faults;
     std::vector<Alert> alerts;
     std::function<void(const Alert&)> alertListener;  // optional
+    // Called when an edit of the plug-in has ended, with whether it changed anything. Optional.
+    std::function<void(bool changed)> editListener;
     std::vector<ProgressReport> progress;
     // Called for each report; false = the user stops. Optional.
     std::function<bool(const ProgressReport&)> progressListener;

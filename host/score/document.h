@@ -125,6 +125,8 @@ public:
     // The undo texts, latest last.
     std::vector<std::u16string> UndoTexts() const;
     std::vector<std::u16string> RedoTexts() const;
+    // What it changed, as it was before; null when there is nothing to undo.
+    const Journal* LastEdit() const { return m_undo.empty() ? nullptr : &m_undo.back().journal; }
 
     // --- Comparison
     DocumentContent Content() const;

@@ -31,8 +31,12 @@ Language CurrentLanguage() {
 }
 
 std::string_view Say(Text text) {
+    return SayIn(g_language, text);
+}
+
+std::string_view SayIn(Language language, Text text) {
     const Row& row = kRows[static_cast<std::size_t>(text)];
-    return g_language == Language::kSpanish ? row.spanish : row.english;
+    return language == Language::kSpanish ? row.spanish : row.english;
 }
 
 std::string Say(Text text, const std::vector<std::string>& values) {

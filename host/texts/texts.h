@@ -22,6 +22,7 @@ Language CurrentLanguage();
 
 // The text itself, including its placeholders.
 std::string_view Say(Text text);
+std::string_view SayIn(Language language, Text text);
 
 // The text with {0}, {1} ... replaced by the values in that order. A value may hold braces.
 std::string Say(Text text, const std::vector<std::string>& values);

@@ -129,6 +129,8 @@ TEST(Grid, HitsWhatItDraws) {
     }
     EXPECT_FALSE(layout.Hit(10, 60)) << "staff names";
     EXPECT_FALSE(layout.Hit(300, 10)) << "measure numbers";
+    EXPECT_FALSE(layout.Hit(300, layout.Height())) << "below the last staff";
+    EXPECT_FALSE(layout.Hit(layout.Width(), 60)) << "behind the last measure";
     const GridPoint beyond = layout.Nearest(100000, 100000).value();
     EXPECT_EQ(beyond.slot, 3);
     EXPECT_EQ(beyond.measure, 3);
@@ -142,11 +144,14 @@ TEST(SelectionInWords, SaysNoMoreThanNeeded) {
         host.Select(1, 2, from, 1, lastMeasure, to);
         return SelectionText(host.Score());
     };
-    const std::u16string one = host.Score().AutoNumberedName(host.Staff(1));
-    EXPECT_EQ(SelectionText(host.Score()), u"Nothing is selected");
-    EXPECT_EQ(text(2, 0, kEndOfMeasure), one + u", measure 2");
-    EXPECT_EQ(text(5, 0, kEndOfMeasure), one + u", measure 2 to 5");
-    EXPECT_EQ(text(2, 1024, 3071), one + u", measure 2 beat 2 to 2 beat 3");
+    const std::u16string name = host.Score().AutoNumberedName(host.Staff(1));
+    const std::string one{name.begin(), name.end()};
+    EXPECT_EQ(SelectionText(host.Score()), "Nothing is selected");
+    EXPECT_EQ(text(2, 0, kEndOfMeasure), one + ", measure 2");
+    EXPECT_EQ(text(5, 0, kEndOfMeasure), one + ", measures 2 to 5");
+    EXPECT_EQ(text(2, 1024, 3071), one + ", measure 2, beats 2 to 3");
+    EXPECT_EQ(text(2, 3072, kEndOfMeasure), one + ", measure 2, beat 4");
+    EXPECT_EQ(text(5, 1024, 1023), one + ", measure 2, beat 2 to measure 5, beat 1");
 }
 
 }  // namespace

@@ -2,19 +2,26 @@
 
 #include <string>
 
+#include "host/desktop/toolkit/wide_text.h"
+
 namespace standin::desktop {
 
 namespace {
 
-constexpr wchar_t kKinds[] =
-    L"MusicXML (*.musicxml; *.xml; *.mxl)\0*.musicxml;*.xml;*.mxl\0All files\0*.*\0";
 constexpr std::size_t kLongestPath = 32768;
 
-OPENFILENAMEW Question(HWND owner, std::wstring& path) {
+// Pairs of a description and its patterns, each ended by a zero.
+std::wstring Kinds() {
+    using namespace std::string_literals;
+    return WideText(Text::kFilesOfScores) + L"\0*.musicxml;*.xml;*.mxl\0"s +
+           WideText(Text::kFilesOfAnyKind) + L"\0*.*\0"s;
+}
+
+OPENFILENAMEW Question(HWND owner, const std::wstring& kinds, std::wstring& path) {
     OPENFILENAMEW question{};
     question.lStructSize = sizeof question;
     question.hwndOwner = owner;
-    question.lpstrFilter = kKinds;
+    question.lpstrFilter = kinds.c_str();
     question.lpstrFile = path.data();
     question.nMaxFile = static_cast<DWORD>(path.size());
     question.lpstrDefExt = L"musicxml";
@@ -26,7 +33,8 @@ OPENFILENAMEW Question(HWND owner, std::wstring& path) {
 
 std::optional<std::filesystem::path> AskForFileToOpen(HWND owner) {
     std::wstring path(kLongestPath, L'\0');
-    OPENFILENAMEW question = Question(owner, path);
+    const std::wstring kinds = Kinds();
+    OPENFILENAMEW question = Question(owner, kinds, path);
     question.Flags |= OFN_FILEMUSTEXIST;
     if (GetOpenFileNameW(&question) == 0) {
         return std::nullopt;
@@ -38,7 +46,8 @@ std::optional<std::filesystem::path> AskForFileToSave(HWND owner,
                                                       const std::filesystem::path& present) {
     std::wstring path = present.wstring().substr(0, kLongestPath - 1);
     path.resize(kLongestPath, L'\0');
-    OPENFILENAMEW question = Question(owner, path);
+    const std::wstring kinds = Kinds();
+    OPENFILENAMEW question = Question(owner, kinds, path);
     question.Flags |= OFN_OVERWRITEPROMPT;
     if (GetSaveFileNameW(&question) == 0) {
         return std::nullopt;

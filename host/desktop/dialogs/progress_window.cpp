@@ -31,11 +31,12 @@ int Hundredths(i16 measure) {
 
 std::wstring TextOf(const ProgressReport& report) {
     const Document* document = App().CurrentDocument();
-    std::wstring text = L"Measure " + std::to_wstring(report.measure);
-    if (document != nullptr && report.staff != 0) {
-        text += L", " + Wide(document->AutoNumberedName(report.staff));
+    const std::string measure = std::to_string(report.measure);
+    if (document == nullptr || report.staff == 0) {
+        return WideText(Text::kProgressMeasure, {measure});
     }
-    return text;
+    return WideText(Text::kProgressStaff,
+                    {measure, Utf8(Wide(document->AutoNumberedName(report.staff)))});
 }
 
 }  // namespace
@@ -68,7 +69,7 @@ void ProgressWindow::Open() {
     const int top = (main.top + main.bottom - kHeight) / 2;
     m_others.emplace();
     HINSTANCE program = GetModuleHandleW(nullptr);
-    m_window = CreateWindowExW(WS_EX_DLGMODALFRAME, kClassName, L"Working",
+    m_window = CreateWindowExW(WS_EX_DLGMODALFRAME, kClassName, WideText(Text::kWorking).c_str(),
                                WS_POPUP | WS_CAPTION | WS_SYSMENU, left, top, kWidth, kHeight,
                                m_mainWindow, nullptr, program, this);
     m_text = CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | SS_NOPREFIX, 16, 14,
@@ -76,7 +77,7 @@ void ProgressWindow::Open() {
     m_bar = CreateWindowExW(0, PROGRESS_CLASSW, L"", WS_CHILD | WS_VISIBLE, 16, 38, kWidth - 40, 18,
                             m_window, nullptr, program, nullptr);
     HWND stop =
-        CreateWindowExW(0, L"BUTTON", L"Stop",
+        CreateWindowExW(0, L"BUTTON", WideText(Text::kStop).c_str(),
                         WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_DEFPUSHBUTTON, (kWidth - 96) / 2,
                         72, 90, 26, m_window, reinterpret_cast<HMENU>(IDCANCEL), program, nullptr);
     const auto font = reinterpret_cast<WPARAM>(GetStockObject(DEFAULT_GUI_FONT));

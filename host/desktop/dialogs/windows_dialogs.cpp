@@ -1,5 +1,6 @@
 #include "host/desktop/dialogs/windows_dialogs.h"
 
+#include <array>
 #include <optional>
 #include <utility>
 
@@ -10,14 +11,39 @@ namespace standin::desktop {
 
 namespace {
 
-// The default place of a dialog: the middle of its owner.
-void PlaceOver(HWND owner, HWND dialog) {
+bool Overlap(const RECT& a, const RECT& b) {
+    RECT both{};
+    return IntersectRect(&both, &a, &b) != 0;
+}
+
+// The default place of a dialog: the middle of its owner, or what is nearest to it beside the area
+// that is to be kept clear, if the screen has room there.
+void PlaceOver(HWND owner, HWND dialog, const std::optional<RECT>& keepClear) {
     RECT above{};
-    RECT rect{};
+    RECT size{};
+    RECT screen{};
     GetWindowRect(owner, &above);
-    GetWindowRect(dialog, &rect);
-    SetWindowPos(dialog, nullptr, (above.left + above.right - rect.right + rect.left) / 2,
-                 (above.top + above.bottom - rect.bottom + rect.top) / 2, 0, 0,
+    GetWindowRect(dialog, &size);
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &screen, 0);
+    OffsetRect(&size, (above.left + above.right - size.left - size.right) / 2,
+               (above.top + above.bottom - size.top - size.bottom) / 2);
+    RECT place = size;
+    if (keepClear && Overlap(place, *keepClear)) {
+        const std::array<POINT, 4> moves{{{0, keepClear->bottom - size.top},
+                                          {keepClear->right - size.left, 0},
+                                          {keepClear->left - size.right, 0},
+                                          {0, keepClear->top - size.bottom}}};
+        for (const POINT& move : moves) {
+            RECT candidate = size;
+            OffsetRect(&candidate, move.x, move.y);
+            RECT inside{};
+            if (UnionRect(&inside, &screen, &candidate) != 0 && EqualRect(&inside, &screen) != 0) {
+                place = candidate;
+                break;
+            }
+        }
+    }
+    SetWindowPos(dialog, nullptr, place.left, place.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
@@ -62,7 +88,7 @@ INT_PTR WindowsDialogs::Handle(HWND window, UINT message, WPARAM word, LPARAM da
     if (message == WM_INITDIALOG) {
         auto* service = reinterpret_cast<WindowsDialogs*>(data);
         auto& created = service->m_open[window] = std::move(service->m_created);
-        PlaceOver(GetWindow(window, GW_OWNER), window);
+        PlaceOver(GetWindow(window, GW_OWNER), window, service->m_keepClear());
         SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(created.get()));
     }
     auto* dialog = reinterpret_cast<OpenDialog*>(GetWindowLongPtrW(window, DWLP_USER));

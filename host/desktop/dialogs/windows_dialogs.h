@@ -1,8 +1,10 @@
 // The dialog callbacks with real dialogs, from the templates in the plug-in's own resources.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/desktop/toolkit/message_pump.h"
@@ -16,6 +18,9 @@ public:
     // The main window owns dialogs that are opened without an owner.
     WindowsDialogs(MessagePump& pump, HWND mainWindow);
     ~WindowsDialogs() override { CloseAll(); }
+
+    // Where a dialog should not open, if there is room elsewhere.
+    void SetKeepClear(std::function<std::optional<RECT>()> area) { m_keepClear = std::move(area); }
 
     // Closes all open dialogs; the plug-in gets the usual events.
     void CloseAll();
@@ -57,6 +62,7 @@ private:
     void Forget(HWND window);
 
     MessagePump& m_pump;
+    std::function<std::optional<RECT>()> m_keepClear = [] { return std::optional<RECT>{}; };
     HWND m_mainWindow;
     std::unique_ptr<OpenDialog> m_created;  // until its creation event
     std::map<HWND, std::unique_ptr<OpenDialog>> m_open;

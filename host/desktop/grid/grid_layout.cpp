@@ -49,7 +49,7 @@ int GridLayout::XOf(int measure, i32 position) const {
 }
 
 std::optional<GridPoint> GridLayout::Hit(int x, int y) const {
-    if (x < kNameWidth || y < kNumberHeight) {
+    if (x < kNameWidth || y < kNumberHeight || x >= Width() || y >= Height()) {
         return std::nullopt;
     }
     return Nearest(x, y);

@@ -44,10 +44,10 @@ public:
     // The x of a position; positions beyond the measure give its right edge.
     int XOf(int measure, i32 position) const;
 
-    // The cell at a point; the nearest cell if the point lies beyond the last one. Nothing on the
-    // names and numbers, and in a score without music.
+    // The cell at a point; nothing on the names and numbers and beyond the last staff and measure.
     std::optional<GridPoint> Hit(int x, int y) const;
-    // As Hit, but the nearest cell also for points on names and numbers, as a drag needs it.
+    // As Hit, but the nearest cell also for points on names and numbers, and beyond the score, as a
+    // drag needs it.
     std::optional<GridPoint> Nearest(int x, int y) const;
 
 private:

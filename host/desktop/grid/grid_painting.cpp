@@ -153,17 +153,37 @@ void GridWindow::PaintNames(HDC context, const RECT& area) {
         box.right = GridLayout::kNameWidth - 4;
         const u16 staff = document.StaffInSlot(static_cast<i16>(slot), 0);
         const std::u16string name = document.AutoNumberedName(staff);
-        Write(context, box, name.empty() ? L"Staff " + std::to_wstring(slot) : Wide(name),
+        Write(context, box,
+              name.empty() ? WideText(Text::kStaffOfScore, {std::to_string(slot)}) : Wide(name),
               DT_LEFT | DT_END_ELLIPSIS);
     }
     head.right = GridLayout::kNameWidth;
     Fill(context, head, kHeadColour);
+    PaintLegend(context, head);
 }
 
-void GridWindow::PaintSelection(HDC context) {
+// Which color a layer has, in the corner above the names.
+void GridWindow::PaintLegend(HDC context, const RECT& corner) {
+    RECT words = corner;
+    words.left += 8;
+    Write(context, words, WideText(Text::kLayersLegend), DT_LEFT);
+    constexpr int kStep = 20;
+    RECT box = corner;
+    box.left = corner.right - GridLayout::kLayers * kStep - 2;
+    box.top += 4;
+    box.bottom -= 4;
+    SetTextColor(context, RGB(255, 255, 255));
+    for (std::size_t layer = 0; layer < kLayerColours.size(); ++layer, box.left += kStep) {
+        box.right = box.left + kStep - 4;
+        Fill(context, box, kLayerColours[layer]);
+        Write(context, box, std::to_wstring(layer + 1), DT_CENTER);
+    }
+}
+
+std::optional<RECT> GridWindow::SelectionBox() const {
     const auto region = m_editor.Region();
     if (!region) {
-        return;
+        return std::nullopt;
     }
     const PixelRect first = m_layout.Cell(region->startSlot, region->startMeasure);
     const PixelRect last = m_layout.Cell(region->endSlot, region->endMeasure);
@@ -171,7 +191,26 @@ void GridWindow::PaintSelection(HDC context) {
     const int right = region->endPosition == kEndOfMeasure
                           ? last.right
                           : m_layout.XOf(region->endMeasure, region->endPosition + 1);
-    const RECT box = OnScreen({left, first.top, right, last.bottom});
+    return OnScreen({left, first.top, right, last.bottom});
+}
+
+std::optional<RECT> GridWindow::SelectionOnScreen() const {
+    const auto selected = SelectionBox();
+    RECT seen{};
+    GetClientRect(m_window, &seen);
+    if (!selected || IntersectRect(&seen, &seen, &*selected) == 0) {
+        return std::nullopt;
+    }
+    MapWindowPoints(m_window, nullptr, reinterpret_cast<POINT*>(&seen), 2);
+    return seen;
+}
+
+void GridWindow::PaintSelection(HDC context) {
+    const auto selected = SelectionBox();
+    if (!selected) {
+        return;
+    }
+    const RECT& box = *selected;
     const MemoryContext memory{CreateCompatibleDC(context)};
     const Bitmap colour{CreateCompatibleBitmap(context, 1, 1)};
     const Selected chosen{memory.get(), colour.get()};

@@ -114,8 +114,12 @@ void GridWindow::WidenToStaves() {
 }
 
 void GridWindow::Press(int x, int y) {
+    if (x < GridLayout::kNameWidth || y < GridLayout::kNumberHeight) {
+        return;
+    }
     const auto point = m_layout.Hit(x + m_scrollX, y + m_scrollY);
     if (!point) {
+        SelectNone();
         return;
     }
     m_dragUnit = UnitOfKeys();

@@ -30,6 +30,9 @@ public:
     void ScrollToMeasure(int measure);
 
     std::optional<GridPoint> Focus() const { return m_editor.Focus(); }
+    // What is selected, in screen coordinates, as far as it is in view. Nothing without a
+    // selection.
+    std::optional<RECT> SelectionOnScreen() const;
     // A place of the score in screen coordinates, scrolled into view first.
     POINT ScreenPoint(const GridPoint& point);
 
@@ -41,8 +44,10 @@ private:
     void PaintCell(HDC context, int slot, int measure);
     void PaintStrip(HDC context, int slot, int measure, i16 layer);
     void PaintNames(HDC context, const RECT& area);
+    static void PaintLegend(HDC context, const RECT& corner);
     void PaintSelection(HDC context);
     RECT OnScreen(const PixelRect& rect) const;
+    std::optional<RECT> SelectionBox() const;  // in the window
 
     void Press(int x, int y);
     void Drag(int x, int y);

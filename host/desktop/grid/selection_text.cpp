@@ -1,51 +1,67 @@
 #include "host/desktop/grid/selection_text.h"
 
+#include <algorithm>
+
+#include "host/texts/texts.h"
+#include "platform/text.h"
+
 namespace standin::desktop {
 
 namespace {
 
-std::u16string Number(i32 number) {
-    const std::string digits = std::to_string(number);
-    return {digits.begin(), digits.end()};
+std::string Utf8Of(const std::u16string& text) {
+    return platform::Utf16ToMultiByte(text, platform::CodePage::kUtf8).value_or("");
 }
 
-std::u16string StaffName(const Document& document, i16 slot, u16 list) {
-    const u16 staff = document.StaffInSlot(slot, list);
-    const std::u16string name = document.AutoNumberedName(staff);
-    return name.empty() ? u"staff " + Number(slot) : name;
+std::string StaffName(const Document& document, i16 slot, u16 list) {
+    const std::u16string name = document.AutoNumberedName(document.StaffInSlot(slot, list));
+    return name.empty() ? Say(Text::kStaffOfScore, {std::to_string(slot)}) : Utf8Of(name);
 }
 
-// The beat, from 1, of a position; nothing if it adds nothing to the measure.
-std::u16string Beat(const Document& document, i16 measure, i32 position, bool says) {
+std::string NumberOf(const Document& document, i16 measure) {
+    return Utf8Of(document.MeasureNumberText(static_cast<u16>(measure)));
+}
+
+// The beat, from 1, of a position in a measure.
+std::string BeatOf(const Document& document, u16 staff, i16 measure, i32 position) {
     const i32 beat = document.Measure(static_cast<u16>(measure)).beatDuration;
-    return says && beat > 0 ? u" beat " + Number(position / beat + 1) : std::u16string{};
+    const i32 last = document.MeasureDuration(staff, measure) - 1;
+    return std::to_string(std::min(position, last) / std::max(beat, 1) + 1);
 }
 
-std::u16string Measures(const Document& document, const EREGION& region) {
-    const std::u16string first = document.MeasureNumberText(static_cast<u16>(region.startMeasure));
-    const std::u16string last = document.MeasureNumberText(static_cast<u16>(region.endMeasure));
-    const bool endsInside = region.endPosition != kEndOfMeasure;
-    if (region.startMeasure == region.endMeasure && region.startPosition == 0 && !endsInside) {
-        return u"measure " + first;
+std::string Measures(const Document& document, const EREGION& region) {
+    const std::string first = NumberOf(document, region.startMeasure);
+    const std::string last = NumberOf(document, region.endMeasure);
+    const bool isOne = region.startMeasure == region.endMeasure;
+    if (region.startPosition == 0 && region.endPosition == kEndOfMeasure) {
+        return isOne ? Say(Text::kSelectedMeasure, {first})
+                     : Say(Text::kSelectedMeasures, {first, last});
     }
-    const bool bothBeats = region.startPosition != 0 || endsInside;
-    return u"measure " + first +
-           Beat(document, region.startMeasure, region.startPosition, bothBeats) + u" to " + last +
-           Beat(document, region.endMeasure, region.endPosition, endsInside);
+    const u16 staff = document.StaffInSlot(region.startSlot, region.startStaffList);
+    const std::string firstBeat =
+        BeatOf(document, staff, region.startMeasure, region.startPosition);
+    const std::string lastBeat = BeatOf(document, staff, region.endMeasure, region.endPosition);
+    if (!isOne) {
+        return Say(Text::kSelectedFromTo, {first, firstBeat, last, lastBeat});
+    }
+    return firstBeat == lastBeat ? Say(Text::kSelectedBeat, {first, firstBeat})
+                                 : Say(Text::kSelectedBeats, {first, firstBeat, lastBeat});
 }
 
 }  // namespace
 
-std::u16string SelectionText(const Document& document) {
+std::string SelectionText(const Document& document) {
     if (!document.selection) {
-        return u"Nothing is selected";
+        return Say(Text::kNothingSelected, {});
     }
     const EREGION& region = *document.selection;
-    std::u16string text = StaffName(document, region.startSlot, region.startStaffList);
-    if (region.startSlot != region.endSlot) {
-        text += u" to " + StaffName(document, region.endSlot, region.endStaffList);
+    const std::string first = StaffName(document, region.startSlot, region.startStaffList);
+    const std::string measures = Measures(document, region);
+    if (region.startSlot == region.endSlot) {
+        return Say(Text::kSelectionInStaff, {first, measures});
     }
-    return text + u", " + Measures(document, region);
+    return Say(Text::kSelectionInStaves,
+               {first, StaffName(document, region.endSlot, region.endStaffList), measures});
 }
 
 }  // namespace standin::desktop

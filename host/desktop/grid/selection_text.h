@@ -8,7 +8,7 @@
 
 namespace standin::desktop {
 
-// Such as "Soprano to Bass, measure 3 beat 2 to 5 beat 1".
-std::u16string SelectionText(const Document& document);
+// Such as "Soprano to Bass, measure 3, beat 2 to measure 5, beat 1".
+std::string SelectionText(const Document& document);
 
 }  // namespace standin::desktop

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
 #include <span>
 
 #include "host/desktop/script/patience.h"
@@ -62,6 +63,40 @@ std::string Open(ScriptScene& scene, Words words) {
     bool opened = false;
     scene.window.InWindowThread([&] { opened = scene.window.Open(file); });
     return Done(opened, "the file was not opened");
+}
+
+// A file from a folder window, dropped on the program's window.
+std::string Drop(ScriptScene& scene, Words words) {
+    const std::wstring path = (scene.folder / WideFromUtf8(words[0])).wstring();
+    const std::size_t bytes = sizeof(DROPFILES) + (path.size() + 2) * sizeof(wchar_t);
+    HGLOBAL memory = GlobalAlloc(GHND, bytes);
+    auto* drop = static_cast<DROPFILES*>(GlobalLock(memory));
+    if (drop == nullptr) {
+        return "there is no memory";
+    }
+    drop->pFiles = sizeof(DROPFILES);
+    drop->fWide = TRUE;
+    std::memcpy(drop + 1, path.c_str(), path.size() * sizeof(wchar_t));
+    GlobalUnlock(memory);
+    PostMessageW(scene.window.Window(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+    return {};
+}
+
+// Clicks in the grid where the score has ended: "below" the last staff, or "behind" its last
+// measure.
+std::string ClickBeyond(ScriptScene& scene, Words words) {
+    const bool isBelow = words[0] == "below";
+    POINT place{};
+    scene.window.InWindowThread([&] {
+        const Document& document = *App().CurrentDocument();
+        const int slot = static_cast<int>(document.StaffList(0).size());
+        const u16 measure = document.MeasureCount();
+        const i32 end = document.MeasureDuration(document.StaffInSlot(1, 0), measure);
+        place = scene.window.Grid().ScreenPoint({slot, measure, isBelow ? 0 : end});
+    });
+    (isBelow ? place.y : place.x) += GridLayout::kRowHeight;
+    ClickAt(scene.window.Window(), place);
+    return {};
 }
 
 // Drags the mouse from the first measure or beat to the last.
@@ -294,7 +329,9 @@ struct Step {
 
 constexpr Step kSteps[] = {
     {"open", 1, Open},
+    {"drop", 1, Drop},
     {"select", 2, Select},
+    {"click-beyond", 1, ClickBeyond},
     {"menu", 1, Menu},
     {"show-menu", 1, ShowMenu},
     {"close-menus", 0, CloseMenus},

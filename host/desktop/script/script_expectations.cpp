@@ -204,13 +204,30 @@ std::string Undo(ScriptScene& scene, Words words) {
 }
 
 std::string Selection(ScriptScene& scene, Words words) {
-    std::u16string text = u"no document";
+    std::string text = "no document";
     scene.window.InWindowThread([&] {
         if (const Document* document = App().CurrentDocument()) {
             text = SelectionText(*document);
         }
     });
-    return Compare(Utf8(Wide(text)), words[0]);
+    return Compare(text, words[0]);
+}
+
+// One part of the status line.
+std::string Status(ScriptScene& scene, Words words) {
+    std::string text;
+    scene.window.InWindowThread([&] { text = scene.window.StatusText(); });
+    return Compare(text, words[0]);
+}
+
+// The dialog in front leaves the selected music in view.
+std::string SelectionInView(ScriptScene& scene, Words) {
+    RECT dialog{};
+    RECT both{};
+    std::optional<RECT> selection;
+    GetWindowRect(scene.Target(), &dialog);
+    scene.window.InWindowThread([&] { selection = scene.window.Grid().SelectionOnScreen(); });
+    return Found(selection && IntersectRect(&both, &dialog, &*selection) == 0, "covered");
 }
 
 std::string Setting(ScriptScene&, Words words) {
@@ -237,14 +254,31 @@ struct Expectation {
 };
 
 constexpr Expectation kExpectations[] = {
-    {"dialog", 1, Dialog},   {"no-dialog", 0, NoDialog},   {"message", 1, Message},
-    {"text", 2, Text},       {"checked", 1, Checked},      {"unchecked", 1, Unchecked},
-    {"enabled", 1, Enabled}, {"disabled", 1, Disabled},    {"shown", 1, Shown},
-    {"hidden", 1, Hidden},   {"focused", 1, Focused},      {"choice", 2, Choice},
-    {"choices", 2, Choices}, {"count", 2, Count},          {"place", 2, Place},
-    {"menu", 2, Menu},       {"menu-items", 2, MenuItems}, {"layer", 4, Layer},
-    {"undo", 1, Undo},       {"selection", 1, Selection},  {"setting", 3, Setting},
-    {"objects", 0, Objects}, {"unchanged", 0, Unchanged},
+    {"dialog", 1, Dialog},
+    {"no-dialog", 0, NoDialog},
+    {"message", 1, Message},
+    {"text", 2, Text},
+    {"checked", 1, Checked},
+    {"unchecked", 1, Unchecked},
+    {"enabled", 1, Enabled},
+    {"disabled", 1, Disabled},
+    {"shown", 1, Shown},
+    {"hidden", 1, Hidden},
+    {"focused", 1, Focused},
+    {"choice", 2, Choice},
+    {"choices", 2, Choices},
+    {"count", 2, Count},
+    {"place", 2, Place},
+    {"menu", 2, Menu},
+    {"menu-items", 2, MenuItems},
+    {"layer", 4, Layer},
+    {"undo", 1, Undo},
+    {"selection", 1, Selection},
+    {"setting", 3, Setting},
+    {"status", 1, Status},
+    {"selection-in-view", 0, SelectionInView},
+    {"objects", 0, Objects},
+    {"unchanged", 0, Unchanged},
 };
 
 }  // namespace

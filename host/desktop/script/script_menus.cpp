@@ -15,6 +15,29 @@ constexpr int kComesUp = 1500;  // milliseconds that a menu may take to do so
 // A click soon after another at the same place is half of a double click, which opens no menu.
 constexpr int kTries = 3;
 
+// Without the key and the shortcut.
+std::wstring Plain(std::wstring text) {
+    text.resize(std::min(text.find(L'\t'), text.size()));
+    std::erase(text, L'&');
+    return text;
+}
+
+// A menu's or an item's English text as the menu bar now shows it; others as they are.
+std::wstring Translated(const std::wstring& english) {
+    for (int i = static_cast<int>(Text::kMenuFile); i <= static_cast<int>(Text::kMenuAbout); ++i) {
+        const auto text = static_cast<Text>(i);
+        const std::wstring pattern = Plain(WideFromUtf8(SayIn(Language::kEnglish, text)));
+        const std::size_t value = pattern.find(L"{0}");
+        if (pattern == english) {
+            return Plain(WideText(text));
+        }
+        if (value != pattern.npos && english.starts_with(pattern.substr(0, value))) {
+            return Plain(WideText(text, {Utf8(english.substr(value))}));
+        }
+    }
+    return english;
+}
+
 POINT MiddleOf(const RECT& rect) {
     return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
 }
@@ -101,16 +124,15 @@ std::wstring MenuItemText(HMENU menu, int position) {
     std::array<wchar_t, 512> buffer{};
     GetMenuStringW(menu, static_cast<UINT>(position), buffer.data(),
                    static_cast<int>(buffer.size()), MF_BYPOSITION);
-    std::wstring text{buffer.data()};
-    text.resize(std::min(text.find(L'\t'), text.size()));
-    std::erase(text, L'&');
-    return text;
+    return Plain(buffer.data());
 }
 
 std::optional<MenuPlace> FindMenuItem(HMENU menu, const std::wstring& text) {
     const int count = GetMenuItemCount(menu);
+    const std::wstring translated = Translated(text);
     for (int position = 0; position < count; ++position) {
-        if (MenuItemText(menu, position) == text) {
+        const std::wstring item = MenuItemText(menu, position);
+        if (item == text || item == translated) {
             return MenuPlace{menu, position};
         }
     }

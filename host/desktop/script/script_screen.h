@@ -30,6 +30,7 @@ struct MenuPlace {
     int position = 0;
 };
 std::wstring MenuItemText(HMENU menu, int position);  // empty for a line
+// By the text that is shown, or by the English one of a menu of the program.
 std::optional<MenuPlace> FindMenuItem(HMENU menu, const std::wstring& text);
 // Along several menus. Nothing if one of them does not exist.
 std::optional<MenuPlace> FindMenuPath(HWND mainWindow, const std::vector<std::string>& path);

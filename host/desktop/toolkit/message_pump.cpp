@@ -1,25 +1,49 @@
 #include "host/desktop/toolkit/message_pump.h"
 
 #include <algorithm>
+#include <array>
 
 namespace standin::desktop {
+
+namespace {
+
+// A key with Ctrl, where it does not edit a text.
+bool IsShortcut(const MSG& message) {
+    std::array<wchar_t, 16> name{};
+    GetClassNameW(message.hwnd, name.data(), static_cast<int>(name.size()));
+    return message.message == WM_KEYDOWN && GetKeyState(VK_CONTROL) < 0 &&
+           lstrcmpiW(name.data(), L"Edit") != 0;
+}
+
+}  // namespace
 
 void MessagePump::SetAccelerators(HWND window, HACCEL accelerators) {
     m_acceleratorWindow = window;
     m_accelerators = accelerators;
 }
 
+bool MessagePump::TakeAccelerator(MSG& message) const {
+    return m_accelerators != nullptr && IsWindowEnabled(m_acceleratorWindow) != 0 &&
+           TranslateAcceleratorW(m_acceleratorWindow, m_accelerators, &message) != 0;
+}
+
 void MessagePump::Dispatch(MSG& message) {
     // A dialog may close, and leave the list, while it handles the message.
     const std::vector<HWND> dialogs = m_dialogs;
-    const bool taken = std::any_of(dialogs.begin(), dialogs.end(), [&message](HWND dialog) {
-        return IsWindow(dialog) != 0 && IsDialogMessageW(dialog, &message) != 0;
-    });
     const bool forMainWindow =
-        m_accelerators != nullptr &&
-        (message.hwnd == m_acceleratorWindow || IsChild(m_acceleratorWindow, message.hwnd) != 0);
-    if (!taken && !(forMainWindow &&
-                    TranslateAcceleratorW(m_acceleratorWindow, m_accelerators, &message) != 0)) {
+        message.hwnd == m_acceleratorWindow || IsChild(m_acceleratorWindow, message.hwnd) != 0;
+    const bool forDialog =
+        !forMainWindow && std::any_of(dialogs.begin(), dialogs.end(), [&message](HWND dialog) {
+            return IsChild(dialog, message.hwnd) != 0;
+        });
+    const bool taken =
+        (forDialog && IsShortcut(message) && TakeAccelerator(message)) ||
+        std::any_of(dialogs.begin(), dialogs.end(),
+                    [&message](HWND dialog) {
+                        return IsWindow(dialog) != 0 && IsDialogMessageW(dialog, &message) != 0;
+                    }) ||
+        (forMainWindow && TakeAccelerator(message));
+    if (!taken) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }

@@ -1,5 +1,6 @@
 // The messages of the user-interface thread. Open dialogs get their keys first (Tab, arrows,
-// Enter, Esc), then the main window's accelerators.
+// Enter, Esc), then the main window's accelerators; those with Ctrl hold in a dialog, too, except
+// while the user edits text.
 #pragma once
 
 #include <functional>
@@ -29,6 +30,7 @@ public:
 
 private:
     void Dispatch(MSG& message);
+    bool TakeAccelerator(MSG& message) const;
 
     std::vector<HWND> m_dialogs;
     HWND m_acceleratorWindow = nullptr;

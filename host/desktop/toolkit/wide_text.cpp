@@ -7,6 +7,10 @@ std::wstring WideFromUtf8(std::string_view text) {
     return utf16 ? Wide(*utf16) : std::wstring{text.begin(), text.end()};
 }
 
+std::wstring WideText(Text text, const std::vector<std::string>& values) {
+    return WideFromUtf8(Say(text, values));
+}
+
 std::string Utf8(std::wstring_view text) {
     return platform::Utf16ToMultiByte(Utf16(text), platform::CodePage::kUtf8).value_or("");
 }

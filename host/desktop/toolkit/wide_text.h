@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "host/desktop/toolkit/windows_api.h"
+#include "host/texts/texts.h"
 #include "platform/text.h"
 
 namespace standin::desktop {
@@ -18,6 +19,8 @@ inline std::u16string Utf16(std::wstring_view text) {
 }
 
 std::wstring WideFromUtf8(std::string_view text);
+// A text of the program with its values.
+std::wstring WideText(Text text, const std::vector<std::string>& values = {});
 std::string Utf8(std::wstring_view text);
 
 // The window's own text, whatever its length.

@@ -9,4 +9,6 @@
 #include <commdlg.h>
 #include <objidl.h>
 #include <sddl.h>
+#include <shellapi.h>
+#include <shlobj.h>
 #undef WINDOWINFO

@@ -26,6 +26,7 @@ inline constexpr u16 kNextDocument = 503;
 inline constexpr u16 kRebeam = 601;
 inline constexpr u16 kUpdateLayout = 602;
 inline constexpr u16 kAbout = 701;
+inline constexpr u16 kReading = 702;
 // The host's own numbers, which the plug-in knows too.
 inline constexpr u16 kShowActiveLayerOnly = MenuCommand::kShowActiveLayerOnly;
 inline constexpr u16 kFirstLayer = MenuCommand::kFirstLayer;

@@ -5,7 +5,8 @@
 #include <exception>
 #include <system_error>
 
-#include "host/desktop/grid/layer_strip.h"
+#include "host/desktop/grid/last_run.h"
+#include "host/desktop/grid/measure_words.h"
 #include "host/desktop/grid/selection_text.h"
 #include "host/desktop/toolkit/program_messages.h"
 #include "host/desktop/toolkit/wide_text.h"
@@ -21,7 +22,6 @@ namespace {
 
 constexpr wchar_t kClassName[] = L"PlyweldStandIn";
 constexpr wchar_t kProgramName[] = L"Finale";
-constexpr wchar_t kHowToBegin[] = L"File > Open: a MusicXML file, such as those in \"examples\"";
 constexpr int kWidth = 1000;
 constexpr int kHeight = 640;
 
@@ -32,7 +32,7 @@ HWND CreateMainWindow(WNDPROC procedure, void* object) {
                         kWidth, kHeight, nullptr, nullptr, GetModuleHandleW(nullptr), object);
     if (window == nullptr) {
         throw std::system_error{static_cast<int>(GetLastError()), std::system_category(),
-                                "the window was not created"};
+                                Say(Text::kNoWindow, {})};
     }
     return window;
 }
@@ -61,6 +61,9 @@ MainWindow::MainWindow(MenuBarKind menus)
     App().progressListener = [this](const ProgressReport& report) {
         return m_progress.Report(report);
     };
+    App().editListener = [this](bool changed) { m_runChanged = changed; };
+    m_dialogs.SetKeepClear([this] { return m_grid->SelectionOnScreen(); });
+    DragAcceptFiles(m_window, TRUE);
     ShowDocument();
     ShowWindow(m_window, SW_SHOW);
 }
@@ -71,12 +74,16 @@ MainWindow::~MainWindow() {
     App().dialogs = nullptr;
     App().alertListener = nullptr;
     App().progressListener = nullptr;
+    App().editListener = nullptr;
     DestroyWindow(m_window);
 }
 
 void MainWindow::CreateParts() {
     InitCommonControls();
-    m_grid = std::make_unique<GridWindow>(m_window, [this] { ShowStatus(); });
+    m_grid = std::make_unique<GridWindow>(m_window, [this] {
+        m_lastRun.clear();
+        ShowStatus();
+    });
     m_status = CreateWindowExW(0, STATUSCLASSNAMEW, L"", WS_CHILD | WS_VISIBLE | SBARS_SIZEGRIP, 0,
                                0, 0, 0, m_window, nullptr, GetModuleHandleW(nullptr), nullptr);
     Arrange();
@@ -126,6 +133,9 @@ LRESULT MainWindow::Handle(UINT message, WPARAM word, LPARAM data) {
         case WM_COMMAND:
             CarryOut(LOWORD(word));
             return 0;
+        case WM_DROPFILES:
+            OpenDropped(reinterpret_cast<HDROP>(word));
+            return 0;
         case kWorkIsWaiting:
             AwaitWindowSystem();
             return HIWORD(GetQueueStatus(QS_INPUT | QS_PAINT)) != 0 ? 1 : 0;
@@ -147,7 +157,7 @@ void MainWindow::StartPlugins() {
     m_menus->ListPluginItems(m_plugins.Items());
     DrawMenuBar(m_window);
     if (!problem.empty()) {
-        Tell(L"A plug-in was not loaded: " + WideFromUtf8(problem), MB_ICONWARNING);
+        Tell(WideText(Text::kPluginNotLoaded, {problem}), MB_ICONWARNING);
     }
 }
 
@@ -181,10 +191,20 @@ void MainWindow::AfterMessage() {
     if (App().progressDisplays.empty()) {
         m_progress.Finish();
     }
-    if (!App().redrawn.empty()) {
+    if (m_runChanged || !App().redrawn.empty()) {
+        ShowRun();
         App().redrawn.clear();
         ShowDocument();
     }
+}
+
+// Puts what the run that has just ended did into the status bar.
+void MainWindow::ShowRun() {
+    const Document* document = App().CurrentDocument();
+    if (m_runChanged && document != nullptr) {
+        m_lastRun = *m_runChanged ? LastRunText(*document) : Say(Text::kRunChangedNothing, {});
+    }
+    m_runChanged.reset();
 }
 
 void MainWindow::ShowAlert(const Alert& alert) {
@@ -203,34 +223,41 @@ void MainWindow::ShowDocument() {
 
 void MainWindow::ShowStatus() const {
     const Document* document = App().CurrentDocument();
-    std::wstring selection = document == nullptr ? kHowToBegin : L"";
-    std::wstring layers;
-    if (document != nullptr) {
-        selection = Wide(SelectionText(*document));
-        if (const auto focus = m_grid->Focus()) {
-            const u16 staff = document->StaffInSlot(static_cast<i16>(focus->slot), 0);
-            for (u16 layer = 0; layer < GridLayout::kLayers; ++layer) {
-                const Frame* frame =
-                    document->FindFrame({staff, static_cast<u16>(focus->measure), layer});
-                if (frame != nullptr) {
-                    layers += std::to_wstring(layer + 1) + L": " + WideFromUtf8(StripText(*frame)) +
-                              L"   ";
-                }
-            }
-        }
+    SendMessageW(m_status, SB_SIMPLE, document == nullptr ? TRUE : FALSE, 0);
+    if (document == nullptr) {
+        SetStatus(SB_SIMPLEID, Say(Text::kHowToBegin, {}));
+        return;
     }
-    SendMessageW(m_status, SB_SETTEXTW, 0, reinterpret_cast<LPARAM>(selection.c_str()));
-    SendMessageW(m_status, SB_SETTEXTW, 1, reinterpret_cast<LPARAM>(layers.c_str()));
+    std::string about = m_lastRun;
+    const auto focus = m_grid->Focus();
+    const ImportedScore* score = m_documents.ScoreOf(document->Number());
+    if (about.empty() && score != nullptr && focus) {
+        about = MeasureWords(*score, document->StaffInSlot(static_cast<i16>(focus->slot), 0),
+                             static_cast<u16>(focus->measure));
+    }
+    SetStatus(0, SelectionText(*document));
+    SetStatus(1, about);
+}
+
+std::string MainWindow::StatusText() const {
+    std::wstring text(
+        static_cast<std::size_t>(LOWORD(SendMessageW(m_status, SB_GETTEXTLENGTHW, 1, 0))), L'\0');
+    SendMessageW(m_status, SB_GETTEXTW, 1, reinterpret_cast<LPARAM>(text.data()));
+    return Utf8(text);
+}
+
+void MainWindow::SetStatus(WPARAM part, const std::string& text) const {
+    SendMessageW(m_status, SB_SETTEXTW, part, reinterpret_cast<LPARAM>(WideFromUtf8(text).c_str()));
 }
 
 void MainWindow::ShowTitle() const {
     const u16 current = App().CurrentNumber();
     std::wstring title{kProgramName};
     if (current != 0) {
-        title += L" - " + m_documents.FileOf(current).filename().wstring();
-        if (m_documents.IsChanged(current)) {
-            title += L" (changed)";
-        }
+        const std::wstring name = m_documents.FileOf(current).filename().wstring();
+        title += L" - ";
+        title +=
+            m_documents.IsChanged(current) ? WideText(Text::kChangedTitle, {Utf8(name)}) : name;
     }
     SetWindowTextW(m_window, title.c_str());
 }

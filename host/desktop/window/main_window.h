@@ -38,6 +38,8 @@ public:
     GridWindow& Grid() noexcept { return *m_grid; }
     ProgressWindow& Progress() noexcept { return m_progress; }
     void CarryOut(u16 command);
+    // The part of the status line that says what the measure holds or what the last run did.
+    std::string StatusText() const;
     // After a change of the current document or its selection from outside.
     void ShowDocument();
 
@@ -57,13 +59,16 @@ private:
     bool CarryOutHost(u16 command);
     void ChoosePluginItem(int item) const;
     void Save(bool askForName);
+    void OpenDropped(HDROP files);
     bool CloseDocument(u16 document);
     bool CloseAll();
     void About() const;
 
     void AfterMessage();
+    void ShowRun();
     void ShowAlert(const Alert& alert);
     void ShowStatus() const;
+    void SetStatus(WPARAM part, const std::string& text) const;
     void ShowTitle() const;
     void Tell(const std::wstring& text, UINT icon) const;
 
@@ -72,6 +77,8 @@ private:
     std::unique_ptr<MenuBar> m_menus;
     std::unique_ptr<GridWindow> m_grid;
     HWND m_status = nullptr;
+    std::optional<bool> m_runChanged;  // whether the run that has just ended changed the score
+    std::string m_lastRun;             // until the selection changes or another command runs
     HWND m_window;  // receives messages during its creation, so it comes after the members it uses
     ProgressWindow m_progress;
     WindowsDialogs m_dialogs;

@@ -1,4 +1,5 @@
 // The commands of the menu bar.
+#include "host/cli/io/output_file.h"
 #include "host/desktop/dialogs/file_prompts.h"
 #include "host/desktop/toolkit/wide_text.h"
 #include "host/desktop/window/commands.h"
@@ -15,9 +16,11 @@ u16 DocumentAfter(u16 document) {
 
 // A change of the host's own, which the user can undo.
 template <typename Change>
-void Edit(const char16_t* undoText, Change change) {
+void Edit(Text undoText, Change change) {
     Document* document = App().CurrentDocument();
-    if (document != nullptr && document->BeginEdit(undoText)) {
+    std::wstring text = WideText(undoText);
+    std::erase(text, L'&');
+    if (document != nullptr && document->BeginEdit(Utf16(text))) {
         change();
         document->EndEdit();
     }
@@ -26,6 +29,7 @@ void Edit(const char16_t* undoText, Change change) {
 }  // namespace
 
 void MainWindow::CarryOut(u16 command) {
+    m_lastRun.clear();
     if (command >= Command::kFirstDocument) {
         App().SetCurrentDocument(static_cast<u16>(command - Command::kFirstDocument));
     } else if (command >= Command::kFirstPluginItem && command <= Command::kLastPluginItem) {
@@ -69,6 +73,9 @@ bool MainWindow::CarryOutFile(u16 command) {
             return true;
         case Command::kAbout:
             About();
+            return true;
+        case Command::kReading:
+            Tell(WideText(Text::kReadingText), MB_ICONINFORMATION);
             return true;
         default:
             return false;
@@ -128,10 +135,13 @@ bool MainWindow::CarryOutHost(u16 command) {
     Document* document = App().CurrentDocument();
     switch (command) {
         case Command::kClearLayer:
-            Edit(u"Clear Layer", [] { RunMenuCommand(Command::kClearLayer); });
+            Edit(Text::kEditClearLayer, [] { RunMenuCommand(Command::kClearLayer); });
+            return true;
+        case Command::kShowActiveLayerOnly:
+            Edit(Text::kMenuActiveOnly, [] { RunMenuCommand(Command::kShowActiveLayerOnly); });
             return true;
         case Command::kRebeam:
-            Edit(u"Rebeam", [document] {
+            Edit(Text::kEditRebeam, [document] {
                 if (document->selection) {
                     document->Rebeam(*document->selection);
                 }
@@ -151,17 +161,32 @@ bool MainWindow::Open(const std::filesystem::path& file) {
     std::string problem;
     const u16 document = m_documents.Open(file, problem);
     if (document == 0) {
-        Tell(file.filename().wstring() + L" was not opened: " + WideFromUtf8(problem),
-             MB_ICONERROR);
+        Tell(WideText(Text::kFileNotOpened, {cli::TextOf(file.filename()), problem}), MB_ICONERROR);
         return false;
     }
     App().SetCurrentDocument(document);
     ShowDocument();
     if (const std::string warnings = m_documents.WarningsOf(document); !warnings.empty()) {
-        Tell(file.filename().wstring() + L" has mistakes:" + WideFromUtf8(warnings),
+        Tell(WideText(Text::kFileHasMistakes, {cli::TextOf(file.filename())}) +
+                 WideFromUtf8(warnings),
              MB_ICONWARNING);
     }
     return true;
+}
+
+// Files that the user dropped on the window.
+void MainWindow::OpenDropped(HDROP files) {
+    const UINT count = DragQueryFileW(files, 0xFFFFFFFF, nullptr, 0);
+    std::vector<std::filesystem::path> paths;
+    for (UINT i = 0; i < count; ++i) {
+        std::wstring path(DragQueryFileW(files, i, nullptr, 0) + 1, L'\0');
+        path.resize(DragQueryFileW(files, i, path.data(), static_cast<UINT>(path.size())));
+        paths.emplace_back(path);
+    }
+    DragFinish(files);
+    for (const std::filesystem::path& path : paths) {
+        Open(path);
+    }
 }
 
 void MainWindow::Save(bool askForName) {
@@ -176,7 +201,7 @@ void MainWindow::Save(bool askForName) {
     }
     std::string problem;
     if (!m_documents.Save(document, file, problem)) {
-        Tell(file.filename().wstring() + L" was not saved: " + WideFromUtf8(problem), MB_ICONERROR);
+        Tell(WideText(Text::kFileNotSaved, {cli::TextOf(file.filename()), problem}), MB_ICONERROR);
     }
 }
 
@@ -185,7 +210,7 @@ bool MainWindow::CloseDocument(u16 document) {
         App().SetCurrentDocument(document);
         ShowDocument();
         const std::wstring question =
-            L"Save the changes to " + m_documents.FileOf(document).filename().wstring() + L"?";
+            WideText(Text::kSaveChanges, {cli::TextOf(m_documents.FileOf(document).filename())});
         const int answer =
             MessageBoxW(m_window, question.c_str(), L"Finale", MB_YESNOCANCEL | MB_ICONQUESTION);
         if (answer == IDCANCEL) {
@@ -210,9 +235,7 @@ bool MainWindow::CloseAll() {
 }
 
 void MainWindow::About() const {
-    Tell(L"A stand-in for the notation program, for trying the plug-in Plyweld " +
-             WideFromUtf8(PLYWELD_VERSION) + L".",
-         MB_ICONINFORMATION);
+    Tell(WideText(Text::kAboutText, {PLYWELD_VERSION}), MB_ICONINFORMATION);
 }
 
 }  // namespace standin::desktop

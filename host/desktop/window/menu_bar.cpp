@@ -10,52 +10,59 @@ namespace standin::desktop {
 
 namespace {
 
+constexpr u16 kLine = 0;
+
 struct Item {
-    u16 command;  // 0 = a line
-    const wchar_t* text;
+    u16 command;  // or kLine
+    Text text;
 };
 
-constexpr Item kFile[] = {{Command::kOpen, L"&Open...\tCtrl+O"},
-                          {Command::kSave, L"&Save\tCtrl+S"},
-                          {Command::kSaveAs, L"Save &As..."},
-                          {Command::kClose, L"&Close"},
-                          {0, nullptr},
-                          {Command::kExit, L"E&xit"}};
-constexpr Item kEdit[] = {{Command::kUndo, L"&Undo"},
-                          {Command::kRedo, L"&Redo"},
-                          {0, nullptr},
-                          {Command::kSelectAll, L"Select &All\tCtrl+A"},
-                          {Command::kSelectNone, L"Select &Nothing\tEsc"}};
-constexpr Item kSelection[] = {{Command::kWidenToMeasures, L"Whole &Measures"},
-                               {Command::kWidenToStaves, L"All &Staves"}};
-constexpr Item kView[] = {{Command::kFirstLayer, L"Layer &1"},
-                          {Command::kFirstLayer + 1, L"Layer &2"},
-                          {Command::kFirstLayer + 2, L"Layer &3"},
-                          {Command::kFirstLayer + 3, L"Layer &4"},
-                          {0, nullptr},
-                          {Command::kShowActiveLayerOnly, L"Show Active Layer &Only"},
-                          {0, nullptr},
-                          {Command::kPageView, L"&Page View"},
-                          {Command::kScrollView, L"&Scroll View"},
-                          {Command::kStudioView, L"S&tudio View"}};
-constexpr Item kGo[] = {{Command::kFirstMeasure, L"&First Measure\tHome"},
-                        {Command::kLastMeasure, L"&Last Measure\tEnd"}};
-constexpr Item kUtilities[] = {{Command::kClearLayer, L"&Clear Active Layer in Selection"},
-                               {Command::kRebeam, L"&Rebeam Selection"},
-                               {Command::kUpdateLayout, L"&Update Layout"}};
-constexpr Item kWindow[] = {{Command::kNextDocument, L"&Next Document\tCtrl+F6"}, {0, nullptr}};
-constexpr Item kHelp[] = {{Command::kAbout, L"&About"}};
+constexpr Item kFile[] = {{Command::kOpen, Text::kMenuOpen},
+                          {Command::kSave, Text::kMenuSave},
+                          {Command::kSaveAs, Text::kMenuSaveAs},
+                          {Command::kClose, Text::kMenuClose},
+                          {kLine, {}},
+                          {Command::kExit, Text::kMenuExit}};
+constexpr Item kEdit[] = {{Command::kUndo, Text::kMenuUndo},
+                          {Command::kRedo, Text::kMenuRedo},
+                          {kLine, {}},
+                          {Command::kSelectAll, Text::kMenuSelectAll},
+                          {Command::kSelectNone, Text::kMenuSelectNone}};
+constexpr Item kSelection[] = {{Command::kWidenToMeasures, Text::kMenuMeasures},
+                               {Command::kWidenToStaves, Text::kMenuStaves}};
+constexpr Item kView[] = {{Command::kFirstLayer, Text::kMenuLayer1},
+                          {Command::kFirstLayer + 1, Text::kMenuLayer2},
+                          {Command::kFirstLayer + 2, Text::kMenuLayer3},
+                          {Command::kFirstLayer + 3, Text::kMenuLayer4},
+                          {kLine, {}},
+                          {Command::kShowActiveLayerOnly, Text::kMenuActiveOnly},
+                          {kLine, {}},
+                          {Command::kPageView, Text::kMenuPage},
+                          {Command::kScrollView, Text::kMenuScroll},
+                          {Command::kStudioView, Text::kMenuStudio}};
+constexpr Item kGo[] = {{Command::kFirstMeasure, Text::kMenuFirst},
+                        {Command::kLastMeasure, Text::kMenuLast}};
+constexpr Item kUtilities[] = {{Command::kClearLayer, Text::kMenuClearLayer},
+                               {Command::kRebeam, Text::kMenuRebeam},
+                               {Command::kUpdateLayout, Text::kMenuLayout}};
+constexpr Item kWindow[] = {{Command::kNextDocument, Text::kMenuNextDocument}, {kLine, {}}};
+constexpr Item kHelp[] = {{Command::kReading, Text::kMenuReading},
+                          {Command::kAbout, Text::kMenuAbout}};
 
 // Each menu of the bar has a number of its own, by which others may find it again.
 constexpr u16 kFirstMenuNumber = 50;
 
-HMENU AppendMenuOf(HMENU bar, const wchar_t* title, std::span<const Item> items) {
+HMENU AppendMenuOf(HMENU bar, Text title, std::span<const Item> items) {
     HMENU menu = CreatePopupMenu();
     for (const Item& item : items) {
-        AppendMenuW(menu, item.command == 0 ? MF_SEPARATOR : MF_STRING, item.command, item.text);
+        if (item.command == kLine) {
+            AppendMenuW(menu, MF_SEPARATOR, 0, nullptr);
+        } else {
+            AppendMenuW(menu, MF_STRING, item.command, WideText(item.text).c_str());
+        }
     }
     const int position = GetMenuItemCount(bar);
-    std::wstring text{title};
+    std::wstring text = WideText(title);
     MENUITEMINFOW info{};
     info.cbSize = sizeof info;
     info.fMask = MIIM_ID | MIIM_STRING | MIIM_SUBMENU;
@@ -74,30 +81,32 @@ void SetText(HMENU menu, u16 command, std::wstring text) {
     SetMenuItemInfoW(menu, command, FALSE, &info);
 }
 
-std::wstring StepText(const wchar_t* verb, const std::vector<std::u16string>& texts,
-                      const wchar_t* key) {
-    return verb + (texts.empty() ? std::wstring{} : L" " + Wide(texts.back())) + key;
+// "Undo Plyweld 1-4"; "Undo" when there is nothing to undo.
+std::wstring StepText(Text pattern, const std::vector<std::u16string>& texts) {
+    std::wstring text = WideText(pattern, {texts.empty() ? "" : Utf8(Wide(texts.back()))});
+    const std::size_t tab = text.find(L" \t");
+    return tab == std::wstring::npos ? text : text.erase(tab, 1);
 }
 
 }  // namespace
 
 MenuBar::MenuBar(HWND window, MenuBarKind kind) : m_bar{CreateMenu()} {
     const bool full = kind == MenuBarKind::kFull;
-    AppendMenuOf(m_bar, L"&File", kFile);
-    AppendMenuOf(m_bar, L"&Edit", kEdit);
+    AppendMenuOf(m_bar, Text::kMenuFile, kFile);
+    AppendMenuOf(m_bar, Text::kMenuEdit, kEdit);
     if (full) {
-        AppendMenuOf(m_bar, L"&Selection", kSelection);
+        AppendMenuOf(m_bar, Text::kMenuSelection, kSelection);
     }
-    AppendMenuOf(m_bar, L"&View", kView);
+    AppendMenuOf(m_bar, Text::kMenuView, kView);
     if (full) {
-        AppendMenuOf(m_bar, L"&Go", kGo);
-        AppendMenuOf(m_bar, L"&Utilities", kUtilities);
+        AppendMenuOf(m_bar, Text::kMenuGo, kGo);
+        AppendMenuOf(m_bar, Text::kMenuUtilities, kUtilities);
     }
-    m_plugins = AppendMenuOf(m_bar, L"&Plug-ins", {});
-    m_window = AppendMenuOf(m_bar, L"&Window", kWindow);
+    m_plugins = AppendMenuOf(m_bar, Text::kMenuPlugins, {});
+    m_window = AppendMenuOf(m_bar, Text::kMenuWindow, kWindow);
     m_windowItems = GetMenuItemCount(m_window);
     if (full) {
-        AppendMenuOf(m_bar, L"&Help", kHelp);
+        AppendMenuOf(m_bar, Text::kMenuHelp, kHelp);
     }
     SetMenu(window, m_bar);
 }
@@ -108,7 +117,7 @@ void MenuBar::ListPluginItems(const std::vector<cli::PluginItem>& items) {
                     Wide(items[i].text).c_str());
     }
     if (items.empty()) {
-        AppendMenuW(m_plugins, MF_STRING | MF_GRAYED, 0, L"(none)");
+        AppendMenuW(m_plugins, MF_STRING | MF_GRAYED, 0, WideText(Text::kMenuNoPlugins).c_str());
     }
 }
 
@@ -140,8 +149,8 @@ void MenuBar::UpdateUndo() {
     const Document* document = App().CurrentDocument();
     const auto undo = document != nullptr ? document->UndoTexts() : std::vector<std::u16string>{};
     const auto redo = document != nullptr ? document->RedoTexts() : std::vector<std::u16string>{};
-    SetText(m_bar, Command::kUndo, StepText(L"&Undo", undo, L"\tCtrl+Z"));
-    SetText(m_bar, Command::kRedo, StepText(L"&Redo", redo, L"\tCtrl+Y"));
+    SetText(m_bar, Command::kUndo, StepText(Text::kMenuUndo, undo));
+    SetText(m_bar, Command::kRedo, StepText(Text::kMenuRedo, redo));
     Enable(Command::kUndo, !undo.empty());
     Enable(Command::kRedo, !redo.empty());
 }

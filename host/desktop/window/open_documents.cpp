@@ -27,7 +27,7 @@ u16 OpenDocuments::Open(const std::filesystem::path& file, std::string& problem)
 bool OpenDocuments::Save(u16 document, const std::filesystem::path& file, std::string& problem) {
     const auto found = m_entries.find(document);
     if (found == m_entries.end()) {
-        problem = "it is not open";
+        problem = Say(Text::kDocumentNotOpen, {});
         return false;
     }
     problem.clear();
@@ -50,6 +50,11 @@ void OpenDocuments::Close(u16 document) {
     m_entries.erase(document);
 }
 
+const ImportedScore* OpenDocuments::ScoreOf(u16 document) const {
+    const auto found = m_entries.find(document);
+    return found == m_entries.end() ? nullptr : found->second.score.get();
+}
+
 std::filesystem::path OpenDocuments::FileOf(u16 document) const {
     const auto found = m_entries.find(document);
     return found == m_entries.end() ? std::filesystem::path{} : found->second.file;
@@ -60,7 +65,8 @@ std::string OpenDocuments::WarningsOf(u16 document) const {
     const auto found = m_entries.find(document);
     if (found != m_entries.end()) {
         for (const ReadWarning& warning : found->second.score->warnings.All()) {
-            lines += "\nline " + std::to_string(warning.line) + ": " + warning.Words();
+            lines +=
+                '\n' + Say(Text::kWarningInLine, {std::to_string(warning.line), warning.Words()});
         }
     }
     return lines;

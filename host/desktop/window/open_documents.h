@@ -20,6 +20,8 @@ public:
     // Another document becomes current when the current one closes.
     void Close(u16 document);
 
+    // Null for an unknown document.
+    const ImportedScore* ScoreOf(u16 document) const;
     std::filesystem::path FileOf(u16 document) const;  // empty for an unknown document
     // What reading it found to be wrong, a line each with its place in the file.
     std::string WarningsOf(u16 document) const;
