@@ -208,6 +208,10 @@ const LosslessCase kLossless[] = {
     {"TheEndOfASlurIsCleared",
      {Half("E5", "1", kSlurStart), Half("C5", "1", kSlurStop) + Half("D5") + kSecondVoice},
      {"--replace", "--measures", "2"}},
+    {"ADirectionBeforeWhatIsCleared",
+     {"<direction><direction-type><words>p</words></direction-type><voice>1</voice></direction>" +
+      Half("C5") + Half("D5") + kSecondVoice},
+     {"--replace"}},
     {"AnExpressionStaysWithItsGraceNote",
      {Half("C5") + Half("D5") + Backup(8) + Half("E4", "2") +
       "<direction><direction-type><words>p</words></direction-type><voice>2</voice></direction>" +

@@ -91,7 +91,7 @@ const TupletCase kMerges[] = {
      "C4 eighth 18 s2, r eighth 18, r half 72, r quarter 36" + kBack +
          "G3 quarter 24 3:2 v2 s2 [, F5 eighth 12 3:2 v2 ], r half 72 v2, r quarter 36 v2",
      {"--from", "2", "--to", "1"},
-     " G[1 r]1 r[1 F]1"},
+     " r[1 F]1 G[1 r]1"},
     {"InnerOneIntoTheSameOuterOne",
      "C5 quarter 24 3:2 [, r quarter 24 3:2, G5 quarter 24 3:2 ], r half 72" + kBack +
          "r quarter 24 3:2 { v2, D4 eighth 8 9:4 v2 [, E4 eighth 8 9:4 v2, F4 eighth 8 9:4 v2 ], r "

@@ -118,16 +118,21 @@ private:
     void CollectStrand(const Frame& frame, FrameKey key, std::size_t staff,
                        const std::string& voice, const std::vector<TimedEntry>& entries) {
         std::set<u32> known;
+        u32 firstRead = m_original.lastEntry + 1;
         if (const Frame* imported = m_score.document->ImportedFrame(key)) {
             for (const EXENTRY& entry : imported->entries) {
-                known.insert(u32{entry.entryNumber});
+                const u32 number = entry.entryNumber;
+                known.insert(number);
+                if (VoiceName(m_part, m_measure, staff, key.layer, number) == voice) {
+                    firstRead = std::min(firstRead, number);
+                }
             }
         }
         Strand& strand = m_strands.emplace_back();
         strand.voice = voice;
         strand.staff = staff;
         strand.layer = key.layer;
-        strand.rank = RankOf(entries, key.staff);
+        strand.rank = RankOf(entries, key.staff, firstRead);
         std::vector<std::size_t> indices;
         for (const TimedEntry& timed : entries) {
             AddEvent(frame, timed, strand);
@@ -159,9 +164,10 @@ private:
         });
     }
 
-    // Ordered by the first entry in the file; new music comes after the other music of its staff.
-    u32 RankOf(const std::vector<TimedEntry>& entries, u16 staff) const {
-        u32 rank = m_original.lastEntry + 1;
+    // Ordered by the first entry in the file, even one that is gone, since directions of the voice
+    // still come before it; music of a new voice comes after the other music of its staff.
+    u32 RankOf(const std::vector<TimedEntry>& entries, u16 staff, u32 firstRead) const {
+        u32 rank = firstRead;
         for (const TimedEntry& timed : entries) {
             rank = std::min(rank, u32{timed.entry->entryNumber});
         }
