@@ -22,11 +22,9 @@ u32 FinPIPopupLayerList::GetValue() {
 }
 
 i16 FinPIPopupLayerList::GetItemValue(u32 position) {
-    const auto count = static_cast<u32>(GetItemCount());
-    if (position < 1 || position > count || position > m_itemValues.size()) {
-        return 0;
-    }
-    return FinPIPopupListInt::GetItemValue(position);
+    const std::size_t count =
+        std::min(m_itemValues.size(), static_cast<std::size_t>(GetItemCount()));
+    return position - 1 < count ? FinPIPopupListInt::GetItemValue(position) : i16{0};
 }
 
 void FinPIPopupLayerList::AddFixedItems(WindowHandle window) {

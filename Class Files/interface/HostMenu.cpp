@@ -46,7 +46,7 @@ std::u16string NewText(const std::u16string& text, const std::optional<std::u16s
     if (!prefix) {
         return replacement.value_or(text);
     }
-    return text.size() > prefix->size() ? text.substr(prefix->size()) : std::u16string{};
+    return text.substr(std::min(prefix->size(), text.size()));
 }
 
 }  // namespace

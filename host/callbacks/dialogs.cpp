@@ -40,14 +40,15 @@ i16 FX_SetDlgItemVal(WindowHandle window, u16 control, i16 kind, u32 value, u32 
     });
 }
 
-u32 FX_GetDlgCntlVal(WindowHandle window, u16 control, i16, i16, u32 version) {
-    return ServeDialog(HostCall::kGetDlgCntlVal, version, u32{0},
-                       [&](DialogService& dialogs) { return dialogs.GetCntlVal(window, control); });
+u32 FX_GetDlgCntlVal(WindowHandle window, u16 control, i16 zero, i16 alsoZero, u32 version) {
+    return ServeDialog(HostCall::kGetDlgCntlVal, version, u32{0}, [&](DialogService& dialogs) {
+        return zero == 0 && alsoZero == 0 ? dialogs.GetCntlVal(window, control) : u32{0};
+    });
 }
 
-i16 FX_SetDlgCntlVal(WindowHandle window, u16 control, i16, u32 value, u32 version) {
+i16 FX_SetDlgCntlVal(WindowHandle window, u16 control, i16 zero, u32 value, u32 version) {
     return ServeDialog(HostCall::kSetDlgCntlVal, version, i16{0}, [&](DialogService& dialogs) {
-        return dialogs.SetCntlVal(window, control, value);
+        return zero == 0 ? dialogs.SetCntlVal(window, control, value) : i16{0};
     });
 }
 

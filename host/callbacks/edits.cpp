@@ -78,10 +78,10 @@ i16 FX_EndMassEdit(u64 handle, i16 stopped, u32 version) {
     });
 }
 
-i16 FX_RebeamRegion(const EREGION* region, i16, u32 version) {
+i16 FX_RebeamRegion(const EREGION* region, i16 zero, u32 version) {
     return ServeDocument(HostCall::kRebeamRegion, version, i16{0},
                          [&](Application& app, Document& document) -> i16 {
-                             if (region == nullptr) {
+                             if (region == nullptr || zero != 0) {
                                  return RefuseByRule(app, i16{0});
                              }
                              app.lastRebeamed = *region;

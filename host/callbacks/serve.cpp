@@ -24,10 +24,18 @@ bool Admit(HostCall call, u32 version, bool anyVersion) noexcept {
 
 i16 Mannered(HostCall call, i16 result) noexcept {
     const Manners& manners = App().manners;
-    if ((!manners.taciturn && !manners.talkative) || ResultIsDefined(call)) {
+    if (!manners.taciturn && !manners.talkative) {
         return result;
     }
-    return manners.talkative ? i16{1} : i16{0};
+    switch (MeaningOf(call)) {
+        case ResultMeaning::kOpen:
+            return manners.talkative ? i16{1} : i16{0};
+        case ResultMeaning::kYesOrNo:
+            return result != 0 ? i16{-1} : i16{0};
+        case ResultMeaning::kValue:
+            break;
+    }
+    return result;
 }
 
 void WriteOn(const Application& app, void* end) noexcept {

@@ -14,7 +14,8 @@ namespace standin {
 // may be anything from 0 to the host's own.
 bool Admit(HostCall call, u32 version, bool anyVersion) noexcept;
 
-// The result as the host's manners change it: the same, unless the interface leaves it open.
+// The result as the host's manners change it: the same, unless the interface leaves it open or any
+// number but 0 means yes.
 i16 Mannered(HostCall call, i16 result) noexcept;
 
 template <typename Result, typename Body>

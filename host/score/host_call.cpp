@@ -11,18 +11,15 @@ namespace {
 struct CallRow {
     const char* name;
     bool hasResult;
-    bool isDefined;
+    ResultMeaning meaning;
 };
-
-constexpr bool kDefined = true;
-constexpr bool kOpen = false;
 
 constexpr CallRow kCalls[] = {
 #define HOST_CALLBACK(name, function, result, missing, meaning, parameters) \
-    {#function, !std::is_void_v<result>, k##meaning},
+    {#function, !std::is_void_v<result>, ResultMeaning::k##meaning},
 #include "shell/host/host_callbacks.inc"
 #undef HOST_CALLBACK
-    {"", false, false},
+    {"", false, ResultMeaning::kOpen},
 };
 static_assert(std::size(kCalls) == kHostCallCount + 1);
 
@@ -32,8 +29,8 @@ const char* NameOf(HostCall call) noexcept {
     return kCalls[static_cast<std::size_t>(call)].name;
 }
 
-bool ResultIsDefined(HostCall call) noexcept {
-    return kCalls[static_cast<std::size_t>(call)].isDefined;
+ResultMeaning MeaningOf(HostCall call) noexcept {
+    return kCalls[static_cast<std::size_t>(call)].meaning;
 }
 
 bool HasResult(HostCall call) noexcept {

@@ -20,7 +20,8 @@ const char* NameOf(HostCall call) noexcept;
 // Whether it has a result, and so can be refused.
 bool HasResult(HostCall call) noexcept;
 
-// Whether the interface gives the result a meaning. All other results may be anything.
-bool ResultIsDefined(HostCall call) noexcept;
+// What the interface says of a result: it may be anything, any number but 0 is yes, or a value.
+enum class ResultMeaning { kOpen, kYesOrNo, kValue };
+ResultMeaning MeaningOf(HostCall call) noexcept;
 
 }  // namespace standin

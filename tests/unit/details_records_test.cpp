@@ -221,7 +221,13 @@ TEST_F(Details, CopyFromOtherDocumentNeedsReferences) {
 TEST_F(Details, RefusesUnloadedOrOtherRecords) {
     WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     FinPIArticulation articulation{source.EntryAt(0)};
-    EXPECT_TRUE(ErrorOf(articulation.Save()).ends_with("Attempted to Save but never Loaded."));
+    const auto saveUnloaded = [&] {
+        return ErrorOf(articulation.Save()).ends_with("Attempted to Save but never Loaded.");
+    };
+    EXPECT_TRUE(saveUnloaded());
+    articulation.SelectRecord(FinPIEntryDetail::kNewRecord);
+    EXPECT_EQ(articulation.Create() + articulation.Save() + articulation.Delete(), 3);
+    EXPECT_TRUE(saveUnloaded()) << "it was deleted";
     EXPECT_EQ(ErrorOf(FinPIBeamStubDirection{source.EntryAt(0)}.CopyAttributes(articulation)),
               "29999 FinPIEntryDetail::CopyAttributes: dynamic_cast failed.");
 }
@@ -291,6 +297,7 @@ TEST_F(Details, EntryFieldsNeedSameKind) {
         EXPECT_EQ(target.EntryAt(to)->fieldAt6, to == 0 ? 77 : 0);
     }
     EXPECT_EQ(Delete(DetailKind::kEntryField6), 1);
+    EXPECT_EQ(Delete(DetailKind::kEntryField6), 0) << "nothing is left";
     EXPECT_EQ(source.EntryAt(0)->fieldAt6, 0);
 }
 

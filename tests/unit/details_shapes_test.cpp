@@ -139,7 +139,8 @@ TEST_F(CopiedShapes, OutsideRegionAreOmitted) {
 
 TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     host.Slur(Source(), Source(2));
-    SlurAndLoad(1, 0);
+    host.Slur(Source(1), Source());
+    SlurAndLoad(0, 2);
     EXPECT_EQ(Delete(DetailKind::kSmartShape), 1);
     EXPECT_EQ(Marks(Source()), 1) << "the end of the shape that starts elsewhere";
     EXPECT_EQ(Marks(Source(2)), 0);

@@ -65,6 +65,7 @@ TEST_F(Errors, UnreadableTextPostsConversionError) {
     PostError(FinPINoOpenDocumentError());
     ASSERT_NE(g_pendingError, nullptr);
     EXPECT_EQ(g_pendingError->m_msgID, 29999U);
+    EXPECT_STREQ(g_pendingError->m_message, "");
     platform::headless::RefuseTextConversions(false);
     ReportPendingError();
     EXPECT_NE(LastAlert().find(u"UTF8 conversion failed."), std::u16string::npos);

@@ -50,6 +50,14 @@ TEST_F(Frames, ReduceDropsEmptyEntries) {
     EXPECT_EQ(frame.InsertEntries(1, 2), 1);
     EXPECT_EQ(frame.Count(), 7);
     frame.EntryAt(2)->duration = 512;
+    frame.EntryAt(0)->notes[0].noteID = 0;
+    EXPECT_EQ(frame.ReduceEntries(false), 1);
+    EXPECT_EQ(frame.Count(), 6);
+    EXPECT_EQ(+frame.EntryAt(0)->notes[0].noteID, 1);
+    EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 q:d4 q:e4 e:f4 e:g4") << "not saved";
+    frame.EntryAt(0)->notes[0].noteID = 0;
+    EXPECT_EQ(frame.SaveTGF(), 1);
+    EXPECT_EQ(+frame.EntryAt(0)->notes[0].noteID, 1);
     EXPECT_EQ(frame.ReduceEntries(true), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:r q:d4 q:e4 e:f4 e:g4");
 }
@@ -183,6 +191,10 @@ TEST(NormalForm, RestHasOnePlaceholder) {
         EXPECT_EQ(+rest.flags, EntryFlag::kIgnore | EntryFlag::kNoNotes);
         EXPECT_EQ(+rest.notes[0].flags, NoteFlag::kRestPlaceholder);
     }
+    EXENTRY withNote = Chord({0});
+    withNote.flags = 0;
+    Normalize(withNote);
+    EXPECT_EQ(+withNote.notes[0].noteID, 1) << "no placeholder";
 }
 
 }  // namespace

@@ -51,6 +51,7 @@ TEST_F(Walks, EndAtEmptyMeasure) {
     EXPECT_TRUE(entry.IsOwner());
     EXPECT_EQ(PlaceOf(entry.Next(false)), "-");
     EXPECT_EQ((FinPIEntryPtr{frame.Frame(), 4}.ScaledPosition()), 2048) << "asks for durations";
+    EXPECT_EQ((FinPIEntryPtr{frame.Frame(), 0}.ScaledActualDuration()), 1024);
     EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), -1}));
     EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), 7}));
 }
@@ -63,6 +64,18 @@ TEST_F(Walks, PositionsAreScaledAndRounded) {
     EXPECT_EQ(frame.EntryAt(1).ScaledActualDuration(), 683);  // 682.67
     EXPECT_EQ(+frame.EntryAt(3)->elapsedTime, 1664);
     EXPECT_EQ(frame.EntryAt(3).ScaledPosition(), 2219);  // 2218.67
+}
+
+TEST_F(Walks, DurationIsSummedWhereTheHostGivesNone) {
+    Refuse(HostCall::kGetTGFDuration);
+    EXPECT_EQ(Load().Duration(), 4096) << "of the first voice";
+}
+
+TEST_F(Walks, GraceNotesMayEndTheFrame) {
+    host.Layer(1, 1, 0, "w:c4 ge:d4 gs:e4");
+    App().faults.guardFrames = true;
+    EXPECT_EQ(Load().EntryAt(1).GraceOffset(), -768);
+    App().faults = {};
 }
 
 TEST_F(Walks, ExpressionBelongsToEntryAtItsTime) {

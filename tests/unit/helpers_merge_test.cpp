@@ -45,6 +45,9 @@ TEST_F(Helpers, CoincidentEntryHasTimeGraceOffsetAndVoice) {
         EXPECT_EQ(FindCoincidentEntry(entries, c.position, c.graceOffset, c.voice2), c.index)
             << c.position << " " << c.graceOffset << " " << c.voice2;
     }
+    const FinPITGFPtr long2 = Load("q:c4 v2{q:a3 q:b3} q:d4 q:e4");
+    EXPECT_EQ(FindCoincidentEntry(EntriesByPosition{long2}, 1024, 0, true), 2);
+    EXPECT_EQ(FindCoincidentEntry(EntriesByPosition{long2}, 1024, 0, false), 3);
     const FinPITGFPtr several = Load("ge:d4 q:c4");
     EXPECT_EQ(FindCoincidentEntry(EntriesByPosition{several}, 0, kAnyGraceOffset, true), 0)
         << "the first of the other voice";
@@ -118,6 +121,8 @@ TEST_F(Helpers, RefusedMoveLeavesErrorPending) {
         App().faults = {};
         EXPECT_NE(TakePendingError(), "");
     }
+    MoveAttachments(source.EntryAt(0), {}, kChordDetails);
+    EXPECT_NE(TakePendingError(), "") << "nothing to move them to";
     Write("q:c4", "q:d4");
     host.Slur(Source(), Target());
     LoadBoth();

@@ -47,6 +47,7 @@ TEST_F(TupletTimes, StartAtTheirFirstEntry) {
     EXPECT_EQ(Spans("q:c4 q:d4 h:e4"), "");
     EXPECT_EQ(Spans("(3:2 q:d4 q:e4 q:f4) h:r"), "0-2048");
     EXPECT_EQ(Spans("h:r (3:2 e:d4 e:e4 e:f4) (3:2 e:d4 e:e4 e:f4)"), "2048-3072 3072-4096");
+    EXPECT_EQ(Spans("ge:c4 (3:2 q:d4 q:e4 q:f4) h:r"), "0-2048");
     EXPECT_EQ(Spans("q:c4 v2{(3:2 e:a3 e:b3 e:a3)} q:d4"), "") << "of the second voice";
     // Inner tuplets are as much shorter as the outer one, and the next begins where they end: at
     // a time that was rounded another way.

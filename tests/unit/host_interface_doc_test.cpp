@@ -30,7 +30,9 @@ TEST(HostInterface, DocumentsEveryCallback) {
         const auto call = static_cast<HostCall>(i);
         const auto row = results.extract(NameOf(call));
         ASSERT_FALSE(row.empty()) << NameOf(call);
-        EXPECT_EQ(row.mapped() != "none", ResultIsDefined(call)) << NameOf(call);
+        EXPECT_EQ(row.mapped() == "none", MeaningOf(call) == ResultMeaning::kOpen) << NameOf(call);
+        EXPECT_EQ(row.mapped() == "yes or no", MeaningOf(call) == ResultMeaning::kYesOrNo)
+            << NameOf(call);
     }
     EXPECT_EQ(results.size(), 0U) << results.begin()->first << " is not a callback";
 }

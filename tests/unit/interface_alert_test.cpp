@@ -51,6 +51,12 @@ TEST_F(AlertTest, FormatsArgumentsAndFitsBox) {
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
 }
 
+TEST_F(AlertTest, LongTextIsCut) {
+    desk.Then([](OpenDialog& open) { EXPECT_EQ(open.texts[3].size(), 1023U); });
+    ShowAlert(&command, nullptr, kOk, 20005, std::string(2000, 'x').c_str());
+    EXPECT_EQ(desk.ScriptsLeft(), 0U);
+}
+
 TEST_F(AlertTest, ShortStoredRecordMeansYes) {
     const u16 flagOnly = 1;
     ZKFX_PutSettings("CKAT", 20003, &flagOnly, 2, "Dont Show Again Alert");

@@ -29,6 +29,9 @@ public:
     // Whether a run takes all measures, all staves, and what it does without a selection.
     std::string WholesOf(const EREGION* selection, const EREGION& wholeDocument) {
         ChooseRegion(selection, wholeDocument);
+        return Wholes();
+    }
+    std::string Wholes() const {
         return std::to_string(m_wholeMeasures) + std::to_string(m_wholeStaves) +
                std::to_string(m_noSelection);
     }
@@ -190,6 +193,7 @@ TEST_F(Defaults, NewCommandHasNoSavedSetting) {
     EXPECT_FALSE(plain.IsRunning());
     EXPECT_FALSE(plain.WasAccepted());
     EXPECT_EQ(plain.Window(), nullptr);
+    EXPECT_EQ(plain.Wholes(), "000");
 }
 
 TEST_F(Defaults, KnowsWhetherWholeDocumentIsSelected) {

@@ -218,6 +218,8 @@ TEST_F(DialogTest, TimerRunsUntilWindowEnds) {
     EXPECT_EQ(open.timers, (std::map<u64, u32>{{1, 100}}));
     EXPECT_EQ(open.Send(standin::kDestroyMessage), 1);
     EXPECT_TRUE(open.timers.empty());
+    dialog.StopTimer(&open.window);
+    EXPECT_EQ(standin::App().calls.Of(standin::HostCall::kKillTimer), 1U) << "it runs no longer";
 }
 
 // A host may refuse to end it; after some ticks without an end it is updated again.
@@ -249,6 +251,7 @@ TEST_F(DialogTest, LayoutMovesControls) {
         {1003, [](auto w) { SizeControl(w, 1003, -1, -1); }, {30, 40, 100, 50}},
         {1003, [](auto w) { SizeControl(w, 99, 1, 1); }, {30, 40, 100, 50}},
         {1003, [](auto w) { PlaceControl(w, 1003, 0, 0, false); }, {0, 0, 70, 10}},
+        {1003, [](auto w) { PlaceControl(w, 1003, 0, -1, false); }, {30, 0, 100, 10}},
         {1003, [](auto w) { PlaceControl(w, 1003, 5, 6, false); }, {6, 5, 76, 15}},
         {1003, [](auto w) { PlaceControl(w, 1003, -1, 80, true); }, {80, 40, 100, 50}},
         {1003, [](auto w) { PlaceControl(w, 1003, -1, 95, true); }, {95, 40, 105, 50}},

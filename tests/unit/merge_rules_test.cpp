@@ -37,6 +37,7 @@ TEST_P(MergeRules, Hold) {
     EXPECT_EQ(Music(host.Score()), music);
     EXPECT_TRUE(App().alerts.empty());
     EXPECT_EQ(App().calls.flagsOutOfStep, 0U);
+    EXPECT_EQ(App().calls.refusedByRule, 0U);
 }
 
 constexpr MergeCase kChords[] = {
@@ -110,6 +111,7 @@ constexpr MergeCase kRestFill[] = {
 constexpr MergeCase kPartOfAMeasure[] = {
     {"SkeletonThenTheSecondHalf", "", "q:c4 q:d4 q:e4 q:f4", "q:r q:r q:e4 q:f4",
      "q:c4 q:d4 q:r q:r", 2048},
+    {"SkeletonOfOneUnit", "", "q:c4 h.:d4", "q:r h.:d4", "q:c4 h.:r", 1},
     {"SkeletonThenTheFirstHalf", "", "q:c4 q:d4 q:e4 q:f4", "q:c4 q:d4 q:r q:r",
      "q:r q:r q:e4 q:f4", 0, 2047},
     {"SkeletonWithTuplets", "", "h:c4 q:d4 (3:2 e:e4 e:f4 e:g4)", "h:r q:d4 (3:2 e:e4 e:f4 e:g4)",
@@ -138,6 +140,16 @@ TEST(Merge, PlacedNotesKeepTheirTieEnds) {
     App().faults.untiesNewEntries = true;
     Plugin{}.Merge(host);
     EXPECT_EQ(host.Layer(1, 1, 0), "h:~c4,e4,~g4 h:~d4");
+}
+
+TEST(Merge, ShapesOfRestsGoToWhatReplacesThem) {
+    StandIn host;
+    host.Write({"h:c4 h:r", "h:r h:d4"});
+    host.Slur({1, 1, 0, 0}, {1, 1, 0, 1});
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0), "h:c4 h:d4");
+    EXPECT_EQ(
+        host.Score().Records().CountOfEntry(Tag::kShapeOnEntry, host.EntryNumber({1, 1, 0, 1})), 1);
 }
 
 TEST(Merge, HidesRestsOnRequest) {

@@ -100,6 +100,15 @@ TEST_F(Items, IncludeSavedSettings) {
     EXPECT_EQ(plugin.Status(2), 1);
 }
 
+TEST_F(Items, IncludeSettingsOfTheOldOwner) {
+    Plugin::StoreSetting(1, {.name = "Slow"});
+    const std::vector<u8> record = Plugin::Stored("Save Settings", "ZKSC22001");
+    platform::headless::Reset();
+    Plugin::StoreBytes("Einstellungen speichern", "ZKSC22001", record.data(),
+                       static_cast<u32>(record.size()));
+    EXPECT_EQ(List().size(), 2U);
+}
+
 TEST_F(Items, HavePrefixForSubmenu) {
     Plugin::StoreSetting(1, {.name = "Slow", .useSubmenu = true});
     EXPECT_EQ(List(), (std::vector<Listed>{{u"Plyweld " PLYWELD_VERSION "...", 0, 0x81},

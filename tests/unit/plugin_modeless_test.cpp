@@ -44,7 +44,7 @@ protected:
     }
 
     OpenDialog& Open(u16 item = 0) {
-        plugin.Invoke(host, item);
+        EXPECT_EQ(plugin.Invoke(host, item), 0);
         return *desk.Newest();
     }
 
@@ -63,6 +63,7 @@ protected:
 TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
     host.Layer(1, 1, 2, "w:c4");
     host.Layer(1, 2, 2, "w:d4");
+    host.Select(1, 1, 0, 1, 1, kEndOfMeasure);
     OpenDialog& open = Open();
     EXPECT_EQ(open.SelectedItem(kFrom), u"All Layers");
     EXPECT_EQ(open.SelectedItem(kTo), u"Layer 1");
@@ -77,6 +78,10 @@ TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
     open.Press(kGo);
     EXPECT_EQ(host.Layer(1, 1, 1), "w:c4");
     EXPECT_EQ(host.Layer(1, 1, 2), "w:x");
+    EXPECT_EQ(host.Layer(1, 2, 1), "");
+    host.Select(1, 2, 0, 1, 2, kEndOfMeasure);
+    open.Press(kGo);
+    EXPECT_EQ(host.Layer(1, 2, 1), "w:d4") << "the music that is selected then";
     ASSERT_EQ(desk.Newest(), &open);
     open.Press(kReplace);
     open.Press(kClose);

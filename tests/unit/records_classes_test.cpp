@@ -112,6 +112,8 @@ TEST_F(RecordClasses, StaffViewIsFirstPartWithStaff) {
     EXPECT_EQ(FinPIStaffView(host.Staff(1)).GetCmper1(), 1);
     EXPECT_EQ(FinPIStaffView(host.Staff(2)).GetCmper1(), 2);
     EXPECT_EQ(FinPIStaffView(99).IsNull(), 1);
+    App().faults.pretendKind = HostCall::kNextEData;
+    EXPECT_EQ(FinPIStaffView(99).IsNull(), 0) << "a list that does not end";
 }
 
 TEST_F(RecordClasses, MeasureRecordsCompareAndCopy) {

@@ -84,6 +84,12 @@ TEST_F(ScoreAccess, MeasureNumbersFallBackToDigits) {
     Refuse(HostCall::kGetMeasureNumberString);
     FinPIMeas::MeasureNumberString(12345, text, 5);
     EXPECT_EQ(std::u16string(text), u"#123");
+    App().faults = {};
+    App().faults.pretendKind = HostCall::kGetMeasureNumberString;
+    std::fill_n(text, 8, u'+');
+    FinPIMeas::MeasureNumberString(3, text, 4);
+    EXPECT_EQ(std::u16string(text), u"") << "nothing was written";
+    EXPECT_EQ(text[5], u'+');
 }
 
 // Measures 1 to 5 in 4/4 4/4 3/4 3/4 4/4, in the keys 0 0 2 2 1; the second staff is in 2/4 up to
@@ -179,6 +185,7 @@ TEST_F(ScoreAccess, CommonAndCutTimeFollowThePreferences) {
 TEST_F(ScoreAccess, CompositeTimeSignaturesHaveGroups) {
     Put(HostTag("otTU"), RecordKey::Other(9, 0), EDTCompositeTimeSig{{1, 2, 1, 2, 1, 2}});
     Put(HostTag("otTU"), RecordKey::Other(9, 1), EDTCompositeTimeSig{{3, 0, 5, 0, 0, 0}});
+    Put(HostTag("otTU"), RecordKey::Other(9, 2), EDTCompositeTimeSig{{7, 0, 0, 0, 0, 0}});
     Put(HostTag("otTL"), RecordKey::Other(8, 0), EDTCompositeTimeSig{{512, 1024, 0, 0, 0, 0}});
     FinPIMeas measure(1);
     measure.beats = 9;
@@ -195,6 +202,9 @@ TEST_F(ScoreAccess, CompositeTimeSignaturesHaveGroups) {
               (std::vector<i32>{512, 2048, 1024, 2048, 1024, 2048, 3072}));
     measure.beats = 77;
     EXPECT_TRUE(measure.GetTimeSig().groupDurations.empty()) << "no such list";
+    measure.beats = 9;
+    measure.flags = MeasureFlag::kCompositeDenominator;
+    EXPECT_EQ(measure.GetTimeSig().groupDurations, (std::vector<i32>{9 * 512, 9 * 1024}));
 }
 
 TEST_F(ScoreAccess, FindsStaffSystemByMeasure) {

@@ -52,15 +52,15 @@ TEST_F(Preferences, SavesOnlyChangedRecords) {
 TEST_F(Preferences, TablesConvertInBothDirections) {
     using Conversion = PreferenceConversion;
     const PreferenceRow rows[] = {
-        {0, "5a", 2, 0, Conversion::kHighFirst},
-        {4, "5a", 2, 2, Conversion::kLowFirst},
-        {8, "5a", 2, 4, Conversion::kNot},
-        {10, "5a", 2, 5, Conversion::kLowByte},
+        {0, "9a", 2, 0, Conversion::kHighFirst},
+        {4, "9a", 2, 2, Conversion::kLowFirst},
+        {8, "9a", 2, 4, Conversion::kNot},
+        {10, "9a", 2, 5, Conversion::kLowByte},
         {12, ":a", 0, 1},
         {14, "5a", 0, 1, Conversion::kPlain, 9},
     };
     // A tag with a digit as its third character keeps its options under item 65534.
-    Put(HostTag("ot5a"), RecordKey::Other(65534, 2), Words{1, 2, 3, 4, 0, 0xFF85});
+    Put(HostTag("ot9a"), RecordKey::Other(65534, 2), Words{1, 2, 3, 4, 0, 0xFF85});
     Put(HostTag("ot:a"), RecordKey::Other(0), Words{0, 50, 0, 0, 0, 0});
     Put(HostTag("ot5a"), RecordKey::Other(9), Words{0, 60, 0, 0, 0, 0});
     std::array<u16, 8> fields;
@@ -71,7 +71,7 @@ TEST_F(Preferences, TablesConvertInBothDirections) {
 
     fields = {20, 10, 30, 40, 0, 0x86, 51, 61};
     EXPECT_EQ(SaveAssembledPreference(rows, fields.data(), size, kInterfaceVersion), 1);
-    EXPECT_EQ(Option(HostTag("ot5a"), 65534, 2), (Words{10, 20, 30, 40, 1, 0xFF86}));
+    EXPECT_EQ(Option(HostTag("ot9a"), 65534, 2), (Words{10, 20, 30, 40, 1, 0xFF86}));
     EXPECT_EQ(Option(HostTag("ot:a"), 0, 0)[1], 51);
     EXPECT_EQ(Option(HostTag("ot5a"), 9, 0)[1], 61);
 
@@ -103,7 +103,7 @@ void ExpectWords(StandIn& host, std::size_t hostSize, const PseudoWords& expecte
         stored[i] = static_cast<char>(i + 1);
     }
     host.Score().Records().Exchange(prefs.Tag(), RecordKey::Preference(0), stored);
-    ASSERT_NE(prefs.Load(), 0);
+    ASSERT_EQ(prefs.Load(), 1);
     EXPECT_EQ(prefs.DocumentID(), host.Score().Number());
     Bytes wanted(prefs.GetDataSize(), '\0');
     for (const auto& [offset, hostOffset] : expected) {

@@ -33,6 +33,11 @@ TEST_F(Serialized, BlocksAreSelfDescribing) {
     u8 small[33] = {};
     EXPECT_EQ(font.GetSerialized(small, sizeof small), 0U);
     EXPECT_EQ(small[0], 0) << "nothing is written";
+    const u8 withoutFields[] = {2, 0, 12, 0, 0, 0, 12, 0, 6, 0, 0, 0};
+    EXPECT_EQ(font.PutSerialized(withoutFields, sizeof withoutFields), 1);
+    char data[6];
+    font.GetDataCopy(data, sizeof data);
+    EXPECT_EQ(data[0], '\0');
 }
 
 // A record with one dependent structure, of either serial version.

@@ -24,6 +24,8 @@ TEST_F(Staves, StaffAtMeasureIsReadOnly) {
     EnigmaKey key{};
     EXPECT_EQ(staff.GetKey(key), 8);
     EXPECT_EQ(key, (EnigmaKey{Number(), 2, 0x2345, 1}));
+    FinPIStaff(Number(), 1, 0x12345).GetKey(key);
+    EXPECT_EQ(key, (EnigmaKey{Number(), 1, 0x2345, 1}));
     staff.SetKey({Number(), 3, 7, 2});
     staff.GetKey(key);
     EXPECT_EQ(key, (EnigmaKey{Number(), 3, 7, 2}));
@@ -37,6 +39,7 @@ TEST_F(Staves, CommitSavesDependentRecords) {
     staff.flags |= StaffFlag::kFretInstrument | StaffFlag::kShapeNotes;
     staff.FullName().SetData("Flute", 5);
     staff.FullNamePosition().SetData("p", 1);
+    staff.AbbreviatedNamePosition().SetData("a", 1);
     staff.FretInstrument().SetCmpers(3);
     staff.FretInstrument().SetData("f", 1);
     staff.ShapeNotes()[2]->SetData("s", 1);
@@ -53,6 +56,7 @@ TEST_F(Staves, CommitSavesDependentRecords) {
     FinPIStaff read(Number());
     EXPECT_EQ(read.FullName().IsSame(staff.FullName()), 1);
     EXPECT_EQ(read.FullNamePosition().IsSame(staff.FullNamePosition()), 1);
+    EXPECT_EQ(read.AbbreviatedNamePosition().IsSame(staff.AbbreviatedNamePosition()), 1);
     EXPECT_EQ(read.FretInstrument().IsSame(staff.FretInstrument()), 1);
     EXPECT_EQ(read.ShapeNotes()[2]->IsSame(*staff.ShapeNotes()[2]), 1);
     EXPECT_NE(Stored(HostTag("D\x15NI"), RecordKey::Detail(Number(), 2)), nullptr) << "half notes";

@@ -213,6 +213,7 @@ TEST_F(Region, DescribesPathStavesMeasuresBeats) {
         {{kSystemList, 1, 1, 2560, kSystemList, 2, 2, kEndOfMeasure},
          u"score Staff 3 Bar 1 Beat 3.5 - Staff 1 Bar 2 End [Optimized System. (You selected 2 "
          u"staves.)]"},
+        {{65500, 1, 1, 0, 65500, 1, 1, kEndOfMeasure}, u"score  Bar 1 - Bar 1 End [Staff Set 1.]"},
         {{kStaffSet, 1, 1, 0, kStaffSet, 1, 1, kEndOfMeasure},
          u"score Staff 2 Bar 1 - Bar 1 End [Staff Set 2.]"},
     };
@@ -221,6 +222,9 @@ TEST_F(Region, DescribesPathStavesMeasuresBeats) {
         const Mannered taciturn{&Manners::taciturn};
         EXPECT_EQ(Of(region).Description(), text) << "what is written counts";
     }
+    EXPECT_EQ(Of({0, 1, 99, 1024, 0, 1, 99, kEndOfMeasure}).Description(),
+              u"score Staff 1 Bar #99 - Bar #99 End");
+    EXPECT_EQ(TakePendingError(), "29998 FinPIMeas::FinPIMeas: SOMS");
     platform::headless::SetLanguage(platform::headless::Language::kSpanish);
     EXPECT_EQ(Of({0, 1, 1, 1024, 0, 3, 9, kEndOfMeasure}).Description(),
               u"score Staff 1 Compás 1 Tiempo 2 - Staff 3 Compás 9 Final");

@@ -169,7 +169,10 @@ TEST_F(SavedSettingsTest, EmptyListHasNoSelection) {
 TEST_F(SavedSettingsTest, SurvivesLackOfMemory) {
     StoreLetters(19);
     FailingMemory::refused = 19 * sizeof(SavedSettingPtr);
-    Run([](OpenDialog&) {});
+    Run([](OpenDialog& open) {
+        open.Press(Control::kOk);
+        EXPECT_FALSE(open.ended);
+    });
     FailingMemory::refused = 0;
     ASSERT_EQ(Alerts(), 1U);
     EXPECT_NE(standin::App().alerts[0].text.find(u"Unable to allocate m_storedSettings array."),
@@ -191,6 +194,11 @@ TEST_F(SavedSettingsTest, RewritesOnlySettingsPart) {
     SavedSettingPtr record{4};
     record.GetFromFile(22001);
     EXPECT_EQ(record.Header().hostVersion, SavedSettingPtr{0}.Header().hostVersion);
+    record.Header().commandItem = 3;
+    record.PutToFile(22001);
+    u16 commandItem = 0;
+    EXPECT_EQ(ReadSavedSetting(kCommand, 1, nullptr, &commandItem, nullptr, nullptr, nullptr), 1);
+    EXPECT_EQ(commandItem, 3);
     char settings[4];
     EXPECT_EQ(ReadSavedSettingRecord(kCommand, 1, settings, 4), 4U);
     PutSettings(2);
@@ -254,8 +262,11 @@ TEST_F(SavedSettingsTest, FirstSettingHoldsSubmenuFlag) {
 TEST_F(SavedSettingsTest, CancelStoresNothing) {
     StoreLetters(1);
     Run([](OpenDialog& open) {
-        open.Press(Control::kName);
-        open.Press(Control::kAdd);
+        open.Choose(Control::kList, 2);
+        for (const u16 control : {Control::kDelete, Control::kName, Control::kAdd, Control::kList,
+                                  Control::kSkipDialog, Control::kUseSubmenu}) {
+            EXPECT_EQ(open.Press(control), 1) << control;
+        }
         open.Type(Control::kName, u"new");
         open.Press(Control::kCancel);
         EXPECT_TRUE(open.ended);
@@ -328,6 +339,17 @@ TEST_F(SavedSettingsTest, IdentifiersWrapToLowestFree) {
     EXPECT_EQ(Stored(), (Notes{"a 65535 0 abcd", "b 2 0 abcd", "c 1 0 abcd", "d 3 0 dlg!"}));
 }
 
+TEST_F(SavedSettingsTest, IdentifiersFollowTheStoredOrder) {
+    Store(1, u"a", 0);
+    Store(2, u"b", 0);
+    Run([](OpenDialog& open) {
+        open.Choose(Control::kList, 2);
+        open.Type(Control::kName, u"z");
+        open.Press(Control::kOk);
+    });
+    EXPECT_EQ(Stored(), (Notes{"Plyweld/Saved Setting 1 3 1 dlg!", "b 2 0 abcd", "z 1 0 abcd"}));
+}
+
 TEST_F(SavedSettingsTest, AtMostNinetyNine) {
     StoreLetters(99);
     Run([](OpenDialog& open) {
@@ -373,10 +395,12 @@ TEST_F(SavedSettingsTest, NoToTheQuestionKeepsDialogOpen) {
                 question.Press(4);
                 question.Press(isYes ? 1 : 2);
             });
+            open.Type(Control::kName, u"only");
             open.Press(Control::kOk);
             EXPECT_EQ(open.ended, isYes);
         });
-        EXPECT_EQ(Stored().size(), isYes ? 1U : 0U) << "the question comes back after No";
+        EXPECT_EQ(Stored(), isYes ? Notes{"only 1 1 dlg!"} : Notes{})
+            << "the question comes back after No";
     }
 }
 

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "Class Files/foundation/FinPIUtil.h"
+#include "Class Files/foundation/GetRegValue.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/registry_values.h"
 
@@ -127,6 +128,15 @@ TEST_F(SettingsStore, DeletingClearsOldCopies) {
     headless::RefuseRegistryCall(headless::RegistryCall::kCreateKey, 1);
     ZKFX_DeleteSettings("ZKCF", 22000, "Plyweld");
     EXPECT_FALSE(KeyExists(kLegacy)) << "also when the key in use cannot be opened";
+    StoreValue(kLegacy, "ZKCF1", "x");
+    headless::RefuseRegistryCall(headless::RegistryCall::kOpenKey, 1);
+    ZKFX_DeleteSettings("ZKCF", 2, "Plyweld");
+    EXPECT_TRUE(KeyExists(kLegacy)) << "it may hold more";
+    platform::ValueType type{};
+    u32 size = 5;
+    const auto key = platform::RegistryKey::Open(kLegacy, platform::KeyAccess::kRead);
+    EXPECT_NE(GetRegValue(key, "ZKCF2", &type, nullptr, &size), platform::RegistryResult::kSuccess);
+    EXPECT_EQ(size, 0U);
 }
 
 }  // namespace

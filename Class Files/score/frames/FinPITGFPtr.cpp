@@ -61,17 +61,15 @@ using EntryNoteFields = std::array<NoteFields, kMaxNotesPerEntry>;
 std::vector<EntryNoteFields> KeepNoteFields(std::span<const EXENTRY> entries) {
     std::vector<EntryNoteFields> kept(entries.size());
     for (std::size_t i = 0; i < entries.size(); ++i) {
-        const auto count = static_cast<std::size_t>(entries[i].noteCount);
-        for (std::size_t j = 0; j < count && j < kept[i].size(); ++j) {
-            kept[i][j] = {entries[i].notes[j].pitch, entries[i].notes[j].second};
-        }
+        std::ranges::transform(entries[i].notes, kept[i].begin(), [](const EXNOTE& note) {
+            return NoteFields{note.pitch, note.second};
+        });
     }
     return kept;
 }
 
 void RestoreNoteFields(EXENTRY& entry, const EntryNoteFields& kept) {
-    const auto count = static_cast<std::size_t>(entry.noteCount);
-    for (std::size_t j = 0; j < count && j < kept.size(); ++j) {
+    for (std::size_t j = 0; j < kept.size(); ++j) {
         if (entry.notes[j].pitch != kept[j].pitch) {
             entry.notes[j].pitch = kept[j].pitch;
             entry.notes[j].second = kept[j].second;
@@ -156,10 +154,10 @@ u16 FinPITGFPtr::Document() const {
 }
 
 std::span<EXENTRY> FinPITGFPtr::Entries() const noexcept {
-    if (m_frame == nullptr || m_frame->entries == nullptr || m_frame->count <= 0) {
+    if (m_frame == nullptr || m_frame->entries == nullptr) {
         return {};
     }
-    return {m_frame->entries, static_cast<std::size_t>(m_frame->count)};
+    return {m_frame->entries, static_cast<std::size_t>(std::max(+m_frame->count, 0))};
 }
 
 FinPIEntryPtr FinPITGFPtr::EntryAt(i16 index) const {
@@ -242,8 +240,8 @@ i16 FinPITGFPtr::DeleteEntriesAt(i16 index, i16 count) {
     if (!scope) {
         return 0;
     }
-    const std::vector<EntryNoteFields> kept = KeepNoteFields(Entries());
     NormalizeFrame(Entries());
+    const std::vector<EntryNoteFields> kept = KeepNoteFields(Entries());
     const i16 result = Host::DeleteEXENTRY(m_frame, index, count);
     const std::span<EXENTRY> remaining = Entries();
     const std::size_t gone = kept.size() - std::min(remaining.size(), kept.size());

@@ -89,7 +89,6 @@ i16 FinPIEnigmaData::LoadNext() {
     if (GetData() == nullptr) {
         return 0;
     }
-    m_loaded = 0;
     if (m_clearOnReset != 0) {
         ClearData();  // the host does not fill the bytes after a shorter record
     }

@@ -101,8 +101,8 @@ FinPITGFPtr& FinPIRegion::OneLayerFrame(u16 staff, u16 measure) {
 
 u16 FinPIRegion::StaffOfSlot(i16 slot) const {
     if (!m_staffList.empty()) {
-        const bool isListed = slot >= 1 && slot <= std::ssize(m_staffList);
-        return isListed ? m_staffList[static_cast<std::size_t>(slot - 1)] : u16{0};
+        const auto index = static_cast<std::size_t>(slot - 1);
+        return index < m_staffList.size() ? m_staffList[index] : u16{0};
     }
     const DocumentScope scope{m_docID};
     return scope ? Host::SlotToInst(slot, startStaffList) : u16{0};
@@ -180,7 +180,7 @@ i16 FinPIRegion::NormalizeEndpoint(i16& measure, i32& position, bool equalAllowe
     const auto step = static_cast<i16>(backwards ? -1 : 1);
     for (;;) {
         const i32 duration = MeasureDuration(measure);
-        if (duration < 1) {
+        if (duration <= 0) {
             if (!clamp) {
                 return 0;
             }

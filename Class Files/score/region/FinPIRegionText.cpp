@@ -1,4 +1,5 @@
 #include <array>
+#include <cctype>
 #include <cstdio>
 #include <string_view>
 
@@ -58,7 +59,7 @@ std::u16string BeatText(double beat) {
     const int length = std::snprintf(digits.data(), digits.size(), "%0.4f", beat);
     std::string_view text{digits.data(), static_cast<std::size_t>(length)};
     text = text.substr(0, text.find_last_not_of('0') + 1);
-    if (text.back() < '0' || text.back() > '9') {
+    if (std::isdigit(static_cast<unsigned char>(text.back())) == 0) {
         text.remove_suffix(1);
     }
     return {text.begin(), text.end()};
