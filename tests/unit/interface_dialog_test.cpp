@@ -146,6 +146,8 @@ TEST_F(DialogTest, TitleIsTruncatedWithVersion) {
         NotingDialog titled{&command, title.c_str(), version.empty() ? nullptr : version.c_str()};
         EXPECT_EQ(Show(titled).window.caption, caption);
     }
+    NotingDialog versioned{&command, nullptr, u"6.10"};
+    EXPECT_EQ(Show(versioned).window.caption, u"Plyweld v6.10");
 }
 
 bool IsPlaceStored(i16 number) {

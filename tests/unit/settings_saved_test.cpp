@@ -339,6 +339,13 @@ TEST_F(SavedSettingsTest, IdentifiersWrapToLowestFree) {
     EXPECT_EQ(Stored(), (Notes{"a 65535 0 abcd", "b 2 0 abcd", "c 1 0 abcd", "d 3 0 dlg!"}));
 }
 
+TEST_F(SavedSettingsTest, StoredNameMayBeEmpty) {
+    Store(1, u"", 7);
+    Run([](OpenDialog& open) {
+        EXPECT_EQ(open.Items(Control::kList), (Names{u"", u"Plyweld/Saved Setting 1"}));
+    });
+}
+
 TEST_F(SavedSettingsTest, IdentifiersFollowTheStoredOrder) {
     Store(1, u"a", 0);
     Store(2, u"b", 0);
