@@ -34,6 +34,7 @@ struct Totals {
     int chords = 0;
     int notes = 0;
     int stayed = 0;
+    int cleared = 0;
 };
 
 std::string Count(int number, Text one, Text many) {
@@ -44,7 +45,11 @@ std::string Summary(Text line, std::vector<std::string> start, const Totals& tot
     start.push_back(Count(totals.chords, Text::kOneChordFormed, Text::kManyChordsFormed));
     start.push_back(Count(totals.notes, Text::kOneNoteMoved, Text::kManyNotesMoved));
     start.push_back(Count(totals.stayed, Text::kOneStayedShort, Text::kManyStayedShort));
-    return Say(line, start);
+    std::string text = Say(line, start);
+    if (totals.cleared > 0) {
+        text += ", " + Count(totals.cleared, Text::kOneNoteCleared, Text::kManyNotesCleared);
+    }
+    return text;
 }
 
 // The last message of a run, without the program's name.
@@ -190,10 +195,11 @@ private:
         row.notesMoved = counts["notesMoved"];
         row.notesCleared = counts["notesCleared"];
         row.stayed = counts["stayed"];
-        const Totals totals{row.chordsFormed, row.notesMoved, row.stayed};
+        const Totals totals{row.chordsFormed, row.notesMoved, row.stayed, row.notesCleared};
         m_totals.chords += totals.chords;
         m_totals.notes += totals.notes;
         m_totals.stayed += totals.stayed;
+        m_totals.cleared += totals.cleared;
         if (m_command.json) {
             json["output"] = m_command.inPlace ? json["input"] : json["output"];
             m_reports.push_back(json);
