@@ -33,7 +33,7 @@ int GetTextWidth(WindowHandle dialog, u16 control, const char16* text) {
 
 void SizeControl(WindowHandle dialog, u16 control, int height, int width) {
     std::optional<platform::Rectangle> place = platform::ControlRectangle(dialog, control);
-    if (!place || (height < 0 && width < 0)) {
+    if (!place) {
         return;
     }
     if (height >= 0) {
@@ -47,7 +47,7 @@ void SizeControl(WindowHandle dialog, u16 control, int height, int width) {
 
 void PlaceControl(WindowHandle dialog, u16 control, int top, int left, bool keepRightEdge) {
     std::optional<platform::Rectangle> place = platform::ControlRectangle(dialog, control);
-    if (!place || (top < 0 && left < 0)) {
+    if (!place) {
         return;
     }
     if (top >= 0) {

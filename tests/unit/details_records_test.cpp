@@ -30,6 +30,7 @@ TEST_F(Details, EqualRecordsAreMerged) {
     };
     EXPECT_EQ(copied(kArticulation, {"dot", "dot", "line"}, {"dot"}), "dot,dot,line");
     EXPECT_EQ(copied(kArticulation, {"a"}, {"b", "c"}), "b,c,a");
+    EXPECT_EQ(copied(kArticulation, {"a", "b"}, {"b"}), "b,a");
     // The first four bytes are the verse and the syllable.
     EXPECT_EQ(copied(kVerse, {"\1\1\1\1new"}, {"\1\1\1\1old"}), "\1\1\1\1new");
     EXPECT_EQ(copied(kVerse, {"\2\1\1\1b"}, {"\1\1\1\1a"}), "\1\1\1\1a,\2\1\1\1b");

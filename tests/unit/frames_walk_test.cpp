@@ -60,6 +60,7 @@ TEST_F(Walks, PositionsAreScaledAndRounded) {
     host.Score().SetMeasureDuration(host.Staff(1), 1, 3072);
     host.Layer(1, 1, 0, "q:c4 e:d4 t:e4 q:f4");
     const FinPITGFPtr frame = Load();
+    EXPECT_EQ((FinPIEntryPtr{frame.Frame(), 0}.ScaledActualDuration()), 1365);
     EXPECT_EQ(frame.EntryAt(1).ScaledPosition(), 1365);       // 1365.33
     EXPECT_EQ(frame.EntryAt(1).ScaledActualDuration(), 683);  // 682.67
     EXPECT_EQ(+frame.EntryAt(3)->elapsedTime, 1664);

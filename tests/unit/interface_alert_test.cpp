@@ -30,7 +30,8 @@ TEST_F(AlertTest, AnswerIsRememberedWhenBoxIsTicked) {
         const auto [type, button, ticked, answer, nextAnswer] = c;
         SCOPED_TRACE("case " + std::to_string(&c - cases));
         platform::headless::Reset();
-        desk.Then([button = button, ticked = ticked](OpenDialog& open) {
+        desk.Then([type = type, button = button, ticked = ticked](OpenDialog& open) {
+            EXPECT_EQ(open.texts[1] + open.texts[2], type == kYesNo ? u"YesNo" : u"OKCancel");
             open.Press(ticked ? 4 : 0);
             open.Press(button);
         });

@@ -37,6 +37,7 @@ TEST_F(ControlTest, EnabledCheckBoxRestoresValue) {
     EXPECT_EQ(box.GetValue(), 1U);
     FinPICheckBox plain{1010};
     plain.Attach(window, 1, 0);
+    EXPECT_EQ(open.disabled, (std::set<u16>{1010}));
     EXPECT_EQ(plain.GetValue(), 1U);
     plain.Toggle();
     EXPECT_EQ(plain.GetValue(), 0U);
@@ -102,6 +103,7 @@ TEST_F(ControlTest, ListKeepsSelectionWhenItemsGo) {
     EXPECT_EQ(std::u16string{list.UnusedItemText(1, text, 0)}, u"kept");
     EXPECT_EQ(std::u16string{list.GetItemText(9, text, 1)}, u"");
     EXPECT_EQ(std::u16string{list.GetItemText(2, text, 1)}, u"B");
+    EXPECT_EQ(std::u16string{list.GetItemText(1, text, 1)}, u"a");
     list.RemoveItem(3);
     EXPECT_EQ(open.positions[1003], 2U) << "the new last item";
     list.RemoveItem(1);

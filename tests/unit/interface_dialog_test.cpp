@@ -104,7 +104,7 @@ TEST_F(DialogTest, TimerWaitsDuringCommand) {
     dialog.whileHandling = [&] {
         dialog.whileHandling = nullptr;
         open.Press(1010);
-        open.Send(standin::kTimerMessage);
+        EXPECT_EQ(open.Send(standin::kTimerMessage), 1);
     };
     open.Press(1009);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"command 1009 0", "command 1010 0"}))

@@ -20,7 +20,7 @@ using Notes = std::vector<std::string>;
 // A command that only has settings.
 class SettingsCommand final : public FinPI {
 public:
-    SettingsCommand() noexcept : FinPI{nullptr, 0, 22000} {}
+    SettingsCommand() noexcept : FinPI{nullptr, 2, 22000} {}
 
     i16 Start(const EREGION* /*selection*/, const EREGION* /*wholeDocument*/) override { return 0; }
     u32 GetSettingsSize() const override { return 4; }

@@ -55,6 +55,7 @@ TEST(Walk, FailsOnUnreadableLayout) {
     const u64 before = host.Score().Digest();
     Plugin{}.Merge(host);
     EXPECT_EQ(App().alerts.size(), 1U);
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 0U) << "nothing is merged";
     EXPECT_EQ(host.Score().Digest(), before);
 }
 

@@ -39,6 +39,12 @@ TEST_F(ScoreAccess, OptionsAreReadFromTheirPreferences) {
     EXPECT_EQ(FinPIMiscPrefs().Tag(), HostTag("O\x02OM")) << "of older hosts";
 }
 
+TEST_F(ScoreAccess, UnreadableOptionIsNotSet) {
+    Refuse(HostCall::kLoadEData);
+    EXPECT_EQ(FinPIDoc{}.SetShowActiveLayerOnlyOption(1), 0);
+    EXPECT_NE(TakePendingError(), "");
+}
+
 TEST_F(ScoreAccess, OctaveTranspositionsFollowThePreference) {
     constexpr u16 kOctaveDown = 7U << 6U;
     constexpr u16 kOctaveUp = (0x40U - 7U) << 6U;

@@ -80,6 +80,7 @@ TEST_F(Staves, ClearFlagsWithoutRecords) {
     staff.SetCommitShapeNotes(true);
     ASSERT_EQ(staff.Commit(), 1);
     EXPECT_EQ(StoredStaff().flags, 0);
+    EXPECT_EQ(StoredStaff().fretInstrument, 0);
     EXPECT_EQ(Count(HostTag("SOIS")), 2U) << "no staff goes with its last flag";
 }
 

@@ -93,6 +93,7 @@ TEST_F(Region, NormalizesEndpoints) {
         {2, 5000, false, false, "3:904"},   {2, 4096, false, false, "3:0"},
         {2, 4096, true, false, "2:4096"},    // the end may stay
         {2, 12000, false, false, "5:736"},   // over measures of different lengths
+        {2, -100, false, false, "1:3996"},   //
         {5, -100, false, false, "4:2972"},   // back into a shorter measure
         {5, -3073, false, false, "3:4095"},  // and through it
         {9, 5000, false, true, "9:4095"},    // its last place

@@ -18,7 +18,9 @@ constexpr u16 kCommand = 22000;
 namespace Control {
 constexpr u16 kOk = 1;
 constexpr u16 kCancel = 2;
+constexpr u16 kListLabel = 3;
 constexpr u16 kList = 5;
+constexpr u16 kNameLabel = 4;
 constexpr u16 kName = 7;
 constexpr u16 kAdd = 8;
 constexpr u16 kDelete = 9;
@@ -194,6 +196,9 @@ TEST_F(SavedSettingsTest, RewritesOnlySettingsPart) {
     SavedSettingPtr record{4};
     record.GetFromFile(22001);
     EXPECT_EQ(record.Header().hostVersion, SavedSettingPtr{0}.Header().hostVersion);
+    record.PutToFile(kCommand);
+    EXPECT_EQ(ReadSavedSetting(kCommand, 0, nullptr, nullptr, nullptr, nullptr, nullptr), 0)
+        << "numbers count from 1";
     record.Header().commandItem = 3;
     record.PutToFile(22001);
     u16 commandItem = 0;
@@ -227,6 +232,10 @@ TEST_F(SavedSettingsTest, StoresEntriesSortedByName) {
     Run([](OpenDialog& open) {
         EXPECT_EQ(open.Items(Control::kList), (Names{u"Plyweld/Saved Setting 1"}));
         EXPECT_EQ(open.window.rectangle.left, 310);
+        for (const u16 label : {Control::kListLabel, Control::kNameLabel}) {
+            EXPECT_EQ(open.window.controls[label].rectangle.Width(),
+                      6 * static_cast<int>(open.texts[label].size()) + 2);
+        }
         open.Type(Control::kName, u"b");
         open.Press(Control::kAdd);
         open.Type(Control::kName, u"a");
@@ -234,6 +243,9 @@ TEST_F(SavedSettingsTest, StoresEntriesSortedByName) {
         open.Press(Control::kOk);
     });
     EXPECT_EQ(Stored(), (Notes{"a 1 0 dlg!", "b 2 1 dlg!"}));
+    u16 commandItem = 0;
+    ReadSavedSetting(kCommand, 2, nullptr, &commandItem, nullptr, nullptr, nullptr);
+    EXPECT_EQ(commandItem, 2);
     EXPECT_STREQ(command.settings, "....") << "the command's own settings stay";
     EXPECT_EQ(command.SavedSettingNumber(), 1);
     EXPECT_EQ(command.SavedSettingIdentifier(), 1);

@@ -115,9 +115,6 @@ i16 FinPIEntryDetail::Create() {
     m_recordNumber = m_entry.CreatedRecordNumber();
     m_loaded = 1;
     m_entry->flags |= m_entryFlags;
-    if (m_numbersByContent) {
-        m_numbersByContent->emplace(RecordKey(), m_recordNumber);
-    }
     return 1;
 }
 

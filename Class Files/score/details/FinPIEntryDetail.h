@@ -121,8 +121,8 @@ private:
     enum class Search { kFound, kNotFound, kInDoubt };
     Search SelectEqualRecord(const FinPIEntryDetail& source, u32 earlierEqual);
 
-    // The numbers of the entry's records by their RecordKey(), once they were needed; kept up to
-    // date while records are created.
+    // The numbers of the entry's records by their RecordKey(), once they were needed. Without those
+    // that are created while others are copied, which are never looked for.
     std::optional<std::multimap<u32, u16>> m_numbersByContent;
 };
 
