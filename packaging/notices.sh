@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Writes the notices of what a package holds of other people's software, from dependencies.json:
 #   notices.sh VERSION KIND...      KIND: windows, setup, portable, deb
-# Versions and licence texts are those of the Debian packages the build takes the software from;
-# a text that none of them holds is in licences/.
+# Versions and license texts are those of the Debian packages the build takes the software from;
+# a text that none of them holds is in licenses/.
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 table="$here/dependencies.json"
@@ -38,7 +38,7 @@ printf '| Name | Version | For | How | License |\n|---|---|---|---|---|\n'
 rows "$@" | while read -r row; do
     found=$(installed_version "$row")
     printf '| %s | %s | %s | %s | %s |\n' "$(field "$row" name)" "$found" \
-        "$(field "$row" for)" "$(field "$row" linked)" "$(field "$row" licence)"
+        "$(field "$row" for)" "$(field "$row" linked)" "$(field "$row" license)"
 done
 rows "$@" | while read -r row; do
     printf '\n## %s\n' "$(field "$row" name)"

@@ -15,7 +15,7 @@ are pinned by hash (`scripts/third-party.sha256`, each `package-lock.json`). A r
 
 TEXT
 printf '| Name | For | How it is used | License |\n|---|---|---|---|\n'
-jq -r '.[] | "| \(.name) | \(.for) | \(.linked) | \(.licence) |"' "$here/dependencies.json"
+jq -r '.[] | "| \(.name) | \(.for) | \(.linked) | \(.license) |"' "$here/dependencies.json"
 printf '\n## Why these\n\n'
 jq -r '.[] | "- **\(.name).** \(.chosen) Not chosen: \(.not)"' "$here/dependencies.json"
 cat <<'TEXT'
