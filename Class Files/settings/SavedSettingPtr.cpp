@@ -28,10 +28,6 @@ const SavedSettingHeader& SavedSettingPtr::Header() const noexcept {
     return *reinterpret_cast<const SavedSettingHeader*>(m_record.data());
 }
 
-u32 SavedSettingPtr::SettingsSize() const noexcept {
-    return static_cast<u32>(m_record.size()) - kHeaderSize;
-}
-
 void SavedSettingPtr::StampHeader() noexcept {
     Header().totalSize = static_cast<u16>(m_record.size());
     Header().headerSize = kHeaderSize;
@@ -72,6 +68,6 @@ void SavedSettingPtr::SetName(const std::u16string& name) {
     FinPIUniStringUtil::UniChar_Utf8encode(utf8.data(), name.c_str(), utf8.size());
     char(&stored)[128] = Header().name;
     const std::string_view cut = platform::CutUtf8(utf8.data(), sizeof(stored) - 1);
-    std::fill(std::begin(stored), std::end(stored), '\0');
-    std::copy(cut.begin(), cut.end(), stored);
+    std::ranges::fill(stored, '\0');
+    std::ranges::copy(cut, stored);
 }

@@ -40,7 +40,6 @@ public:
     SavedSettingHeader& Header() noexcept;
     const SavedSettingHeader& Header() const noexcept;
     void* Settings() noexcept { return m_record.data() + sizeof(SavedSettingHeader); }
-    u32 SettingsSize() const noexcept;
 
     std::u16string Name() const;
     // Cut at 127 bytes, between characters.
