@@ -17,7 +17,7 @@ void CopyText(char16* buffer, i32 length, std::u16string_view text) {
     }
     const auto room = static_cast<std::size_t>(length - 1);
     const std::u16string_view cut = text.substr(0, room);
-    *std::copy(cut.begin(), cut.end(), buffer) = u'\0';
+    *std::ranges::copy(cut, buffer).out = u'\0';
 }
 
 }  // namespace

@@ -48,7 +48,7 @@ FinPISaveSettingsDlg::FinPISaveSettingsDlg(FinPI* owner, const char16* commandKe
       m_submenuBox{Control::kUseSubmenu} {
     const std::u16string_view key{commandKey};
     const std::u16string_view cut = key.substr(0, std::size(m_commandKey) - 1);
-    std::copy(cut.begin(), cut.end(), m_commandKey);
+    std::ranges::copy(cut, m_commandKey);
 }
 
 u16 FinPISaveSettingsDlg::CommandID() const {
@@ -106,7 +106,7 @@ void FinPISaveSettingsDlg::ListStoredSettings() {
                                           &identifier, nullptr) != 0;
          ++number) {
         m_nextIdentifier = std::max(m_nextIdentifier, identifier);
-        const std::u16string text{name, std::find(std::begin(name), std::end(name), u'\0')};
+        const std::u16string text{name, std::ranges::find(name, u'\0')};
         const SavedSettingItem item{
             static_cast<u16>(SavedSettings::StoredNumber(CommandID(), number)), skipDialog != 0};
         List().InsertSorted(text, item, true);
@@ -158,10 +158,9 @@ void FinPISaveSettingsDlg::GiveIdentifier(SavedSettingHeader& header) {
         return;
     }
     const auto isTaken = [this](u16 identifier) {
-        return std::any_of(m_storedSettings.begin(), m_storedSettings.end(),
-                           [identifier](const SavedSettingPtr& setting) {
-                               return setting.Header().identifier == identifier;
-                           });
+        return std::ranges::any_of(m_storedSettings, [identifier](const SavedSettingPtr& setting) {
+            return setting.Header().identifier == identifier;
+        });
     };
     do {
         ++m_nextIdentifier;  // the lowest numbers follow the highest

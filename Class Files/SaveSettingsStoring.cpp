@@ -123,5 +123,5 @@ void FinPIDialog::RunSaveSettingsDialog(WindowHandle window) {
     if (dialog.WasAccepted()) {
         m_owner->UseSavedSetting(dialog.SelectedNumber(), dialog.SelectedIdentifier());
     }
-    std::copy(kept.begin(), kept.end(), settings);
+    std::ranges::copy(kept, settings);
 }

@@ -34,7 +34,7 @@ EntriesByPosition::EntriesByPosition(const FinPITGFPtr& frame) : m_frame{frame} 
     for (i16 i = 0; i < count; ++i) {
         all.emplace_back(frame.EntryAt(i).ScaledPosition(), i);
     }
-    std::sort(all.begin(), all.end());
+    std::ranges::sort(all);
     m_positions.reserve(all.size());
     m_indices.reserve(all.size());
     for (const auto& [position, index] : all) {
@@ -74,7 +74,7 @@ void MakeRest(const FinPIEntryPtr& entry, i16 duration, bool hidden) {
     entry->flags |= EntryFlag::kMadeRest | EntryFlag::kNoNotes;
     entry->flags &= ~EntryFlag::kNote;
     entry->noteCount = 0;
-    std::fill(std::begin(entry->notes), std::end(entry->notes), EXNOTE{});
+    std::ranges::fill(entry->notes, EXNOTE{});
     entry->duration = duration;
     if (hidden) {
         entry->flags |= EntryFlag::kIgnore;

@@ -105,7 +105,7 @@ bool Follows(FinPIScoreExpr& expression, const FinPIEntryPtr& entry, i16 graceIn
 
 bool FollowsOneOf(FinPIScoreExpr& expression, const FinPITGFPtr& frame,
                   const std::map<u32, i16>& entries) {
-    return std::any_of(entries.begin(), entries.end(), [&](const auto& entry) {
+    return std::ranges::any_of(entries, [&](const auto& entry) {
         const auto& [number, graceIndexBefore] = entry;
         return Follows(expression, frame.EntryAt(frame.FindEntryByNumber(number)),
                        graceIndexBefore);

@@ -29,8 +29,8 @@ std::span<EXENTRY> Part(const FinPITGFPtr& frame, i16 first, i16 count) {
 }
 
 bool AnyHas(std::span<const EXENTRY> entries, u32 flags) {
-    return std::any_of(entries.begin(), entries.end(),
-                       [flags](const EXENTRY& entry) { return (entry.flags & flags) != 0; });
+    return std::ranges::any_of(
+        entries, [flags](const EXENTRY& entry) { return (entry.flags & flags) != 0; });
 }
 
 // Rests, some of them hidden, without any note.
@@ -58,8 +58,8 @@ bool LeavesSecondVoicesApart(const FinPITGFPtr& destination, std::span<const EXE
         return (entry.flags & EntryFlag::kVoice2) != 0;
     };
     const std::span<const EXENTRY> present = destination.Entries();
-    return std::none_of(music.begin(), music.end(), [&](const EXENTRY& a) {
-        return isVoice2(a) && std::any_of(present.begin(), present.end(), [&](const EXENTRY& b) {
+    return std::ranges::none_of(music, [&](const EXENTRY& a) {
+        return isVoice2(a) && std::ranges::any_of(present, [&](const EXENTRY& b) {
                    return isVoice2(b) && a.elapsedTime < end(b) && b.elapsedTime < end(a);
                });
     });
@@ -85,7 +85,7 @@ void CopyFields(EXENTRY& target, const EXENTRY& source) {
     target.flags = source.flags & ~DetailFlag::kStored;
     target.fieldAt12 = source.fieldAt12;
     target.noteCount = source.noteCount;
-    std::copy(std::begin(source.notes), std::end(source.notes), std::begin(target.notes));
+    std::ranges::copy(source.notes, std::begin(target.notes));
 }
 
 void CopySpan(FramePair& frames, const SourceSpan& span, i16 at) {
@@ -192,12 +192,11 @@ bool KeptTheirTimes(const FramePair& frames, const RestRun& run, const SourceSpa
     const std::span<EXENTRY> source = Part(frames.source, span.first, span.count);
     const std::span<EXENTRY> target = Part(frames.destination, run.start, span.count);
     i32 before = 0;  // entries of the span so far
-    return std::equal(source.begin(), source.end(), target.begin(), target.end(),
-                      [&before](const EXENTRY& a, const EXENTRY& b) {
-                          const i32 tolerance = kTimeTolerance + std::min(before++, kMaxDrift);
-                          return std::abs(a.elapsedTime - b.elapsedTime) <= tolerance &&
-                                 std::abs(a.actualDuration - b.actualDuration) <= tolerance;
-                      });
+    return std::ranges::equal(source, target, [&before](const EXENTRY& a, const EXENTRY& b) {
+        const i32 tolerance = kTimeTolerance + std::min(before++, kMaxDrift);
+        return std::abs(a.elapsedTime - b.elapsedTime) <= tolerance &&
+               std::abs(a.actualDuration - b.actualDuration) <= tolerance;
+    });
 }
 
 }  // namespace

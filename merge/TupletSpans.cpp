@@ -41,10 +41,9 @@ std::vector<EDTTuplet2005> LoadTuplets(u32 entryNumber) {
             tuplets.push_back(tuplet);
         }
     }
-    std::stable_sort(tuplets.begin(), tuplets.end(),
-                     [](const EDTTuplet2005& a, const EDTTuplet2005& b) {
-                         return SymbolicLength(a) > SymbolicLength(b);
-                     });
+    std::ranges::stable_sort(tuplets, [](const EDTTuplet2005& a, const EDTTuplet2005& b) {
+        return SymbolicLength(a) > SymbolicLength(b);
+    });
     return tuplets;
 }
 
@@ -93,20 +92,18 @@ std::vector<TupletSpan> TupletsOf(const FinPITGFPtr& frame) {
 bool SameTupletsRunAt(i32 time, std::span<const TupletSpan> a, std::span<const TupletSpan> b) {
     const auto runningAt = [time](std::span<const TupletSpan> spans) {
         std::vector<TupletSpan> running;
-        std::copy_if(spans.begin(), spans.end(), std::back_inserter(running),
-                     [time](const TupletSpan& span) {
-                         return span.start < time && time < span.end - kRounding;
-                     });
+        std::ranges::copy_if(spans, std::back_inserter(running), [time](const TupletSpan& span) {
+            return span.start < time && time < span.end - kRounding;
+        });
         return running;
     };
     const std::vector<TupletSpan> first = runningAt(a);
     const std::vector<TupletSpan> second = runningAt(b);
-    return std::equal(first.begin(), first.end(), second.begin(), second.end(),
-                      [](const TupletSpan& x, const TupletSpan& y) {
-                          return x.start == y.start && std::abs(x.end - y.end) <= kRounding &&
-                                 x.symbolicCount == y.symbolicCount &&
-                                 x.symbolicUnitDuration == y.symbolicUnitDuration &&
-                                 x.referenceCount == y.referenceCount &&
-                                 x.referenceUnitDuration == y.referenceUnitDuration;
-                      });
+    return std::ranges::equal(first, second, [](const TupletSpan& x, const TupletSpan& y) {
+        return x.start == y.start && std::abs(x.end - y.end) <= kRounding &&
+               x.symbolicCount == y.symbolicCount &&
+               x.symbolicUnitDuration == y.symbolicUnitDuration &&
+               x.referenceCount == y.referenceCount &&
+               x.referenceUnitDuration == y.referenceUnitDuration;
+    });
 }

@@ -17,7 +17,7 @@ constexpr i16 kNoSuchPart = 32000;
 
 template <std::size_t kUnits>
 bool IsEnded(const std::array<char16, kUnits>& buffer) {
-    return std::find(buffer.begin(), buffer.end(), u'\0') != buffer.end();
+    return std::ranges::find(buffer, u'\0') != buffer.end();
 }
 
 // Makes current what is current already: the result says whether that worked, or nothing.

@@ -45,13 +45,11 @@ void Findings::AddNotSeen(std::string subject, std::string assumed) {
 }
 
 int Findings::Count(Verdict verdict) const {
-    return static_cast<int>(
-        std::count_if(m_all.begin(), m_all.end(),
-                      [verdict](const Finding& finding) { return finding.verdict == verdict; }));
+    return static_cast<int>(std::ranges::count(m_all, verdict, &Finding::verdict));
 }
 
 bool Findings::IsAbout(const std::string& callback) const {
-    return std::any_of(m_all.begin(), m_all.end(), [&callback](const Finding& finding) {
+    return std::ranges::any_of(m_all, [&callback](const Finding& finding) {
         return finding.section != Text::kExports && finding.subject.starts_with(callback) &&
                (finding.subject.size() == callback.size() ||
                 finding.subject[callback.size()] == ' ');

@@ -50,7 +50,7 @@ i32 DocumentScope::AskOnce(Answers DocumentScope::*answers, u16 key, u16 of, Ask
         return ask();
     }
     Answers& all = scope->*answers;
-    const auto known = std::find_if(all.known.begin(), all.known.end(), [&](const Answer& answer) {
+    const auto known = std::ranges::find_if(all.known, [&](const Answer& answer) {
         return answer.value != 0 && answer.key == key && answer.of == of;
     });
     if (known != all.known.end()) {

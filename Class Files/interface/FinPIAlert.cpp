@@ -53,7 +53,7 @@ u16 FinPIAlert::DefaultAnswer() const noexcept {
 
 void FinPIAlert::SetMessage(const char* utf8) {
     const std::string_view cut = platform::CutUtf8(utf8, sizeof(m_message) - 1);
-    *std::copy(cut.begin(), cut.end(), m_message) = '\0';
+    *std::ranges::copy(cut, m_message).out = '\0';
 }
 
 void FinPIAlert::PrepareControls(WindowHandle window) {

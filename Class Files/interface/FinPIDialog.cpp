@@ -18,7 +18,7 @@ constexpr u32 kTimerPeriod = 100;  // milliseconds
 template <std::size_t kUnits>
 void CopyCut(char16 (&field)[kUnits], std::u16string_view text) {
     const std::u16string_view cut = text.substr(0, kUnits - 1);
-    *std::copy(cut.begin(), cut.end(), field) = u'\0';
+    *std::ranges::copy(cut, field).out = u'\0';
 }
 
 std::set<const void*>& ExistingDialogs() {

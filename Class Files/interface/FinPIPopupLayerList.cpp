@@ -49,7 +49,7 @@ char16* FinPIPopupLayerList::GetItemText(i16 position, char16* buffer, i16 clear
     }
     if (position >= 1 && position <= GetItemCount()) {
         const std::u16string text = List().ItemText(position - 1);
-        *std::copy(text.begin(), text.end(), buffer) = u'\0';
+        *std::ranges::copy(text, buffer).out = u'\0';
     }
     return buffer;
 }

@@ -133,7 +133,7 @@ i16 ReadSavedSetting(u16 commandID, i16 number, char16* name, u16* commandItem, 
     }
     if (name != nullptr) {
         const std::u16string text = setting.Name().substr(0, kStoredNameUnits);
-        std::fill(std::copy(text.begin(), text.end(), name), name + kStoredNameUnits, u'\0');
+        std::fill(std::ranges::copy(text, name).out, name + kStoredNameUnits, u'\0');
     }
     const SavedSettingHeader& header = setting.Header();
     Give(commandItem, header.commandItem);

@@ -41,9 +41,8 @@ ScriptOptions ReadOptions(const std::vector<std::string>& arguments) {
 // Executes the lines before "start", which prepare the plug-in's start: "short-menus" and settings.
 // False: another line, or one that failed.
 bool Prepare(std::vector<ScriptLine>& lines, MenuBarKind& menus) {
-    const auto start = std::find_if(lines.begin(), lines.end(), [](const ScriptLine& line) {
-        return line.words[0] == "start";
-    });
+    const auto start = std::ranges::find_if(
+        lines, [](const ScriptLine& line) { return line.words[0] == "start"; });
     if (start == lines.end()) {
         return true;
     }
@@ -109,7 +108,7 @@ bool IsScore(const std::string& argument) {
 }  // namespace
 
 bool WantsWindow(const std::vector<std::string>& arguments) {
-    return std::all_of(arguments.begin(), arguments.end(), IsScore) ||
+    return std::ranges::all_of(arguments, IsScore) ||
            (arguments.size() >= 2 && arguments[0] == "script");
 }
 

@@ -24,9 +24,8 @@ bool IsMarked(const Document& document, u32 entry, u16 shape) {
 void AddSpanner(const Document& document, u32 entry, u16 shape, EntryTexts& texts) {
     const Bytes* record = document.Records().Find(Tag::kSmartShape, RecordKey::Other(shape));
     // An entry that now has both ends has a mark for each.
-    const bool isKnown =
-        std::any_of(texts.spanners.begin(), texts.spanners.end(),
-                    [shape](const SpannerAtEntry& known) { return known.shape == shape; });
+    const bool isKnown = std::ranges::any_of(
+        texts.spanners, [shape](const SpannerAtEntry& known) { return known.shape == shape; });
     if (record == nullptr || isKnown) {
         return;
     }
@@ -60,7 +59,7 @@ void AddText(const EntryText& text, EntryTexts& texts) {
 }
 
 bool HasDetail(const EntryTexts& texts, u32 tag, u16 noteID) {
-    return std::any_of(texts.notes.begin(), texts.notes.end(), [&](const NoteDetail& detail) {
+    return std::ranges::any_of(texts.notes, [&](const NoteDetail& detail) {
         return detail.tag == tag && detail.noteID == noteID;
     });
 }
@@ -71,9 +70,8 @@ u16 EqualNoteWithout(const EXENTRY& entry, const EntryTexts& texts, const NoteDe
                        : detail.tag == DetailTag::kTieEnd ? NoteFlag::kTieEnd
                                                           : 0U;
     const std::span notes{entry.notes, static_cast<std::size_t>(entry.noteCount)};
-    const auto owner = std::find_if(notes.begin(), notes.end(), [&](const EXNOTE& note) {
-        return note.noteID == detail.noteID;
-    });
+    const auto owner = std::ranges::find_if(
+        notes, [&](const EXNOTE& note) { return note.noteID == detail.noteID; });
     for (const EXNOTE& note : notes) {
         const bool isEqual = owner != notes.end() && note.noteID != owner->noteID &&
                              note.pitch == owner->pitch && (note.flags & needed) == needed;

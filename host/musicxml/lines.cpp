@@ -14,7 +14,7 @@ constexpr std::array<std::string_view, 9> kNames{"slur",      "glissando", "slid
 }  // namespace
 
 std::optional<LineKind> LineKindOf(std::string_view elementName) {
-    const auto found = std::find(kNames.begin(), kNames.end(), elementName);
+    const auto found = std::ranges::find(kNames, elementName);
     if (found == kNames.end()) {
         return std::nullopt;
     }

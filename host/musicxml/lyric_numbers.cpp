@@ -14,7 +14,7 @@ std::string LyricNumberOf(std::string_view lyric) {
 
 std::string NextFree(const std::string& number, const std::vector<std::string>& taken) {
     int next = IntegerOf(number).value_or(0) + 1;
-    while (std::find(taken.begin(), taken.end(), std::to_string(next)) != taken.end()) {
+    while (std::ranges::find(taken, std::to_string(next)) != taken.end()) {
         ++next;
     }
     return std::to_string(next);

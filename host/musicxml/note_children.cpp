@@ -43,9 +43,7 @@ const NoteChild& NoteChildOf(std::string_view element) {
     if (element.starts_with('!') || element.starts_with('?')) {
         return kComment;
     }
-    const auto* const found =
-        std::find_if(std::begin(kChildren), std::end(kChildren),
-                     [element](const NoteChild& child) { return child.element == element; });
+    const auto* const found = std::ranges::find(kChildren, element, &NoteChild::element);
     return found == std::end(kChildren) ? kUnknown : *found;
 }
 

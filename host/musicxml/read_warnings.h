@@ -26,9 +26,7 @@ class ReadWarnings {
 public:
     // Mistakes of the same kind share one warning.
     void Add(std::string_view message, std::size_t offset) {
-        const auto known = std::find_if(
-            m_all.begin(), m_all.end(),
-            [message](const ReadWarning& warning) { return warning.message == message; });
+        const auto known = std::ranges::find(m_all, message, &ReadWarning::message);
         if (known != m_all.end()) {
             ++known->count;
         } else {

@@ -25,7 +25,7 @@ const EXENTRY* Find(const Numbers& numbers, u32 number) {
 // A rest may also be replaced by other rests.
 bool GaveWayToMusic(const EXENTRY& rest, const std::vector<EXENTRY>& now) {
     const auto end = [](const EXENTRY& entry) { return entry.elapsedTime + entry.actualDuration; };
-    return std::any_of(now.begin(), now.end(), [&](const EXENTRY& e) {
+    return std::ranges::any_of(now, [&](const EXENTRY& e) {
         return e.noteCount > 0 && e.elapsedTime < end(rest) && rest.elapsedTime < end(e);
     });
 }

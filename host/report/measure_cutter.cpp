@@ -18,7 +18,7 @@ constexpr std::string_view kPerStaff[] = {"key", "time", "clef", "staff-details"
 
 template <typename Names>
 bool IsOneOf(std::string_view name, const Names& names) {
-    return std::find(std::begin(names), std::end(names), name) != std::end(names);
+    return std::ranges::find(names, name) != std::end(names);
 }
 
 int StaffOf(pugi::xml_node element) {

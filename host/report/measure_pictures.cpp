@@ -48,10 +48,9 @@ bool Coincide(i64 a, i64 b) {
 }
 
 bool Stays(const MergedMeasure& measure, const ExcerptNote& note, std::optional<u16> layer) {
-    return std::any_of(measure.stayed.begin(), measure.stayed.end(), [&](const StayedEntry& entry) {
+    return std::ranges::any_of(measure.stayed, [&](const StayedEntry& entry) {
         return entry.layer == layer && Coincide(entry.onset, note.onset) &&
-               std::find(entry.pitches.begin(), entry.pitches.end(), note.pitch) !=
-                   entry.pitches.end();
+               std::ranges::find(entry.pitches, note.pitch) != entry.pitches.end();
     });
 }
 

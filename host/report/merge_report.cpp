@@ -55,10 +55,9 @@ private:
     }
 
     bool IsSelected(i32 onset) const {
-        return std::any_of(m_request.selections.begin(), m_request.selections.end(),
-                           [&](const EREGION& selection) {
-                               return Holds(selection, m_result.staff, m_result.measure, onset);
-                           });
+        return std::ranges::any_of(m_request.selections, [&](const EREGION& selection) {
+            return Holds(selection, m_result.staff, m_result.measure, onset);
+        });
     }
 
     void FindStayed(u16 layer) {

@@ -86,9 +86,8 @@ private:
         if (frame == nullptr) {
             return nullptr;
         }
-        const auto found =
-            std::find_if(frame->entries.begin(), frame->entries.end(),
-                         [number](const EXENTRY& entry) { return entry.entryNumber == number; });
+        const auto found = std::ranges::find_if(
+            frame->entries, [number](const EXENTRY& entry) { return entry.entryNumber == number; });
         return found == frame->entries.end() ? nullptr : &*found;
     }
 
@@ -140,8 +139,8 @@ private:
     void AddMarking(const EXENTRY& entry, const std::vector<u16>& layers, std::string_view element,
                     std::set<std::string>& named, std::vector<Remark>& remarks) const {
         std::vector<u16> owners;
-        std::copy_if(layers.begin(), layers.end(), std::back_inserter(owners),
-                     [&](u16 layer) { return HadMarking(layer, entry, element); });
+        std::ranges::copy_if(layers, std::back_inserter(owners),
+                             [&](u16 layer) { return HadMarking(layer, entry, element); });
         const std::string name = NameOfMarking(element);
         if (owners.empty() || owners.size() == layers.size() || !named.insert(name).second) {
             return;
@@ -196,9 +195,9 @@ private:
         if (frame == nullptr) {
             return nullptr;
         }
-        const auto found = std::find_if(
-            frame->entries.begin(), frame->entries.end(),
-            [&](const EXENTRY& was) { return was.noteCount > 0 && Coincide(was, entry); });
+        const auto found = std::ranges::find_if(frame->entries, [&](const EXENTRY& was) {
+            return was.noteCount > 0 && Coincide(was, entry);
+        });
         return found == frame->entries.end() ? nullptr : &*found;
     }
 
@@ -237,8 +236,7 @@ void AddCarried(const ImportedScore& score, u16 layers, u16 slot, FrameKey key,
     for (key.layer = kLayers; key.layer < layers; ++key.layer) {
         const Frame* frame = score.document->FindFrame(key);
         const bool sounds =
-            frame != nullptr &&
-            std::any_of(frame->entries.begin(), frame->entries.end(), [&](const EXENTRY& entry) {
+            frame != nullptr && std::ranges::any_of(frame->entries, [&](const EXENTRY& entry) {
                 return entry.noteCount > 0 &&
                        Holds(selection, slot, key.measure, entry.elapsedTime);
             });
@@ -285,7 +283,7 @@ std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
         AddTieRemarks(score, part, firstSlot, remarks);
         AddTupletRemarks(score, part, firstSlot, destination, remarks);
     }
-    std::stable_sort(remarks.begin(), remarks.end(), [](const Remark& a, const Remark& b) {
+    std::ranges::stable_sort(remarks, [](const Remark& a, const Remark& b) {
         return std::pair{a.staff, a.measure} < std::pair{b.staff, b.measure};
     });
     for (Remark& remark : remarks) {

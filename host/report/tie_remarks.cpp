@@ -54,10 +54,9 @@ public:
 
 private:
     bool IsChanged(std::size_t measure) const {
-        return std::any_of(
-            m_part.staves.begin(), m_part.staves.end(), [&](const StaffVoices& staff) {
-                return m_changed.contains({staff.staff, static_cast<u16>(measure + 1)});
-            });
+        return std::ranges::any_of(m_part.staves, [&](const StaffVoices& staff) {
+            return m_changed.contains({staff.staff, static_cast<u16>(measure + 1)});
+        });
     }
 
     // Whether the event's entry was there with that note in the file.
@@ -65,11 +64,10 @@ private:
         const FrameKey key{m_part.staves[event.staff].staff, static_cast<u16>(measure + 1),
                            event.layer};
         const Frame* frame = m_score.document->ImportedFrame(key);
-        return frame != nullptr &&
-               std::any_of(frame->entries.begin(), frame->entries.end(), [&](const EXENTRY& was) {
+        return frame != nullptr && std::ranges::any_of(frame->entries, [&](const EXENTRY& was) {
                    const std::span notes{was.notes, static_cast<std::size_t>(was.noteCount)};
                    return was.entryNumber == event.time.entry->entryNumber &&
-                          std::any_of(notes.begin(), notes.end(), [&note](const EXNOTE& other) {
+                          std::ranges::any_of(notes, [&note](const EXNOTE& other) {
                               return other.pitch == note.pitch && other.second == note.second;
                           });
                });
@@ -110,10 +108,9 @@ private:
 
     // In the file that was read.
     bool StoppedFirst(u32 line) const {
-        const auto first = std::find_if(
-            m_part.lines.ends.begin(), m_part.lines.ends.end(), [line](const LineEnd& end) {
-                return end.line == line && end.role != LineRole::kOnTheWay;
-            });
+        const auto first = std::ranges::find_if(m_part.lines.ends, [line](const LineEnd& end) {
+            return end.line == line && end.role != LineRole::kOnTheWay;
+        });
         return first != m_part.lines.ends.end() && first->role == LineRole::kStop;
     }
 

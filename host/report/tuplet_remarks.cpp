@@ -67,25 +67,23 @@ private:
     bool HasMoved(const ReadTuplet& tuplet, const EXENTRY& was) const {
         const Frame* now = FrameNow(tuplet.staff, tuplet.layer);
         return was.noteCount > 0 &&
-               (now == nullptr || std::none_of(now->entries.begin(), now->entries.end(),
-                                               [&was](const EXENTRY& entry) {
-                                                   return entry.entryNumber == was.entryNumber &&
-                                                          entry.noteCount > 0;
-                                               }));
+               (now == nullptr || std::ranges::none_of(now->entries, [&was](const EXENTRY& entry) {
+                    return entry.entryNumber == was.entryNumber && entry.noteCount > 0;
+                }));
     }
 
     bool Moved(const ReadTuplet& tuplet) const {
-        return std::any_of(tuplet.entries.begin(), tuplet.entries.end(),
-                           [&](const TimedEntry& timed) { return HasMoved(tuplet, *timed.entry); });
+        return std::ranges::any_of(tuplet.entries, [&](const TimedEntry& timed) {
+            return HasMoved(tuplet, *timed.entry);
+        });
     }
 
     bool HasPartThatStayed(const ReadTuplet& tuplet) const {
-        return std::any_of(m_read.begin(), m_read.end(), [&](const ReadTuplet& other) {
+        return std::ranges::any_of(m_read, [&](const ReadTuplet& other) {
             const bool isPart =
                 other.text.bracket == tuplet.text.bracket && other.staff != tuplet.staff;
-            const bool sounds =
-                std::any_of(other.entries.begin(), other.entries.end(),
-                            [](const TimedEntry& timed) { return timed.entry->noteCount > 0; });
+            const bool sounds = std::ranges::any_of(
+                other.entries, [](const TimedEntry& timed) { return timed.entry->noteCount > 0; });
             return isPart && sounds && !Moved(other);
         });
     }
@@ -96,10 +94,10 @@ private:
 
     bool IsInnermost(const ReadTuplet& tuplet, const EXENTRY& entry) const {
         const auto has = [&entry](const ReadTuplet& other) {
-            return std::any_of(other.entries.begin(), other.entries.end(),
-                               [&entry](const TimedEntry& timed) { return timed.entry == &entry; });
+            return std::ranges::any_of(
+                other.entries, [&entry](const TimedEntry& timed) { return timed.entry == &entry; });
         };
-        return std::none_of(m_read.begin(), m_read.end(), [&](const ReadTuplet& other) {
+        return std::ranges::none_of(m_read, [&](const ReadTuplet& other) {
             return other.entries.size() < tuplet.entries.size() && has(other);
         });
     }
@@ -111,17 +109,16 @@ private:
         if (now == nullptr || !HasMoved(tuplet, was)) {
             return false;
         }
-        const auto chord =
-            std::find_if(now->entries.begin(), now->entries.end(), [&was](const EXENTRY& entry) {
-                return entry.elapsedTime == was.elapsedTime && entry.noteCount > was.noteCount &&
-                       (entry.flags & EntryFlag::kGrace) == 0;
-            });
+        const auto chord = std::ranges::find_if(now->entries, [&was](const EXENTRY& entry) {
+            return entry.elapsedTime == was.elapsedTime && entry.noteCount > was.noteCount &&
+                   (entry.flags & EntryFlag::kGrace) == 0;
+        });
         if (chord == now->entries.end() || (was.flags & EntryFlag::kGrace) != 0) {
             return false;
         }
         const bool voice2 = (chord->flags & EntryFlag::kVoice2) != 0;
         const auto runs = TupletRunsOf(now->entries, voice2, m_score.document->Records());
-        return std::none_of(runs.begin(), runs.end(), [&](const TupletRun& run) {
+        return std::ranges::none_of(runs, [&](const TupletRun& run) {
             const Span span{now->entries[run.first].elapsedTime, EndOf(now->entries[run.last])};
             return span == SpanOf(tuplet);
         });
@@ -149,10 +146,9 @@ void AddTupletRemarks(const ImportedScore& score, const ScorePart& part, u16 fir
     const auto changed = score.document->ChangedMeasures();
     for (std::size_t i = 0; i < part.measures.size(); ++i) {
         const auto measure = static_cast<u16>(i + 1);
-        const bool isChanged =
-            std::any_of(part.staves.begin(), part.staves.end(), [&](const StaffVoices& staff) {
-                return changed.contains({staff.staff, measure});
-            });
+        const bool isChanged = std::ranges::any_of(part.staves, [&](const StaffVoices& staff) {
+            return changed.contains({staff.staff, measure});
+        });
         if (isChanged) {
             MeasureTuplets{score, part, measure, destination}.Add(firstSlot, remarks);
         }

@@ -15,9 +15,8 @@ Document& Application::OpenDocument(std::u16string path) {
 }
 
 bool Application::CloseDocument(u16 number) {
-    const auto found =
-        std::find_if(m_documents.begin(), m_documents.end(),
-                     [number](const auto& document) { return document->Number() == number; });
+    const auto found = std::ranges::find_if(
+        m_documents, [number](const auto& document) { return document->Number() == number; });
     if (found == m_documents.end()) {
         return false;
     }
@@ -29,9 +28,8 @@ bool Application::CloseDocument(u16 number) {
 }
 
 Document* Application::FindDocument(u16 number) const {
-    const auto found =
-        std::find_if(m_documents.begin(), m_documents.end(),
-                     [number](const auto& document) { return document->Number() == number; });
+    const auto found = std::ranges::find_if(
+        m_documents, [number](const auto& document) { return document->Number() == number; });
     return found == m_documents.end() ? nullptr : found->get();
 }
 
@@ -44,9 +42,8 @@ bool Application::SetCurrentDocument(u16 number) {
 }
 
 u16 Application::NextDocument(u16 number) const {
-    const auto found =
-        std::find_if(m_documents.begin(), m_documents.end(),
-                     [number](const auto& document) { return document->Number() > number; });
+    const auto found = std::ranges::find_if(
+        m_documents, [number](const auto& document) { return document->Number() > number; });
     return found == m_documents.end() ? u16{0} : (*found)->Number();
 }
 

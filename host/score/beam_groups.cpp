@@ -99,8 +99,7 @@ private:
             return false;
         }
         const auto isShorter = [this](std::size_t i) { return m_entries[i].duration < kEighth; };
-        const bool allEighths =
-            entry.duration >= kEighth && std::none_of(group.begin(), group.end(), isShorter);
+        const bool allEighths = entry.duration >= kEighth && std::ranges::none_of(group, isShorter);
         const i32 span = allEighths ? m_grouping.eighths : m_grouping.shorter;
         return m_entries[group.front()].elapsedTime / span == entry.elapsedTime / span;
     }
@@ -128,7 +127,7 @@ private:
     }
 
     bool IsParted(const Group& group, std::size_t entry, std::size_t next) const {
-        return std::any_of(m_tuplets.begin(), m_tuplets.end(), [&](const TupletRun& tuplet) {
+        return std::ranges::any_of(m_tuplets, [&](const TupletRun& tuplet) {
             const bool begins = entry < tuplet.first && tuplet.first <= next;
             const bool ends = entry <= tuplet.last && tuplet.last < next;
             return (begins && group.back() < tuplet.last) || (ends && tuplet.first < group.front());

@@ -85,7 +85,7 @@ u16 Document::StaffInSlot(i16 slot, u16 list) const {
 
 i16 Document::SlotOfStaff(u16 staff, u16 list) const {
     const std::vector<u16>& staves = StaffList(list);
-    const auto found = std::find(staves.begin(), staves.end(), staff);
+    const auto found = std::ranges::find(staves, staff);
     return found == staves.end() ? i16{0} : static_cast<i16>(found - staves.begin() + 1);
 }
 
@@ -145,8 +145,7 @@ void Document::AddPart(i16 id, std::u16string name) {
 }
 
 const Part* Document::FindPart(i16 id) const {
-    const auto found = std::find_if(m_parts.begin(), m_parts.end(),
-                                    [id](const Part& part) { return part.id == id; });
+    const auto found = std::ranges::find(m_parts, id, &Part::id);
     return found == m_parts.end() ? nullptr : &*found;
 }
 

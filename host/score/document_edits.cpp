@@ -181,7 +181,7 @@ u64 Document::Digest() const {
             keys.push_back(key);
         }
     }
-    std::sort(keys.begin(), keys.end());
+    std::ranges::sort(keys, std::less{});
     for (const FrameKey key : keys) {
         const Frame& frame = m_frames.at(key);
         hash.Add(key);

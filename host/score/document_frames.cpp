@@ -55,10 +55,10 @@ void Document::DropLostEntries(FrameKey key, const std::vector<EXENTRY>& before,
     for (const EXENTRY& entry : now) {
         kept.push_back(u32{entry.entryNumber});
     }
-    std::sort(kept.begin(), kept.end());
+    std::ranges::sort(kept);
     for (const EXENTRY& entry : before) {
         const u32 number = entry.entryNumber;
-        if (!std::binary_search(kept.begin(), kept.end(), number) && m_homes[number] == key) {
+        if (!std::ranges::binary_search(kept, number) && m_homes[number] == key) {
             m_homes[number] = {};
             m_records.DeleteDetails(number);
         }
@@ -79,9 +79,8 @@ const EXENTRY* Document::FindEntry(u32 entry) const {
     if (frame == nullptr) {
         return nullptr;
     }
-    const auto found =
-        std::find_if(frame->entries.begin(), frame->entries.end(),
-                     [entry](const EXENTRY& other) { return other.entryNumber == entry; });
+    const auto found = std::ranges::find_if(
+        frame->entries, [entry](const EXENTRY& other) { return other.entryNumber == entry; });
     return found == frame->entries.end() ? nullptr : &*found;
 }
 

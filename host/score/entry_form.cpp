@@ -89,8 +89,8 @@ const char* WhyNotStorable(std::span<const EXENTRY> entries) {
         mayContinueVoice2 = isVoice2 || (entry.flags & EntryFlag::kLaunchVoice2) != 0;
         numbers.push_back(u32{entry.entryNumber});
     }
-    std::sort(numbers.begin(), numbers.end());
-    if (std::adjacent_find(numbers.begin(), numbers.end()) != numbers.end()) {
+    std::ranges::sort(numbers);
+    if (std::ranges::adjacent_find(numbers) != numbers.end()) {
         return "an entry that appears twice";
     }
     return nullptr;

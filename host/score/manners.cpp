@@ -40,17 +40,14 @@ constexpr HostCall kDispensable[] = {
 }  // namespace
 
 bool IsDispensable(HostCall call) noexcept {
-    return std::find(std::begin(kDispensable), std::end(kDispensable), call) !=
-           std::end(kDispensable);
+    return std::ranges::find(kDispensable, call) != std::end(kDispensable);
 }
 
 std::optional<Manners> ParseManners(std::string_view names) {
     Manners manners;
     while (!names.empty()) {
         const std::string_view name = names.substr(0, names.find(','));
-        const auto* const manner =
-            std::find_if(std::begin(kManners), std::end(kManners),
-                         [name](const Manner& other) { return other.name == name; });
+        const auto* const manner = std::ranges::find(kManners, name, &Manner::name);
         if (manner == std::end(kManners)) {
             return std::nullopt;
         }

@@ -73,7 +73,7 @@ void TurnIntoRest(Document& document, EXENTRY& entry) {
     constexpr u32 kStays = EntryFlag::kVoice2 | EntryFlag::kLaunchVoice2 | DetailFlag::kTuplet;
     entry.flags = (entry.flags & kStays) | EntryFlag::kMadeRest | EntryFlag::kNoNotes;
     entry.noteCount = 0;
-    std::fill(std::begin(entry.notes), std::end(entry.notes), EXNOTE{});
+    std::ranges::fill(entry.notes, EXNOTE{});
 }
 
 void ClearFrame(Document& document, FrameKey key, Span selected) {

@@ -137,7 +137,7 @@ private:
                     lines.push_back(fact.Place() + ": " + note);
                 }
             }
-            std::sort(lines.begin(), lines.end());
+            std::ranges::sort(lines);
             return lines;
         };
         const Lines before = collect(m_factsBefore);
@@ -180,7 +180,7 @@ private:
 
     bool HasCompany(const EntryFacts& fact) {
         const FactList& candidates = AtTimeOf(fact);
-        return std::any_of(candidates.begin(), candidates.end(), [&fact](const EntryFacts* other) {
+        return std::ranges::any_of(candidates, [&fact](const EntryFacts* other) {
             return other->IsNote() && other->time == fact.time &&
                    other->entry->duration == fact.entry->duration &&
                    Includes(other->notes, fact.notes) &&
@@ -201,15 +201,14 @@ private:
             const FactList& candidates =
                 IsShapeEnd(attachment) ? m_byMeasure[MeasureOf(fact.key)] : AtTimeOf(fact);
             return IsLook(attachment) ||
-                   std::any_of(candidates.begin(), candidates.end(), [&](const EntryFacts* other) {
+                   std::ranges::any_of(candidates, [&](const EntryFacts* other) {
                        const bool fits = IsShapeEnd(attachment)
                                              ? FitsShapeEnd(*fact.entry, *other->entry)
                                              : !other->IsNote() && other->time == fact.time;
-                       return fits && std::binary_search(other->attachments.begin(),
-                                                         other->attachments.end(), attachment);
+                       return fits && std::ranges::binary_search(other->attachments, attachment);
                    });
         };
-        return std::all_of(fact.attachments.begin(), fact.attachments.end(), isKept);
+        return std::ranges::all_of(fact.attachments, isKept);
     }
 
     void CompareAdded() {
@@ -298,15 +297,14 @@ private:
         const FactList& music = Under(m_streamsBefore, measure, before);
         const FactList& musicNow = Under(m_streamsAfter, measure, after);
         const bool hangsOnNotes =
-            !music.empty() && std::all_of(music.begin(), music.end(),
-                                          [](const EntryFacts* was) { return was->IsNote(); });
+            !music.empty() &&
+            std::ranges::all_of(music, [](const EntryFacts* was) { return was->IsNote(); });
         if (!hangsOnNotes || !IsSelected(measure, before) || LayerOf(after) < 0) {
             return;  // it may move with a rest of either voice; outside the selection it stays
         }
-        const bool found = std::any_of(music.begin(), music.end(), [&](const EntryFacts* was) {
-            return std::any_of(musicNow.begin(), musicNow.end(), [was](const EntryFacts* is) {
-                return Includes(is->notes, was->notes);
-            });
+        const bool found = std::ranges::any_of(music, [&](const EntryFacts* was) {
+            return std::ranges::any_of(
+                musicNow, [was](const EntryFacts* is) { return Includes(is->notes, was->notes); });
         });
         if (!found) {
             m_faults.push_back(Say(Text::kFaultParted, {name, Joined(music.front()->notes)}));
@@ -320,7 +318,7 @@ private:
                    tag == Tag::kExpression || tag == Tag::kStaffSystem;
         };
         const auto has = [&](const DocumentContent& all, const DocumentContent& some) {
-            return std::all_of(some.records.begin(), some.records.end(), [&](const auto& item) {
+            return std::ranges::all_of(some.records, [&](const auto& item) {
                 return mayChange(item.first) || Records(all, item.first) == item.second;
             });
         };

@@ -152,8 +152,8 @@ std::vector<EntryFacts> FactsOf(const DocumentContent& content, const StaffMeasu
             std::for_each(first, last,
                           [&fact](const auto& end) { fact.attachments.push_back(end.second); });
             AddFlagDetails(entry, fact.attachments);
-            std::sort(fact.notes.begin(), fact.notes.end());
-            std::sort(fact.attachments.begin(), fact.attachments.end());
+            std::ranges::sort(fact.notes);
+            std::ranges::sort(fact.attachments);
             fact.attachments.erase(std::unique(fact.attachments.begin(), fact.attachments.end()),
                                    fact.attachments.end());
         }

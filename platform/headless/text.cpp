@@ -31,7 +31,7 @@ std::string EncodeAnsi(std::u16string_view text) {
     std::string bytes;
     bytes.reserve(text.size());
     for (const char16_t unit : text) {
-        const auto upper = std::find(kAnsiUpper.begin(), kAnsiUpper.end(), unit);
+        const auto upper = std::ranges::find(kAnsiUpper, unit);
         if (upper != kAnsiUpper.end()) {
             bytes.push_back(static_cast<char>(0x80 + std::distance(kAnsiUpper.begin(), upper)));
         } else {

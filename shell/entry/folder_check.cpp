@@ -16,11 +16,10 @@ bool IsForeign(const std::filesystem::directory_entry& entry) {
         return false;
     }
     const std::u8string stem = entry.path().stem().u8string();
-    return std::any_of(
-        std::begin(kForeignFolders), std::end(kForeignFolders), [&stem](std::string_view name) {
-            return std::equal(name.begin(), name.end(), stem.begin(), stem.end(),
-                              [](char a, char8_t b) { return static_cast<char8_t>(a) == b; });
-        });
+    return std::ranges::any_of(kForeignFolders, [&stem](std::string_view name) {
+        return std::ranges::equal(name, stem,
+                                  [](char a, char8_t b) { return static_cast<char8_t>(a) == b; });
+    });
 }
 
 }  // namespace

@@ -38,8 +38,7 @@ std::optional<SavedSetting> FindSavedSetting(i16 item) {
     if (ReadSavedSetting(SettingsID(), number, name, nullptr, &skipDialog, nullptr, nullptr) == 0) {
         return std::nullopt;
     }
-    return SavedSetting{{name, std::find(std::begin(name), std::end(name), u'\0')},
-                        skipDialog != 0};
+    return SavedSetting{{name, std::ranges::find(name, u'\0')}, skipDialog != 0};
 }
 
 // The items are to be gathered in a submenu, if there are several.
@@ -57,7 +56,7 @@ bool UseSubmenu() {
 // Cut to what the field holds beside its terminator.
 void PutText(char16 (&field)[128], std::u16string_view text) {
     const std::u16string_view cut = text.substr(0, std::size(field) - 1);
-    *std::copy(cut.begin(), cut.end(), field) = u'\0';
+    *std::ranges::copy(cut, field).out = u'\0';
 }
 
 void Describe(MenuItemDescriptor& out, std::u16string_view text, std::u16string_view description,

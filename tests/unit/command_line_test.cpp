@@ -73,7 +73,7 @@ std::string RefusalOf(const std::string& line) {
     std::string text = testing::internal::GetCapturedStderr();
     EXPECT_TRUE(std::holds_alternative<ExitCode>(parsed) && std::get<ExitCode>(parsed) == kUsage);
     EXPECT_TRUE(text.starts_with("plyweld: ")) << text;
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1) << text;
+    EXPECT_EQ(std::ranges::count(text, '\n'), 1) << text;
     return text;
 }
 

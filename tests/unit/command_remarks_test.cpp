@@ -183,7 +183,7 @@ TEST_F(CommandRun, ReportNamesNotesAsWritten) {
         << errors;
     const auto report = nlohmann::json::parse(output);
     std::vector<std::string> pitches = report["measures"][0]["stayed"][0]["pitches"];
-    std::sort(pitches.begin(), pitches.end());
+    std::ranges::sort(pitches);
     EXPECT_EQ(pitches, (std::vector<std::string>{"Bbb3", "C(0.5)4", "unpitched", "unpitched E4"}));
 }
 

@@ -51,7 +51,7 @@ TEST_F(CommandRun, WhatBecameAChordIsALossOnlyToAPlainComparison) {
     EXPECT_NE(output.find("(--details shows all)"), output.npos) << output;
     EXPECT_EQ(output.find('<'), output.npos) << "words, not markup: " << output;
     EXPECT_EQ(Run({"compare", kCarol, merged, "--details"}), kFailed);
-    const auto lines = std::count(output.begin(), output.end(), '\n');
+    const auto lines = std::ranges::count(output, '\n');
     EXPECT_EQ(Run({"compare", kCarol, merged, "--json"}), kFailed);
     const auto json = nlohmann::json::parse(output);
     EXPECT_EQ(json["differences"].size(), static_cast<std::size_t>(lines));
@@ -373,7 +373,7 @@ TEST_F(CommandRun, DamagedFileIsRefusedInOneLine) {
     };
     for (const auto& [input, says] : cases) {
         EXPECT_EQ(Run({"merge", input, "-o", File("out.xml")}), kUnreadable);
-        EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << errors;
+        EXPECT_EQ(std::ranges::count(errors, '\n'), 1) << errors;
         EXPECT_EQ(errors.substr(0, input.size() + 10), "plyweld: " + input + ":");
         EXPECT_NE(errors.find(says), std::string::npos) << errors;
         EXPECT_FALSE(fs::exists(File("out.xml")));

@@ -38,8 +38,7 @@ TEST(HostFaults, RefuseNthCall) {
         App().faults = plan;
         EXPECT_EQ(Succeeding(), results);
         EXPECT_EQ(App().calls.Of(HostCall::kSlotToInst), 3U);
-        EXPECT_EQ(App().calls.refusedByPlan,
-                  static_cast<u64>(std::count(results.begin(), results.end(), '0')));
+        EXPECT_EQ(App().calls.refusedByPlan, static_cast<u64>(std::ranges::count(results, '0')));
     }
 }
 

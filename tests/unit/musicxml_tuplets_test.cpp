@@ -123,8 +123,8 @@ TEST_P(TupletOfFile, SurvivesRoundTrip) {
         EXPECT_EQ(times.substr(0, std::string{c.times}.size()), c.times);
     }
     const std::string written = BracketsIn(rebuilt);
-    EXPECT_EQ(std::count(written.begin(), written.end(), '['), c.brackets) << written;
-    EXPECT_EQ(std::count(written.begin(), written.end(), ']'), c.brackets) << written;
+    EXPECT_EQ(std::ranges::count(written, '['), c.brackets) << written;
+    EXPECT_EQ(std::ranges::count(written, ']'), c.brackets) << written;
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, TupletOfFile, testing::ValuesIn(kTuplets), kByName);

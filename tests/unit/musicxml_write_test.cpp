@@ -126,7 +126,7 @@ TEST(Changed, VoiceOfHiddenRestsIsOmitted) {
     EXENTRY& rest = entries.at(0);
     rest.flags = EntryFlag::kMadeRest | EntryFlag::kNoNotes | EntryFlag::kIgnore;
     rest.noteCount = 0;
-    std::fill(std::begin(rest.notes), std::end(rest.notes), EXNOTE{});
+    std::ranges::fill(rest.notes, EXNOTE{});
     score->document->PutFrame({1, 1, 1}, entries);
     const std::string written = WriteScore(*score);
     EXPECT_EQ(Count(written, "<voice>2</voice>"), 0);

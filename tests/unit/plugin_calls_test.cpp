@@ -63,9 +63,7 @@ void ExpectFewCalls(const std::string& destination, const std::string& source,
     EXPECT_TRUE(App().alerts.empty());
     for (std::size_t i = 0; i < kHostCallCount; ++i) {
         const auto call = static_cast<HostCall>(i);
-        const auto* const row =
-            std::find_if(std::begin(kAllowed), std::end(kAllowed),
-                         [call](const Allowance& each) { return each.call == call; });
+        const auto* const row = std::ranges::find(kAllowed, call, &Allowance::call);
         const std::size_t most =
             row == std::end(kAllowed) ? 0 : row->once + row->*column * kCallStaves * kCallMeasures;
         EXPECT_LE(App().calls.Of(call), most) << NameOf(call);

@@ -56,7 +56,7 @@ TEST(Region, InStaffLists) {
         host.Score().selection = selection;
         Plugin{}.Merge(host);
         for (i16 slot = 1; slot <= 3; ++slot) {
-            const bool merged = std::count(mergedSlots.begin(), mergedSlots.end(), slot) != 0;
+            const bool merged = std::ranges::count(mergedSlots, slot) != 0;
             EXPECT_EQ(host.Layer(slot, 1, 0), merged ? "w:c4,e4" : "w:c4") << slot;
         }
     }

@@ -22,7 +22,7 @@ inline std::string Sorted(const std::string& lines) {
     for (std::size_t at = 0; at < lines.size(); at = lines.find('\n', at) + 1) {
         all.push_back(lines.substr(at, lines.find('\n', at) + 1 - at));
     }
-    std::sort(all.begin(), all.end());
+    std::ranges::sort(all);
     std::string sorted;
     for (const std::string& line : all) {
         sorted += line;

@@ -28,7 +28,7 @@ std::vector<std::string> FactLines(const Document& document, FactsToTell what) {
         }
         lines.push_back(line);
     }
-    std::sort(lines.begin(), lines.end());
+    std::ranges::sort(lines);
     return lines;
 }
 
@@ -78,8 +78,8 @@ WrittenScore OneLayerOf(WrittenScore score) {
 
 // A rest that launches a second voice is not replaced, so its music stays where it went.
 bool HasSecondVoices(const WrittenScore& score) {
-    return std::any_of(score.frames.begin(), score.frames.end(), [](const auto& frame) {
-        return std::count(frame.words.begin(), frame.words.end(), "v2{") != 0;
+    return std::ranges::any_of(score.frames, [](const auto& frame) {
+        return std::ranges::count(frame.words, "v2{") != 0;
     });
 }
 

@@ -22,7 +22,7 @@ std::vector<i16> LoadGroups(u32 tag, u16 item) {
         if (record.Load() == 0) {
             break;
         }
-        const auto* const end = std::find(std::begin(record.groups), std::end(record.groups), 0);
+        const auto* const end = std::ranges::find(record.groups, 0);
         values.insert(values.end(), std::cbegin(record.groups), end);
         if (end != std::end(record.groups)) {
             break;

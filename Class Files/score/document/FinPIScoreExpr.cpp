@@ -37,7 +37,7 @@ std::optional<i16> PlacementOf(const MyExpressionAssign& expression) {
 i16 FinPIScoreExpr::LoadCachedItems() {
     hasPosition = 0;
     belongsToEntry = 0;
-    std::fill(std::begin(cached28), std::end(cached28), u8{0});
+    std::ranges::fill(cached28, u8{0});
     const DocumentScope document{m_docID};
     const std::optional<i16> placement = document ? PlacementOf(*this) : std::nullopt;
     if (!placement) {

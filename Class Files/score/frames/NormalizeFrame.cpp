@@ -13,8 +13,8 @@ bool IsPlaceholder(const EXENTRY& entry, const EXNOTE& note) {
 }
 
 bool IsUniqueID(std::span<const EXNOTE> notes, u16 noteID) {
-    return std::count_if(notes.begin(), notes.end(),
-                         [noteID](const EXNOTE& note) { return note.noteID == noteID; }) == 1;
+    return std::ranges::count_if(
+               notes, [noteID](const EXNOTE& note) { return note.noteID == noteID; }) == 1;
 }
 
 u16 LowestFreeID(std::span<const EXNOTE> notes) {

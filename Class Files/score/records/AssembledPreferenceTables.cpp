@@ -69,7 +69,6 @@ constexpr TaggedTable kTables[] = {
 }  // namespace
 
 const PreferenceTable* FindPreferenceTable(u32 tag) noexcept {
-    const auto* found = std::find_if(std::begin(kTables), std::end(kTables),
-                                     [tag](const TaggedTable& row) { return row.tag == tag; });
+    const auto* found = std::ranges::find(kTables, tag, &TaggedTable::tag);
     return found == std::end(kTables) ? nullptr : &found->table;
 }

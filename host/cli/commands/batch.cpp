@@ -80,8 +80,7 @@ std::string AddMatches(const fs::path& pattern, std::vector<FoundScore>& scores)
     if (all.empty()) {
         return Say(Text::kNoneLikeThis, {TextOf(pattern)});
     }
-    std::sort(all.begin(), all.end(),
-              [](const FoundScore& a, const FoundScore& b) { return a.file < b.file; });
+    std::ranges::sort(all, {}, &FoundScore::file);
     scores.insert(scores.end(), all.begin(), all.end());
     return {};
 }
@@ -92,8 +91,7 @@ std::string AddInput(const std::string& input, bool recursive, std::vector<Found
     if (fs::is_directory(path, failed)) {
         std::vector<FoundScore> inFolder;
         AddScores(path, recursive, path, inFolder);
-        std::sort(inFolder.begin(), inFolder.end(),
-                  [](const FoundScore& a, const FoundScore& b) { return a.relative < b.relative; });
+        std::ranges::sort(inFolder, {}, &FoundScore::relative);
         scores.insert(scores.end(), inFolder.begin(), inFolder.end());
         return inFolder.empty() ? Say(Text::kNoScores, {input}) : std::string{};
     }

@@ -229,7 +229,7 @@ private:
                                  {std::to_string(done), std::to_string(m_items.size())}, m_totals)
                       << '\n';
         }
-        std::sort(m_failed.begin(), m_failed.end());
+        std::ranges::sort(m_failed);
         for (const std::string& name : m_failed) {
             Complain(Say(Text::kFailedLine, {name}));
         }

@@ -48,7 +48,7 @@ std::vector<std::string> PluginFiles() {
             files.push_back(TextOf(entry.path()));
         }
     }
-    std::sort(files.begin(), files.end());
+    std::ranges::sort(files);
     files.insert(files.begin(), TextOf(first));
     return files;
 }

@@ -119,7 +119,7 @@ std::string TextOf(const fs::path& path) {
 
 std::string LowerCaseExtension(const std::string& name) {
     std::string extension = TextOf(PathOf(name).extension());
-    std::transform(extension.begin(), extension.end(), extension.begin(), [](char c) {
+    std::ranges::transform(extension, extension.begin(), [](char c) {
         return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
     });
     return extension;

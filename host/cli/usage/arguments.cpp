@@ -104,7 +104,7 @@ std::string TakeValues(const CLI::App& app, std::span<const OptionRow> rows, Arg
 // After "--" every word names a file. A folder before the name keeps it from being read as an
 // option.
 void EndOptions(std::vector<std::string>& words) {
-    const auto mark = std::find(words.begin(), words.end(), "--");
+    const auto mark = std::ranges::find(words, "--");
     if (mark == words.end()) {
         return;
     }
@@ -152,7 +152,7 @@ Arguments TakeApart(std::vector<std::string> words) {
     Arguments arguments;
     EndOptions(words);
     try {
-        std::reverse(words.begin(), words.end());  // as CLI11 wants them
+        std::ranges::reverse(words);  // as CLI11 wants them
         app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
         arguments.problem = error.what();

@@ -31,7 +31,7 @@ std::string Heading(Text text) {
 // The width of the text in columns: continuation bytes of UTF-8 do not count.
 std::size_t Columns(std::string_view text) {
     return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return (c & 0xC0) != 0x80; }));
+        std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
 // The term and, in a second column, the explanation, broken between words.

@@ -54,7 +54,7 @@ std::string OptionParagraph(const OptionRow& row) {
 
 std::string InCapitals(std::string_view text) {
     std::string capitals{text};
-    std::transform(capitals.begin(), capitals.end(), capitals.begin(), [](unsigned char c) {
+    std::ranges::transform(capitals, capitals.begin(), [](unsigned char c) {
         return static_cast<char>(c < 0x80 ? std::toupper(c) : c);
     });
     return capitals;

@@ -100,8 +100,7 @@ std::span<const CommandRow> Commands() {
 }
 
 const CommandRow* FindCommand(std::string_view name) {
-    const auto found = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                    [name](const CommandRow& row) { return row.name == name; });
+    const auto found = std::ranges::find(kCommands, name, &CommandRow::name);
     return found == std::end(kCommands) ? nullptr : found;
 }
 

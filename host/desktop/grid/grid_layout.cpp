@@ -62,7 +62,7 @@ std::optional<GridPoint> GridLayout::Nearest(int x, int y) const {
     GridPoint point;
     point.slot = std::clamp((y - kNumberHeight) / kRowHeight + 1, 1, m_staves);
     const int within = std::clamp(x, kNameWidth, m_edges.back() - 1);
-    const auto edge = std::upper_bound(m_edges.begin(), m_edges.end(), within);
+    const auto edge = std::ranges::upper_bound(m_edges, within);
     point.measure = static_cast<int>(edge - m_edges.begin());
     const int left = *(edge - 1);
     const i32 duration = m_measures[static_cast<std::size_t>(point.measure) - 1].duration;

@@ -20,7 +20,7 @@ FrameEffect EffectOf(const Journal& edit, const Document& document) {
             EffectOn(before.entries, now == nullptr ? std::vector<EXENTRY>{} : now->entries);
     }
     const auto received = [](const auto& layer) { return layer.second.notesMoved > 0; };
-    const bool anyReceived = std::any_of(byLayer.begin(), byLayer.end(), received);
+    const bool anyReceived = std::ranges::any_of(byLayer, received);
     FrameEffect total;
     for (const auto& layer : byLayer) {
         total += !anyReceived || received(layer) ? layer.second : FrameEffect{};

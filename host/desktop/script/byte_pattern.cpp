@@ -36,7 +36,7 @@ bool TakeGroup(std::string_view& pattern, std::string& digits) {
             return false;
         }
     }
-    const bool readable = once.size() % 2 == 0 && std::all_of(once.begin(), once.end(), [](char c) {
+    const bool readable = once.size() % 2 == 0 && std::ranges::all_of(once, [](char c) {
                               return c == kAny || kDigits.find(c) != std::string_view::npos;
                           });
     for (int i = 0; i < times; ++i) {
@@ -84,8 +84,8 @@ std::optional<std::vector<unsigned char>> BytesOf(std::string_view pattern) {
 bool Matches(std::string_view pattern, const std::vector<unsigned char>& bytes) {
     const auto expected = DigitsOf(pattern);
     const std::string digits = DigitsOf(bytes);
-    return expected && std::equal(expected->begin(), expected->end(), digits.begin(), digits.end(),
-                                  [](char a, char b) { return a == kAny || a == b; });
+    return expected && std::ranges::equal(*expected, digits,
+                                          [](char a, char b) { return a == kAny || a == b; });
 }
 
 }  // namespace standin::desktop

@@ -204,7 +204,7 @@ std::string Choose(ScriptScene& scene, Words words) {
     }
     HWND control = scene.Control(words[0]);
     const std::vector<std::wstring> items = ItemsOf(control);
-    const auto item = std::find(items.begin(), items.end(), WideFromUtf8(words[1]));
+    const auto item = std::ranges::find(items, WideFromUtf8(words[1]));
     if (item == items.end()) {
         PressKeys(scene.window.Window(), {VK_ESCAPE, {}});
         return "the list has no such item";
@@ -362,8 +362,7 @@ std::string TakeStep(ScriptScene& scene, const std::vector<std::string>& words) 
     if (words[0] == "forget" || words[0] == "setting") {
         return Done(PrepareSetting(words), "the setting was not written");
     }
-    const auto* found = std::find_if(std::begin(kSteps), std::end(kSteps),
-                                     [&](const Step& known) { return known.name == words[0]; });
+    const auto* found = std::ranges::find(kSteps, words[0], &Step::name);
     if (found == std::end(kSteps) || words.size() < found->words + 1) {
         return "not a command, or words are missing";
     }

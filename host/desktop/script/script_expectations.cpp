@@ -63,7 +63,7 @@ std::string Message(ScriptScene& scene, Words words) {
     std::vector<std::wstring> texts;
     ForEachInside(FrontDialog(scene.window.Window()),
                   [&texts](HWND child) { texts.push_back(TextOf(child)); });
-    const bool found = std::find(texts.begin(), texts.end(), WideFromUtf8(words[0])) != texts.end();
+    const bool found = std::ranges::find(texts, WideFromUtf8(words[0])) != texts.end();
     return found ? std::string{} : "found " + Join(texts);
 }
 
@@ -284,9 +284,9 @@ constexpr Expectation kExpectations[] = {
 }  // namespace
 
 std::string CheckExpectation(ScriptScene& scene, const std::vector<std::string>& words) {
-    const auto* found = std::find_if(
-        std::begin(kExpectations), std::end(kExpectations),
-        [&](const Expectation& known) { return !words.empty() && known.name == words[0]; });
+    const auto* found = std::ranges::find_if(kExpectations, [&](const Expectation& known) {
+        return !words.empty() && known.name == words[0];
+    });
     if (found == std::end(kExpectations) || words.size() < found->words + 1) {
         return "not an expectation, or words are missing";
     }

@@ -35,8 +35,7 @@ std::optional<WORD> KeyNamed(std::string_view name) {
         const bool isPlain = (letter >= 'A' && letter <= 'Z') || (letter >= '0' && letter <= '9');
         return isPlain ? std::optional<WORD>{static_cast<WORD>(letter)} : std::nullopt;
     }
-    const auto* found = std::find_if(std::begin(kKeys), std::end(kKeys),
-                                     [name](const KeyName& key) { return key.name == name; });
+    const auto* found = std::ranges::find(kKeys, name, &KeyName::name);
     return found == std::end(kKeys) ? std::nullopt : std::optional<WORD>{found->key};
 }
 
@@ -111,8 +110,7 @@ public:
 
 private:
     bool AreDown() const {
-        return std::all_of(m_keys.begin(), m_keys.end(),
-                           [](WORD key) { return GetAsyncKeyState(key) < 0; });
+        return std::ranges::all_of(m_keys, [](WORD key) { return GetAsyncKeyState(key) < 0; });
     }
 
     HWND m_mainWindow;

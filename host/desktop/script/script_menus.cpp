@@ -44,7 +44,7 @@ POINT MiddleOf(const RECT& rect) {
 
 bool ShowsMenu(HWND mainWindow) {
     const auto windows = VisibleWindows(mainWindow);
-    return std::any_of(windows.begin(), windows.end(), [](HWND window) {
+    return std::ranges::any_of(windows, [](HWND window) {
         std::array<wchar_t, 16> name{};
         GetClassNameW(window, name.data(), static_cast<int>(name.size()));
         return lstrcmpW(name.data(), L"#32768") == 0;

@@ -89,9 +89,8 @@ void PlayLines(ScriptScene& scene, Lines lines, int* failures) {
             goOn = PlayLine(scene, line, false, failures);
             continue;
         }
-        const auto end = std::find_if(lines.begin(), lines.end(), [](const ScriptLine& later) {
-            return later.words[0] == "again";
-        });
+        const auto end = std::ranges::find_if(
+            lines, [](const ScriptLine& later) { return later.words[0] == "again"; });
         const auto count = static_cast<std::size_t>(end - lines.begin());
         goOn = PlayRepeatedly(scene, line, lines.first(count), failures);
         lines = lines.subspan(std::min(count + 1, lines.size()));

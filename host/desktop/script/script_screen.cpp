@@ -36,18 +36,17 @@ HWND FrontDialog(HWND mainWindow) {
         return window != mainWindow && IsWindowEnabled(window) != 0 &&
                !HasClass(window, L"#32768") && !HasClass(window, L"ComboLBox");
     };
-    if (std::find(windows.begin(), windows.end(), active) != windows.end() && takesInput(active)) {
+    if (std::ranges::find(windows, active) != windows.end() && takesInput(active)) {
         return active;
     }
-    const auto found = std::find_if(windows.begin(), windows.end(), takesInput);
+    const auto found = std::ranges::find_if(windows, takesInput);
     return found == windows.end() ? nullptr : *found;
 }
 
 HWND DialogTitled(HWND mainWindow, const std::wstring& title) {
     const std::vector<HWND> windows = VisibleWindows(mainWindow);
-    const auto found = std::find_if(windows.begin(), windows.end(), [&](HWND window) {
-        return window != mainWindow && TextOf(window) == title;
-    });
+    const auto found = std::ranges::find_if(
+        windows, [&](HWND window) { return window != mainWindow && TextOf(window) == title; });
     return found == windows.end() ? nullptr : *found;
 }
 

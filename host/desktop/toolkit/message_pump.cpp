@@ -32,17 +32,16 @@ void MessagePump::Dispatch(MSG& message) {
     const std::vector<HWND> dialogs = m_dialogs;
     const bool forMainWindow =
         message.hwnd == m_acceleratorWindow || IsChild(m_acceleratorWindow, message.hwnd) != 0;
-    const bool forDialog =
-        !forMainWindow && std::any_of(dialogs.begin(), dialogs.end(), [&message](HWND dialog) {
-            return IsChild(dialog, message.hwnd) != 0;
-        });
-    const bool taken =
-        (forDialog && IsShortcut(message) && TakeAccelerator(message)) ||
-        std::any_of(dialogs.begin(), dialogs.end(),
-                    [&message](HWND dialog) {
-                        return IsWindow(dialog) != 0 && IsDialogMessageW(dialog, &message) != 0;
-                    }) ||
-        (forMainWindow && TakeAccelerator(message));
+    const bool forDialog = !forMainWindow && std::ranges::any_of(dialogs, [&message](HWND dialog) {
+        return IsChild(dialog, message.hwnd) != 0;
+    });
+    const bool taken = (forDialog && IsShortcut(message) && TakeAccelerator(message)) ||
+                       std::ranges::any_of(dialogs,
+                                           [&message](HWND dialog) {
+                                               return IsWindow(dialog) != 0 &&
+                                                      IsDialogMessageW(dialog, &message) != 0;
+                                           }) ||
+                       (forMainWindow && TakeAccelerator(message));
     if (!taken) {
         TranslateMessage(&message);
         DispatchMessageW(&message);

@@ -170,7 +170,7 @@ void MainWindow::KeepDialogsInFront() const {
     HWND below = GetWindow(m_window, GW_HWNDNEXT);
     while (below != nullptr) {
         HWND next = GetWindow(below, GW_HWNDNEXT);
-        if (std::find(dialogs.begin(), dialogs.end(), below) != dialogs.end()) {
+        if (std::ranges::find(dialogs, below) != dialogs.end()) {
             SetWindowPos(below, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
         }
         below = next;

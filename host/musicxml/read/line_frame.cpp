@@ -93,7 +93,7 @@ void LineFrame::OpenGroupsOf(const EntryDraft& main, const EntryDraft& draft) {
     std::vector<const TupletGroup*> groups;
     for (const TupletGroup* group = main.tuplet; group != nullptr; group = group->outer) {
         const bool hasBegun = !draft.Grace() || group->start < draft.start;
-        if (hasBegun && std::find(m_open.begin(), m_open.end(), group) == m_open.end()) {
+        if (hasBegun && std::ranges::find(m_open, group) == m_open.end()) {
             groups.push_back(group);
         }
     }

@@ -15,7 +15,7 @@ void MeasureLayers::Begin(u16 measure) {
 }
 
 EntryDraft& MeasureLayers::Add(int staff, std::string_view name) {
-    auto voice = std::find_if(m_voices.begin(), m_voices.end(), [&](const Voice& candidate) {
+    auto voice = std::ranges::find_if(m_voices, [&](const Voice& candidate) {
         return candidate.staff == staff && candidate.name == name;
     });
     if (voice == m_voices.end()) {
@@ -44,7 +44,7 @@ void MeasureLayers::SplitIntoLines(Voice& voice) {
     const auto byStart = [](const EntryDraft* a, const EntryDraft* b) {
         return a->start < b->start;
     };
-    std::stable_sort(voice.entries.begin(), voice.entries.end(), byStart);
+    std::ranges::stable_sort(voice.entries, byStart);
     std::vector<EntryDraft*> graces;
     const auto lineFor = [&voice](Rational start) -> Line& {
         for (Line& line : voice.lines) {
@@ -96,10 +96,10 @@ bool ShareTime(const std::vector<EntryDraft*>& a, const std::vector<EntryDraft*>
     for (const EntryDraft* entry : b) {
         all.emplace_back(entry, false);
     }
-    std::stable_sort(all.begin(), all.end(), [](const Owned& left, const Owned& right) {
+    std::ranges::stable_sort(all, [](const Owned& left, const Owned& right) {
         return left.first->start < right.first->start;
     });
-    return std::adjacent_find(all.begin(), all.end(), [](const Owned& left, const Owned& right) {
+    return std::ranges::adjacent_find(all, [](const Owned& left, const Owned& right) {
                return left.second != right.second && ShareTime(*left.first, *right.first);
            }) != all.end();
 }
@@ -154,7 +154,7 @@ bool MeasureLayers::ShareLayer(Voice& voice) {
                !host.isGuest && !m_own[static_cast<std::size_t>(host.layer)] &&
                host.lines.size() == 1 && !ShareTime(host.entries, voice.entries);
     };
-    const auto host = std::find_if(m_voices.begin(), m_voices.end(), takesIn);
+    const auto host = std::ranges::find_if(m_voices, takesIn);
     if (host == m_voices.end() || voice.lines.size() > 1) {
         return false;
     }
@@ -178,9 +178,9 @@ Problem MeasureLayers::ChooseLayers(int staff) {
         if (voice.staff != staff) {
             continue;
         }
-        auto layer = std::find(names.names.begin(), names.names.end(), voice.name);
+        auto layer = std::ranges::find(names.names, voice.name);
         if (layer == names.names.end()) {
-            layer = std::find(names.names.begin(), names.names.end(), "");
+            layer = std::ranges::find(names.names, "");
             if (layer == names.names.end()) {
                 continue;
             }

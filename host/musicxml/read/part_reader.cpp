@@ -65,8 +65,7 @@ Problem PartReader::Read(pugi::xml_node part) {
 
 // Messages name a measure by its number in the file, which may differ from its position.
 void PartReader::NameMeasure(std::string_view number) {
-    const bool isPlain =
-        std::all_of(number.begin(), number.end(), [](char c) { return c > ' ' && c < '\x7f'; });
+    const bool isPlain = std::ranges::all_of(number, [](char c) { return c > ' ' && c < '\x7f'; });
     if (isPlain && !number.empty() && number != std::to_string(m_measure)) {
         m_document.SetMeasureNumberText(m_measure, {number.begin(), number.end()});
     }
@@ -430,9 +429,9 @@ bool PartReader::StoreDirection(const VoicedDirection& direction) {
     place.graceIndex = direction.beforeGrace ? i16{1} : i16{0};
     const Frame* frame = m_document.FindFrame({place.staff, m_measure, place.layer});
     if (frame != nullptr) {
-        place.atEntry =
-            std::any_of(frame->entries.begin(), frame->entries.end(),
-                        [&](const EXENTRY& entry) { return entry.elapsedTime == place.position; });
+        place.atEntry = std::ranges::any_of(frame->entries, [&](const EXENTRY& entry) {
+            return entry.elapsedTime == place.position;
+        });
     }
     const FragmentId text = m_score.fragments.Intern(TextOf(m_score.text, direction.node));
     return AddExpression(m_score, place, text, direction.item);

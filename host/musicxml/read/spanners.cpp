@@ -54,7 +54,7 @@ u32 Spanners::Add(const SpannerEnding& ending) {
 // Voices are written one after the other, so a stop may come before its start in the text, but
 // never in time.
 u32 Spanners::Start(const SpannerEnding& start) {
-    const auto stop = std::find_if(m_stops.begin(), m_stops.end(), [&](const Open& candidate) {
+    const auto stop = std::ranges::find_if(m_stops, [&](const Open& candidate) {
         return BelongTogether(candidate.ending, start) && !AreAtOneEntry(candidate.ending, start) &&
                candidate.ending.position >= start.position;
     });

@@ -79,15 +79,14 @@ bool Express(TupletGroup& group, Rational outside) {
     const auto fits = [&](Rational start) {
         return ((start - group.start) * ratio).IsWholeUnits();
     };
-    const bool isOneRatio =
-        std::all_of(group.entries.begin(), group.entries.end(), [&](const EntryDraft* entry) {
-            return entry->tuplet != &group || (RatioOf(*entry) == ratio && fits(entry->start));
-        });
+    const bool isOneRatio = std::ranges::all_of(group.entries, [&](const EntryDraft* entry) {
+        return entry->tuplet != &group || (RatioOf(*entry) == ratio && fits(entry->start));
+    });
     const Rational span = group.end - group.start;
     const auto symbolic = SpanInUnits(span * ratio);
     const auto reference = SpanInUnits(span * outside);
     if (!isOneRatio || !IsSaneRatio(ratio / outside) || !symbolic || !reference ||
-        !std::all_of(group.inner.begin(), group.inner.end(), [&](TupletGroup* inner) {
+        !std::ranges::all_of(group.inner, [&](TupletGroup* inner) {
             return fits(inner->start) && Express(*inner, ratio);
         })) {
         return false;
@@ -265,7 +264,7 @@ void TupletGroups::KeepOpenBrackets(const Voice& voice, std::vector<BracketEnd>&
                                     std::vector<BracketPair>& pairs) {
     // Some programs write the stop of a tuplet of one note before its start.
     for (BracketEnd& stop : stops) {
-        const auto start = std::find_if(open.begin(), open.end(), [&](const BracketEnd& other) {
+        const auto start = std::ranges::find_if(open, [&](const BracketEnd& other) {
             return other.measure == measure && other.entry == stop.entry &&
                    other.number == stop.number;
         });
@@ -311,7 +310,7 @@ TupletGroup& TupletGroups::NewGroup(Voice entries, TupletGroup* outer) {
 }
 
 void TupletGroups::GroupBrackets(const Voice& voice, std::vector<BracketPair> pairs) {
-    std::sort(pairs.begin(), pairs.end(), [](const BracketPair& a, const BracketPair& b) {
+    std::ranges::sort(pairs, [](const BracketPair& a, const BracketPair& b) {
         return std::tuple{a.start.entry, b.stop.entry, a.start.bracket} <
                std::tuple{b.start.entry, a.stop.entry, b.start.bracket};
     });

@@ -49,9 +49,7 @@ Voices VoicesOf(const ImportedScore& score, const ScorePart& part, u16 measure) 
         }
     }
     for (auto& [name, entries] : voices) {
-        std::stable_sort(
-            entries.begin(), entries.end(),
-            [](const ImportedEntry& a, const ImportedEntry& b) { return a.time < b.time; });
+        std::ranges::stable_sort(entries, std::less{}, &ImportedEntry::time);
     }
     return voices;
 }

@@ -49,9 +49,7 @@ std::string WithVoice(std::string text, std::string_view voice) {
 
 std::string WithNewNumbers(std::string_view text, std::size_t begin, std::size_t end,
                            const PartLines& lines, const LineNumbers& numbers) {
-    auto at = std::lower_bound(
-        lines.ends.begin(), lines.ends.end(), begin,
-        [](const LineEnd& lineEnd, std::size_t offset) { return lineEnd.offset < offset; });
+    auto at = std::ranges::lower_bound(lines.ends, begin, {}, &LineEnd::offset);
     std::string result;
     for (; at != lines.ends.end() && at->offset < end; ++at) {
         if (const auto number = numbers.NewOf(at->line)) {

@@ -20,7 +20,7 @@ bool ShareANote(const EXENTRY& a, const EXENTRY& b) {
 bool WasIn(const ReadTuplet& tuplet, const PlannedEvent& event) {
     const EXENTRY& entry = *event.time.entry;
     return tuplet.staff == event.staff &&
-           std::any_of(tuplet.entries.begin(), tuplet.entries.end(), [&](const TimedEntry& read) {
+           std::ranges::any_of(tuplet.entries, [&](const TimedEntry& read) {
                return read.start == event.time.start && ShareANote(*read.entry, entry) &&
                       (event.cameIn || read.entry->entryNumber == entry.entryNumber);
            });
@@ -41,14 +41,13 @@ void KeepBracketsOfNotes(const ImportedScore& score, const ScorePart& part, u16 
         }
         const auto first = events.begin() + static_cast<std::ptrdiff_t>(tuplet.first);
         const auto end = events.begin() + static_cast<std::ptrdiff_t>(tuplet.last) + 1;
-        const auto bracketed =
-            std::find_if(read.begin(), read.end(), [&](const ReadTuplet& candidate) {
-                return candidate.start == (*first)->time.start &&
-                       candidate.end == (*std::prev(end))->End() &&
-                       std::any_of(first, end, [&candidate](const PlannedEvent* event) {
-                           return WasIn(candidate, *event);
-                       });
-            });
+        const auto bracketed = std::ranges::find_if(read, [&](const ReadTuplet& candidate) {
+            return candidate.start == (*first)->time.start &&
+                   candidate.end == (*std::prev(end))->End() &&
+                   std::any_of(first, end, [&candidate](const PlannedEvent* event) {
+                       return WasIn(candidate, *event);
+                   });
+        });
         if (bracketed != read.end()) {
             tuplet.text = bracketed->text;
         }

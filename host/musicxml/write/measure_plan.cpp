@@ -96,10 +96,8 @@ private:
              at != expressions.end() && at->first.OtherItem() == m_measure; ++at) {
             const auto expression = FromBytes<MyExpressionAssign>(at->second);
             const u16 layer = expression.layer & ExpressionLayer::kLayerMask;
-            const auto staff =
-                std::find_if(m_part.staves.begin(), m_part.staves.end(), [&](const auto& voices) {
-                    return voices.staff == static_cast<u16>(expression.staff);
-                });
+            const auto staff = std::ranges::find(m_part.staves, static_cast<u16>(expression.staff),
+                                                 &StaffVoices::staff);
             if (staff == m_part.staves.end() || layer == 0) {
                 continue;
             }
@@ -149,10 +147,9 @@ private:
         Draft* found = nullptr;
         for (Draft& draft : m_drafts) {
             const bool isThere =
-                std::any_of(draft.stream.events.begin(), draft.stream.events.end(),
-                            [&place](const PlannedEvent& event) {
-                                return event.staff == place.staff && event.layer == place.layer;
-                            });
+                std::ranges::any_of(draft.stream.events, [&place](const PlannedEvent& event) {
+                    return event.staff == place.staff && event.layer == place.layer;
+                });
             const bool isOwn = draft.stream.voice == name || draft.readAs == name;
             found = isThere && (found == nullptr || isOwn) ? &draft : found;
         }
@@ -247,9 +244,7 @@ private:
             if (i + 1 == draft.slots.size()) {
                 items.insert(items.begin(), draft.behind.begin(), draft.behind.end());
             }
-            std::stable_sort(
-                items.begin(), items.end(),
-                [](const PlannedStep& a, const PlannedStep& b) { return a.time < b.time; });
+            std::ranges::stable_sort(items, std::less{}, &PlannedStep::time);
             steps.insert(steps.end(), items.begin(), items.end());
             if (i < draft.stream.events.size()) {
                 const PlannedEvent& event = draft.stream.events[i];
@@ -266,8 +261,7 @@ private:
             LaySteps(block);
             m_drafts.push_back(std::move(block));
         }
-        std::stable_sort(m_drafts.begin(), m_drafts.end(),
-                         [](const Draft& a, const Draft& b) { return a.rank < b.rank; });
+        std::ranges::stable_sort(m_drafts, {}, &Draft::rank);
         AddItems(m_head);
         for (const std::size_t index : OrderOfDrafts()) {
             m_plan.streams.push_back(std::move(m_drafts[index].stream));
@@ -407,8 +401,8 @@ private:
 }  // namespace
 
 bool MeasurePlan::HasNotes() const noexcept {
-    return std::any_of(streams.begin(), streams.end(),
-                       [](const PlannedStream& stream) { return !stream.events.empty(); });
+    return std::ranges::any_of(streams,
+                               [](const PlannedStream& stream) { return !stream.events.empty(); });
 }
 
 MeasurePlan PlanMeasure(const ImportedScore& score, const ScorePart& part, std::size_t measure) {

@@ -102,10 +102,10 @@ void MeasureWriter::WriteEvent(const PlannedEvent& event, std::string_view voice
     if (WriteCarried(event)) {
         return;
     }
-    const bool namesVoice =
-        m_part.namesVoices ||
-        std::count_if(m_plan->streams.begin(), m_plan->streams.end(),
-                      [](const PlannedStream& stream) { return !stream.events.empty(); }) > 1;
+    const bool namesVoice = m_part.namesVoices ||
+                            std::ranges::count_if(m_plan->streams, [](const PlannedStream& stream) {
+                                return !stream.events.empty();
+                            }) > 1;
     NoteContext context;
     context.fifths = m_fifths;
     context.voice = namesVoice ? voice : std::string_view{};
@@ -163,9 +163,7 @@ void MeasureWriter::WriteInParts(const PlannedEvent& rest, const std::vector<i16
 
 void MeasureWriter::WriteItem(const PlannedStep& step) {
     const MeasureItem& item = m_original.items[step.item];
-    const auto change =
-        std::find_if(m_plan->itemVoices.begin(), m_plan->itemVoices.end(),
-                     [&step](const ItemVoice& other) { return other.item == step.item; });
+    const auto change = std::ranges::find(m_plan->itemVoices, step.item, &ItemVoice::item);
     const std::string_view voice =
         change == m_plan->itemVoices.end() ? std::string_view{} : change->voice;
     m_out += m_indent + ItemText(m_score, m_part.lines, item, m_numbers, voice);

@@ -45,10 +45,9 @@ std::vector<std::size_t> OrderOfStreams(std::size_t count, std::vector<StreamLin
             if (!mayBeNext) {
                 continue;
             }
-            const auto waiting =
-                std::count_if(links.begin(), links.end(), [&](const StreamLink& link) {
-                    return link.second == stream && link.first != stream && !placed[link.first];
-                });
+            const auto waiting = std::ranges::count_if(links, [&](const StreamLink& link) {
+                return link.second == stream && link.first != stream && !placed[link.first];
+            });
             if (best == count || waiting < fewest) {
                 best = stream;
                 fewest = waiting;

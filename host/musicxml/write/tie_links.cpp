@@ -40,9 +40,7 @@ void AddNotes(const PlannedEvent& event, std::size_t stream, Meetings& meetings)
 // Those of one stream belong together.
 void DropPairsOfOneStream(Meeting& meeting) {
     std::erase_if(meeting.starts, [&meeting](const TiedNote& start) {
-        const auto stop = std::find_if(
-            meeting.stops.begin(), meeting.stops.end(),
-            [&start](const TiedNote& candidate) { return candidate.stream == start.stream; });
+        const auto stop = std::ranges::find(meeting.stops, start.stream, &TiedNote::stream);
         if (stop == meeting.stops.end()) {
             return false;
         }

@@ -95,7 +95,7 @@ std::vector<TimedEntry> TimedEntriesOf(const ImportedScore& score, const Frame& 
         result.length = finish - time;
         time = finish;
     }
-    if (std::any_of(timed.begin(), timed.end(), NeedsRatio)) {
+    if (std::ranges::any_of(timed, NeedsRatio)) {
         AddRatios(score, frame, voice2, timed);
     }
     return timed;

@@ -96,12 +96,11 @@ public:
     void Collect() {
         for (std::size_t i = 0; i < m_tuplets.size(); ++i) {
             const BracketTuplet& tuplet = m_tuplets[i];
-            const auto known =
-                std::find_if(m_brackets.begin(), m_brackets.end(), [&](const Bracket& bracket) {
-                    return std::any_of(
-                        bracket.tuplets.begin(), bracket.tuplets.end(),
-                        [&](const BracketTuplet* other) { return AreOne(*other, tuplet); });
+            const auto known = std::ranges::find_if(m_brackets, [&](const Bracket& bracket) {
+                return std::ranges::any_of(bracket.tuplets, [&](const BracketTuplet* other) {
+                    return AreOne(*other, tuplet);
                 });
+            });
             Bracket& bracket = known == m_brackets.end() ? m_brackets.emplace_back() : *known;
             if (bracket.id == 0) {
                 bracket.id = tuplet.text.bracket;
@@ -130,7 +129,7 @@ public:
                 kept.push_back(&bracket);
             }
         }
-        std::stable_sort(kept.begin(), kept.end(), [](const Bracket* a, const Bracket* b) {
+        std::ranges::stable_sort(kept, [](const Bracket* a, const Bracket* b) {
             return std::tie(a->depth, a->id) < std::tie(b->depth, b->id);
         });
         for (Bracket* bracket : kept) {
@@ -213,7 +212,7 @@ void AddBracketTuplets(const std::vector<EXENTRY>& entries, const RecordStore& r
         !indices.empty() && (entries[indices.front()].flags & EntryFlag::kVoice2) != 0;
     std::vector<int> added;  // by run; -1 = none of its entries has a place
     for (const TupletRun& run : TupletRunsOf(entries, voice2, records)) {
-        const auto first = std::lower_bound(indices.begin(), indices.end(), run.first);
+        const auto first = std::ranges::lower_bound(indices, run.first);
         const auto end = std::upper_bound(first, indices.end(), run.last);
         if (first == end) {
             added.push_back(-1);

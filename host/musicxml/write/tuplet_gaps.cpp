@@ -17,7 +17,7 @@ bool ShareTime(const BracketPlace& a, const BracketPlace& b) {
 // Whether the event is in a part of the tuplet, or in one that takes the same time.
 bool IsInPartOf(const TupletLine& line, std::size_t event, const BracketTuplet& tuplet,
                 const BracketPlace& span) {
-    return std::any_of(line.tuplets.begin(), line.tuplets.end(), [&](const BracketTuplet& own) {
+    return std::ranges::any_of(line.tuplets, [&](const BracketTuplet& own) {
         const bool isSame = own.text.bracket != 0 && own.text.bracket == tuplet.text.bracket;
         const bool isAsLong = line.events[own.first].place.start == span.start &&
                               line.events[own.last].place.end == span.end;
@@ -47,9 +47,9 @@ bool Cuts(const TupletLine& line, const BracketTuplet& tuplet,
 }
 
 bool CutsAny(const TupletLine& line, const TupletLine& other) {
-    return std::any_of(
-        other.tuplets.begin(), other.tuplets.end(),
-        [&](const BracketTuplet& tuplet) { return Cuts(line, tuplet, other.events); });
+    return std::ranges::any_of(other.tuplets, [&](const BracketTuplet& tuplet) {
+        return Cuts(line, tuplet, other.events);
+    });
 }
 
 }  // namespace
@@ -70,8 +70,7 @@ void WriteGapsOfTuplets(const std::vector<PlannedEvent*>& events,
         for (auto gap = first; gap != end; ++gap) {
             BracketPlace& place = (*gap)->place;
             place.isWritten =
-                place.isWritten ||
-                std::none_of(events.begin(), events.end(), [&](const PlannedEvent* other) {
+                place.isWritten || std::ranges::none_of(events, [&](const PlannedEvent* other) {
                     return isWritten(other) && ShareTime(other->place, place);
                 });
         }

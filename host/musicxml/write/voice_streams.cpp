@@ -35,8 +35,8 @@ struct Strand {
     std::vector<BracketTuplet> tuplets;
 
     bool IsFiller() const {
-        return std::all_of(events.begin(), events.end(),
-                           [](const PlannedEvent& event) { return event.isFiller; });
+        return std::ranges::all_of(events,
+                                   [](const PlannedEvent& event) { return event.isFiller; });
     }
 };
 
@@ -51,7 +51,7 @@ public:
     std::vector<VoiceStream> Build() {
         CollectStrands();
         DropFillerStrands();
-        std::stable_sort(m_strands.begin(), m_strands.end(), [](const Strand& a, const Strand& b) {
+        std::ranges::stable_sort(m_strands, [](const Strand& a, const Strand& b) {
             return a.layer < b.layer;  // a voice's own staff has it in the lower layer
         });
         for (Strand& strand : m_strands) {
@@ -64,9 +64,7 @@ public:
             SortByTime(stream);
         }
         std::erase_if(m_streams, [](const VoiceStream& stream) { return stream.events.empty(); });
-        std::stable_sort(
-            m_streams.begin(), m_streams.end(),
-            [](const VoiceStream& a, const VoiceStream& b) { return a.rank < b.rank; });
+        std::ranges::stable_sort(m_streams, {}, &VoiceStream::rank);
         return std::move(m_streams);
     }
 
@@ -103,8 +101,7 @@ private:
         for (const TimedEntry& timed : TimedEntriesOf(m_score, frame, voice2, m_original.grid)) {
             const std::string name =
                 VoiceName(m_part, m_measure, staff, key.layer, timed.entry->entryNumber);
-            auto voice = std::find_if(voices.begin(), voices.end(),
-                                      [&name](const auto& known) { return known.first == name; });
+            auto voice = std::ranges::find(voices, name, &auto ::first);
             if (voice == voices.end()) {
                 voice = voices.insert(voices.end(), {name, {}});
             }
@@ -157,10 +154,9 @@ private:
         }
         std::erase_if(m_strands, [&](const Strand& strand) {
             return strand.IsFiller() &&
-                   std::none_of(strand.tuplets.begin(), strand.tuplets.end(),
-                                [&](const BracketTuplet& tuplet) {
-                                    return shared.contains({strand.voice, tuplet.text.bracket});
-                                });
+                   std::ranges::none_of(strand.tuplets, [&](const BracketTuplet& tuplet) {
+                       return shared.contains({strand.voice, tuplet.text.bracket});
+                   });
         });
     }
 
@@ -213,8 +209,7 @@ private:
                             const std::vector<PlannedEvent>& others) {
         for (PlannedEvent& event : events) {
             const bool isInTheWay =
-                event.isFiller &&
-                std::any_of(others.begin(), others.end(), [&event](const PlannedEvent& other) {
+                event.isFiller && std::ranges::any_of(others, [&event](const PlannedEvent& other) {
                     return SharesTime(event, other);
                 });
             event.place.isWritten = event.place.isWritten && !isInTheWay;
@@ -222,9 +217,9 @@ private:
     }
 
     static bool ShareTime(const VoiceStream& stream, const Strand& strand) {
-        return std::any_of(stream.events.begin(), stream.events.end(), [&](const PlannedEvent& a) {
-            return std::any_of(strand.events.begin(), strand.events.end(),
-                               [&](const PlannedEvent& b) { return SharesTime(a, b); });
+        return std::ranges::any_of(stream.events, [&](const PlannedEvent& a) {
+            return std::ranges::any_of(strand.events,
+                                       [&](const PlannedEvent& b) { return SharesTime(a, b); });
         });
     }
 
@@ -232,13 +227,12 @@ private:
     // when read, or only as one chord. Readers put what has one voice into one layer, one after the
     // other, rests too.
     bool IsNewlyTwofold(const VoiceStream& stream, const Strand& strand) const {
-        return std::any_of(stream.events.begin(), stream.events.end(), [&](const PlannedEvent& a) {
+        return std::ranges::any_of(stream.events, [&](const PlannedEvent& a) {
             return a.staff != strand.staff &&
-                   std::any_of(
-                       strand.events.begin(), strand.events.end(), [&](const PlannedEvent& b) {
-                           return SharesTime(a, b) && (!a.place.isAsRead || !b.place.isAsRead ||
-                                                       IsPartOfChord(a) || IsPartOfChord(b));
-                       });
+                   std::ranges::any_of(strand.events, [&](const PlannedEvent& b) {
+                       return SharesTime(a, b) && (!a.place.isAsRead || !b.place.isAsRead ||
+                                                   IsPartOfChord(a) || IsPartOfChord(b));
+                   });
         });
     }
 
@@ -344,10 +338,9 @@ private:
         const auto isOther = [&](const EXENTRY& entry) {
             EntryTexts texts;
             GatherEntryTexts(*m_score.document, entry, texts);
-            return std::any_of(
-                texts.tuplets.begin(), texts.tuplets.end(), [&](const TupletText& end) {
-                    return end.bracket == text.bracket && (end.start != 0) != (text.start != 0);
-                });
+            return std::ranges::any_of(texts.tuplets, [&](const TupletText& end) {
+                return end.bracket == text.bracket && (end.start != 0) != (text.start != 0);
+            });
         };
         for (std::size_t staff = 0; staff < m_part.staves.size(); ++staff) {
             for (u16 layer = 0; layer < m_part.measures[measure - 1U].layers; ++layer) {
@@ -357,8 +350,7 @@ private:
                     return VoiceName(m_part, measure, staff, layer, entry.entryNumber) == voice &&
                            isOther(entry);
                 };
-                if (frame != nullptr &&
-                    std::any_of(frame->entries.begin(), frame->entries.end(), isOtherHere)) {
+                if (frame != nullptr && std::ranges::any_of(frame->entries, isOtherHere)) {
                     return true;
                 }
             }
@@ -382,14 +374,13 @@ private:
 
     bool IsHere(const std::string& voice) const {
         const auto hasVoice = [&voice](const auto& holder) { return holder.voice == voice; };
-        return std::any_of(m_streams.begin(), m_streams.end(), hasVoice) ||
-               std::any_of(m_strands.begin(), m_strands.end(), hasVoice);
+        return std::ranges::any_of(m_streams, hasVoice) || std::ranges::any_of(m_strands, hasVoice);
     }
 
     bool IsOnlyOn(std::size_t staff, const std::string& name) const {
         for (std::size_t other = 0; other < m_part.staves.size(); ++other) {
             const auto& names = m_part.staves[other].names;
-            if (other != staff && std::find(names.begin(), names.end(), name) != names.end()) {
+            if (other != staff && std::ranges::find(names, name) != names.end()) {
                 return false;
             }
         }
@@ -397,26 +388,22 @@ private:
     }
 
     bool IsKnown(const std::string& name) const {
-        return std::any_of(
-            m_part.staves.begin(), m_part.staves.end(), [&name](const StaffVoices& staff) {
-                return std::find(staff.names.begin(), staff.names.end(), name) != staff.names.end();
-            });
+        return std::ranges::any_of(m_part.staves, [&name](const StaffVoices& staff) {
+            return std::ranges::find(staff.names, name) != staff.names.end();
+        });
     }
 
     // As in the file if nothing is new; else grace notes precede the notes at their time.
     void SortByTime(VoiceStream& stream) const {
-        const bool isAsRead =
-            std::all_of(stream.events.begin(), stream.events.end(),
-                        [this](const PlannedEvent& event) { return WasRead(event); });
+        const bool isAsRead = std::ranges::all_of(
+            stream.events, [this](const PlannedEvent& event) { return WasRead(event); });
         const auto order = [isAsRead](const PlannedEvent& event) {
             return std::pair{!isAsRead && !event.IsGrace(),
                              isAsRead ? event.time.entry->entryNumber : 0U};
         };
-        std::stable_sort(stream.events.begin(), stream.events.end(),
-                         [&](const PlannedEvent& a, const PlannedEvent& b) {
-                             return a.time.start == b.time.start ? order(a) < order(b)
-                                                                 : a.time.start < b.time.start;
-                         });
+        std::ranges::stable_sort(stream.events, [&](const PlannedEvent& a, const PlannedEvent& b) {
+            return a.time.start == b.time.start ? order(a) < order(b) : a.time.start < b.time.start;
+        });
     }
 
     const ImportedScore& m_score;
@@ -441,8 +428,8 @@ std::string VoiceName(const ScorePart& part, u16 measure, std::size_t staff, u16
         return Escaped(known);
     }
     const auto isUsed = [&part](const std::string& name) {
-        return std::any_of(part.staves.begin(), part.staves.end(), [&](const StaffVoices& voices) {
-            return std::find(voices.names.begin(), voices.names.end(), name) != voices.names.end();
+        return std::ranges::any_of(part.staves, [&](const StaffVoices& voices) {
+            return std::ranges::find(voices.names, name) != voices.names.end();
         });
     };
     const std::size_t first = staff * kLayers + layer + 1;

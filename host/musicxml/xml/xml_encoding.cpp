@@ -78,7 +78,7 @@ std::optional<u8> ByteOf(char32_t code, Encoding encoding) {
     if (code < 0x80 || (code < 0x100 && (isLatin1 || code >= 0xA0))) {
         return static_cast<u8>(code);
     }
-    const auto* found = std::find(std::begin(kWindows1252), std::end(kWindows1252), code);
+    const auto* found = std::ranges::find(kWindows1252, code);
     if (isLatin1 || found == std::end(kWindows1252)) {
         return std::nullopt;
     }
@@ -105,8 +105,8 @@ std::string DeclaredEncoding(std::string_view bytes) {
         return {};
     }
     std::string name{AttributeText(bytes.substr(0, bytes.find("?>")), "encoding")};
-    std::transform(name.begin(), name.end(), name.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    std::ranges::transform(name, name.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
     return name;
 }
 
@@ -176,8 +176,8 @@ DecodedText Decode(std::string bytes) {
         return {FromBytes(bytes, Encoding::kLatin1), {Encoding::kLatin1, false}, {}};
     }
     if (declared == "windows-1252" || declared == "cp1252") {
-        const auto unused = std::find_if(bytes.begin(), bytes.end(),
-                                         [](char byte) { return IsUnused(static_cast<u8>(byte)); });
+        const auto unused =
+            std::ranges::find_if(bytes, [](char byte) { return IsUnused(static_cast<u8>(byte)); });
         if (unused == bytes.end()) {
             return {FromBytes(bytes, Encoding::kWindows1252), {Encoding::kWindows1252, false}, {}};
         }

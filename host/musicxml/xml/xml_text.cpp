@@ -78,7 +78,7 @@ std::optional<AttributePlace> FindAttribute(std::string_view element, std::strin
 
 std::size_t LineAt(std::string_view text, std::size_t offset) {
     const std::string_view before = text.substr(0, std::min(offset, text.size()));
-    return 1 + static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+    return 1 + static_cast<std::size_t>(std::ranges::count(before, '\n'));
 }
 
 std::size_t TagEnd(std::string_view text, std::size_t begin) {

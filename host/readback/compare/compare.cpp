@@ -134,7 +134,7 @@ void CompareItems(const Comparison& comparison) {
         for (const Item& item : score.items) {
             keys.emplace_back(item.part, item.place, item.closesMeasure, item.text);
         }
-        std::sort(keys.begin(), keys.end());
+        std::ranges::sort(keys);
         return keys;
     };
     const std::vector<Key> before = keysOf(comparison.before.score);

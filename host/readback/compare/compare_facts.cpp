@@ -39,8 +39,7 @@ std::vector<Fact> FactsOf(const Side& side, const Texts& texts) {
             facts.push_back({chord.place, chord.grace, attachment.text, owner, i, note.chord});
         }
     }
-    std::sort(facts.begin(), facts.end(),
-              [](const Fact& a, const Fact& b) { return a.Key() < b.Key(); });
+    std::ranges::sort(facts, {}, &Fact::Key);
     return facts;
 }
 

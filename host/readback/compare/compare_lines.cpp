@@ -211,10 +211,9 @@ private:
     }
 
     u32 PartOf(const Side& side, const LineEnd& end) const {
-        const auto part = std::find_if(
-            side.score.parts.begin(), side.score.parts.end(), [&](const Part& candidate) {
-                return end.place.staff < candidate.firstStaff + candidate.staves;
-            });
+        const auto part = std::ranges::find_if(side.score.parts, [&](const Part& candidate) {
+            return end.place.staff < candidate.firstStaff + candidate.staves;
+        });
         return static_cast<u32>(part - side.score.parts.begin());
     }
 

@@ -18,7 +18,7 @@ std::vector<Difference> Findings::All() const {
     for (const Finding& finding : m_findings) {
         sorted.push_back(&finding);
     }
-    std::stable_sort(sorted.begin(), sorted.end(), [](const Finding* a, const Finding* b) {
+    std::ranges::stable_sort(sorted, [](const Finding* a, const Finding* b) {
         return std::tie(a->place.measure, a->part, a->place.staff, a->place.onset) <
                std::tie(b->place.measure, b->part, b->place.staff, b->place.onset);
     });

@@ -91,7 +91,7 @@ std::string CanonicalAttributes(pugi::xml_node node, std::string_view without) {
             attributes.emplace_back(attribute.name(), attribute.value());
         }
     }
-    std::sort(attributes.begin(), attributes.end());
+    std::ranges::sort(attributes);
     std::string text;
     for (const auto& [name, value] : attributes) {
         text.append(" ").append(name).append("=\"");

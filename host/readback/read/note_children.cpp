@@ -50,9 +50,7 @@ void NoteChildren::Read(pugi::xml_node note) {
 }
 
 const NoteChildren::Element* NoteChildren::Find(Child kind) const {
-    const auto found = std::find_if(m_all.begin(), m_all.end(), [kind](const Element& element) {
-        return element.kind == kind;
-    });
+    const auto found = std::ranges::find(m_all, kind, &Element::kind);
     return found == m_all.end() ? nullptr : &*found;
 }
 

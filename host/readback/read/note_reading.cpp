@@ -17,7 +17,7 @@ namespace {
 bool IsOfOneNote(std::string_view notation) {
     constexpr std::array<std::string_view, 6> kOfOneNote{
         "technical", "arpeggiate", "non-arpeggiate", "accidental-mark", "footnote", "level"};
-    return std::find(kOfOneNote.begin(), kOfOneNote.end(), notation) != kOfOneNote.end();
+    return std::ranges::find(kOfOneNote, notation) != kOfOneNote.end();
 }
 
 bool HoldsMarks(std::string_view notation) {
@@ -30,7 +30,7 @@ LineEnd::Type TypeOfLine(pugi::xml_node line) {
     constexpr std::array<std::string_view, 6> kStarts{"start", "crescendo", "diminuendo",
                                                       "up",    "down",      "sostenuto"};
     const std::string_view type = line.attribute("type").value();
-    if (std::find(kStarts.begin(), kStarts.end(), type) != kStarts.end()) {
+    if (std::ranges::find(kStarts, type) != kStarts.end()) {
         return LineEnd::Type::kStart;
     }
     return type == "stop" ? LineEnd::Type::kStop : LineEnd::Type::kOther;

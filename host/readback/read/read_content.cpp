@@ -85,7 +85,7 @@ Reading ReadXml(std::string_view xml, Texts& texts, const KnownMeasures* known) 
     for (const pugi::xml_node node : root.children("part")) {
         const auto index = static_cast<u32>(score->parts.size());
         const std::vector<u32> staves = StavesOf(node, index, known);
-        const u32 most = staves.empty() ? 1 : *std::max_element(staves.begin(), staves.end());
+        const u32 most = staves.empty() ? 1 : *std::ranges::max_element(staves);
         score->parts.push_back({texts.Of(node.attribute("id").value()), nextStaff, most, {}});
         nextStaff += most;
         const bool isRead = PartReading{*score, elements, known}.Read(node);
@@ -117,11 +117,10 @@ DecodedText Decoded(std::string bytes) {
 
 // Whether both have the same parts on the same staves, with as many measures.
 bool HaveOneShape(const Score& a, const Score& b) {
-    return std::equal(a.parts.begin(), a.parts.end(), b.parts.begin(), b.parts.end(),
-                      [](const Part& one, const Part& other) {
-                          return one.firstStaff == other.firstStaff && one.staves == other.staves &&
-                                 one.measures.size() == other.measures.size();
-                      });
+    return std::ranges::equal(a.parts, b.parts, [](const Part& one, const Part& other) {
+        return one.firstStaff == other.firstStaff && one.staves == other.staves &&
+               one.measures.size() == other.measures.size();
+    });
 }
 
 }  // namespace

@@ -51,7 +51,7 @@ void MarkSharedTime(Score& score) {
         }
     }
     for (auto& [key, voice] : voices) {
-        std::stable_sort(voice.begin(), voice.end(), [&score](u32 a, u32 b) {
+        std::ranges::stable_sort(voice, [&score](u32 a, u32 b) {
             return score.chords[a].place.onset < score.chords[b].place.onset;
         });
         MarkSharedTime(score, voice);
@@ -87,7 +87,7 @@ void MarkTuplets(Score& score, Texts& texts) {
         }
     }
     for (Chord& chord : score.chords) {
-        std::sort(chord.brackets.begin(), chord.brackets.end());
+        std::ranges::sort(chord.brackets);
     }
 }
 

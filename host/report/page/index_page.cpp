@@ -50,7 +50,7 @@ IndexRow SumOf(const std::vector<IndexRow>& rows) {
 
 std::string IndexAsPage(const std::vector<IndexRow>& rows) {
     const auto failed = static_cast<int>(
-        std::count_if(rows.begin(), rows.end(), [](const IndexRow& row) { return !row.isMerged; }));
+        std::ranges::count_if(rows, [](const IndexRow& row) { return !row.isMerged; }));
     const int merged = static_cast<int>(rows.size()) - failed;
     std::string page = HtmlStart(Say(Text::kIndexTitle));
     page += "<header>\n<h1>" + HtmlText(Text::kIndexTitle) + "</h1>\n<ul class=\"totals\">\n<li>" +

@@ -121,11 +121,10 @@ private:
     }
 
     const MergedMeasure* MeasureOf(const Remark& remark) const {
-        const auto found = std::find_if(m_report.measures.begin(), m_report.measures.end(),
-                                        [&remark](const MergedMeasure& measure) {
-                                            return measure.staff == remark.staff &&
-                                                   measure.measure == remark.measure;
-                                        });
+        const auto found =
+            std::ranges::find_if(m_report.measures, [&remark](const MergedMeasure& measure) {
+                return measure.staff == remark.staff && measure.measure == remark.measure;
+            });
         return found == m_report.measures.end() ? nullptr : &*found;
     }
 

@@ -25,10 +25,9 @@ std::span<const DetailKindRow> DetailKinds() noexcept {
 }
 
 const DetailKindRow* FindDetailKind(u32 tag) noexcept {
-    const auto* const found = std::find_if(
-        std::begin(kDetailKinds), std::end(kDetailKinds), [tag](const DetailKindRow& row) {
-            return row.tag == tag || (row.downTag == tag && tag != 0);
-        });
+    const auto* const found = std::ranges::find_if(kDetailKinds, [tag](const DetailKindRow& row) {
+        return row.tag == tag || (row.downTag == tag && tag != 0);
+    });
     return found != std::end(kDetailKinds) ? found : nullptr;
 }
 

@@ -1,6 +1,8 @@
 // The keys of records: the family of a tag determines the words of its key.
 #pragma once
 
+#include <compare>
+
 #include "shell/host/host_types.h"
 
 namespace standin {
@@ -49,8 +51,7 @@ struct RecordKey {
     // The item of an 'other' record, such as the measure of a measure record.
     constexpr u16 OtherItem() const noexcept { return static_cast<u16>(order >> 16U); }
 
-    bool operator==(const RecordKey&) const = default;
-    constexpr bool operator<(const RecordKey& other) const noexcept { return order < other.order; }
+    constexpr auto operator<=>(const RecordKey&) const = default;
 };
 
 // The key words of a family as the host interface passes them. kStaffAt keys are not packed;

@@ -185,7 +185,7 @@ void RecordStore::Renumber(u32 tag, Table& table, Table::iterator position, u16 
 }
 
 RecordStore::TagMask RecordStore::MaskOf(u32 tag) {
-    const auto found = std::find(m_detailTags.begin(), m_detailTags.end(), tag);
+    const auto found = std::ranges::find(m_detailTags, tag);
     const auto index = static_cast<unsigned>(found - m_detailTags.begin());
     if (found == m_detailTags.end()) {
         m_detailTags.push_back(tag);

@@ -21,8 +21,7 @@ bool CanBeTied(const MadeUpPart& part, const MadeUpEvent& one, const MadeUpEvent
 }
 
 MadeUpPitch& TiedPitch(MadeUpEvent& event) {
-    const auto found = std::find_if(event.pitches.begin(), event.pitches.end(),
-                                    [](const MadeUpPitch& pitch) { return pitch.step == "A"; });
+    const auto found = std::ranges::find(event.pitches, "A", &MadeUpPitch::step);
     if (found != event.pitches.end()) {
         return *found;
     }
@@ -41,8 +40,8 @@ bool IsBefore(const MadeUpEvent& one, const MadeUpEvent& other) {
 
 int FreeNumber(const std::vector<Line>& open) {
     int number = 1;
-    while (std::any_of(open.begin(), open.end(),
-                       [number](const Line& line) { return line.number == number; })) {
+    while (
+        std::ranges::any_of(open, [number](const Line& line) { return line.number == number; })) {
         ++number;
     }
     return number;
@@ -126,7 +125,7 @@ void AddDirections(MadeUpPart& part, const std::string& kind, MadeUpChances& cha
                     Direction(kind, false, line.number, staff, part.staves));
             }
         }
-        const bool hasOne = std::any_of(open.begin(), open.end(), [event](const Line& line) {
+        const bool hasOne = std::ranges::any_of(open, [event](const Line& line) {
             return line.start->voice / 5 == event->voice / 5;  // of the same staff
         });
         if (!event->grace && !hasOne && chances.Chance(kind == "wedge" ? 10 : 4)) {

@@ -124,10 +124,9 @@ private:
         std::vector<MadeUpPitch> pitches = {SomePitch()};
         for (int more = m_chances.Chance(25) ? 1 + m_chances.Below(2) : 0; more > 0; --more) {
             const MadeUpPitch pitch = SomePitch();
-            const bool isThere =
-                std::any_of(pitches.begin(), pitches.end(), [&](const MadeUpPitch& p) {
-                    return p.step == pitch.step && p.octave == pitch.octave;
-                });
+            const bool isThere = std::ranges::any_of(pitches, [&](const MadeUpPitch& p) {
+                return p.step == pitch.step && p.octave == pitch.octave;
+            });
             if (m_chances.Wants(true) && !isThere) {
                 pitches.push_back(pitch);
             }

@@ -24,8 +24,8 @@ public:
         std::string text;
         for (std::size_t i = 0; i < measures.size(); ++i) {
             const std::vector<MadeUpStream>& streams = measures[i].streams;
-            if (std::all_of(streams.begin(), streams.end(),
-                            [](const MadeUpStream& stream) { return stream.leftOut; })) {
+            if (std::ranges::all_of(streams,
+                                    [](const MadeUpStream& stream) { return stream.leftOut; })) {
                 break;
             }
             const bool isUpbeat = i == 0 && m_shape.upbeat;

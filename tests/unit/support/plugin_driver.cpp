@@ -71,7 +71,7 @@ void Plugin::StoreSetting(int number, const Setting& setting) {
     std::vector<u8> record(kHeader + sizeof(MergeOptions));
     record[0] = static_cast<u8>(record.size());
     record[2] = kHeader;
-    std::copy(setting.name.begin(), setting.name.end(), record.begin() + 8);
+    std::ranges::copy(setting.name, record.begin() + 8);
     record[138] = setting.skipsDialog ? 1 : 0;
     record[140] = setting.identifier;
     record[142] = setting.useSubmenu ? 1 : 0;
@@ -98,7 +98,7 @@ std::vector<std::string> Music(const Document& document) {
             notes.push_back(fact.Place() + ' ' + note);
         }
     }
-    std::sort(notes.begin(), notes.end());
+    std::ranges::sort(notes);
     return notes;
 }
 

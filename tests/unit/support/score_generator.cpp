@@ -127,8 +127,8 @@ private:
     }
 
     static int SixteenthsOf(const std::string& value) {
-        return std::find_if(std::begin(kValues), std::end(kValues),
-                            [&value](const Values& known) { return value == known.first; })
+        return std::ranges::find_if(kValues,
+                                    [&value](const Values& known) { return value == known.first; })
             ->second;
     }
 
@@ -222,7 +222,7 @@ private:
         } else if (Chance(10)) {
             m_score.details.push_back({place, 0, OneOf(kFlagDetails), 0, content});
         } else if (Chance(40)) {
-            const int notes = 1 + static_cast<int>(std::count(word.begin(), word.end(), ','));
+            const int notes = 1 + static_cast<int>(std::ranges::count(word, ','));
             m_score.details.push_back({place, OneOf(m_noteTags), 0, Below(notes), content});
         } else {
             m_score.details.push_back({place, OneOf(m_entryTags), 0, 0, content});
@@ -237,7 +237,7 @@ private:
             return {1, 1, 0, 0};
         }
         const WrittenScore::Frame& frame = OneOf(frames);
-        const auto entries = std::count_if(frame.words.begin(), frame.words.end(), IsEntry);
+        const auto entries = std::ranges::count_if(frame.words, IsEntry);
         return {frame.slot, frame.measure, frame.layer, Below(static_cast<int>(entries))};
     }
 

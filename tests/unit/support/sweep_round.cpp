@@ -27,7 +27,7 @@ std::vector<MergeOptions> UsableOptions(const Scenario& scenario, const Refusal&
 // Each failed attempt to store settings is also reported.
 std::ptrdiff_t AlertsOfMusic() {
     const std::vector<Alert>& alerts = App().alerts;
-    return std::count_if(alerts.begin(), alerts.end(), [](const Alert& alert) {
+    return std::ranges::count_if(alerts, [](const Alert& alert) {
         return alert.text.find(u"configuration data") == std::u16string::npos &&
                alert.text.find(u"saved setting") == std::u16string::npos;
     });
@@ -55,7 +55,7 @@ void Obey(const Refusal& refusal) {
 // What the host refused to close.
 std::string CloseWhatIsOpen(StandIn& host, const Refusal& refusal, const CallCounts& calls) {
     const auto lacks = [&refusal](HostCall call) {
-        return std::count(refusal.missing.begin(), refusal.missing.end(), call) != 0;
+        return std::ranges::count(refusal.missing, call) != 0;
     };
     std::string text;
     if (host.Score().IsEditOpen()) {

@@ -14,9 +14,9 @@ std::vector<SpannerAtEntry> SpannersOfNote(const EXENTRY& entry, const EntryText
         }
     }
     const auto startsHere = [&](const SpannerAtEntry& stop) {
-        return std::any_of(
-            texts.spanners.begin(), texts.spanners.end(),
-            [&](const SpannerAtEntry& end) { return end.shape == stop.shape && end.isStart; });
+        return std::ranges::any_of(texts.spanners, [&](const SpannerAtEntry& end) {
+            return end.shape == stop.shape && end.isStart;
+        });
     };
     // <notations> of their own follow the common ones.
     const auto order = [&](const SpannerAtEntry& end) {
@@ -28,9 +28,9 @@ std::vector<SpannerAtEntry> SpannersOfNote(const EXENTRY& entry, const EntryText
                                             : 0,
                           line == lines.lineOfShape.end() ? 0U : line->second};
     };
-    std::stable_sort(
-        spanners.begin(), spanners.end(),
-        [&](const SpannerAtEntry& a, const SpannerAtEntry& b) { return order(a) < order(b); });
+    std::ranges::stable_sort(spanners, [&](const SpannerAtEntry& a, const SpannerAtEntry& b) {
+        return order(a) < order(b);
+    });
     return spanners;
 }
 
@@ -54,9 +54,7 @@ void AddEndsOfEntry(const EXENTRY& entry, const EntryTexts& texts, const PartLin
 
 void AddEndsOfText(const PartLines& lines, std::size_t begin, std::size_t end,
                    std::vector<WrittenEnd>& ends) {
-    auto at = std::lower_bound(
-        lines.ends.begin(), lines.ends.end(), begin,
-        [](const LineEnd& lineEnd, std::size_t offset) { return lineEnd.offset < offset; });
+    auto at = std::ranges::lower_bound(lines.ends, begin, {}, &LineEnd::offset);
     for (; at != lines.ends.end() && at->offset < end; ++at) {
         ends.push_back({at->line, at->role});
     }

@@ -66,8 +66,8 @@ public:
                 m_order.push_back(line);
             }
         }
-        std::sort(m_order.begin(), m_order.end(),
-                  [this](u32 a, u32 b) { return m_spans[a].first < m_spans[b].first; });
+        std::ranges::sort(m_order,
+                          [this](u32 a, u32 b) { return m_spans[a].first < m_spans[b].first; });
     }
 
     ChosenNumbers Run() {
@@ -171,11 +171,10 @@ private:
             if (Choose(line) || m_chosen.failure) {
                 continue;
             }
-            const bool wasTold =
-                std::none_of(m_neighbours[line].begin(), m_neighbours[line].end(), [&](u32 other) {
-                    return m_lines.lines[other].number == m_lines.lines[line].number &&
-                           read[line].Overlaps(read[other]);
-                });
+            const bool wasTold = std::ranges::none_of(m_neighbours[line], [&](u32 other) {
+                return m_lines.lines[other].number == m_lines.lines[line].number &&
+                       read[line].Overlaps(read[other]);
+            });
             if (wasTold) {
                 m_chosen.failure = {line, m_spans[line].measure};
             }
