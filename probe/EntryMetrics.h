@@ -1,4 +1,4 @@
-// Where entries stand on their page, against what their frame says.
+// Where entries are on their page, against what their frame says.
 #pragma once
 
 #include "probe/Findings.h"

@@ -57,7 +57,7 @@ i16 ProbeCommand::ShowDialog(const EREGION* selection, const EREGION* wholeDocum
             m_findings.AddNotSeen("FX_Dialog", Say(Text::kCreatedFirst));
         }
         probe::NameUnmeasured(m_findings);
-        Tell(Window());
+        Report(Window());
     }
     return result;
 }
@@ -102,11 +102,11 @@ void ProbeCommand::OnTimer(WindowHandle window) {
         m_hasTicked = true;
         m_findings.Begin(Text::kDialogs);
         m_findings.Add("FX_SetTimer", Say(Text::kTicks), Say(Text::kYes), true);
-        Tell(window);
+        Report(window);
     }
 }
 
-void ProbeCommand::Tell(WindowHandle window) {
+void ProbeCommand::Report(WindowHandle window) {
     const std::string place = probe::SaveReport(probe::ReportText(m_findings, m_score, m_entries));
     if (window != nullptr) {
         Host::SetDlgString(window, Control::kSummary, Utf16(probe::Totals(m_findings)).c_str());

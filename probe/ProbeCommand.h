@@ -33,7 +33,7 @@ private:
     ProbeCommand(WindowHandle owner, u16 item, std::u16string name);
     void LookAtDialog(WindowHandle window);
     // Writes the report as it is now, and puts the summary into the dialog.
-    void Tell(WindowHandle window);
+    void Report(WindowHandle window);
 
     std::u16string m_name;
     probe::Score m_score;

@@ -47,8 +47,8 @@ constexpr RecordRow kRows[] = {
 #undef ENIGMA_RECORD
 };
 
-// The structure and its tag, which tells two records of one structure apart; characters that are
-// none as \8.
+// The structure and its tag, which distinguishes records of one structure; characters that are
+// not printable as \8.
 std::string NameOf(const RecordRow& row) {
     std::string name = std::string{row.structure} + " '";
     for (int shift = 24; shift >= 0; shift -= 8) {

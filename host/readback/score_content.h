@@ -117,7 +117,7 @@ struct Item {
     u32 text = 0;
 };
 
-// Where a measure stands in the lists of the score.
+// Where a measure is in the lists of the score.
 struct MeasureRanges {
     Range chords;
     Range notes;

@@ -31,7 +31,7 @@ int StaffOfAttribute(pugi::xml_node element) {
     return element.attribute("number").as_int(isClef ? 1 : 0);
 }
 
-// Places and colours of the original page, and names that others may have as well.
+// Places and colors of the original page, and names that others may have as well.
 void DropLooks(pugi::xml_node element) {
     static constexpr std::string_view kLooks[] = {
         "id", "color", "width", "default-x", "default-y", "relative-x", "relative-y"};

@@ -73,7 +73,7 @@ private:
                });
     }
 
-    // The end stands before the start in the text, as no order of the voices suits all their lines.
+    // The end comes before the start in the text, as no order of the voices suits all their lines.
     void AddTiesWithin(const MeasurePlan& plan, std::size_t measure) {
         for (const TieLink& tie : TieLinksOf(StreamsIn(plan))) {
             const EXNOTE& note = tie.start->time.entry->notes[tie.note];

@@ -16,7 +16,7 @@ inline StaffMeasure MeasureOf(FrameKey key) {
 }
 
 // The staves and measures with a frame, a detail of an entry, an end of a smart shape or an
-// expression that differs, and those with an entry whose number stands in several places. In all
+// expression that differs, and those with an entry whose number is in several places. In all
 // others each entry has the notes and all that belongs to it in both states.
 StaffMeasures ChangedPlaces(const DocumentContent& before, const DocumentContent& after);
 

@@ -69,23 +69,23 @@ void CheckFrame(FrameKey key, const Frame& frame, const std::unordered_map<u32, 
     i32 ends[2] = {0, 0};  // of each voice
     for (std::size_t i = 0; i < frame.entries.size(); ++i) {
         const EXENTRY& entry = frame.entries[i];
-        const auto tell = [&](std::optional<Text> what) {
+        const auto add = [&](std::optional<Text> what) {
             if (what) {
                 faults.push_back(WordsFor(key) + ", " + std::to_string(entry.elapsedTime) + ": " +
                                  Say(*what, {}));
             }
         };
-        const auto tellIf = [&](bool isFaulty, Text what) {
-            tell(isFaulty ? std::optional{what} : std::nullopt);
+        const auto addIf = [&](bool isFaulty, Text what) {
+            add(isFaulty ? std::optional{what} : std::nullopt);
         };
         i32& end = ends[IsVoice2(entry) ? 1 : 0];
-        tellIf(entry.elapsedTime < end - kRounding, Text::kFaultOverlap);
+        addIf(entry.elapsedTime < end - kRounding, Text::kFaultOverlap);
         end = std::max(end, EndOf(entry));
         const auto wanted = detailFlags.find(u32{entry.entryNumber});
         const u32 flags = wanted == detailFlags.end() ? 0 : wanted->second;
-        tellIf((entry.flags & DetailFlag::kStored) != flags, Text::kFaultDetailFlags);
-        tell(FaultOfLaunch(frame, i));
-        tell(FaultOfNotes(entry));
+        addIf((entry.flags & DetailFlag::kStored) != flags, Text::kFaultDetailFlags);
+        add(FaultOfLaunch(frame, i));
+        add(FaultOfNotes(entry));
     }
 }
 

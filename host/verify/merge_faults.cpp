@@ -125,7 +125,7 @@ private:
         return HoldsPosition(m_region, measure, PositionOf(expression));
     }
 
-    void Tell(const EntryFacts& fact, const std::string& what) {
+    void Add(const EntryFacts& fact, const std::string& what) {
         m_faults.push_back(fact.Place() + ": " + what);
     }
 
@@ -142,7 +142,7 @@ private:
         };
         const Lines before = collect(m_factsBefore);
         const Lines after = collect(m_factsAfter);
-        const auto tell = [this](const Lines& some, const Lines& others, Text what) {
+        const auto addMissing = [this](const Lines& some, const Lines& others, Text what) {
             Lines missing;
             std::set_difference(some.begin(), some.end(), others.begin(), others.end(),
                                 std::back_inserter(missing));
@@ -150,17 +150,17 @@ private:
                 m_faults.push_back(Say(what, {line}));
             }
         };
-        tell(before, after, Text::kLost);
-        tell(after, before, Text::kFaultAdded);
+        addMissing(before, after, Text::kLost);
+        addMissing(after, before, Text::kFaultAdded);
     }
 
     // Afterwards each entry's notes must be in one entry, with all attachments.
     void CompareCompany() {
         for (const EntryFacts& fact : m_factsBefore) {
             if (fact.IsNote() ? !HasCompany(fact) : !RestKeepsAll(fact)) {
-                Tell(fact, Say(Text::kFaultParted,
-                               {fact.IsNote() ? fact.notes.front() : Say(Text::kFaultARest, {}),
-                                Joined(fact.attachments)}));
+                Add(fact, Say(Text::kFaultParted,
+                              {fact.IsNote() ? fact.notes.front() : Say(Text::kFaultARest, {}),
+                               Joined(fact.attachments)}));
             }
         }
     }
@@ -229,7 +229,7 @@ private:
                                            attachment);
                 if (!wasThere) {
                     const Text where = fact.IsNote() ? Text::kFaultAnotherNote : Text::kFaultARest;
-                    Tell(fact, Say(Text::kFaultOn, {attachment, Say(where, {})}));
+                    Add(fact, Say(Text::kFaultOn, {attachment, Say(where, {})}));
                 }
             }
         }
@@ -335,7 +335,7 @@ private:
         std::map<u32, const EntryFacts*> after;
         for (const EntryFacts& fact : m_factsAfter) {
             if (!after.emplace(u32{fact.entry->entryNumber}, &fact).second) {
-                Tell(fact, Say(Text::kFaultTwice, {}));
+                Add(fact, Say(Text::kFaultTwice, {}));
             }
         }
         for (const auto& [number, was] : before) {
@@ -349,17 +349,17 @@ private:
         const bool isSource = IsSource(was.key.layer);
         const bool isInPlace = is != nullptr && is->IsNote() && is->key == was.key;
         if (was.IsNote() && (!isSource || IsBeforeSelection(was)) && !isInPlace) {
-            Tell(was, Say(Text::kFaultLeftLayer, {std::to_string(was.key.layer)}));
+            Add(was, Say(Text::kFaultLeftLayer, {std::to_string(was.key.layer)}));
         }
         if (is != nullptr && was.IsNote() && !is->IsNote()) {
             const bool wasHidden = (was.entry->flags & EntryFlag::kIgnore) != 0;
             const bool isHidden = (is->entry->flags & EntryFlag::kIgnore) != 0;
             if (isHidden != (wasHidden || m_options.hideAddedRests != 0)) {
-                Tell(was, Say(isHidden ? Text::kFaultRestHidden : Text::kFaultRestShown, {}));
+                Add(was, Say(isHidden ? Text::kFaultRestHidden : Text::kFaultRestShown, {}));
             }
         }
         if (isInPlace && was.key.layer != m_options.destination && is->notes != was.notes) {
-            Tell(was, Say(Text::kFaultOtherChord, {}));
+            Add(was, Say(Text::kFaultOtherChord, {}));
         }
     }
 

@@ -105,7 +105,7 @@ constexpr WrongLine kWrongLines[] = {
     {"SeveralWithoutFolder", "merge a.xml b.xml", "-o FOLDER is missing"},
     {"SeveralOntoStandardOutput", "merge a.xml b.xml -o -", "need an output folder"},
     {"OutputAndInPlace", "merge a.xml --in-place -o b", "--in-place takes no -o"},
-    {"NoJobs", "merge a.xml b.xml -o c --jobs 0", "--jobs: 0 is not a number from 1"},
+    {"NoJobs", "merge a.xml b.xml -o c --jobs 0", "--jobs: 0 is not a whole number of at least 1"},
     {"MissingSecondScore", "compare a.xml", "B is missing"},
     {"FirstOfTooMany", "compare a b c d", "unexpected argument c"},
     {"MissingValue", "merge a -o b.xml --to", "--to needs a value"},

@@ -73,7 +73,7 @@ TEST_F(OutputFile, FailureLeavesNothing) {
     EXPECT_NE(WriteWhole(folder.Path().string(), "new"), "");
     EXPECT_EQ(FilesInFolder(), 0U);
     std::ofstream{folder / "score.mxl"} << "old";
-    EXPECT_NE(WriteWhole((folder / "score.mxl").string(), ""), "") << "could not be put together";
+    EXPECT_NE(WriteWhole((folder / "score.mxl").string(), ""), "") << "could not be assembled";
     EXPECT_EQ(Content(folder / "score.mxl"), "old");
 }
 

@@ -84,7 +84,7 @@ TEST(RefusedScores, ExceedHostRecords) {
         {"more slurs and other lines",
          Repeated(256, Note({.more = "<notations>" + Repeated(256, "<slur type=\"start\"/>") +
                                      "</notations>"}))},
-        {"more things at one note",
+        {"more attachments",
          Note({.more = "<notations><articulations>" + Repeated(0x10000, "<accent/>") +
                        "</articulations></notations>"})},
         {"too many voices",

@@ -53,7 +53,7 @@ const DifferenceCase kDifferences[] = {
     {"SlurFromARestLost", Note({.pitch = "r", .more = kSlurStart}) + SlurNote("stop"),
      Note({.pitch = "r"}) + SlurNote("stop"),
      "1: slur from quarter rest to C4 quarter in m. 1, beat 2 lost: "
-     "its ends do not find each other\n",
+     "its ends do not match\n",
      nullptr},
     {"LyricOfARestOnANote", Note({.pitch = "r", .more = kLyric}) + kSecondE,
      Note({.pitch = "r"}) + Backup(2) + Note({.pitch = "E4", .voice = "2", .more = kLyric}), "",

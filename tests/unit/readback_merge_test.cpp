@@ -97,8 +97,8 @@ const FaultCase kFaults[] = {
       Half("C4", "2", Slur("start")) + Half("D4", "2", Slur("stop"))},
      {Half("C5", "1", Slur("start")) + Backup(4) + Half("C4", "2", Slur("start")) + Backup(4) +
       Forward(4) + Half("D5", "1", Slur("stop")) + Backup(4) + Half("D4", "2", Slur("stop"))},
-     "1: slur from C5 half to D5 half in m. 1, beat 3 lost: its number is taken twice\n"
-     "1: slur from C4 half to D4 half in m. 1, beat 3 lost: its number is taken twice\n"},
+     "1: slur from C5 half to D5 half in m. 1, beat 3 lost: its number is used twice at once\n"
+     "1: slur from C4 half to D4 half in m. 1, beat 3 lost: its number is used twice at once\n"},
     {"NumberTakenTwiceAcrossStaves",
      {Quarter("C3", "5", OnStaff2(Slur("start"))) + Quarter("E4", "5", Slur("stop")) +
       Quarter("D3", "5", OnStaff2(Slur("start"))) + Quarter("F4", "5", Slur("stop"))},
@@ -106,9 +106,9 @@ const FaultCase kFaults[] = {
       Quarter("F4", "5", Slur("stop")) + Backup(8) + Quarter("C3", "5", OnStaff2(Slur("start"))) +
       Forward(2) + Quarter("D3", "5", OnStaff2(Slur("start")))},
      "m. 1, staff 2, beat 1: slur from C3 quarter to E4 quarter in m. 1, beat 2 lost: "
-     "its number is taken twice\n"
+     "its number is used twice at once\n"
      "m. 1, staff 2, beat 3: slur from D3 quarter to F4 quarter in m. 1, beat 4 lost: "
-     "its number is taken twice\n"},
+     "its number is used twice at once\n"},
     {"SlursChangeTheirEnds",
      {Half("C5", "1", Slur("start", "1")) + Half("D5", "1", Slur("stop", "1")) + Backup(8) +
       Half("C4", "2", Slur("start", "2")) + Half("D4", "2", Slur("stop", "2"))},
@@ -127,7 +127,7 @@ const FaultCase kFaults[] = {
     {"NumberChangedAtOneEndOnly",
      {Half("C5", "1", Slur("start")), Half("D5", "1", Slur("stop")), Half("E5")},
      {Half("C5", "1", Slur("start", "2")), Half("D5", "1", Slur("stop")), Half("E5")},
-     "1: slur from C5 half to D5 half in m. 2, beat 1 lost: its ends do not find each other\n"},
+     "1: slur from C5 half to D5 half in m. 2, beat 1 lost: its ends do not match\n"},
     {"StopBeforeStart",
      {Half("C5", "1", Slur("start")) + Backup(4) + Forward(4) + Half("D5", "2", Slur("stop"))},
      {Forward(4) + Half("D5", "1", Slur("stop")) + Backup(8) + Half("C5", "2", Slur("start"))},
@@ -153,8 +153,8 @@ const FaultCase kFaults[] = {
      {Wedge("crescendo", "1") + Wedge("crescendo", "2") + Half("C5") + Wedge("stop", "1") +
       Wedge("stop", "2") + Half("D5") + Backup(8) + Half("C3", "5", OnStaff2()) +
       Half("D3", "5", OnStaff2())},
-     "1: wedge to m. 1, beat 3 lost: its number is taken twice\n"
-     "m. 1, staff 2, beat 1: wedge to m. 1, beat 3 lost: its number is taken twice\n"},
+     "1: wedge to m. 1, beat 3 lost: its number is used twice at once\n"
+     "m. 1, staff 2, beat 1: wedge to m. 1, beat 3 lost: its number is used twice at once\n"},
     {"LineOnOneNoteWithTwoNumbers",
      {Half("C5", "1",
            Notations("<ornaments>" + End("wavy-line", "start") + End("wavy-line", "stop") +
@@ -255,7 +255,7 @@ const FaultCase kFaults[] = {
     {"ChordParted",
      {Half("C5") + Half("A4", "1", {}, kJoins)},
      {Half("C5") + Backup(4) + Half("A4", "2")},
-     "1: C5 half parted from its chord\n"},
+     "1: C5 half separated from its chord\n"},
     {"FingeringOnAnotherNoteOfTheChord",
      {Half("C5", "1", kFinger) + Backup(4) + Half("A4", "2")},
      {Half("C5") + Half("A4", "1", kFinger, kJoins)},

@@ -36,7 +36,7 @@ const FaultCase kFaults[] = {
     {"NoteLater", [](auto& c) { EntryAt(c, 1, 0, 1).elapsedTime += 256; }, "1024+1024: f4~ lost"},
     {"NoteShorter", [](auto& c) { EntryAt(c, 1, 0, 1).actualDuration -= 256; },
      "1024+768: f4~ added"},
-    {"DetailLost", [](auto& c) { c.records.erase(HostTag("edIM")); }, "parted from edIM dot"},
+    {"DetailLost", [](auto& c) { c.records.erase(HostTag("edIM")); }, "separated from edIM dot"},
     {"DetailOnAnotherNote",
      [](auto& c) { MoveDetail(c, HostTag("edIM"), EntryAt(c, 1, 0, 1).entryNumber); },
      "edIM dot on another note"},
@@ -50,7 +50,7 @@ const FaultCase kFaults[] = {
          shape.start.entryNumber = EntryAt(c, 1, 1, 1).entryNumber;
          bytes = BytesOf(shape);
      },
-     "f4~ parted from"},
+     "f4~ separated from"},
     {"ExpressionLeft",
      [](auto& c) {
          Bytes& bytes = Records(c, Tag::kExpression).begin()->second;
@@ -58,7 +58,7 @@ const FaultCase kFaults[] = {
          expression.layer = 2;
          bytes = BytesOf(expression);
      },
-     "expression of layer 1 parted from f4~"},
+     "expression of layer 1 separated from f4~"},
     {"RestShown", [](auto& c) { EntryAt(c, 1, 1, 0).flags &= ~EntryFlag::kIgnore; },
      "the rest left is not hidden"},
     {"FlagMissing", [](auto& c) { EntryAt(c, 1, 0, 0).flags &= ~DetailFlag::kArticulation; },
@@ -77,7 +77,7 @@ const FaultCase kFaults[] = {
     {"UninvolvedLayer", [](auto& c) { EntryAt(c, 1, 2, 0).fieldAt12 = 1; },
      "measure 1, layer 2: changed out of turn"},
     {"MeasureRecord", [](auto& c) { Records(c, Tag::kMeasure).begin()->second[9] = 3; },
-     "none of the merge's business"},
+     "a merge does not touch"},
 };
 
 class Invariant : public testing::TestWithParam<FaultCase> {};

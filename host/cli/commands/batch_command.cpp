@@ -137,15 +137,15 @@ private:
         const std::lock_guard lock{m_output};
         m_interrupted = m_interrupted || exitCode == kInterrupted;
         m_progress.Clear();
-        const std::string told = ContentOf(errors);
-        std::cerr << told;
+        const std::string complaints = ContentOf(errors);
+        std::cerr << complaints;
         if (!problem.empty()) {
             Complain(problem);
         }
         const bool isDone = exitCode == kDone && problem.empty();
-        Tell(index, isDone ? ContentOf(report) : std::string{});
+        AddRow(index, isDone ? ContentOf(report) : std::string{});
         if (!isDone) {
-            m_rows[index].problem = problem.empty() ? LastComplaint(told) : problem;
+            m_rows[index].problem = problem.empty() ? LastComplaint(complaints) : problem;
             m_rows[index].isMerged = false;
         }
         m_progress.Show(Say(Text::kMergedScores,
@@ -178,7 +178,7 @@ private:
     }
 
     // report: empty when the score was not merged.
-    void Tell(std::size_t index, const std::string& report) {
+    void AddRow(std::size_t index, const std::string& report) {
         const BatchItem& item = m_items[index];
         const std::string name = TextOf(item.input);
         IndexRow& row = m_rows[index];

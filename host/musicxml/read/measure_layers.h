@@ -45,7 +45,7 @@ private:
         std::vector<EntryDraft*> entries;
         std::vector<Line> lines;
         int layer = -1;
-        bool isGuest = false;  // its entries stand among those of another voice
+        bool isGuest = false;  // its entries are among those of another voice
     };
     // The layers of one staff.
     struct Used {

@@ -29,7 +29,7 @@ struct NoteElement {
     u16 pitchFragment = 0;  // the whole element, where the field cannot say it
     FragmentId restElement = 0;
     FragmentId timeModification = 0;
-    NoteRatio ratio;  // that it tells
+    NoteRatio ratio;  // given by it
 };
 
 class NoteReader {

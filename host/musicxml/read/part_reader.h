@@ -80,7 +80,7 @@ private:
     std::size_t m_itemsWaiting = 0;  // the first item whose stream is not known yet
     StreamPlace m_previous;          // the note before, since the last <backup>
     u32 m_lastEntry = 0;
-    std::size_t m_directionsBefore = 0;  // how many of them stand before the note read last
+    std::size_t m_directionsBefore = 0;  // how many of them come before the note read last
 };
 
 }  // namespace standin

@@ -22,7 +22,7 @@ constexpr std::size_t kMaxStaves = 4000;
 constexpr unsigned kParseOptions = pugi::parse_cdata | pugi::parse_escapes |
                                    pugi::parse_embed_pcdata | pugi::parse_comments | pugi::parse_pi;
 
-// The parser skips whatever stands before the first tag.
+// The parser skips whatever comes before the first tag.
 Problem CheckBeginning(std::string_view text, ReadWarnings& warnings) {
     const std::size_t tag = std::min(text.find('<'), text.size());
     const std::string_view before = text.substr(0, tag);

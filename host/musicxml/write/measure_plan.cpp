@@ -81,7 +81,7 @@ public:
     }
 
 private:
-    using Rank = std::pair<u32, u32>;  // entries read before, place among what stands behind them
+    using Rank = std::pair<u32, u32>;  // entries read before, place among what follows them
     struct Draft {
         PlannedStream stream;
         std::vector<std::vector<PlannedStep>> slots;  // before each event, and after the last
@@ -208,9 +208,9 @@ private:
         return *best;
     }
 
-    // At the item's entry, when its time is right there; else by its time. Inside an entry nothing
-    // can stand: then it comes behind the stream, with moves of its own, as not all readers take an
-    // <offset> into account.
+    // At the item's entry, when its time is right there; else by its time. Inside an entry there is
+    // no place for it: then it comes behind the stream, with moves of its own, as not all readers
+    // take an <offset> into account.
     void PlaceIn(Draft& draft, std::size_t index) {
         const MeasureItem& item = m_original.items[index];
         const Events& events = draft.stream.events;

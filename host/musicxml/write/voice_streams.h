@@ -12,7 +12,7 @@ namespace standin {
 // A stream before it becomes part of a plan.
 struct VoiceStream {
     std::string voice;
-    std::string readAs;  // the voice that the layers stand for, where it is another
+    std::string readAs;  // the voice that was read into the layers, where it is another
     std::vector<PlannedEvent> events;
     std::vector<BracketTuplet> tuplets;  // in places among the events as they came together
     bool changed = false;                // its voice has other music than in the file

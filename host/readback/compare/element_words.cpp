@@ -63,7 +63,7 @@ void AddWords(std::string& words, pugi::xml_node node) {
     }
 }
 
-// The most of the text that may stand, and dots for the rest.
+// As much of the text as fits, and dots for the rest.
 std::string Cut(const std::string& text) {
     std::size_t end = kLongest;
     while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0U) == 0x80U) {

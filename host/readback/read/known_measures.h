@@ -1,4 +1,4 @@
-// Measures of a file that stand word for word in a file that was read before.
+// Measures of a file that a file read before has word for word.
 #pragma once
 
 #include <string>

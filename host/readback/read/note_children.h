@@ -1,4 +1,4 @@
-// What stands in a <note>, each child classified once.
+// The contents of a <note>, each child classified once.
 #pragma once
 
 #include <pugixml.hpp>

@@ -44,7 +44,7 @@ private:
 // The role of a line's "type".
 LineEnd::Type TypeOfLine(pugi::xml_node line);
 
-// The number that tells it from other lines, " 02" as "2"; "1" when there is none.
+// The number that distinguishes it from other lines, " 02" as "2"; "1" when there is none.
 std::string NumberOfLine(pugi::xml_node line);
 
 }  // namespace standin::readback

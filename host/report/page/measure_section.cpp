@@ -10,7 +10,7 @@
 namespace standin {
 namespace {
 
-// The layers that the notes shown were in, and what the colours and frames mean.
+// The layers that the notes shown were in, and what the colors and frames mean.
 std::string Legend(const std::vector<MeasurePictures>& pictures) {
     std::set<u16> layers;
     for (const MeasurePictures& pair : pictures) {
@@ -25,7 +25,7 @@ std::string Legend(const std::vector<MeasurePictures>& pictures) {
         legend += LayerMark(layer) + ' ';
     }
     return legend + "<span class=\"framed\">" + HtmlText(Text::kPageFramed) + "</span> " +
-           HtmlText(Text::kPageColours) + "</p>\n";
+           HtmlText(Text::kPageColors) + "</p>\n";
 }
 
 std::string Choice(std::string_view value, std::string_view words) {

@@ -51,7 +51,7 @@
         '<score-partwise version="4.0"><part-list><score-part id="P"><part-name/></score-part>' +
         `</part-list><part id="P">${measure}</part></score-partwise>`;
 
-    // Each note gets the colour of its layer, and a frame when it stayed.
+    // Each note gets the color of its layer, and a frame when it stayed.
     function markNotes(svg, { layers, stays }) {
         for (const [index, layer] of layers.entries()) {
             const note = svg.getElementById(`n${index}`);
@@ -64,7 +64,7 @@
         }
     }
 
-    // A stem and what hangs on it are coloured as the notes are, where these are of one layer.
+    // Stems, flags and beams are colored as their notes are, if these are of one layer.
     function markChords(svg) {
         for (const chord of svg.querySelectorAll("g.chord, g.beam")) {
             const layers = new Set([...chord.querySelectorAll("g.note")].map(

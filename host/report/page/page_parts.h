@@ -16,7 +16,7 @@ std::string SectionHeading(Text text, std::string_view id);
 // What links lead to: "s1m12".
 std::string IdOf(const MergedMeasure& measure);
 
-// The layer's name (from 0) behind a dot of its colour.
+// The layer's name (from 0) behind a dot of its color.
 std::string LayerMark(u16 layer);
 
 std::string Joined(const std::vector<std::string>& words, std::string_view between);

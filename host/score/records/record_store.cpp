@@ -27,7 +27,7 @@ bool RecordStore::Save(u32 tag, RecordKey key, Bytes bytes) {
         return false;
     }
     if (stored == nullptr || *stored != bytes) {
-        Tell(tag, key, stored);
+        Notify(tag, key, stored);
         Put(tag, TableOf(tag), key, std::move(bytes));
     }
     return true;
@@ -51,7 +51,7 @@ std::optional<RecordKey> RecordStore::Create(u32 tag, RecordKey key, Bytes bytes
                 Renumber(tag, table, at, inci);
             }
         }
-        Tell(tag, key, nullptr);
+        Notify(tag, key, nullptr);
     } else {
         if (IsNumberedItem(tag)) {
             if (key.Inci() != 0 && key.Inci() != kAppend) {
@@ -68,7 +68,7 @@ std::optional<RecordKey> RecordStore::Create(u32 tag, RecordKey key, Bytes bytes
         if (table.contains(key)) {
             return std::nullopt;
         }
-        Tell(tag, key, nullptr);
+        Notify(tag, key, nullptr);
     }
     Put(tag, table, key, std::move(bytes));
     return key;
@@ -94,7 +94,7 @@ bool RecordStore::Delete(u32 tag, RecordKey key, After after) {
             at->second = std::move(later->second);
         }
     } else {
-        Tell(tag, key, &at->second);
+        Notify(tag, key, &at->second);
     }
     table.erase(at);
     UnmarkIfLast(tag, key);
@@ -130,7 +130,7 @@ void RecordStore::DeleteDetails(u32 entry) {
     for (const auto& [tag, key] : doomed) {
         Table& table = TableOf(tag);
         const auto at = table.find(key);
-        Tell(tag, key, &at->second);
+        Notify(tag, key, &at->second);
         table.erase(at);
         UnmarkIfLast(tag, key);
     }
@@ -163,7 +163,7 @@ u16 RecordStore::CountOfItem(const Table& table, RecordKey key) const {
     return last.Item() == key.Item() ? static_cast<u16>(last.Inci() + 1) : u16{0};
 }
 
-void RecordStore::Tell(u32 tag, RecordKey key, const Bytes* before) {
+void RecordStore::Notify(u32 tag, RecordKey key, const Bytes* before) {
     if (m_listener != nullptr) {
         m_listener->BeforeRecordChange(tag, key, before);
     }
@@ -177,10 +177,10 @@ void RecordStore::Put(u32 tag, Table& table, RecordKey key, Bytes bytes) {
 }
 
 void RecordStore::Renumber(u32 tag, Table& table, Table::iterator position, u16 inci) {
-    Tell(tag, position->first, &position->second);
+    Notify(tag, position->first, &position->second);
     auto node = table.extract(position);
     node.key() = node.key().WithInci(inci);
-    Tell(tag, node.key(), nullptr);
+    Notify(tag, node.key(), nullptr);
     table.insert(std::move(node));
 }
 

@@ -95,7 +95,7 @@ private:
 
     Table& TableOf(u32 tag) { return m_tables[tag]; }
     u16 CountOfItem(const Table& table, RecordKey key) const;
-    void Tell(u32 tag, RecordKey key, const Bytes* before);
+    void Notify(u32 tag, RecordKey key, const Bytes* before);
     void Put(u32 tag, Table& table, RecordKey key, Bytes bytes);
     // The new record number must be free.
     void Renumber(u32 tag, Table& table, Table::iterator position, u16 inci);

@@ -26,7 +26,7 @@ public:
 
     TimePosition Position() const { return m_position; }
     // The time reported for the position.
-    i32 Told() const { return m_told; }
+    i32 Reported() const { return m_reported; }
     std::vector<TupletRun>& Runs() { return m_runs; }
 
     // The next entry starts outside all tuplets.
@@ -63,7 +63,7 @@ public:
         m_position = m_position + time;
         Fill(TimePosition{duration});
         const bool addsUp = m_rounding == TupletRounding::kWholeUnits && !m_tuplets.empty();
-        m_told = addsUp ? m_told + static_cast<i32>(time.Whole()) : m_position.Rounded();
+        m_reported = addsUp ? m_reported + static_cast<i32>(time.Whole()) : m_position.Rounded();
     }
 
 private:
@@ -82,7 +82,7 @@ private:
 
     TupletRounding m_rounding;
     TimePosition m_position;
-    i32 m_told = 0;
+    i32 m_reported = 0;
     std::vector<OpenTuplet> m_tuplets;  // the innermost last
     std::vector<TupletRun> m_runs;
 };
@@ -105,7 +105,7 @@ void ForEachTime(const std::vector<EXENTRY>& entries, const RecordStore& records
             voice2.CloseTuplets();
         }
         VoiceClock& clock = isVoice2 ? voice2 : voice1;
-        const i32 start = clock.Told();
+        const i32 start = clock.Reported();
         if (!IsGrace(entry)) {
             clock.OpenTuplets(entry.entryNumber, place, false, records);
             clock.Advance(entry.duration, place);
@@ -121,7 +121,7 @@ void ComputeTimes(std::vector<EXENTRY>& entries, const RecordStore& records,
     ForEachTime(entries, records, rounding,
                 [&entries](std::size_t place, i32 start, const VoiceClock& clock) {
                     entries[place].elapsedTime = start;
-                    entries[place].actualDuration = clock.Told() - start;
+                    entries[place].actualDuration = clock.Reported() - start;
                 });
 }
 

@@ -139,17 +139,17 @@ async function takeGuidePicture(browser, stem) {
 
 // Texts whose contrast to their background is below 4.5 : 1. Runs in the page.
 function faintTexts() {
-    const light = (colour) => {
-        const [r, g, b] = colour.match(/[\d.]+/g).map((value) => {
+    const light = (color) => {
+        const [r, g, b] = color.match(/[\d.]+/g).map((value) => {
             const part = value / 255;
             return part <= 0.04045 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4;
         });
         return 0.2126 * r + 0.7152 * g + 0.0722 * b;
     };
     const paperOf = (element) => {
-        const colour = getComputedStyle(element).backgroundColor;
-        return colour === "rgba(0, 0, 0, 0)" && element.parentElement
-            ? paperOf(element.parentElement) : colour;
+        const color = getComputedStyle(element).backgroundColor;
+        return color === "rgba(0, 0, 0, 0)" && element.parentElement
+            ? paperOf(element.parentElement) : color;
     };
     return [...document.querySelectorAll("body *")]
         .filter((element) => !element.closest("svg, script, .music") && element.innerText?.trim())

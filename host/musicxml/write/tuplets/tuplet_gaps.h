@@ -1,5 +1,5 @@
-// The gaps in tuplets of a voice that goes over two staves: on each staff, gaps stand for what the
-// other one has of the tuplet.
+// The gaps in tuplets of a voice that goes over two staves: on each staff, gaps take the time of
+// what the other one has of the tuplet.
 #pragma once
 
 #include <vector>
