@@ -1,4 +1,4 @@
-// Reads scores before and after merges with another program and tells what it found only before
+// Reads scores before and after merges with another program and reports what it found only before
 // or only after: node main.mjs verovio|MuseScore PAIRS FOLDER
 // PAIRS has a line for each merge, with tabs between: name, way, the files before and after, the
 // merge's report as JSON.

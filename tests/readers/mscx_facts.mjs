@@ -246,7 +246,7 @@ class MscxReader {
         }
     }
 
-    // An octave shift is its staff's; it does not matter on which staff a voice's note stands.
+    // An octave shift is its staff's; it does not matter on which staff a voice's note is.
     makeSounding({ measure, onset, track, pitches }) {
         const isBefore = (one, other) =>
             one.measure < other.measure || (one.measure === other.measure && one.onset.isLess(other.onset));

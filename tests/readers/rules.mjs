@@ -50,7 +50,7 @@ const rules = [
     {
         name: "a line that stopped before it started",
         reader: "MuseScore",
-        why: "MuseScore leaves out a line whose stop stands before its start in the text, or takes a later stop, though the format allows it. A merge writes the voice of the start first where it can, and MuseScore reads the line.",
+        why: "MuseScore leaves out a line whose stop comes before its start in the text, or takes a later stop, though the format allows it. A merge writes the voice of the start first where it can, and MuseScore reads the line.",
         explains: ({ side, fact }, { findings, source }) => {
             const wasBackward = (one) => isOneOf(ScoreText.of(source).backwardLines(), one);
             const others = findings.filter((other) => other.side !== side && other.fact?.aspect === fact?.aspect);

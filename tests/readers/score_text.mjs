@@ -35,7 +35,7 @@ export class ScoreText {
         }
     }
 
-    // Those whose stop stands before their start in the text of one measure.
+    // Those whose stop comes before their start in the text of one measure.
     backwardLines() {
         this.backward ??= this.parts.flatMap((part) => backwardLinesOf(part));
         return this.backward;

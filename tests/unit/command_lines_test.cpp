@@ -278,7 +278,7 @@ TEST_F(CommandRun, DirectionsStayInTheirStream) {
     EXPECT_EQ(merged.find("<divisions>6"), merged.rfind("<divisions>"));
 }
 
-// A voice with only a whole note gets what stood within another one. Not all readers know
+// A voice with only a whole note gets what was within another one. Not all readers know
 // <offset>.
 TEST_F(CommandRun, DirectionWithinNoteComesBehindItsVoice) {
     const std::string text = Score(

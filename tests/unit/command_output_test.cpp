@@ -41,8 +41,8 @@ TEST_F(OutputFile, KeepsLinks) {
     EXPECT_TRUE(fs::is_symlink(folder / "link"));
     EXPECT_EQ(Content(folder / "real"), "new");
     fs::remove(folder / "real");
-    EXPECT_EQ(WriteWhole((folder / "link").string(), "anew"), "") << "with nothing at its end yet";
-    EXPECT_EQ(Content(folder / "real"), "anew");
+    EXPECT_EQ(WriteWhole((folder / "link").string(), "again"), "") << "with nothing at its end yet";
+    EXPECT_EQ(Content(folder / "real"), "again");
     EXPECT_EQ(FilesInFolder(), 2U);
 }
 

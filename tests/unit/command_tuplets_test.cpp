@@ -149,7 +149,7 @@ TEST(TupletMerges, MirrorASextupletInItsRatio) {
     EXPECT_EQ(CountOf(merged, "<actual-notes>3<"), 0) << merged;
 }
 
-// A voice comes to this staff after nine 16ths: a half and a 16th rest stand for them.
+// A voice comes to this staff after nine 16ths: a half and a 16th rest take their time.
 TEST(RestMerges, WriteRestsThatHaveNoteValues) {
     const std::string merged =
         Merged(standin::TupletScore(

@@ -37,7 +37,7 @@ public:
     }
 };
 
-// Notes what its timer tells it.
+// Notes what its timer reports.
 class WatchingCommand final : public PlainCommand {
 public:
     void OnMenuEvent(WindowHandle, u32 event) override { notes.push_back(std::to_string(event)); }

@@ -81,9 +81,9 @@ TEST_F(ModelessTest, TickReportsChanges) {
         {10503, {"listed", "menu 10503"}},
         {10504, {"menu 10504"}},
     };
-    for (const auto& [event, told] : events) {
+    for (const auto& [event, reported] : events) {
         open.Send(MenuEventMessage(), 0, event);
-        EXPECT_EQ(tick(), told);
+        EXPECT_EQ(tick(), reported);
         EXPECT_EQ(tick(), Notes{});
     }
     const u16 first = host.Score().Number();

@@ -33,7 +33,7 @@ const RefusedScore kRefused[] = {
      3},
     {"TextBeforeTheRoot", "hello <score-partwise/>", "before its first tag", 1},
     {"NeitherUtf16NorUtf8", "<?xml version=\"1.0\" encoding=\"UTF-16\"?><a>\xE9</a>",
-     "says that it is UTF-16, but it is not", 1},
+     "says that it is UTF-16, but it is neither", 1},
     {"EndTagMissing", "<score-partwise>\n<part>\n</score-partwise>", "not well-formed XML", 3},
     {"AnotherFormat", "<?xml version=\"1.0\"?>\n<opus/>", "root element is <opus>", 2},
     {"Timewise", "\n\n<score-timewise/>", "timewise", 3},

@@ -162,8 +162,7 @@ const FaultCase kFaults[] = {
      {Half("C5", "1",
            Notations("<ornaments>" + End("wavy-line", "start", "2") + End("wavy-line", "stop") +
                      "</ornaments>"))},
-     "1: wavy-line from C5 half to C5 half in m. 1, beat 1 lost: its ends do not find each "
-     "other\n"},
+     "1: wavy-line from C5 half to C5 half in m. 1, beat 1 lost: its ends do not match\n"},
     {"TupletTorn",
      {kSixthsOfQuarter + Triplet("C5")},
      {kSixthsOfQuarter + Third("C5", "1", kTupletStart) + Third("C5", "1", kTupletStop) +

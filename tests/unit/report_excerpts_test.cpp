@@ -162,7 +162,7 @@ TEST(Pictures, ANoteKeepsItsLayerAndOfEqualOnesEachItsOwn) {
         ScoreText({Note({"C5"}) + Note({"D5"}) + Note({"E5"}) + Backup(6) +
                    Note({.pitch = "C5", .voice = "2"}) + Note({.pitch = "B4", .voice = "2"}) +
                    Note({.pitch = "E5", .voice = "2"})});
-    // C5 and E5 stand twice at one time; the second voice's E5 has stayed, the others have moved.
+    // C5 and E5 occur twice at one time; the second voice's E5 has stayed, the others have moved.
     const std::string after = ScoreText(
         {Note({"C5"}) + Note({.pitch = "C5", .first = "<chord/>"}) + Note({"B4"}) +
          Note({.pitch = "D5", .first = "<chord/>"}) + Note({"E5"}) + Backup(6) +

@@ -97,8 +97,8 @@ TEST_P(Invariant, DetectsFault) {
     ASSERT_EQ(Lines(FaultsOfMerge(host.Score(), before, merged, options)), "");
     DocumentContent after = merged;
     GetParam().change(after);
-    const std::string told = Lines(FaultsOfMerge(host.Score(), before, after, options));
-    EXPECT_NE(told.find(GetParam().fault), std::string::npos) << told;
+    const std::string faults = Lines(FaultsOfMerge(host.Score(), before, after, options));
+    EXPECT_NE(faults.find(GetParam().fault), std::string::npos) << faults;
 }
 
 INSTANTIATE_TEST_SUITE_P(Merge, Invariant, testing::ValuesIn(kFaults), kByName);

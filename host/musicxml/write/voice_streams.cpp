@@ -101,7 +101,8 @@ private:
         for (const TimedEntry& timed : TimedEntriesOf(m_score, frame, voice2, m_original.grid)) {
             const std::string name =
                 VoiceName(m_part, m_measure, staff, key.layer, timed.entry->entryNumber);
-            auto voice = std::ranges::find(voices, name, &auto ::first);
+            auto voice = std::ranges::find_if(
+                voices, [&name](const auto& known) { return known.first == name; });
             if (voice == voices.end()) {
                 voice = voices.insert(voices.end(), {name, {}});
             }

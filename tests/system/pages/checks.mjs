@@ -44,7 +44,7 @@ async function checkPictures(page, report, expect) {
     })));
     expect("every picture is drawn", pictures.filter(
         ({ state, width, marks }) => state !== "drawn" || width < 40 || marks < 6), []);
-    expect("every picture is told in words", pictures.filter(({ words }) => words < 10), []);
+    expect("every picture has a description in words", pictures.filter(({ words }) => words < 10), []);
     // What stayed is framed before and after, note by note.
     const stays = report.measures.map(({ stayed }) => stayed.flatMap((entry) => entry.pitches).length);
     const framed = await page.locator("article").evaluateAll((cards) => cards.map((card) =>
@@ -94,7 +94,7 @@ async function takePictures(browser, stem, expect) {
         await page.waitForSelector("body[data-engraver=ready]", { timeout: 120000 });
         expect(`${name}: nothing is wider than the window`, await page.evaluate(
             "document.documentElement.scrollWidth <= innerWidth"), true);
-        expect(`${name}: texts can be told from the paper`, await page.evaluate(faintTexts), []);
+        expect(`${name}: texts have enough contrast`, await page.evaluate(faintTexts), []);
         await page.screenshot({ path: `${stem}-${name}-top.png` });
         await page.locator("#measures").evaluate(
             (heading) => heading.scrollIntoView({ behavior: "instant" }));
@@ -191,7 +191,7 @@ export async function checkIndex(browser, folder, batch, expect) {
     await page.context().close();
 }
 
-// A page that was taken from its folder says so, and still tells its music in words.
+// A page that was taken from its folder says so, and still describes its music in words.
 export async function checkMissingEngraver(browser, folder, expect) {
     const alone = join(folder, "..", "alone");
     mkdirSync(alone);
