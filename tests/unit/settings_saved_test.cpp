@@ -101,6 +101,10 @@ TEST_F(SavedSettingsTest, LongNamesAreCutBetweenCharacters) {
     EXPECT_EQ(record.Name(), std::u16string(127, u'y'));
     std::memset(record.Header().name, 'z', sizeof(record.Header().name));
     EXPECT_EQ(record.Name(), std::u16string(128, u'z')) << "a stored name without its end";
+    record.PutToFile(22001);
+    char16 name[128];
+    ReadSavedSetting(kCommand, 1, name, nullptr, nullptr, nullptr, nullptr);
+    EXPECT_EQ(std::u16string(name, 128), std::u16string(128, u'z'));
 }
 
 TEST_F(SavedSettingsTest, IncompatibleRecordIsReported) {
