@@ -51,7 +51,11 @@ protected:
 };
 
 TEST_F(ModelessTest, OutlivesItsHandler) {
-    modeless.whileHandling = [&] { open.Send(WindowMessage::kDestroy); };
+    modeless.whileHandling = [&] {
+        open.Send(WindowMessage::kDestroy);
+        EXPECT_EQ(open.Send(WindowMessage::kPaint), 0) << "it has ended";
+        EXPECT_EQ(open.Send(WindowMessage::kTimer), 0);
+    };
     open.Press(1009);
     EXPECT_EQ(notes, (Notes{"saved", "handled", "gone"}));
 }
