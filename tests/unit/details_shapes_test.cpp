@@ -142,6 +142,7 @@ TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     SlurAndLoad(0, 2);
     EXPECT_EQ(Delete(DetailKind::kSmartShape), 1);
     EXPECT_EQ(Marks(Source()), 1) << "the end of the shape that starts elsewhere";
+    EXPECT_EQ(host.Score().Records().OfTag(Tag::kSmartShape).size(), 1U) << "that shape's";
     EXPECT_EQ(Marks(Source(2)), 0);
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
     source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
