@@ -52,6 +52,13 @@ TEST_F(Details, NoteDetailsGetNoteID) {
     EXPECT_EQ(copied(kOntoChord, "q:g4", "q:c4,e4", 1), "");
     EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:c4,e4,g4", 2), OfNote(2, "x"));
     EXPECT_EQ(copied(DetailKind::kNoteheadMods, "q:e4,g4", "q:e4", 2), "") << "no such place";
+    Write("q:c4,e4", "q:e4");
+    for (const char note : {'\1', '\7', '\2'}) {  // without a match, of no note, with a match
+        host.Attach(Source(), kNotehead, OfNote(note, "x"));
+    }
+    LoadBoth();
+    EXPECT_EQ(Copy(kOntoChord), 1);
+    EXPECT_EQ(host.Attached(Target(), kNotehead), OfNote(1, "x"));
 }
 
 TEST_F(Details, TieDetailsNeedTiedNote) {

@@ -47,8 +47,10 @@ TEST_F(Frames, DeletingKeepsOtherNotes) {
 
 TEST_F(Frames, ReduceDropsEmptyEntries) {
     FinPITGFPtr frame = Load();
+    frame.EntryAt(0)->notes[0].noteID = 0;
     EXPECT_EQ(frame.InsertEntries(1, 2), 1);
     EXPECT_EQ(frame.Count(), 7);
+    EXPECT_EQ(+frame.EntryAt(0)->notes[0].noteID, 1);
     frame.EntryAt(2)->duration = 512;
     frame.EntryAt(0)->notes[0].noteID = 0;
     EXPECT_EQ(frame.ReduceEntries(false), 1);

@@ -34,6 +34,7 @@ TEST_F(AlertTest, AnswerIsRememberedWhenBoxIsTicked) {
             EXPECT_EQ(open.texts[1] + open.texts[2], type == kYesNo ? u"YesNo" : u"OKCancel");
             open.Press(ticked ? 4 : 0);
             open.Press(button);
+            EXPECT_EQ(open.ended, button != 0);
         });
         EXPECT_EQ(Ask(type), answer);
         const std::size_t shown = desk.Shown().size();

@@ -68,6 +68,7 @@ TEST_F(OpenCommand, GoRunsAndLeavesItOpen) {
     EXPECT_EQ(open.SelectedItem(kFrom), u"All Layers");
     EXPECT_EQ(open.SelectedItem(kTo), u"Layer 1");
     EXPECT_FALSE(open.disabled.contains(kGo));
+    EXPECT_EQ(open.timers, (std::map<u64, u32>{{1, 100}}));
     open.Choose(kFrom, 2);
     EXPECT_TRUE(open.disabled.contains(kGo)) << "the same layer in both lists";
     open.Choose(kFrom, 4);
