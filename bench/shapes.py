@@ -47,6 +47,17 @@ def one_note(count, each):
     return measure(1, [note(0, 1, 8, "whole"), note(0, 2, 8, "whole", behind=things)])
 
 
+def slurs_of_two_notes(count):
+    """Each from the first note to the second."""
+    def ends(kind):
+        return "".join(f'<notations><slur type="{kind}" number="{i % 16 + 1}"/></notations>'
+                       for i in range(count))
+    plain, slurred = (
+        "".join(note(0, voice, 4, "half", behind=ends(kind) if voice == 2 else "")
+                for kind in ("start", "stop")) for voice in (1, 2))
+    return measure(1, [plain, slurred])
+
+
 def direction(_, voice):
     return {"inside": "<direction><direction-type><words>w</words></direction-type>"
                       f"<voice>{voice}</voice></direction>"}
@@ -65,6 +76,7 @@ SHAPES = {
     "slurs": lambda n: score([measures(n // 8, slur)]),
     "lyrics-on-a-note": lambda n: score([one_note(
         n, lambda i: f'<lyric number="{i + 1}"><text>a</text></lyric>')]),
+    "slurs-on-a-note": lambda n: score([slurs_of_two_notes(n)]),
     "notes-in-a-measure": lambda n: score([measure(
         1, ["".join(note(i, voice) for i in range(n // 2)) for voice in (1, 2)], n // 2, n // 4)]),
 }

@@ -2,47 +2,52 @@
 
 #include <algorithm>
 #include <cstring>
+#include <set>
 #include <span>
 
 #include "host/score/records/tags.h"
+#include "host/score/shape_marks.h"
 
 namespace standin {
 namespace {
 
-// An end's entry may be deleted, or have become a rest without any mark.
-bool IsMarked(const Document& document, u32 entry, u16 shape) {
-    const RecordStore::Table& marks = document.Records().OfTag(Tag::kShapeOnEntry);
-    for (auto at = marks.lower_bound(RecordKey::OfEntry(entry));
-         at != marks.end() && at->first.Entry() == entry; ++at) {
-        if (FromBytes<EDTSmartShapeEntMark>(at->second).shapeNumber == shape) {
-            return true;
+// Collects the ends of spanners that the marks of an entry name.
+class SpannerEnds {
+public:
+    SpannerEnds(const Document& document, u32 entry, EntryTexts& texts)
+        : m_document{document},
+          m_entry{entry},
+          m_texts{texts},
+          m_marks{document, ShapeMarks::State::kNow} {}
+
+    void Add(u16 shape) {
+        const Bytes* record = m_document.Records().Find(Tag::kSmartShape, RecordKey::Other(shape));
+        // An entry that now has both ends has a mark for each.
+        if (record == nullptr || !m_added.insert(shape).second) {
+            return;
+        }
+        const auto ends = FromBytes<EDTSmartShape>(*record);
+        // An end's entry may be deleted, or have become a rest without any mark.
+        if (!m_marks.AreAtBothEnds(ends, shape)) {
+            return;
+        }
+        SpannerText text{};
+        std::memcpy(&text, reinterpret_cast<const char*>(&ends) + kSpannerTextOffset, sizeof(text));
+        if (ends.start.entryNumber == m_entry && text.start != 0) {
+            m_texts.spanners.push_back({shape, text.start, true, text.startNote, ends.end});
+        }
+        if (ends.end.entryNumber == m_entry && text.stop != 0) {
+            m_texts.spanners.push_back({shape, text.stop, false, text.stopNote, ends.start});
         }
     }
-    return false;
-}
 
-void AddSpanner(const Document& document, u32 entry, u16 shape, EntryTexts& texts) {
-    const Bytes* record = document.Records().Find(Tag::kSmartShape, RecordKey::Other(shape));
-    // An entry that now has both ends has a mark for each.
-    const bool isKnown = std::ranges::any_of(
-        texts.spanners, [shape](const SpannerAtEntry& known) { return known.shape == shape; });
-    if (record == nullptr || isKnown) {
-        return;
-    }
-    const auto ends = FromBytes<EDTSmartShape>(*record);
-    if (!IsMarked(document, ends.start.entryNumber, shape) ||
-        !IsMarked(document, ends.end.entryNumber, shape)) {
-        return;
-    }
-    SpannerText text{};
-    std::memcpy(&text, reinterpret_cast<const char*>(&ends) + kSpannerTextOffset, sizeof(text));
-    if (ends.start.entryNumber == entry && text.start != 0) {
-        texts.spanners.push_back({shape, text.start, true, text.startNote, ends.end});
-    }
-    if (ends.end.entryNumber == entry && text.stop != 0) {
-        texts.spanners.push_back({shape, text.stop, false, text.stopNote, ends.start});
-    }
-}
+private:
+    const Document& m_document;
+    u32 m_entry;
+    EntryTexts& m_texts;
+    ShapeMarks m_marks;
+    std::set<u16> m_added;  // shapes
+};
 
 void AddText(const EntryText& text, EntryTexts& texts) {
     switch (text.kind) {
@@ -110,6 +115,7 @@ void EntryTexts::Clear() {
 
 void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts& texts) {
     texts.Clear();
+    SpannerEnds spanners{document, entry.entryNumber, texts};
     document.Records().ForEachDetail(entry.entryNumber, [&](u32 tag, RecordKey key,
                                                             const Bytes& bytes) {
         switch (tag) {
@@ -146,8 +152,7 @@ void GatherEntryTexts(const Document& document, const EXENTRY& entry, EntryTexts
                 }
                 break;
             case Tag::kShapeOnEntry:
-                AddSpanner(document, entry.entryNumber,
-                           FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber, texts);
+                spanners.Add(FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber);
                 break;
             default:
                 break;

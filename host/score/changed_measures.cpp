@@ -1,75 +1,24 @@
 // Which measures of a document differ from the import.
 #include <algorithm>
 #include <set>
-#include <unordered_map>
 #include <utility>
 
 #include "host/score/document.h"
 #include "host/score/records/tags.h"
+#include "host/score/shape_marks.h"
 
 namespace standin {
 namespace {
 
 using Place = std::pair<u16, u16>;  // staff and measure
-using Shapes = std::set<u16>;       // by number
-
-u16 ShapeOf(const Bytes& mark) {
-    return FromBytes<EDTSmartShapeEntMark>(mark).shapeNumber;
-}
-
-// The shapes that mark an entry.
-Shapes MarksNow(const Document& document, u32 entry) {
-    Shapes shapes;
-    const RecordStore::Table& marks = document.Records().OfTag(Tag::kShapeOnEntry);
-    for (auto at = marks.lower_bound(RecordKey::OfEntry(entry));
-         at != marks.end() && at->first.Entry() == entry; ++at) {
-        shapes.insert(ShapeOf(at->second));
-    }
-    return shapes;
-}
-
-// Those that marked it in the import.
-Shapes ImportedMarks(const Document& document, u32 entry) {
-    Shapes shapes;
-    for (u16 inci = 0;; ++inci) {
-        const Bytes* mark =
-            document.ImportedRecord(Tag::kShapeOnEntry, RecordKey::OfEntry(entry, inci));
-        if (mark == nullptr) {
-            return shapes;
-        }
-        shapes.insert(ShapeOf(*mark));
-    }
-}
-
-// Reads the marks of each entry once.
-class Marks {
-public:
-    using Read = Shapes (*)(const Document&, u32 entry);
-    Marks(const Document& document, Read read) : m_document{document}, m_read{read} {}
-
-    bool AreAtBothEnds(const EDTSmartShape& shape, u16 number) {
-        return Has(shape.start.entryNumber, number) && Has(shape.end.entryNumber, number);
-    }
-
-private:
-    bool Has(u32 entry, u16 shape) {
-        const auto [marks, isNew] = m_marks.try_emplace(entry);
-        if (isNew) {
-            marks->second = m_read(m_document, entry);
-        }
-        return marks->second.contains(shape);
-    }
-
-    const Document& m_document;
-    Read m_read;
-    std::unordered_map<u32, Shapes> m_marks;
-};
 
 // Collects the places where changed records are visible.
 class ChangedPlaces {
 public:
     explicit ChangedPlaces(const Document& document)
-        : m_document{document}, m_before{document, ImportedMarks}, m_now{document, MarksNow} {}
+        : m_document{document},
+          m_before{document, ShapeMarks::State::kImported},
+          m_now{document, ShapeMarks::State::kNow} {}
 
     // Nothing for records without a particular place.
     void AddRecord(u32 tag, RecordKey key, const Bytes& bytes) {
@@ -84,7 +33,7 @@ public:
                 places.emplace(home.staff, home.measure);
             }
             if (tag == Tag::kShapeOnEntry) {
-                AddChangedEnds(ShapeOf(bytes));
+                AddChangedEnds(FromBytes<EDTSmartShapeEntMark>(bytes).shapeNumber);
             }
         }
     }
@@ -117,8 +66,8 @@ private:
     }
 
     const Document& m_document;
-    Marks m_before;
-    Marks m_now;
+    ShapeMarks m_before;
+    ShapeMarks m_now;
 };
 
 }  // namespace

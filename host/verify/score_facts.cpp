@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "host/score/records/detail_kinds.h"
 #include "host/score/records/tags.h"
@@ -69,20 +70,21 @@ void AddDetails(const DocumentContent& content, const EXENTRY& entry,
     }
 }
 
-bool IsMarked(const DocumentContent& content, u32 entry, u16 shapeNumber) {
+// Entries and the shapes that mark them, sorted.
+std::vector<std::pair<u32, u16>> MarksIn(const DocumentContent& content) {
+    std::vector<std::pair<u32, u16>> marks;
     for (const u32 tag : {Tag::kShapeOnEntry, Tag::kShapeOnLyric}) {
         const auto table = content.records.find(tag);
         if (table == content.records.end()) {
             continue;
         }
-        for (auto at = table->second.lower_bound(RecordKey::OfEntry(entry));
-             at != table->second.end() && at->first.Entry() == entry; ++at) {
-            if (FromBytes<EDTSmartShapeEntMark>(at->second).shapeNumber == shapeNumber) {
-                return true;
-            }
+        for (const auto& [key, bytes] : table->second) {
+            const auto mark = FromBytes<EDTSmartShapeEntMark>(bytes);
+            marks.emplace_back(key.Entry(), u16{mark.shapeNumber});
         }
     }
-    return false;
+    std::sort(marks.begin(), marks.end());
+    return marks;
 }
 
 // If an end's entry has lost its mark, the line is not drawn there.
@@ -92,12 +94,14 @@ std::multimap<u32, std::string> ShapeEndsOf(const DocumentContent& content) {
     if (shapes == content.records.end()) {
         return ends;
     }
+    const auto marks = MarksIn(content);
     for (const auto& [key, bytes] : shapes->second) {
         const auto shape = FromBytes<EDTSmartShape>(bytes);
         const auto add = [&, number = key.OtherItem()](const EDTSmartShapeEnd& end,
                                                        const char* which) {
-            if (IsMarked(content, end.entryNumber, number)) {
-                ends.emplace(u32{end.entryNumber}, which + (" of shape " + std::to_string(number)));
+            const std::pair mark{u32{end.entryNumber}, number};
+            if (std::binary_search(marks.begin(), marks.end(), mark)) {
+                ends.emplace(mark.first, which + (" of shape " + std::to_string(number)));
             }
         };
         add(shape.start, "start");

@@ -1,6 +1,7 @@
 #include "host/musicxml/write/lines/line_ends.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 
 namespace standin {
@@ -8,24 +9,23 @@ namespace standin {
 std::vector<SpannerAtEntry> SpannersOfNote(const EXENTRY& entry, const EntryTexts& texts, int note,
                                            const PartLines& lines, const Fragments& fragments) {
     std::vector<SpannerAtEntry> spanners;
+    std::set<u16> starts;  // shapes
     for (const SpannerAtEntry& end : texts.spanners) {
         if (NoteOfSpanner(entry, end) == note) {
             spanners.push_back(end);
         }
+        if (end.isStart) {
+            starts.insert(end.shape);
+        }
     }
-    const auto startsHere = [&](const SpannerAtEntry& stop) {
-        return std::ranges::any_of(texts.spanners, [&](const SpannerAtEntry& end) {
-            return end.shape == stop.shape && end.isStart;
-        });
-    };
     // <notations> of their own follow the common ones.
     const auto order = [&](const SpannerAtEntry& end) {
         const bool isSeparate = ElementName(fragments[end.fragment]) == "notations";
         const auto line = lines.lineOfShape.find(end.shape);
         return std::tuple{isSeparate,
-                          end.isStart       ? 1
-                          : startsHere(end) ? 2
-                                            : 0,
+                          end.isStart                  ? 1
+                          : starts.contains(end.shape) ? 2
+                                                       : 0,
                           line == lines.lineOfShape.end() ? 0U : line->second};
     };
     std::ranges::stable_sort(spanners, [&](const SpannerAtEntry& a, const SpannerAtEntry& b) {

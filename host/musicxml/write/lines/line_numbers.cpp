@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
+#include <iterator>
 #include <limits>
 
 namespace standin {
@@ -33,12 +35,22 @@ void Extend(Span& span, std::size_t position, LineRole role) {
     span.hasStop = span.hasStop || role == LineRole::kStop;
 }
 
-using Taken = std::array<bool, kMaxLineNumbers + 1>;
+using Taken = std::bitset<kMaxLineNumbers + 1>;  // by number; none is 0
 
 void Take(Taken& taken, int number) {
     if (number >= 1 && number <= kMaxLineNumbers) {
-        taken[static_cast<std::size_t>(number)] = true;
+        taken.set(static_cast<std::size_t>(number));
     }
+}
+
+// 0 when all are taken.
+int FirstFree(Taken taken) {
+    for (int number = 1; number <= kMaxLineNumbers; ++number) {
+        if (!taken[static_cast<std::size_t>(number)]) {
+            return number;
+        }
+    }
+    return 0;
 }
 
 class Numbering {
@@ -47,6 +59,7 @@ public:
         : m_lines{lines},
           m_spans(lines.lines.size()),
           m_neighbours(lines.lines.size()),
+          m_done(lines.lines.size()),
           m_chosen{LineNumbers{lines}, {}} {
         std::size_t position = 0;
         for (std::size_t measure = 0; measure < measures.size(); ++measure) {
@@ -64,10 +77,13 @@ public:
         for (u32 line = 0; line < m_spans.size(); ++line) {
             if (m_spans[line].Exists()) {
                 m_order.push_back(line);
+                m_done[line] = m_spans[line].isFixed;
             }
         }
         std::ranges::sort(m_order,
                           [this](u32 a, u32 b) { return m_spans[a].first < m_spans[b].first; });
+        std::ranges::copy_if(m_order, std::back_inserter(m_halves),
+                             [this](u32 line) { return !m_spans[line].IsWhole(); });
     }
 
     ChosenNumbers Run() {
@@ -119,16 +135,17 @@ private:
         m_neighbours[b].push_back(a);
     }
 
-    bool IsChosen(u32 line) const { return m_spans[line].isFixed || m_done[line]; }
-
     bool Choose(u32 line) {
-        m_done.resize(m_spans.size());
-        Taken taken{};
+        Taken taken;
         bool isTaken = false;
         for (const u32 other : m_neighbours[line]) {
-            if (IsChosen(other)) {
-                Take(taken, m_chosen.numbers.Of(other));
-                isTaken = isTaken || m_chosen.numbers.Of(other) == m_lines.lines[line].number;
+            if (m_done[other]) {
+                const int number = m_chosen.numbers.Of(other);
+                Take(taken, number);
+                isTaken = isTaken || number == m_lines.lines[line].number;
+            }
+            if (isTaken && FirstFree(taken) == 0) {
+                break;
             }
         }
         m_done[line] = true;
@@ -136,20 +153,16 @@ private:
             return true;
         }
         Taken cautious = taken;
-        for (const u32 other : m_order) {
-            const bool isKin = m_lines.lines[other].kind == m_lines.lines[line].kind;
-            if (isKin && (!m_spans[other].IsWhole() || !m_spans[line].IsWhole())) {
+        for (const u32 other : m_spans[line].IsWhole() ? m_halves : m_order) {
+            if (m_lines.lines[other].kind == m_lines.lines[line].kind) {
                 Take(cautious, m_chosen.numbers.Of(other));
             }
         }
-        for (const Taken& numbers : {cautious, taken}) {
-            const auto free = std::find(numbers.begin() + 1, numbers.end(), false);
-            if (free != numbers.end()) {
-                m_chosen.numbers.Set(line, static_cast<int>(free - numbers.begin()));
-                return true;
-            }
+        const int free = FirstFree(cautious) != 0 ? FirstFree(cautious) : FirstFree(taken);
+        if (free != 0) {
+            m_chosen.numbers.Set(line, free);
         }
-        return false;
+        return free != 0;
     }
 
     // Numbers ran out: in document order no line needs more of them than overlap at one place.
@@ -184,8 +197,9 @@ private:
     const PartLines& m_lines;
     std::vector<Span> m_spans;  // by line
     std::vector<std::vector<u32>> m_neighbours;
-    std::vector<u32> m_order;  // of those that are written, by their first end
-    std::vector<bool> m_done;
+    std::vector<bool> m_done;   // whose number is chosen
+    std::vector<u32> m_order;   // of those that are written, by their first end
+    std::vector<u32> m_halves;  // likewise, of those with one end
     ChosenNumbers m_chosen;
 };
 
