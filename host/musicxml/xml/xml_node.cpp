@@ -22,6 +22,16 @@ std::size_t OffsetOf(pugi::xml_node node) {
 }
 
 std::size_t EndOf(std::string_view text, pugi::xml_node node) {
+    const pugi::xml_node next = node.next_sibling();
+    if (next && node.type() == pugi::node_element) {
+        std::size_t end = OffsetOf(next);
+        while (static_cast<unsigned char>(text[end - 1]) <= ' ') {
+            --end;
+        }
+        if (text[end - 2] != '?') {  // an instruction that is no node, such as a second <?xml ?>
+            return end;
+        }
+    }
     int closing = 0;
     for (pugi::xml_node last = node.last_child(); last; last = node.last_child()) {
         node = last;
