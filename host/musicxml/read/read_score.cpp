@@ -37,14 +37,27 @@ Problem CheckBeginning(std::string_view text, ReadWarnings& warnings) {
     return {};
 }
 
+// Stops at the first node nested too deeply.
+struct DepthLimit : pugi::xml_tree_walker {
+    pugi::xml_node beyond;  // null: there is none
+
+    bool for_each(pugi::xml_node& node) override {
+        if (depth() >= kDeepestNesting) {
+            beyond = node;
+        }
+        return !beyond;
+    }
+};
+
 Problem ParseXml(std::string_view text, pugi::xml_document& document) {
     const pugi::xml_parse_result parsed =
         document.load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
     if (!parsed) {
         return {Text::kNotWellFormed, static_cast<std::size_t>(parsed.offset), {WordsFor(parsed)}};
     }
-    if (const pugi::xml_node deep = FindNestedDeeper(document, kDeepestNesting)) {
-        return {Text::kNestedTooDeeply, OffsetOf(deep)};
+    DepthLimit limit;
+    if (!document.traverse(limit)) {
+        return {Text::kNestedTooDeeply, OffsetOf(limit.beyond)};
     }
     return {};
 }

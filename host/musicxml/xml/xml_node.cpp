@@ -63,28 +63,6 @@ std::string_view AttributesOf(std::string_view text, pugi::xml_node node) {
     return Trimmed(tag);
 }
 
-pugi::xml_node FindNestedDeeper(pugi::xml_node top, int limit) {
-    pugi::xml_node node = top;
-    int depth = 0;
-    while (true) {
-        if (const pugi::xml_node child = node.first_child()) {
-            node = child;
-            if (++depth > limit) {
-                return node;
-            }
-            continue;
-        }
-        while (node != top && !node.next_sibling()) {
-            node = node.parent();
-            --depth;
-        }
-        if (node == top) {
-            return {};
-        }
-        node = node.next_sibling();
-    }
-}
-
 std::string_view Trimmed(std::string_view value) {
     constexpr std::string_view kSpaces = " \t\r\n";
     const std::size_t first = value.find_first_not_of(kSpaces);

@@ -22,9 +22,6 @@ std::string_view TextOf(std::string_view text, pugi::xml_node node);
 // The attributes of the node as written, trimmed; empty when it has none.
 std::string_view AttributesOf(std::string_view text, pugi::xml_node node);
 
-// The first node nested deeper than the limit below the given one; null when there is none.
-pugi::xml_node FindNestedDeeper(pugi::xml_node top, int limit);
-
 // A decimal number such as "-12.5", exactly; none if it is not a number or too long.
 std::optional<Rational> DecimalOf(std::string_view value);
 
