@@ -59,7 +59,10 @@ public:
           m_measure{static_cast<u16>(measure + 1)} {}
 
     MeasurePlan Build(std::vector<VoiceStream> streams) {
-        const std::vector<CrossingEnds> crossing = CrossingEndsOf(m_score, m_part, m_measure);
+        const bool hasChanged = std::any_of(
+            streams.begin(), streams.end(), [](const VoiceStream& stream) { return stream.changed; });
+        const std::vector<CrossingEnds> crossing =
+            hasChanged ? CrossingEndsOf(m_score, m_part, m_measure) : std::vector<CrossingEnds>{};
         for (VoiceStream& stream : streams) {
             if (stream.changed) {
                 MendBeams(crossing, stream.events);

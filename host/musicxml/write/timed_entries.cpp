@@ -67,13 +67,19 @@ bool NeedsRatio(const TimedEntry& timed) {
 
 std::vector<TimedEntry> TimedEntriesOf(const ImportedScore& score, const Frame& frame, bool voice2,
                                        Rational divisions) {
+    const auto isInVoice = [voice2](const EXENTRY& entry) {
+        return ((entry.flags & EntryFlag::kVoice2) != 0) == voice2;
+    };
+    if (std::none_of(frame.entries.begin(), frame.entries.end(), isInVoice)) {
+        return {};
+    }
     const std::vector<TimePosition> ends = ExactEndsOf(frame.entries, score.document->Records());
     std::vector<TimedEntry> timed;
     timed.reserve(frame.entries.size());
     Rational time{};
     for (std::size_t i = 0; i < frame.entries.size(); ++i) {
         const EXENTRY& entry = frame.entries[i];
-        if (((entry.flags & EntryFlag::kVoice2) != 0) != voice2) {
+        if (!isInVoice(entry)) {
             continue;
         }
         if (!Agree(time, entry.elapsedTime)) {
