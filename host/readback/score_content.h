@@ -134,6 +134,7 @@ struct MeasureContent {
     ExactTime divisionsBefore;  // in force where it begins
     ExactTime divisionsAfter;   // likewise, where it ends
     u32 staves = 1;             // the highest number of a staff that it names
+    bool isRepeated = false;    // stands word for word in the file it is compared with
     MeasureRanges ranges;
 };
 

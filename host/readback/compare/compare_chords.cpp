@@ -14,12 +14,16 @@ public:
 
     void Run() {
         std::map<GroupKey, Group> groups;
-        for (u32 i = 0; i < m_before.score.chords.size(); ++i) {
-            groups[GroupOf(m_before.score.chords[i])].before.push_back(i);
-        }
-        for (u32 i = 0; i < m_after.score.chords.size(); ++i) {
-            groups[GroupOf(m_after.score.chords[i])].after.push_back(i);
-        }
+        const auto collect = [&](const Score& score, Indices Group::*side) {
+            for (u32 i = 0; i < score.chords.size(); ++i) {
+                const Chord& chord = score.chords[i];
+                if (!MeasureNow(chord).isRepeated) {
+                    (groups[GroupOf(chord)].*side).push_back(i);
+                }
+            }
+        };
+        collect(m_before.score, &Group::before);
+        collect(m_after.score, &Group::after);
         for (const auto& [key, group] : groups) {
             CompareNotes(group);
             CompareCompany(group);
@@ -31,6 +35,11 @@ public:
     }
 
 private:
+    // The measure of a chord of either score, after the merge.
+    const MeasureContent& MeasureNow(const Chord& chord) const {
+        return m_after.score.parts[chord.part].measures[chord.place.measure];
+    }
+
     void Report(const Chord& chord, Difference::Kind kind, const std::string& words) const {
         AddMissing(m_all, chord.part, chord.place, kind, words);
     }

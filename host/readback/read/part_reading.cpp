@@ -49,8 +49,15 @@ void PartReading::ReadMeasure(pugi::xml_node measure) {
     m_cursor = {};
     m_chordOnset = {};
     m_uncounted = {};
-    m_score.parts[m_part].measures.push_back(
-        {m_texts.Of(measure.attribute("number").value()), m_beat, {}, {}, m_divisions, {}, 1, {}});
+    m_score.parts[m_part].measures.push_back({m_texts.Of(measure.attribute("number").value()),
+                                              m_beat,
+                                              {},
+                                              {},
+                                              m_divisions,
+                                              {},
+                                              1,
+                                              false,
+                                              {}});
     const MeasureRanges begin = Ends();
     AddItem(Here(0), m_texts.Of("<measure" + CanonicalAttributes(measure) + '>'));
     const auto firstChord = static_cast<u32>(m_score.chords.size());
@@ -141,6 +148,7 @@ void PartReading::Repeat(const MeasureContent& known) {
         end.note += end.note == kNone ? 0 : notes;
     }
     MeasureContent& measure = m_score.parts[m_part].measures.emplace_back(known);
+    measure.isRepeated = true;
     measure.ranges = {Shifted(from.chords, chords), Shifted(from.notes, notes),
                       Shifted(from.attachments, attachments),
                       Shifted(from.ends, here.ends.end - from.ends.begin),
