@@ -1,6 +1,7 @@
 #include "host/readback/read/known_measures.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace standin::readback {
 namespace {
@@ -11,13 +12,16 @@ constexpr std::string_view kEnd = "</measure>";
 // All <measure> elements that have an end tag, in order. A comment can make this wrong, but then
 // the rest is not well-formed, or has other measures than the file before.
 std::vector<std::string_view> MeasuresIn(std::string_view xml) {
+    // Much faster than find(), which stops at each '<'.
+    const std::boyer_moore_horspool_searcher endTag{kEnd.begin(), kEnd.end()};
     std::vector<std::string_view> measures;
     for (std::size_t at = xml.find(kBegin); at < xml.size(); at = xml.find(kBegin, at)) {
         const std::size_t nameEnd = at + kBegin.size();
-        const std::size_t end = xml.find(kEnd, nameEnd);
-        if (end == std::string_view::npos) {
+        const auto* const found = std::search(xml.begin() + nameEnd, xml.end(), endTag);
+        if (found == xml.end()) {
             break;
         }
+        const auto end = static_cast<std::size_t>(found - xml.begin());
         if (xml.find_first_of(" \t\r\n>", nameEnd) != nameEnd) {  // <measure-style>
             at = nameEnd;
             continue;
@@ -55,10 +59,10 @@ KnownMeasures::KnownMeasures(const Score& before, std::string_view xmlBefore, st
         std::vector<bool>& isKnown = m_isKnown.emplace_back();
         for (const MeasureContent& measure : part.measures) {
             const std::string_view now = are[place];
-            // What crosses between the notes of a tuplet is looked at note by note; comments could
-            // hide where a measure ends.
+            // What crosses between the notes of a tuplet is looked at note by note; comments, which
+            // have an exclamation mark, could hide where a measure ends.
             isKnown.push_back(were[place] == now && !HasTuplet(before, measure, tuplet) &&
-                              now.find("<!") == std::string_view::npos);
+                              now.find('!') == std::string_view::npos);
             if (isKnown.back()) {
                 m_rest.append(copied, now.data()).append("<measure/>");
                 copied = now.data() + now.size();
