@@ -141,4 +141,8 @@ Json ReportAsJson(const MergeReport& report) {
             {"warnings", report.warnings}};
 }
 
+std::string ReportAsJsonText(const MergeReport& report) {
+    return ReportAsJson(report).dump(2);
+}
+
 }  // namespace standin

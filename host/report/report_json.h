@@ -2,6 +2,7 @@
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
+#include <string>
 
 #include "host/report/merge_report.h"
 
@@ -11,5 +12,6 @@ namespace standin {
 const char* NameOf(Stay reason);
 
 nlohmann::ordered_json ReportAsJson(const MergeReport& report);
+std::string ReportAsJsonText(const MergeReport& report);  // indented
 
 }  // namespace standin

@@ -1,5 +1,4 @@
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
 #include <vector>
@@ -61,7 +60,7 @@ std::string ClearedForNothing(const MergeReport& report) {
 void Print(const MergeReport& report, const MergeCommand& command) {
     std::ostream& stream = command.output == kStandardStream ? std::cerr : std::cout;
     if (command.json) {
-        stream << ReportAsJson(report).dump(2) << '\n';
+        stream << ReportAsJsonText(report) << '\n';
         return;
     }
     const Paint paint = command.output == kStandardStream ? ErrorPaint() : OutputPaint();

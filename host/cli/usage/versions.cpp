@@ -1,5 +1,5 @@
 #include <CLI/Version.hpp>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <pugixml.hpp>
 #include <zip.h>
 
