@@ -83,7 +83,7 @@ std::vector<std::pair<u32, u16>> MarksIn(const DocumentContent& content) {
             marks.emplace_back(key.Entry(), u16{mark.shapeNumber});
         }
     }
-    std::sort(marks.begin(), marks.end());
+    std::ranges::sort(marks);
     return marks;
 }
 
@@ -100,7 +100,7 @@ std::multimap<u32, std::string> ShapeEndsOf(const DocumentContent& content) {
         const auto add = [&, number = key.OtherItem()](const EDTSmartShapeEnd& end,
                                                        const char* which) {
             const std::pair mark{u32{end.entryNumber}, number};
-            if (std::binary_search(marks.begin(), marks.end(), mark)) {
+            if (std::ranges::binary_search(marks, mark)) {
                 ends.emplace(mark.first, which + (" of shape " + std::to_string(number)));
             }
         };

@@ -59,8 +59,8 @@ public:
           m_measure{static_cast<u16>(measure + 1)} {}
 
     MeasurePlan Build(std::vector<VoiceStream> streams) {
-        const bool hasChanged = std::any_of(
-            streams.begin(), streams.end(), [](const VoiceStream& stream) { return stream.changed; });
+        const bool hasChanged =
+            std::ranges::any_of(streams, [](const VoiceStream& stream) { return stream.changed; });
         const std::vector<CrossingEnds> crossing =
             hasChanged ? CrossingEndsOf(m_score, m_part, m_measure) : std::vector<CrossingEnds>{};
         for (VoiceStream& stream : streams) {

@@ -70,7 +70,7 @@ std::vector<TimedEntry> TimedEntriesOf(const ImportedScore& score, const Frame& 
     const auto isInVoice = [voice2](const EXENTRY& entry) {
         return ((entry.flags & EntryFlag::kVoice2) != 0) == voice2;
     };
-    if (std::none_of(frame.entries.begin(), frame.entries.end(), isInVoice)) {
+    if (std::ranges::none_of(frame.entries, isInVoice)) {
         return {};
     }
     const std::vector<TimePosition> ends = ExactEndsOf(frame.entries, score.document->Records());
