@@ -39,7 +39,7 @@ std::vector<Fact> FactsOf(const Side& side, const Texts& texts) {
             facts.push_back({chord.place, chord.grace, attachment.text, owner, i, note.chord});
         }
     }
-    std::ranges::sort(facts, {}, &Fact::Key);
+    std::ranges::sort(facts, [](const Fact& a, const Fact& b) { return a.Key() < b.Key(); });
     return facts;
 }
 
