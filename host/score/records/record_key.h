@@ -1,8 +1,6 @@
 // The keys of records: the family of a tag determines the words of its key.
 #pragma once
 
-#include <compare>
-
 #include "shell/host/host_types.h"
 
 namespace standin {
@@ -51,7 +49,8 @@ struct RecordKey {
     // The item of an 'other' record, such as the measure of a measure record.
     constexpr u16 OtherItem() const noexcept { return static_cast<u16>(order >> 16U); }
 
-    constexpr auto operator<=>(const RecordKey&) const = default;
+    bool operator==(const RecordKey&) const = default;
+    constexpr bool operator<(const RecordKey& other) const noexcept { return order < other.order; }
 };
 
 // The key words of a family as the host interface passes them. kStaffAt keys are not packed;
