@@ -45,8 +45,12 @@ bool IsAfterSelectionStart(const FramePair& frames, i32 time) {
 i16 Plyweld::FindRestRun(const FramePair& frames, i16 startIndex, RestRun& run) const {
     run = RestRun{};
     const i32 limit = FillLimit(frames);
-    FinPIEntryPtr entry = frames.destination.EntryAt(startIndex);
-    i32 time = entry ? entry->elapsedTime : frames.destination.Duration();
+    FinPIEntryPtr entry;
+    i32 time = 0;
+    if (startIndex >= 0) {
+        entry = frames.destination.EntryAt(startIndex);
+        time = entry ? entry->elapsedTime : frames.destination.Duration();
+    }
     for (; entry; entry = entry.NextInVoice(true)) {
         time += entry->actualDuration;
         if (!IsSelected(frames, entry)) {

@@ -109,6 +109,20 @@ TEST_F(Details, BeamedRestHasNeighborsStem) {
     EXPECT_EQ(target.EntryAt(0).StemDirection(), 1);
 }
 
+TEST_F(Details, AttachedCacheKeepsStemDirections) {
+    WriteAndLoad("e:r h.:r e:r", "e:r e:c4 e:r e:d4 h:r");
+    StemDirections known;
+    FinPIEntryPtr rest = target.EntryAt(2);
+    rest.AttachStemDirections(&known);
+    EXPECT_EQ(rest.StemDirection(), -1);
+    for (const i16 note : {i16{1}, i16{3}}) {
+        target.EntryAt(note)->flags |= HostEntryFlag::kFixedStem | HostEntryFlag::kStemUp;
+    }
+    FinPIMetricsCache::ClearAll();
+    EXPECT_EQ(rest.StemDirection(), -1);
+    EXPECT_EQ(target.EntryAt(2).StemDirection(), 1) << "without the cache";
+}
+
 TEST_F(Details, InvisibleEntriesHaveNoStem) {
     WriteAndLoad("q:c4!", "q:c4", {{HostTag("edub"), "stub"}});
     EXPECT_EQ(Copy(kOntoChord), 1) << "nothing asks for a stem";

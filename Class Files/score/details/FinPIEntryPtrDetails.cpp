@@ -163,8 +163,13 @@ i16 FinPIEntryPtr::CopyDetailsFrom(u32 detailKinds, const FinPIEntryPtr& source)
     if (!*this || !source) {
         return 0;
     }
-    const FinPIEntryPtr to = Shared();
-    const FinPIEntryPtr from = source.Shared();
+    FinPIEntryPtr to = Shared();
+    FinPIEntryPtr from = source.Shared();
+    StemDirections toStems;
+    StemDirections fromStems;
+    to.AttachStemDirections(m_stemDirections != nullptr ? m_stemDirections : &toStems);
+    from.AttachStemDirections(source.m_stemDirections != nullptr ? source.m_stemDirections
+                                                                 : &fromStems);
     i16 result = 1;
     for (const KindRow& kind : kKinds) {
         if (kind.IsIn(detailKinds) && kind.MayStandAt(from) &&

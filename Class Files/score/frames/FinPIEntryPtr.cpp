@@ -77,6 +77,7 @@ FinPIEntryPtr FinPIEntryPtr::Shared() const {
 
 FinPIEntryPtr FinPIEntryPtr::Sibling(i16 index) const {
     FinPIEntryPtr sibling = EntryAt(index);
+    sibling.m_stemDirections = m_stemDirections;
     sibling.m_region = m_region;
     return sibling;
 }

@@ -1,10 +1,15 @@
 // One entry of a frame: a note, a chord or a rest.
 #pragma once
 
+#include <map>
+
 #include "Class Files/score/frames/FinPITGFPtr.h"
 
 class FinPIRegion;
 class FinPIScoreExpr;
+
+// Stem directions by entry number: 1 up, -1 down.
+using StemDirections = std::map<u32, i16>;
 
 // Refers to an entry by its frame and index. Pointers made by EntryAt and by steps within the frame
 // share the frame and make no host call. They become invalid with the frame and after any insert,
@@ -62,9 +67,12 @@ public:
     i16 IsExpressionAttached(const FinPIScoreExpr& expression, bool launchTest,
                              bool layerTest) const;
 
-    // Up 1, down -1, from the beam group and the host's metrics of it. Posts, and returns up, if
-    // the entry is hidden or not on a page. Rests on FX_GetEntryMetrics.
+    // Up 1, down -1, from the beam group and the host's metrics of it; asked once when a cache is
+    // attached. Posts, and returns up, if the entry is hidden or not on a page. Rests on
+    // FX_GetEntryMetrics.
     i16 StemDirection() const;
+    // The cache must outlive the pointer and its copies.
+    void AttachStemDirections(StemDirections* cache) noexcept { m_stemDirections = cache; }
 
     // The region that smart shapes copied from or to this entry stay in; null = none. It must
     // outlive the pointer and its copies.
@@ -106,5 +114,6 @@ private:
     i32 m_scaledPosition = 0;
     i32 m_scaledActualDuration = 0;
     mutable u16 m_createdRecord{};
+    StemDirections* m_stemDirections = nullptr;
     const FinPIRegion* m_region = nullptr;
 };

@@ -84,6 +84,18 @@ i16 FinPIEntryPtr::StemDirection() const {
     if (!*this) {
         return kUp;
     }
-    const i16 direction = AskStemDirection();
-    return direction == kNoStem ? BeamStemDirection() : direction;
+    if (m_stemDirections != nullptr) {
+        const auto known = m_stemDirections->find(Number());
+        if (known != m_stemDirections->end()) {
+            return known->second;
+        }
+    }
+    i16 direction = AskStemDirection();
+    if (direction == kNoStem) {
+        direction = BeamStemDirection();
+    }
+    if (m_stemDirections != nullptr) {
+        m_stemDirections->emplace(Number(), direction);
+    }
+    return direction;
 }
