@@ -20,6 +20,11 @@ std::optional<std::u16string> MultiByteToUtf16(std::string_view text, CodePage p
 // ANSI code page becomes "?" (no best-fit mapping). Nothing when the system refuses.
 std::optional<std::string> Utf16ToMultiByte(std::u16string_view text, CodePage page);
 
+// Empty when the system refuses.
+inline std::string Utf8Of(std::u16string_view text) {
+    return Utf16ToMultiByte(text, CodePage::kUtf8).value_or("");
+}
+
 // The beginning of a UTF-8 text, of at most this many bytes, cut between characters.
 constexpr std::string_view CutUtf8(std::string_view text, std::size_t bytes) noexcept {
     if (text.size() <= bytes) {

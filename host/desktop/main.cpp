@@ -9,8 +9,7 @@ int wmain(int argc, wchar_t** argv) {
     std::vector<std::string> arguments;
     for (int i = 1; i < argc; ++i) {
         const std::u16string_view argument{reinterpret_cast<const char16_t*>(argv[i])};
-        arguments.push_back(
-            platform::Utf16ToMultiByte(argument, platform::CodePage::kUtf8).value_or(""));
+        arguments.push_back(platform::Utf8Of(argument));
     }
     standin::SetLanguage(standin::machine::UserLanguage());
     if (!standin::cli::TakeManners(arguments)) {

@@ -28,9 +28,7 @@ std::vector<std::string> StaffNames(const ImportedScore& score) {
 }
 
 std::string PrintedNumber(const Document& document, u16 measure) {
-    return platform::Utf16ToMultiByte(document.MeasureNumberText(measure),
-                                      platform::CodePage::kUtf8)
-        .value_or("");
+    return platform::Utf8Of(document.MeasureNumberText(measure));
 }
 
 std::string NameOfNote(const ImportedScore& score, u16 measure, const EXNOTE& note) {

@@ -11,7 +11,7 @@ namespace standin::cli {
 std::string TextOf(const Alert& alert) {
     const std::u16string_view text =
         alert.stringId != 0 ? platform::ResourceString(alert.stringId) : alert.text;
-    return platform::Utf16ToMultiByte(text, platform::CodePage::kUtf8).value_or("");
+    return platform::Utf8Of(text);
 }
 
 MergeRun RunMerge(Document& document, const EREGION& selection, const MergeOptions& options) {

@@ -19,7 +19,7 @@ std::string TitleOf(const PluginItem& item) {
     if (text.ends_with(u"...")) {
         text.remove_suffix(3);
     }
-    return platform::Utf16ToMultiByte(text, platform::CodePage::kUtf8).value_or("");
+    return platform::Utf8Of(text);
 }
 
 // Whether an item is listed by this title: alone or, where a submenu is to gather the plug-in's

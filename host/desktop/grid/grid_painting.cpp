@@ -13,22 +13,22 @@ namespace standin::desktop {
 
 namespace {
 
-constexpr std::array<COLORREF, GridLayout::kLayers> kLayerColours = {
+constexpr std::array<COLORREF, GridLayout::kLayers> kLayerColors = {
     RGB(40, 40, 48), RGB(196, 40, 40), RGB(28, 128, 52), RGB(36, 72, 200)};
-constexpr COLORREF kHiddenColour = RGB(176, 176, 176);
-constexpr COLORREF kNotShownColour = RGB(214, 214, 214);
-constexpr COLORREF kLineColour = RGB(170, 170, 180);
-constexpr COLORREF kHeadColour = RGB(240, 240, 244);
-constexpr COLORREF kSelectionColour = RGB(40, 120, 220);
+constexpr COLORREF kHiddenColor = RGB(176, 176, 176);
+constexpr COLORREF kNotShownColor = RGB(214, 214, 214);
+constexpr COLORREF kLineColor = RGB(170, 170, 180);
+constexpr COLORREF kHeadColor = RGB(240, 240, 244);
+constexpr COLORREF kSelectionColor = RGB(40, 120, 220);
 constexpr BYTE kSelectionStrength = 56;
 
-void Outline(HDC context, const RECT& rect, COLORREF colour) {
-    const Brush brush{CreateSolidBrush(colour)};
+void Outline(HDC context, const RECT& rect, COLORREF color) {
+    const Brush brush{CreateSolidBrush(color)};
     FrameRect(context, &rect, brush.get());
 }
 
-void Fill(HDC context, const RECT& rect, COLORREF colour) {
-    const Brush brush{CreateSolidBrush(colour)};
+void Fill(HDC context, const RECT& rect, COLORREF color) {
+    const Brush brush{CreateSolidBrush(color)};
     FillRect(context, &rect, brush.get());
 }
 
@@ -37,16 +37,16 @@ void Write(HDC context, RECT rect, const std::wstring& text, UINT format) {
               format | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
 }
 
-void DrawBlock(HDC context, const RECT& block, const StripItem& item, COLORREF colour) {
+void DrawBlock(HDC context, const RECT& block, const StripItem& item, COLORREF color) {
     if (item.kind == StripKind::kRest) {
-        Outline(context, block, colour);
+        Outline(context, block, color);
         return;
     }
     if (item.kind == StripKind::kHidden) {
-        Outline(context, block, kHiddenColour);
+        Outline(context, block, kHiddenColor);
         return;
     }
-    Fill(context, block, colour);
+    Fill(context, block, color);
     if (item.notes > 1 && block.right - block.left >= 8) {
         SetTextColor(context, RGB(255, 255, 255));
         Write(context, block, std::to_wstring(item.notes), DT_CENTER);
@@ -102,7 +102,7 @@ void GridWindow::PaintCell(HDC context, int slot, int measure) {
     RECT cell = OnScreen(m_layout.Cell(slot, measure));
     ++cell.right;
     ++cell.bottom;
-    Outline(context, cell, kLineColour);
+    Outline(context, cell, kLineColor);
     for (i16 layer = 0; layer < GridLayout::kLayers; ++layer) {
         PaintStrip(context, slot, measure, layer);
     }
@@ -118,8 +118,8 @@ void GridWindow::PaintStrip(HDC context, int slot, int measure, i16 layer) {
     }
     const RECT strip = OnScreen(m_layout.LayerStrip(slot, measure, layer));
     const double width = strip.right - strip.left - 4;
-    const COLORREF colour =
-        App().ShowsLayer(layer) ? kLayerColours[static_cast<std::size_t>(layer)] : kNotShownColour;
+    const COLORREF color =
+        App().ShowsLayer(layer) ? kLayerColors[static_cast<std::size_t>(layer)] : kNotShownColor;
     for (const StripItem& item : StripOf(*frame, document.MeasureDuration(staff, measure))) {
         RECT block = strip;
         block.left = strip.left + 3 + static_cast<LONG>(item.begin * width);
@@ -127,7 +127,7 @@ void GridWindow::PaintStrip(HDC context, int slot, int measure, i16 layer) {
             std::max<LONG>(strip.left + 2 + static_cast<LONG>(item.end * width), block.left + 2);
         block.top += item.kind == StripKind::kGrace ? strip.bottom - strip.top - 7 : 2;
         block.bottom -= 2;
-        DrawBlock(context, block, item, colour);
+        DrawBlock(context, block, item, color);
     }
 }
 
@@ -136,7 +136,7 @@ void GridWindow::PaintNames(HDC context, const RECT& area) {
     SetTextColor(context, RGB(30, 30, 40));
     RECT head = area;
     head.bottom = GridLayout::kNumberHeight;
-    Fill(context, head, kHeadColour);
+    Fill(context, head, kHeadColor);
     for (int measure = 1; measure <= document.MeasureCount(); ++measure) {
         RECT box = OnScreen(m_layout.Cell(1, measure));
         box.top = 0;
@@ -145,7 +145,7 @@ void GridWindow::PaintNames(HDC context, const RECT& area) {
     }
     RECT names = area;
     names.right = GridLayout::kNameWidth;
-    Fill(context, names, kHeadColour);
+    Fill(context, names, kHeadColor);
     const int staves = static_cast<int>(document.StaffList(0).size());
     for (int slot = 1; slot <= staves; ++slot) {
         RECT box = OnScreen(m_layout.Cell(slot, 1));
@@ -158,7 +158,7 @@ void GridWindow::PaintNames(HDC context, const RECT& area) {
               DT_LEFT | DT_END_ELLIPSIS);
     }
     head.right = GridLayout::kNameWidth;
-    Fill(context, head, kHeadColour);
+    Fill(context, head, kHeadColor);
     PaintLegend(context, head);
 }
 
@@ -173,9 +173,9 @@ void GridWindow::PaintLegend(HDC context, const RECT& corner) {
     box.top += 4;
     box.bottom -= 4;
     SetTextColor(context, RGB(255, 255, 255));
-    for (std::size_t layer = 0; layer < kLayerColours.size(); ++layer, box.left += kStep) {
+    for (std::size_t layer = 0; layer < kLayerColors.size(); ++layer, box.left += kStep) {
         box.right = box.left + kStep - 4;
-        Fill(context, box, kLayerColours[layer]);
+        Fill(context, box, kLayerColors[layer]);
         Write(context, box, std::to_wstring(layer + 1), DT_CENTER);
     }
 }
@@ -212,12 +212,12 @@ void GridWindow::PaintSelection(HDC context) {
     }
     const RECT& box = *selected;
     const MemoryContext memory{CreateCompatibleDC(context)};
-    const Bitmap colour{CreateCompatibleBitmap(context, 1, 1)};
-    const Selected chosen{memory.get(), colour.get()};
-    SetPixel(memory.get(), 0, 0, kSelectionColour);
+    const Bitmap color{CreateCompatibleBitmap(context, 1, 1)};
+    const Selected chosen{memory.get(), color.get()};
+    SetPixel(memory.get(), 0, 0, kSelectionColor);
     AlphaBlend(context, box.left, box.top, box.right - box.left, box.bottom - box.top, memory.get(),
                0, 0, 1, 1, BLENDFUNCTION{AC_SRC_OVER, 0, kSelectionStrength, 0});
-    Outline(context, box, kSelectionColour);
+    Outline(context, box, kSelectionColor);
 }
 
 }  // namespace standin::desktop

@@ -50,10 +50,7 @@ std::string LastRunText(const Document& document) {
     if (counts.empty()) {
         counts = Say(Text::kNoMusicMoved);
     }
-    const std::string name =
-        platform::Utf16ToMultiByte(document.UndoTexts().back(), platform::CodePage::kUtf8)
-            .value_or("");
-    return Say(Text::kLastRun, {name, counts});
+    return Say(Text::kLastRun, {platform::Utf8Of(document.UndoTexts().back()), counts});
 }
 
 }  // namespace standin::desktop

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/report/places.h"
 #include "host/texts/texts.h"
 #include "platform/text.h"
 
@@ -9,17 +10,9 @@ namespace standin::desktop {
 
 namespace {
 
-std::string Utf8Of(const std::u16string& text) {
-    return platform::Utf16ToMultiByte(text, platform::CodePage::kUtf8).value_or("");
-}
-
 std::string StaffName(const Document& document, i16 slot, u16 list) {
     const std::u16string name = document.AutoNumberedName(document.StaffInSlot(slot, list));
-    return name.empty() ? Say(Text::kStaffOfScore, {std::to_string(slot)}) : Utf8Of(name);
-}
-
-std::string NumberOf(const Document& document, i16 measure) {
-    return Utf8Of(document.MeasureNumberText(static_cast<u16>(measure)));
+    return name.empty() ? Say(Text::kStaffOfScore, {std::to_string(slot)}) : platform::Utf8Of(name);
 }
 
 // The beat, from 1, of a position in a measure.
@@ -30,8 +23,8 @@ std::string BeatOf(const Document& document, u16 staff, i16 measure, i32 positio
 }
 
 std::string Measures(const Document& document, const EREGION& region) {
-    const std::string first = NumberOf(document, region.startMeasure);
-    const std::string last = NumberOf(document, region.endMeasure);
+    const std::string first = PrintedNumber(document, static_cast<u16>(region.startMeasure));
+    const std::string last = PrintedNumber(document, static_cast<u16>(region.endMeasure));
     const bool isOne = region.startMeasure == region.endMeasure;
     if (region.startPosition == 0 && region.endPosition == kEndOfMeasure) {
         return isOne ? Say(Text::kSelectedMeasure, {first})

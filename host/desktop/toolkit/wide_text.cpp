@@ -12,7 +12,7 @@ std::wstring WideText(Text text, const std::vector<std::string>& values) {
 }
 
 std::string Utf8(std::wstring_view text) {
-    return platform::Utf16ToMultiByte(Utf16(text), platform::CodePage::kUtf8).value_or("");
+    return platform::Utf8Of(Utf16(text));
 }
 
 std::wstring TextOf(HWND window) {

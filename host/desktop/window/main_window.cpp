@@ -113,7 +113,7 @@ LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM word, L
         try {
             return self->Handle(message, word, data);
         } catch (const std::exception& problem) {
-            self->Tell(WideFromUtf8(problem.what()), MB_ICONERROR);
+            self->ShowMessage(WideFromUtf8(problem.what()), MB_ICONERROR);
             return LRESULT{0};
         }
     });
@@ -157,7 +157,7 @@ void MainWindow::StartPlugins() {
     m_menus->ListPluginItems(m_plugins.Items());
     DrawMenuBar(m_window);
     if (!problem.empty()) {
-        Tell(WideText(Text::kPluginNotLoaded, {problem}), MB_ICONWARNING);
+        ShowMessage(WideText(Text::kPluginNotLoaded, {problem}), MB_ICONWARNING);
     }
 }
 
@@ -262,7 +262,7 @@ void MainWindow::ShowTitle() const {
     SetWindowTextW(m_window, title.c_str());
 }
 
-void MainWindow::Tell(const std::wstring& text, UINT icon) const {
+void MainWindow::ShowMessage(const std::wstring& text, UINT icon) const {
     MessageBoxW(m_window, text.c_str(), kProgramName, MB_OK | icon);
 }
 

@@ -70,7 +70,7 @@ private:
     void ShowStatus() const;
     void SetStatus(WPARAM part, const std::string& text) const;
     void ShowTitle() const;
-    void Tell(const std::wstring& text, UINT icon) const;
+    void ShowMessage(const std::wstring& text, UINT icon) const;
 
     MessagePump m_pump;
     OpenDocuments m_documents;

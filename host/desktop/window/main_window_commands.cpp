@@ -75,7 +75,7 @@ bool MainWindow::CarryOutFile(u16 command) {
             About();
             return true;
         case Command::kReading:
-            Tell(WideText(Text::kReadingText), MB_ICONINFORMATION);
+            ShowMessage(WideText(Text::kReadingText), MB_ICONINFORMATION);
             return true;
         default:
             return false;
@@ -161,15 +161,16 @@ bool MainWindow::Open(const std::filesystem::path& file) {
     std::string problem;
     const u16 document = m_documents.Open(file, problem);
     if (document == 0) {
-        Tell(WideText(Text::kFileNotOpened, {cli::TextOf(file.filename()), problem}), MB_ICONERROR);
+        ShowMessage(WideText(Text::kFileNotOpened, {cli::TextOf(file.filename()), problem}),
+                    MB_ICONERROR);
         return false;
     }
     App().SetCurrentDocument(document);
     ShowDocument();
     if (const std::string warnings = m_documents.WarningsOf(document); !warnings.empty()) {
-        Tell(WideText(Text::kFileHasMistakes, {cli::TextOf(file.filename())}) +
-                 WideFromUtf8(warnings),
-             MB_ICONWARNING);
+        ShowMessage(WideText(Text::kFileHasMistakes, {cli::TextOf(file.filename())}) +
+                        WideFromUtf8(warnings),
+                    MB_ICONWARNING);
     }
     return true;
 }
@@ -201,7 +202,8 @@ void MainWindow::Save(bool askForName) {
     }
     std::string problem;
     if (!m_documents.Save(document, file, problem)) {
-        Tell(WideText(Text::kFileNotSaved, {cli::TextOf(file.filename()), problem}), MB_ICONERROR);
+        ShowMessage(WideText(Text::kFileNotSaved, {cli::TextOf(file.filename()), problem}),
+                    MB_ICONERROR);
     }
 }
 
@@ -235,7 +237,7 @@ bool MainWindow::CloseAll() {
 }
 
 void MainWindow::About() const {
-    Tell(WideText(Text::kAboutText, {PLYWELD_VERSION}), MB_ICONINFORMATION);
+    ShowMessage(WideText(Text::kAboutText, {PLYWELD_VERSION}), MB_ICONINFORMATION);
 }
 
 }  // namespace standin::desktop
