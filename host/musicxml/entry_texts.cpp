@@ -6,7 +6,7 @@
 #include <span>
 
 #include "host/score/records/tags.h"
-#include "host/score/shape_marks.h"
+#include "host/score/smart_shape.h"
 
 namespace standin {
 namespace {

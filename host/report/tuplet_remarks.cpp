@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/musicxml/write/tuplets/read_tuplets.h"
+#include "host/musicxml/write/entries/read_tuplets.h"
 #include "host/report/places.h"
 #include "host/score/time/entry_times.h"
 #include "host/texts/texts.h"

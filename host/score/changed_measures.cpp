@@ -5,7 +5,7 @@
 
 #include "host/score/document.h"
 #include "host/score/records/tags.h"
-#include "host/score/shape_marks.h"
+#include "host/score/smart_shape.h"
 
 namespace standin {
 namespace {

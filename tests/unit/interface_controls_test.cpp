@@ -86,7 +86,7 @@ TEST_F(ControlTest, LayerListsShowTheHostsLayers) {
     from.FillLayers(7, true);
     EXPECT_EQ(open.Items(1003), (Names{u"All Layers", u"Layer 1", u"Layer 2"}));
     to.FillLayers(0, true);
-    EXPECT_EQ(to.GetItemValue(1), FinPIPopupLayerList::kAllLayersItem) << "filled anew";
+    EXPECT_EQ(to.GetItemValue(1), FinPIPopupLayerList::kAllLayersItem) << "filled again";
 }
 
 TEST_F(ControlTest, ListKeepsSelectionWhenItemsGo) {

@@ -5,7 +5,7 @@
 
 #include "host/musicxml/note_details.h"
 #include "host/musicxml/write/beam_writer.h"
-#include "host/musicxml/write/timed_entries.h"
+#include "host/musicxml/write/entries/timed_entries.h"
 
 namespace standin {
 namespace {

@@ -5,9 +5,9 @@
 #include <vector>
 
 #include "host/musicxml/entry_texts.h"
+#include "host/musicxml/write/entries/timed_entries.h"
+#include "host/musicxml/write/entries/tuplet_brackets.h"
 #include "host/musicxml/write/lines/line_ends.h"
-#include "host/musicxml/write/timed_entries.h"
-#include "host/musicxml/write/tuplets/tuplet_brackets.h"
 
 namespace standin {
 

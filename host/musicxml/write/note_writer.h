@@ -9,8 +9,8 @@
 #include "host/musicxml/entry_texts.h"
 #include "host/musicxml/note_children.h"
 #include "host/musicxml/note_values.h"
+#include "host/musicxml/write/entries/timed_entries.h"
 #include "host/musicxml/write/lines/line_numbers.h"
-#include "host/musicxml/write/timed_entries.h"
 
 namespace standin {
 

@@ -5,8 +5,8 @@
 #include <tuple>
 
 #include "host/musicxml/write/beam_writer.h"
-#include "host/musicxml/write/tuplets/kept_brackets.h"
-#include "host/musicxml/write/tuplets/tuplet_gaps.h"
+#include "host/musicxml/write/kept_brackets.h"
+#include "host/musicxml/write/tuplet_gaps.h"
 
 namespace standin {
 namespace {

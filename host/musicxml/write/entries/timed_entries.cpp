@@ -1,4 +1,4 @@
-#include "host/musicxml/write/timed_entries.h"
+#include "host/musicxml/write/entries/timed_entries.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,6 +1,6 @@
-#include "host/musicxml/write/tuplets/read_tuplets.h"
+#include "host/musicxml/write/entries/read_tuplets.h"
 
-#include "host/musicxml/write/tuplets/tuplet_brackets.h"
+#include "host/musicxml/write/entries/tuplet_brackets.h"
 #include "host/score/records/tags.h"
 #include "shell/host/detail_flags.h"
 

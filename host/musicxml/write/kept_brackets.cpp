@@ -1,8 +1,8 @@
-#include "host/musicxml/write/tuplets/kept_brackets.h"
+#include "host/musicxml/write/kept_brackets.h"
 
 #include <algorithm>
 
-#include "host/musicxml/write/tuplets/read_tuplets.h"
+#include "host/musicxml/write/entries/read_tuplets.h"
 
 namespace standin {
 namespace {

@@ -1,4 +1,4 @@
-#include "host/musicxml/write/tuplets/tuplet_gaps.h"
+#include "host/musicxml/write/tuplet_gaps.h"
 
 #include <algorithm>
 #include <iterator>

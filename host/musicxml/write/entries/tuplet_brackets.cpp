@@ -1,4 +1,4 @@
-#include "host/musicxml/write/tuplets/tuplet_brackets.h"
+#include "host/musicxml/write/entries/tuplet_brackets.h"
 
 #include <algorithm>
 #include <set>

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/musicxml/note_details.h"
-#include "host/musicxml/write/timed_entries.h"
+#include "host/musicxml/write/entries/timed_entries.h"
 
 namespace standin {
 
