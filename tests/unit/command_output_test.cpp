@@ -1,7 +1,9 @@
 // The program's traces: its output file, and the user's stored options.
+#include <csignal>
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include "host/cli/io/held_interrupt.h"
 #include "host/cli/io/output_file.h"
 #include "host/cli/io/stored_options.h"
 #include "host/system/machine.h"
@@ -23,6 +25,28 @@ protected:
 
     TemporaryFolder folder;
 };
+
+TEST_F(OutputFile, InterruptWaitsUntilPartIsRemoved) {
+    static int interrupts = 0;
+    interrupts = 0;
+    auto* const before = std::signal(SIGINT, [](int) { ++interrupts; });
+    {
+        const HeldInterrupt held;
+        std::raise(SIGINT);
+        EXPECT_NE(WriteWhole((folder / "score.xml").string(), "<score/>"), "");
+        EXPECT_EQ(FilesInFolder(), 0U);
+        EXPECT_EQ(interrupts, 0);
+    }
+    EXPECT_EQ(interrupts, 1);
+    EXPECT_EQ(WriteWhole((folder / "score.xml").string(), "<score/>"), "") << "it is over";
+    std::signal(SIGINT, SIG_IGN);
+    {
+        const HeldInterrupt held;
+        std::raise(SIGINT);
+        EXPECT_FALSE(HeldInterrupt::HasCome());
+    }
+    std::signal(SIGINT, before);
+}
 
 TEST_F(OutputFile, KeepsPermissions) {
     const fs::path file = folder / "score.musicxml";

@@ -5,6 +5,7 @@
 #include <random>
 #include <system_error>
 
+#include "host/cli/io/held_interrupt.h"
 #include "host/system/machine.h"
 #include "host/texts/system_errors.h"
 #include "host/texts/texts.h"
@@ -61,6 +62,7 @@ private:
 
 std::error_code Replace(const fs::path& file, const fs::file_status& status,
                         std::string_view bytes) {
+    const HeldInterrupt held;  // removes the part first
     const fs::path part = NameBeside(file);
     Leftover leftover{part};
     std::error_code failed = machine::WriteThrough(part, bytes);
@@ -69,6 +71,9 @@ std::error_code Replace(const fs::path& file, const fs::file_status& status,
     }
     if (fs::exists(status)) {
         fs::permissions(part, status.permissions(), failed);
+    }
+    if (HeldInterrupt::HasCome()) {
+        return std::make_error_code(std::errc::interrupted);
     }
     fs::rename(part, file, failed);
     if (!failed) {
