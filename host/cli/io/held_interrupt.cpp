@@ -4,12 +4,11 @@
 #include <cstdlib>
 #include <mutex>
 
-#include "host/cli/usage/command_line.h"
-
 namespace standin::cli {
 
 namespace {
 
+constexpr int kExitCode = 130;  // as a shell has it
 volatile std::sig_atomic_t g_hasCome = 0;
 std::mutex g_holding;
 int g_holders = 0;
@@ -37,7 +36,7 @@ HeldInterrupt::~HeldInterrupt() {
     if (--g_holders == 0) {
         std::signal(SIGINT, g_before);
         if (g_hasCome != 0 && g_before == SIG_DFL) {
-            std::_Exit(kInterrupted);
+            std::_Exit(kExitCode);
         }
         if (g_hasCome != 0) {
             std::raise(SIGINT);
