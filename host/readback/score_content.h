@@ -134,7 +134,7 @@ struct MeasureContent {
     ExactTime divisionsBefore;  // in force where it begins
     ExactTime divisionsAfter;   // likewise, where it ends
     u32 staves = 1;             // the highest number of a staff that it names
-    bool isRepeated = false;    // stands word for word in the file it is compared with
+    bool isRepeated = false;    // the other file has it word for word
     MeasureRanges ranges;
 };
 

@@ -12,7 +12,7 @@ export class Facts {
     constructor() {
         this.list = [];
         this.lengths = new Map(); // "measure staff" -> how long the music there is, in whole notes
-        this.onsets = new Set(); // "measure staff voice onset" of notes and rests, whatever staff they stand on
+        this.onsets = new Set(); // "measure staff voice onset" of notes and rests, whatever their staff
         this.leftOut = new Set(); // aspects of lines that the reader knows of and could not save
         this.overfull = new Set(); // measures that are shorter than one of their voices
     }

@@ -163,7 +163,7 @@ const rules = [
     {
         name: "a fermata or grace note of a voice on another staff",
         reader: "MuseScore",
-        why: "MuseScore gives fermatas and grace notes to the staff on which their voice has most notes, also where they stand on another one.",
+        why: "MuseScore gives fermatas and grace notes to the staff on which their voice has most notes, even if they are on another one.",
         explains: ({ side, fact }, { before, after }) =>
             (fact?.aspect === "fermata" || fact?.places.some(({ grace }) => grace)) &&
             (side === "lost" ? after : before).list.some((other) => isElsewhere(other, fact)),

@@ -170,7 +170,7 @@ TEST(CommandLine, HelpShowsEveryOption) {
 }
 
 TEST(CommandLine, ColorsAreForTerminalsUnlessAskedFor) {
-    EXPECT_EQ(TextFor("help merge").find('\x1b'), std::string::npos) << "this is no terminal";
+    EXPECT_EQ(TextFor("help merge").find('\x1b'), std::string::npos) << "this is not a terminal";
     for (const char* line : {"--color always help merge", "help merge --color=always"}) {
         EXPECT_NE(TextFor(line).find("\x1b[1mOptions:\x1b[0m"), std::string::npos) << line;
     }

@@ -22,7 +22,7 @@ Paint OutputPaint();
 Paint ErrorPaint();
 
 // A line on standard error that is overwritten, and gone when the object ends. Shows nothing if
-// standard error is no terminal, or one that cannot overwrite.
+// standard error is not a terminal, or one that cannot overwrite.
 class StatusLine {
 public:
     StatusLine();

@@ -28,7 +28,7 @@ std::size_t EndOf(std::string_view text, pugi::xml_node node) {
         while (static_cast<unsigned char>(text[end - 1]) <= ' ') {
             --end;
         }
-        if (text[end - 2] != '?') {  // an instruction that is no node, such as a second <?xml ?>
+        if (text[end - 2] != '?') {  // an instruction that is not a node, such as a second <?xml ?>
             return end;
         }
     }

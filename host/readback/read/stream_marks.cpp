@@ -62,7 +62,7 @@ std::string TimeText(ExactTime time) {
     return std::to_string(time.InUnits());
 }
 
-// A tuplet by when it starts and ends: the staff is no part of it, since its first note may have
+// A tuplet by when it starts and ends: the staff does not count, since its first note may have
 // moved to another voice and left it to a rest on another staff.
 u32 NameOfTuplet(const Chord& first, const Chord& last, Texts& texts) {
     return texts.Of("tuplet " + std::to_string(first.place.measure) + ' ' +

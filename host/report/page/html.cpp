@@ -40,7 +40,7 @@ std::string HtmlText(Text text) {
 std::string HtmlLink(std::string_view path) {
     static constexpr std::string_view kPlain =
         "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~/";
-    std::string link = "./";  // a colon in the first name is no scheme
+    std::string link = "./";  // a colon in the first name does not end a scheme
     for (const char c : path) {
         if (kPlain.find(c) != std::string_view::npos) {
             link += c;

@@ -27,7 +27,7 @@
         script.textContent = await new Response(stream).text();
         document.head.append(script);
         await new Promise((resolve) => (verovio.module.onRuntimeInitialized = resolve));
-        verovio.enableLog(verovio.LOG_OFF); // what a single measure lacks is no news
+        verovio.enableLog(verovio.LOG_OFF); // a single measure always lacks something
         const toolkit = new verovio.toolkit();
         toolkit.setOptions({
             breaks: "none",

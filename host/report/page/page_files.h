@@ -1,4 +1,4 @@
-// The files of the report page that are no C++, as they are in this folder.
+// The files of the report page that are not C++, as they are in this folder.
 #pragma once
 
 #include <string_view>
