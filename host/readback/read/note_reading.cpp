@@ -63,8 +63,9 @@ void NoteReading::Read(const NoteChildren& children, ExactTime duration) {
             Attach(m_texts.Of("<note" + attributes + '>'), true, chord.rest);
         }
     }
+    const bool isRest = children.Has(Child::kRest);
     for (const NoteChildren::Element& child : children.All()) {
-        ReadChild(child, children.Has(Child::kRest));
+        ReadChild(child, isRest);
     }
     const Names& names = NamesOf(node, note.form, chord.rest);
     note.pitch = names.pitch;

@@ -1,10 +1,10 @@
 #include "host/musicxml/write/lines/line_numbers.h"
 
 #include <algorithm>
-#include <array>
-#include <bitset>
 #include <iterator>
 #include <limits>
+#include <map>
+#include <utility>
 
 namespace standin {
 namespace {
@@ -35,32 +35,53 @@ void Extend(Span& span, std::size_t position, LineRole role) {
     span.hasStop = span.hasStop || role == LineRole::kStop;
 }
 
-using Taken = std::bitset<kMaxLineNumbers + 1>;  // by number; none is 0
-
-void Take(Taken& taken, int number) {
-    if (number >= 1 && number <= kMaxLineNumbers) {
-        taken.set(static_cast<std::size_t>(number));
-    }
-}
-
-// 0 when all are taken.
-int FirstFree(Taken taken) {
-    for (int number = 1; number <= kMaxLineNumbers; ++number) {
-        if (!taken[static_cast<std::size_t>(number)]) {
-            return number;
+// What lines with one number cover of the text.
+class Cover {
+public:
+    void Add(const Span& span) {
+        Span whole = span;
+        auto at = FirstFrom(span.first);
+        while (at != m_stretches.end() && at->first <= span.last) {
+            whole.first = std::min(whole.first, at->first);
+            whole.last = std::max(whole.last, at->second);
+            at = m_stretches.erase(at);
+        }
+        m_stretches.emplace(whole.first, whole.last);
+        if (span.hasStart && !span.hasStop) {
+            m_firstStart = std::min(m_firstStart, span.first);
+        } else if (span.hasStop && !span.hasStart) {
+            m_lastStop = std::max(m_lastStop, span.first);
         }
     }
-    return 0;
-}
+
+    // Whether a line over this span needs another number. A start and a later stop would pair if
+    // neither had an end of its own.
+    bool Excludes(const Span& span) const {
+        const auto at = FirstFrom(span.first);
+        return (at != m_stretches.end() && at->first <= span.last) ||
+               (span.hasStop && !span.hasStart && m_firstStart < span.first) ||
+               (span.hasStart && !span.hasStop && m_lastStop > span.first);
+    }
+
+private:
+    using Stretches = std::map<std::size_t, std::size_t>;  // first to last; none overlap
+
+    // The first stretch that ends at the position or behind it.
+    Stretches::const_iterator FirstFrom(std::size_t position) const {
+        const auto after = m_stretches.upper_bound(position);
+        const bool isInside = after != m_stretches.begin() && std::prev(after)->second >= position;
+        return isInside ? std::prev(after) : after;
+    }
+
+    Stretches m_stretches;
+    std::size_t m_firstStart = kNever;  // of a line without a stop
+    std::size_t m_lastStop = 0;         // of a line without a start
+};
 
 class Numbering {
 public:
     Numbering(const PartLines& lines, const std::vector<MeasureEnds>& measures)
-        : m_lines{lines},
-          m_spans(lines.lines.size()),
-          m_neighbours(lines.lines.size()),
-          m_done(lines.lines.size()),
-          m_chosen{LineNumbers{lines}, {}} {
+        : m_lines{lines}, m_spans(lines.lines.size()), m_chosen{LineNumbers{lines}, {}} {
         std::size_t position = 0;
         for (std::size_t measure = 0; measure < measures.size(); ++measure) {
             for (const WrittenEnd& end : measures[measure].ends) {
@@ -77,17 +98,18 @@ public:
         for (u32 line = 0; line < m_spans.size(); ++line) {
             if (m_spans[line].Exists()) {
                 m_order.push_back(line);
-                m_done[line] = m_spans[line].isFixed;
             }
         }
-        std::ranges::sort(m_order,
-                          [this](u32 a, u32 b) { return m_spans[a].first < m_spans[b].first; });
-        std::ranges::copy_if(m_order, std::back_inserter(m_halves),
-                             [this](u32 line) { return !m_spans[line].IsWhole(); });
+        std::ranges::sort(m_order, {}, [this](u32 line) { return m_spans[line].first; });
     }
 
     ChosenNumbers Run() {
-        FindNeighbours();
+        CountUses();
+        for (const u32 line : m_order) {
+            if (m_spans[line].isFixed) {
+                UseOf(line).cover.Add(m_spans[line]);
+            }
+        }
         bool done = true;
         for (const bool written : {false, true}) {
             for (const u32 line : m_order) {
@@ -103,66 +125,60 @@ public:
     }
 
 private:
-    // Lines of a kind that must have different numbers. Unchanged lines are not compared with each
-    // other.
-    void FindNeighbours() {
-        std::array<std::vector<u32>, 9> open;  // by kind: those still open
-        std::array<std::vector<u32>, 9> startsOnly;
+    // The lines of one kind that have one number.
+    struct Use {
+        Cover cover;  // of those whose number is chosen
+        int lines = 0;
+        int halves = 0;  // with one end
+    };
+
+    Use& UseOf(u32 line) { return m_uses[{m_lines.lines[line].kind, m_chosen.numbers.Of(line)}]; }
+
+    // Nothing is covered yet.
+    void CountUses() {
+        m_uses.clear();
         for (const u32 line : m_order) {
-            const Span& span = m_spans[line];
-            const auto kind = static_cast<std::size_t>(m_lines.lines[line].kind);
-            std::erase_if(open.at(kind),
-                          [&](u32 other) { return m_spans[other].last < span.first; });
-            for (const u32 other : open.at(kind)) {
-                Join(line, other);
-            }
-            open.at(kind).push_back(line);
-            if (span.hasStart && !span.hasStop) {
-                startsOnly.at(kind).push_back(line);
-            } else if (span.hasStop && !span.hasStart) {
-                for (const u32 other : startsOnly.at(kind)) {
-                    Join(line, other);
-                }
-            }
+            Count(line, 1);
         }
     }
 
-    void Join(u32 a, u32 b) {
-        if (m_spans[a].isFixed && m_spans[b].isFixed) {
-            return;
-        }
-        m_neighbours[a].push_back(b);
-        m_neighbours[b].push_back(a);
+    void Count(u32 line, int more) {
+        Use& use = UseOf(line);
+        use.lines += more;
+        use.halves += m_spans[line].IsWhole() ? 0 : more;
     }
 
+    // False: the line needs another number, and none is free.
     bool Choose(u32 line) {
-        Taken taken;
-        bool isTaken = false;
-        for (const u32 other : m_neighbours[line]) {
-            if (m_done[other]) {
-                const int number = m_chosen.numbers.Of(other);
-                Take(taken, number);
-                isTaken = isTaken || number == m_lines.lines[line].number;
-            }
-            if (isTaken && FirstFree(taken) == 0) {
-                break;
+        bool done = true;
+        if (UseOf(line).cover.Excludes(m_spans[line])) {
+            const int number = FreeNumber(line);
+            done = number != 0;
+            if (done) {
+                Count(line, -1);
+                m_chosen.numbers.Set(line, number);
+                Count(line, 1);
             }
         }
-        m_done[line] = true;
-        if (!isTaken) {
-            return true;
-        }
-        Taken cautious = taken;
-        for (const u32 other : m_spans[line].IsWhole() ? m_halves : m_order) {
-            if (m_lines.lines[other].kind == m_lines.lines[line].kind) {
-                Take(cautious, m_chosen.numbers.Of(other));
+        UseOf(line).cover.Add(m_spans[line]);
+        return done;
+    }
+
+    // 0: none. Where a line has one end, one that no other line has is better.
+    int FreeNumber(u32 line) {
+        const Span& span = m_spans[line];
+        int free = 0;
+        for (int number = 1; number <= kMaxLineNumbers; ++number) {
+            const Use& use = m_uses[{m_lines.lines[line].kind, number}];
+            if (use.cover.Excludes(span)) {
+                continue;
             }
+            if ((span.IsWhole() ? use.halves : use.lines) == 0) {
+                return number;
+            }
+            free = free == 0 ? number : free;
         }
-        const int free = FirstFree(cautious) != 0 ? FirstFree(cautious) : FirstFree(taken);
-        if (free != 0) {
-            m_chosen.numbers.Set(line, free);
-        }
-        return free != 0;
+        return free;
     }
 
     // Numbers ran out: in document order no line needs more of them than overlap at one place.
@@ -172,23 +188,18 @@ private:
         for (std::size_t i = 0; i < m_lines.ends.size(); ++i) {
             Extend(read[m_lines.ends[i].line], i, m_lines.ends[i].role);
         }
-        for (Span& span : m_spans) {
-            span.isFixed = false;
-        }
-        m_done.assign(m_spans.size(), false);
-        for (std::vector<u32>& neighbours : m_neighbours) {
-            neighbours.clear();
-        }
-        FindNeighbours();
+        CountUses();
         for (const u32 line : m_order) {
             if (Choose(line) || m_chosen.failure) {
                 continue;
             }
-            const bool wasTold = std::ranges::none_of(m_neighbours[line], [&](u32 other) {
-                return m_lines.lines[other].number == m_lines.lines[line].number &&
-                       read[line].Overlaps(read[other]);
+            const Line& own = m_lines.lines[line];
+            const bool wasApart = std::ranges::none_of(m_order, [&](u32 other) {
+                return other != line && m_lines.lines[other].kind == own.kind &&
+                       m_lines.lines[other].number == own.number &&
+                       m_spans[line].Overlaps(m_spans[other]) && read[line].Overlaps(read[other]);
             });
-            if (wasTold) {
+            if (wasApart) {
                 m_chosen.failure = {line, m_spans[line].measure};
             }
         }
@@ -196,10 +207,8 @@ private:
 
     const PartLines& m_lines;
     std::vector<Span> m_spans;  // by line
-    std::vector<std::vector<u32>> m_neighbours;
-    std::vector<bool> m_done;   // whose number is chosen
     std::vector<u32> m_order;   // of those that are written, by their first end
-    std::vector<u32> m_halves;  // likewise, of those with one end
+    std::map<std::pair<LineKind, int>, Use> m_uses;  // by number
     ChosenNumbers m_chosen;
 };
 
