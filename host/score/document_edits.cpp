@@ -68,6 +68,7 @@ bool Document::BeginEdit(std::u16string undoText) {
     if (m_edit) {
         return false;
     }
+    m_records.CloseUp();
     m_edit.emplace(Edit{std::move(undoText), {}});
     return true;
 }
@@ -206,6 +207,7 @@ void Document::MarkImported() {
     m_needRebeam.clear();
     m_undo.clear();
     m_redo.clear();
+    m_records.CloseUp();
     m_baseline.emplace();
 }
 

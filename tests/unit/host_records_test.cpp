@@ -1,5 +1,7 @@
 // Records: keys, their order, and how record numbers move.
+#include <algorithm>
 #include <array>
+#include <random>
 
 #include "shell/host/detail_flags.h"
 #include "shell/host/host_functions.h"
@@ -56,15 +58,75 @@ TEST(HostRecords, NumbersMoveWithinItem) {
     EXPECT_EQ(done('d', 3), "0 3 abc");
 }
 
+TEST(HostRecords, ManyOperationsGiveTheSameItemsAsAList) {
+    constexpr u32 kTag = kArticulation;
+    RecordStore store;
+    std::array<std::string, 2> items;  // what each entry's records should be
+    std::mt19937 random{7};
+    const auto below = [&random](std::size_t limit) {
+        return static_cast<u16>(std::uniform_int_distribution<std::size_t>{0, limit - 1}(random));
+    };
+    for (int step = 0; step < 5000; ++step) {
+        const std::size_t which = below(2);
+        std::string& item = items.at(which);
+        const u32 entry = static_cast<u32>(which + 1);
+        const u16 inci = below(5);
+        const bool exists = inci < item.size();
+        const auto content = static_cast<char>('a' + step % 26);
+        switch (below(6)) {
+            case 0:
+            case 1:
+                store.Create(kTag, RecordKey::OfEntry(entry, inci), Bytes(1, content));
+                item.insert(std::min<std::size_t>(inci, item.size()), 1, content);
+                break;
+            case 2:
+                ASSERT_EQ(store.Save(kTag, RecordKey::OfEntry(entry, inci), Bytes(1, content)),
+                          exists);
+                if (exists) {
+                    item[inci] = content;
+                }
+                break;
+            case 3: {  // the last record up to that number
+                const auto* last = store.Previous(kTag, RecordKey::OfEntry(entry, kAppend));
+                const bool isOfEntry = last != nullptr && last->first.Entry() == entry;
+                ASSERT_EQ(isOfEntry ? last->second : "",
+                          item.empty() ? "" : item.substr(item.size() - 1));
+                break;
+            }
+            default:
+                for (int times = below(4); times >= 0; --times) {
+                    ASSERT_EQ(store.Delete(kTag, RecordKey::OfEntry(entry, inci)),
+                              inci < item.size());
+                    item.erase(std::min<std::size_t>(inci, item.size()), 1);
+                    const Bytes* next = store.Find(kTag, RecordKey::OfEntry(entry, inci));
+                    ASSERT_EQ(next != nullptr ? *next : "",
+                              item.substr(std::min<std::size_t>(inci, item.size()), 1));
+                }
+                break;
+        }
+        ASSERT_EQ(store.HasDetails(entry), !item.empty());
+        if (below(4) == 0) {
+            std::array<std::string, 2> stored;
+            for (const auto& [key, bytes] : store.OfTag(kTag)) {
+                std::string& list = stored.at(key.Entry() - 1);
+                ASSERT_EQ(key.Inci(), list.size());
+                list += bytes;
+            }
+            ASSERT_EQ(stored, items);
+        }
+    }
+}
+
 TEST(HostRecords, UndoRestoresNumbers) {
     // What remains after the deletions of one edit, after its undo and after redoing it.
     const auto done = [](std::initializer_list<u16> deleted) {
         StandIn host;
         Document& score = host.Score();
-        for (const char content : {'a', 'b', 'c', 'd'}) {
+        for (const char content : {'z', 'a', 'b', 'c', 'd'}) {
             Words key{5, kAppend};
             EXPECT_EQ(Create(kKeyFormat, key, content), 1);
         }
+        EXPECT_TRUE(score.Records().Delete(kKeyFormat, RecordKey::Other(5, 0)));
         score.BeginEdit(u"Delete");
         for (const u16 inci : deleted) {
             EXPECT_TRUE(score.Records().Delete(kKeyFormat, RecordKey::Other(5, inci)));

@@ -16,9 +16,12 @@ bool HasRecordNumbers(u32 tag) noexcept {
 }  // namespace
 
 const Bytes* RecordStore::Find(u32 tag, RecordKey key) const {
-    const Table& table = OfTag(tag);
-    const auto found = table.find(key);
-    return found == table.end() ? nullptr : &found->second;
+    const auto named = m_tables.find(tag);
+    if (named == m_tables.end()) {
+        return nullptr;
+    }
+    const auto found = named->second.find(StoredKey(tag, key));
+    return found == named->second.end() ? nullptr : &found->second;
 }
 
 bool RecordStore::Save(u32 tag, RecordKey key, Bytes bytes) {
@@ -28,7 +31,7 @@ bool RecordStore::Save(u32 tag, RecordKey key, Bytes bytes) {
     }
     if (stored == nullptr || *stored != bytes) {
         Notify(tag, key, stored);
-        Put(tag, TableOf(tag), key, std::move(bytes));
+        Put(tag, TableOf(tag, key), key, std::move(bytes));
     }
     return true;
 }
@@ -38,7 +41,7 @@ std::optional<RecordKey> RecordStore::Create(u32 tag, RecordKey key, Bytes bytes
     if (family == RecordFamily::kNone || family == RecordFamily::kStaffAt) {
         return std::nullopt;
     }
-    Table& table = TableOf(tag);
+    Table& table = TableOf(tag, key);
     if (HasRecordNumbers(tag)) {
         const u16 count = CountOfItem(table, key);
         if (count == kAppend) {
@@ -80,25 +83,52 @@ bool RecordStore::Delete(u32 tag, RecordKey key, After after) {
         return false;
     }
     Table& table = named->second;
-    auto at = table.find(key);
+    const bool closesUp = after == After::kCloseUp && HasRecordNumbers(tag);
+    const bool isNext = closesUp && IsOpen(tag, key) && m_opening->at == key;
+    if (!isNext) {
+        CloseUp();
+    }
+    const auto at = table.find(StoredKey(tag, key));
     if (at == table.end()) {
         return false;
     }
-    if (after == After::kCloseUp && HasRecordNumbers(tag)) {
-        const auto end = table.upper_bound(key.WithInci(kAppend));
+    if (closesUp && !isNext) {
+        m_opening = {tag, key};
         if (m_listener != nullptr) {
-            m_listener->BeforeRecordsChange(tag, at, end);
-        }
-        // The contents move, not the keys: an entry with many details loses one after the other.
-        for (auto later = std::next(at); later != end; at = later++) {
-            at->second = std::move(later->second);
+            m_listener->BeforeRecordsChange(tag, at, table.upper_bound(key.WithInci(kAppend)));
         }
     } else {
         Notify(tag, key, &at->second);
     }
     table.erase(at);
+    if (closesUp) {
+        ++m_opening->lost;
+    }
     UnmarkIfLast(tag, key);
     return true;
+}
+
+void RecordStore::CloseUp() const {
+    if (!m_opening) {
+        return;
+    }
+    const auto [tag, key, lost] = *m_opening;
+    m_opening.reset();
+    Table& table = m_tables[tag];
+    auto later = table.lower_bound(key);
+    while (later != table.end() && later->first.Item() == key.Item()) {
+        auto node = table.extract(later++);
+        node.key() = node.key().WithInci(static_cast<u16>(node.key().Inci() - lost));
+        table.insert(later, std::move(node));
+    }
+}
+
+RecordKey RecordStore::StoredKey(u32 tag, RecordKey key) const noexcept {
+    if (!IsOpen(tag, key) || key < m_opening->at) {
+        return key;
+    }
+    const u32 inci = u32{key.Inci()} + m_opening->lost;
+    return key.WithInci(static_cast<u16>(std::min(inci, u32{kAppend})));
 }
 
 const RecordStore::Table::value_type* RecordStore::Next(u32 tag, RecordKey key) const {
@@ -115,8 +145,25 @@ const RecordStore::Table::value_type* RecordStore::Previous(u32 tag, RecordKey k
 
 const RecordStore::Table& RecordStore::OfTag(u32 tag) const {
     static const Table kNone;
+    CloseUp();
     const auto found = m_tables.find(tag);
     return found == m_tables.end() ? kNone : found->second;
+}
+
+RecordStore::Table& RecordStore::TableOf(u32 tag, RecordKey key) {
+    if (IsOpen(tag, key)) {
+        CloseUp();
+    }
+    return m_tables[tag];
+}
+
+bool RecordStore::HasAny(u32 tag, u32 entry) const {
+    const auto named = m_tables.find(tag);
+    if (named == m_tables.end()) {
+        return false;
+    }
+    const auto first = named->second.lower_bound(RecordKey::OfEntry(entry));
+    return first != named->second.end() && first->first.Entry() == entry;
 }
 
 u16 RecordStore::CountOfEntry(u32 tag, u32 entry) const {
@@ -128,7 +175,7 @@ void RecordStore::DeleteDetails(u32 entry) {
     ForEachDetail(entry,
                   [&](u32 tag, RecordKey key, const Bytes&) { doomed.emplace_back(tag, key); });
     for (const auto& [tag, key] : doomed) {
-        Table& table = TableOf(tag);
+        Table& table = TableOf(tag, key);
         const auto at = table.find(key);
         Notify(tag, key, &at->second);
         table.erase(at);
@@ -137,7 +184,7 @@ void RecordStore::DeleteDetails(u32 entry) {
 }
 
 std::optional<Bytes> RecordStore::Exchange(u32 tag, RecordKey key, std::optional<Bytes> bytes) {
-    Table& table = TableOf(tag);
+    Table& table = TableOf(tag, key);
     const auto at = table.find(key);
     std::optional<Bytes> before;
     if (at != table.end()) {
@@ -195,13 +242,13 @@ RecordStore::TagMask RecordStore::MaskOf(u32 tag) {
 
 void RecordStore::UnmarkIfLast(u32 tag, RecordKey key) {
     const u32 entry = key.Entry();
-    if (FamilyOf(tag) != RecordFamily::kEntryDetail || CountOfEntry(tag, entry) != 0) {
+    if (FamilyOf(tag) != RecordFamily::kEntryDetail || HasAny(tag, entry)) {
         return;
     }
     const TagMask mask = MaskOf(tag);
     if (mask == TagMask{1} << kSharedBit) {
         for (std::size_t i = kSharedBit; i < m_detailTags.size(); ++i) {
-            if (CountOfEntry(m_detailTags[i], entry) != 0) {
+            if (HasAny(m_detailTags[i], entry)) {
                 return;
             }
         }

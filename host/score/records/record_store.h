@@ -62,6 +62,8 @@ public:
     // exist.
     enum class After { kCloseUp, kGap };
     bool Delete(u32 tag, RecordKey key, After after = After::kCloseUp);
+    // To be called before a listener begins to note changes.
+    void CloseUp() const;
 
     // The first record after the key, the last one before it; null if none.
     const Table::value_type* Next(u32 tag, RecordKey key) const;
@@ -69,7 +71,10 @@ public:
 
     // Every record of a tag in order; empty when there are none.
     const Table& OfTag(u32 tag) const;
-    const std::map<u32, Table>& All() const noexcept { return m_tables; }
+    const std::map<u32, Table>& All() const {
+        CloseUp();
+        return m_tables;
+    }
 
     // How many records of the tag the entry has; if their numbers have gaps, the last number + 1.
     u16 CountOfEntry(u32 tag, u32 entry) const;
@@ -93,7 +98,22 @@ private:
     using TagMask = u64;                        // bit i: the i-th entry detail tag
     static constexpr unsigned kSharedBit = 63;  // for the tags without their own bit
 
-    Table& TableOf(u32 tag) { return m_tables[tag]; }
+    // Where an item lost records; the later ones still have their former numbers. Closing up waits,
+    // since the records of an entry often go one after the other, and would all move each time.
+    struct Opening {
+        u32 tag = 0;
+        RecordKey at{};  // of the first one lost
+        u16 lost = 0;
+    };
+
+    bool IsOpen(u32 tag, RecordKey key) const noexcept {
+        return m_opening && m_opening->tag == tag && m_opening->at.Item() == key.Item();
+    }
+    // The key that the record has in its table.
+    RecordKey StoredKey(u32 tag, RecordKey key) const noexcept;
+    // To change records of the key's item.
+    Table& TableOf(u32 tag, RecordKey key);
+    bool HasAny(u32 tag, u32 entry) const;
     u16 CountOfItem(const Table& table, RecordKey key) const;
     void Notify(u32 tag, RecordKey key, const Bytes* before);
     void Put(u32 tag, Table& table, RecordKey key, Bytes bytes);
@@ -103,7 +123,8 @@ private:
     void UnmarkIfLast(u32 tag, RecordKey key);
 
     RecordListener* m_listener = nullptr;
-    std::map<u32, Table> m_tables;
+    mutable std::map<u32, Table> m_tables;
+    mutable std::optional<Opening> m_opening;
     std::vector<u32> m_detailTags;                 // in order of first use
     std::unordered_map<u32, TagMask> m_entryTags;  // of entries with details
 };
@@ -116,7 +137,7 @@ void RecordStore::ForEachDetailTag(u32 entry, Visit visit) const {
     }
     for (std::size_t i = 0; i < m_detailTags.size(); ++i) {
         const bool isMarked = (tags->second >> std::min<std::size_t>(i, kSharedBit) & 1U) != 0;
-        if (isMarked && (i < kSharedBit || CountOfEntry(m_detailTags[i], entry) != 0)) {
+        if (isMarked && (i < kSharedBit || HasAny(m_detailTags[i], entry))) {
             visit(m_detailTags[i]);
         }
     }
