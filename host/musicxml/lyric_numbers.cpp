@@ -1,6 +1,7 @@
 #include "host/musicxml/lyric_numbers.h"
 
-#include <algorithm>
+#include <map>
+#include <set>
 
 #include "host/musicxml/xml/xml_node.h"
 
@@ -12,9 +13,9 @@ std::string LyricNumberOf(std::string_view lyric) {
     return std::string{number.empty() ? std::string_view{"1"} : number};
 }
 
-std::string NextFree(const std::string& number, const std::vector<std::string>& taken) {
+std::string NextFree(const std::string& number, const std::set<std::string>& taken) {
     int next = IntegerOf(number).value_or(0) + 1;
-    while (std::ranges::find(taken, std::to_string(next)) != taken.end()) {
+    while (taken.contains(std::to_string(next))) {
         ++next;
     }
     return std::to_string(next);
@@ -24,19 +25,22 @@ std::string NextFree(const std::string& number, const std::vector<std::string>& 
 
 std::vector<std::string> LyricNumbers(const Fragments& fragments,
                                       const std::vector<LyricAtEntry>& lyrics) {
-    std::vector<std::string> taken;
-    taken.reserve(lyrics.size());
-    for (const LyricAtEntry& lyric : lyrics) {
-        taken.push_back(LyricNumberOf(fragments[lyric.fragment]));
-    }
     std::vector<std::string> numbers(lyrics.size());
-    for (std::size_t i = 1; i < lyrics.size(); ++i) {
-        for (std::size_t earlier = 0; earlier < i && numbers[i].empty(); ++earlier) {
-            if (lyrics[i].joined && taken[earlier] == taken[i]) {
-                numbers[i] = NextFree(taken[i], taken);
-            }
+    std::set<std::string> taken;
+    for (const LyricAtEntry& lyric : lyrics) {
+        taken.insert(LyricNumberOf(fragments[lyric.fragment]));
+    }
+    std::set<std::string> earlier;
+    std::map<std::string, std::string> lastFound;  // by the number read
+    for (std::size_t i = 0; i < lyrics.size(); ++i) {
+        std::string number = LyricNumberOf(fragments[lyrics[i].fragment]);
+        if (lyrics[i].joined && earlier.contains(number)) {
+            std::string& last = lastFound.try_emplace(number, number).first->second;
+            last = NextFree(last, taken);
+            number = numbers[i] = last;
+            taken.insert(number);
         }
-        taken[i] = numbers[i].empty() ? taken[i] : numbers[i];
+        earlier.insert(std::move(number));
     }
     return numbers;
 }

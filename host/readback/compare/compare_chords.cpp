@@ -1,11 +1,68 @@
 // Whether a merge kept each note, with its chord and its attachments.
 #include <algorithm>
+#include <array>
 #include <string>
+#include <vector>
 
 #include "host/readback/compare/comparison.h"
 
 namespace standin::readback {
 namespace {
+
+// The attachments of chords, found by their text.
+class Marks {
+public:
+    void Read(const Side& side, const Indices& chords) {
+        m_marks.clear();
+        for (const u32 chord : chords) {
+            const Range& notes = side.score.chords[chord].notes;
+            for (u32 note = notes.begin; note < notes.end; ++note) {
+                const Range& range = side.score.notes[note].attachments;
+                for (u32 at = range.begin; at < range.end; ++at) {
+                    const Attachment& mark = side.score.attachments[at];
+                    m_marks.push_back({chord, mark.text, mark.lyric, side.noteIds[note]});
+                }
+            }
+        }
+        std::ranges::sort(m_marks);
+    }
+
+    // On that note, if it is one note's alone.
+    bool HasText(u32 chord, const Attachment& wanted, u32 noteId) const {
+        return AnyFrom({chord, wanted.text, 0, 0}, 2,
+                       [&](const Mark& mark) { return !wanted.ofNote || mark[3] == noteId; });
+    }
+
+    // A lyric may have another number if its own is taken.
+    bool Has(u32 chord, const Attachment& wanted, u32 noteId) const {
+        const bool isThere =
+            AnyFrom({chord, wanted.text, wanted.lyric, 0}, 3,
+                    [&](const Mark& mark) { return !wanted.ofNote || mark[3] == noteId; });
+        return isThere || (wanted.lyric != kNone && HasText(chord, wanted, noteId) &&
+                           AnyFrom({chord, 0, 0, 0}, 1,
+                                   [&](const Mark& mark) { return mark[2] == wanted.lyric; }));
+    }
+
+private:
+    using Mark = std::array<u32, 4>;  // chord, text, number of the lyric, the note's ID
+
+    // Of those that have so many values in common with the first one.
+    template <typename Test>
+    bool AnyFrom(const Mark& first, std::ptrdiff_t common, Test test) const {
+        const auto isAlike = [&](const Mark& mark) {
+            return std::equal(first.begin(), first.begin() + common, mark.begin());
+        };
+        for (auto at = std::ranges::lower_bound(m_marks, first);
+             at != m_marks.end() && isAlike(*at); ++at) {
+            if (test(*at)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    std::vector<Mark> m_marks;
+};
 
 class ChordComparison {
 public:
@@ -25,6 +82,8 @@ public:
         collect(m_before.score, &Group::before);
         collect(m_after.score, &Group::after);
         for (const auto& [key, group] : groups) {
+            m_marksBefore.Read(m_before, group.before);
+            m_marksAfter.Read(m_after, group.after);
             CompareNotes(group);
             CompareCompany(group);
             CompareRests(m_all, group);
@@ -167,35 +226,12 @@ private:
             const Range& range = m_before.score.notes[note].attachments;
             for (u32 at = range.begin; at < range.end; ++at) {
                 const Attachment& attachment = m_before.score.attachments[at];
-                if (!attachment.look && !Has(m_after, is, attachment, m_before.noteIds[note])) {
+                if (!attachment.look && !m_marksAfter.Has(is, attachment, m_before.noteIds[note])) {
                     lost.push_back(at);
                 }
             }
         }
         return lost;
-    }
-
-    // Whether the chord has the attachment, which must be on that note if it is one note's alone. A
-    // lyric may have another number if its own is taken.
-    static bool Has(const Side& side, u32 chord, const Attachment& wanted, u32 noteId) {
-        const Range& notes = side.score.chords[chord].notes;
-        bool hasText = false;
-        bool isTaken = false;
-        for (u32 note = notes.begin; note < notes.end; ++note) {
-            const Range& range = side.score.notes[note].attachments;
-            for (u32 at = range.begin; at < range.end; ++at) {
-                const Attachment& attachment = side.score.attachments[at];
-                const bool isHere = !wanted.ofNote || side.noteIds[note] == noteId;
-                const bool isSame = isHere && attachment.text == wanted.text;
-                if (isSame && attachment.lyric == wanted.lyric) {
-                    return true;
-                }
-                hasText = hasText || isSame;
-                isTaken =
-                    isTaken || (attachment.lyric != kNone && attachment.lyric == wanted.lyric);
-            }
-        }
-        return hasText && isTaken;
     }
 
     void CheckGained(u32 is, const Indices& before) const {
@@ -207,7 +243,7 @@ private:
                 const bool isBrought =
                     attachment.look || std::ranges::any_of(before, [&](u32 was) {
                         return HasNotesOf(m_after, is, m_before, was) &&
-                               HasText(m_before, was, attachment, m_after.noteIds[note]);
+                               m_marksBefore.HasText(was, attachment, m_after.noteIds[note]);
                     });
                 if (!isBrought) {
                     Report(chord, Difference::Kind::kGained,
@@ -218,23 +254,11 @@ private:
         }
     }
 
-    static bool HasText(const Side& side, u32 chord, const Attachment& wanted, u32 noteId) {
-        const Range& notes = side.score.chords[chord].notes;
-        for (u32 note = notes.begin; note < notes.end; ++note) {
-            const Range& range = side.score.notes[note].attachments;
-            for (u32 at = range.begin; at < range.end; ++at) {
-                if (side.score.attachments[at].text == wanted.text &&
-                    (!wanted.ofNote || side.noteIds[note] == noteId)) {
-                    return true;
-                }
-            }
-        }
-        return false;
-    }
-
     const Comparison& m_all;
     const Side& m_before;
     const Side& m_after;
+    Marks m_marksBefore;  // of the group that is compared
+    Marks m_marksAfter;
 };
 
 }  // namespace
