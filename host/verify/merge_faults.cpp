@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <map>
 #include <set>
+#include <string_view>
 #include <tuple>
+#include <utility>
 
 #include "host/score/application.h"
 #include "host/score/records/tags.h"
@@ -61,9 +63,7 @@ public:
           m_region{InOneStaffList(document, *document.selection)},
           m_changed{ChangedPlaces(before, after)},
           m_factsBefore{FactsOf(before, m_changed)},
-          m_factsAfter{FactsOf(after, m_changed)},
-          m_streamsBefore{StreamsOf(m_factsBefore)},
-          m_streamsAfter{StreamsOf(m_factsAfter)} {
+          m_factsAfter{FactsOf(after, m_changed)} {
         for (const EntryFacts& fact : m_factsAfter) {
             m_byMeasure[MeasureOf(fact.key)].push_back(&fact);
             m_byTime[{MeasureOf(fact.key), i32{fact.entry->elapsedTime}}].push_back(&fact);
@@ -130,24 +130,30 @@ private:
     }
 
     void CompareNotes() {
-        const auto collect = [](const Facts& facts) {
-            Lines lines;
+        using Note = std::pair<const EntryFacts*, const std::string*>;
+        using Notes = std::vector<Note>;
+        const auto content = [](const Note& note) {
+            return std::tuple{MeasureOf(note.first->key), std::string_view{note.first->time},
+                              std::string_view{*note.second}};
+        };
+        const auto collect = [&content](const Facts& facts) {
+            Notes notes;
             for (const EntryFacts& fact : facts) {
                 for (const std::string& note : fact.notes) {
-                    lines.push_back(fact.Place() + ": " + note);
+                    notes.emplace_back(&fact, &note);
                 }
             }
-            std::ranges::sort(lines);
-            return lines;
+            std::ranges::sort(notes, {}, content);
+            return notes;
         };
-        const Lines before = collect(m_factsBefore);
-        const Lines after = collect(m_factsAfter);
-        const auto addMissing = [this](const Lines& some, const Lines& others, Text what) {
-            Lines missing;
-            std::set_difference(some.begin(), some.end(), others.begin(), others.end(),
-                                std::back_inserter(missing));
-            for (const std::string& line : missing) {
-                m_faults.push_back(Say(what, {line}));
+        const Notes before = collect(m_factsBefore);
+        const Notes after = collect(m_factsAfter);
+        const auto addMissing = [&](const Notes& some, const Notes& others, Text what) {
+            Notes missing;
+            std::ranges::set_difference(some, others, std::back_inserter(missing), {}, content,
+                                        content);
+            for (const auto& [fact, note] : missing) {
+                m_faults.push_back(Say(what, {fact->Place() + ": " + *note}));
             }
         };
         addMissing(before, after, Text::kLost);
@@ -263,7 +269,12 @@ private:
 
     void CompareExpressions() {
         const RecordStore::Table& now = Records(m_after, Tag::kExpression);
-        for (const auto& [key, bytes] : Records(m_before, Tag::kExpression)) {
+        const RecordStore::Table& before = Records(m_before, Tag::kExpression);
+        if (!before.empty()) {
+            m_streamsBefore = StreamsOf(m_factsBefore);
+            m_streamsAfter = StreamsOf(m_factsAfter);
+        }
+        for (const auto& [key, bytes] : before) {
             const auto found = now.find(key);
             if (found == now.end()) {
                 m_faults.push_back(
@@ -273,7 +284,7 @@ private:
             CompareExpression(key.OtherItem(), FromBytes<MyExpressionAssign>(bytes),
                               FromBytes<MyExpressionAssign>(found->second));
         }
-        if (now.size() > Records(m_before, Tag::kExpression).size()) {
+        if (now.size() > before.size()) {
             m_faults.push_back(Say(Text::kFaultExpressionAdded, {}));
         }
     }
@@ -392,8 +403,8 @@ private:
     const StaffMeasures m_changed;  // all that the facts are about
     const Facts m_factsBefore;
     const Facts m_factsAfter;
-    const Streams m_streamsBefore;
-    const Streams m_streamsAfter;
+    Streams m_streamsBefore;  // where there are expressions
+    Streams m_streamsAfter;
     // After the merge:
     std::map<StaffMeasure, FactList> m_byMeasure;
     std::map<std::pair<StaffMeasure, i32>, FactList> m_byTime;
