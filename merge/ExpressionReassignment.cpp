@@ -27,8 +27,7 @@ u16 LayerField(u16 layer) {
 bool IsCandidate(const FinPIScoreExpr& expression, const FramePair& frames, u16 layer) {
     return expression.staffListMarker == 0 && LayerField(layer) != 0 &&
            (expression.layer & ExpressionLayer::kLayerMask) == LayerField(layer) &&
-           std::max<i16>(expression.staff, 0) == frames.destination.StaffNumber() &&
-           frames.staffSelected &&
+           expression.staff == frames.destination.StaffNumber() && frames.staffSelected &&
            frames.region.ContainsTime(static_cast<i16>(expression.GetCmper1()),
                                       PositionOf(expression));
 }

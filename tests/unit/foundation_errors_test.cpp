@@ -54,6 +54,14 @@ TEST_F(Errors, MayBeReportedWhileAnotherIsShown) {
     EXPECT_EQ(g_pendingError, nullptr);
 }
 
+TEST_F(Errors, OfTheAlertItselfAreNotKept) {
+    App().alertListener = [](const standin::Alert&) { PostError(FinPIAppError("second", "2")); };
+    PostError(FinPIAppError("first", "1"));
+    ReportPendingError();
+    App().alertListener = nullptr;
+    EXPECT_EQ(g_pendingError, nullptr);
+}
+
 TEST_F(Errors, LongTextsAreTruncated) {
     const FinPIAppError error(std::string(150, 'f').c_str(), std::string(300, 'd').c_str());
     EXPECT_EQ(error.m_function, std::string(99, 'f'));
@@ -93,10 +101,21 @@ TEST(DocumentScopes, CheckCurrentDocumentNotResult) {
     }
 }
 
+// A host without parts answers -1 and has only the score.
+TEST(PartScopes, ScoreIsCurrentWithoutParts) {
+    standin::StandIn host;
+    host.Score().currentPart = -1;
+    App().ResetCounts();
+    EXPECT_TRUE(PartScope{PartScope::kScore});
+    EXPECT_EQ(App().calls.Of(standin::HostCall::kSetCurrentPartID), 0U);
+    EXPECT_FALSE(PartScope{1});
+}
+
 TEST(DocumentScopes, SwitchAndRestore) {
     standin::StandIn host;
     const u16 first = App().CurrentNumber();
     const u16 second = App().OpenDocument(u"second").Number();
+    EXPECT_TRUE(DocumentScope{}) << "on the document that is current";
     for (const u16 wanted : {first, second, u16{77}}) {
         App().ResetCounts();
         const DocumentScope scope(wanted);

@@ -65,6 +65,10 @@ TEST_F(Walks, PositionsAreScaledAndRounded) {
     EXPECT_EQ(frame.EntryAt(1).ScaledActualDuration(), 683);  // 682.67
     EXPECT_EQ(+frame.EntryAt(3)->elapsedTime, 1664);
     EXPECT_EQ(frame.EntryAt(3).ScaledPosition(), 2219);  // 2218.67
+
+    host.Score().SetMeasureDuration(host.Staff(1), 1, 5120);
+    host.Layer(1, 1, 0, "q:c4 q:d4 q:e4 q:f4 q:g4");
+    EXPECT_EQ(Load().EntryAt(3).ScaledPosition(), 2458);  // 2457.6
 }
 
 TEST_F(Walks, DurationIsSummedWhereTheHostGivesNone) {

@@ -64,6 +64,8 @@ constexpr MergeCase kChords[] = {
      "q:r h.:r"},
     {"TheOneOfItsVoiceGetsIt", "q:c5 q:d5 v2{q:b4} h:r", "h:e4 v2{q:g3 q:a3} h:r",
      "q:c5 q:d5 v2{q:b4,a3} h:r", "h:e4 v2{q:g3 q:r} h:r"},
+    {"ASecondVoiceMayGoOnLonger", "q:c4 q:d4 h:e4", "q:c5 v2{q:a4 q:g4 q:f4} q:d5 h:e5",
+     "q:c4,c5 q:d4,d5 h:e4,e5", "q:r v2{q:a4 q:g4 q:f4} q:r h:r"},
     {"HiddenRestsAreNoNotes", "q:c4 q:x h:d4", "h:g4 h:g4", "q:c4 q:x h:d4,g4", "h:g4 h:r"},
 };
 
@@ -87,6 +89,7 @@ constexpr MergeCase kRestFill[] = {
      "h:r gs:f4 q:g4 q:a4"},
     {"MissingTimeCountsAsRest", "h:c4", "q:e4 q:f4 q:g4 q:a4", "h:c4 q:g4 q:a4",
      "q:e4 q:f4 q:r q:r"},
+    {"RestsBeforeMissingTimeAreOneRun", "q:r", "w:c4", "w:c4", "w:r"},
     {"VoiceTwoBeforeMissingTime", "h:c5 v2{q:a4 q:g4}", "h:e5 h:f5", "h:c5,e5 v2{q:a4 q:g4} h:f5",
      "h:r h:r"},
     {"RestsReplaceRestsToo", "q:c4 h.:r", "q:r q:r h:r", "q:c4 q:r h:r", "q:r q:r h:r"},
@@ -101,6 +104,8 @@ constexpr MergeCase kRestFill[] = {
      "(3:2 e:d4 e:e4 e:f4) h.:g4", "(3:2 e:c4,d4 e:e4 e:f4) h.:c4,g4", "(3:2 e:r e:r e:r) h.:r"},
     {"NestedTuplets", "h:r h:c4", "(3:2 q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:b4",
      "(3:2 q:d4 (3:2 e:e4 e:f4 e:g4) q:a4) h:c4,b4", "(3:2 q:r (3:2 e:r e:r e:r) q:r) h:r"},
+    {"NoPartOfATupletForPlainNotes", "(3:2q q.:r q.:c4) h:r", "q:e4 q:g4 h:f4",
+     "(3:2q q.:r q.:c4) h:f4", "q:e4 q:g4 h:r"},
     // Both runs last a quarter, but in different tuplets.
     {"NoPartOfADifferentTuplet", "(3:2 q:r q:c4 q:d4) h:c4",
      "(6:4 e:e4 e:f4 e:g4 e:a4 e:b4 e:c5) h:r", "(3:2 q:r q:c4 q:d4) h:c4",
@@ -116,6 +121,7 @@ constexpr MergeCase kPartOfAMeasure[] = {
      "q:r q:r q:e4 q:f4", 0, 2047},
     {"SkeletonWithTuplets", "", "h:c4 q:d4 (3:2 e:e4 e:f4 e:g4)", "h:r q:d4 (3:2 e:e4 e:f4 e:g4)",
      "h:c4 q:r (3:2 e:r e:r e:r)", 2048},
+    {"OneNoteThatBeginsInside", "", "w:c4", "w:c4", "w:r", 0, 2047},
     {"AllButTheLastUnit", "", "q:c4 q:d4 h:e4", "q:c4 q:d4 h:e4", "q:r q:r h:r", 0, 4094},
     {"SkeletonEndingInATupletOfOne", "", "h:c4 q:d4 (2:1 h:e4)", "h:r q:d4 (2:1 h:e4)",
      "h:c4 q:r (2:1 h:r)", 2048},
@@ -150,6 +156,33 @@ TEST(Merge, ShapesOfRestsGoToWhatReplacesThem) {
     EXPECT_EQ(host.Layer(1, 1, 0), "h:c4 h:d4");
     EXPECT_EQ(
         host.Score().Records().CountOfEntry(Tag::kShapeOnEntry, host.EntryNumber({1, 1, 0, 1})), 1);
+}
+
+// Three quarters are not a whole rest's time, whatever the next measure begins with.
+TEST(Merge, MusicFillsItsOwnMeasureOnly) {
+    StandIn host{1, 2};
+    host.LayerEverywhere(0, "w:r");
+    host.Layer(1, 1, 1, "h.:c4");
+    host.Layer(1, 2, 1, "w:d4");
+    host.SelectAll();
+    Plugin{}.Merge(host);
+    EXPECT_EQ(host.Layer(1, 1, 0) + " | " + host.Layer(1, 2, 0), "w:r | w:d4");
+}
+
+// A wholly selected measure takes the music at once, without rests for it to replace.
+TEST(Merge, MakesRestsOnlyInPartlySelectedMeasures) {
+    const std::tuple<i32, std::size_t, std::size_t> cases[] = {
+        {kEndOfMeasure, 1, 1}, {4095, 1, 1}, {4094, 2, 2}};
+    for (const auto& [last, inserted, reduced] : cases) {
+        StandIn host;
+        host.Layer(1, 1, 1, "w:c4");
+        host.Select(1, 1, 0, 1, 1, last);
+        App().ResetCounts();
+        Plugin{}.Merge(host);
+        EXPECT_EQ(host.Layer(1, 1, 0), "w:c4") << last;
+        EXPECT_EQ(App().calls.Of(HostCall::kInsertEXENTRY), inserted) << last;
+        EXPECT_EQ(App().calls.Of(HostCall::kReduceEntries), reduced) << last;
+    }
 }
 
 TEST(Merge, HidesRestsOnRequest) {

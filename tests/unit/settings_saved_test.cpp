@@ -99,6 +99,10 @@ TEST_F(SavedSettingsTest, LongNamesAreCutBetweenCharacters) {
     EXPECT_EQ(record.Name(), std::u16string(126, u'x'));
     record.SetName(std::u16string(300, u'y'));
     EXPECT_EQ(record.Name(), std::u16string(127, u'y'));
+    record.SetName(std::u16string(42, u'\u3042'));
+    EXPECT_EQ(record.Name(), std::u16string(42, u'\u3042')) << "three bytes each";
+    record.SetName(u"z");
+    EXPECT_EQ(record.Name(), u"z") << "nothing of the longer name is left";
     std::memset(record.Header().name, 'z', sizeof(record.Header().name));
     EXPECT_EQ(record.Name(), std::u16string(128, u'z')) << "a stored name without its end";
     record.PutToFile(22001);
@@ -117,6 +121,21 @@ TEST_F(SavedSettingsTest, IncompatibleRecordIsReported) {
     EXPECT_EQ(Alerts(), 2U);
 }
 
+TEST_F(SavedSettingsTest, RecordWithoutSettingsIsNotRead) {
+    ASSERT_EQ(SavedSettingPtr{0}.PutToFile(22001), 1);
+    char settings[] = "own";
+    EXPECT_EQ(ReadSavedSettingRecord(kCommand, 1, settings, sizeof(settings)), 0U);
+    EXPECT_STREQ(settings, "own");
+}
+
+TEST_F(SavedSettingsTest, AreFoundWhereTheyMovedTo) {
+    Store(1, u"first", 50);
+    Store(99, u"last", 60);
+    EXPECT_EQ(SavedSettings::CurrentNumber(kCommand, 2, 50), 1);
+    EXPECT_EQ(SavedSettings::CurrentNumber(kCommand, 1, 60), 99);
+    EXPECT_EQ(SavedSettings::CurrentNumber(kCommand, 1, 70), 0);
+}
+
 TEST_F(SavedSettingsTest, OldSettingsMoveToNewOwner) {
     const std::string owner = kPreferences + "\\Save Settings";
     const std::string old = kPreferences + "\\Einstellungen speichern";
@@ -133,6 +152,11 @@ TEST_F(SavedSettingsTest, OldSettingsMoveToNewOwner) {
     }
     EXPECT_EQ(StoredValue(owner, "ZKSC22004"), std::nullopt) << "behind a gap";
     EXPECT_FALSE(KeyExists(old));
+    for (const char* name : {"ZKSC24000", "ZKSC24002"}) {
+        StoreValue(old, name, name);
+    }
+    SavedSettings::MoveFromOldOwner(24000);
+    EXPECT_EQ(StoredValue(owner, "ZKSC24002"), std::nullopt) << "they count from 1";
     const auto read = [] {
         ReadSavedSetting(23000, 1, nullptr, nullptr, nullptr, nullptr, nullptr);
     };
@@ -162,6 +186,7 @@ TEST_F(SavedSettingsTest, EmptyListHasNoSelection) {
             save.Choose(Control::kList, 1);
             save.Press(Control::kDelete);
         }
+        EXPECT_EQ(save.Items(Control::kList).size(), 1U) << "an added entry is not deleted";
         save.Press(Control::kAdd);
         save.Choose(Control::kList, 2);
         save.window.controls[Control::kList].items.clear();
@@ -296,16 +321,19 @@ TEST_F(SavedSettingsTest, UsedNameGetsCounter) {
     Store(1, u"X", 1);
     Store(2, u"X 1", 2);
     Store(3, u"Y", 3);
+    Store(4, u"Plyweld/Saved Setting 1", 4);
     Run([](OpenDialog& open) {
-        open.Choose(Control::kList, 4);
+        open.Choose(Control::kList, 5);
         open.Type(Control::kName, u"X");
         open.Choose(Control::kList, 2);
+        open.Type(Control::kName, u"X 2");
+        open.Choose(Control::kList, 1);
         EXPECT_EQ(open.Items(Control::kList),
-                  (Names{u"Plyweld/Saved Setting 1", u"X", u"X 1", u"X 2"}));
-        EXPECT_EQ(open.SelectedItem(Control::kList), u"X");
+                  (Names{u"Plyweld/Saved Setting 1", u"X", u"X 1", u"X 2", u"X 2 1"}));
+        EXPECT_EQ(open.SelectedItem(Control::kList), u"Plyweld/Saved Setting 1");
         open.Press(Control::kCancel);
     });
-    EXPECT_EQ(Stored().back(), "Y 3 0 abcd");
+    EXPECT_EQ(Stored().back(), "Plyweld/Saved Setting 1 4 0 abcd");
 }
 
 TEST_F(SavedSettingsTest, RenamedEntryIsSorted) {

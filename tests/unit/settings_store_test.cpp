@@ -88,6 +88,8 @@ TEST_F(SettingsStore, WritingClearsOlderLayouts) {
     EXPECT_EQ(StoredValue(kLegacy, "WPOS22000"), "stays");
     EXPECT_EQ(StoredValue(kBase, "Plyweld"), std::nullopt);
     EXPECT_EQ(StoredValue(kBase, "Other"), "stays");
+    headless::RefuseRegistryCall(headless::RegistryCall::kCreateKey, 1);
+    EXPECT_EQ(ZKFX_PutSettings("ZKCF", 22000, "lost", 4, "Plyweld"), 0);
     EXPECT_EQ(ZKFX_PutSettings("WPOS", 22000, "new", 3, "Plyweld"), 1);
     EXPECT_FALSE(KeyExists(kLegacy)) << "the legacy key goes with its last value";
 }
@@ -121,6 +123,9 @@ TEST_F(SettingsStore, DeletesOneOrAllValues) {
     ZKFX_DeleteSettings("WPOS", 0, "Plyweld");
     EXPECT_EQ(StoredValue(kCurrent, "WPOS0"), std::nullopt);
     EXPECT_EQ(StoredValue(kCurrent, "WPOS7"), "x") << "0 is a number like others";
+    StoreValue(kCurrent, "AAAA1", "x");
+    ZKFX_DeleteSettings("AAAA", -1, "Plyweld");
+    EXPECT_EQ(StoredValue(kCurrent, "AAAA1"), std::nullopt) << "the first of all";
 }
 
 TEST_F(SettingsStore, DeletingClearsOldCopies) {
