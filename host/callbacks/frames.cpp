@@ -244,9 +244,12 @@ i32 FX_GetMeasureDuration(u16 staff, i16 measure, u32 version) {
         [&](Application&, Document& document) { return document.MeasureDuration(staff, measure); });
 }
 
-i16 FX_GetKeySig(i16 measure, u16 staff, i16, i16, u32 version) {
+i16 FX_GetKeySig(i16 measure, u16 staff, i16, i16 zero, u32 version) {
     return ServeDocument(
-        HostCall::kGetKeySig, version, i16{0}, [&](Application&, Document& document) -> i16 {
+        HostCall::kGetKeySig, version, i16{0}, [&](Application& app, Document& document) -> i16 {
+            if (zero != 0) {
+                return RefuseByRule(app, i16{0});
+            }
             const bool exists =
                 document.HasMeasure(measure) && (staff == 0 || document.HasStaff(staff));
             return exists ? KeyInStaff(document, static_cast<u16>(measure), staff) : i16{0};

@@ -69,7 +69,7 @@ protected:
     // Whether anything was deleted; -1 when it failed.
     i16 Delete(u32 kinds, i16 from = 0) {
         i16 anyDeleted = 0;
-        return source.EntryAt(from).DeleteDetails(kinds, anyDeleted) != 0 ? anyDeleted : i16{-1};
+        return source.EntryAt(from).DeleteDetails(kinds, anyDeleted) == 1 ? anyDeleted : i16{-1};
     }
 
     void SaveBoth() {

@@ -37,6 +37,8 @@ TEST_F(Details, EqualRecordsAreMerged) {
     EXPECT_EQ(copied(HostTag("edST"), {""}, {}), "") << "an alteration without value";
     EXPECT_EQ(copied(HostTag("edST"), {""}, {""}), "") << "and its flag goes with it";
     EXPECT_FALSE(target.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
+    EXPECT_EQ(copied(HostTag("edST"), {"", "x"}, {"", "x"}), "x")
+        << "found where the empty one was";
 }
 
 TEST_F(Details, NoteDetailsGetNoteID) {
@@ -59,6 +61,9 @@ TEST_F(Details, NoteDetailsGetNoteID) {
     LoadBoth();
     EXPECT_EQ(Copy(kOntoChord), 1);
     EXPECT_EQ(host.Attached(Target(), kNotehead), OfNote(1, "x"));
+    WriteAndLoad("q:c4", "q:c4", {{kNotehead, OfNote(1, "x")}});
+    RefuseOnly(HostCall::kCreateEData, 1);
+    EXPECT_EQ(ErrorOf(Copy(kOntoChord)), "29997 FinPIEntryDetail::Create: E\2cn");
 }
 
 TEST_F(Details, TieDetailsNeedTiedNote) {
@@ -86,8 +91,10 @@ TEST_F(Details, UpStemVariantBecomesDownStem) {
     EXPECT_EQ(host.Attached(Source(), HostTag("edSU")), "");
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kBeamExtension)) << "one is left";
     EXPECT_FALSE(source.EntryAt(0).HasFlag(DetailFlag::kStemOrBeamMods));
-    WriteAndLoad("q:c4", "q:c4", {{HostTag("edsl"), "from when the stem was down"}});
+    WriteAndLoad("q:c4", "q:c4", {{HostTag("edsl"), "older"}});  // the stem was down
     source.EntryAt(0)->flags |= 1;
+    EXPECT_EQ(Copy(kOntoChord), 1);
+    EXPECT_EQ(host.Attached(Target(), HostTag("edsl")), "older");
     EXPECT_EQ(Delete(kFromSource), 1);
     EXPECT_TRUE(source.EntryAt(0).HasFlag(1)) << "the host's own";
     EXPECT_EQ(host.Attached(Source(), HostTag("edsl")), "");
@@ -107,6 +114,12 @@ TEST_F(Details, BeamedRestHasNeighborsStem) {
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(target.EntryAt(2).StemDirection(), -1) << "the beam begins at the rest";
     EXPECT_EQ(target.EntryAt(0).StemDirection(), 1);
+    host.Score().AddMeasure(4, 1024);
+    host.Layer(1, 2, kSourceLayer, "w:c5");
+    host.Layer(1, 2, kTargetLayer, "e:c4 e:c4 h.:r");
+    WriteAndLoad("w:r", "e:r e:r q:c4 e:r e:c4! e:r e:r");
+    EXPECT_EQ(target.EntryAt(0).StemDirection(), 1) << "no stem before the quarter note";
+    EXPECT_EQ(target.EntryAt(3).StemDirection(), 1) << "and none up to the barline";
 }
 
 TEST_F(Details, AttachedCacheKeepsStemDirections) {
@@ -121,6 +134,20 @@ TEST_F(Details, AttachedCacheKeepsStemDirections) {
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(rest.StemDirection(), -1);
     EXPECT_EQ(target.EntryAt(2).StemDirection(), 1) << "without the cache";
+}
+
+TEST_F(Details, CopyAsksOnceForStemDirection) {
+    WriteAndLoad("e:r h.:r e:r", "e:r e:c4 e:r e:d4 h:r",
+                 {{HostTag("edUE"), "up"}, {HostTag("edDE"), "down"}});
+    source.EntryAt(0)->flags |= DetailFlag::kFrozenStem | DetailFlag::kPrimaryBeamBreak;
+    target.EntryAt(1)->flags |= HostEntryFlag::kFixedStem | HostEntryFlag::kStemUp;
+    StemDirections ofSource{{source.EntryAt(0).Number(), -1}};
+    FinPIEntryPtr from = source.EntryAt(0);
+    from.AttachStemDirections(&ofSource);
+    EXPECT_EQ(target.EntryAt(2).CopyDetailsFrom(kOntoPlaced, from), 1);
+    EXPECT_EQ(target.EntryAt(2)->flags & DetailFlag::kFrozenStemUp, DetailFlag::kFrozenStemUp);
+    EXPECT_EQ(host.Attached(Target(2), HostTag("edUE")), "down")
+        << "as before the beam was broken at the rest";
 }
 
 TEST_F(Details, InvisibleEntriesHaveNoStem) {
@@ -157,6 +184,17 @@ TEST_F(Details, RefusedCallFailsOnlyItsKind) {
     EXPECT_EQ(error(HostCall::kLoadEData, 1, true, "-"), "29998 FinPIEntryDetail::Load: edIM");
     App().faults.refuseKind = FaultPlan::OfKind{HostCall::kPreviousEData, 1, 99};
     EXPECT_EQ(Copy(kOntoChord), 1) << "a host that cannot look back has no later record";
+    Write("q:c4", "q:c4");
+    for (const char* content : {"a", "b", "c"}) {
+        host.Attach(Source(), kArticulation, content);
+    }
+    LoadBoth();
+    RefuseOnly(HostCall::kLoadEData, 2);
+    EXPECT_EQ(ErrorOf(Copy(kOntoChord)), "29998 FinPIEntryDetail::Load: edIM") << "no gap";
+    RefuseOnly(HostCall::kDeleteEData, 2);
+    EXPECT_EQ(Delete(kFromSource), -1);
+    EXPECT_EQ(TakePendingError(), "29995 FinPIEntryDetail::Delete: edIM");
+    EXPECT_EQ(host.Attached(Source(), kArticulation), "b,c");
 }
 
 // Numbers that do not close up: when records are deleted here, and where others were before.
@@ -214,6 +252,9 @@ TEST_F(Details, OtherDocumentIsNotChanged) {
         isNotCurrent(entry.CreateEntryDetail(kArticulation, data, 12, 0, kInterfaceVersion)));
     EXPECT_TRUE(isNotCurrent(entry.SaveEntryDetail(kArticulation, 0, data, 12, kInterfaceVersion)));
     EXPECT_TRUE(isNotCurrent(entry.DeleteEntryDetail(kArticulation, 0, kInterfaceVersion)));
+    EXPECT_EQ(App().calls.refusedByRule + App().calls.Of(HostCall::kCreateEData) +
+                  App().calls.Of(HostCall::kSaveEData) + App().calls.Of(HostCall::kDeleteEData),
+              0U);
 }
 
 // An articulation whose definition cannot be copied.
@@ -238,20 +279,31 @@ TEST_F(Details, CopyFromOtherDocumentNeedsReferences) {
     EXPECT_EQ(ErrorOf(FinPIEntryDetail::CopyDetail(withoutAny, its, true, anyCopied)),
               "29997 FinPIEntryDetail::Create: edIM")
         << "it needs none, but the document has no such entry";
+    FinPIArticulation ofSameEntry{source.EntryAt(0)};
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(ofSameEntry.Load(), 0);
 }
 
 TEST_F(Details, RefusesUnloadedOrOtherRecords) {
     WriteAndLoad("q:c4", "q:c4", {{kArticulation, "dot"}});
     FinPIArticulation articulation{source.EntryAt(0)};
-    const auto saveUnloaded = [&] {
-        return ErrorOf(articulation.Save()).ends_with("Attempted to Save but never Loaded.");
-    };
-    EXPECT_TRUE(saveUnloaded());
+    const std::string saveUnloaded =
+        "29999 FinPIEntryDetail::Save: Attempted to Save but never Loaded.";
+    EXPECT_EQ(ErrorOf(articulation.Save()), saveUnloaded);
+    EXPECT_EQ(articulation.Load() + articulation.Load(), 2);
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 1U) << "it is loaded already";
     articulation.SelectRecord(FinPIEntryDetail::kNewRecord);
     EXPECT_EQ(articulation.Create() + articulation.Save() + articulation.Delete(), 3);
-    EXPECT_TRUE(saveUnloaded()) << "it was deleted";
-    EXPECT_EQ(ErrorOf(FinPIBeamStubDirection{source.EntryAt(0)}.CopyAttributes(articulation)),
+    EXPECT_EQ(host.Attached(Source(), kArticulation), "dot") << "the new one was deleted";
+    EXPECT_EQ(ErrorOf(articulation.Save()), saveUnloaded);
+    FinPIBeamStubDirection other{source.EntryAt(0)};
+    EXPECT_EQ(ErrorOf(other.CopyAttributes(articulation)),
               "29999 FinPIEntryDetail::CopyAttributes: dynamic_cast failed.");
+    EXPECT_EQ(ErrorOf(other.IsSame(articulation)),
+              "29999 FinPIEntryDetail::IsSame: dynamic_cast failed.");
+    FinPIArticulation to{target.EntryAt(0)};
+    i16 anyCopied = 0;
+    EXPECT_EQ(FinPIEntryDetail::CopyDetail(to, articulation, true, anyCopied) + anyCopied, 2);
 }
 
 TEST_F(Details, RestTakesOnlyGeneralKinds) {
@@ -259,6 +311,9 @@ TEST_F(Details, RestTakesOnlyGeneralKinds) {
     EXPECT_EQ(Copy(kOntoPlaced), 1);
     EXPECT_EQ(host.Attached(Target(), kArticulation), "");
     EXPECT_EQ(host.Attached(Target(), HostTag("edsB")), "break");
+    App().ResetCounts();
+    EXPECT_EQ(Delete(DetailKind::kArticulation), 1);
+    EXPECT_EQ(App().calls.Of(HostCall::kPreviousEData), 1U) << "asks once whether one is left";
 }
 
 // The two kinds share a flag, which must stay for the remaining one.
@@ -284,7 +339,8 @@ TEST_F(Details, FlagsNeedNoRecord) {
         const u32 ontoNote = target.EntryAt(0)->flags & kAll;
         EXPECT_EQ(Delete(kinds), ontoNote != 0 ? 1 : 0);
         EXPECT_EQ(source.EntryAt(0)->flags & ontoNote, 0U);
-        EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U);
+        EXPECT_EQ(App().calls.Of(HostCall::kLoadEData) + App().calls.Of(HostCall::kPreviousEData),
+                  0U);
         return std::pair<u32, u32>{ontoNote, target.EntryAt(1)->flags & kAll};
     };
     using Flags = std::pair<u32, u32>;
@@ -305,6 +361,9 @@ TEST_F(Details, NoHostCallWithoutDetails) {
     EXPECT_EQ(Delete(kFromSource), 0);
     EXPECT_EQ(App().calls.Total(), 0U);
     EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns({}, HostTag("edEx")), 0);
+    i16 anyDeleted = 0;
+    EXPECT_EQ(target.EntryAt(0).CopyDetailsFrom(kOntoPlaced, {}), 0);
+    EXPECT_EQ(FinPIEntryPtr{}.DeleteDetails(kFromSource, anyDeleted), 0);
     EXPECT_EQ(target.EntryAt(0).MoveSmartShapeAssigns(source.EntryAt(0), HostTag("edEx")), 1);
     EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 1U) << "a smart shape's end is looked for";
     EXPECT_EQ(App().calls.Total(), 2U);
@@ -334,6 +393,11 @@ TEST_F(Details, ManualPositionsRaiseMeasureMode) {
         EXPECT_EQ(Copy(DetailKind::kEntryField6), 1);
         EXPECT_EQ(host.Score().Measure(1).positioning, after) << before;
     }
+    Refuse(HostCall::kLoadEData);
+    EXPECT_EQ(Copy(DetailKind::kEntryField6), 1);
+    EXPECT_EQ(TakePendingError(), "29998 FinPIMeas::FinPIMeas: SOMS");
+    Refuse(HostCall::kSetCurrentEnigmaDocument);
+    EXPECT_EQ(Copy(DetailKind::kEntryField6), 0);
 }
 
 TEST_F(Details, TupletCopiesEntryDuration) {

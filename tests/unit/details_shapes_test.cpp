@@ -1,4 +1,5 @@
 // Smart shapes that move with an entry, and those that are copied.
+#include "Class Files/score/details/EntryDetailKinds.h"
 #include "Class Files/score/details/FinPISmartShapeAssign.h"
 #include "Class Files/score/region/FinPIRegion.h"
 #include "host/score/smart_shape.h"
@@ -92,7 +93,7 @@ TEST_F(Shapes, RefusedMovesArePosted) {
         Write("q:c4 q:d4 h:e4", "q:g4 q:a4 h:b4");
         SlurAndLoad(0, 1);
         RefuseOnly(refused, nth);
-        const std::string posted = ErrorOf(Move());
+        std::string posted = ErrorOf(Move());
         App().faults = {};
         return posted;
     };
@@ -139,13 +140,27 @@ TEST_F(CopiedShapes, OutsideRegionAreOmitted) {
 
 TEST_F(CopiedShapes, AreDeletedWithBothMarks) {
     host.Slur(Source(1), Source());
+    host.Slur(Source(), Target());
     SlurAndLoad(0, 2);
     EXPECT_EQ(Delete(DetailKind::kSmartShape), 1);
+    EXPECT_EQ(Marks(Target()), 0);
     EXPECT_EQ(Marks(Source()), 1) << "the end of the shape that starts elsewhere";
     EXPECT_EQ(host.Score().Records().OfTag(Tag::kSmartShape).size(), 1U) << "that shape's";
     EXPECT_EQ(Marks(Source(2)), 0);
     EXPECT_TRUE(source.EntryAt(0).HasFlag(DetailFlag::kSmartShape));
     source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
+    target.EntryAt(0)->flags &= ~DetailFlag::kSmartShape;
+}
+
+TEST_F(CopiedShapes, AreNumberedFromOne) {
+    SlurAndLoad(0, 2);
+    FinPISmartShapeAssign assign{source.EntryAt(0)};
+    EXPECT_EQ(assign.Load() + assign.Commit() + assign.Delete(), 3);
+    source.EntryAt(2)->flags &= ~DetailFlag::kSmartShape;
+    assign.SelectRecord(FinPIEntryDetail::kNewRecord);
+    EXPECT_EQ(assign.Create(), 1);
+    EXPECT_EQ(Ends(1), "s0 s2");
+    EXPECT_TRUE(source.EntryAt(2).HasFlag(DetailFlag::kSmartShape));
 }
 
 TEST_F(CopiedShapes, StayIfEndMarkDoesNotLoad) {
@@ -178,10 +193,16 @@ TEST_F(CopiedShapes, PostRefusedRecords) {
     EXPECT_EQ(host.Score().Records().OfTag(Tag::kSmartShape).size(), 1U);
     EXPECT_EQ(ErrorOf(bare.CopyAttributes(assign)),
               kOrigin + "CopyAttributes: Entry has no region pointer.");
+    EXPECT_EQ(ErrorOf(bare.IsShapeInEntryRegion()),
+              kOrigin + "IsShapeInEntryRegion: Entry has no region.");
+    EXPECT_EQ(ErrorOf(assign.CopyAttributes(FinPIArticulation{from})),
+              "29999 FinPIEntryDetail::CopyAttributes: dynamic_cast failed.");
     Refuse(HostCall::kSaveEData);
     EXPECT_EQ(ErrorOf(assign.Commit()), "29996 FinPISmartShapeAssign::Commit: O\x08Sx");
     assign.SelectRecord(FinPIEntryDetail::kNewRecord);
     EXPECT_EQ(ErrorOf(assign.Save()), kOrigin + "Save: Attempted to Save with wrong Shape ID.");
+    RefuseOnly(HostCall::kCreateEData, 1);
+    EXPECT_EQ(ErrorOf(assign.Create()), "29997 FinPIEnigmaData::Create: O\x08Sx");
     // The shape and the mark of its start are created; the third call is the end's.
     RefuseOnly(HostCall::kCreateEData, 3);
     EXPECT_EQ(ErrorOf(assign.Create()), "29997 FinPISmartShapeAssign::Create (endpoint): edEx");

@@ -60,6 +60,9 @@ TEST_F(Frames, ReduceDropsEmptyEntries) {
     frame.EntryAt(0)->notes[0].noteID = 0;
     EXPECT_EQ(frame.SaveTGF(), 1);
     EXPECT_EQ(+frame.EntryAt(0)->notes[0].noteID, 1);
+    frame.EntryAt(0)->notes[0].noteID = 0;
+    EXPECT_EQ(frame.ReloadTGF(), 1);
+    EXPECT_EQ(+frame.EntryAt(0)->notes[0].noteID, 1);
     EXPECT_EQ(frame.ReduceEntries(true), 1);
     EXPECT_EQ(host.Layer(1, 1, 0), "q:c4 e:r q:d4 q:e4 e:f4 e:g4");
 }
@@ -79,11 +82,18 @@ TEST_F(Frames, OtherDocumentIsReloadedNotSaved) {
     EXPECT_FALSE((FinPITGFPtr{host.Staff(1), 1, 0}));
     EXPECT_TRUE((FinPITGFPtr{host.Staff(1), 1, 0, host.Score().Number()}));
     EXPECT_NE(frame.Staff(host.Staff(1), 0).IsLoaded(), 0);
+    EXPECT_EQ(FinPITGFPtr{}.Staff(host.Staff(1), 0).GetCmper1(), 1);
+    EXPECT_NE(TakePendingError(), "");
     other->AddStaff(host.Staff(1));
     other->AddMeasure(4, 1024);
     Refuse(HostCall::kSetCurrentEnigmaDocument);
     EXPECT_EQ(ErrorOf(frame.Staff(host.Staff(1), 0).IsLoaded()),
               "29998 FinPIStaff::FinPIStaff: SOSC");
+    EXPECT_EQ(frame.Duration(), 4096) << "of the entries held";
+    for (FinPITGFPtr none; FinPITGFPtr* const refused : {&frame, &none}) {
+        EXPECT_EQ(refused->InsertEntries(0, 1) + refused->DeleteEntriesAt(0, 1), 0);
+    }
+    EXPECT_EQ(FinPITGFPtr{}.SaveTGF() + FinPITGFPtr{}.Duration(), 0);
 }
 
 TEST_F(Frames, RefusedReloadKeepsFrame) {
@@ -103,6 +113,8 @@ TEST_F(Frames, RefusedReloadKeepsFrame) {
     const FinPITGFPtr copy{std::as_const(frame)};
     EXPECT_EQ(copy.Count(), 5) << "a copy has a loan of its own";
     EXPECT_NE(copy.Frame(), held);
+    const FinPIEntryPtr entry = frame.EntryAt(0);
+    EXPECT_EQ(FinPITGFPtr{entry}.Frame(), held) << "one that shares a frame is copied as such";
     EXPECT_EQ(ErrorOf(Load(4).ReloadTGF()),
               "29999 FinPITGFPtr::ReloadTGF: TGFPtr is not self-destroy.");
     Refuse(HostCall::kLoadTGF);
@@ -118,6 +130,10 @@ TEST_F(Frames, NeighborsAreInSameLayer) {
     EXPECT_EQ(next.PreviousFrame().Count(), 5);
     EXPECT_FALSE(Load().PreviousFrame());
     EXPECT_FALSE(next.NextFrame().NextFrame()) << "past the last measure";
+    EXPECT_EQ(+next.Frame()->firstKey, 0) << "as the host expects it";
+    App().ResetCounts();
+    EXPECT_FALSE((FinPITGFPtr{99, 1, 0})) << "a staff in no slot";
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadTGF), 0U);
 }
 
 TEST_F(Frames, OnlyHostLayersHavePreferences) {
@@ -139,6 +155,12 @@ TEST_F(Frames, DamagedEntriesAreClamped) {
     EXPECT_EQ(+frame.Entries().back().noteCount, 12);
     EXPECT_EQ(+frame.Entries().back().elapsedTime, 1 << 28);
     EXPECT_EQ(+frame.Entries().back().actualDuration, 1 << 28);
+    EXPECT_TRUE(frame.EntryAt(0).Notes().empty());
+    for (const i16 count : {i16{0}, i16{-1}}) {
+        frame.Frame()->count = count;
+        EXPECT_TRUE(frame.Entries().empty());
+    }
+    frame.Frame()->count = 5;
 }
 
 // A chord with these note IDs, and something in every note slot.
@@ -167,6 +189,7 @@ TEST(NormalForm, NoteIDsAreUnique) {
         {std::vector<u16>(12), {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12}},
         {{40}, {40}},                                            // more than the flags hold
         {{0xFFFE, 1, 0, 0, 0xFFFE}, {0xFFFF, 1, 2, 3, 0xFFFE}},  // none above the last ID
+        {{0xFFFF, 5, 5}, {0xFFFF, 1, 5}},
     };
     for (const auto& [before, after] : cases) {
         SCOPED_TRACE(testing::PrintToString(before));

@@ -11,7 +11,7 @@ class Walks : public LibraryTest {
 protected:
     Walks() : LibraryTest{1, 3} {
         host.Layer(1, 1, 0, kVoices);
-        host.Layer(1, 2, 0, "h:c5");
+        host.Layer(1, 2, 0, "h:c5 h:d5");
     }
 
     FinPITGFPtr Load(u16 measure = 1) const { return {host.Staff(1), measure, 0}; }
@@ -49,11 +49,16 @@ TEST_F(Walks, EndAtEmptyMeasure) {
     FinPIEntryPtr entry = frame.EntryAt(6).Next(false);
     EXPECT_EQ(PlaceOf(entry), "2:0");
     EXPECT_TRUE(entry.IsOwner());
-    EXPECT_EQ(PlaceOf(entry.Next(false)), "-");
+    FinPIEntryPtr last = entry.Next(false);
+    EXPECT_EQ(PlaceOf(last), "2:1");
+    EXPECT_TRUE(last.IsOwner());
+    EXPECT_EQ(PlaceOf(last.Next(false)), "-");
     EXPECT_EQ((FinPIEntryPtr{frame.Frame(), 4}.ScaledPosition()), 2048) << "asks for durations";
     EXPECT_EQ((FinPIEntryPtr{frame.Frame(), 0}.ScaledActualDuration()), 1024);
     EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), -1}));
     EXPECT_FALSE((FinPIEntryPtr{frame.Frame(), 7}));
+    EXPECT_EQ(FinPIEntryPtr{}.ScaledPosition() + FinPIEntryPtr{}.ScaledActualDuration(), 0);
+    EXPECT_EQ(FinPITGFPtr{}.NominalMeasureDuration() + FinPITGFPtr{}.StaffMeasureDuration(), 0);
 }
 
 TEST_F(Walks, PositionsAreScaledAndRounded) {
@@ -76,10 +81,12 @@ TEST_F(Walks, DurationIsSummedWhereTheHostGivesNone) {
     EXPECT_EQ(Load().Duration(), 4096) << "of the first voice";
 }
 
-TEST_F(Walks, GraceNotesMayEndTheFrame) {
+TEST_F(Walks, AnyEntryMayEndTheFrame) {
     host.Layer(1, 1, 0, "w:c4 ge:d4 gs:e4");
+    host.Layer(1, 2, 0, "w:c4 v2{w:g3}");
     App().faults.guardFrames = true;
     EXPECT_EQ(Load().EntryAt(1).GraceOffset(), -768);
+    EXPECT_EQ(PlaceOf(Load(2).EntryAt(1).NextInVoice(true)), "-");
     App().faults = {};
 }
 

@@ -41,6 +41,8 @@ TEST_F(Records, WalkClearsLongerRecords) {
     Bytes longer(14, '#');
     record.GetDataCopy(longer.data(), 14);
     EXPECT_EQ(longer, Bytes(2, 's') + Bytes(12, '\0'));
+    record.Rewind();
+    EXPECT_EQ(record.IsLoaded() + record.opaque0[0], 0);
 }
 
 TEST_F(Records, HooksHaveNoEffectByDefault) {
@@ -65,6 +67,7 @@ TEST_F(Records, HooksHaveNoEffectByDefault) {
 
 TEST_F(Records, ReorderedPreferencesAreReadOnly) {
     FinPIBeamPrefs prefs;
+    EXPECT_EQ(prefs.DocumentID(), App().CurrentNumber());
     EnigmaKey key{7};
     EXPECT_EQ(prefs.LoadNext() + prefs.Delete() + prefs.Save() + prefs.Create(), 0);
     EXPECT_EQ(prefs.GetKey(key), 0);
@@ -84,6 +87,31 @@ TEST_F(Records, RefuseOperationsOutOfOrder) {
     record.Reset(0);
     EXPECT_EQ(ErrorOf(record.Save()),
               "29999 FinPIEnigmaData::Save: Attempted to Save but never Loaded.");
+    record.SetNull(kNoInci);
+    EXPECT_EQ(record.GetCmper1(), 0xFFFF);
+    EXPECT_EQ(record.IsNull(), 1);
+}
+
+TEST_F(Records, WithoutBufferCallNoHost) {
+    struct WithoutBuffer final : FinPIOther {
+        WithoutBuffer() : FinPIOther{kKeyFormat, 1, 0, kInterfaceVersion, true} {}
+        const void* GetData() const override { return nullptr; }
+        u32 GetDataSize() const override { return 0; }
+    };
+    Added(1, 'a');
+    WithoutBuffer record;
+    EXPECT_EQ(record.DocumentID(), 0) << "none yet";
+    App().ResetCounts();
+    EXPECT_EQ(record.Load() + record.LoadNext(), 0);
+    const auto refusal = [](const char* function) {
+        return std::string("29999 FinPIEnigmaData::") + function + ": No data buffer exists.";
+    };
+    EXPECT_EQ(ErrorOf(record.LoadLast()), refusal("LoadLastCmper1"));
+    EXPECT_EQ(ErrorOf(record.LoadLastInci()), refusal("LoadLastInci"));
+    EXPECT_EQ(ErrorOf(record.Save()), refusal("Save"));
+    EXPECT_EQ(ErrorOf(record.Create()), refusal("Create"));
+    EXPECT_EQ(App().calls.Total(), 0U);
+    EXPECT_EQ(record.GetCmper1(), 1);
 }
 
 TEST_F(Records, RefusalsArePostedWithTag) {
@@ -110,6 +138,7 @@ TEST_F(Records, ChangeOnlyTheirOwnDocument) {
     FinPIKeyFormat walker(1);
     const OtherDocument other;
     other->Records().Create(kKeyFormat, RecordKey::Other(2), Bytes(12, 'o'));
+    EXPECT_EQ(FinPIKeyFormat(1).DocumentID(), other->Number());
     EXPECT_EQ(unloaded.Load() + walker.LoadNext(), 2);
     EXPECT_EQ(unloaded.DocumentID(), other->Number());
     EXPECT_EQ(walker.DocumentID(), other->Number());

@@ -1,4 +1,5 @@
 // Record classes with operations of their own.
+#include "Class Files/score/document/FinPILyricBaseline.h"
 #include "Class Files/score/document/FinPILyricText.h"
 #include "Class Files/score/document/FinPIScoreExpr.h"
 #include "Class Files/score/document/FinPIScoreView.h"
@@ -22,7 +23,7 @@ TEST_F(RecordClasses, TextsAreKeyedByNumber) {
     ASSERT_EQ(verse.Load(), 1);
     EXPECT_EQ(std::string(static_cast<const char*>(verse.GetData()), verse.GetDataSize()), "la la");
     verse.SetData("a longer text", 13);
-    EXPECT_EQ(verse.Commit(), 1);
+    EXPECT_EQ(verse.Load() + verse.Commit(), 2) << "it is loaded already";
     EXPECT_EQ(*Stored(HostTag("txve"), RecordKey::Text(4)), "a longer text");
 
     FinPIRawText next(LyricTextTag::kVerse, 0xFFFF);
@@ -32,6 +33,8 @@ TEST_F(RecordClasses, TextsAreKeyedByNumber) {
     verse.Rewind();
     EXPECT_EQ(verse.LoadNext() + verse.LoadNext(), 2);
     EXPECT_EQ(verse.IsSame(next), 1);
+    verse.SetCmpers(4);
+    EXPECT_EQ(verse.IsSameKey(next), 0);
 
     FinPILyricText loadedElsewhere(LyricTextTag::kVerse, 4);
     const OtherDocument other;
@@ -54,6 +57,9 @@ TEST_F(RecordClasses, EmptyStringsAreDeleted) {
     FinPIOtherStringUtf16 refused(HostTag("otmn"), 0);
     RefuseOnly(HostCall::kLoadEData, 1);
     EXPECT_EQ(refused.LoadNext() + refused.Inci(), kNoInci);
+    FinPIOtherStringUtf16 longer(HostTag("otmn"), 7);
+    RefuseOnly(HostCall::kLoadEData, 2);  // the one for the whole text
+    EXPECT_EQ(longer.Load(), 0);
     name.SetText(u"b");
     name.Values()[1] = u'c';
     EXPECT_EQ(name.Text(), u"bc") << "without a terminator, up to the end";
@@ -69,11 +75,17 @@ TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
     shape.Body().opaque0[131] = 1;
     EXPECT_EQ(shape.Create(), 1);
     EXPECT_EQ(shape.IsSameKey(FinPIShape(HostTag("dtXX"), 4, 8)), 0);
+    EXPECT_EQ(shape.IsSameKey(FinPIShape(HostTag("dtXX"), 4, 9)), 1);
     EXPECT_EQ(FinPIShape(HostTag("dtXX"), 5, 8).Create() + shape.LoadLastInci(), 2);
     EXPECT_EQ(shape.Cmper2(), 9);
+    FinPIShape zeroth(HostTag("dtXX"), 4, 0);
+    EXPECT_EQ(zeroth.Create() + zeroth.LoadLastInci(), 2);
+    EXPECT_EQ(zeroth.Cmper2(), 0);
     EnigmaKey key{};
     EXPECT_EQ(shape.GetKey(key), 6) << "bytes";
     EXPECT_EQ(FinPIMeasFloat(4, 5).GetKey(key), 6);
+    EXPECT_EQ(key, (EnigmaKey{4, 5, 0}));
+    EXPECT_EQ(FinPILyricBaseline(LyricBaselineTag::kChorus, 4, 5).GetKey(key), 6);
     EXPECT_EQ(key, (EnigmaKey{4, 5, 0}));
     FinPIMeasFloat last(4, 0);
     EXPECT_EQ(FinPIMeasFloat(4, 0).Create() + FinPIMeasFloat(5, 0).Create(), 2);
@@ -84,6 +96,23 @@ TEST_F(RecordClasses, VariableDetailsHaveTwoItems) {
     EXPECT_EQ(FinPIKeyFormat(4).GetKey(key), 4);
     EXPECT_EQ(FinPIClefChange(4).GetKey(key), 4);
     EXPECT_EQ(FinPIGeneralPrefs{}.GetKey(key), 2);
+}
+
+TEST_F(RecordClasses, ShortRecordsFillTheirBody) {
+    Put(HostTag("SODT"), RecordKey::Other(4), std::array<u16, 1>{0x6161});
+    Put(HostTag("SODT"), RecordKey::Other(5), std::array<u16, 19>{});
+    FinPITextExpression expression{4};
+    const auto end = [&] { return static_cast<const char*>(expression.GetData())[37]; };
+    expression.SetData(std::string(38, 'x').data(), 38);
+    EXPECT_EQ(expression.Load(), 1);
+    EXPECT_EQ(expression.GetDataSize(), 38U);
+    EXPECT_EQ(end(), '\0');
+    expression.SetData(std::string(38, 'x').data(), 38);
+    expression.SetData("a", 1);
+    EXPECT_EQ(end(), '\0');
+    App().ResetCounts();
+    EXPECT_EQ(FinPITextExpression{5}.Load() + FinPITextExpression{6}.Load(), 1);
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 2U) << "once if it fits, or is not there";
 }
 
 TEST_F(RecordClasses, ScoreViewDeletesExpressions) {

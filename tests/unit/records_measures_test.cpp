@@ -30,6 +30,7 @@ protected:
 
 TEST_F(ScoreAccess, OptionsAreReadFromTheirPreferences) {
     const FinPIDoc document;
+    EXPECT_EQ(ErrorOf(document.BeamFlagOption()), "29998 FinPIDoc::BeamFlagOption: pfOb");
     EDTBeamPrefs26_2 beams{};
     beams.words[5] = 3;
     Put(HostTag("pfOb"), RecordKey::Preference(0), beams);
@@ -42,6 +43,8 @@ TEST_F(ScoreAccess, OptionsAreReadFromTheirPreferences) {
 TEST_F(ScoreAccess, UnreadableOptionIsNotSet) {
     Refuse(HostCall::kLoadEData);
     EXPECT_EQ(FinPIDoc{}.SetShowActiveLayerOnlyOption(1), 0);
+    EXPECT_EQ(App().calls.Of(HostCall::kCreateEData), 0U);
+    EXPECT_EQ(FinPIDoc{}.ShowActiveLayerOnlyOption(), 0);
     EXPECT_NE(TakePendingError(), "");
 }
 
@@ -95,7 +98,7 @@ TEST_F(ScoreAccess, MeasureNumbersFallBackToDigits) {
     std::fill_n(text, 8, u'+');
     FinPIMeas::MeasureNumberString(3, text, 4);
     EXPECT_EQ(std::u16string(text), u"") << "nothing was written";
-    EXPECT_EQ(text[5], u'+');
+    EXPECT_EQ(text[4], u'+');
 }
 
 // Measures 1 to 5 in 4/4 4/4 3/4 3/4 4/4, in the keys 0 0 2 2 1; the second staff is in 2/4 up to
@@ -162,6 +165,9 @@ TEST_F(Signatures, KeylessStavesHaveAttributes) {
     Put(HostTag("otTp"), RecordKey::Other(7), std::array<u16, 3>{1, 2, 3});
     EXPECT_EQ(third.GetKeylessAttributes(staff, attributes), 1);
     EXPECT_EQ(attributes.Count(), 3U);
+    Put(HostTag("otTp"), RecordKey::Other(7), std::array<u16, 2>{1, 2});
+    EXPECT_EQ(third.GetKeylessAttributes(staff, attributes), 1);
+    EXPECT_EQ(attributes.Count(), 2U) << "loaded again";
     Refuse(HostCall::kLoadEData);
     EXPECT_TRUE(ErrorOf(third.GetKeylessAttributes(staff, attributes)).ends_with("SOIS"));
     const OtherDocument other;
@@ -207,7 +213,9 @@ TEST_F(ScoreAccess, CompositeTimeSignaturesHaveGroups) {
     EXPECT_EQ(measure.GetTimeSig().groupDurations,
               (std::vector<i32>{512, 2048, 1024, 2048, 1024, 2048, 3072}));
     measure.beats = 77;
+    App().ResetCounts();
     EXPECT_TRUE(measure.GetTimeSig().groupDurations.empty()) << "no such list";
+    EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 2U);
     measure.beats = 9;
     measure.flags = MeasureFlag::kCompositeDenominator;
     EXPECT_EQ(measure.GetTimeSig().groupDurations, (std::vector<i32>{9 * 512, 9 * 1024}));
@@ -233,6 +241,9 @@ TEST_F(ScoreAccess, FindsStaffSystemByMeasure) {
         App().ResetCounts();
         EXPECT_EQ(FinPIStaffSystem(5, 1).GetCmper1(), 2) << first;
         EXPECT_EQ(App().calls.Of(HostCall::kUpdateLayout), 1U) << first;
+        Put(Tag::kStaffSystem, RecordKey::Other(1), record);
+        RefuseOnly(HostCall::kLoadEData, 2);
+        EXPECT_EQ(FinPIStaffSystem::FindSystemForMeasure(5, 1), 1) << "cannot be read again";
     }
 }
 
@@ -268,6 +279,7 @@ TEST_F(ScoreAccess, DefinitionPlacesExpression) {
     host.Score().Records().Delete(kShapeExpression, RecordKey::Other(60));
     lost.Reset(record);
     EXPECT_TRUE(ErrorOf(lost.Load()).starts_with("29998"));
+    EXPECT_EQ(lost.hasPosition + lost.belongsToEntry, 0);
     EXPECT_TRUE(ErrorOf(lost.LoadLastInci()).starts_with("29998"));
     lost.Rewind();
     EXPECT_TRUE(ErrorOf(lost.LoadNext()).starts_with("29998") && lost.IsNull() != 0);
@@ -290,6 +302,11 @@ TEST_F(ScoreAccess, SpecialPartExtractionIsCached) {
     App().ResetCounts();
     EXPECT_EQ(extracts(1), 0);
     EXPECT_EQ(App().calls.Of(HostCall::kLoadEData), 0U) << "the list is known";
+    {
+        const OtherDocument other;  // every staff is in its list, the scroll view's
+        other->AddStaff(host.Staff(1));
+        EXPECT_EQ(FinPIMetricsCache::SpecPartExtractionCmper(other->Number(), host.Staff(1)), 1);
+    }
     FinPIMetricsCache::ClearAll();
     EXPECT_EQ(extracts(1), 0);
     EXPECT_GT(App().calls.Of(HostCall::kLoadEData), 0U);

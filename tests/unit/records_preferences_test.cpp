@@ -32,6 +32,7 @@ TEST_F(Preferences, SavesOnlyChangedRecords) {
     EXPECT_EQ(prefs.commonTime + prefs.cutTime, 45);
     EXPECT_EQ(prefs.opaque0[2], 10);
     EXPECT_EQ(prefs.opaque0[12], 0) << "the logical not of 5";
+    prefs.SetVersion(0x8000000);  // the first that is saved to option records
     EXPECT_EQ(prefs.Save(), 1);
     EXPECT_EQ(App().calls.Of(HostCall::kSaveEData), 0U) << "nothing changed";
 
@@ -76,6 +77,8 @@ TEST_F(Preferences, TablesConvertInBothDirections) {
     EXPECT_EQ(Option(HostTag("ot5a"), 9, 0)[1], 61);
 
     EXPECT_EQ(SaveAssembledPreference(rows, fields.data(), 11, kInterfaceVersion), 0);
+    EXPECT_EQ(SaveAssembledPreference(rows, fields.data(), 12, kInterfaceVersion), 1);
+    EXPECT_EQ(SaveAssembledPreference({}, nullptr, 0, kInterfaceVersion), 1);
 }
 
 TEST_F(Preferences, SmallBufferIsNotOverrun) {

@@ -33,6 +33,12 @@ TEST_F(Serialized, BlocksAreSelfDescribing) {
     u8 small[33] = {};
     EXPECT_EQ(font.GetSerialized(small, sizeof small), 0U);
     EXPECT_EQ(small[0], 0) << "nothing is written";
+    EXPECT_EQ(font.GetField(2, 2, small, 3), 0);
+    EXPECT_EQ(font.PutField(2, 2, small, 0), 1);
+    EXPECT_EQ(font.Version(), 0U) << "bytes that are missing are 0";
+    EXPECT_EQ(font.PutField(1, 2, nullptr, 0), 1);
+    EXPECT_EQ(static_cast<const char*>(font.GetData())[0], '\0');
+    font.SetData("abcdef", 6);
     const u8 withoutFields[] = {2, 0, 12, 0, 0, 0, 12, 0, 6, 0, 0, 0};
     EXPECT_EQ(font.PutSerialized(withoutFields, sizeof withoutFields), 1);
     char data[6];
@@ -119,6 +125,13 @@ TEST_F(Serialized, StaffIncludesDependentRecords) {
     for (std::size_t i = 0; i < 6; ++i) {
         EXPECT_EQ(dependents(read)[i]->IsSame(*dependents(written)[i]), 1) << i;
     }
+    EXPECT_EQ(read.PutSerializedDependentStruct(12, 1, block.data(), 12), 0) << "no such record";
+    EXPECT_EQ(ErrorOf(read.PutSerializedDependentStruct(2, 1, block.data(), 4)),
+              "29999 FinPISerializableObject::PutSerialized: Invalid source input.");
+    ASSERT_EQ(read.Commit(), 1);
+    const FinPIStaff stored(host.Staff(1));
+    EXPECT_EQ(stored.fullNameText * stored.abbreviatedNameText, 2) << "the texts 1 and 2";
+    EXPECT_EQ(FinPIStaff(host.Staff(1)).ShapeNotes()[3]->IsSame(*written.ShapeNotes()[3]), 1);
     u8 small[4];
     EXPECT_EQ(ErrorOf(written.GetField(11, 1, small, sizeof small)),
               "29999 FinPIStaff::GetField: GetSerialized failed for m_drumStaff.");

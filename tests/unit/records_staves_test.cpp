@@ -32,10 +32,15 @@ TEST_F(Staves, StaffAtMeasureIsReadOnly) {
     EXPECT_EQ(ErrorOf(staff.Commit()), "29999 FinPIStaff::Commit: Cannot modify a virtual staff.");
     EXPECT_EQ(ErrorOf(FinPIStaff(99).IsLoaded()), "29998 FinPIStaff::FinPIStaff: SOIS");
     EXPECT_EQ(ErrorOf(FinPIStaff(99, 1).IsLoaded()), "29998 FinPIStaff::FinPIStaff: SOSC");
+    FinPIStaff walker(Number());
+    EXPECT_EQ(walker.LoadNext(), 1);
+    EXPECT_EQ(walker.GetCmper1(), host.Staff(2)) << "the general staff's key is its number";
 }
 
 TEST_F(Staves, CommitSavesDependentRecords) {
     FinPIStaff staff(Number());
+    EXPECT_EQ(staff.FullName().Inci() + staff.AbbreviatedName().Inci(), 0)
+        << "as the host keeps them";
     staff.flags |= StaffFlag::kFretInstrument | StaffFlag::kShapeNotes;
     staff.FullName().SetData("Flute", 5);
     staff.FullNamePosition().SetData("p", 1);
@@ -60,10 +65,18 @@ TEST_F(Staves, CommitSavesDependentRecords) {
     EXPECT_EQ(read.FretInstrument().IsSame(staff.FretInstrument()), 1);
     EXPECT_EQ(read.ShapeNotes()[2]->IsSame(*staff.ShapeNotes()[2]), 1);
     EXPECT_NE(Stored(HostTag("D\x15NI"), RecordKey::Detail(Number(), 2)), nullptr) << "half notes";
+    staff.SetCommitShapeNotes(false);
+    staff.ShapeNotes()[2]->SetData("t", 1);
+    ASSERT_EQ(staff.Commit(), 1);
+    EXPECT_EQ(FinPIStaff(Number()).ShapeNotes()[2]->IsSame(*read.ShapeNotes()[2]), 1)
+        << "not to be saved";
     auto plain = StoredStaff();
-    plain.flags &= ~StaffFlag::kShapeNotes;
+    plain.flags = 0;
+    plain.fretInstrument = 77;
     Put(staff.Tag(), RecordKey::Other(Number()), plain);
-    EXPECT_EQ(FinPIStaff(Number()).ShapeNotes()[2]->IsLoaded(), 0) << "not in use";
+    Put(staff.DrumStaff().Tag(), RecordKey::Other(Number()), std::array<u16, 6>{5});
+    EXPECT_EQ(FinPIStaff(Number()).ShapeNotes()[2]->IsLoaded(), 0) << "not in use, nor is the fret";
+    EXPECT_EQ(FinPIStaff(Number()).DrumStaff().IsLoaded(), 1);
 
     // Without their flags, the fret instrument is no longer referred to and the shape notes go.
     read.flags = 0;
@@ -71,6 +84,8 @@ TEST_F(Staves, CommitSavesDependentRecords) {
     EXPECT_EQ(StoredStaff().fretInstrument, 0);
     EXPECT_EQ(Count(HostTag("D\x15NI")), 0U);
     EXPECT_NE(StoredStaff().fullNameText, 0) << "name texts that are not to be saved stay";
+    staff.flags = 0;
+    EXPECT_EQ(staff.Commit(), 1) << "shape notes that are gone already";
 }
 
 TEST_F(Staves, ClearFlagsWithoutRecords) {
@@ -107,13 +122,37 @@ TEST_F(Staves, FirstFailureEndsCommit) {
     EXPECT_EQ(TakePendingError(), "29998 FinPIStaff::FinPIStaff: SOIS");
 }
 
+TEST_F(Staves, RefusedDependentRecordEndsCommit) {
+    // The record, and its place among those created; in the end the others are there already.
+    const std::pair<u64, const char*> refusals[] = {
+        {1, "txbl"}, {2, "O\25fI"}, {3, "otNS"}, {2, "D\25NI"}};
+    for (const auto& [nth, tag] : refusals) {
+        FinPIStaff staff(Number());
+        staff.flags |= StaffFlag::kFretInstrument | StaffFlag::kShapeNotes;
+        staff.FullName().SetData("n", 1);
+        staff.FullNamePosition().SetData("p", 1);
+        staff.FretInstrument().SetData("f", 1);
+        staff.ShapeNotes()[0]->SetData("s", 1);
+        staff.SetCommitNameTexts(true);
+        staff.SetCommitShapeNotes(true);
+        RefuseOnly(HostCall::kCreateEData, nth);
+        EXPECT_EQ(ErrorOf(staff.Commit()), std::string("29997 FinPIEnigmaData::Create: ") + tag);
+    }
+    FinPIStaff staff(Number());
+    staff.ShapeNotes()[2]->SetData("s", 1);
+    staff.SetCommitShapeNotes(true);
+    ASSERT_EQ(staff.Commit(), 1);
+    staff.flags = 0;
+    Refuse(HostCall::kDeleteEData);
+    EXPECT_EQ(staff.Commit(), 0) << "the shape notes are still there";
+}
+
 TEST_F(Staves, ClefInEffectIsLastBefore) {
     const u16 other = host.Staff(2);
-    const std::pair<u16, EDTClefExtra> clefs[] = {{1, {1, Number(), 0, {}}},
-                                                  {1, {9, other, 0, {}}},
-                                                  {2, {3, Number(), 2048, {}}},
-                                                  {2, {7, Number(), 1024, {}}},
-                                                  {2, {8, other, 1024, {}}}};
+    const std::pair<u16, EDTClefExtra> clefs[] = {
+        {1, {2, Number(), 0, {}}}, {1, {1, Number(), 0, {}}},  // replaces it
+        {1, {9, other, 0, {}}},    {2, {3, Number(), 2048, {}}},
+        {2, {8, other, 1024, {}}}, {2, {7, Number(), 1024, {}}}};
     for (const auto& [measure, clef] : clefs) {
         host.Score().Records().Create(HostTag("otCE"), RecordKey::Other(measure, kAppend),
                                       BytesOf(clef));
@@ -128,6 +167,8 @@ TEST_F(Staves, ClefInEffectIsLastBefore) {
         EXPECT_EQ(FinPIStaff(Number(), measure, position).CurrClef(&found), clef) << measure;
         EXPECT_EQ(found, percent) << measure << ":" << position;
     }
+    EXPECT_TRUE(ErrorOf(FinPIStaff(Number()).CurrClef(nullptr)).ends_with("find a clef."))
+        << "in no measure";
     const FinPIStaff staff(Number(), 3);
     const OtherDocument another;
     EXPECT_EQ(staff.CurrClef(nullptr), 3);

@@ -2,6 +2,7 @@
 #include <array>
 #include <tuple>
 
+#include "Class Files/score/records/EnigmaRecords.h"
 #include "Class Files/score/region/FinPIRegion.h"
 #include "platform/headless/session.h"
 #include "tests/unit/support/library_test.h"
@@ -12,6 +13,7 @@ namespace {
 
 constexpr u16 kSystemList = 3;
 constexpr u16 kStaffSet = 65501;
+constexpr u16 kEmptyList = 65502;
 
 class Region : public LibraryTest {
 protected:
@@ -39,6 +41,7 @@ TEST_F(Region, MapsSlotsToStaves) {
     EXPECT_EQ(region.StaffOfSlot(3), 50);
     EXPECT_EQ(region.StaffOfSlot(0) + region.StaffOfSlot(4), 0);
     EXPECT_EQ(region.SlotOfStaff(50), 1);
+    EXPECT_EQ(region.SlotOfStaff(99), 0);
     EXPECT_TRUE(region.IsBottomStaff(50));
     EXPECT_EQ(FinPIRegion{region}.StaffOfSlot(2), host.Staff(1)) << "a copy asks the host again";
 }
@@ -83,6 +86,7 @@ TEST_F(Region, MeasuresPartOfEachMeasure) {
 
 TEST_F(Region, NormalizesEndpoints) {
     host.Score().SetMeasureDuration(0, 4, 3072);
+    host.Score().SetMeasureDuration(0, 6, 1);
     const FinPIRegion region = Of(Span(1, 0, 1, 0));
     const struct {
         i16 measure;
@@ -101,6 +105,7 @@ TEST_F(Region, NormalizesEndpoints) {
         {9, 5000, false, false, "refused"},  //
         {1, -1, false, false, "refused"},    //
         {20, 0, false, true, "refused"},     // too far for one step back
+        {6, 0, false, false, "6:0"},         // of a measure of one unit
     };
     for (auto [measure, position, equalAllowed, clamp, normal] : cases) {
         SCOPED_TRACE(normal);
@@ -140,10 +145,13 @@ TEST_F(Region, ChangesToAnotherStaffList) {
         {{0, 1, 1, 0, kSystemList, 1, 1, 0}, kSystemList, 2, 1, nullptr},
         {{0, 1, 1, 0, 0, 2, 1, 0}, kStaffSet, 1, 1, "first"},
         {{0, 1, 1, 0, 0, 2, 1, 0}, kSystemList, 2, 2, "last"},
+        {{0, 1, 1, 0, 0, 2, 1, 0}, kEmptyList, 1, 0, "first"},
     };
     for (const auto& [span, list, startSlot, endSlot, refused] : cases) {
         FinPIRegion region = Of(span);
+        region.StaffList() = {50};
         region.ChangeToIUList(list);
+        EXPECT_TRUE(region.StaffList().empty());
         const std::string error = "29999 void __cdecl FinPIRegion::ChangeToIUList(const int): New ";
         EXPECT_EQ(TakePendingError(), refused == nullptr ? "" : error + refused + " slot is zero.");
         EXPECT_EQ(region.startStaffList, list);
@@ -183,6 +191,7 @@ TEST_F(Region, EqualityIncludesDocumentAndView) {
     EXPECT_FALSE(region == before);
     region.SetRegion(nullptr);
     EXPECT_EQ(region.startMeasure, 0);
+    EXPECT_TRUE(region == FinPIRegion{});
     EXPECT_FALSE((FinPIRegion{span, App().OpenDocument(u"other").Number()} == Of(span)));
 }
 
@@ -203,8 +212,10 @@ TEST_F(Region, KeepsFramesOfItsLayer) {
     region.SetRegion(&span);
     EXPECT_EQ(App().lent.Count(), 0U);
     region.StaffList() = {50};
+    region.MeasureDurations() = {1000};
     region.Release();
     EXPECT_EQ(region.StaffOfSlot(1), host.Staff(1));
+    EXPECT_EQ(region.MeasureDuration(1), 4096);
 }
 
 TEST_F(Region, DescribesPathStavesMeasuresBeats) {
@@ -242,12 +253,15 @@ TEST_F(Region, DescriptionNamesPartAndLayer) {
         const Mannered mannered{manner};
         EXPECT_EQ(region.Description(), u"score - Flute Layer 2: Staff 1 Bar 1 - Bar 1 End");
     }
+    host.Score().currentPart = 0;
+    Put(FinPIPartView(0).Tag(), RecordKey::Other(0), std::array<u16, 6>{});
+    EXPECT_EQ(region.Description(), u"score Layer 2: Staff 1 Bar 1 - Bar 1 End");
     host.Score().currentPart = 9;
     EXPECT_EQ(region.Description(), u"score Layer 2: Staff 1 Bar 1 - Bar 1 End")
         << "a part without a record has no name";
     host.Score().currentPart = 1;
     host.Score().SetPath(std::u16string(2000, u'p'));
-    EXPECT_EQ(region.Description().size(), 1023U);
+    EXPECT_EQ(region.Description(), std::u16string(1023, u'p'));
 }
 
 TEST_F(Region, CountsBeatsOfCompositeSignature) {
@@ -258,9 +272,9 @@ TEST_F(Region, CountsBeatsOfCompositeSignature) {
         measure.beatDuration = beatDuration;
         measure.flags = flags;
         Put(Tag::kMeasure, RecordKey::Other(1), measure);
-        return Of({0, 1, 1, 768, 0, 1, 1, 2048}).Description();
+        return Of({0, 1, 1, 768, 0, 1, 1, 3072}).Description();
     };
-    EXPECT_EQ(described(512), u"score Staff 1 Bar 1 Beat 1.5 - Bar 1 Beat 2.5");
+    EXPECT_EQ(described(512), u"score Staff 1 Bar 1 Beat 1.5 - Bar 1 Beat 3.5");
     EXPECT_EQ(described(0), u"score Staff 1 Bar 1 - Bar 1") << "groups that last no time";
     EXPECT_EQ(described(9, MeasureFlag::kCompositeDenominator), described(0)) << "no such list";
 }

@@ -193,9 +193,6 @@ bool FinPIEntryDetail::Walk::Fail() {
 }
 
 bool FinPIEntryDetail::Walk::Next() {
-    if (m_failed) {
-        return false;
-    }
     if (m_seen++ == kMaxRecords) {
         return Fail();
     }

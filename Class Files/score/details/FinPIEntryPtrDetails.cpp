@@ -145,9 +145,11 @@ using KindMarks = std::array<bool, std::size(kKinds)>;
 
 // The same; emptied receives the kinds known to have no records.
 void ClearFlags(const FinPIEntryPtr& entry, u32 flags, const KindMarks& emptied) {
-    for (std::size_t i = 0; i < std::size(kKinds) && flags != 0; ++i) {
-        if ((kKinds[i].entryFlags & flags) != 0 && !emptied[i] && kKinds[i].hasRecord(entry)) {
-            flags &= ~kKinds[i].entryFlags;
+    auto isEmptied = emptied.begin();
+    for (const KindRow& kind : kKinds) {
+        const bool mayHaveRecord = !*isEmptied++ && (kind.entryFlags & flags) != 0;
+        if (mayHaveRecord && kind.hasRecord(entry)) {
+            flags &= ~kind.entryFlags;
         }
     }
     entry->flags &= ~flags;

@@ -65,9 +65,6 @@ i16 FinPINoteDetail::FindMatch(const EXNOTE& note, i16 place, bool byPitch) cons
 
 i16 FinPINoteDetail::CopyNoteDetail(FinPINoteDetail& target, FinPINoteDetail& source,
                                     bool matchByPitch, i16& anyCopied) {
-    if (source.HasNothing()) {
-        return 1;
-    }
     std::map<std::pair<i16, u32>, u32> timesSeen;
     Walk records{source};
     while (records.Next()) {

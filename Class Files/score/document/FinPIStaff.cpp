@@ -31,7 +31,6 @@ bool LoadReferred(Record& record, u16 item) {
         return true;
     }
     record.SetCmpers(item);
-    record.Reset(0);
     return record.Load() != 0;
 }
 
@@ -54,7 +53,7 @@ u16 NextFretInstrument() {
 FinPIStaff::FinPIStaff(u16 staff, i16 measure, u32 position)
     : StaffRecord{measure > 0 ? kStaffAtMeasure : HostTag("SOIS"), staff, 0},
       m_meas{std::max(measure, i16{0})},
-      m_pos{measure > 0 ? position : 0},
+      m_pos{position},
       m_isRealStaff{static_cast<u16>(measure > 0 ? 0 : 1)},
       m_fullName{kNameText, kNoItem, 0},
       m_abbreviatedName{kNameText, kNoItem, 0},

@@ -1,5 +1,3 @@
-#include <algorithm>
-
 #include "Class Files/score/document/FinPIScoreExpr.h"
 #include "Class Files/score/frames/FinPIEntryPtr.h"
 
@@ -16,8 +14,7 @@ bool FinPIEntryPtr::IsAttachedHere(const FinPIScoreExpr& expression, bool launch
                                    bool layerTest) const {
     const int assignedLayer = (expression.layer & ExpressionLayer::kLayerMask) - 1;
     const bool isOfEntry = *this && expression.staffListMarker == 0 &&
-                           expression.belongsToEntry != 0 &&
-                           std::max<i16>(expression.staff, 0) == StaffNumber();
+                           expression.belongsToEntry != 0 && expression.staff == StaffNumber();
     return isOfEntry && expression.DocumentID() == m_document &&
            expression.GetCmper1() == Measure() &&
            HorizontalPosition(expression) == Entry()->elapsedTime &&

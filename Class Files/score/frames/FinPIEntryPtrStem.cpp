@@ -66,18 +66,19 @@ i16 FinPIEntryPtr::BeamStemDirection() const {
          before = member.PreviousInVoice()) {
         member = std::move(before);
     }
-    for (; member; member = member.NextInVoice(true)) {
+    for (;;) {
         if (member.Index() != m_index && !member.HasFlag(EntryFlag::kIgnore)) {
             const i16 direction = member.AskStemDirection();
             if (direction != kNoStem) {
                 return direction;
             }
         }
-        if (!AreBeamed(member, member.NextInVoice(true))) {
-            break;
+        FinPIEntryPtr following = member.NextInVoice(true);
+        if (!AreBeamed(member, following)) {
+            return kUp;
         }
+        member = std::move(following);
     }
-    return kUp;
 }
 
 i16 FinPIEntryPtr::StemDirection() const {

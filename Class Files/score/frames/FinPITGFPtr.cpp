@@ -69,11 +69,13 @@ std::vector<EntryNoteFields> KeepNoteFields(std::span<const EXENTRY> entries) {
 }
 
 void RestoreNoteFields(EXENTRY& entry, const EntryNoteFields& kept) {
-    for (std::size_t j = 0; j < kept.size(); ++j) {
-        if (entry.notes[j].pitch != kept[j].pitch) {
-            entry.notes[j].pitch = kept[j].pitch;
-            entry.notes[j].second = kept[j].second;
+    EXNOTE* note = entry.notes;
+    for (const NoteFields& fields : kept) {
+        if (note->pitch != fields.pitch) {
+            note->pitch = fields.pitch;
+            note->second = fields.second;
         }
+        ++note;
     }
 }
 
@@ -243,13 +245,15 @@ i16 FinPITGFPtr::DeleteEntriesAt(i16 index, i16 count) {
     NormalizeFrame(Entries());
     const std::vector<EntryNoteFields> kept = KeepNoteFields(Entries());
     const i16 result = Host::DeleteEXENTRY(m_frame, index, count);
-    const std::span<EXENTRY> remaining = Entries();
-    const std::size_t gone = kept.size() - std::min(remaining.size(), kept.size());
-    for (std::size_t i = 0; i < remaining.size(); ++i) {
-        const std::size_t before = i < static_cast<std::size_t>(index) ? i : i + gone;
-        if (before < kept.size()) {
-            RestoreNoteFields(remaining[i], kept[before]);
+    const std::span<EXENTRY> remaining = Entries().first(std::min(Entries().size(), kept.size()));
+    const std::size_t gone = kept.size() - remaining.size();
+    std::size_t before = 0;
+    for (EXENTRY& entry : remaining) {
+        if (before == static_cast<std::size_t>(index)) {
+            before += gone;
         }
+        RestoreNoteFields(entry, kept[before]);
+        ++before;
     }
     return result;
 }

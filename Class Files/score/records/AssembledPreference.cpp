@@ -78,21 +78,18 @@ bool LoadOption(const OptionKey& key, OptionWords& words, u32 version) {
 // Calls visit once for each option record of the table, with the rows that it holds.
 template <typename Visit>
 void ForEachOption(PreferenceTable table, Visit visit) {
-    std::vector<bool> done(table.size());
     std::vector<const PreferenceRow*> rows;
-    for (std::size_t first = 0; first < table.size(); ++first) {
-        if (done[first]) {
-            continue;
-        }
-        const OptionKey key(table[first]);
+    for (const PreferenceRow& first : table) {
+        const OptionKey key(first);
         rows.clear();
-        for (std::size_t i = first; i < table.size(); ++i) {
-            if (!done[i] && OptionKey(table[i]) == key) {
-                rows.push_back(&table[i]);
-                done[i] = true;
+        for (const PreferenceRow& row : table) {
+            if (OptionKey(row) == key) {
+                rows.push_back(&row);
             }
         }
-        visit(key, rows);
+        if (rows.front() == &first) {
+            visit(key, rows);
+        }
     }
 }
 

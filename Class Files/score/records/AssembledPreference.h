@@ -8,11 +8,11 @@
 
 // How a field follows from the words of its option record, beginning with the row's word i.
 enum class PreferenceConversion : u16 {
-    kPlain = 0,      // 2 bytes: word[i] as it is
-    kHighFirst = 1,  // 4 bytes: word[i] is the high half, word[i + 1] the low one
-    kLowFirst = 2,   // 4 bytes: word[i] is the low half, word[i + 1] the high one
-    kNot = 3,        // 2 bytes: 1 when the word is 0, else 0; the same way back
-    kLowByte = 4,    // 2 bytes: the word's low byte; back sign-extended
+    kPlain,      // 2 bytes: word[i] as it is
+    kHighFirst,  // 4 bytes: word[i] is the high half, word[i + 1] the low one
+    kLowFirst,   // 4 bytes: word[i] is the low half, word[i + 1] the high one
+    kNot,        // 2 bytes: 1 when the word is 0, else 0; the same way back
+    kLowByte,    // 2 bytes: the word's low byte; back sign-extended
 };
 
 struct PreferenceRow {
