@@ -46,10 +46,10 @@ i16 FX_CancelFinaleEdit(u32 version) {
     return ServeEdit(HostCall::kCancelFinaleEdit, version, &Document::CancelEdit);
 }
 
-u64 FX_StartMassEdit(const EREGION* region, i16, u32 version) {
+u64 FX_StartMassEdit(const EREGION* region, i16 zero, u32 version) {
     return ServeDocument(HostCall::kStartMassEdit, version, u64{0},
                          [&](Application& app, Document&) -> u64 {
-                             if (region == nullptr) {
+                             if (region == nullptr || zero != 0) {
                                  return RefuseByRule(app, u64{0});
                              }
                              const u64 handle = ++app.progressDisplaysOpened;

@@ -7,7 +7,7 @@ namespace {
 
 class PlainCommand : public FinPIModeless {
 public:
-    PlainCommand() : FinPIModeless{nullptr, 3, 22000, u"Plain"} {}
+    explicit PlainCommand(u16 item = 3) : FinPIModeless{nullptr, item, 22000, u"Plain"} {}
 
     u32 GetSettingsSize() const override { return 0; }
     void* GetSettings() override { return nullptr; }
@@ -23,6 +23,7 @@ public:
         return 5;
     }
     i16 Walk() { return ProcessCurrentDocument(); }
+    using FinPIModeless::Invoke;
 
     std::vector<int> arguments;
 
@@ -99,6 +100,14 @@ TEST_F(Defaults, WalkByStaffAndMeasure) {
     EXPECT_EQ(plain.arguments, (std::vector<int>{0, 1, 1, 0, -1, 0, 0, 1}));
 }
 
+TEST_F(Defaults, RegionIsChosenBeforeTheDialogOpens) {
+    PlainCommand plain{0};
+    const EREGION whole = host.Score().WholeRegion();
+    ASSERT_TRUE(plain.Invoke(nullptr, whole));
+    EXPECT_EQ(+plain.ProcessingRegion().endMeasure, +whole.endMeasure);
+    EXPECT_EQ(plain.Wholes(), "111");
+}
+
 TEST_F(Defaults, TimerTellsWhatChanged) {
     auto* const watching = new WatchingCommand;  // its dialog's end destroys it
     ASSERT_EQ(watching->ShowDialog(nullptr, nullptr), 1);
@@ -131,19 +140,20 @@ TEST_F(Defaults, TimerTellsWhatChanged) {
 }
 
 TEST_F(Defaults, TitlesAndUndoTextsAreCutToTheirRoom) {
-    for (int measure = 2; measure <= 34; ++measure) {
+    for (int measure = 2; measure <= 134; ++measure) {
         host.Score().AddMeasure(4, 1024);
     }
-    const EREGION region{0, 1, 12, 0, 0, 1, 34, kEndOfMeasure};
+    const EREGION region{0, 1, 112, 0, 0, 1, 134, kEndOfMeasure};
     const std::pair<i32, const char16*> cases[] = {
         {1, u""},
         {5, u"Plyw"},
         {8, u"Plyweld"},
         {10, u"Plyweld"},
-        {11, u"Plyweld 12"},
-        {13, u"Plyweld 12"},
-        {14, u"Plyweld 12-34"},
-        {60, u"Plyweld 12-34"},
+        {11, u"Plyweld 11"},
+        {12, u"Plyweld 112"},
+        {14, u"Plyweld 112"},
+        {15, u"Plyweld 112-13"},
+        {60, u"Plyweld 112-134"},
     };
     const auto beginning = [](const std::u16string& buffer) {
         return buffer.substr(0, buffer.find(u'\0'));

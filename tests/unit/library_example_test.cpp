@@ -50,6 +50,19 @@ TEST(LibraryExample, MayDisableProgress) {
     EXPECT_TRUE(standin::App().progress.empty());
 }
 
+class Unprepared final : public BookmarkMeasures {
+public:
+    using BookmarkMeasures::BookmarkMeasures;
+    i16 PrepareDocument() override { return 0; }
+};
+
+TEST(LibraryExample, MayEndBeforeTheFirstMeasure) {
+    standin::StandIn host;
+    host.SelectAll();
+    Start(host, new Unprepared(nullptr, 0, {}));
+    EXPECT_TRUE(host.Score().Records().OfTag(HostTag("otBk")).empty());
+}
+
 TEST(LibraryExample, ForgetsAnswers) {
     const standin::StandIn host;
     constexpr i16 kQuestion = 20003;

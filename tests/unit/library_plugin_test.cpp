@@ -26,6 +26,13 @@ TEST_F(TwoCommands, PrecedeSavedSettings) {
     EXPECT_EQ(items, (std::vector<std::u16string>{u"Plyweld...", u"All Layers...", u"Slow..."}));
 }
 
+TEST_F(TwoCommands, SavedSettingsCountBehindThem) {
+    Plugin::StoreSetting(1, {.name = "Quick", .skipsDialog = true});
+    host.Write({"w:c4", "w:e4"});
+    plugin.Invoke(host, 2);
+    EXPECT_EQ(host.Layer(1, 1, 0), "w:c4,e4");
+}
+
 TEST_F(TwoCommands, RunAsTheirItems) {
     host.Write({"w:c4", "w:e4"});
     EXPECT_EQ(plugin.Invoke(host, 1), 0);

@@ -99,6 +99,14 @@ TEST_F(OpenCommand, EachCheckBoxSetsItsWord) {
 #include "shell/options/merge_switches.inc"
 }
 
+TEST_F(OpenCommand, ShiftShowsTheDialogOfASettingThatSkipsIt) {
+    Plugin::StoreSetting(1, {.name = "Quick", .skipsDialog = true});
+    plugin.Init();
+    plugin.InvokeWithShift(host, 1);
+    ASSERT_NE(desk.Newest(), nullptr);
+    EXPECT_TRUE(host.Score().UndoTexts().empty());
+}
+
 TEST_F(OpenCommand, OpensOncePerItem) {
     App().dialogs = nullptr;
     plugin.Invoke(host);

@@ -12,12 +12,16 @@ TEST(Walk, ReportsProgressOncePerInterval) {
          {std::tuple{10, 6, 12}, {25, 6, 16}, {100, 30, 52}}) {
         StandIn host{staves, measures};
         host.SelectAll();
+        App().lastProgressStopped = 1;
         Plugin{}.Merge(host);
         const int work = measures * staves * 4;
         EXPECT_EQ(App().progress.size(), static_cast<std::size_t>(work / stepsBetween));
         for (const ProgressReport& report : App().progress) {
             EXPECT_EQ(report.steps, stepsBetween);
+            EXPECT_EQ(report.staff, 0) << "of no staff in particular";
+            EXPECT_EQ(report.layer, -1) << "nor layer";
         }
+        EXPECT_EQ(App().lastProgressStopped, 0);
         EXPECT_EQ(App().progressDisplaysOpened, 1U);
     }
 }

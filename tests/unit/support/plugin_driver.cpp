@@ -50,9 +50,9 @@ i16 Plugin::Invoke(StandIn& host, u16 item) const {
     return m_invoke(nullptr, item, selection, &whole);
 }
 
-i16 Plugin::InvokeWithShift(StandIn& host) const {
+i16 Plugin::InvokeWithShift(StandIn& host, u16 item) const {
     platform::headless::HoldShift(true);
-    const i16 result = Invoke(host);
+    const i16 result = Invoke(host, item);
     platform::headless::HoldShift(false);
     return result;
 }

@@ -29,8 +29,8 @@ public:
     i16 Status(i16 item) const { return m_status(item); }
     // With the score's own selection.
     i16 Invoke(StandIn& host, u16 item = 0) const;
-    // Holds Shift: one run without the dialog.
-    i16 InvokeWithShift(StandIn& host) const;
+    // Holds Shift: one run without the dialog, or the dialog of a setting that skips it.
+    i16 InvokeWithShift(StandIn& host, u16 item = 0) const;
     // Stores the options, then runs with Shift.
     void Merge(StandIn& host, const MergeOptions& options = {}) const;
 
