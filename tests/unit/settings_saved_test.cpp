@@ -181,7 +181,10 @@ TEST_F(SavedSettingsTest, EmptyListHasNoSelection) {
         save.Choose(Control::kList, 3);
         save.Press(Control::kDelete);
         EXPECT_EQ(save.SelectedItem(Control::kList), u"a") << "the new last one";
-        for (int i = 0; i < 3; ++i) {
+        save.focus = Control::kDelete;
+        save.Press(Control::kDelete);
+        EXPECT_EQ(save.focus, Control::kName) << "the button is disabled";
+        for (int i = 0; i < 2; ++i) {
             save.Press(Control::kDelete);
             save.Choose(Control::kList, 1);
             save.Press(Control::kDelete);
@@ -195,6 +198,56 @@ TEST_F(SavedSettingsTest, EmptyListHasNoSelection) {
         save.Press(Control::kOk);
         EXPECT_TRUE(save.Items(Control::kList).empty());
     });
+}
+
+TEST_F(SavedSettingsTest, FirstOneIsAddedToEmptyList) {
+    Run([](OpenDialog& save) {
+        save.window.controls[Control::kList].items.clear();
+        save.Choose(Control::kList, 0);
+        save.Type(Control::kName, u"of no entry");
+        save.Press(Control::kAdd);
+        EXPECT_EQ(save.Items(Control::kList).size(), 1U);
+        save.Press(Control::kCancel);
+    });
+}
+
+TEST_F(SavedSettingsTest, EntryKeepsItsOwnChoice) {
+    StoreLetters(2);
+    Run([](OpenDialog& save) {
+        save.Choose(Control::kList, 2);
+        save.Press(Control::kSkipDialog);
+        save.Type(Control::kName, u"");
+        save.Choose(Control::kList, 3);
+        EXPECT_EQ(save.Items(Control::kList).at(1), u"a") << "an empty name is ignored";
+        save.Press(Control::kOk);
+    });
+    const Notes stored = Stored();
+    EXPECT_EQ(stored.at(1), "a 11 1 abcd");
+    EXPECT_EQ(stored.at(2), "b 12 0 abcd");
+}
+
+TEST_F(SavedSettingsTest, FailedWriteKeepsDialogOpen) {
+    Run([](OpenDialog& save) {
+        headless::RefuseRegistryCall(headless::RegistryCall::kSetValue, 1);
+        save.Press(Control::kOk);
+        EXPECT_FALSE(save.ended);
+        EXPECT_EQ(Alerts(), 1U);
+        save.Press(Control::kCancel);
+    });
+    EXPECT_EQ(g_savedSettingsChanged, 1);
+}
+
+TEST_F(SavedSettingsTest, OpensWhereItWasClosed) {
+    ASSERT_EQ(SavedSettingPtr{0}.PutToFile(22001), 1);
+    for (const int left : {310, 50}) {
+        Run([left](OpenDialog& save) {
+            EXPECT_EQ(save.window.rectangle.left, left);
+            save.window.rectangle = {50, 60, 250, 260};
+            EXPECT_EQ(save.Press(99), 0) << "no control of the dialog";
+            EXPECT_EQ(save.Press(Control::kCancel), 1);
+        });
+    }
+    EXPECT_EQ(Alerts(), 0U) << "a setting may be empty";
 }
 
 TEST_F(SavedSettingsTest, SurvivesLackOfMemory) {
@@ -269,7 +322,7 @@ TEST_F(SavedSettingsTest, StoresEntriesSortedByName) {
         open.Press(Control::kAdd);
         open.Type(Control::kName, u"a");
         open.Press(Control::kSkipDialog);
-        open.Press(Control::kOk);
+        EXPECT_EQ(open.Press(Control::kOk), 1);
     });
     EXPECT_EQ(Stored(), (Notes{"a 1 0 dlg!", "b 2 1 dlg!"}));
     u16 commandItem = 0;
@@ -323,6 +376,7 @@ TEST_F(SavedSettingsTest, UsedNameGetsCounter) {
     Store(3, u"Y", 3);
     Store(4, u"Plyweld/Saved Setting 1", 4);
     Run([](OpenDialog& open) {
+        EXPECT_EQ(open.Items(Control::kList).at(1), u"Plyweld/Saved Setting 2");
         open.Choose(Control::kList, 5);
         open.Type(Control::kName, u"X");
         open.Choose(Control::kList, 2);
@@ -409,9 +463,10 @@ TEST_F(SavedSettingsTest, AtMostNinetyNine) {
         open.focus = Control::kAdd;
         open.Press(Control::kAdd);
         EXPECT_EQ(open.focus, Control::kName) << "a disabled button has no use for the keys";
-        open.Press(Control::kDeleteAll);
+        EXPECT_EQ(open.Press(Control::kDeleteAll), 1);
         EXPECT_TRUE(open.ended);
     });
+    EXPECT_EQ(command.SavedSettingIdentifier(), 0);
     EXPECT_TRUE(Stored().empty());
     EXPECT_EQ(command.forgotten.size(), 99U);
 }
