@@ -103,7 +103,7 @@ bool FinPIModeless::ExecuteAsEdit(const EREGION* selection, const EREGION& whole
     UndoableEdit edit{undoText};
     const bool changed = Execute(selection, &wholeDocument) != 0;
     bool failed = m_stop != 0;
-    if (g_pendingError != nullptr && g_pendingError->m_msgID != 0) {
+    if (ErrorIsPending()) {
         failed = ReportPendingError() != 0 || failed;
     }
     if (failed) {

@@ -23,12 +23,9 @@ constexpr u32 kDefaultNameString = 20015;
 
 constexpr std::size_t kMaxNameBytes = 255;  // in UTF-8
 
-std::u16string CutAtBytes(std::u16string text, std::size_t bytes) {
-    const auto utf8 = platform::Utf16ToMultiByte(text, platform::CodePage::kUtf8);
-    if (!utf8 || utf8->size() <= bytes) {
-        return text;
-    }
-    return platform::MultiByteToUtf16(platform::CutUtf8(*utf8, bytes), platform::CodePage::kUtf8)
+std::u16string CutAtBytes(const std::u16string& text, std::size_t bytes) {
+    const std::string utf8 = platform::Utf8Of(text);
+    return platform::MultiByteToUtf16(platform::CutUtf8(utf8, bytes), platform::CodePage::kUtf8)
         .value_or(std::u16string{});
 }
 
@@ -41,15 +38,12 @@ void ReportOpeningError(const char* detail) {
 
 FinPISaveSettingsDlg::FinPISaveSettingsDlg(FinPI* owner, const char16* commandKey)
     : FinPIDialog{owner, kSaveSettingsDialog, u"Save Settings", nullptr, nullptr},
+      m_commandKey{commandKey},
       m_numberInUse{owner->SavedSettingNumber()},
       m_selectedNumber{m_numberInUse},
       m_nameField{Control::kName},
       m_skipBox{Control::kSkipDialog},
-      m_submenuBox{Control::kUseSubmenu} {
-    const std::u16string_view key{commandKey};
-    const std::u16string_view cut = key.substr(0, std::size(m_commandKey) - 1);
-    std::ranges::copy(cut, m_commandKey);
-}
+      m_submenuBox{Control::kUseSubmenu} {}
 
 u16 FinPISaveSettingsDlg::CommandID() const {
     return m_owner->GetCommandID();
@@ -66,7 +60,7 @@ std::u16string FinPISaveSettingsDlg::NameField() {
 
 std::u16string FinPISaveSettingsDlg::DefaultSettingName(u16 number) const {
     const std::string digits = std::to_string(number);
-    std::u16string name{m_commandKey};
+    std::u16string name = m_commandKey;
     name.append(u"/").append(platform::ResourceString(kDefaultNameString)).append(u" ");
     return CutAtBytes(name.append(digits.begin(), digits.end()), kMaxNameBytes);
 }
@@ -85,7 +79,7 @@ void FinPISaveSettingsDlg::PrepareControls(WindowHandle window) {
 i16 FinPISaveSettingsDlg::OnInitializeWindow(WindowHandle window) {
     m_nameField.AttachText(window, u"", 1);
     ListStoredSettings();
-    if (m_loadedCount > 0 && !LoadStoredSettings()) {
+    if (!LoadStoredSettings()) {
         return 0;
     }
     SetUpOptionRows(window);

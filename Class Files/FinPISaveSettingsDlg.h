@@ -65,7 +65,7 @@ private:
     void ForgetDeletedSettings(i16 count);
     void Accept(u8* final);
 
-    char16 m_commandKey[256]{};
+    const std::u16string m_commandKey;
     u16 m_nextDefaultNumber = 1;
     i16 m_loadedCount = 0;    // the highest number that may be stored
     const i16 m_numberInUse;  // the owner's saved setting at the opening; 0 = none

@@ -15,10 +15,6 @@ namespace {
 
 constexpr u16 kFirstStaffSystem = 1;
 
-bool ErrorIsPending() {
-    return g_pendingError != nullptr && g_pendingError->m_msgID != 0;
-}
-
 u64 Extent(i16 first, i16 last) {
     return last < first ? 0 : static_cast<u64>(last - first + 1);
 }

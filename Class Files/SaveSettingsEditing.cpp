@@ -33,17 +33,12 @@ bool FinPISaveSettingsDlg::CanDelete(SavedSettingItem item) {
 
 void FinPISaveSettingsDlg::UpdateButtons() {
     const SavedSettingList list = List();
-    SavedSettingItem item{0};
-    std::u16string name;
-    if (list.Count() > 0) {
-        m_currentPosition = list.Selected();
-        item = list.Item(m_currentPosition);
-        name = list.Name(m_currentPosition);
-    }
+    m_currentPosition = list.Selected();
+    const SavedSettingItem item = list.Item(m_currentPosition);
     Host::EnableDlgItem(m_window, Control::kDelete, static_cast<i16>(CanDelete(item) ? 1 : 0));
     Host::EnableDlgItem(m_window, Control::kAdd, static_cast<i16>(HasRoom() ? 1 : 0));
     m_skipBox.SetValue(item.SkipsDialog() ? 1 : 0);
-    m_nameField.SetText(name.c_str());
+    m_nameField.SetText(list.Name(m_currentPosition).c_str());
 }
 
 void FinPISaveSettingsDlg::CommitEditedName(i16 chosen) {

@@ -49,7 +49,7 @@ bool FinPISaveSettingsDlg::CommitSavedSettings() {
     for (i16 position = 1; position <= count; ++position) {
         WriteEntry(position, selected);
     }
-    if (g_pendingError != nullptr && g_pendingError->m_msgID != 0) {
+    if (ErrorIsPending()) {
         m_loadedCount = std::max(m_loadedCount, count);
         ReportPendingError();
         return false;

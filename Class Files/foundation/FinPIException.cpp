@@ -67,6 +67,10 @@ void FinPIEDataIOFailed::Report() {
     AlertPrintf(m_message, m_function, character(24), character(16), character(8), character(0));
 }
 
+bool ErrorIsPending() noexcept {
+    return g_pendingError != nullptr && g_pendingError->m_msgID != 0;
+}
+
 void PostError(const FinPIException& error) {
     if (!g_pendingError) {
         g_pendingError = error.Clone();

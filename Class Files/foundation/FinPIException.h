@@ -33,6 +33,9 @@ protected:
 // The pending error; null = none. Only the thread of the host's user interface touches it.
 extern std::unique_ptr<FinPIException> g_pendingError;
 
+// An error with the message id 0 counts as none.
+bool ErrorIsPending() noexcept;
+
 // Keeps a copy of the error when none is pending.
 void PostError(const FinPIException& error);
 

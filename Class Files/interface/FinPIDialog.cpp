@@ -52,12 +52,7 @@ bool FinPIDialog::Exists(const void* dialogObject) {
 
 void FinPIDialog::SetTitle(const char16* title) {
     m_titleGiven = title != nullptr ? 1 : 0;
-    std::u16string text = title != nullptr ? title : u"";
-    text.resize(std::min(text.size(), std::size(m_title) - 1));
-    if (m_titleGiven != 0 && m_hasVersion != 0) {
-        text += m_versionSuffix;
-    }
-    CopyCut(m_title, text);
+    CopyCut(m_title, title != nullptr ? title + std::u16string{m_versionSuffix} : u"");
 }
 
 i16 FinPIDialog::ShowDialogWindow(WindowHandle ownerWindow, u16 flags) {

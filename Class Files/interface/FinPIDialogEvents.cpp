@@ -13,17 +13,15 @@ namespace {
 constexpr char kTracedFile[] = "Class Files\\FinPIDialog";
 constexpr u16 kModal = 1;  // of the show flags
 
-// The kind of control as OnControlColor expects it; 0 = another message.
+// The kind of control as OnControlColor expects it.
 u16 ControlKind(u32 message) noexcept {
     switch (message) {
         case WindowMessage::kControlColorEdit:
             return 1;
         case WindowMessage::kControlColorButton:
             return 3;
-        case WindowMessage::kControlColorStatic:
+        default:  // a static text
             return 6;
-        default:
-            return 0;
     }
 }
 
@@ -120,28 +118,24 @@ i16 FinPIDialog::HandleControlEvent(WindowHandle window, u64 notificationCode, u
     }
     m_notificationCode = notificationCode;
     m_lastControl = control;
-    // A command event may arrive while another one is being handled.
+    // A command event may arrive while another one is being handled. Ticks that arrive while an
+    // ended dialog goes away are passed over.
     struct InHand {
-        explicit InHand(int& count) noexcept : commands{count} { ++commands; }
-        ~InHand() { --commands; }
-        int& commands;
-    };
-    u8 final = 0;
-    i16 result{};
-    m_inCommand = 1;
-    m_ticksPassedOver = 0;
-    try {
-        const InHand inHand{m_commandsInHand};
-        result = HandleCommand(window, static_cast<u16>(control), &final);
-    } catch (...) {
-        m_inCommand = m_commandsInHand > 0 ? 1 : 0;
-        throw;
-    }
-    // Ticks that arrive while an ended dialog goes away are passed over.
-    if (final == 0) {
-        m_inCommand = m_commandsInHand > 0 ? 1 : 0;
-    }
-    return result;
+        explicit InHand(FinPIDialog& handling) noexcept : dialog{handling} {
+            ++dialog.m_commandsInHand;
+            dialog.m_inCommand = 1;
+            dialog.m_ticksPassedOver = 0;
+        }
+        ~InHand() {
+            --dialog.m_commandsInHand;
+            if (final == 0) {
+                dialog.m_inCommand = static_cast<u16>(dialog.m_commandsInHand > 0);
+            }
+        }
+        FinPIDialog& dialog;
+        u8 final = 0;
+    } inHand{*this};
+    return HandleCommand(window, static_cast<u16>(control), &inHand.final);
 }
 
 i16 FinPIDialog::HandleNotification(WindowHandle window, i64 eventLong) {

@@ -1,9 +1,9 @@
 // The place of a dialog's window when it closed, kept in the settings store.
 #include <optional>
 
-#include "Class Files/foundation/FinPIUniStringUtil.h"
 #include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/FinPIDialog.h"
+#include "platform/text.h"
 #include "platform/window.h"
 
 namespace {
@@ -14,7 +14,7 @@ constexpr char kSettingName[] = "WPOS";
 struct WindowPositionRecord {
     i16 left;  // screen pixels, as top
     i16 top;
-    u8 reserved[24];
+    i16 reserved[12];
 };
 static_assert(sizeof(WindowPositionRecord) == 28);
 
@@ -33,8 +33,7 @@ i16 FinPIDialog::PositionNumber(u16 keyOffset) const noexcept {
 }
 
 std::string FinPIDialog::PositionOwner() const {
-    char owner[3 * sizeof(m_positionKey) / sizeof(char16)];
-    return FinPIUniStringUtil::UniChar_Utf8encode(owner, m_positionKey, sizeof(owner));
+    return platform::Utf8Of(m_positionKey);
 }
 
 i16 FinPIDialog::LoadWindowPosition(u16 keyOffset) {

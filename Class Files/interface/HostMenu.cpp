@@ -55,14 +55,11 @@ FoundMenuItem FindMenuItemByText(platform::Menu menu, const std::u16string& text
     const int count = platform::MenuItemCount(menu);
     for (int position = 0; position < count; ++position) {
         const auto item = platform::ReadMenuItem(menu, position);
-        if (!item) {
-            continue;
-        }
-        if (item->submenu != nullptr) {
+        if (item && item->submenu != nullptr) {
             if (const FoundMenuItem found = FindMenuItemByText(item->submenu, text)) {
                 return found;
             }
-        } else if (BeginsWith(item->text, text)) {
+        } else if (item && BeginsWith(item->text, text)) {
             return {menu, position};
         }
     }
@@ -79,10 +76,8 @@ FoundMenuItem FindPluginMenuItem(WindowHandle hostMainWindow, const std::u16stri
     const int count = platform::MenuItemCount(bar);
     for (int position = kFirstSearchedMenu; position < count; ++position) {
         const auto top = platform::ReadMenuItem(bar, position);
-        if (!top || top->submenu == nullptr) {
-            continue;
-        }
-        if (const FoundMenuItem found = FindMenuItemByText(top->submenu, text)) {
+        const FoundMenuItem found = top ? FindMenuItemByText(top->submenu, text) : FoundMenuItem{};
+        if (found) {
             g_pluginMenuId = top->command;
             return found;
         }

@@ -43,6 +43,19 @@ TEST_F(AlertTest, AnswerIsRememberedWhenBoxIsTicked) {
     }
 }
 
+TEST_F(AlertTest, ItsButtonsEndIt) {
+    for (const auto& [control, handled] : {std::pair{u16{1}, Handled{1, 1}},
+                                           {u16{2}, Handled{1, 1}},
+                                           {u16{4}, Handled{1, 0}},
+                                           {u16{3}, Handled{0, 0}}}) {
+        platform::headless::Reset();
+        desk.Then([control = control, handled = handled](OpenDialog& open) {
+            EXPECT_EQ(Handle(open, control), handled) << control;
+        });
+        Ask(kYesNo);
+    }
+}
+
 TEST_F(AlertTest, FormatsArgumentsAndFitsBox) {
     desk.Then([](OpenDialog& open) {
         EXPECT_EQ(open.texts[3], u"Applies previously saved settings from Capa.");

@@ -53,6 +53,12 @@ TEST_F(ControlTest, TextFieldsConvertAndTruncate) {
     EXPECT_EQ(std::u16string{field.GetText(units, 5)}, u"Comp");
     field.SetTextUtf8("S\xC3\xAD");
     EXPECT_EQ(open.texts[7], u"S\u00ED");
+    field.SetValue(3);
+    EXPECT_EQ(field.GetValue(), 3U);
+    open.positions.clear();
+    field.AttachText(window, u"", 0);
+    EXPECT_EQ(open.disabled, std::set<u16>{7});
+    open.disabled.clear();
     field.SetUserValue(2.5);
     EXPECT_EQ(field.GetUserValue(), 2.5);
     EXPECT_EQ(dialog.GetUserValueRounded(window, 7), 3);
@@ -79,6 +85,7 @@ TEST_F(ControlTest, LayerListsShowTheHostsLayers) {
     to.Attach(window, 0, 1);
     to.FillLayers(2, false);
     EXPECT_EQ(to.GetValue(), 3U);
+    EXPECT_TRUE(to.SelectionChanged(9)) << "chosen once more";
     EXPECT_EQ(to.GetItemValue(3), 2);
     EXPECT_EQ(to.GetItemValue(0), 0);
     EXPECT_EQ(from.GetItemValue(6), 0);
@@ -104,6 +111,7 @@ TEST_F(ControlTest, ListKeepsSelectionWhenItemsGo) {
     EXPECT_EQ(std::u16string{list.GetItemText(9, text, 1)}, u"");
     EXPECT_EQ(std::u16string{list.GetItemText(2, text, 1)}, u"B");
     EXPECT_EQ(std::u16string{list.GetItemText(1, text, 1)}, u"a");
+    EXPECT_EQ(std::u16string{list.GetItemText(3, text, 1)}, u"c");
     list.RemoveItem(3);
     EXPECT_EQ(open.positions[1003], 2U) << "the new last item";
     list.RemoveItem(1);

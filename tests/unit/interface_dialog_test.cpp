@@ -50,7 +50,7 @@ TEST_F(DialogTest, EventsReachTheirHandler) {
         {307, 0, 15, "color 1003 1"}, {309, 0, 15, "color 1003 3"},
         {312, 0, 15, "color 1003 6"}, {0xC123, 0, 14, "other"},
         {275, 1, 1, "timer"},         {273, (5U << 16U) | 1009U, 16, "command 1009 5"},
-        {274, 0xF010, 0, nullptr},
+        {274, 0xF010, 0, nullptr},    {71, 0, 0, nullptr},
     };
     HWND__ control;
     control.controlId = 1003;
@@ -77,8 +77,9 @@ TEST_F(DialogTest, FailedInitializationDisablesControls) {
     open.window.rectangle = {500, 500, 600, 600};
     open.Send(kPositionChanged);
     EXPECT_EQ(open.window.rectangle.left, 500) << "it stays where it is";
-    open.Send(standin::kCloseMessage);
+    EXPECT_EQ(open.Send(standin::kCloseMessage), 0);
     EXPECT_EQ(desk.Newest(), nullptr);
+    EXPECT_EQ(standin::App().calls.Of(standin::HostCall::kKillTimer), 0U) << "none was running";
 }
 
 TEST_F(DialogTest, RefusesForeignEventsAndStopsExceptions) {
@@ -130,6 +131,15 @@ TEST_F(DialogTest, ModelessDialogSeesChangedPreference) {
     open.Send(standin::kTimerMessage);
     open.Send(standin::kTimerMessage);
     EXPECT_EQ(dialog.TakeNotes(), (Notes{"timer", "preferences", "timer", "timer"}));
+    NotingDialog unread{&command, nullptr, nullptr};
+    general[30] = 0;
+    host.Score().Records().Save(HostTag("pfgp"), standin::RecordKey::Preference(0), general);
+    OpenDialog& other = Show(unread);
+    unread.TakeNotes();
+    standin::App().faults.refuseKind = standin::FaultPlan::AllOf(standin::HostCall::kLoadEData);
+    other.Send(standin::kTimerMessage);
+    EXPECT_EQ(unread.TakeNotes(), Notes{"timer"}) << "an unreadable preference counts as 0";
+    standin::App().faults = {};
 }
 
 TEST_F(DialogTest, TitleIsTruncatedWithVersion) {
@@ -148,6 +158,9 @@ TEST_F(DialogTest, TitleIsTruncatedWithVersion) {
     }
     NotingDialog versioned{&command, nullptr, u"6.10"};
     EXPECT_EQ(Show(versioned).window.caption, u"Plyweld v6.10");
+    NotingDialog retitled{&command, u"Title", u"6.10"};
+    retitled.SetTitle(nullptr);
+    EXPECT_EQ(Show(retitled).window.caption, u"Plyweld v6.10");
 }
 
 bool IsPlaceStored(i16 number) {
@@ -162,7 +175,7 @@ TEST_F(DialogTest, StoresPlaceUnlessMinimized) {
         OpenDialog& open = Show(placed);
         open.Send(kSystemCommand, kMinimize);
         open.Send(kSystemCommand, next);
-        open.Send(kSystemCommand, kCloseCommand);
+        EXPECT_EQ(open.Send(kSystemCommand, kCloseCommand), 0);
         EXPECT_EQ(IsPlaceStored(12003), next != kMinimize);
     }
 }
@@ -195,6 +208,8 @@ TEST_F(DialogTest, RestoresPlaceOnceAfterCreation) {
     open.window.rectangle = {500, 500, 600, 600};
     open.Send(kPositionChanged);
     EXPECT_EQ(open.window.rectangle.left, 500) << "later moves are the user's";
+    EXPECT_EQ(dialog.LoadWindowPosition(0), 1);
+    EXPECT_EQ(dialog.LoadWindowPosition(1), 0) << "stored for another offset";
 }
 
 TEST_F(DialogTest, StoredPlaceMustBeOnDesktop) {
@@ -232,10 +247,11 @@ TEST_F(DialogTest, TimerResumesIfDialogStays) {
     dialog.TakeNotes();
     open.Send(standin::kTimerMessage);
     EXPECT_EQ(dialog.TakeNotes(), Notes{}) << "it may be on its way";
-    for (int tick = 0; tick < 10; ++tick) {
+    for (int tick = 2; tick <= 6; ++tick) {
+        EXPECT_EQ(dialog.TakeNotes(), Notes{}) << tick;
         open.Send(standin::kTimerMessage);
     }
-    EXPECT_FALSE(dialog.TakeNotes().empty());
+    EXPECT_EQ(dialog.TakeNotes(), Notes{"timer"});
     open.Press(2);
     open.Press(3);
     dialog.TakeNotes();
@@ -262,7 +278,13 @@ TEST_F(DialogTest, LayoutMovesControls) {
         {1, [](auto w) { ShrinkDialogHeight(w, -14); }, {114, 71, 164, 85}},
         {2, [](auto) {}, {171, 71, 221, 85}},
     };
-    HWND__& window = Show(dialog).window;
+    OpenDialog& open = Show(dialog);
+    HWND__& window = open.window;
+    open.texts[1003] = u"text";
+    ShowHideControl(&window, 1003, -1, false);
+    EXPECT_EQ(open.texts[1003], u"text");
+    ShowHideControl(&window, 1003, 0, false);
+    EXPECT_EQ(open.texts[1003], u"") << "the table has no text 0";
     for (const auto& [control, change, place] : cases) {
         window.controls[1003].rectangle = {30, 40, 100, 50};
         change(&window);

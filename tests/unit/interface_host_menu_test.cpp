@@ -81,8 +81,23 @@ TEST_F(HostMenuTest, SearchesOnlyTheMenuOfTheFirstHit) {
     AddMenu({u"Plyweld 6.10..."});
     EXPECT_TRUE(FindPluginMenuItem(&m_window, u"Plyweld"));
     EXPECT_FALSE(FindPluginMenuItem(&m_window, u"Elsewhere"));
-    m_window.menuBar->items.pop_back();
+    auto& bar = m_window.menuBar->items;
+    std::swap(bar.front(), bar.back());
+    EXPECT_FALSE(FindPluginMenuItem(&m_window, u"Elsewhere")) << "it is the first menu now";
+    std::swap(bar.front(), bar.back());
+    bar.pop_back();
     EXPECT_TRUE(FindPluginMenuItem(&m_window, u"Elsewhere")) << "that menu is gone";
+}
+
+TEST_F(HostMenuTest, MenusMayHaveNoNumbersOrItems) {
+    m_window.menuBar->items.push_back({u"Help", 0});
+    HMENU__& plugins = AddMenu({u"Plyweld 6.10..."});
+    for (HMENU__::Item& top : m_window.menuBar->items) {
+        top.command = 0;
+    }
+    for (int search = 1; search <= 2; ++search) {
+        EXPECT_EQ(FindPluginMenuItem(&m_window, u"Plyweld").menu, &plugins) << search;
+    }
 }
 
 TEST_F(HostMenuTest, BuildsSubmenu) {
@@ -110,6 +125,9 @@ TEST_F(HostMenuTest, MovedItemGetsNewText) {
     EXPECT_TRUE(MoveItemToSubmenu({&plugins, 0}, target.get(), std::nullopt, std::nullopt));
     EXPECT_EQ(Show(*target), u"def||New|Abcdef");
     EXPECT_FALSE(MoveItemToSubmenu({}, target.get(), std::nullopt, std::nullopt));
+    plugins.items.push_back({u"Stays", 44});
+    EXPECT_FALSE(MoveItemToSubmenu({&plugins, 0}, nullptr, std::nullopt, std::nullopt));
+    EXPECT_EQ(Show(plugins), u"Stays");
     EXPECT_FALSE(MoveItemToSubmenu({&plugins, 9}, target.get(), std::nullopt, std::nullopt));
 }
 

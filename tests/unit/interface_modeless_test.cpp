@@ -1,5 +1,7 @@
 // A command with a modeless dialog: the changes that its timer watches, and when it is destroyed.
 #include "Class Files/FinPIModeless.h"
+#include "Class Files/foundation/FinPIException.h"
+#include "Class Files/foundation/FinPIUtil.h"
 #include "Class Files/interface/HostMenu.h"
 #include "Class Files/interface/WindowMessages.h"
 #include "tests/unit/interface_support.h"
@@ -43,6 +45,29 @@ private:
     Notes& m_notes;
 };
 
+// Runs with an error pending: one of before, and one that counts as none.
+class RunningCommand final : public FinPIModeless {
+public:
+    RunningCommand() : FinPIModeless{nullptr, 0, 22000, u"Running"} {}
+
+    u32 GetSettingsSize() const override { return 0; }
+    void* GetSettings() override { return nullptr; }
+    const char16* GetName() const override { return u"Running"; }
+    i16 ProcessAllDocuments() const override { return 0; }
+    i16 HandleCommand(WindowHandle window, u16, u8*) override {
+        PostError(FinPIAppError{"elsewhere", "before"});
+        RunModeless();
+        return CloseDialog(window);
+    }
+    i16 Execute(const EREGION*, const EREGION*) override {
+        EXPECT_EQ(CloseDialog(Window()), 0) << "it must outlive its run";
+        FinPIAppError none{"", ""};
+        none.m_msgID = 0;
+        PostError(none);
+        return 1;
+    }
+};
+
 class ModelessTest : public InterfaceTest {
 protected:
     Notes notes;
@@ -52,12 +77,46 @@ protected:
 
 TEST_F(ModelessTest, OutlivesItsHandler) {
     modeless.whileHandling = [&] {
-        open.Send(WindowMessage::kDestroy);
+        EXPECT_EQ(open.Send(WindowMessage::kDestroy), 1);
         EXPECT_EQ(open.Send(WindowMessage::kPaint), 0) << "it has ended";
         EXPECT_EQ(open.Send(WindowMessage::kTimer), 0);
     };
     open.Press(1009);
     EXPECT_EQ(notes, (Notes{"saved", "handled", "gone"}));
+}
+
+TEST_F(ModelessTest, RunFailsOnlyWithErrorOfItsOwn) {
+    EXPECT_EQ((new RunningCommand)->Start(nullptr, nullptr), 0) << "no document";
+    host.SelectAll();
+    EREGION whole = host.Score().WholeRegion();
+    EXPECT_EQ((new RunningCommand)->Start(nullptr, &whole), 0);
+    EXPECT_EQ(desk.Newest()->Press(1), 1) << "it closes after the run";
+    EXPECT_TRUE(standin::App().alerts.empty());
+    EXPECT_EQ(standin::App().redrawn.size(), 1U) << "the change is kept";
+    g_pendingError.reset();
+    open.Send(WindowMessage::kClose);
+}
+
+TEST_F(ModelessTest, NextDialogAppearsBesideItsPredecessor) {
+    EXPECT_EQ(modeless.LoadWindowPosition(0), 0);
+    Notes others;
+    auto& second = *new NotingCommand{others};
+    EXPECT_EQ(second.LoadWindowPosition(0), 1);
+    EXPECT_EQ(second.Left(), desk.newWindow.left + 10);
+    EXPECT_EQ(second.Top(), desk.newWindow.top + 10);
+    open.Send(WindowMessage::kSystemCommand, SystemCommand::kMinimize);
+    open.window.rectangle = {-32000, -32000, -31900, -31900};
+    EXPECT_EQ(second.LoadWindowPosition(0), 1);
+    EXPECT_EQ(second.Left(), desk.newWindow.left + 10) << "where it was before";
+    const i16 record[14] = {50, 60};
+    ZKFX_PutSettings("WPOS", 22000, record, sizeof(record), "Plyweld");
+    EXPECT_EQ(second.LoadWindowPosition(0), 1);
+    EXPECT_EQ(second.Left(), 50);
+    second.ForgetWindowPlace(0);
+    EXPECT_EQ(ZKFX_GetSettings("WPOS", 22000, nullptr, 0, "Plyweld"), 0U);
+    open.Send(WindowMessage::kClose);
+    EXPECT_EQ(second.NextLive(), nullptr) << "that one is gone";
+    Show(second).Send(WindowMessage::kClose);
 }
 
 TEST_F(ModelessTest, ExceptionEndsOnlyItsTick) {

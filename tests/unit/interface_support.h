@@ -34,6 +34,16 @@ public:
     std::vector<u16> forgotten;
 };
 
+// What a dialog gives for a command, and whether that command ended it.
+inline std::pair<i16, u8> Handle(OpenDialog& open, u16 control) {
+    u8 final = 0;
+    auto* const dialog = static_cast<FinPIDialog*>(open.object);
+    const i16 result = dialog->HandleCommand(&open.window, control, &final);
+    return {result, final};
+}
+
+using Handled = std::pair<i16, u8>;
+
 // A dialog that notes which operations were called.
 class NotingDialog : public FinPIDialog {
 public:

@@ -314,9 +314,11 @@ TEST_F(SavedSettingsTest, StoresEntriesSortedByName) {
     Run([](OpenDialog& open) {
         EXPECT_EQ(open.Items(Control::kList), (Names{u"Plyweld/Saved Setting 1"}));
         EXPECT_EQ(open.window.rectangle.left, 310);
-        for (const u16 label : {Control::kListLabel, Control::kNameLabel}) {
-            EXPECT_EQ(open.window.controls[label].rectangle.Width(),
-                      6 * static_cast<int>(open.texts[label].size()) + 2);
+        for (const auto& [control, extra] : {std::pair{Control::kListLabel, 2},
+                                             {Control::kNameLabel, 2},
+                                             {Control::kSkipDialog, 35}}) {
+            EXPECT_EQ(open.window.controls[control].rectangle.Width(),
+                      6 * static_cast<int>(open.texts[control].size()) + extra);
         }
         open.Type(Control::kName, u"b");
         open.Press(Control::kAdd);
@@ -501,6 +503,12 @@ TEST_F(SavedSettingsTest, NoToTheQuestionKeepsDialogOpen) {
                 question.Press(4);
                 question.Press(isYes ? 1 : 2);
             });
+            if (!isYes) {
+                desk.Then([](OpenDialog& question) { question.Press(2); });
+                open.Press(Control::kDeleteAll);
+                EXPECT_EQ(open.texts[Control::kName], u"") << "the list is empty";
+                open.Press(Control::kAdd);
+            }
             open.Type(Control::kName, u"only");
             open.Press(Control::kOk);
             EXPECT_EQ(open.ended, isYes);
