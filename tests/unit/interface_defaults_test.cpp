@@ -1,5 +1,6 @@
 // What commands and dialogs do that replace none of the operations that they may replace.
 #include "Class Files/FinPIModeless.h"
+#include "Class Files/foundation/FinPIException.h"
 #include "Class Files/interface/HostMenu.h"
 #include "tests/unit/interface_support.h"
 
@@ -50,6 +51,36 @@ public:
     Notes notes;
 };
 
+// Counts the staves and measures of its walks.
+class WalkingCommand final : public FinPI {
+public:
+    WalkingCommand() noexcept : FinPI{nullptr, 0, 22000} {}
+
+    i16 Start(const EREGION*, const EREGION*) override { return 0; }
+    u32 GetSettingsSize() const override { return 0; }
+    void* GetSettings() override { return nullptr; }
+    const char16* GetName() const override { return u"Walking"; }
+    i16 PrepareDocument() override { return prepared; }
+    i16 ProcessStaffMeasure(i16, u16, i16, u16) override {
+        ++m_processed;
+        return processes;
+    }
+    // The result, the flag and the count.
+    std::vector<int> WalkOver(const EREGION& region) {
+        u16 goesOn = 1;
+        m_processed = 0;
+        const i16 result = DoProcessDocument(region, 0, 1, 1, 0, -1, 0, 0, &goesOn);
+        g_pendingError.reset();
+        return {result, goesOn, m_processed};
+    }
+
+    i16 prepared = 1;
+    i16 processes = 1;
+
+private:
+    int m_processed = 0;
+};
+
 class PlainDialog final : public FinPIDialog {
 public:
     PlainDialog() : FinPIDialog{nullptr, 22000, u"Plain", nullptr, nullptr} {}
@@ -98,6 +129,29 @@ TEST_F(Defaults, WalkByStaffAndMeasure) {
     PlainCommand plain;
     EXPECT_EQ(plain.Walk(), 5);
     EXPECT_EQ(plain.arguments, (std::vector<int>{0, 1, 1, 0, -1, 0, 0, 1}));
+}
+
+TEST_F(Defaults, WalkStopsWhereItCannotGoOn) {
+    WalkingCommand walking;
+    for (int measure = 2; measure <= 8; ++measure) {
+        host.Score().AddMeasure(4, 1024);
+    }
+    const EREGION region{0, 1, 1, 0, 0, 1, 8, kEndOfMeasure};
+    const std::vector<int> stopped{0, 0, 0};
+    EXPECT_EQ(walking.WalkOver(region), (std::vector<int>{1, 1, 8}));
+    standin::App().progressListener = [](const standin::ProgressReport&) { return false; };
+    EXPECT_EQ(walking.WalkOver(region), (std::vector<int>{0, 0, 3})) << "by the user";
+    standin::App().progressListener = nullptr;
+    walking.processes = 0;
+    EXPECT_EQ(walking.WalkOver(region), (std::vector<int>{0, 0, 1})) << "by the command";
+    walking.prepared = 0;
+    EXPECT_EQ(walking.WalkOver(region), stopped);
+    walking.prepared = 1;
+    PostError(FinPINoOpenDocumentError{});
+    EXPECT_EQ(walking.WalkOver(region), stopped);
+    standin::App().faults.refuseKind =
+        standin::FaultPlan::AllOf(standin::HostCall::kGetCurERegions);
+    EXPECT_EQ(walking.WalkOver(region), stopped);
 }
 
 TEST_F(Defaults, RegionIsChosenBeforeTheDialogOpens) {

@@ -35,7 +35,9 @@ TEST(Walk, EndsAtLastMeasure) {
 }
 
 TEST(Walk, UpdatesStaleLayout) {
-    for (const bool isMissing : {false, true}) {
+    // Whether the first system's record and the pages' are missing, and the page updated up to.
+    for (const auto& [isMissing, withoutPages, lastPage] :
+         {std::tuple{false, false, 1}, {true, false, 2}, {true, true, 0}}) {
         StandIn host{1, 8};
         host.LayerEverywhere(1, "w:c4");
         host.SelectAll();
@@ -44,9 +46,13 @@ TEST(Walk, UpdatesStaleLayout) {
         if (isMissing) {
             host.Score().Records().Delete(Tag::kStaffSystem, RecordKey::Other(1));
         }
+        if (withoutPages) {
+            host.Score().Records().Delete(Tag::kPage, RecordKey::Other(2));
+            host.Score().Records().Delete(Tag::kPage, RecordKey::Other(1));
+        }
         Plugin{}.Merge(host);
         EXPECT_EQ(host.Layer(1, 8, 0), "w:c4");
-        EXPECT_EQ(App().lastLayoutPage, isMissing ? 2 : 1);
+        EXPECT_EQ(App().lastLayoutPage, lastPage);
         EXPECT_TRUE(App().alerts.empty());
     }
 }
