@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <optional>
 #include <pugixml.hpp>
 
 #include "host/musicxml/xml/archive.h"
@@ -135,18 +136,21 @@ Reading ReadContent(std::string bytes, Texts& texts) {
                                    : Refused(decoded.problem, decoded.line);
 }
 
-Reading ReadContentOfResult(std::string bytes, Texts& texts, const Score& before,
+Reading ReadContentOfResult(const std::string& bytes, Texts& texts, const Score& before,
                             std::string_view xmlBefore) {
-    const DecodedText decoded = Decoded(std::move(bytes));
-    if (!decoded.problem.empty()) {
-        return Refused(decoded.problem, decoded.line);
-    }
-    const KnownMeasures known{before, xmlBefore, decoded.text, texts.Of("tuplet")};
-    Reading reading = ReadXml(known.Rest(), texts, &known);
+    std::optional<KnownMeasures> known;
+    {
+        const DecodedText decoded = Decoded(bytes);
+        if (!decoded.problem.empty()) {
+            return Refused(decoded.problem, decoded.line);
+        }
+        known.emplace(before, xmlBefore, decoded.text, texts.Of("tuplet"));
+    }  // the XML tree takes the room of the text
+    Reading reading = ReadXml(known->Rest(), texts, &*known);
     if (reading.score != nullptr && HaveOneShape(before, *reading.score)) {
         return reading;
     }
-    return ReadXml(decoded.text, texts, nullptr);
+    return ReadContent(bytes, texts);
 }
 
 }  // namespace standin::readback

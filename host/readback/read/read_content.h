@@ -26,7 +26,7 @@ Reading ReadContentOfText(std::string_view xml, Texts& texts);
 
 // The same for a file that was made from another one, read before from the text xmlBefore.
 // Measures that are there word for word are taken from that reading.
-Reading ReadContentOfResult(std::string bytes, Texts& texts, const Score& before,
+Reading ReadContentOfResult(const std::string& bytes, Texts& texts, const Score& before,
                             std::string_view xmlBefore);
 
 }  // namespace standin::readback
