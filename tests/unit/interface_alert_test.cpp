@@ -67,6 +67,8 @@ TEST_F(AlertTest, FormatsArgumentsAndFitsBox) {
 }
 
 TEST_F(AlertTest, LongTextIsCut) {
+    const FinPIAlert keyed{&command, 20003, kOk, std::u16string(300, u'k').c_str()};
+    EXPECT_EQ(std::u16string{keyed.PositionKey()}, std::u16string(255, u'k'));
     desk.Then([](OpenDialog& open) { EXPECT_EQ(open.texts[3].size(), 1023U); });
     ShowAlert(&command, nullptr, kOk, 20005, std::string(2000, 'x').c_str());
     EXPECT_EQ(desk.ScriptsLeft(), 0U);
