@@ -35,6 +35,11 @@ TEST_F(Errors, OnlyTheFirstIsShown) {
     EXPECT_EQ(LastAlert(), u"Op -< No se pueden guardar los datos de Enigma. EXTAG es 'pfMS'.");
     EXPECT_EQ(ReportPendingError(), 0);
     EXPECT_EQ(App().alerts.size(), 1U);
+    platform::headless::SetLanguage(Language::kEnglish);
+    PostError(FinPINoOpenDocumentError());
+    platform::headless::SetLanguage(Language::kSpanish);
+    ReportPendingError();
+    EXPECT_EQ(LastAlert(), u"No hay documento abierto.");
     PostError(FinPIAppError("Op", "What."));
     platform::headless::SetLanguage(Language::kEnglish);
     ReportPendingError();

@@ -51,7 +51,7 @@ protected:
     // Actions that must have no effect during a run.
     static void PressEverything(OpenDialog& open) {
         for (const u16 control : {kGo, kSaveSettings, kClose}) {
-            open.Press(control);
+            EXPECT_EQ(open.Press(control), 0) << control;
         }
     }
 
@@ -137,6 +137,12 @@ TEST_F(OpenCommand, UpdatesChangedSelection) {
     open.Send(kTimerMessage);
     EXPECT_EQ(open.texts[kSelectionText], u"(No Selection)");
     EXPECT_TRUE(open.disabled.contains(kGo));
+    App().faults.refuseKind = FaultPlan::AllOf(HostCall::kEndDialog);
+    EXPECT_EQ(open.Press(kClose), 0);
+    App().faults = {};
+    host.SelectAll();
+    open.Send(kTimerMessage);
+    EXPECT_EQ(open.texts[kSelectionText], u"(No Selection)") << "it is about to go away";
 }
 
 // Neither as a failure of a run nor when something else is.

@@ -104,7 +104,7 @@ TEST(Run, LoadsAndStoresSettings) {
             Plugin::StoreBytes("Plyweld", "ZKCF22000", stored.data(),
                                static_cast<u32>(stored.size()));
         }
-        plugin.InvokeWithShift(host);
+        EXPECT_EQ(plugin.InvokeWithShift(host), 0);
         const std::vector<u8> bytes = Plugin::Stored("Plyweld", "ZKCF22000");
         ASSERT_EQ(bytes.size(), sizeof(MergeOptions));
         EXPECT_EQ(std::memcmp(bytes.data(), &used, sizeof(MergeOptions)), 0);
