@@ -121,7 +121,7 @@ protected:
 private:
     int m_eventsInHand = 0;    // one within another
     int m_commandsInHand = 0;  // likewise
-    int m_ticksPassedOver{};   // since the last command
+    int m_ticksPassedOver = 0;  // since the last command
     bool m_ended = false;
 
     // False also for an object that was deleted, because a host may still send events of its

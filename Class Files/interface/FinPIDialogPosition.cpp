@@ -14,7 +14,7 @@ constexpr char kSettingName[] = "WPOS";
 struct WindowPositionRecord {
     i16 left;  // screen pixels, as top
     i16 top;
-    i16 reserved[12];
+    u8 reserved[24];
 };
 static_assert(sizeof(WindowPositionRecord) == 28);
 

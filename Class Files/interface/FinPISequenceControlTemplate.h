@@ -48,10 +48,10 @@ public:
 
 protected:
     i16 m_fixedItems = 0;
-    i16 m_firstFixedString{};
+    i16 m_firstFixedString = 0;
     u16 m_hasSkipValue = 0;
-    Value m_skipValue{};  // an item of this value never counts as a new selection
+    Value m_skipValue = 0;  // an item of this value never counts as a new selection
     std::vector<Value> m_itemValues;
-    u32 m_lastPosition{};
+    u32 m_lastPosition = 0;
     u16 m_reselectionIsNoChange = 0;
 };
