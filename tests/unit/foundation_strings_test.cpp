@@ -102,6 +102,9 @@ TEST_F(Strings, OwnedStringsFitTheirText) {
     FinPIVarString narrow("%s-%05.1f%%", "x", 2.5);
     EXPECT_STREQ(narrow.Text(), "x-002.5%");
     EXPECT_EQ(narrow.Size(), 9U);
+    narrow.Clear();
+    EXPECT_STREQ(narrow.Text(), "");
+    EXPECT_EQ(narrow.Size(), 9U);
     narrow.Set(nullptr);
     narrow.AppendResource(20001);
     EXPECT_EQ(narrow.Size(), std::strlen(narrow.Text()) + 1);

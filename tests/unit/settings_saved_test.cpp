@@ -264,11 +264,14 @@ TEST_F(SavedSettingsTest, SurvivesLackOfMemory) {
 }
 
 TEST_F(SavedSettingsTest, DefaultNameHasAtMost255Bytes) {
-    std::u16string shown;
-    FinPISaveSettingsDlg save{&command, std::u16string(255, u'\u00E9').c_str()};
-    desk.Then([&shown](OpenDialog& open) { shown = open.Items(Control::kList).at(0); });
-    save.ShowDialogWindow(nullptr, 1);
-    EXPECT_EQ(shown, std::u16string(127, u'\u00E9'));
+    for (const std::u16string beginning : {u"", u"x"}) {
+        std::u16string shown;
+        const std::u16string key = beginning + std::u16string(254, u'\u00E9');
+        FinPISaveSettingsDlg save{&command, key.c_str()};
+        desk.Then([&shown](OpenDialog& open) { shown = open.Items(Control::kList).at(0); });
+        save.ShowDialogWindow(nullptr, 1);
+        EXPECT_EQ(shown, beginning + std::u16string(127, u'\u00E9'));
+    }
 }
 
 TEST_F(SavedSettingsTest, RewritesOnlySettingsPart) {
