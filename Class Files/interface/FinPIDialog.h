@@ -119,8 +119,8 @@ protected:
     i16 m_top;
 
 private:
-    int m_eventsInHand = 0;    // one within another
-    int m_commandsInHand = 0;  // likewise
+    int m_eventsInHand = 0;     // one within another
+    int m_commandsInHand = 0;   // likewise
     int m_ticksPassedOver = 0;  // since the last command
     bool m_ended = false;
 
