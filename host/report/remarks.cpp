@@ -280,8 +280,8 @@ std::vector<Remark> RemarksOn(const ImportedScore& score, u16 destination,
                 }
             }
         }
-        AddTieRemarks(score, part, firstSlot, remarks);
-        AddTupletRemarks(score, part, firstSlot, destination, remarks);
+        AddTieRemarks(score, part, firstSlot, changed, remarks);
+        AddTupletRemarks(score, part, firstSlot, destination, changed, remarks);
     }
     std::ranges::stable_sort(remarks, [](const Remark& a, const Remark& b) {
         return std::pair{a.staff, a.measure} < std::pair{b.staff, b.measure};

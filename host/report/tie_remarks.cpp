@@ -23,11 +23,11 @@ std::vector<const PlannedStream*> StreamsIn(const MeasurePlan& plan) {
 class PartTies {
 public:
     PartTies(const ImportedScore& score, const ScorePart& part, u16 firstSlot,
-             std::vector<Remark>& remarks)
+             const std::set<std::pair<u16, u16>>& changed, std::vector<Remark>& remarks)
         : m_score{score},
           m_part{part},
           m_firstSlot{firstSlot},
-          m_changed{score.document->ChangedMeasures()},
+          m_changed{changed},
           m_remarks{remarks} {}
 
     void Run() {
@@ -155,15 +155,15 @@ private:
     const ImportedScore& m_score;
     const ScorePart& m_part;
     u16 m_firstSlot;
-    std::set<std::pair<u16, u16>> m_changed;
+    const std::set<std::pair<u16, u16>>& m_changed;
     std::vector<Remark>& m_remarks;
 };
 
 }  // namespace
 
 void AddTieRemarks(const ImportedScore& score, const ScorePart& part, u16 firstSlot,
-                   std::vector<Remark>& remarks) {
-    PartTies{score, part, firstSlot, remarks}.Run();
+                   const std::set<std::pair<u16, u16>>& changed, std::vector<Remark>& remarks) {
+    PartTies{score, part, firstSlot, changed, remarks}.Run();
 }
 
 }  // namespace standin

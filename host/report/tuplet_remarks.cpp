@@ -142,8 +142,8 @@ private:
 }  // namespace
 
 void AddTupletRemarks(const ImportedScore& score, const ScorePart& part, u16 firstSlot,
-                      u16 destination, std::vector<Remark>& remarks) {
-    const auto changed = score.document->ChangedMeasures();
+                      u16 destination, const std::set<std::pair<u16, u16>>& changed,
+                      std::vector<Remark>& remarks) {
     for (std::size_t i = 0; i < part.measures.size(); ++i) {
         const auto measure = static_cast<u16>(i + 1);
         const bool isChanged = std::ranges::any_of(part.staves, [&](const StaffVoices& staff) {
