@@ -134,8 +134,8 @@ public:
     explicit Walk(FinPIEntryDetail& detail, const char* operation = "FinPIEntryDetail::Load")
         : m_detail{detail}, m_operation{operation} {}
 
-    // Selects and loads the next record. False, for the last time: there is none, or the walk
-    // failed.
+    // Selects and loads the next record. False: there is none, or the walk failed. Not to be called
+    // again after that.
     bool Next();
     // The selected record is gone. The next one may have taken its number.
     void Deleted() noexcept { m_next = m_detail.m_recordNumber; }
